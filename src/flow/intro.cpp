@@ -1,0 +1,135 @@
+#include "flow/intro.h"
+
+#include "platform/design.h"
+#include "platform/files.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr const char* title = "MOBILE TURRET DRILL CONSOLE CHALLENGER 1 (VER 2.0)";
+constexpr const char* about =
+    "V.O.R.N. trains the gunner of a main battle tank at his own station: orders, laying, lasing, fire and "
+    "correction, on the visual and on the thermal sight, with a score and a debrief of each round.\n\n"
+    "Free software under the MIT licence. All pictures, voices and ranges were made for it.";
+
+void highlight(intro_screen& s, const screen_object* under)
+{
+    for (screen_object* o : {&s.lblstart, &s.lblabout, &s.lblhelp, &s.lblexit})
+        o->ForeColor = o == under ? colour::highlight : colour::text;
+}
+
+void lblstart_click(trainer& t)
+{
+    hide(t.pc, t.intro.window);
+    show(t.pc, t.startsim.window);
+}
+
+object_fields signpost(double left, const char* caption)
+{
+    return bold(label({left, 10350, 2400, 600}, caption, colour::text, text_size::large, alignment::centre));
+}
+
+void lay_out(intro_screen& s)
+{
+    form& f = s.window;
+    f.name = "intro";
+    f.Caption = "V. O. R. N.";
+    add(f, s.Image1, image({0, 0, form_width, form_height}, ":title"));
+    add(f, s.Label2,
+        bold(label({645, 645, 14100, 600}, title, colour::black, text_size::large, alignment::centre)));
+    add(f, s.Label1,
+        bold(label({630, 630, 14100, 600}, title, colour::text, text_size::large, alignment::centre)));
+    add(f, s.Lblabout1,
+        hidden(label({3480, 3600, 8400, 2400}, about, colour::text, text_size::normal, alignment::centre)));
+    add(f, s.lblstart, signpost(1080, "START"));
+    add(f, s.lblabout, signpost(4680, "ABOUT"));
+    add(f, s.lblhelp, signpost(8280, "HELP"));
+    add(f, s.lblexit, signpost(11880, "EXIT"));
+    f.exit_button = &s.lblexit;
+}
+
+}   // namespace
+
+void make_intro(trainer& t)
+{
+    intro_screen& s = t.intro;
+    lay_out(s);
+    s.lblstart.Click = [&t] { lblstart_click(t); };
+    s.lblabout.Click = [&s] { s.Lblabout1.Visible = !s.Lblabout1.Visible; };
+    s.lblhelp.Click = [&t] { openhelp(t); };
+    s.lblexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", "V. O. R. N."); };
+    for (screen_object* o : {&s.lblstart, &s.lblabout, &s.lblhelp, &s.lblexit})
+        o->MouseMove = [&s, o] { highlight(s, o); };
+    s.Image1.MouseMove = [&s] { highlight(s, nullptr); };
+    s.window.arrival = [&t] { finddata(t); };
+}
+
+void start_program(trainer& t)
+{
+    t.shared.debriefonly = false;
+    t.pc.message_box({lines({"MOBILE TURRET DRILL CONSOLE ", "                         by",
+                             "                    H N VARLEY"}),
+                      "V. O. R. N.", box_buttons::ok, box_sign::information});
+    show(t.pc, t.intro.window);
+    load(t.pc, t.startsim.window);
+}
+
+// A file inside the folder "ranges" is taken as well: it is the folder that people recognise, and the program
+// directory itself may hold no file to point at.
+static std::filesystem::path directory_of(const std::string& file)
+{
+    const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+    return folder.filename() == "ranges" ? folder.parent_path() : folder;
+}
+
+static void askfordata(trainer& t)
+{
+    const bool look = t.pc.message_box({lines({"V.O.R N.", blankline, "THE PROGRAM DIRECTORY CAN'T BE FOUND",
+                                               "DO YOU WISH TO LOOK FOR IT ?"}),
+                                        "V.O.R.N.", box_buttons::yes_no, box_sign::question});
+    if (!look) t.pc.end_program();
+    const auto chosen = t.pc.choose_file(
+        {"CHOOSE A FILE IN THE PROGRAM DIRECTORY", "All Files (*.*)|*|", t.shared.rootpath, "", false});
+    if (!chosen || !change_directory(t.pc, directory_of(*chosen).string())) return;
+    t.pc.default_directory =
+        t.pc.working_directory.string();   // so that the title screen asks once, not each time
+    t.shared.rootpath = t.pc.working_directory.string() + path_separator + "ranges";
+}
+
+void finddata(trainer& t)
+{
+    const bool entered = !t.pc.default_directory.empty() && change_directory(t.pc, t.pc.default_directory);
+    t.shared.rootpath = t.pc.working_directory.string() + path_separator + "ranges";
+    if (!entered) askfordata(t);
+}
+
+void confirmexit(trainer& t, const std::string& firstline, const std::string& title)
+{
+    if (t.pc.message_box({lines({firstline, blankline, "ARE YOU SURE YOU WANT TO EXIT ?"}), title,
+                          box_buttons::yes_no, box_sign::question}))
+        t.pc.end_program();
+}
+
+void openhelp(trainer& t)
+{
+    t.pc.show_help(t.shared.rootpath + path_separator + "vorn.HLP");
+}
+
+bool joystickrefused(trainer& t)
+{
+    if (!t.shared.joyselected || t.shared.joycalibrated) return false;
+    t.pc.message_box(
+        {"YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST", ""});
+    return true;
+}
+
+std::string lines(std::initializer_list<std::string> text)
+{
+    std::string all;
+    for (const std::string& line : text) all += (all.empty() && &line == text.begin() ? "" : crlf) + line;
+    return all;
+}
+
+}   // namespace vorn

@@ -1,0 +1,264 @@
+// How a gunnery screen is laid out. Left the control panel, right the sight; twips.
+#include "platform/design.h"
+#include "gunnery/gunnery.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr double panel_left = 60;
+constexpr double inner = 90;   // from a frame's edge to what it holds
+constexpr double row_height = 420;
+constexpr double row_step = 480;
+
+struct layout {
+    double panel_width;
+    double inner_width;    // of the frames in the panel
+    double button_width;   // across a frame
+    double half_width;     // of two buttons side by side
+};
+
+layout layout_of(const gunnery_screen& s)
+{
+    const double panel = s.visual() ? 2775 : 2655;
+    const double frames = panel - 2 * inner;
+    const double buttons = frames - 2 * inner;
+    return {panel, frames, buttons, (buttons - 60) / 2};
+}
+
+const char* pick(const gunnery_screen& s, const char* visual, const char* thermal)
+{
+    return s.visual() ? visual : thermal;
+}
+
+// The visual screen alone has tips.
+const char* tip(const gunnery_screen& s, const char* text)
+{
+    return s.visual() ? text : "";
+}
+
+void caption(gunnery_screen& s, screen_object* parent, object_fields fields)
+{
+    add(s.window, s.captions.emplace_back(), std::move(fields), parent);
+}
+
+// A button in a row of its own or in the left or right half of one.
+enum class column { whole, left, right };
+
+rectangle cell(const layout& l, double top, column c)
+{
+    const double left = c == column::right ? inner + l.half_width + 60 : inner;
+    return {left, top, c == column::whole ? l.button_width : l.half_width, row_height};
+}
+
+void practice_buttons(gunnery_screen& s, const layout& l)
+{
+    form& f = s.window;
+    const double top = 330;
+    add(f, s.Frame3, frame({inner, 330, l.inner_width, 3660}, "Simulator Controls"), &s.Frame1);
+    const auto put = [&](screen_object& o, int row, column c, const char* words, const char* hint) {
+        add(f, o, button(cell(l, top + row * row_step, c), words, tip(s, hint)), &s.Frame3);
+    };
+    put(s.Cmdstartsim, 0, column::left, "&START SIM", "");
+    put(s.Cmdstopsim, 0, column::right, "S&TOP SIM", "");
+    put(s.Cmdpausesim, 1, column::left, "&PAUSE SIM", "PAUSE");
+    put(s.Cmdhelpon, 1, column::right, pick(s, "HELP", "&HELP"), "");
+    put(s.Cmdmain, 2, column::whole, pick(s, "RETURNT TO SETUP", "&RETURN TO SETUP"), "BACK");
+    put(s.CMDEXIT, 3, column::whole, pick(s, "EXIT VORN", "E&XIT"), "");
+    put(s.Cmdtarget, 4, column::whole, pick(s, "SHOW NEXTTAR&GET", "SHOW NEXT TAR&GET"), "SHOW TARGET");
+    for (screen_object* o : {&s.Cmdstopsim, &s.Cmdpausesim, &s.Cmdtarget})
+        o->Enabled = o->design->Enabled = false;
+    s.Cmdtarget.Visible = s.Cmdtarget.design->Visible = false;
+    caption(s, &s.Frame3,
+            label({inner, 2850, l.button_width, 240}, "Lay speed", colour::dim, text_size::small));
+    add(f, s.HScspeed,
+        slider({inner, 3120, l.button_width, 330}, 1, s.visual() ? 160 : 20, s.visual() ? 110 : 3, 10),
+        &s.Frame3);
+    f.exit_button = &s.CMDEXIT;
+}
+
+void information(gunnery_screen& s, const layout& l)
+{
+    form& f = s.window;
+    add(f, s.Frmsys, frame({inner, 4080, l.inner_width, 1830}, "Information"), &s.Frame1);
+    const struct {
+        const char* words;
+        screen_object& value;
+        const char* first;
+    } rows[] = {{"Target number", s.Label2, "0"},
+                {"Rounds on target", s.lblhits, "0"},
+                {pick(s, "Time left on target", "Time left"), s.Label1, "0"},
+                {"System status", s.Lblsystem, "F"},
+                {"Average time", s.Lblavetime, ""}};
+    double top = 330;
+    for (const auto& row : rows) {
+        caption(s, &s.Frmsys, label({inner, top, 1740, 270}, row.words));
+        add(f, row.value,
+            bold(label({l.inner_width - 690, top, 600, 270}, row.first, colour::live, text_size::normal,
+                       alignment::right)),
+            &s.Frmsys);
+        top += 285;
+    }
+}
+
+void lights(gunnery_screen& s, const layout& l)
+{
+    form& f = s.window;
+    const rectangle at{inner, 6000, l.inner_width, 1350};
+    screen_object& panel = s.visual() ? s.Frame5 : s.Frame4;
+    add(f, panel, frame(at, ""), &s.Frame1);
+    if (s.visual()) add(f, s.Frame4, hidden(frame(at, "")), &s.Frame1);
+    // Hiding the upper picture shows the one beneath.
+    const struct {
+        const char* words;
+        screen_object& upper;
+        const char* upper_lamp;
+        screen_object& beneath;
+        const char* beneath_lamp;
+    } rows[] = {{"MAIN", s.Imghesh, ":lamp_off", s.Imgheshon, ":lamp_main"},
+                {"COAX", s.Imgcoax, ":lamp_off", s.Imgcoaxon, ":lamp_coax"},
+                {"GUN READY ", s.Imgloaded, ":lamp_ready", s.Imgunloaded, ":lamp_off"}};
+    double top = 300;
+    for (const auto& row : rows) {
+        const rectangle lamp{l.inner_width - 480, top, 300, 300};
+        caption(s, &panel, label({180, top + 15, 1500, 270}, row.words));
+        add(f, row.beneath, image(lamp, row.beneath_lamp), &panel);
+        add(f, row.upper, image(lamp, row.upper_lamp), &panel);
+        top += 330;
+    }
+    s.Imgloaded.Visible = s.Imgloaded.design->Visible = false;
+}
+
+void gunners_buttons(gunnery_screen& s, const layout& l)
+{
+    form& f = s.window;
+    add(f, s.Frmmousecon, hidden(frame({inner, 7440, l.inner_width, 3870}, " Gunnery Controls")), &s.Frame1);
+    constexpr double arrow = 480;
+    const double middle = (l.inner_width - arrow) / 2;
+    const struct {
+        screen_object& o;
+        double left, top;
+        const char* drawing;
+    } arrows[] = {{s.Cmdup, middle, 300, ":arrow_up"},
+                  {s.Cmdleft, middle - arrow, 300 + arrow, ":arrow_left"},
+                  {s.Cmdright, middle + arrow, 300 + arrow, ":arrow_right"},
+                  {s.Cmddown, middle, 300 + 2 * arrow, ":arrow_down"}};
+    for (const auto& a : arrows) {
+        object_fields b =
+            button({a.left, a.top, arrow, arrow}, "", &a.o == &s.Cmdleft ? tip(s, "TRAVERSE CONTROLS") : "");
+        b.Picture.source = a.drawing;
+        add(f, a.o, std::move(b), &s.Frmmousecon);
+    }
+    const auto put = [&](screen_object& o, int row, column c, const char* words, const char* hint) {
+        add(f, o, disabled(button(cell(l, 1890 + row * row_step, c), words, tip(s, hint))), &s.Frmmousecon);
+    };
+    put(s.Cmdselectmain, 0, column::left, "&MAIN", "SELECT MAIN ARMAMENT");
+    put(s.Cmdcoax, 0, column::right, "&COAX", "COAX SELECTOR");
+    put(s.Cmdmaingun, 1, column::whole, pick(s, "AMMO  &SELECT", "ammo &select"), "AMMO SELECTOR SWITCH");
+    put(s.Cmdoff, 2, column::left, "&OFF", "DESELECT");
+    put(s.Cmdlaze, 2, column::right, "&LAZE", "LAZE");
+    put(s.Cmdautolay, 3, column::left, "&AUTO", "AUTOLAY");
+    put(s.Cmdfire, 3, column::right, "&FIRE", "FIRE CONTROL");
+}
+
+void control_panel(gunnery_screen& s)
+{
+    form& f = s.window;
+    const layout l = layout_of(s);
+    add(f, s.Frame1, frame({panel_left, 60, l.panel_width, 11400}, "CONTROL PANEL"));
+    practice_buttons(s, l);
+    information(s, l);
+    lights(s, l);
+    gunners_buttons(s, l);
+    add(f, s.Frmcon, hidden(frame({inner, 7440, l.inner_width, 3870}, "Keyboard")), &s.Frame1);
+    add(f, s.Image1, image({inner, 330, l.button_width, 3420}, ":keys"), &s.Frmcon);
+}
+
+void title_and_crew(gunnery_screen& s)
+{
+    form& f = s.window;
+    caption(s, nullptr,
+            bold(label({2970, 150, 12240, 480}, s.window.Caption, colour::text, text_size::large,
+                       alignment::centre)));
+    const rectangle crew = s.visual() ? rectangle{5760, 840, 8850, 450} : rectangle{3630, 1290, 9465, 450};
+    add(f, s.lblcrew, bold(label(crew, "CREW:", colour::live, text_size::large)));
+    if (!s.visual()) return;
+    add(f, s.lbltargetnum, hidden(bold(label({2970, 840, 2700, 450}, "TARGET NUMBER 0 OF 9", colour::text))));
+    add(f, s.Imgname, hidden(image({5760, 8310, 8850, 2600}, ":emblem")));
+}
+
+void visual_display(gunnery_screen& s)
+{
+    form& f = s.window;
+    add(f, s.Frame2, frame({2970, 1310, 2655, 3000}, ""));
+    caption(s, &s.Frame2,
+            label({inner, 300, 2475, 270}, "RANGE", colour::dim, text_size::small, alignment::centre));
+    add(f, s.Lblrange,
+        bold(label({inner, 570, 2475, 480}, "", colour::live, text_size::large, alignment::centre)),
+        &s.Frame2);
+    add(f, s.Lblcharge, label({240, 1140, 900, 300}, "CHRG", colour::live), &s.Frame2);
+    add(f, s.Lblpred,
+        label({1515, 1140, 900, 300}, "PRED", colour::live, text_size::normal, alignment::right), &s.Frame2);
+    add(f, s.Lblammotype, bold(label({480, 1680, 900, 330}, "", colour::live)), &s.Frame2);
+    caption(s, &s.Frame2,
+            label({inner, 2580, 2475, 270}, "AMMUNITION", colour::dim, text_size::small, alignment::centre));
+}
+
+void thermal_display(gunnery_screen& s)
+{
+    form& f = s.window;
+    const auto at = [](int place) { return rectangle{3630.0 + place * 1577, 7770, 1560, 450}; };
+    add(f, s.Lblammotype, bold(label(at(0), "", colour::live)));
+    caption(s, nullptr, label(at(1), "PRED ", colour::dim));
+    caption(s, nullptr, label(at(2), "THERMAL", colour::dim));
+    add(f, s.Lblcharge, hidden(label(at(3), "CHRG", colour::live)));
+    caption(s, nullptr, label(at(4), "FIRST", colour::dim));
+    add(f, s.Lblrange, bold(label(at(5), "10.0 S", colour::live)));
+}
+
+void sight_window(gunnery_screen& s, rectangle window, rectangle range, rectangle aim)
+{
+    form& f = s.window;
+    add(f, s.Picrange, placed(object_kind::sight, window));
+    add(f, s.Imgrange, image(range), &s.Picrange);
+    for (screen_object* o : {&s.Imgtargetfin, &s.Imgtargethesh, &s.Imgtargetcoax})
+        add(f, *o, hidden(image({0, 0, 480, 480}, ":target")), &s.Picrange);
+    add(f, s.Imgtargets, hidden(image({0, 0, 480, 480})), &s.Picrange);
+    add(f, s.mbs1, shape(aim, shape_kind::filled_ellipse, colour::sight), &s.Picrange);
+}
+
+void visual_sight(gunnery_screen& s)
+{
+    form& f = s.window;
+    sight_window(s, {5760, 1400, 8850, 6615}, {-45600, -12000, 64425, 31815}, {4525, 1140, 30, 30});
+    add(f, s.mbs, shape({4410, 1035, 250, 250}, shape_kind::ellipse, colour::sight), &s.Picrange);
+    add(f, s.laze, hidden(shape({4080, 960, 900, 390}, shape_kind::ellipse, colour::sight)), &s.Picrange);
+    add(f, s.ammo, hidden(shape({0, 0, 30, 30}, shape_kind::filled_ellipse, colour::sight)), &s.Picrange);
+}
+
+void thermal_sight(gunnery_screen& s)
+{
+    sight_window(s, {3630, 1875, 9465, 5775}, {-7080, -3720, 21780, 11520}, {4700, 2600, 55, 50});
+    s.mbs1.Visible = s.mbs1.design->Visible = false;
+    add(s.window, s.ammo, hidden(shape({0, 0, 30, 30}, shape_kind::filled_ellipse, colour::sight)),
+        &s.Picrange);
+}
+
+}   // namespace
+
+void design_gunnery(gunnery_screen& s)
+{
+    s.window.name = s.visual() ? "simulator" : "thermal";
+    s.window.Caption = s.visual() ? "V.O.R.N. VISUAL" : "V.O.R.N. THERMAL";
+    control_panel(s);
+    title_and_crew(s);
+    if (s.visual()) {
+        visual_sight(s);
+        visual_display(s);
+    } else {
+        thermal_sight(s);
+        thermal_display(s);
+    }
+}
+
+}   // namespace vorn

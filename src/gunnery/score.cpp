@@ -1,0 +1,89 @@
+#include <algorithm>
+
+#include "flow/intro.h"
+#include "gunnery/gunnery.h"
+#include "trainer.h"
+
+namespace vorn {
+
+void recordhit(trainer& t, gunnery_screen& s)
+{
+    const auto row = static_cast<std::size_t>(t.shared.engagement);
+    s.targethit = true;
+    t.shared.rectarget[row] = t.shared.engagement;
+    t.shared.rechit[row] = "YES";
+    t.shared.rectime[row] = s.targetticks;
+    s.hits += 1;
+    s.lblhits.Caption = std::to_string(s.hits);
+    s.hittime += s.targetticks;
+    s.Lblavetime.Caption = std::to_string(s.hittime / std::max<int>(s.targetnumber, 1));
+    s.targetticks = s.targetlife;   // the next tick takes the target down
+}
+
+namespace {
+
+struct result {
+    double average;   // whole seconds
+    double score;
+};
+
+// The visual score goes by the targets hit, the thermal one by the targets shown. A larger sum of kill times
+// gives a larger score.
+result workout(gunnery_screen& s)
+{
+    if (s.hittime < 1) s.hittime = 1;
+    if (s.targetnumber < 1) s.targetnumber = 1;
+    result r{Int(static_cast<double>(s.hittime) / s.targetnumber), 0};
+    const int factor = s.visual() ? s.hits : s.targetnumber;
+    if (factor > 0 && s.targetlife != 0) r.score = Int(r.average * factor) * (1000.0 / s.targetlife);
+    return r;
+}
+
+// A score with a fraction that falls between two rows gets no rating.
+std::string rating(double score)
+{
+    struct row {
+        double from, to;
+        const char* words;
+    };
+    static constexpr row rows[] = {{0, 100, "FORGET IT"},
+                                   {101, 2998, "CADET"},
+                                   {2999, 3800, "GUNNER"},
+                                   {3801, 4700, "GUNNER MECH"},
+                                   {4701, 100000, "GUNNERY INSTRUCTOR"}};
+    for (const row& r : rows)
+        if (score >= r.from && score <= r.to) return r.words;
+    return {};
+}
+
+void showscore(trainer& t, const gunnery_screen& s, const result& r)
+{
+    const bool afterdebrief = s.visual() && t.shared.fulldebrief;
+    std::string text =
+        lines({"NUMBER OF TARGETS = " + std::to_string(s.targetnumber),
+               (afterdebrief ? "NUMBER )OF HITS = " : "NUMBER OF HITS = ") + std::to_string(s.hits),
+               "AVERAGE TIME = " + number_text(r.average), "SCORE = " + number_text(r.score)});
+    if (s.visual() && !t.shared.fulldebrief)
+        text = t.shared.quickstart ? lines({text, "", "YOUR RATING IS.." + rating(r.score)})
+                                   : lines({"WELL DONE YOUR SCORE IS..", text});
+    t.pc.message_box({text, "V. O. R. N.", box_buttons::ok, box_sign::information});
+}
+
+}   // namespace
+
+void practiceend(trainer& t, gunnery_screen& s)
+{
+    const result r = workout(s);
+    if (s.visual() && t.shared.voiceson) {
+        s.lblcrew.Caption = "TARGET STOP...STOP CLEAR GUNS !!";
+        say(t, s, "cleargun.wav");
+    }
+    const int resets = s.resets;
+    showscore(t, s, r);
+    if (resets != s.resets) return;
+    s.gunloaded = false;
+    screenreset(t, s);
+    if (s.visual()) s.lblcrew.Caption.clear();
+}
+
+}   // namespace vorn

@@ -1,0 +1,109 @@
+// A gunnery screen: its objects, its timers and its variables. Visual and thermal are one struct; what
+// differs between them in number is a row of sight.h.
+#pragma once
+
+#include <deque>
+#include <string>
+
+#include "gunnery/sight.h"
+#include "platform/objects.h"
+#include "state/numbers.h"
+
+namespace vorn {
+
+enum nature_of_target { fin_tank = 0, hesh_bmp = 1, coax_transport = 2 };
+
+struct gunnery_screen {
+    explicit gunnery_screen(sight_kind k)
+        : kind(k), numbers(k == sight_kind::visual ? visualsight : thermalsight)
+    {
+    }
+
+    const sight_kind kind;
+    const sight_numbers& numbers;
+    bool visual() const { return kind == sight_kind::visual; }
+
+    form window;
+
+    // The sight window and what is seen in it. Places and sizes are the state of the simulation.
+    screen_object Picrange;
+    screen_object Imgrange;     // the range picture, which slides under the sight
+    screen_object Imgtargets;   // the target
+    screen_object Imgtargetfin, Imgtargethesh, Imgtargetcoax;   // holders of the three target pictures
+    screen_object mbs;                                          // the round sight ring; visual
+    screen_object mbs1;                                         // the aim point
+    screen_object laze;                                         // mark left by a lase; visual
+    screen_object ammo;                                         // the round in flight
+
+    // Panels.
+    screen_object Frame1;           // "CONTROL PANEL", which holds those below
+    screen_object Frame3;           // the practice's buttons
+    screen_object Frmsys;           // information
+    screen_object Frmmousecon;      // the gunner's buttons
+    screen_object Frame5;           // lights; visual
+    screen_object Frame4;           // lights; thermal. On the visual screen an empty frame that nothing shows
+    screen_object Frame2;           // display of the visual sight
+    screen_object Frmcon, Image1;   // card of the gunner's keys
+
+    // Practice control.
+    screen_object HScspeed;
+    screen_object Cmdstartsim, Cmdstopsim, Cmdpausesim, Cmdmain, Cmdhelpon, Cmdtarget;
+    screen_object CMDEXIT;   // Cmdquit on the thermal screen
+
+    // The gunner's buttons.
+    screen_object Cmdup, Cmdleft, Cmdright, Cmddown;
+    screen_object Cmdcoax, Cmdoff, Cmdselectmain, Cmdmaingun, Cmdlaze, Cmdautolay, Cmdfire;
+
+    // What is told.
+    screen_object lblcrew;        // the crew line
+    screen_object lbltargetnum;   // count of targets in a quick start; visual
+    screen_object Imgname;        // title picture of a quick start; visual
+    screen_object Label2, lblhits, Label1, Lblsystem,
+        Lblavetime;   // target, hits, time left, system, average time
+    screen_object Lblrange, Lblammotype, Lblcharge, Lblpred;
+    screen_object Imgcoax, Imgcoaxon, Imghesh, Imgheshon, Imgloaded, Imgunloaded;   // lamps: off over on
+    std::deque<screen_object> captions;   // labels that never change
+
+    timer Timer1, Timpause, Timtarget, Timloading, Timvoice, Timchrg;
+    timer Timleft, Timright, Timup, Timdown, timautolay, Timcoax, Timexplode;
+
+    // The sequencer.
+    int targetindex = 0;         // candidate position, 1 to 19, redrawn on every tick of Timer1
+    int currenttarget = 0;       // position of the target now up
+    int currentrange = 0;        // metres
+    int16 targetticks;           // since the order, which counts as the first
+    int16 targetlife;            // targetticks at which the target goes down
+    int16 targetnumber;          // targets presented so far
+    int16 targetwait;            // Timpause ticks before the next order
+    int16 pausecount;            // Timpause ticks so far
+    int16 nature;                // of the target: nature_of_target
+    int ordercount = 0;          // step of the Mixed pattern; never goes back
+    bool targetcalled = false;   // the commander has laid the gun near the target
+    bool targethit = false;
+    bool simrunning = false;
+    int windoffset = 0;      // twips, in the fall of shot
+    bool hasfired = false;   // a round has gone at this target
+    int resets = 0;          // resets and unloads so far: tells a handler that its practice is gone
+
+    // The gun and the fire control.
+    int layspeed = 0;   // twips a step of the autolay; visual
+    bool gunloaded = false;
+    bool ammoarmed = false;     // a weapon is selected
+    bool layready = false;      // autolay may run once
+    bool coaxrunning = false;   // visual
+    float leadperstep = 0;      // sideways move per twip of lay, for the wind; visual
+    bool coaxfired = false;     // the coax has fired since the last deselect; visual
+    int16 loadcount;            // Timloading ticks
+    std::string rangesuffix;    // letter behind the range; thermal
+
+    // Crew voice and sound.
+    std::string soundfile;
+    bool voicebusy = false;   // a spoken call is held to be running
+    int voicecount = 0;       // Timvoice ticks
+
+    // The score.
+    int16 hits;
+    int16 hittime;   // sum of targetticks over the hits
+};
+
+}   // namespace vorn

@@ -1,0 +1,302 @@
+#include <algorithm>
+
+#include "gunnery/gunnery.h"
+#include "ranges/rangefile.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+std::size_t row(const trainer& t)
+{
+    return static_cast<std::size_t>(t.shared.engagement);
+}
+
+int targetsinall(const trainer& t)
+{
+    return t.shared.targetblocks * 3;
+}
+
+void cmdstartsim_click(trainer& t, gunnery_screen& s)
+{
+    s.Cmdstopsim.Enabled = true;
+    s.Cmdpausesim.Enabled = true;
+    s.Cmdstartsim.Enabled = false;
+    s.simrunning = true;
+    s.lblcrew.Caption = "COMMANDER:- ACTION !!";
+    say(t, s, "action.wav");
+    s.targetwait = 7;
+    if (t.shared.targetauto)
+        start(s.Timpause);
+    else
+        s.Cmdtarget.Enabled = true;
+    for (screen_object* o : {&s.Cmdcoax, &s.Cmdselectmain, &s.Cmdoff}) o->Enabled = true;
+    s.targetcalled = true;
+}
+
+void cmdtarget_click(gunnery_screen& s)
+{
+    s.Cmdtarget.Enabled = false;
+    start(s.Timpause);
+}
+
+void timpause_tick(trainer& t, gunnery_screen& s)
+{
+    s.pausecount += 1;
+    if (s.pausecount != s.targetwait) return;
+    s.pausecount = 0;
+    stop(s.Timpause);
+    nexttarget(t, s);
+}
+
+// The fixed cycle FIN, HESH, COAX. Its count never goes back: the 19th order keeps the nature of the 18th,
+// the 20th is FIN, and from then on nothing changes the nature.
+void choosemixed(gunnery_screen& s)
+{
+    s.ordercount += 1;
+    if (s.ordercount <= 18)
+        s.nature = (s.ordercount - 1) % 3;
+    else if (s.ordercount == 20)
+        s.nature = fin_tank;
+}
+
+void choosenature(const trainer& t, gunnery_screen& s)
+{
+    switch (t.shared.engagementtype) {
+        case 1:
+            choosemixed(s);
+            break;
+        case 2:
+            s.nature = coax_transport;
+            break;
+        case 3:
+            s.nature = hesh_bmp;
+            break;
+        case 4:
+            s.nature = fin_tank;
+            break;
+        default:
+            break;
+    }
+}
+
+struct order {
+    const char* visual;
+    const char* thermal;
+    const char* voice;
+};
+constexpr order orders[] = {{"FIN TANK ", "COMMANDER :- FIN TANK  !!", "fin1.wav"},
+                            {"HESH BMP ", "COMMADER :- HESH BMP !!", "hesh1.wav"},
+                            {"COAX TRANSPORT ", "COMMANDER :- COAX TRANSPORT !!", "coaxon1.wav"}};
+
+// The commander's estimate goes by the range of the target before.
+void showestimate(trainer& t, gunnery_screen& s)
+{
+    const bool nofirst = s.nature == fin_tank && s.currentrange < 1;
+    const double estimate = nofirst ? 1000 : Int((Rnd(t.luck) * 3 + 3) * (s.currentrange / 5.0));
+    s.Lblrange.Caption = number_text(estimate) + "S";
+}
+
+// Worse by a step with each third of the practice; taken before the new target is counted.
+void degrade(trainer& t, const gunnery_screen& s)
+{
+    const double thirds = static_cast<double>(s.targetnumber) / std::max<int>(t.shared.targetblocks, 1);
+    t.shared.systemstatus = s.visual() ? Int(thirds) : rounded(thirds);
+}
+
+void recordsystem(trainer& t, gunnery_screen& s)
+{
+    struct status {
+        const char* record;
+        const char* shown;   // nothing: what is shown stays
+        const char* suffix;
+    };
+    static constexpr status full{"FULL", nullptr, nullptr};
+    static constexpr status laze{"LAZE ONLY", "L", "L"};
+    static constexpr status tls{"TLS ONLY", "T", "S"};
+    const int n = t.shared.systemstatus;
+    const status& now = n == 2 ? laze : n == 3 ? tls : full;
+    t.shared.recsystem[row(t)] = now.record;
+    if (now.shown == nullptr) return;
+    s.Lblsystem.Caption = now.shown;
+    if (!s.visual()) s.rangesuffix = now.suffix;
+}
+
+int rangeof(const trainer& t, int position)
+{
+    return t.shared.targetrange[static_cast<std::size_t>(position)];
+}
+
+int nearestposition(const trainer& t)
+{
+    int nearest = 1;
+    for (int i = 2; i < practice_entries; ++i)
+        if (rangeof(t, i) < rangeof(t, nearest)) nearest = i;
+    return nearest;
+}
+
+// A position at the limit stands when it was there already and is refused when it is drawn. A range that has
+// no position near enough gives its nearest one, since the draw would never end.
+void drawnearer(trainer& t, gunnery_screen& s, int limit)
+{
+    if (rangeof(t, s.targetindex) <= limit) return;
+    const int nearest = nearestposition(t);
+    if (rangeof(t, nearest) >= limit) {
+        s.targetindex = nearest;
+        return;
+    }
+    while (rangeof(t, s.targetindex) >= limit) s.targetindex = static_cast<int>(Int(Rnd(t.luck) * 19)) + 1;
+}
+
+void chooseposition(trainer& t, gunnery_screen& s)
+{
+    constexpr int coax_limit = 1300;   // metres
+    constexpr int fin_limit = 1600;
+    if (s.nature == coax_transport) drawnearer(t, s, coax_limit);
+    if (s.nature == fin_tank) drawnearer(t, s, fin_limit);
+    const screen_object& holder = s.nature == coax_transport ? s.Imgtargetcoax
+                                  : s.nature == fin_tank     ? s.Imgtargetfin
+                                                             : s.Imgtargethesh;
+    s.Imgtargets.Picture = holder.Picture;
+    s.currenttarget = s.targetindex;
+    s.currentrange = std::max(rangeof(t, s.currenttarget), s.numbers.nearest);
+}
+
+void placetarget(trainer& t, gunnery_screen& s)
+{
+    const auto position = static_cast<std::size_t>(s.currenttarget);
+    const double width = s.currentrange < s.numbers.far
+                             ? s.numbers.widest - static_cast<double>(s.currentrange) / t.shared.targetsize
+                             : smallest_target;
+    s.Imgtargets.Width = std::clamp(width, smallest_target, largest_target);
+    s.Imgtargets.Height = s.Imgtargets.Width;
+    s.Imgtargets.Left = s.Imgrange.Left + t.shared.targetx[position];
+    s.Imgtargets.Top = s.Imgrange.Top + t.shared.targety[position];
+    s.windoffset = static_cast<int>(Int(t.shared.windbias * s.Imgtargets.Width / 2));
+    s.Imgtargets.Visible = true;
+    t.shared.recrange[row(t)] = t.shared.targetrange[position];
+    t.shared.recx[row(t)] = t.shared.targetx[position];
+    t.shared.recy[row(t)] = t.shared.targety[position];
+    if (s.visual()) t.shared.recwidth[row(t)] = s.Imgtargets.Width;
+}
+
+// False when no target is left to present, which only a resume from pause can bring about: the practice is
+// over.
+bool presenttarget(trainer& t, gunnery_screen& s)
+{
+    t.shared.roundnumber = 1;
+    s.targetnumber += 1;
+    if (s.targetnumber > targetsinall(t)) {
+        s.targetnumber = targetsinall(t);
+        cmdstopsim_click(t, s);
+        return false;
+    }
+    chooseposition(t, s);
+    placetarget(t, s);
+    if (s.visual()) s.lbltargetnum.Caption = "TARGET " + std::to_string(s.targetnumber) + " OF 9";
+    s.targetcalled = false;
+    s.Label2.Caption = std::to_string(s.targetnumber);
+    return true;
+}
+
+void showtimeleft(gunnery_screen& s)
+{
+    const int left = std::max(s.targetlife - s.targetticks, 0);
+    s.Label1.Caption = left < 50 ? std::to_string(left) : "NA";
+}
+
+void recordmiss(trainer& t, gunnery_screen& s)
+{
+    s.lblcrew.Caption = "STOP DESELECT !!";
+    say(t, s, "deselect.wav");
+    t.shared.rectarget[row(t)] = t.shared.engagement;
+    t.shared.rechit[row(t)] = "NO";
+    t.shared.rectime[row(t)] = 100;
+}
+
+void waitfornext(trainer& t, gunnery_screen& s)
+{
+    s.targetwait = s.visual() ? 5 : static_cast<int>(Int(Rnd(t.luck) * 5 + 3));
+    if (t.shared.targetauto)
+        start(s.Timpause);
+    else
+        s.Cmdtarget.Enabled = true;
+}
+
+void taketargetdown(trainer& t, gunnery_screen& s)
+{
+    s.Imgtargets.Visible = false;
+    s.hasfired = false;
+    if (s.visual()) stop(s.Timloading);
+    if (!s.targethit) recordmiss(t, s);
+    s.targethit = false;
+    t.shared.engagement += 1;
+    stop(s.Timtarget);
+    s.targetcalled = false;
+    if (s.targetnumber + 1 > targetsinall(t)) {
+        cmdstopsim_click(t, s);
+        stop(s.Timpause);
+    } else {
+        waitfornext(t, s);
+    }
+}
+
+// One second of an engagement: presents the target on the first, takes it down on the last.
+void timtarget_tick(trainer& t, gunnery_screen& s)
+{
+    if (t.shared.selfdegrading) degrade(t, s);
+    recordsystem(t, s);
+    if (!s.Imgtargets.Visible && !presenttarget(t, s)) return;
+    if (!s.targetcalled && !commanderslay(t, s)) return;
+    s.targetticks += 1;
+    if (!s.visual() && s.targetticks > 5) s.lblcrew.Caption.clear();
+    showtimeleft(s);
+    if (s.targetticks >= s.targetlife) taketargetdown(t, s);
+}
+
+// All three timers come on after a pause, whichever of them was running before it.
+void cmdpausesim_click(trainer& t, gunnery_screen& s)
+{
+    t.shared.paused = !t.shared.paused;
+    s.Cmdpausesim.Caption = t.shared.paused ? "PAUSE OFF" : "PAUSE SIM";
+    for (timer* clock : {&s.Timtarget, &s.Timloading, &s.Timpause})
+        t.shared.paused ? stop(*clock) : start(*clock);
+    for (screen_object* o : {&s.Cmdfire, &s.Cmdautolay}) o->Enabled = !t.shared.paused;
+}
+
+}   // namespace
+
+void nexttarget(trainer& t, gunnery_screen& s)
+{
+    s.targetticks = 1;
+    choosenature(t, s);
+    s.targetlife = t.shared.targettime;
+    const order& given = orders[static_cast<int>(s.nature)];
+    s.lblcrew.Caption = s.visual() ? given.visual : given.thermal;
+    if (!s.visual()) showestimate(t, s);
+    heldcall(t, s, given.voice);
+    s.loadcount = s.nature == coax_transport ? 3 : 0;
+    if (!s.visual()) start(s.Timloading);
+    start(s.Timtarget);
+}
+
+void cmdstopsim_click(trainer& t, gunnery_screen& s)
+{
+    for (timer* clock : {&s.Timpause, &s.Timloading, &s.Timtarget}) stop(*clock);
+    practiceend(t, s);
+}
+
+void make_sequencer(trainer& t, gunnery_screen& s)
+{
+    add(s.window, s.Timer1, s.numbers.timer1,
+        [&t, &s] { s.targetindex = static_cast<int>(Int(Rnd(t.luck) * 19)) + 1; });
+    add(s.window, s.Timpause, 1000, [&t, &s] { timpause_tick(t, s); });
+    add(s.window, s.Timtarget, 1000, [&t, &s] { timtarget_tick(t, s); });
+    s.Cmdstartsim.Click = [&t, &s] { cmdstartsim_click(t, s); };
+    s.Cmdstopsim.Click = [&t, &s] { cmdstopsim_click(t, s); };
+    s.Cmdpausesim.Click = [&t, &s] { cmdpausesim_click(t, s); };
+    s.Cmdtarget.Click = [&s] { cmdtarget_click(s); };
+}
+
+}   // namespace vorn

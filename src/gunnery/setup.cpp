@@ -1,0 +1,231 @@
+#include "flow/intro.h"
+#include "gunnery/gunnery.h"
+#include "ranges/rangefile.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+void show_or_hide(screen_object& o, bool shown)
+{
+    o.Visible = shown;
+}
+
+// A quick start is a fixed exercise: nine targets, the keyboard, voices, and a score with a rating.
+void setupquickstart(trainer& t, gunnery_screen& s)
+{
+    t.shared.voiceson = true;
+    t.shared.fulldebrief = false;
+    t.shared.keyboardselected = true;
+    t.shared.targetblocks = 3;
+    s.lbltargetnum.Caption = "TARGET 0 OF 9";
+    for (screen_object* o : {&s.lbltargetnum, &s.Imgname}) show_or_hide(*o, true);
+    for (screen_object* o : {&s.Frmcon, &s.Frmsys, &s.Frmmousecon}) show_or_hide(*o, false);
+}
+
+void setupcontrolpanels(const practice_state& p, gunnery_screen& s)
+{
+    show_or_hide(s.Frmcon, p.keyboardselected && !p.joyselected && !p.mouseselected && p.infocontrol);
+    show_or_hide(s.Frmmousecon, p.mouseselected);
+}
+
+// Nothing here shows a panel again: what a pass has hidden stays hidden until the screen is unloaded.
+void hidepanels(const practice_state& p, gunnery_screen& s)
+{
+    const auto hide_if = [](bool hides, std::initializer_list<screen_object*> panels) {
+        if (!hides) return;
+        for (screen_object* o : panels) show_or_hide(*o, false);
+    };
+    hide_if(!p.infosystem, {&s.Frmsys});
+    hide_if(!p.infocrew, {&s.lblcrew});
+    hide_if(!p.coaxlight, {s.visual() ? &s.Frame5 : &s.Frame4});
+    hide_if(!p.gunlight, {&s.Frame4});
+    if (!s.visual()) return;
+    hide_if(p.plainscreen, {&s.Frame3, &s.Frmmousecon, &s.Frmsys, &s.Frmcon, &s.lblcrew});
+    hide_if(true, {&s.lbltargetnum, &s.Imgname});
+}
+
+void setuppanels(trainer& t, gunnery_screen& s)
+{
+    if (s.visual() && t.shared.quickstart) return setupquickstart(t, s);
+    if (!t.shared.targetauto) show_or_hide(s.Cmdtarget, true);
+    setupcontrolpanels(t.shared, s);
+    hidepanels(t.shared, s);
+}
+
+void resetcontrols(gunnery_screen& s)
+{
+    s.Cmdstartsim.Enabled = true;
+    for (screen_object* o :
+         {&s.Cmdcoax, &s.Cmdselectmain, &s.Cmdmaingun, &s.Cmdautolay, &s.Cmdlaze, &s.Cmdoff, &s.Cmdfire})
+        o->Enabled = false;
+    // The thermal screen leaves these two as they are: once a practice has run there they stay enabled.
+    if (s.visual())
+        for (screen_object* o : {&s.Cmdstopsim, &s.Cmdpausesim}) o->Enabled = false;
+    for (timer* clock : {&s.Timcoax, &s.Timloading, &s.Timtarget, &s.Timleft, &s.Timright, &s.Timup,
+                         &s.Timdown, &s.Timpause})
+        stop(*clock);
+}
+
+void resetreadouts(gunnery_screen& s)
+{
+    for (screen_object* o : {&s.Label1, &s.Label2, &s.lblhits}) o->Caption = "0";
+    s.Lblavetime.Caption.clear();
+    for (screen_object* o : {&s.laze, &s.ammo, &s.Imgtargets, &s.Imgloaded}) show_or_hide(*o, false);
+    show_or_hide(s.Imghesh, true);
+    if (!s.visual()) return;
+    show_or_hide(s.Imgcoax, true);
+    s.Lblammotype.Caption.clear();
+    s.Lblrange.Caption.clear();
+    stop(s.Timchrg);
+    show_or_hide(s.Lblcharge, false);
+}
+
+void resetstate(gunnery_screen& s)
+{
+    s.resets += 1;
+    s.hasfired = false;
+    s.gunloaded = false;
+    s.simrunning = false;
+    s.ammoarmed = false;
+    s.layready = false;
+    s.hits = 0;
+    s.hittime = 0;
+    s.pausecount = 0;
+    s.targetnumber = 0;
+    if (!s.visual()) return;
+    s.coaxrunning = false;
+    s.layspeed = s.HScspeed.Value;
+    s.windoffset = 0;
+    s.leadperstep = 0;
+}
+
+// The visual screen marks the row that the practice just ended has moved on to, the thermal one row 1.
+void resetrecord(trainer& t, gunnery_screen& s)
+{
+    const auto left_on = static_cast<std::size_t>(t.shared.engagement);
+    t.shared.engagement = 1;
+    t.shared.recsystem[s.visual() ? left_on : 1] = "FULL";
+    if (!s.visual()) s.rangesuffix = "C";
+}
+
+// What could not be used, and why; empty when all is well.
+struct fault {
+    std::string file;
+    std::string reason;
+};
+
+fault loadinto(trainer& t, screen_object& o, const std::string& file)
+{
+    loaded_picture loaded = t.pc.load_picture(file);
+    if (!loaded.result) return {file, loaded.reason};
+    o.Picture = std::move(*loaded.result);
+    return {};
+}
+
+fault loadicons(trainer& t, gunnery_screen& s)
+{
+    const std::pair<screen_object*, const std::string*> holders[] = {
+        {&s.Imgtargetcoax, &t.shared.targeticon3},
+        {&s.Imgtargetfin, &t.shared.targeticon1},
+        {&s.Imgtargethesh, &t.shared.targeticon2}};
+    for (const auto& [holder, stored] : holders) {
+        if (stored->empty()) continue;
+        fault f = loadinto(t, *holder, icon_path(t.pc, t.shared.rootpath, *stored));
+        if (!f.reason.empty()) return f;
+    }
+    return {};
+}
+
+fault loadrange(trainer& t, gunnery_screen& s)
+{
+    const std::string reason = read_range(t.pc, t.shared.rangefile, practice_entries, t.shared);
+    if (!reason.empty()) return {t.shared.rangefile, reason};
+    const std::string picturefile = t.shared.rangepicture.trimmed();
+    if (picturefile.empty()) return {t.shared.rangefile, "It names no picture."};
+    const fault f = loadinto(t, s.Imgrange, picturefile);
+    if (!f.reason.empty()) return f;
+    s.Imgrange.Width = s.Imgrange.Picture.width;
+    s.Imgrange.Height = s.Imgrange.Picture.height;
+    return loadicons(t, s);
+}
+
+void copyheader(trainer& t, const gunnery_screen& s)
+{
+    practice_state& p = t.shared;
+    p.resultrange = p.rangename.text();
+    p.resultpicture = p.rangepicture.text();
+    p.resultmode = s.numbers.resultmode;
+    p.resulticon1 = p.targeticon1;
+    p.resulticon2 = p.targeticon2;
+    p.resulticon3 = p.targeticon3;
+}
+
+void leavefor(trainer& t, gunnery_screen& s, form& next)
+{
+    unload(t.pc, s.window);
+    show(t.pc, next);
+}
+
+void giveup(trainer& t, gunnery_screen& s, const fault& f)
+{
+    t.pc.message_box(
+        {lines({"V. O. R. N. ", blankline, "THE PRACTICE CAN'T BE SET UP ON THIS RANGE", f.file, f.reason}),
+         "V. O. R. N.", box_buttons::ok, box_sign::information});
+    leavefor(t, s, t.startsim.window);
+}
+
+void load_gunnery(gunnery_screen& s)
+{
+    s.resets += 1;
+    s.targetnumber = 0;
+    s.layready = false;
+    if (s.visual()) s.layspeed = 3;
+    start(s.Timer1);
+}
+
+void make_setup(trainer& t, gunnery_screen& s)
+{
+    s.window.load = [&s] { load_gunnery(s); };
+    s.window.arrival = [&t, &s] { screenreset(t, s); };
+    s.HScspeed.Change = [&s] {
+        if (s.visual()) s.layspeed = s.HScspeed.Value;
+    };
+    s.Cmdhelpon.Click = [&t] { openhelp(t); };
+    s.Cmdmain.Click = [&t, &s] {
+        leavefor(t, s, s.visual() && t.shared.quickstart ? t.intro.window : t.startsim.window);
+    };
+    s.CMDEXIT.Click = [&t, &s] {
+        confirmexit(t, s.visual() ? "V. O. R. N. " : "GUNNERY SIMULATOR", "SIMULATOR");
+    };
+}
+
+}   // namespace
+
+bool screenreset(trainer& t, gunnery_screen& s)
+{
+    setuppanels(t, s);
+    resetrecord(t, s);
+    resetcontrols(s);
+    resetstate(s);
+    resetreadouts(s);
+    const fault f = loadrange(t, s);
+    if (!f.reason.empty()) {
+        giveup(t, s, f);
+        return false;
+    }
+    copyheader(t, s);
+    return true;
+}
+
+void make_gunnery(trainer& t, gunnery_screen& s)
+{
+    design_gunnery(s);
+    make_setup(t, s);
+    make_sequencer(t, s);
+    make_armament(t, s);
+    make_crew(t, s);
+}
+
+}   // namespace vorn

@@ -1,0 +1,107 @@
+// The design values of screen objects, in the words in which a screen lays itself out. Twips throughout.
+#pragma once
+
+#include <string>
+
+#include "platform/objects.h"
+
+namespace vorn {
+
+struct rectangle {
+    double Left, Top, Width, Height;
+};
+
+inline object_fields placed(object_kind kind, rectangle at, std::string caption = {}, std::string tip = {})
+{
+    object_fields f;
+    f.kind = kind;
+    f.Left = at.Left;
+    f.Top = at.Top;
+    f.Width = at.Width;
+    f.Height = at.Height;
+    f.Caption = std::move(caption);
+    f.ToolTipText = std::move(tip);
+    return f;
+}
+
+inline object_fields frame(rectangle at, std::string caption, std::string tip = {})
+{
+    return placed(object_kind::frame, at, std::move(caption), std::move(tip));
+}
+
+inline object_fields button(rectangle at, std::string caption, std::string tip = {})
+{
+    return placed(object_kind::button, at, std::move(caption), std::move(tip));
+}
+
+inline object_fields option(rectangle at, std::string caption, bool selected = false)
+{
+    object_fields f = placed(object_kind::option, at, std::move(caption));
+    f.Value = selected ? 1 : 0;
+    return f;
+}
+
+inline object_fields slider(rectangle at, int min, int max, int position, int page = 1)
+{
+    object_fields f = placed(object_kind::slider, at);
+    f.Min = min;
+    f.Max = max;
+    f.Value = position;
+    f.LargeChange = page;
+    return f;
+}
+
+inline object_fields textbox(rectangle at, std::string text)
+{
+    object_fields f = placed(object_kind::textbox, at);
+    f.Text = std::move(text);
+    return f;
+}
+
+// A drawing of the machine's own, by its name.
+inline object_fields image(rectangle at, std::string drawing = {})
+{
+    object_fields f = placed(object_kind::image, at);
+    if (!drawing.empty()) f.Picture.source = std::move(drawing);
+    return f;
+}
+
+inline object_fields shape(rectangle at, shape_kind kind, colour fore, colour back = colour::ground)
+{
+    object_fields f = placed(object_kind::shape, at);
+    f.Shape = kind;
+    f.ForeColor = fore;
+    f.BackColor = back;
+    return f;
+}
+
+inline object_fields label(rectangle at, std::string caption, colour fore = colour::text,
+                           text_size size = text_size::normal, alignment align = alignment::left)
+{
+    object_fields f = placed(object_kind::label, at, std::move(caption));
+    f.ForeColor = fore;
+    f.size = size;
+    f.Alignment = align;
+    return f;
+}
+
+// Changes to a row that few rows need.
+inline object_fields hidden(object_fields f)
+{
+    f.Visible = false;
+    return f;
+}
+
+inline object_fields disabled(object_fields f)
+{
+    f.Enabled = false;
+    return f;
+}
+
+inline object_fields bold(object_fields f)
+{
+    f.bold = true;
+    return f;
+}
+
+}   // namespace vorn

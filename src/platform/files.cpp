@@ -1,0 +1,104 @@
+#include "platform/files.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace vorn {
+
+namespace fs = std::filesystem;
+
+static constexpr std::uintmax_t largest_text_file = 4'000'000;
+
+static fs::path from_utf8(const std::string& s)
+{
+    return fs::path(std::u8string(s.begin(), s.end()));
+}
+
+static std::string to_utf8(const fs::path& p)
+{
+    const std::u8string s = p.u8string();
+    return std::string(s.begin(), s.end());
+}
+
+static bool is_there(const fs::path& p)
+{
+    std::error_code failed;
+    return fs::exists(p, failed);
+}
+
+static std::string lower(std::string s)
+{
+    for (char& c : s)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return s;
+}
+
+// The entry of a folder that has this name but for case; the name itself where there is none.
+static fs::path entry_like(const fs::path& folder, const fs::path& name)
+{
+    std::error_code failed;
+    const std::string wanted = lower(to_utf8(name));
+    for (fs::directory_iterator i(folder, failed), end; !failed && i != end; i.increment(failed))
+        if (lower(to_utf8(i->path().filename())) == wanted) return i->path();
+    return folder / name;
+}
+
+std::string find_path(const machine& m, const std::string& path)
+{
+    const fs::path written = m.working_directory / from_utf8(path);
+    if (is_there(written)) return to_utf8(written);
+    std::string parts = path;
+    if (path_separator == '/') std::replace(parts.begin(), parts.end(), '\\', '/');
+    const fs::path whole = m.working_directory / from_utf8(parts);
+    fs::path found = whole.root_path();
+    for (const fs::path& part : whole.relative_path()) {
+        const fs::path next = found / part;
+        found = is_there(next) ? next : entry_like(found, part);
+    }
+    return to_utf8(found);
+}
+
+bool file_exists(const machine& m, const std::string& path)
+{
+    std::error_code failed;
+    return fs::is_regular_file(from_utf8(find_path(m, path)), failed);
+}
+
+file_text read_file(const machine& m, const std::string& path)
+{
+    const fs::path file = from_utf8(find_path(m, path));
+    std::error_code failed;
+    if (!fs::exists(file, failed)) return {std::nullopt, "The file does not exist."};
+    if (!fs::is_regular_file(file, failed)) return {std::nullopt, "It is not a file."};
+    if (fs::file_size(file, failed) > largest_text_file || failed)
+        return {std::nullopt, "The file is too large."};
+    std::ifstream in(file, std::ios::binary);
+    std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    if (!in.is_open() || in.bad()) return {std::nullopt, "The file can't be read."};
+    return {std::move(text), {}};
+}
+
+std::string write_file(const machine& m, const std::string& path, const std::string& text)
+{
+    std::ofstream out(m.working_directory / from_utf8(path), std::ios::binary | std::ios::trunc);
+    out << text;
+    out.close();
+    return out ? std::string() : "The file can't be written.";
+}
+
+bool change_directory(machine& m, const std::string& folder)
+{
+    std::error_code failed;
+    const fs::path found = from_utf8(find_path(m, folder));
+    if (!fs::is_directory(found, failed)) return false;
+    fs::directory_iterator entered(found, failed);   // a folder that can't be listed can't be entered either
+    if (failed) return false;
+    m.working_directory = found.lexically_normal();
+    if (!m.working_directory.has_filename() && m.working_directory.has_relative_path())
+        m.working_directory = m.working_directory.parent_path();
+    return true;
+}
+
+}   // namespace vorn

@@ -1,0 +1,100 @@
+// A machine with a virtual clock, a scripted user and no screen. A practice of minutes runs in milliseconds,
+// the same way every time; a test reads the fields that a user would see, and a log of the rest.
+#pragma once
+
+#include <array>
+#include <deque>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/machine.h"
+
+namespace vorn {
+
+struct logged {
+    double time;        // seconds
+    std::string kind;   // "screen", "box", "help", "sound", "printed", "caption"
+    std::string text;
+};
+
+// How the scripted user answers a box: after so many seconds, in which the clock goes on behind it.
+struct box_answer {
+    bool yes = true;
+    double after = 0;
+};
+
+class headless_machine : public machine {
+public:
+    double now() const override { return clock_; }
+    void pace(double seconds) override { clock_ += seconds; }
+    void do_events() override;
+    [[noreturn]] void end_program() override;
+
+    bool message_box(const message&) override;
+    std::optional<std::string> input_box(const std::string& title, const std::string& prompt,
+                                         const std::string& proposed) override;
+    std::optional<std::string> choose_file(const file_dialog&) override;
+    void show_help(const std::string& path) override;
+    void play(const std::string& path) override;
+    void close_sound() override;
+    long joystick_reading(int number) override;
+    loaded_picture load_picture(const std::string& path) override;
+    std::string print(const std::vector<printed_line>&) override;
+
+    // The script. A question without an answer gets no; an input or a file dialog without one is cancelled.
+    std::deque<box_answer> answers;
+    std::deque<std::string> inputs;
+    std::deque<std::string> files;
+    std::map<int, long> joystick{{5, 65535}, {7, 65535}, {13, 32768}, {14, 32768}};
+    bool printer = true;
+
+    // What came of it.
+    std::vector<logged> log;
+    std::vector<message> boxes;
+    std::vector<file_dialog> dialogs;
+    std::string playing;   // empty: silence
+    bool ended = false;
+    std::vector<std::string> of_kind(const std::string& kind) const;   // the texts of one kind, in order
+
+    // One event of the user's or the system's, to its end.
+    void event(const std::function<void()>&);
+    void click(screen_object&);
+    void slide(screen_object&, int position);
+    void type(screen_object&, const std::string& text);
+    void press(screen_object&);     // mouse button down on it
+    void release(screen_object&);   // and up
+    void key_down(int code);        // to the screen in front
+    void key_up(int code);
+    void stick(long x, long y);
+    void stick_button(int number, bool down);
+    void activate(form&);       // the user brings a screen to the front
+    void close_window(form&);   // by its frame
+
+    // Lets so much time go by. Moments count from the start: what a handler takes of it is not added.
+    void advance(double seconds);
+    // Does something at a moment from now, also when a handler lets events run or a box is open then.
+    void later(double seconds, std::function<void()> action);
+    // Logs each change of this caption.
+    void watch(const screen_object&);
+
+private:
+    struct planned {
+        double time;
+        std::function<void()> action;
+    };
+
+    double next_event();
+    void deliver();
+    void run_until(double moment);
+    void note(const std::string& kind, const std::string& text);
+    void note_changes();
+
+    double clock_ = 0;
+    double goal_ = 0;
+    std::vector<planned> plans_;
+    std::vector<std::pair<const screen_object*, std::string>> watched_;
+    const form* last_front_ = nullptr;
+};
+
+}   // namespace vorn

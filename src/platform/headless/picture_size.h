@@ -1,0 +1,13 @@
+// The natural size of a picture file, read from its head: all that a machine without a screen needs of it.
+#pragma once
+
+#include <string>
+
+#include "platform/machine.h"
+
+namespace vorn {
+
+// JPEG, PNG, BMP, GIF or ICO, recognised by content. An icon file has the size of its largest picture.
+loaded_picture picture_of_file(const std::string& file);
+
+}   // namespace vorn

@@ -1,0 +1,171 @@
+#include "platform/machine.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <system_error>
+
+namespace vorn {
+
+machine::machine()
+{
+    std::error_code failed;
+    working_directory = std::filesystem::current_path(failed);
+}
+
+static double period(const timer& t)
+{
+    return std::max(t.Interval / 1000.0, timer_floor);
+}
+
+// Gives each timer that was switched on its first moment.
+static void arm_timers(machine& m)
+{
+    for (form* f : m.screens.loaded)
+        for (timer* t : f->timers)
+            if (t->Enabled && t->fresh) {
+                t->fresh = false;
+                t->due = m.now() + period(*t);
+            }
+}
+
+static void queue_arrival(machine& m, form& f)
+{
+    auto& waiting = m.screens.arrivals;
+    const auto same = [&](const desk::arrival& a) { return a.screen == &f; };
+    if (std::none_of(waiting.begin(), waiting.end(), same))
+        waiting.push_back({&f, std::max(m.screens.depth, 1)});
+}
+
+void load(machine& m, form& f)
+{
+    if (f.state != form_state::not_loaded) return;
+    f.state = form_state::hidden;
+    m.screens.loaded.push_back(&f);
+    for (screen_object* o : f.objects)
+        if (o->design) static_cast<object_fields&>(*o) = *o->design;
+    if (f.load) f.load();
+}
+
+void show(machine& m, form& f)
+{
+    load(m, f);
+    if (front(m) == &f) return;
+    std::erase(m.screens.shown, &f);
+    m.screens.shown.push_back(&f);
+    f.state = form_state::shown;
+    queue_arrival(m, f);
+}
+
+static void take_away(machine& m, form& f, form_state state)
+{
+    const bool was_front = front(m) == &f;
+    f.state = state;
+    std::erase(m.screens.shown, &f);
+    std::erase_if(m.screens.arrivals, [&](const desk::arrival& a) { return a.screen == &f; });
+    if (was_front && front(m) != nullptr) queue_arrival(m, *front(m));
+}
+
+void hide(machine& m, form& f)
+{
+    if (f.state == form_state::shown) take_away(m, f, form_state::hidden);
+}
+
+void unload(machine& m, form& f)
+{
+    if (f.state == form_state::not_loaded) return;
+    for (timer* t : f.timers) stop(*t);
+    take_away(m, f, form_state::not_loaded);
+    std::erase(m.screens.loaded, &f);
+    if (f.unloaded) f.unloaded();
+}
+
+form* front(const machine& m)
+{
+    return m.screens.shown.empty() ? nullptr : m.screens.shown.back();
+}
+
+void came_to_front(machine& m, form& f)
+{
+    if (f.state != form_state::shown || front(m) == &f) return;
+    std::erase(m.screens.shown, &f);
+    m.screens.shown.push_back(&f);
+    queue_arrival(m, f);
+}
+
+// Runs something one handler deeper; the count is right again even when the program's end cuts it short.
+static void run_deeper(machine& m, const std::function<void()>& event)
+{
+    struct depth_guard {
+        int& depth;
+        explicit depth_guard(int& d) : depth(d) { ++depth; }
+        ~depth_guard() { --depth; }
+    } guard(m.screens.depth);
+    if (event) event();
+}
+
+static std::optional<desk::arrival> take_arrival(desk& d)
+{
+    const auto ready = [&](const desk::arrival& a) { return a.depth > d.depth; };
+    const auto found = std::find_if(d.arrivals.begin(), d.arrivals.end(), ready);
+    if (found == d.arrivals.end()) return std::nullopt;
+    const desk::arrival a = *found;
+    d.arrivals.erase(found);
+    return a;
+}
+
+void handle(machine& m, const std::function<void()>& event)
+{
+    run_deeper(m, event);
+    arm_timers(m);
+    while (const auto a = take_arrival(m.screens)) {
+        run_deeper(m, a->screen->arrival);
+        arm_timers(m);
+    }
+}
+
+static bool can_tick(const timer& t)
+{
+    return t.Enabled && !t.fresh && !t.ticking;
+}
+
+static timer* earliest(const machine& m)
+{
+    timer* first = nullptr;
+    for (const form* f : m.screens.loaded)
+        for (timer* t : f->timers)
+            if (can_tick(*t) && (first == nullptr || t->due < first->due)) first = t;
+    return first;
+}
+
+double next_tick(machine& m)
+{
+    arm_timers(m);
+    const timer* t = earliest(m);
+    return t == nullptr ? std::numeric_limits<double>::infinity() : t->due;
+}
+
+// A timer keeps its beat: after a handler that ran late it ticks once for all that it missed.
+static void tick(machine& m, timer& t)
+{
+    struct ticking_guard {
+        bool& flag;
+        explicit ticking_guard(bool& f) : flag(f) { flag = true; }
+        ~ticking_guard() { flag = false; }
+    } guard(t.ticking);
+    const double missed = std::floor((m.now() - t.due) / period(t));
+    t.due += period(t) * (1 + std::max(missed, 0.0));
+    handle(m, t.tick);
+}
+
+void deliver_ticks(machine& m, const std::function<void()>& after_each)
+{
+    arm_timers(m);
+    const double until = m.now();
+    for (timer* t = earliest(m); t != nullptr && t->due <= until; t = earliest(m)) {
+        tick(m, *t);
+        if (after_each) after_each();
+    }
+}
+
+}   // namespace vorn

@@ -1,0 +1,157 @@
+// What a screen is made of: plain structs whose fields are the model, and the few rules that are more
+// than a field. Handlers write the fields; the machine shows whatever has changed when a handler is done.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace vorn {
+
+inline constexpr double twips_per_pixel = 15;   // at the natural 96 dots per inch
+inline constexpr double form_width = 15360;     // every screen is designed on 1024 x 768 pixels
+inline constexpr double form_height = 11520;
+
+// Colours by their role; the desktop turns each into a shade.
+enum class colour {
+    ground,      // the form or frame behind; as a back colour: none of its own
+    text,        // ordinary text and button text
+    highlight,   // text under the mouse, the chosen thing
+    dim,         // secondary text
+    live,        // what is live at this moment: readouts, the crew line
+    red,         // full red
+    darkred,     // half red
+    white,
+    black,
+    sight,   // marks of the sight picture, readable over sky and ground
+};
+
+enum class alignment { left, centre, right };
+enum class text_size { small, normal, large };
+enum class shape_kind { rectangle, ellipse, filled_ellipse };
+
+enum class object_kind {
+    frame,   // a captioned panel that holds others
+    sight,   // a window that clips what it holds and draws it in its order
+    label,   // text; with a Click it works as a button without a border
+    button,
+    option,   // one of a group: the options inside one parent
+    checkbox,
+    slider,
+    textbox,
+    image,   // a picture stretched to the object, transparent where the picture is
+    shape,
+};
+
+// Decoded pixels; only the machine that decoded them knows what they are.
+struct picture_pixels {
+    virtual ~picture_pixels() = default;
+};
+
+// A picture: a loaded file, or a drawing of the machine's own named in `source` by ":name".
+struct picture {
+    std::string source;
+    double width = 0;   // natural size in twips, 15 to the picture's pixel; 0 for a drawing, which has none
+    double height = 0;
+    std::shared_ptr<const picture_pixels> pixels;
+
+    bool operator==(const picture&) const = default;
+};
+
+// Everything about an object that can be seen. The machine compares it with what it last drew.
+struct object_fields {
+    object_kind kind = object_kind::label;
+    double Left = 0, Top = 0, Width = 0, Height = 0;   // twips, from the parent's upper left corner
+    bool Visible = true;
+    bool Enabled = true;
+    std::string Caption;   // in a button '&' marks the access key
+    std::string Text;      // text box
+    std::string ToolTipText;
+    colour ForeColor = colour::text;
+    colour BackColor = colour::ground;
+    picture Picture;                         // image; a button shows it instead of its caption
+    int Value = 0;                           // option and check box 0 or 1, slider its position
+    int Min = 0, Max = 0, LargeChange = 1;   // slider
+    alignment Alignment = alignment::left;
+    text_size size = text_size::normal;
+    bool bold = false;
+    shape_kind Shape = shape_kind::rectangle;
+
+    bool operator==(const object_fields&) const = default;
+};
+
+struct form;
+
+struct screen_object : object_fields {
+    std::optional<object_fields> design;   // what the fields go back to at each load
+    screen_object* parent = nullptr;       // none: the form itself
+    form* owner = nullptr;
+
+    std::function<void()> Click;    // button, label, option, check box
+    std::function<void()> Change;   // slider, text box
+    std::function<void()> MouseDown;
+    std::function<void()> MouseUp;
+    std::function<void()> MouseMove;   // the mouse is over it
+};
+
+// A repeating timer. Enabled is read freely and written by start and stop alone: switching on from off
+// begins a fresh interval, switching on what is on changes nothing.
+struct timer {
+    int Interval = 0;   // milliseconds
+    bool Enabled = false;
+    std::function<void()> tick;
+
+    // The clock's own notes.
+    bool fresh = false;     // switched on, not yet given its first moment
+    bool ticking = false;   // its handler is running
+    double due = 0;         // seconds on the machine's clock
+};
+
+void start(timer&);
+void stop(timer&);
+
+enum class form_state { not_loaded, hidden, shown };
+
+// One screen: its objects in the order in which they lie over each other, its timers and what it does.
+struct form {
+    std::string name;
+    std::string Caption;
+    form_state state = form_state::not_loaded;
+    std::vector<screen_object*> objects;
+    std::vector<timer*> timers;
+    screen_object* exit_button = nullptr;   // what closing the window by its frame clicks
+
+    std::function<void()> load;      // sets the design values; runs at the first show after an unload
+    std::function<void()> arrival;   // the screen has been shown or has come to the front
+    std::function<void()> unloaded;
+    std::function<void()> MouseMove;    // over the bare screen
+    std::function<void(int)> KeyDown;   // virtual key code; seen before the controls see it
+    std::function<void(int)> KeyUp;
+    std::function<void(int)> ButtonDown;   // joystick, buttons from 1
+    std::function<void(int)> ButtonUp;
+    std::function<void(long, long)> Move;   // joystick, X to the right and Y towards the gunner, 0 to 65535
+};
+
+// Puts an object on the form, above those that are there; with design values, to which each load returns it.
+void add(form&, screen_object&, screen_object* parent = nullptr);
+void add(form&, screen_object&, object_fields design, screen_object* parent = nullptr);
+void add(form&, timer&, int interval, std::function<void()> tick);
+
+// Selects an option: clears the others of its group and runs its action, unless it is selected already.
+void select_option(screen_object& option);
+// Moves a slider within its bounds: its action runs only when the position changes.
+void set_slider(screen_object& slider, int position);
+// Replaces the text of a text box and reports the change.
+void set_text(screen_object& textbox, const std::string& text);
+
+// Whether the user can work it: it and all that holds it is visible and enabled, on a shown screen.
+bool takes_input(const screen_object&);
+
+// What the user does, on either machine; each does nothing where the object takes no input.
+void user_click(screen_object&);
+void user_slide(screen_object& slider, int position);
+void user_types(screen_object& textbox, const std::string& text);
+
+}   // namespace vorn

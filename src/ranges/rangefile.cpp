@@ -1,0 +1,101 @@
+#include "ranges/rangefile.h"
+
+#include "platform/files.h"
+#include "state/item_text.h"
+
+namespace vorn {
+
+static constexpr const char* damaged = "It is not a whole range file.";
+
+template <std::size_t N>
+static bool take(item_reader& items, padded<N>& field)
+{
+    std::string text;
+    if (!items.take(text)) return false;
+    field = text;
+    return true;
+}
+
+static bool take_head(item_reader& items, practice_state& p)
+{
+    return take(items, p.rangename) && take(items, p.rangepicture) && items.take(p.rangetype);
+}
+
+static bool take_icons(item_reader& items, practice_state& p)
+{
+    return items.take(p.targeticon1) && items.take(p.targeticon2) && items.take(p.targeticon3);
+}
+
+static bool take_entries(item_reader& items, int entries, practice_state& p)
+{
+    for (std::size_t i = 0; i < static_cast<std::size_t>(entries); ++i)
+        if (!items.take(p.targetx[i]) || !items.take(p.targety[i]) || !items.take(p.targetrange[i]))
+            return false;
+    return true;
+}
+
+std::string read_range_head(const machine& m, const std::string& file, practice_state& p)
+{
+    file_text read = read_file(m, file);
+    if (!read.text) return read.reason;
+    item_reader items(std::move(*read.text));
+    return take_head(items, p) ? "" : damaged;
+}
+
+std::string read_range(const machine& m, const std::string& file, int entries, practice_state& p)
+{
+    file_text read = read_file(m, file);
+    if (!read.text) return read.reason;
+    item_reader items(std::move(*read.text));
+    return take_head(items, p) && take_icons(items, p) && take_entries(items, entries, p) ? "" : damaged;
+}
+
+std::string range_file_bytes(const practice_state& p)
+{
+    item_writer items;
+    items.put(p.rangename.text());
+    items.put(p.rangepicture.text());
+    for (const std::string& text : {p.rangetype, p.targeticon1, p.targeticon2, p.targeticon3})
+        items.put(text);
+    for (std::size_t i = 0; i < positions; ++i) {
+        items.put(p.targetx[i]);
+        items.put(p.targety[i]);
+        items.put(p.targetrange[i]);
+    }
+    return items.file_bytes();
+}
+
+std::string write_range(const machine& m, const std::string& file, practice_state& p)
+{
+    const std::string failed = write_file(m, file, range_file_bytes(p));
+    if (failed.empty()) p.rangefile = file;
+    return failed;
+}
+
+static bool is_separator(char c)
+{
+    return c == '/' || c == '\\';
+}
+
+static bool begins_with_separator(const std::string& path)
+{
+    return !path.empty() && is_separator(path.front());
+}
+
+std::string icon_path(const machine& m, const std::string& rootpath, const std::string& stored)
+{
+    const std::string below =
+        begins_with_separator(stored) ? rootpath + stored : rootpath + path_separator + stored;
+    return file_exists(m, below) || !file_exists(m, stored) ? find_path(m, below) : find_path(m, stored);
+}
+
+std::string stored_icon(const machine& m, const std::string& rootpath, const std::string& chosen)
+{
+    const std::string root = find_path(m, rootpath);
+    const std::string icon = find_path(m, chosen);
+    const bool inside = icon.size() > root.size() && icon.compare(0, root.size(), root) == 0 &&
+                        is_separator(icon[root.size()]);
+    return inside ? icon.substr(root.size()) : chosen;
+}
+
+}   // namespace vorn

@@ -1,0 +1,35 @@
+// The range file (.arf): a picture of a piece of country, twenty numbered target positions on it and the
+// range of each. 69 lines of item text; the three readers take as much of it as they need.
+#pragma once
+
+#include <string>
+
+#include "platform/machine.h"
+#include "state/practice_state.h"
+
+namespace vorn {
+
+// Entries that a practice reads, and that the range author reads: position 20 is never shot at.
+inline constexpr int practice_entries = 20;
+inline constexpr int all_entries = positions;
+
+// Each reader gives the reason when it fails, empty when it didn't; what was read before the failure stays.
+
+// Name, picture path and type.
+std::string read_range_head(const machine&, const std::string& file, practice_state&);
+// The six head items and the first entries of the tables.
+std::string read_range(const machine&, const std::string& file, int entries, practice_state&);
+
+// The file's bytes for the range in hand.
+std::string range_file_bytes(const practice_state&);
+// Writes the range in hand and makes the file the range of the practice; gives the reason when it can't.
+std::string write_range(const machine&, const std::string& file, practice_state&);
+
+// Where a stored icon text leads: below rootpath, with or without a leading separator of either kind; or,
+// when nothing lies there, the full path that it may be.
+std::string icon_path(const machine&, const std::string& rootpath, const std::string& stored);
+// How a chosen icon is stored: from the leading separator on when it lies inside rootpath, so that the range
+// can move with its folder; the full path otherwise.
+std::string stored_icon(const machine&, const std::string& rootpath, const std::string& chosen);
+
+}   // namespace vorn

@@ -1,0 +1,166 @@
+#include "state/item_text.h"
+
+#include <charconv>
+#include <optional>
+
+namespace vorn {
+
+namespace {
+
+std::string_view without_blanks(std::string_view s)
+{
+    const auto first = s.find_first_not_of(" \t");
+    if (first == std::string_view::npos) return {};
+    return s.substr(first, s.find_last_not_of(" \t") - first + 1);
+}
+
+bool ends_item(char c)
+{
+    return c == ',' || c == '\r' || c == '\n';
+}
+
+// How many bytes the UTF-8 character at a place takes; 0 where there is none.
+std::size_t utf8_size(std::string_view s, std::size_t at)
+{
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(s[i]); };
+    const unsigned first = byte(at);
+    const std::size_t size = first < 0x80                    ? 1
+                             : first >= 0xC2 && first < 0xE0 ? 2
+                             : first >= 0xE0 && first < 0xF0 ? 3
+                             : first >= 0xF0 && first < 0xF5 ? 4
+                                                             : 0;
+    if (size == 0 || at + size > s.size()) return 0;
+    for (std::size_t i = at + 1; i < at + size; ++i)
+        if ((byte(i) & 0xC0U) != 0x80U) return 0;
+    return size;
+}
+
+bool is_utf8(std::string_view s)
+{
+    for (std::size_t at = 0; at < s.size();) {
+        const std::size_t size = utf8_size(s, at);
+        if (size == 0) return false;
+        at += size;
+    }
+    return true;
+}
+
+std::optional<std::string> as_latin1(std::string_view utf8)
+{
+    std::string bytes;
+    for (std::size_t at = 0; at < utf8.size();) {
+        const auto first = static_cast<unsigned char>(utf8[at]);
+        if (first >= 0xC4) return std::nullopt;
+        const std::size_t size = first < 0x80 ? 1 : 2;
+        if (at + size > utf8.size()) return std::nullopt;
+        const unsigned code =
+            size == 1 ? first : ((first & 0x1FU) << 6U) | (static_cast<unsigned char>(utf8[at + 1]) & 0x3FU);
+        bytes += static_cast<char>(code);
+        at += size;
+    }
+    return bytes;
+}
+
+}   // namespace
+
+// Passes over blanks in front, finds the item's end, and steps over one end: a comma, CR LF, CR or LF.
+bool item_reader::next_item(std::string_view& item)
+{
+    if (failed_ || place_ >= text_.size()) {
+        failed_ = true;
+        return false;
+    }
+    const std::size_t begin = place_;
+    bool quoted = false;
+    while (place_ < text_.size() && (quoted || !ends_item(text_[place_]))) {
+        if (text_[place_] == '"') quoted = !quoted;
+        ++place_;
+    }
+    item = without_blanks(std::string_view(text_).substr(begin, place_ - begin));
+    if (place_ + 1 < text_.size() && text_[place_] == '\r' && text_[place_ + 1] == '\n') ++place_;
+    ++place_;
+    return true;
+}
+
+bool item_reader::take(std::string& text)
+{
+    std::string_view item;
+    if (!next_item(item)) return false;
+    const bool quoted = item.size() >= 2 && item.front() == '"' && item.back() == '"';
+    if (!quoted || item.substr(1, item.size() - 2).find_first_of("\"\r\n") != std::string_view::npos ||
+        item.find('\0') != std::string_view::npos) {
+        failed_ = true;
+        return false;
+    }
+    text = from_file_bytes(std::string(item.substr(1, item.size() - 2)));
+    return true;
+}
+
+bool item_reader::take(bool& value)
+{
+    std::string_view item;
+    if (!next_item(item)) return false;
+    failed_ = item != "#TRUE#" && item != "#FALSE#";
+    if (!failed_) value = item == "#TRUE#";
+    return !failed_;
+}
+
+template <std::signed_integral whole>
+bool item_reader::take_number(whole& number)
+{
+    std::string_view item;
+    if (!next_item(item)) return false;
+    whole n = 0;
+    const auto [end, error] = std::from_chars(item.data(), item.data() + item.size(), n);
+    failed_ = error != std::errc() || end != item.data() + item.size();
+    if (!failed_) number = n;
+    return !failed_;
+}
+
+bool item_reader::take(int16& number)
+{
+    std::int16_t n = 0;
+    if (!take_number(n)) return false;
+    number = n;
+    return true;
+}
+
+bool item_reader::take(std::int32_t& number)
+{
+    return take_number(number);
+}
+
+void item_writer::put(std::string_view text)
+{
+    std::string quoted = "\"";
+    for (const char c : text) quoted += c == '"' ? '\'' : c == '\r' || c == '\n' ? ' ' : c;
+    put_line(quoted + '"');
+}
+
+void item_writer::put(bool value)
+{
+    put_line(value ? "#TRUE#" : "#FALSE#");
+}
+
+std::string item_writer::file_bytes() const
+{
+    return as_latin1(text_).value_or(text_);
+}
+
+std::string from_file_bytes(const std::string& bytes)
+{
+    if (is_utf8(bytes)) return bytes;
+    std::string utf8;
+    for (const char c : bytes) {
+        const auto code = static_cast<unsigned char>(c);
+        if (code < 0x80)
+            utf8 += c;
+        else {
+            utf8 += static_cast<char>(0xC0U | (code >> 6U));
+            utf8 += static_cast<char>(0x80U | (code & 0x3FU));
+        }
+    }
+    return utf8;
+}
+
+}   // namespace vorn

@@ -1,0 +1,48 @@
+#include "state/numbers.h"
+
+#include <cstdio>
+
+namespace vorn {
+
+static bool begins_character(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+}
+
+std::size_t length(const std::string& text)
+{
+    std::size_t n = 0;
+    for (const char c : text)
+        if (begins_character(c)) ++n;
+    return n;
+}
+
+std::string left(const std::string& text, std::size_t n)
+{
+    std::size_t end = 0;
+    for (; end < text.size(); ++end)
+        if (begins_character(text[end]) && n-- == 0) break;
+    return text.substr(0, end);
+}
+
+std::string without_padding(std::string text)
+{
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+std::string number_text(double x)
+{
+    std::array<char, 40> digits{};
+    std::snprintf(digits.data(), digits.size(), "%.15g", x);
+    return digits.data();
+}
+
+double Rnd(chance& c)
+{
+    if (c.source) return c.source();
+    return static_cast<double>(c.generator() - std::minstd_rand::min()) /
+           (static_cast<double>(std::minstd_rand::max() - std::minstd_rand::min()) + 1);
+}
+
+}   // namespace vorn

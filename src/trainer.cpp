@@ -1,0 +1,15 @@
+#include "trainer.h"
+
+#include "gunnery/gunnery.h"
+
+namespace vorn {
+
+trainer::trainer(machine& m) : pc(m)
+{
+    make_intro(*this);
+    make_startsim(*this);
+    make_gunnery(*this, simulator);
+    make_gunnery(*this, thermal);
+}
+
+}   // namespace vorn
