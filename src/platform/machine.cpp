@@ -93,6 +93,11 @@ void came_to_front(machine& m, form& f)
     queue_arrival(m, f);
 }
 
+void close_by_frame(form& f)
+{
+    if (f.state == form_state::shown && f.exit_button != nullptr && f.exit_button->Click) f.exit_button->Click();
+}
+
 // Runs something one handler deeper; the count is right again even when the program's end cuts it short.
 static void run_deeper(machine& m, const std::function<void()>& event)
 {

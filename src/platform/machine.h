@@ -112,6 +112,8 @@ void unload(machine&, form&);
 form* front(const machine&);
 // The window system has brought this screen to the front.
 void came_to_front(machine&, form&);
+// The user closes the window by its frame: the exit button's action, also where its panel is hidden.
+void close_by_frame(form&);
 
 // Runs one event to its end, then the arrivals that waited for it.
 void handle(machine&, const std::function<void()>& event);

@@ -192,7 +192,7 @@ void headless_machine::activate(form& f)
 
 void headless_machine::close_window(form& f)
 {
-    if (f.state == form_state::shown && f.exit_button != nullptr) click(*f.exit_button);
+    event([&] { close_by_frame(f); });
 }
 
 void headless_machine::later(double seconds, std::function<void()> action)

@@ -1,0 +1,44 @@
+// Arrows between the parts of the program point one way.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <regex>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The includes of every source below a folder that match a pattern, as "file: line".
+std::vector<std::string> includes(const std::string& folder, const std::string& pattern,
+                                  const std::string& except = "/desktop/")
+{
+    const std::regex wanted("#include *[<\"]" + pattern);
+    std::vector<std::string> found;
+    for (const auto& entry : fs::recursive_directory_iterator(fs::path(VORN_SOURCE_DIR) / folder)) {
+        if (!entry.is_regular_file() || entry.path().string().find(except) != std::string::npos) continue;
+        std::ifstream in(entry.path());
+        for (std::string line; std::getline(in, line);)
+            if (std::regex_search(line, wanted))
+                found.push_back(entry.path().filename().string() + ": " + line);
+    }
+    return found;
+}
+
+TEST(boundaries, the_toolkit_is_known_to_the_desktop_alone)
+{
+    EXPECT_EQ(includes("src", "(Q[A-Z]|Qt|SDL)"), std::vector<std::string>());
+    EXPECT_EQ(includes("tests", "(Q[A-Z]|Qt|SDL)"), std::vector<std::string>());
+    EXPECT_FALSE(includes("src/platform", "Q[A-Z]", "nothing").empty())
+        << "the search finds what it looks for";
+}
+
+TEST(boundaries, state_and_platform_know_nothing_above_them)
+{
+    const std::string above = "(flow|setup|ranges|gunnery|debrief|calibration|trainer)";
+    EXPECT_EQ(includes("src/state", "(" + above + "|platform)"), std::vector<std::string>());
+    EXPECT_EQ(includes("src/platform", above, "main.cpp"), std::vector<std::string>());
+    EXPECT_EQ(includes("src", "platform/(headless|desktop)", "/platform/"), std::vector<std::string>());
+}
+
+}   // namespace

@@ -1,0 +1,216 @@
+// From the first box to a gunnery screen and back, and what is told when something is missing.
+#include <gtest/gtest.h>
+
+#include "drill.h"
+#include "flow/intro.h"
+
+namespace vorn {
+namespace {
+
+struct program : testing::Test {
+    data_folder data;
+    headless_machine pc;
+    trainer t{pc};
+
+    void begin()
+    {
+        pc.default_directory = data.program();
+        pc.event([this] { start_program(t); });
+    }
+    void to_setup()
+    {
+        begin();
+        pc.click(t.intro.lblstart);
+    }
+    std::string front_screen() { return front(pc) == nullptr ? "" : front(pc)->name; }
+    std::string last_box() { return pc.boxes.back().text; }
+};
+
+TEST_F(program, comes_up_through_its_box_to_the_title_screen)
+{
+    begin();
+    EXPECT_EQ(
+        last_box(),
+        "MOBILE TURRET DRILL CONSOLE \n\r                         by\n\r                    H N VARLEY");
+    EXPECT_EQ(pc.boxes.back().title, "V. O. R. N.");
+    EXPECT_EQ(front_screen(), "intro");
+    EXPECT_EQ(t.startsim.window.state, form_state::hidden);
+    EXPECT_EQ(t.shared.rootpath, data.ranges());
+    // The defaults were joined to a root that was still empty.
+    EXPECT_EQ(t.shared.rangefile, "Visualrange.arf");
+    EXPECT_EQ(t.shared.targeticon1, "target icons\\target1.ico");
+    pc.click(t.intro.lblabout);
+    EXPECT_TRUE(t.intro.Lblabout1.Visible);
+    pc.click(t.intro.lblabout);
+    EXPECT_FALSE(t.intro.Lblabout1.Visible);
+    pc.event(t.intro.lblhelp.MouseMove);
+    EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::highlight);
+    pc.event(t.intro.Image1.MouseMove);
+    EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::text);
+    pc.click(t.intro.lblhelp);
+    EXPECT_EQ(pc.of_kind("help"), std::vector<std::string>{data.ranges() + "/vorn.HLP"});
+}
+
+TEST_F(program, asks_for_its_directory_when_the_default_one_fails)
+{
+    pc.default_directory = data.program() + "/none";
+    pc.answers = {{true}, {true}};
+    pc.files = {data.program() + "/anything.txt"};
+    pc.event([this] { start_program(t); });
+    EXPECT_EQ(t.shared.rootpath, data.ranges());
+    EXPECT_EQ(pc.working_directory, data.program());
+    pc.click(t.intro.lblstart);
+    EXPECT_EQ(pc.boxes.size(), 2U) << "the range is found";
+
+    headless_machine other;   // a file inside the ranges serves too, and a cancel leaves all as it was
+    other.default_directory = "/none";
+    trainer u(other);
+    other.answers = {{true}, {true}, {true}};
+    other.files = {data.ranges() + "/visualrange.arf"};
+    other.event([&] { start_program(u); });
+    EXPECT_EQ(u.shared.rootpath, data.ranges());
+
+    headless_machine third;
+    third.default_directory = "/none";
+    trainer v(third);
+    third.answers = {{true}, {true}};
+    third.event([&] { start_program(v); });
+    EXPECT_FALSE(third.ended);
+    EXPECT_EQ(third.dialogs.size(), 1U);
+    EXPECT_EQ(v.shared.rootpath, third.working_directory.string() + "/ranges");
+    third.click(v.intro.lblexit);   // unanswered means no
+    EXPECT_FALSE(third.ended);
+}
+
+TEST_F(program, ends_when_the_user_does_not_look_for_the_directory)
+{
+    pc.default_directory = "/none";
+    pc.answers = {{true}, {false}};
+    pc.event([this] { start_program(t); });
+    EXPECT_TRUE(pc.ended);
+    EXPECT_TRUE(pc.dialogs.empty());
+}
+
+TEST_F(program, the_exit_boxes_stand_as_written_and_end_the_program_on_a_yes_alone)
+{
+    to_setup();
+    pc.click(t.startsim.Cmdexit);
+    EXPECT_EQ(last_box(), "V.O.R N.\n\r                   \n\rARE YOU SURE YOU WANT TO EXIT ?");
+    EXPECT_EQ(pc.boxes.back().title, "V.O.R.N.");
+    EXPECT_EQ(pc.boxes.back().sign, box_sign::question);
+    pc.click(t.startsim.Optcon2);
+    pc.answers = {{true}};
+    pc.click(t.startsim.Cmdstart);
+    pc.close_window(t.simulator.window);
+    EXPECT_EQ(last_box().substr(0, 11), "V. O. R. N.");
+    EXPECT_EQ(pc.boxes.back().title, "SIMULATOR");
+    EXPECT_FALSE(pc.ended);
+    pc.click(t.simulator.Cmdmain);
+    pc.click(t.startsim.Optmode2);
+    pc.answers = {{true}, {true}};
+    pc.click(t.startsim.Cmdstart);
+    pc.click(t.thermal.CMDEXIT);
+    EXPECT_EQ(last_box().substr(0, 17), "GUNNERY SIMULATOR");
+    EXPECT_TRUE(pc.ended);
+}
+
+TEST_F(program, an_uncalibrated_joystick_closes_both_roads)
+{
+    to_setup();
+    pc.answers = {{true}};
+    pc.click(t.startsim.Cmdstart);
+    EXPECT_EQ(last_box(),
+              "YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST");
+    EXPECT_EQ(front_screen(), "startsim");
+    pc.click(t.startsim.cmdgame);
+    EXPECT_EQ(front_screen(), "startsim");
+    EXPECT_FALSE(t.shared.quickstart);
+    pc.click(t.startsim.Optcon2);
+    pc.click(t.startsim.Cmdstart);   // the question answered no
+    EXPECT_EQ(front_screen(), "startsim");
+    pc.type(t.startsim.Txtname, "SMITH");
+    pc.type(t.startsim.Txtnum, "123");
+    pc.answers = {{true}};
+    pc.click(t.startsim.Cmdstart);
+    EXPECT_EQ(front_screen(), "simulator");
+    EXPECT_EQ(t.shared.studentdetails.text(), "SMITH_123                     ");
+}
+
+TEST_F(program, the_mouse_keeps_the_keyboard_that_was_chosen_before_it)
+{
+    to_setup();
+    pc.click(t.startsim.Optcon3);
+    EXPECT_TRUE(t.shared.keyboardselected && t.shared.mouseselected && !t.shared.joyselected);
+    pc.click(t.startsim.Optcon1);
+    EXPECT_TRUE(t.shared.keyboardselected && t.shared.joyselected && !t.shared.mouseselected);
+}
+
+TEST_F(program, a_quick_start_is_a_visual_exercise_that_leads_back_to_the_title)
+{
+    to_setup();
+    t.shared.voiceson = false;
+    pc.click(t.startsim.Optmode2);
+    pc.click(t.startsim.Optcon2);
+    pc.click(t.startsim.Optmode1);
+    pc.click(t.startsim.cmdgame);
+    gunnery_screen& s = t.simulator;
+    EXPECT_EQ(front_screen(), "simulator");
+    EXPECT_EQ(s.lbltargetnum.Caption, "TARGET 0 OF 9");
+    EXPECT_TRUE(s.lbltargetnum.Visible && s.Imgname.Visible && s.Frame3.Visible);
+    EXPECT_FALSE(s.Frmcon.Visible || s.Frmsys.Visible || s.Frmmousecon.Visible);
+    EXPECT_TRUE(t.shared.voiceson);
+    EXPECT_EQ(t.shared.targetblocks, 3);
+    pc.click(s.Cmdstartsim);
+    pc.advance(8);
+    EXPECT_EQ(s.lbltargetnum.Caption, "TARGET 1 OF 9");
+    pc.click(s.Cmdstopsim);
+    EXPECT_EQ(last_box(),
+              "NUMBER OF TARGETS = 1\n\rNUMBER OF HITS = 0\n\rAVERAGE TIME = 1\n\rSCORE = 0\n\r\n\rYOUR "
+              "RATING IS..FORGET IT");
+    EXPECT_EQ(front_screen(), "simulator");
+    pc.click(s.Cmdmain);
+    EXPECT_EQ(front_screen(), "intro");
+    EXPECT_EQ(pc.working_directory, data.program());
+    EXPECT_FALSE(t.shared.fulldebrief);
+    pc.click(t.intro.lblstart);
+    EXPECT_TRUE(t.shared.fulldebrief);
+    EXPECT_EQ(t.shared.targetblocks, 3);
+}
+
+TEST_F(program, a_missing_default_range_asks_for_another_and_a_no_ends_it)
+{
+    data.remove("visualrange.arf");
+    begin();
+    pc.answers = {{true}, {false}};
+    pc.files = {data.ranges() + "/Thermalrange.arf"};
+    pc.click(t.intro.lblstart);
+    EXPECT_NE(last_box().find("CANT FIND CORRECT RANGE FILE DO YOU WISH TO LOCATE ONE ?"), std::string::npos);
+    EXPECT_EQ(t.startsim.Lblrangename.Caption, "PLAIN THERMAL       ");
+    EXPECT_EQ(t.shared.practicemode, 2);
+    EXPECT_EQ(t.startsim.Optmode1.Value, 1) << "the options stay as they were";
+    pc.click(t.startsim.Optmode2);
+    EXPECT_EQ(t.startsim.Optmode2.Value, 0) << "the range's own type gives the mode now";
+    data.remove("Thermalrange.arf");
+    pc.click(t.startsim.Cmdopenrange);   // cancelled: nothing happens
+    EXPECT_FALSE(pc.ended);
+    pc.files = {data.ranges() + "/Thermalrange.arf"};
+    pc.click(t.startsim.Cmdopenrange);
+    EXPECT_TRUE(pc.ended);
+}
+
+TEST_F(program, a_data_directory_without_ranges_is_reported)
+{
+    to_setup();
+    const std::size_t boxes = pc.boxes.size();
+    std::filesystem::remove_all(data.ranges());
+    pc.click(t.startsim.Optcon2);
+    pc.answers = {{true}, {true}, {true}, {true}};
+    pc.click(t.startsim.cmdgame);
+    ASSERT_EQ(pc.boxes.size(), boxes + 3) << "the practice, the folder, the range";
+    EXPECT_NE(pc.boxes[boxes].text.find("Visualrange.arf"), std::string::npos);
+    EXPECT_NE(pc.boxes[boxes + 1].text.find(data.ranges()), std::string::npos);
+    EXPECT_EQ(front_screen(), "startsim");
+}
+
+}   // namespace
+}   // namespace vorn

@@ -1,0 +1,167 @@
+// What a gunnery screen shows and reads when it is made ready, and what happens when it can't be.
+#include <gtest/gtest.h>
+
+#include "drill.h"
+
+namespace vorn {
+namespace {
+
+TEST(screen_reset, panels_follow_the_options_in_their_order)
+{
+    const struct {
+        bool joystick, keyboard, mouse, control;
+        bool card, buttons;
+    } cases[] = {{true, true, false, true, false, false},
+                 {false, true, false, true, true, false},
+                 {false, true, true, true, false, true},
+                 {false, true, false, false, false, false},
+                 {false, false, false, true, false, false}};
+    for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal})
+        for (const auto& c : cases) {
+            drill d(kind);
+            d.t.shared.keyboardselected = c.keyboard;
+            d.t.shared.mouseselected = c.mouse;
+            d.t.shared.infocontrol = c.control;
+            d.t.shared.joyselected = c.joystick;
+            d.t.shared.joycalibrated = true;
+            d.set_up();
+            EXPECT_EQ(d.screen().Frmcon.Visible, c.card);
+            EXPECT_EQ(d.screen().Frmmousecon.Visible, c.buttons);
+        }
+}
+
+TEST(screen_reset, a_hidden_panel_stays_hidden_until_the_screen_is_unloaded)
+{
+    drill d(sight_kind::visual);
+    gunnery_screen& s = d.screen();
+    d.t.shared.plainscreen = true;
+    d.t.shared.infocrew = false;
+    d.set_up();
+    for (const screen_object* o :
+         {&s.Frame3, &s.Frmmousecon, &s.Frmsys, &s.Frmcon, &s.lblcrew, &s.lbltargetnum, &s.Imgname})
+        EXPECT_FALSE(o->Visible);
+    EXPECT_TRUE(s.Frame5.Visible && s.Picrange.Visible);
+    d.t.shared.plainscreen = false;
+    d.t.shared.infocrew = true;
+    d.pc.event([&] {
+        hide(d.pc, s.window);
+        show(d.pc, s.window);
+    });
+    EXPECT_FALSE(s.Frame3.Visible || s.lblcrew.Visible);
+    EXPECT_TRUE(s.Frmcon.Visible);
+    d.pc.event(s.Cmdmain.Click);   // its panel is hidden
+    d.set_up();
+    EXPECT_TRUE(s.Frame3.Visible && s.lblcrew.Visible);
+
+    drill thermal(sight_kind::thermal);
+    thermal.t.shared.plainscreen = true;   // the thermal screen knows no plain screen
+    thermal.t.shared.gunlight = false;
+    thermal.set_up();
+    EXPECT_TRUE(thermal.screen().Frame3.Visible);
+    EXPECT_FALSE(thermal.screen().Frame4.Visible);
+}
+
+TEST(screen_reset, crew_lines_and_voices_go_on_when_the_line_is_hidden)
+{
+    drill d(sight_kind::visual);
+    d.t.shared.infocrew = false;
+    d.t.shared.soundson = false;
+    d.start();
+    d.pc.advance(7);
+    EXPECT_EQ(d.crew(), "FIN TANK ");
+    EXPECT_TRUE(d.screen().voicebusy);
+    EXPECT_TRUE(d.pc.of_kind("sound").empty());
+    d.pc.advance(3);
+    EXPECT_TRUE(d.screen().voicebusy);
+    d.pc.advance(1);
+    EXPECT_FALSE(d.screen().voicebusy);
+}
+
+TEST(screen_reset, the_picture_stays_where_the_last_practice_left_it)
+{
+    drill d(sight_kind::visual);
+    gunnery_screen& s = d.screen();
+    d.start();
+    EXPECT_DOUBLE_EQ(s.Imgrange.Width, 64425);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Height, 31815);
+    d.pc.advance(9);
+    const double left = s.Imgrange.Left;
+    EXPECT_LT(left, -45600);
+    s.HScspeed.Value = 40;
+    d.t.shared.windbias = 3;
+    d.pc.click(s.Cmdstopsim);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Left, left);
+    EXPECT_EQ(s.layspeed, 40);
+    EXPECT_EQ(s.Label2.Caption, "0");
+    EXPECT_FALSE(s.Timtarget.Enabled);
+    EXPECT_TRUE(s.Timer1.Enabled);
+}
+
+// A fault of the range, and what the message must name.
+struct fault_case {
+    const char* name;
+    std::function<void(data_folder&)> make;
+    const char* named;
+};
+
+class range_fault : public testing::TestWithParam<fault_case> {};
+
+TEST_P(range_fault, is_told_and_leads_back_to_the_set_up)
+{
+    drill d(sight_kind::visual);
+    d.set_up();   // all is well at first
+    d.start();
+    d.pc.advance(10);
+    GetParam().make(d.data);
+    d.pc.click(d.screen().Cmdstopsim);
+    const std::string told = d.pc.boxes.back().text;
+    EXPECT_NE(told.find(GetParam().named), std::string::npos) << told;
+    EXPECT_EQ(d.screen().window.state, form_state::not_loaded);
+    EXPECT_EQ(front(d.pc), &d.t.startsim.window);
+    EXPECT_FALSE(d.pc.ended);
+    d.pc.advance(30);
+    // Mended, it works again.
+    const data_folder whole;
+    for (const char* file : {"visualrange.arf", "visualrange.vrp", "target icons/target3.ico"})
+        d.data.put(file, whole.get(file));
+    d.set_up();
+    EXPECT_EQ(front(d.pc), &d.screen().window);
+}
+
+practice_state range_with(const std::function<void(practice_state&)>& change)
+{
+    practice_state range = plain_range(sight_kind::visual);
+    change(range);
+    return range;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    faults, range_fault,
+    testing::Values(
+        fault_case{"no_picture_file", [](data_folder& f) { f.remove("visualrange.vrp"); },
+                   "visualrange.vrp\n\rThe file does not exist."},
+        fault_case{"no_picture", [](data_folder& f) { f.put("visualrange.vrp", "no picture at all"); },
+                   "It is not a picture"},
+        fault_case{"no_icon", [](data_folder& f) { f.remove("target icons/target3.ico"); }, "TARGET3.ICO"},
+        fault_case{"blank_picture",
+                   [](data_folder& f) {
+                       f.put_range("visualrange.arf", range_with([](auto& r) { r.rangepicture = ""; }));
+                   },
+                   "It names no picture."},
+        fault_case{"short_file",
+                   [](data_folder& f) { f.put("visualrange.arf", f.get("visualrange.arf").substr(0, 400)); },
+                   "Visualrange.arf\n\rIt is not a whole range file."}),
+    [](const auto& info) { return info.param.name; });
+
+TEST(screen_reset, a_range_without_icons_keeps_the_pictures_there_are)
+{
+    drill d(sight_kind::visual);
+    d.data.put_range("visualrange.arf",
+                     range_with([](auto& r) { r.targeticon1 = r.targeticon2 = r.targeticon3 = ""; }));
+    d.start();
+    d.pc.advance(8);
+    EXPECT_EQ(d.screen().Imgtargets.Picture.source, ":target");
+}
+
+}   // namespace
+}   // namespace vorn

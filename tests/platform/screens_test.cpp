@@ -1,0 +1,168 @@
+// The rules of screens, timers and events that both machines share.
+#include <gtest/gtest.h>
+
+#include "platform/design.h"
+#include "platform/headless/headless_machine.h"
+
+namespace vorn {
+namespace {
+
+struct two_screens : testing::Test {
+    headless_machine pc;
+    form a, b;
+    screen_object group, one, two, bar, box, quit;
+    timer clock;
+    std::vector<std::string> told;
+
+    two_screens()
+    {
+        add(a, group, frame({0, 0, 10, 10}, ""));
+        add(a, one, option({0, 0, 1, 1}, "", true), &group);
+        add(a, two, option({0, 0, 1, 1}, ""), &group);
+        add(a, bar, slider({0, 0, 1, 1}, -3, 3, 0));
+        add(a, box, placed(object_kind::checkbox, {0, 0, 1, 1}));
+        add(a, quit, button({0, 0, 1, 1}, ""));
+        a.exit_button = &quit;
+        for (const auto& [o, name] : {std::pair{&one, "one"}, {&two, "two"}, {&box, "box"}, {&quit, "quit"}})
+            o->Click = [this, name = name] { told.push_back(name); };
+        bar.Change = [this] { told.push_back("bar " + std::to_string(bar.Value)); };
+        a.arrival = [this] { told.push_back("a"); };
+        b.arrival = [this] { told.push_back("b"); };
+        add(a, clock, 1000, [this] { told.push_back("tick"); });
+        pc.event([this] { show(pc, a); });
+        told.clear();
+    }
+    std::vector<std::string> taken() { return std::exchange(told, {}); }
+    using list = std::vector<std::string>;
+};
+
+TEST_F(two_screens, an_options_action_runs_only_when_it_becomes_selected)
+{
+    pc.click(one);
+    EXPECT_EQ(taken(), list{});
+    pc.click(two);
+    EXPECT_EQ(taken(), list{"two"});
+    EXPECT_EQ(one.Value, 0);
+    group.Enabled = false;
+    pc.click(one);
+    EXPECT_EQ(taken(), list{}) << "a disabled frame takes no clicks";
+    select_option(one);
+    EXPECT_EQ(taken(), list{"one"}) << "but code selects inside it";
+    group.Enabled = true;
+    group.Visible = false;
+    pc.click(two);
+    EXPECT_EQ(taken(), list{});
+}
+
+TEST_F(two_screens, sliders_and_boxes_report_changes_alone)
+{
+    pc.slide(bar, 0);
+    pc.slide(bar, 9);
+    pc.slide(bar, 3);
+    EXPECT_EQ(taken(), list{"bar 3"});
+    pc.click(box);
+    EXPECT_EQ(box.Value, 1);
+    unload(pc, a);
+    pc.click(box);
+    EXPECT_EQ(taken(), list{"box"});
+    load(pc, a);
+    EXPECT_EQ(box.Value, 0) << "design values again";
+    EXPECT_EQ(bar.Value, 0);
+}
+
+TEST_F(two_screens, an_arrival_waits_for_the_handler_that_showed_the_screen)
+{
+    pc.answers = {{true, 5}};
+    pc.event([this] {
+        show(pc, b);
+        pc.later(2, [this] { pc.event([this] { told.push_back("meanwhile"); }); });
+        pc.message_box({"x", ""});
+        told.push_back("done");
+        hide(pc, a);
+    });
+    EXPECT_EQ(taken(), (list{"meanwhile", "done", "b"}));
+    pc.event([this] { show(pc, b); });
+    EXPECT_EQ(taken(), list{}) << "it is in front already";
+}
+
+TEST_F(two_screens, a_screen_that_comes_to_the_front_arrives)
+{
+    pc.event([this] { show(pc, b); });
+    taken();
+    pc.activate(a);
+    pc.activate(a);
+    EXPECT_EQ(taken(), list{"a"});
+    pc.activate(b);
+    pc.event([this] { hide(pc, b); });
+    EXPECT_EQ(taken(), (list{"b", "a"})) << "the one beneath comes to the front";
+    pc.event([this] {
+        show(pc, b);
+        unload(pc, b);
+    });
+    EXPECT_EQ(taken(), list{"a"}) << "a screen that has gone again doesn't arrive";
+    quit.Visible = false;
+    pc.close_window(a);
+    EXPECT_EQ(taken(), list{"quit"});
+}
+
+TEST_F(two_screens, timers_start_fresh_when_switched_on_from_off_and_only_then)
+{
+    pc.event([this] { start(clock); });
+    pc.advance(0.9);
+    pc.event([this] { start(clock); });
+    pc.advance(0.2);
+    EXPECT_EQ(taken(), list{"tick"});
+    pc.event([this] {
+        stop(clock);
+        start(clock);
+    });
+    pc.advance(0.95);
+    EXPECT_EQ(taken(), list{});
+    pc.advance(0.1);
+    EXPECT_EQ(taken(), list{"tick"});
+    pc.event([this] { unload(pc, a); });
+    pc.advance(5);
+    EXPECT_EQ(taken(), list{});
+}
+
+TEST_F(two_screens, a_late_timer_ticks_once_and_never_inside_itself)
+{
+    pc.event([this] { start(clock); });
+    pc.event([this] { pc.pace(3.5); });
+    pc.advance(3.5);
+    EXPECT_EQ(taken(), list{"tick"});
+    pc.advance(0.5);
+    EXPECT_EQ(taken(), list{"tick"}) << "it keeps its beat";
+    int depth = 0, deepest = 0;
+    clock.tick = [&] {
+        deepest = std::max(deepest, ++depth);
+        pc.answers = {{true, 4}};
+        pc.message_box({"x", ""});
+        pc.do_events();
+        --depth;
+    };
+    pc.advance(10);
+    EXPECT_EQ(deepest, 1);
+}
+
+TEST_F(two_screens, a_box_blocks_its_handler_and_not_the_clock)
+{
+    pc.event([this] { start(clock); });
+    pc.answers = {{true, 2.5}};
+    pc.event([this] {
+        pc.message_box({"x", ""});
+        told.push_back("answered");
+    });
+    EXPECT_EQ(taken(), (list{"tick", "tick", "answered"}));
+}
+
+TEST_F(two_screens, one_millisecond_means_as_fast_as_the_service_goes)
+{
+    clock.Interval = 1;
+    pc.event([this] { start(clock); });
+    pc.advance(1.601);
+    EXPECT_EQ(taken().size(), 100U);
+}
+
+}   // namespace
+}   // namespace vorn

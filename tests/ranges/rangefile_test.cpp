@@ -1,0 +1,100 @@
+#include "ranges/rangefile.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "drill.h"
+#include "platform/files.h"
+
+namespace vorn {
+namespace {
+
+struct range_files : testing::Test {
+    data_folder data;
+    headless_machine pc;
+    practice_state read;
+
+    range_files() { pc.working_directory = data.ranges(); }
+    std::string practice(const std::string& bytes)
+    {
+        data.put("test.arf", bytes);
+        return read_range(pc, "test.arf", practice_entries, read);
+    }
+};
+
+std::string first_lines(const std::string& text, int n)
+{
+    std::size_t end = 0;
+    while (n-- > 0) end = text.find('\n', end) + 1;
+    return text.substr(0, end);
+}
+
+TEST_F(range_files, a_written_range_has_69_lines_and_reads_back)
+{
+    practice_state range = plain_range(sight_kind::visual);
+    range.rangename = "A NAME THAT IS LONGER THAN TWENTY";
+    ASSERT_EQ(write_range(pc, data.ranges() + "/own.arf", range), "");
+    EXPECT_EQ(range.rangefile, data.ranges() + "/own.arf");
+    const std::string bytes = data.get("own.arf");
+    EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), 69);
+    EXPECT_EQ(first_lines(bytes, 1), "\"A NAME THAT IS LONGE\"\r\n");
+    ASSERT_EQ(read_range(pc, "own.arf", all_entries, read), "");
+    EXPECT_EQ(read.rangepicture.text(), range.rangepicture.text());
+    EXPECT_EQ(read.rangetype, "VISUAL");
+    EXPECT_EQ(read.targeticon2, range.targeticon2);
+    EXPECT_EQ(read.targetx, range.targetx);
+    EXPECT_EQ(read.targetrange[20], 2500);
+}
+
+TEST_F(range_files, each_reader_takes_its_own_part_and_no_more)
+{
+    const std::string whole = range_file_bytes(plain_range(sight_kind::thermal));
+    read.targetrange[20] = 7;
+    EXPECT_EQ(practice(first_lines(whole, 66)), "");
+    EXPECT_EQ(read.targetrange[19], 2400);
+    EXPECT_EQ(read.targetrange[20], 7);
+    EXPECT_NE(practice(first_lines(whole, 65)), "");
+    data.put("test.arf", first_lines(whole, 68));
+    EXPECT_NE(read_range(pc, "test.arf", all_entries, read), "");
+    data.put("test.arf", "\"short\"\r\n\"p\"\r\n\"THERMAL\"");
+    EXPECT_EQ(read_range_head(pc, "test.arf", read), "");
+    EXPECT_EQ(read.rangename.text(), "short               ");
+    data.put("test.arf", "\"kept\"\r\n\"p\"\r\nTHERMAL");
+    EXPECT_NE(read_range_head(pc, "test.arf", read), "");
+    EXPECT_EQ(read.rangename.trimmed(), "kept");
+}
+
+TEST_F(range_files, wrong_files_are_failures_and_nothing_worse)
+{
+    std::string whole = range_file_bytes(plain_range(sight_kind::visual));
+    std::string binary;
+    for (int i = 0; i < 100000; ++i) binary += static_cast<char>(i * 7919 >> 3);
+    std::string range_too_large = whole;
+    range_too_large.replace(range_too_large.find("\r\n600\r\n"), 7, "\r\n40000\r\n");
+    for (const std::string& bytes : {std::string(), std::string("\r\n"), binary, std::string(5'000'000, '"'),
+                                     range_too_large, std::string(69, ',')})
+        EXPECT_NE(practice(bytes), "");
+    EXPECT_NE(read_range(pc, "none.arf", practice_entries, read), "");
+    EXPECT_NE(read_range(pc, data.ranges(), practice_entries, read), "") << "a folder";
+    EXPECT_NE(write_range(pc, data.ranges() + "/no folder/x.arf", read), "");
+    EXPECT_EQ(read.rangefile, "");
+}
+
+TEST_F(range_files, stored_paths_are_found_in_either_form)
+{
+    const std::string root = data.ranges();
+    const std::string icon = root + "/target icons/target1.ico";
+    for (const char* stored : {"/target icons/target1.ico", "\\target icons\\target1.ico",
+                               "target icons\\TARGET1.ICO", "\\Target Icons/target1.ico"})
+        EXPECT_EQ(icon_path(pc, root, stored), icon) << stored;
+    EXPECT_EQ(icon_path(pc, root, icon), icon);
+    EXPECT_EQ(icon_path(pc, root, "/none.ico"), root + "/none.ico");
+    EXPECT_EQ(stored_icon(pc, root, icon), "/target icons/target1.ico");
+    EXPECT_EQ(stored_icon(pc, root, "/elsewhere/x.ico"), "/elsewhere/x.ico");
+    EXPECT_EQ(stored_icon(pc, root, root + "x/y.ico"), root + "x/y.ico") << "beside, not inside";
+    EXPECT_TRUE(file_exists(pc, "VISUALRANGE.ARF"));
+}
+
+}   // namespace
+}   // namespace vorn

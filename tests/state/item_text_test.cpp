@@ -1,0 +1,118 @@
+#include "state/item_text.h"
+
+#include <gtest/gtest.h>
+
+#include "state/numbers.h"
+
+namespace vorn {
+namespace {
+
+TEST(item_text, what_is_written_reads_back)
+{
+    item_writer w;
+    w.put("");
+    w.put("a, \"quoted\"\r\nname  ");
+    w.put(true);
+    w.put(false);
+    w.put(int16(-32768));
+    w.put(std::int32_t{2147483647});
+    EXPECT_EQ(w.file_bytes(),
+              "\"\"\r\n\"a, 'quoted'  name  \"\r\n#TRUE#\r\n#FALSE#\r\n-32768\r\n2147483647\r\n");
+    item_reader r(w.file_bytes());
+    std::string empty = "x", text;
+    bool yes = false, no = true;
+    int16 small;
+    std::int32_t large = 0;
+    EXPECT_TRUE(r.take(empty) && r.take(text) && r.take(yes) && r.take(no) && r.take(small) && r.take(large));
+    EXPECT_EQ(empty, "");
+    EXPECT_EQ(text, "a, 'quoted'  name  ");
+    EXPECT_TRUE(yes);
+    EXPECT_FALSE(no);
+    EXPECT_EQ(small, -32768);
+    EXPECT_EQ(large, 2147483647);
+    EXPECT_FALSE(r.take(text));
+}
+
+TEST(item_text, items_end_at_any_line_end_and_at_commas_outside_quotes)
+{
+    item_reader r("1,2\n 3 \r\"a,b\"\r\n4");
+    std::int32_t n = 0;
+    std::string s;
+    for (const int expected : {1, 2, 3}) {
+        EXPECT_TRUE(r.take(n));
+        EXPECT_EQ(n, expected);
+    }
+    EXPECT_TRUE(r.take(s));
+    EXPECT_EQ(s, "a,b");
+    EXPECT_TRUE(r.take(n));
+    EXPECT_EQ(n, 4);
+    EXPECT_FALSE(r.take(n));
+}
+
+template <class field>
+bool takes(const std::string& bytes)
+{
+    item_reader r(bytes);
+    field f{};
+    const bool taken = r.take(f);
+    item_reader after(bytes + "\r\n#TRUE#");
+    field first{};
+    bool second = false;
+    EXPECT_EQ(after.take(first) && after.take(second), taken) << "a failure stops all that follows";
+    return taken;
+}
+
+TEST(item_text, an_item_of_the_wrong_form_or_out_of_its_fields_bounds_fails)
+{
+    EXPECT_TRUE(takes<int16>("32767"));
+    for (const char* bad :
+         {"32768", "-32769", "1.5", "0x10", "+3", "1 2", "\"1\"", "", "99999999999999999999", "#TRUE#"})
+        EXPECT_FALSE(takes<int16>(bad)) << bad;
+    EXPECT_FALSE(takes<std::int32_t>("2147483648"));
+    for (const char* bad : {"TRUE", "#true#", "1", "\"#TRUE#\""}) EXPECT_FALSE(takes<bool>(bad)) << bad;
+    for (const char* bad : {"word", "\"open", "\"", "\"a\"b\"", "12"})
+        EXPECT_FALSE(takes<std::string>(bad)) << bad;
+    EXPECT_FALSE(takes<std::string>(std::string("\"a\0b\"", 5)));
+}
+
+TEST(item_text, texts_in_either_encoding_come_out_as_utf8)
+{
+    item_writer latin, wide;
+    latin.put("M\xC3\xBCller");
+    wide.put("\xD0\x9F");
+    EXPECT_EQ(latin.file_bytes(), "\"M\xFCller\"\r\n");
+    EXPECT_EQ(wide.file_bytes(), "\"\xD0\x9F\"\r\n");
+    for (const item_writer* w : {&latin, &wide}) {
+        item_reader r(w->file_bytes());
+        std::string s;
+        EXPECT_TRUE(r.take(s));
+        EXPECT_EQ(s, w == &latin ? "M\xC3\xBCller" : "\xD0\x9F");
+    }
+}
+
+TEST(numbers, sixteen_bit_fields_stay_at_their_bounds_and_round_halves_to_even)
+{
+    int16 n = 32760;
+    n += 100;
+    EXPECT_EQ(n, 32767);
+    EXPECT_EQ(int16(-70000), -32768);
+    EXPECT_EQ(int16(1e30), 32767);
+    EXPECT_EQ(int16(std::numeric_limits<double>::quiet_NaN()), 0);
+    EXPECT_EQ(int16(2.5), 2);
+    EXPECT_EQ(int16(-3.5), -4);
+}
+
+TEST(numbers, texts_are_cut_and_padded_by_characters)
+{
+    padded<5> p;
+    p = "\xC3\xA4\xC3\xB6\xC3\xBCxyz";
+    EXPECT_EQ(p.text(), "\xC3\xA4\xC3\xB6\xC3\xBCxy");
+    p = "ab";
+    EXPECT_EQ(p.text(), "ab   ");
+    EXPECT_EQ(p.trimmed(), "ab");
+    EXPECT_EQ(number_text(1600), "1600");
+    EXPECT_EQ(number_text(100.0 / 3), "33.3333333333333");
+}
+
+}   // namespace
+}   // namespace vorn
