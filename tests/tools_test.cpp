@@ -1,0 +1,92 @@
+// The data that the trainer ships with: what a practice needs of it is there and fits together.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/files.h"
+#include "platform/headless/headless_machine.h"
+#include "ranges/rangefile.h"
+#include "trainer.h"
+
+namespace vorn {
+namespace {
+
+const std::string program_directory = VORN_SOURCE_DIR "/data";
+const std::string root = program_directory + "/ranges";
+
+std::vector<std::string> shipped_ranges()
+{
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(root))
+        if (entry.path().extension() == ".arf") files.push_back(entry.path().filename().string());
+    return files;
+}
+
+class shipped_range : public testing::TestWithParam<std::string> {};
+INSTANTIATE_TEST_SUITE_P(all, shipped_range, testing::ValuesIn(shipped_ranges()),
+                         [](const auto& file) { return std::filesystem::path(file.param).stem().string(); });
+
+int near_ones(const practice_state& range, int limit)
+{
+    // The positions that a practice draws from.
+    return static_cast<int>(std::count_if(range.targetrange.begin() + 1,
+                                          range.targetrange.begin() + practice_entries,
+                                          [limit](int metres) { return metres < limit; }));
+}
+
+TEST_P(shipped_range, is_whole_and_its_pictures_and_positions_fit)
+{
+    headless_machine pc;
+    ASSERT_TRUE(change_directory(pc, root));
+    practice_state range;
+    ASSERT_EQ(read_range(pc, GetParam(), all_entries, range), "");
+    EXPECT_TRUE(range.rangetype == "VISUAL" || range.rangetype == "THERMAL") << range.rangetype;
+    for (const std::string& icon : {range.targeticon1, range.targeticon2, range.targeticon3})
+        EXPECT_TRUE(pc.load_picture(icon_path(pc, root, icon)).result) << icon;
+
+    const loaded_picture country = pc.load_picture(range.rangepicture.trimmed());
+    ASSERT_TRUE(country.result) << country.reason;
+    EXPECT_GT(country.result->width, 20000);
+    EXPECT_GE(country.result->height, 6000);
+    for (std::size_t i = 1; i < positions; ++i) {
+        EXPECT_GE(range.targetx[i], 0) << i;
+        EXPECT_GE(range.targety[i], 0) << i;
+        EXPECT_LE(range.targetx[i] + largest_target, country.result->width) << i;
+        EXPECT_LE(range.targety[i] + largest_target, country.result->height) << i;
+        EXPECT_GE(range.targetrange[i], 600) << i;
+    }
+    EXPECT_GE(near_ones(range, 1300), 1) << "for a coax target";
+    EXPECT_GE(near_ones(range, 1600), 1) << "for a FIN target";
+}
+
+// By the road a user takes, so that the names by which the screens know the shipped files count as well.
+TEST(shipped_data, carries_a_practice_on_either_sight)
+{
+    headless_machine pc;
+    pc.default_directory = program_directory;
+    trainer t(pc);
+    pc.event([&] { start_program(t); });
+    pc.click(t.intro.lblstart);
+    pc.click(t.startsim.Optcon2);
+    EXPECT_EQ(t.shared.rangetype, "VISUAL");
+    for (gunnery_screen* s : {&t.simulator, &t.thermal}) {
+        t.shared.rectime.fill(0);
+        pc.answers = {{true, 0}};
+        pc.click(t.startsim.Cmdstart);
+        ASSERT_EQ(front(pc), &s->window);
+        pc.click(s->Cmdstartsim);
+        pc.advance(300);
+        EXPECT_FALSE(s->simrunning);
+        EXPECT_EQ(std::count(t.shared.rectime.begin() + 1, t.shared.rectime.begin() + 7, 100), 6);
+        EXPECT_GE(*std::min_element(t.shared.recrange.begin() + 1, t.shared.recrange.begin() + 7), 600);
+        pc.click(s->Cmdmain);
+        pc.click(t.startsim.Optmode2);
+    }
+    EXPECT_EQ(t.shared.resultmode, "THERMAL");
+    pc.click(t.startsim.Cmdhelpon);
+    EXPECT_TRUE(file_exists(pc, pc.of_kind("help").at(0)));
+}
+
+}   // namespace
+}   // namespace vorn
