@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "gunnery/gunnery.h"
+
 namespace vorn {
 
 namespace fs = std::filesystem;
@@ -106,6 +108,46 @@ void drill::start()
 {
     if (screen().window.state != form_state::shown) set_up();
     pc.click(screen().Cmdstartsim);
+}
+
+void drill::present(int position)
+{
+    t.luck.source = [position] { return draw_of(position); };
+    start();
+    pc.advance(8);
+    ASSERT_TRUE(screen().Imgtargets.Visible);
+}
+
+void drill::target_at(double left, double top)
+{
+    screen().Imgtargets.Left = left;
+    screen().Imgtargets.Top = top;
+}
+
+void drill::tap(int key)
+{
+    pc.key_down(key);
+    pc.key_up(key);
+}
+
+void drill::hold(int key, double seconds)
+{
+    pc.key_down(key);
+    pc.wait(seconds);
+    pc.key_up(key);
+}
+
+void drill::lay_on(double across, double down)
+{
+    const auto step = [this](int less, int more, double off) {
+        if (std::abs(off) > 15) hold(off > 0 ? more : less, std::abs(off) > 400 ? 0.1 : 0.017);
+    };
+    for (int i = 0; i < 400; ++i) {
+        step('H', 'J', aimacross(screen()) - across);
+        step('U', 'N', aimdown(screen()) - down);
+    }
+    EXPECT_NEAR(aimacross(screen()), across, 30);
+    EXPECT_NEAR(aimdown(screen()), down, 30);
 }
 
 double drill::to_the_end()

@@ -52,6 +52,15 @@ struct drill {
     void start();
     gunnery_screen& screen() { return kind == sight_kind::visual ? t.simulator : t.thermal; }
     std::string crew() { return screen().lblcrew.Caption; }
+    // Starts a practice and waits until the target of the first order is up at this position.
+    void present(int position);
+    // Puts the target where the sums of a drill want it.
+    void target_at(double left, double top);
+    // A key, down and up; and one held for so many seconds.
+    void tap(int key);
+    void hold(int key, double seconds);
+    // Brings the target's centre under a point beside the aim point, by keys, as a gunner does.
+    void lay_on(double across = 0, double down = 0);
     // Runs until the practice is over; gives the seconds that took.
     double to_the_end();
     // The moments of the crew lines that begin so.

@@ -13,6 +13,13 @@ void playsound(trainer& t, gunnery_screen& s, const std::string& file)
     if (t.shared.soundson) t.pc.play(t.shared.rootpath + path_separator + "wavs" + path_separator + file);
 }
 
+void effect(trainer& t, gunnery_screen& s, const std::string& file)
+{
+    if (!s.voicebusy) return playsound(t, s, file);
+    s.soundfile = file;
+    t.pc.close_sound();
+}
+
 void say(trainer& t, gunnery_screen& s, const std::string& file)
 {
     if (t.shared.voiceson) playsound(t, s, file);
@@ -57,6 +64,7 @@ void callrange(trainer& t, gunnery_screen& s)
 static void thermal_on(trainer& t, gunnery_screen& s)
 {
     s.lblcrew.Caption += "ON !!";
+    choosestadia(s);
     say(t, s, "on.wav");
 }
 

@@ -216,7 +216,16 @@ void thermal_display(gunnery_screen& s)
     add(f, s.Lblrange, bold(label(at(5), "10.0 S", colour::live)));
 }
 
-void sight_window(gunnery_screen& s, rectangle window, rectangle range, rectangle aim)
+void explosion(gunnery_screen& s)
+{
+    int n = 0;
+    for (screen_object& frame : s.Imgexp)
+        add(s.window, frame, hidden(image({0, 0, 480, 480}, ":explosion" + std::to_string(n++))),
+            &s.Picrange);
+    add(s.window, s.Imgexplode, hidden(image({0, 0, 480, 480})), &s.Picrange);
+}
+
+void range_and_target(gunnery_screen& s, rectangle window, rectangle range)
 {
     form& f = s.window;
     add(f, s.Picrange, placed(object_kind::sight, window));
@@ -224,24 +233,58 @@ void sight_window(gunnery_screen& s, rectangle window, rectangle range, rectangl
     for (screen_object* o : {&s.Imgtargetfin, &s.Imgtargethesh, &s.Imgtargetcoax})
         add(f, *o, hidden(image({0, 0, 480, 480}, ":target")), &s.Picrange);
     add(f, s.Imgtargets, hidden(image({0, 0, 480, 480})), &s.Picrange);
-    add(f, s.mbs1, shape(aim, shape_kind::filled_ellipse, colour::sight), &s.Picrange);
+    explosion(s);
+    add(f, s.ammo, hidden(shape({0, 0, 30, 30}, shape_kind::filled_ellipse, colour::tracer)), &s.Picrange);
+}
+
+// The scales run at about 200 twips to 100 metres, the drop of a HESH round; they do nothing.
+void visual_scales(gunnery_screen& s)
+{
+    const auto column = [&](rectangle at, const char* drawing) {
+        caption(s, &s.Picrange, image(at, drawing));
+    };
+    column({2880, 2520, 375, 3255}, ":scale_left");
+    column({6360, 2520, 255, 3495}, ":scale_right");
+    column({3480, 2430, 255, 2775}, ":ticks");
+    column({5640, 2430, 255, 2775}, ":ticks");
+    const rectangle graticule[] = {{2640, 1560, 795, 795}, {3360, 1560, 795, 795}, {4200, 1560, 795, 795},
+                                   {5160, 1560, 795, 795}, {6000, 1560, 795, 795}, {3885, 2520, 795, 795},
+                                   {4680, 2520, 795, 795}, {3885, 3330, 795, 795}, {4680, 3330, 795, 795},
+                                   {3615, 4080, 795, 735}, {4260, 4080, 795, 795}, {4920, 4080, 795, 735},
+                                   {3360, 4920, 795, 675}, {4260, 4920, 795, 675}, {5160, 4920, 795, 675}};
+    int n = 0;
+    for (const rectangle& at : graticule) column(at, (":graticule" + std::to_string(n++)).c_str());
 }
 
 void visual_sight(gunnery_screen& s)
 {
     form& f = s.window;
-    sight_window(s, {5760, 1400, 8850, 6615}, {-45600, -12000, 64425, 31815}, {4525, 1140, 30, 30});
-    add(f, s.mbs, shape({4410, 1035, 250, 250}, shape_kind::ellipse, colour::sight), &s.Picrange);
+    range_and_target(s, {5760, 1400, 8850, 6615}, {-45600, -12000, 64425, 31815});
+    visual_scales(s);
     add(f, s.laze, hidden(shape({4080, 960, 900, 390}, shape_kind::ellipse, colour::sight)), &s.Picrange);
-    add(f, s.ammo, hidden(shape({0, 0, 30, 30}, shape_kind::filled_ellipse, colour::sight)), &s.Picrange);
+    add(f, s.mbs, shape({4410, 1035, 250, 250}, shape_kind::ellipse, colour::sight), &s.Picrange);
+    add(f, s.mbs1, shape({4525, 1140, 30, 30}, shape_kind::filled_ellipse, colour::sight), &s.Picrange);
 }
 
 void thermal_sight(gunnery_screen& s)
 {
-    sight_window(s, {3630, 1875, 9465, 5775}, {-7080, -3720, 21780, 11520}, {4700, 2600, 55, 50});
-    s.mbs1.Visible = s.mbs1.design->Visible = false;
-    add(s.window, s.ammo, hidden(shape({0, 0, 30, 30}, shape_kind::filled_ellipse, colour::sight)),
+    form& f = s.window;
+    range_and_target(s, {3630, 1875, 9465, 5775}, {-7080, -3720, 21780, 11520});
+    add(f, s.mbs1, hidden(shape({4700, 2600, 55, 50}, shape_kind::filled_ellipse, colour::sight)),
         &s.Picrange);
+    const rectangle mark{4480, 2400, 480, 480};
+    int n = 0;
+    for (screen_object& holder : s.Imgstadia1)
+        add(f, holder, hidden(image(mark, ":stadia" + std::to_string(n++))), &s.Picrange);
+    add(f, s.Imgstadia, image({4485, 2400, 480, 480}, ":stadia0"), &s.Picrange);
+    add(f, s.Imglam, hidden(image(mark, ":lam")), &s.Picrange);
+    add(f, s.imgbam, hidden(image({4500, 2400, 480, 480}, ":bam")), &s.Picrange);
+    add(f, s.Imgrevfin, hidden(image({4180, 2520, 1080, 240}, ":revfin")), &s.Picrange);
+    add(f, s.Imgrevhesh, hidden(image({4180, 2480, 1080, 375}, ":revhesh")), &s.Picrange);
+    for (const auto& [at, words] : {std::pair{rectangle{9170, 1080, 280, 300}, "X "},
+                                    {rectangle{0, 2040, 700, 300}, "X X X"},
+                                    {rectangle{9170, 3480, 280, 300}, "X"}})
+        caption(s, &s.Picrange, bold(label(at, words, colour::sight)));
 }
 
 }   // namespace

@@ -34,6 +34,14 @@ struct gunnery_screen {
     screen_object mbs1;                                         // the aim point
     screen_object laze;                                         // mark left by a lase; visual
     screen_object ammo;                                         // the round in flight
+    screen_object Imgstadia;   // stadia mark, shown when no weapon is selected; thermal, as those that follow
+    screen_object Imglam;      // laser aiming mark
+    screen_object imgbam;      // ballistic aiming mark
+    screen_object Imgrevfin, Imgrevhesh;   // reversionary marks
+    screen_object
+        Imgstadia1[4];   // holders of the stadia pictures, from the nearest class of target to the farthest
+    screen_object Imgexplode;   // the explosion
+    screen_object Imgexp[16];   // holders of its pictures
 
     // Panels.
     screen_object Frame1;           // "CONTROL PANEL", which holds those below
@@ -85,11 +93,32 @@ struct gunnery_screen {
     bool hasfired = false;   // a round has gone at this target
     int resets = 0;          // resets and unloads so far: tells a handler that its practice is gone
 
+    // The traverse: base steps in twips, not 0 while a direction is held, and the ticks that a move has
+    // lasted.
+    int16 traversestep, elevatestep;
+    int16 traverseaccel;   // one counter for all four directions; visual
+
     // The gun and the fire control.
     int layspeed = 0;   // twips a step of the autolay; visual
     bool gunloaded = false;
-    bool ammoarmed = false;     // a weapon is selected
-    bool layready = false;      // autolay may run once
+    bool ammoarmed = false;                 // a weapon is selected
+    bool lazed = false;                     // a range has been taken and the next round may use it
+    bool layready = false;                  // autolay may run once
+    int chargecount = 0;                    // Timchrg ticks; visual
+    int autolaycount = 0;                   // timautolay ticks, kept from one press to the next
+    bool autolayheld = false;               // the input has been held for the full count
+    bool autolaydown = false;               // it is held down now; visual
+    double relayed = 0;                     // twips that the last re-lay moved; visual
+    int ammoselected = 0;                   // nature of the selected round, compared with that of the target
+    int16 ammoindex;                        // place in the cycle FIN, DST, HESH
+    int16 spreadx, spready;                 // of the round in flight, twips
+    bool heshcorrecting = false;            // the first HESH round has gone: the switch takes the correction
+    int correctstep = 0;                    // presses of the switch in the correction, 0 to 2
+    float correctfrom = 0, correctto = 0;   // the picture's Left at the first and the second press
+    float heshcorrection = 0;               // sideways correction put on by the gunner, twips
+    int aimrow = 0;                         // row of the record that took the aim of the round in flight
+    int explodeframe = 0;
+    int coaxhits = 0;           // bursts that have hit since the last kill
     bool coaxrunning = false;   // visual
     float leadperstep = 0;      // sideways move per twip of lay, for the wind; visual
     bool coaxfired = false;     // the coax has fired since the last deselect; visual

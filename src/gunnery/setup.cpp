@@ -180,7 +180,12 @@ void load_gunnery(gunnery_screen& s)
 {
     s.resets += 1;
     s.targetnumber = 0;
+    s.traversestep = 0;
+    s.elevatestep = 0;
+    s.traverseaccel = 0;
+    s.lazed = false;
     s.layready = false;
+    s.autolaydown = false;
     if (s.visual()) s.layspeed = 3;
     start(s.Timer1);
 }
@@ -224,8 +229,13 @@ void make_gunnery(trainer& t, gunnery_screen& s)
     design_gunnery(s);
     make_setup(t, s);
     make_sequencer(t, s);
+    make_traverse(s);
+    make_laser(s);
+    make_autolay(t, s);
     make_armament(t, s);
+    make_coax(t, s);
     make_crew(t, s);
+    make_input(t, s);
 }
 
 }   // namespace vorn

@@ -15,6 +15,13 @@ struct slew_numbers {
     double step;
 };
 
+// Where a picture stops: its left or top edge to the one side, so much of it left in the window to the other.
+struct limit_numbers {
+    double near;     // Left and Top beyond which it goes no further right and down
+    double across;   // of its Width, and
+    double down;     // of its Height that stay
+};
+
 struct sight_numbers {
     const char* resultmode;     // the sight's word in the record
     int timer1;                 // milliseconds
@@ -23,26 +30,54 @@ struct sight_numbers {
     int far;                    // from this range on a target has its smallest width
     slew_numbers right, left;   // with the target left of the sight, and not
     slew_numbers down, up;      // with the target above it, and not
-    bool eventsinlay;           // the lay lets events run between its steps
-    int loadedat;               // loader's count at which the gun is loaded
-    int heldticks;              // Timvoice ticks after which a held call is over
+    int pressstep;              // twips a tick while a direction is held
+    bool accelerates;           // each tick moves one twip more than the last
+    limit_numbers keylimits;    // of the directions held
+    limit_numbers sticklimits;
+    bool eventsinlay;   // the lay lets events run between its steps
+    int loadedat;       // loader's count at which the gun is loaded
+    int layhold;        // timautolay ticks that pass before the lay
+    int heldticks;      // Timvoice ticks after which a held call is over
 };
 
 inline constexpr sight_numbers visualsight{
-    "VISUAL",          1,    600, 660, 2200, {4000, 200, 350}, {4000, 200, -350}, {3000, 100, 250},
-    {3000, 100, -250}, true, 4,   4};
-inline constexpr sight_numbers thermalsight{"THERMAL",
-                                            10,
-                                            std::numeric_limits<int>::min(),
-                                            560,
-                                            std::numeric_limits<int>::max(),
-                                            {800, 600, 50},
-                                            {2000, 800, -50},
-                                            {700, 400, 50},
-                                            {1800, 300, -50},
-                                            false,
-                                            5,
-                                            3};
+    .resultmode = "VISUAL",
+    .timer1 = 1,
+    .nearest = 600,
+    .widest = 660,
+    .far = 2200,
+    .right = {4000, 200, 350},
+    .left = {4000, 200, -350},
+    .down = {3000, 100, 250},
+    .up = {3000, 100, -250},
+    .pressstep = 20,
+    .accelerates = true,
+    .keylimits = {-100, 4500, 4000},
+    .sticklimits = {-100, 4500, 3000},
+    .eventsinlay = true,
+    .loadedat = 4,
+    .layhold = 3,
+    .heldticks = 4,
+};
+inline constexpr sight_numbers thermalsight{
+    .resultmode = "THERMAL",
+    .timer1 = 10,
+    .nearest = std::numeric_limits<int>::min(),
+    .widest = 560,
+    .far = std::numeric_limits<int>::max(),
+    .right = {800, 600, 50},
+    .left = {2000, 800, -50},
+    .down = {700, 400, 50},
+    .up = {1800, 300, -50},
+    .pressstep = 30,
+    .accelerates = false,
+    .keylimits = {-10, 9500, 5800},
+    .sticklimits = {-100, 5000, 3000},
+    .eventsinlay = false,
+    .loadedat = 5,
+    .layhold = 2,
+    .heldticks = 3,
+};
 
 // A target's width at a range: larger divisors make larger targets.
 inline constexpr double smallest_target = 160;

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "gunnery/count.h"
 #include "gunnery/gunnery.h"
 #include "trainer.h"
 
@@ -12,15 +13,6 @@ constexpr double frame_seconds = 1.0 / 60;
 constexpr double longest_slew = 0.45;   // seconds: with one across and one down a lay is over within a second
 constexpr int most_pauses =
     1000;   // of a slew: a target millions of twips away must not hold up the practice
-
-using coordinate = double object_fields::*;
-
-// How many counts there are from a value to an end, the first one included; none when the value is past it.
-int counts(double from, double to, double step)
-{
-    const double n = std::floor((to - from) / step);
-    return n < 0 ? 0 : static_cast<int>(std::min(n, 1e9)) + 1;
-}
 
 // Lets one count be seen. False when the practice has gone meanwhile.
 bool showcount(trainer& t, const gunnery_screen& s, double seconds, int resets)

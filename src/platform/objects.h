@@ -25,7 +25,8 @@ enum class colour {
     darkred,     // half red
     white,
     black,
-    sight,   // marks of the sight picture, readable over sky and ground
+    sight,    // marks of the sight picture, readable over sky and ground
+    tracer,   // a round in flight
 };
 
 enum class alignment { left, centre, right };

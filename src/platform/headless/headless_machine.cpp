@@ -239,6 +239,12 @@ void headless_machine::run_until(double moment)
     clock_ = std::max(clock_, moment);
 }
 
+void headless_machine::wait(double seconds)
+{
+    goal_ = clock_;
+    advance(seconds);
+}
+
 void headless_machine::advance(double seconds)
 {
     goal_ = std::max(goal_ + seconds, clock_);

@@ -73,6 +73,8 @@ public:
 
     // Lets so much time go by. Moments count from the start: what a handler takes of it is not added.
     void advance(double seconds);
+    // Lets so much time go by from this moment on, as a gunner counts who has just seen something.
+    void wait(double seconds);
     // Does something at a moment from now, also when a handler lets events run or a box is open then.
     void later(double seconds, std::function<void()> action);
     // Logs each change of this caption.

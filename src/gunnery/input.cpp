@@ -1,0 +1,110 @@
+#include "gunnery/gunnery.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+using operation = void (*)(trainer&, gunnery_screen&);
+
+struct key_row {
+    int code;   // virtual key code: the letter
+    operation down;
+    operation up;
+    bool running;   // works only in a practice; the release always does
+};
+
+template <direction d>
+void press(trainer&, gunnery_screen& s)
+{
+    pressdirection(s, d);
+}
+
+template <direction d>
+void release(trainer&, gunnery_screen& s)
+{
+    releasedirection(s, d);
+}
+
+// The keys take the buttons' actions and don't look whether the button is enabled.
+template <screen_object gunnery_screen::*button>
+void click(trainer&, gunnery_screen& s)
+{
+    (s.*button).Click();
+}
+
+// The repeats of a held key don't start the visual lay again.
+void pressautolaykey(trainer&, gunnery_screen& s)
+{
+    if (!s.visual() || !s.autolaydown) pressautolay(s);
+}
+
+void nothing(trainer&, gunnery_screen&) {}
+
+constexpr key_row keys[] = {
+    {'U', press<direction::up>, release<direction::up>, false},
+    {'H', press<direction::left>, release<direction::left>, false},
+    {'J', press<direction::right>, release<direction::right>, false},
+    {'N', press<direction::down>, release<direction::down>, false},
+    {'Q', click<&gunnery_screen::Cmdcoax>, nothing, true},
+    {'W', click<&gunnery_screen::Cmdoff>, nothing, true},
+    {'E', click<&gunnery_screen::Cmdselectmain>, nothing, true},
+    {'R', click<&gunnery_screen::Cmdmaingun>, nothing, true},
+    {'A', keylaze, nothing, true},
+    {'S', pressautolaykey, releaseautolay, true},
+    {'D', keyfire, keycoaxstop, true},
+};
+
+struct stick_row {
+    operation down;
+    operation up;
+};
+constexpr stick_row stickbuttons[] = {{keyfire, keycoaxstop},
+                                      {click<&gunnery_screen::Cmdmaingun>, nothing},
+                                      {keylaze, nothing},
+                                      {pressautolaykey, releaseautolay}};
+
+void key(trainer& t, gunnery_screen& s, int code, bool down)
+{
+    if (!t.shared.keyboardselected) return;
+    for (const key_row& k : keys)
+        if (k.code == code && (!down || !k.running || s.simrunning)) (down ? k.down : k.up)(t, s);
+}
+
+void stickbutton(trainer& t, gunnery_screen& s, int number, bool down)
+{
+    if (!s.simrunning || !t.shared.joyselected || number < 1 || number > 4) return;
+    const stick_row& b = stickbuttons[number - 1];
+    (down ? b.down : b.up)(t, s);
+}
+
+void mouse_buttons(trainer& t, gunnery_screen& s)
+{
+    const std::pair<screen_object*, direction> arrows[] = {{&s.Cmdup, direction::up},
+                                                           {&s.Cmdleft, direction::left},
+                                                           {&s.Cmdright, direction::right},
+                                                           {&s.Cmddown, direction::down}};
+    for (const auto& [o, d] : arrows) {
+        o->MouseDown = [&s, d = d] { pressdirection(s, d); };
+        o->MouseUp = [&s, d = d] { releasedirection(s, d); };
+    }
+    s.Cmdlaze.MouseDown = [&t, &s] { keylaze(t, s); };
+    // It has no release: the visual screen lays after the hold, the thermal one at once.
+    s.Cmdautolay.MouseDown = [&t, &s] { s.visual() ? pressautolay(s) : keyautolay(t, s); };
+    s.Cmdfire.MouseDown = [&t, &s] { keyfire(t, s); };
+    s.Cmdfire.MouseUp = [&t, &s] { keycoaxstop(t, s); };
+}
+
+}   // namespace
+
+void make_input(trainer& t, gunnery_screen& s)
+{
+    mouse_buttons(t, s);
+    s.window.KeyDown = [&t, &s](int code) { key(t, s, code, true); };
+    s.window.KeyUp = [&t, &s](int code) { key(t, s, code, false); };
+    s.window.ButtonDown = [&t, &s](int number) { stickbutton(t, s, number, true); };
+    s.window.ButtonUp = [&t, &s](int number) { stickbutton(t, s, number, false); };
+    s.window.Move = [&t, &s](long x, long y) { movestick(t, s, x, y); };
+}
+
+}   // namespace vorn

@@ -1,0 +1,176 @@
+#include "gunnery/count.h"
+#include "gunnery/gunnery.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr double jump_seconds = 0.25;   // the drop of the thermal sight is seen as little more than a jump
+constexpr int nearest_range = 600;      // metres, of the visual laser
+
+bool betweensides(const gunnery_screen& s)
+{
+    const double left = s.Imgtargets.Left;
+    return left < s.mbs1.Left && left + s.Imgtargets.Width > s.mbs1.Left;
+}
+
+// The visual sight takes the lower edge against the top of the ring: the dot may lie a little under the
+// target.
+bool betweenedges(const gunnery_screen& s)
+{
+    const double top = s.Imgtargets.Top;
+    const double lower = s.visual() ? s.mbs.Top : s.mbs1.Top;
+    return top < s.mbs1.Top && top + s.Imgtargets.Height > lower;
+}
+
+void recordlaze(trainer& t, const gunnery_screen& s)
+{
+    const auto row = static_cast<std::size_t>(t.shared.engagement);
+    t.shared.reclazex[row] = aimacross(s);
+    t.shared.reclazey[row] = aimdown(s);
+}
+
+int16& rangehere(trainer& t, const gunnery_screen& s)
+{
+    return t.shared.targetrange[static_cast<std::size_t>(s.currenttarget)];
+}
+
+void place(screen_object& mark, double left, double top, double width, double height)
+{
+    mark.Left = left;
+    mark.Top = top;
+    mark.Width = width;
+    mark.Height = height;
+}
+
+// A mark of chance height at the aim point: a lase off the target's side.
+void straymark(trainer& t, screen_object& mark, double middle, double top)
+{
+    const double height = Int(Rnd(t.luck) * 600);
+    place(mark, middle - height, top, 2 * height, height);
+    mark.Visible = true;
+}
+
+void visual_mark(trainer& t, gunnery_screen& s)
+{
+    if (!s.Imgtargets.Visible) {
+        place(s.laze, s.mbs1.Left, s.mbs1.Top, 200, 100);
+        s.laze.Visible = true;
+    } else if (!betweensides(s)) {
+        straymark(t, s.laze, s.mbs.Left, s.mbs1.Top);
+    } else if (betweenedges(s)) {
+        const double height = s.Imgtargets.Height;
+        place(s.laze, s.mbs1.Left - (height - 30), s.mbs1.Top - (height / 2 - 30), 2 * height, height);
+        if (t.shared.systemstatus < 2) s.laze.Visible = true;
+    } else {
+        return;   // above or below it: no mark, and no lay
+    }
+    s.layready = true;
+}
+
+void visual_laze(trainer& t, gunnery_screen& s)
+{
+    if (t.shared.systemstatus >= 3) return;
+    s.Lblcharge.Visible = false;
+    start(s.Timchrg);
+    s.heshcorrecting = false;
+    recordlaze(t, s);
+    if (rangehere(t, s) < nearest_range) rangehere(t, s) = nearest_range;
+    s.Lblrange.Caption = std::to_string(rangehere(t, s));
+    s.Cmdautolay.Enabled = true;
+    s.lazed = true;
+    if (s.ammoarmed) visual_mark(t, s);
+}
+
+void marktarget(trainer& t, gunnery_screen& s)
+{
+    const double size = s.Imgtargets.Height;
+    for (screen_object* mark : {&s.imgbam, &s.Imglam})
+        place(*mark, s.mbs1.Left - (size / 2 - 30), s.mbs1.Top - (size / 2 - 30), size, size);
+    s.imgbam.Visible = true;
+    s.layready = true;
+    t.shared.recwidth[static_cast<std::size_t>(t.shared.engagement)] = s.Imgtargets.Width;
+}
+
+void thermal_mark(trainer& t, gunnery_screen& s)
+{
+    if (!s.Imgtargets.Visible) {
+        const double half = s.imgbam.Width / 2;
+        place(s.imgbam, s.mbs1.Left - half, s.mbs1.Top - half, 200, 100);
+        s.imgbam.Visible = true;
+    } else if (!betweensides(s)) {
+        straymark(t, s.imgbam, s.mbs1.Left, s.mbs1.Top);
+        s.layready = true;
+    } else if (betweenedges(s)) {
+        marktarget(t, s);
+    }
+}
+
+void showrange(trainer& t, gunnery_screen& s)
+{
+    s.Lblrange.Caption = std::to_string(rangehere(t, s)) + s.rangesuffix;
+}
+
+void thermal_laze(trainer& t, gunnery_screen& s)
+{
+    s.heshcorrecting = false;
+    recordlaze(t, s);
+    showrange(t, s);
+    s.Cmdautolay.Enabled = true;
+    s.lazed = true;
+    if (s.ammoarmed) thermal_mark(t, s);
+}
+
+// With the system degraded the press drops the sight to its reversionary mark; the aim doesn't matter.
+void degraded_laze(trainer& t, gunnery_screen& s)
+{
+    showrange(t, s);
+    t.shared.recwidth[static_cast<std::size_t>(t.shared.engagement)] = s.Imgtargets.Width;
+    reversionarydrop(t, s);
+}
+
+// The charge comes back on the second tick. Nothing tests it: the laser can be fired again at once.
+void timchrg_tick(gunnery_screen& s)
+{
+    s.chargecount += 1;
+    if (s.chargecount != 2) return;
+    s.chargecount = 0;
+    s.Lblcharge.Visible = true;
+}
+
+}   // namespace
+
+double aimacross(const gunnery_screen& s)
+{
+    return s.Imgtargets.Width / 2 + s.Imgtargets.Left - s.mbs1.Left;
+}
+
+double aimdown(const gunnery_screen& s)
+{
+    return s.Imgtargets.Height / 2 + s.Imgtargets.Top - s.mbs1.Top;
+}
+
+void reversionarydrop(trainer& t, gunnery_screen& s)
+{
+    const bool fin = s.Lblammotype.Caption == "FIN" || s.Lblammotype.Caption == "DST";
+    (fin ? s.Imgrevfin : s.Imgrevhesh).Visible = true;
+    const double top = s.Imgtargets.Top;
+    count(t.pc, top, top - s.currentrange / 2.0, -5, jump_seconds, [&](double) {
+        movepicture(s, &object_fields::Top, -5);
+        s.Imglam.Visible = false;
+    });
+}
+
+void keylaze(trainer& t, gunnery_screen& s)
+{
+    if (s.visual()) return visual_laze(t, s);
+    t.shared.systemstatus < 2 ? thermal_laze(t, s) : degraded_laze(t, s);
+}
+
+void make_laser(gunnery_screen& s)
+{
+    if (s.visual()) add(s.window, s.Timchrg, 1000, [&s] { timchrg_tick(s); });
+}
+
+}   // namespace vorn

@@ -1,0 +1,95 @@
+#include "gunnery/count.h"
+#include "gunnery/gunnery.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+struct direction_row {
+    timer gunnery_screen::*clock;
+    int16 gunnery_screen::*step;
+    coordinate along;
+    coordinate extent;   // of the picture, in that direction
+    int sign;            // of the picture's move
+    int faster;          // what a tick adds to the count of ticks, and
+    int weight;          // how that count goes into the step
+};
+
+// The directions are those of the view; the picture goes the other way.
+const direction_row rows[] = {{&gunnery_screen::Timleft, &gunnery_screen::traversestep, &object_fields::Left,
+                               &object_fields::Width, 1, 1, 1},
+                              {&gunnery_screen::Timright, &gunnery_screen::traversestep, &object_fields::Left,
+                               &object_fields::Width, -1, 1, -1},
+                              {&gunnery_screen::Timup, &gunnery_screen::elevatestep, &object_fields::Top,
+                               &object_fields::Height, 1, -1, -1},
+                              {&gunnery_screen::Timdown, &gunnery_screen::elevatestep, &object_fields::Top,
+                               &object_fields::Height, -1, 1, -1}};
+
+const direction_row& row_of(direction d)
+{
+    return rows[static_cast<int>(d)];
+}
+
+bool within(const gunnery_screen& s, const limit_numbers& limits, const direction_row& d)
+{
+    const double at = s.Imgrange.*d.along;
+    const double stays = d.along == &object_fields::Left ? limits.across : limits.down;
+    return d.sign > 0 ? at < limits.near : at > 1 - s.Imgrange.*d.extent + stays;
+}
+
+// The limit is tested before the move, and outside it nothing at all happens: the count of ticks stands too.
+void tick(gunnery_screen& s, const direction_row& d)
+{
+    if (!within(s, s.numbers.keylimits, d)) return;
+    if (s.numbers.accelerates) s.traverseaccel += d.faster;
+    movepicture(s, d.along, s.*d.step + d.weight * s.traverseaccel);
+}
+
+// The excess of the stick over the dead band, one twip for each full 100 units. Rounding down makes it
+// lopsided: just past the lower bound the picture moves at once, past the upper one only after 100 units.
+void stick_axis(gunnery_screen& s, direction below, direction above, double at, double centre, double factor)
+{
+    const double low = centre - 2 * factor, high = centre + 2 * factor;
+    if (at < low && within(s, s.numbers.sticklimits, row_of(below)))
+        movepicture(s, row_of(below).along, -Int((at - low) / 100));
+    if (at > high && within(s, s.numbers.sticklimits, row_of(above)))
+        movepicture(s, row_of(above).along, -Int((at - high) / 100));
+}
+
+}   // namespace
+
+void movepicture(gunnery_screen& s, coordinate along, double twips)
+{
+    s.Imgtargets.*along += twips;
+    s.Imgrange.*along += twips;
+}
+
+void pressdirection(gunnery_screen& s, direction d)
+{
+    s.*row_of(d).step = row_of(d).sign * s.numbers.pressstep;
+    start(s.*row_of(d).clock);
+}
+
+void releasedirection(gunnery_screen& s, direction d)
+{
+    stop(s.*row_of(d).clock);
+    s.*row_of(d).step = 0;
+    s.traverseaccel = 0;
+}
+
+void movestick(const trainer& t, gunnery_screen& s, long x, long y)
+{
+    if (!t.shared.joyselected) return;
+    stick_axis(s, direction::up, direction::down, static_cast<double>(y), t.shared.joyycentre,
+               t.shared.joyyfactor);
+    stick_axis(s, direction::left, direction::right, static_cast<double>(x), t.shared.joyxcentre,
+               t.shared.joyxfactor);
+}
+
+void make_traverse(gunnery_screen& s)
+{
+    for (const direction_row& d : rows) add(s.window, s.*d.clock, 1, [&s, &d] { tick(s, d); });
+}
+
+}   // namespace vorn

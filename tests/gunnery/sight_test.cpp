@@ -1,0 +1,349 @@
+// The gunner's eye: traverse, laser and autolay, against sums worked out by hand.
+#include <gtest/gtest.h>
+
+#include "drill.h"
+#include "gunnery/gunnery.h"
+
+namespace vorn {
+namespace {
+
+constexpr double tick = 0.016;
+
+// A screen with a practice set up and the picture far from every limit.
+struct traverse : testing::TestWithParam<sight_kind> {
+    drill d{GetParam()};
+    gunnery_screen& s = d.screen();
+    bool visual = s.visual();
+
+    traverse()
+    {
+        d.set_up();
+        s.Imgtargets.Left = 500;
+        s.Imgtargets.Top = 700;
+    }
+    void ticks(int n) { d.pc.wait(n * tick + 0.001); }
+};
+INSTANTIATE_TEST_SUITE_P(sights, traverse, testing::Values(sight_kind::visual, sight_kind::thermal),
+                         [](const auto& p) { return p.param == sight_kind::visual ? "visual" : "thermal"; });
+
+TEST_P(traverse, a_held_key_moves_picture_and_target_alike_and_stops_at_once)
+{
+    const double five = visual ? 5 * 20 + 15 : 5 * 30;
+    const double left = s.Imgrange.Left, top = s.Imgrange.Top;
+    const struct {
+        int key;
+        double across, down;
+    } keys[] = {{'H', five, 0}, {'J', 0, 0}, {'U', 0, five}, {'N', 0, 0}};
+    for (const auto& k : keys) {
+        d.pc.key_down(k.key);
+        ticks(2);
+        d.pc.key_down(k.key);   // the keyboard's repeat changes nothing
+        d.pc.wait(3 * tick);
+        d.pc.key_up(k.key);
+        ticks(10);
+        EXPECT_DOUBLE_EQ(s.Imgrange.Left, left + k.across) << static_cast<char>(k.key);
+        EXPECT_DOUBLE_EQ(s.Imgrange.Top, top + k.down) << static_cast<char>(k.key);
+        EXPECT_DOUBLE_EQ(s.Imgtargets.Left, 500 + k.across);
+        EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 700 + k.down);
+    }
+}
+
+TEST_P(traverse, limits_are_tested_before_the_move)
+{
+    const struct {
+        int key;
+        double object_fields::*along;
+        double stops, goes;   // the picture at and just within the limit
+    } limits[] = {
+        {'H', &object_fields::Left, visual ? -100.0 : -10.0, visual ? -101.0 : -11.0},
+        {'U', &object_fields::Top, visual ? -100.0 : -10.0, visual ? -101.0 : -11.0},
+        {'J', &object_fields::Left, visual ? 1 - 64425.0 + 4500 : 1 - 21780.0 + 9500, 0},
+        {'N', &object_fields::Top, visual ? 1 - 31815.0 + 4000 : 1 - 11520.0 + 5800, 0},
+    };
+    for (const auto& l : limits) {
+        s.Imgrange.*l.along = l.stops;
+        d.hold(l.key, 0.1);
+        EXPECT_DOUBLE_EQ(s.Imgrange.*l.along, l.stops) << static_cast<char>(l.key);
+        const double within = l.goes != 0 ? l.goes : l.stops + 1;
+        s.Imgrange.*l.along = within;
+        d.hold(l.key, 0.1);   // one step over it, and no further
+        EXPECT_DOUBLE_EQ(std::abs(s.Imgrange.*l.along - within), visual ? 21 : 30)
+            << static_cast<char>(l.key);
+    }
+}
+
+TEST_P(traverse, the_stick_is_a_rate_and_lopsided_by_a_twip)
+{
+    d.t.shared.joyselected = true;
+    d.t.shared.joyxcentre = d.t.shared.joyycentre = 32768;
+    d.t.shared.joyxfactor = d.t.shared.joyyfactor = 1000;
+    const double left = s.Imgrange.Left, top = s.Imgrange.Top;
+    const struct {
+        long x, y;
+        double across, down;
+    } moves[] = {{30768, 34768, 0, 0}, {30767, 32768, 1, 0}, {34867, 32768, 0, 0},   {34868, 32768, -1, 0},
+                 {0, 32768, 308, 0},   {32768, 30767, 0, 1}, {32768, 65535, 0, -307}};
+    for (const auto& m : moves) {
+        s.Imgrange.Left = left;
+        s.Imgrange.Top = top;
+        d.pc.stick(m.x, m.y);
+        EXPECT_DOUBLE_EQ(s.Imgrange.Left, left + m.across) << m.x << ' ' << m.y;
+        EXPECT_DOUBLE_EQ(s.Imgrange.Top, top + m.down) << m.x << ' ' << m.y;
+    }
+    s.Imgrange.Left = 1 - s.Imgrange.Width + (visual ? 4500 : 5000);
+    const double stopped = s.Imgrange.Left;
+    d.pc.stick(65535, 32768);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Left, stopped);
+    d.t.shared.joyselected = false;
+    d.pc.stick(0, 0);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Left, stopped);
+}
+
+TEST(visual_traverse, two_opposite_keys_share_the_acceleration)
+{
+    drill d(sight_kind::visual);
+    gunnery_screen& s = d.screen();
+    d.set_up();
+    const double left = s.Imgrange.Left;
+    d.pc.key_down('H');
+    d.pc.key_down('J');
+    d.pc.wait(2 * tick + 0.001);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Left, left - 82);   // 41 a pair, the way of the last press
+    d.pc.key_up('H');
+    d.pc.wait(3 * tick);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Left, left - 82 - (1 + 2 + 3));
+    d.pc.key_up('J');
+    d.hold('H', 2 * tick + 0.001);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Left, left - 88 + 21 + 22);
+}
+
+// A target at 1100 metres is up, 385 twips wide, and the main armament is selected.
+struct visual_laser : testing::Test {
+    drill d{sight_kind::visual};
+    gunnery_screen& s = d.screen();
+
+    visual_laser()
+    {
+        d.present(6);
+        d.tap('E');
+        d.target_at(4300, 1000);
+    }
+};
+
+TEST_F(visual_laser, on_target_gives_range_mark_and_lay)
+{
+    d.tap('A');
+    EXPECT_EQ(s.Lblrange.Caption, "1100");
+    EXPECT_TRUE(s.laze.Visible && s.layready && s.lazed && s.Cmdautolay.Enabled);
+    EXPECT_DOUBLE_EQ(s.laze.Height, 385);
+    EXPECT_DOUBLE_EQ(s.laze.Width, 770);
+    EXPECT_DOUBLE_EQ(s.laze.Left, 4170);
+    EXPECT_DOUBLE_EQ(s.laze.Top, 977.5);
+    EXPECT_EQ(d.t.shared.reclazex[1], -32);   // -32.5 and 52.5: to the even neighbour
+    EXPECT_EQ(d.t.shared.reclazey[1], 52);
+    EXPECT_FALSE(s.Lblcharge.Visible);
+    d.pc.wait(2.1);
+    EXPECT_TRUE(s.Lblcharge.Visible);
+}
+
+TEST_F(visual_laser, the_mark_tells_where_the_aim_was)
+{
+    d.t.luck.source = [] { return 0.5; };
+    d.target_at(4525, 1000);   // exactly on the edge: off to the side
+    d.tap('A');
+    EXPECT_DOUBLE_EQ(s.laze.Height, 300);
+    EXPECT_DOUBLE_EQ(s.laze.Width, 600);
+    EXPECT_DOUBLE_EQ(s.laze.Left, 4410 - 300);
+    EXPECT_TRUE(s.layready);
+
+    s.layready = false;
+    s.laze.Visible = false;
+    d.target_at(4300, 1035 - 385);   // its lower edge just at the ring
+    d.tap('A');
+    EXPECT_FALSE(s.layready || s.laze.Visible);
+    d.target_at(4300, 1036 - 385);   // a twip lower, and the dot may lie well under it
+    d.tap('A');
+    EXPECT_TRUE(s.layready && s.laze.Visible);
+
+    s.Imgtargets.Visible = false;
+    d.tap('A');
+    EXPECT_DOUBLE_EQ(s.laze.Width, 200);
+    EXPECT_DOUBLE_EQ(s.laze.Left, 4525);
+}
+
+TEST_F(visual_laser, a_degraded_system_gives_less)
+{
+    d.t.shared.systemstatus = 2;
+    d.tap('A');
+    EXPECT_EQ(s.Lblrange.Caption, "1100");
+    EXPECT_TRUE(s.layready);
+    EXPECT_FALSE(s.laze.Visible);
+    const double top = s.Imgrange.Top;
+    d.hold('S', 3);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Top, top);
+    EXPECT_TRUE(s.layready);
+
+    d.tap('W');
+    d.tap('E');
+    s.lazed = false;
+    d.t.shared.systemstatus = 3;
+    d.tap('A');
+    EXPECT_EQ(s.Lblrange.Caption, "");
+    EXPECT_FALSE(s.lazed);
+}
+
+TEST_F(visual_laser, near_entries_of_the_table_are_raised_for_good)
+{
+    d.t.shared.targetrange[6] = 450;
+    d.tap('W');
+    d.tap('A');   // no weapon: the range, and no mark
+    EXPECT_EQ(s.Lblrange.Caption, "600");
+    EXPECT_EQ(d.t.shared.targetrange[6], 600);
+    EXPECT_FALSE(s.laze.Visible);
+    EXPECT_FALSE(s.layready);
+    EXPECT_TRUE(s.Cmdautolay.Enabled);
+}
+
+TEST_F(visual_laser, fin_is_laid_after_a_second_and_goes_a_step_further)
+{
+    s.currentrange = 1000;
+    const double range = s.Imgrange.Top, target = s.Imgtargets.Top;
+    d.tap('A');
+    d.pc.key_down('S');
+    d.pc.wait(0.9);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range);
+    d.pc.wait(0.2);
+    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, target + 550);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 420);
+    EXPECT_FALSE(s.layready);
+    EXPECT_DOUBLE_EQ(s.laze.Top, 977.5 + 500);
+    d.pc.key_up('S');
+    d.hold('S', 3);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 420) << "once a lase";
+    d.target_at(4300, 1000);
+    d.tap('A');
+    d.tap('S');
+    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + 550) << "an early release lays FIN too";
+}
+
+TEST_F(visual_laser, hesh_needs_the_whole_hold_and_takes_its_lead)
+{
+    d.tap('R');
+    d.tap('R');
+    ASSERT_EQ(s.Lblammotype.Caption, "HESH");
+    s.autolaycount = 0;
+    const double range = s.Imgrange.Top, left = s.Imgrange.Left;
+    d.tap('A');
+    d.hold('S', 1.9);
+    EXPECT_FALSE(s.lazed || s.layready);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range);
+    s.autolaycount = 0;
+    s.leadperstep = 0.01F;
+    d.tap('A');
+    d.hold('S', 2.1);
+    // 1 + floor(2000 / 110) counts of 110 and 21 of 10; the picture goes one step less in each stage.
+    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + 19 * 110 + 21 * 10);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 18 * 110 + 20 * 10);
+    EXPECT_NEAR(s.Imgrange.Left, left + 0.01 * (19 * 110 + 21 * 10), 0.1);
+    EXPECT_TRUE(s.lazed);
+}
+
+TEST_F(visual_laser, coax_is_laid_by_twice_the_range)
+{
+    d.tap('Q');
+    d.tap('A');
+    s.autolaycount = 0;
+    const double range = s.Imgrange.Top;
+    d.hold('S', 2.1);
+    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + 21 * 110);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 20 * 110);
+}
+
+struct thermal_laser : testing::Test {
+    drill d{sight_kind::thermal};
+    gunnery_screen& s = d.screen();
+
+    thermal_laser()
+    {
+        d.present(6);   // 285 twips wide
+        d.tap('E');
+        d.target_at(4600, 2500);
+    }
+};
+
+TEST_F(thermal_laser, on_target_shapes_the_marks)
+{
+    EXPECT_TRUE(s.Imglam.Visible);
+    EXPECT_FALSE(s.Imgstadia.Visible);
+    d.tap('A');
+    EXPECT_EQ(s.Lblrange.Caption, "1100C");
+    EXPECT_TRUE(s.imgbam.Visible && s.layready);
+    EXPECT_DOUBLE_EQ(s.imgbam.Width, 285);
+    EXPECT_DOUBLE_EQ(s.imgbam.Left, 4700 - 112.5);
+    EXPECT_DOUBLE_EQ(s.Imglam.Top, 2600 - 112.5);
+    EXPECT_EQ(d.t.shared.recwidth[1], 285);
+    s.layready = false;
+    d.target_at(4600, 2600);   // its top exactly at the aim point
+    d.tap('A');
+    EXPECT_FALSE(s.layready);
+}
+
+TEST_F(thermal_laser, a_full_hold_plays_the_mark_and_moves_nothing)
+{
+    d.tap('A');
+    const double range = s.Imgrange.Top, mark = s.imgbam.Top;
+    d.pc.key_down('S');
+    d.pc.wait(1.4);
+    EXPECT_TRUE(s.layready);
+    d.pc.wait(0.2);
+    EXPECT_FALSE(s.layready || s.Imglam.Visible);
+    EXPECT_NEAR(s.imgbam.Top, mark, 0.1);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range);
+    EXPECT_TRUE(s.lazed);
+}
+
+TEST_F(thermal_laser, an_early_release_drops_to_the_reversionary_mark)
+{
+    d.tap('A');
+    const double range = s.Imgrange.Top;
+    d.tap('S');
+    EXPECT_TRUE(s.Imgrevfin.Visible);
+    EXPECT_FALSE(s.Imgrevhesh.Visible || s.imgbam.Visible);
+    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range - 111 * 5);
+    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 2500 - 111 * 5);
+    EXPECT_TRUE(s.autolayheld);
+}
+
+TEST_F(thermal_laser, degraded_each_press_drops_the_sight)
+{
+    for (const auto& [status, shown] : {std::pair{2, "1100L"}, {3, "1100S"}}) {
+        d.t.shared.systemstatus = status;
+        d.pc.wait(1);
+        d.target_at(4600, 2500);
+        d.tap('A');
+        d.tap('A');
+        EXPECT_EQ(s.Lblrange.Caption, shown);
+        EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 2500 - 2 * 111 * 5);
+        EXPECT_FALSE(s.lazed || s.imgbam.Visible || s.Imglam.Visible);
+    }
+}
+
+TEST(stadia, goes_by_the_targets_height)
+{
+    drill d(sight_kind::thermal);
+    gunnery_screen& s = d.screen();
+    d.set_up();
+    const struct {
+        double height;
+        const char* picture;
+    } cases[] = {{480, ":stadia0"}, {379, ":stadia1"},   {379.5, ":stadia1"},
+                 {200, ":stadia2"}, {279.5, ":stadia2"}, {179.9, ":stadia3"}};
+    for (const auto& c : cases) {
+        s.Imgtargets.Height = c.height;
+        choosestadia(s);
+        EXPECT_EQ(s.Imgstadia.Picture.source, c.picture) << c.height;
+    }
+}
+
+}   // namespace
+}   // namespace vorn
