@@ -1,0 +1,42 @@
+// How fast a whole practice of 15 targets runs on the machine without a screen, on the shipped visual range.
+#include <benchmark/benchmark.h>
+
+#include "platform/headless/headless_machine.h"
+#include "trainer.h"
+
+namespace {
+
+using namespace vorn;
+
+// From the first box to the score; gives the seconds of the practice's own clock.
+double play(sight_kind kind)
+{
+    headless_machine pc;
+    pc.default_directory = VORN_SOURCE_DIR "/data";
+    trainer t(pc);
+    gunnery_screen& s = kind == sight_kind::visual ? t.simulator : t.thermal;
+    pc.event([&] { start_program(t); });
+    pc.click(t.intro.lblstart);
+    if (kind == sight_kind::thermal) pc.click(t.startsim.Optmode2);
+    pc.click(t.startsim.Optcon2);
+    t.shared.targetblocks = 5;
+    pc.answers = {{true}};
+    pc.click(t.startsim.Cmdstart);
+    pc.click(s.Cmdstartsim);
+    while (s.simrunning) pc.advance(1);
+    return pc.now();
+}
+
+void practice(benchmark::State& state, sight_kind kind)
+{
+    double played = 0;
+    for (auto _ : state) played += play(kind);
+    state.counters["times_real_time"] = benchmark::Counter(played, benchmark::Counter::kIsRate);
+}
+
+BENCHMARK_CAPTURE(practice, visual, sight_kind::visual)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(practice, thermal, sight_kind::thermal)->Unit(benchmark::kMillisecond);
+
+}   // namespace
+
+BENCHMARK_MAIN();

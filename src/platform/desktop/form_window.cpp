@@ -1,0 +1,230 @@
+#include "platform/desktop/form_window.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+#include "platform/desktop/desktop_machine.h"
+
+namespace vorn {
+
+static constexpr QSize designed(static_cast<int>(form_width / twips_per_pixel),
+                                static_cast<int>(form_height / twips_per_pixel));
+static constexpr QSize window_borders(16, 48);   // room left for the frame of the window system
+
+static QSize first_size(const QScreen* screen)
+{
+    if (screen == nullptr) return designed;
+    const QSize room = screen->availableSize() - window_borders;
+    return room.width() >= designed.width() && room.height() >= designed.height()
+               ? designed
+               : designed.scaled(room, Qt::KeepAspectRatio);
+}
+
+form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc)
+{
+    setStyle(&style_);
+    setPalette(form_palette());
+    setAutoFillBackground(true);
+    setMouseTracking(true);
+    setMinimumSize(designed / 2);
+    setWindowIcon(pc.icon());
+    resize(first_size(screen()));
+}
+
+form_window::~form_window()
+{
+    // Before the style and the fields that they use.
+    qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
+}
+
+shown_object* form_window::shown(const screen_object* o) const
+{
+    const auto same = [&](const auto& s) { return s->object == o; };
+    const auto found = std::find_if(objects_.begin(), objects_.end(), same);
+    return found == objects_.end() ? nullptr : found->get();
+}
+
+QWidget* form_window::widget(const screen_object& o) const
+{
+    const shown_object* s = shown(&o);
+    return s == nullptr ? nullptr : s->widget;
+}
+
+// Objects -------------------------------------------------------------------------------------------------
+
+void form_window::make_object(screen_object& o)
+{
+    if (shown(&o) != nullptr) return;
+    if (o.parent != nullptr) make_object(*o.parent);
+    shown_object& s = *objects_.emplace_back(std::make_unique<shown_object>());
+    s.object = &o;
+    shown_object* holder = shown(o.parent);
+    if (in_sight(o)) {
+        s.widget = holder->widget;
+        holder->inside.push_back(&s);
+    } else {
+        make_widget(s, holder == nullptr ? this : holder->widget,
+                    [this](const std::function<void()>& event) { pc_.run(event); });
+        if (has_hooks(o)) s.widget->installEventFilter(this);
+    }
+    draw_fields(s, style_.scale, true);
+}
+
+void form_window::make_new_objects()
+{
+    if (objects_.size() == model.objects.size()) return;
+    for (screen_object* o : model.objects) make_object(*o);
+    place_objects();
+}
+
+static bool moved(const object_fields& a, const object_fields& b)
+{
+    return a.Left != b.Left || a.Top != b.Top || a.Width != b.Width || a.Height != b.Height;
+}
+
+void form_window::sync()
+{
+    if (fitted_ != size()) fit_scale();
+    make_new_objects();
+    bool widgets_moved = false;
+    for (const auto& s : objects_) {
+        if (static_cast<const object_fields&>(*s->object) == s->drawn) continue;
+        if (!in_sight(*s->object)) widgets_moved |= moved(*s->object, s->drawn);
+        draw_fields(*s, style_.scale, false);
+    }
+    if (widgets_moved) place_objects();
+    const QString title = QString::fromStdString(model.Caption);
+    if (windowTitle() != title) setWindowTitle(title);
+}
+
+void form_window::paint_now()
+{
+    QEvent due(QEvent::UpdateRequest);
+    QCoreApplication::sendEvent(this, &due);
+}
+
+// Scale ---------------------------------------------------------------------------------------------------
+
+void form_window::fit_scale()
+{
+    fitted_ = size();
+    style_.scale = std::min(static_cast<double>(width()) / designed.width(),
+                            static_cast<double>(height()) / designed.height());
+    const QSizeF form = QSizeF(designed) * style_.scale;
+    corner_ = QPoint(static_cast<int>((width() - form.width()) / 2),
+                     static_cast<int>((height() - form.height()) / 2));
+    for (const auto& s : objects_) draw_fields(*s, style_.scale, true);
+    place_objects();
+    update();
+}
+
+static QPointF corner_of(const screen_object* o)
+{
+    QPointF at;
+    for (; o != nullptr; o = o->parent) at += QPointF(o->Left, o->Top);
+    return at;
+}
+
+// Edges are rounded where they lie on the form, so that objects in line stay in line at every scale.
+QRect form_window::place_of(const screen_object& o) const
+{
+    const auto pixel = [&](const QPointF& p) { return (p / twips_per_pixel * style_.scale).toPoint(); };
+    const QPoint origin = pixel(corner_of(o.parent));
+    const QPointF from = corner_of(&o);
+    const QRect at(pixel(from) - origin, pixel(from + QPointF(o.Width, o.Height)) - origin - QPoint(1, 1));
+    return o.parent == nullptr ? at.translated(corner_) : at;
+}
+
+void form_window::place_objects()
+{
+    for (const auto& s : objects_)
+        if (!in_sight(*s->object)) s->widget->setGeometry(place_of(*s->object));
+    update();
+}
+
+void form_window::resizeEvent(QResizeEvent*)
+{
+    if (fitted_ != size()) fit_scale();
+}
+
+// A dark rim sets each sight off from the panels beside it.
+void form_window::paintEvent(QPaintEvent*)
+{
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(QColor(furniture::edge), std::max(1.0, style_.scale)));
+    p.setBrush(QColor(furniture::shadow));
+    const double rim = 5 * style_.scale;
+    for (const auto& s : objects_)
+        if (s->drawn.kind == object_kind::sight && s->widget->isVisible() && s->widget->parent() == this)
+            p.drawRoundedRect(QRectF(s->widget->geometry()).adjusted(-rim, -rim, rim, rim), rim, rim);
+    if (!std::exchange(seen_, true)) QTimer::singleShot(0, this, [this] { pc_.hide_leaving(); });
+}
+
+void form_window::showEvent(QShowEvent*)
+{
+    seen_ = false;
+}
+
+void form_window::toggle_full_screen()
+{
+    setWindowState(windowState() ^ Qt::WindowFullScreen);
+}
+
+// What the user does --------------------------------------------------------------------------------------
+
+bool form_window::event(QEvent* e)
+{
+    if (e->type() == QEvent::WindowActivate) pc_.activated(model);
+    if (e->type() == QEvent::WindowDeactivate) pc_.release_input();
+    return QWidget::event(e);
+}
+
+void form_window::closeEvent(QCloseEvent* e)
+{
+    e->ignore();
+    pc_.run([this] { close_by_frame(model); });
+}
+
+void form_window::mouseMoveEvent(QMouseEvent*)
+{
+    if (model.MouseMove && model.state == form_state::shown) pc_.run(model.MouseMove);
+}
+
+static bool left_press(const QEvent& e)
+{
+    const bool press = e.type() == QEvent::MouseButtonPress || e.type() == QEvent::MouseButtonDblClick;
+    return press && static_cast<const QMouseEvent&>(e).button() == Qt::LeftButton;
+}
+
+static bool left_release(const QEvent& e)
+{
+    return e.type() == QEvent::MouseButtonRelease &&
+           static_cast<const QMouseEvent&>(e).button() == Qt::LeftButton;
+}
+
+// Gives true when the widget is not to have the event: it would stay pressed after a handler that a box has
+// interrupted, since the release went to the box.
+bool form_window::mouse_event(screen_object& o, QEvent& e)
+{
+    if (left_press(e)) return (o.MouseDown || o.MouseUp) && takes_input(o) && !pc_.press(o);
+    if (left_release(e)) pc_.release_mouse();
+    if (e.type() == QEvent::MouseMove && o.MouseMove && takes_input(o)) pc_.run(o.MouseMove);
+    return false;
+}
+
+bool form_window::eventFilter(QObject* watched, QEvent* e)
+{
+    if (e->type() < QEvent::MouseButtonPress || e->type() > QEvent::MouseMove) return false;
+    const auto same = [&](const auto& s) { return s->widget == watched && !in_sight(*s->object); };
+    const auto found = std::find_if(objects_.begin(), objects_.end(), same);
+    return found != objects_.end() && mouse_event(*(*found)->object, *e);
+}
+
+}   // namespace vorn

@@ -1,0 +1,56 @@
+// The window of one form: scales it as a whole, and shows its objects as they are.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "platform/desktop/look.h"
+#include "platform/desktop/widgets.h"
+
+namespace vorn {
+
+class desktop_machine;
+
+class form_window final : public QWidget {
+public:
+    form_window(form&, desktop_machine&);
+    ~form_window() override;
+
+    // Draws what has changed since the last time.
+    void sync();
+    // Puts what has been drawn on the screen at once, without an event being handled.
+    void paint_now();
+    void toggle_full_screen();
+    QWidget* widget(const screen_object&) const;
+    double scale() const { return style_.scale; }
+
+    form& model;
+
+protected:
+    bool event(QEvent*) override;
+    bool eventFilter(QObject*, QEvent*) override;
+    void closeEvent(QCloseEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void showEvent(QShowEvent*) override;
+
+private:
+    void make_new_objects();
+    void make_object(screen_object&);
+    void fit_scale();
+    void place_objects();
+    QRect place_of(const screen_object&) const;
+    bool mouse_event(screen_object&, QEvent&);
+    shown_object* shown(const screen_object*) const;
+
+    desktop_machine& pc_;
+    form_style style_;
+    QPoint corner_;   // of the scaled form in the window
+    QSize fitted_;    // the window size that the scale was made for
+    bool seen_ = false;
+    std::vector<std::unique_ptr<shown_object>> objects_;
+};
+
+}   // namespace vorn

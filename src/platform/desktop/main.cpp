@@ -1,0 +1,37 @@
+#include <QApplication>
+#include <QTimer>
+
+#include "flow/intro.h"
+#include "platform/desktop/desktop_machine.h"
+#include "trainer.h"
+
+namespace fs = std::filesystem;
+
+// The directory that holds the folder "ranges": installed beside the program, or, in a build tree, that of
+// the sources above it.
+static std::string program_directory()
+{
+#ifdef Q_OS_WIN
+    return "C:\\Program Files\\V.O.R.N";
+#else
+    const fs::path program = QCoreApplication::applicationDirPath().toStdString();
+    std::error_code failed;
+    const fs::path installed = (program / "../share/vorn").lexically_normal();
+    if (fs::is_directory(installed / "ranges", failed)) return installed.string();
+    fs::path above = program;
+    for (int i = 0; i <= 4; ++i, above = above.parent_path())
+        if (fs::is_directory(above / "data/ranges", failed)) return (above / "data").string();
+    return installed.string();
+#endif
+}
+
+int main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);   // the program ends by its exit buttons alone
+    vorn::desktop_machine machine;
+    machine.default_directory = program_directory();
+    vorn::trainer trainer(machine);
+    QTimer::singleShot(0, &app, [&] { machine.run([&] { vorn::start_program(trainer); }); });
+    return QApplication::exec();
+}

@@ -1,0 +1,95 @@
+#include "platform/desktop/pictures.h"
+
+#include <QFileInfo>
+#include <QImageReader>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/desktop/drawings.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr qint64 largest_picture_mb =
+    512;   // decoded; a larger one is refused rather than let the machine swap
+constexpr std::size_t most_icon_sizes = 64;
+
+bool too_large(const QSize& s)
+{
+    return qint64{4} * s.width() * s.height() > largest_picture_mb * 1024 * 1024;
+}
+
+// Formats that the painter draws without converting each line anew.
+QImage drawable(QImage image)
+{
+    image.setDevicePixelRatio(1);
+    return std::move(image).convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                                    : QImage::Format_RGB32);
+}
+
+std::vector<QImage> read_sizes(QImageReader& reader)
+{
+    std::vector<QImage> sizes;
+    const bool icon = reader.imageCount() > 1 && !reader.supportsAnimation();
+    do {
+        QImage image = reader.read();
+        if (!image.isNull()) sizes.push_back(drawable(std::move(image)));
+    } while (icon && sizes.size() < most_icon_sizes && reader.jumpToNextImage());
+    std::stable_sort(sizes.begin(), sizes.end(),
+                     [](const QImage& a, const QImage& b) { return a.width() < b.width(); });
+    return sizes;
+}
+
+}   // namespace
+
+loaded_picture read_picture(const std::string& source, const std::string& path)
+{
+    const QFileInfo file(QString::fromStdString(path));
+    if (!file.exists()) return {std::nullopt, "The file does not exist."};
+    if (!file.isFile()) return {std::nullopt, "It is not a file."};
+    QImageReader::setAllocationLimit(largest_picture_mb);
+    QImageReader reader(file.filePath());
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(false);
+    if (too_large(reader.size())) return {std::nullopt, "The picture is too large."};
+    auto pixels = std::make_shared<decoded_picture>();
+    pixels->sizes = read_sizes(reader);
+    if (pixels->sizes.empty()) return {std::nullopt, "It is not a picture that can be read."};
+    const QSize natural = pixels->sizes.back().size();
+    return {picture{source, natural.width() * twips_per_pixel, natural.height() * twips_per_pixel, pixels},
+            {}};
+}
+
+const QImage* image_for(const picture& pic, const QSize& device)
+{
+    const auto* decoded = dynamic_cast<const decoded_picture*>(pic.pixels.get());
+    if (decoded == nullptr || decoded->sizes.empty()) return nullptr;
+    const auto enough = [&](const QImage& i) {
+        return i.width() >= device.width() && i.height() >= device.height();
+    };
+    const auto found = std::find_if(decoded->sizes.begin(), decoded->sizes.end(), enough);
+    return found == decoded->sizes.end() ? &decoded->sizes.back() : &*found;
+}
+
+void draw_picture(QPainter& p, const picture& pic, const QRect& at)
+{
+    if (is_drawing(pic)) return draw_named(p, pic.source, QRectF(at));
+    const QImage* image = image_for(pic, at.size());
+    if (image == nullptr || at.isEmpty()) return;
+    p.setRenderHint(QPainter::SmoothPixmapTransform, image->size() != at.size());
+    p.drawImage(at, *image);
+}
+
+QRect to_device_pixels(QPainter& p, const QSize& widget)
+{
+    const QTransform view = p.worldTransform().inverted() * p.deviceTransform();
+    const QPointF from = p.deviceTransform().map(QPointF(0, 0));
+    const QPointF to = p.deviceTransform().map(QPointF(widget.width(), widget.height()));
+    const QPoint origin(static_cast<int>(std::lround(from.x())), static_cast<int>(std::lround(from.y())));
+    const QPoint corner(static_cast<int>(std::lround(to.x())), static_cast<int>(std::lround(to.y())));
+    p.setWorldTransform(QTransform::fromTranslate(origin.x(), origin.y()) * view.inverted());
+    return QRect(0, 0, corner.x() - origin.x(), corner.y() - origin.y());
+}
+
+}   // namespace vorn

@@ -1,0 +1,50 @@
+#include "platform/desktop/printing.h"
+
+#include <QFontMetricsF>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+#include "platform/desktop/desktop_machine.h"
+
+namespace vorn {
+
+static QFont printed_font(const printed_line& l)
+{
+    QFont font(l.face.empty() ? QString("MS Sans Serif") : QString::fromStdString(l.face));
+    font.setPointSizeF(l.size > 0 ? l.size : 10);
+    font.setBold(l.bold);
+    font.setUnderline(l.underline);
+    return font;
+}
+
+std::string print_lines(QPagedPaintDevice& printer, const std::vector<printed_line>& lines)
+{
+    QPainter page;
+    if (!page.begin(&printer)) return "The printer can't be used.";
+    const double bottom = printer.pageLayout().paintRectPixels(printer.logicalDpiY()).height();
+    double top = 0;
+    for (const printed_line& l : lines) {
+        const QFont font = printed_font(l);
+        const QFontMetricsF metrics(font, &printer);
+        if (top > 0 && top + metrics.height() > bottom) {
+            if (!printer.newPage()) return "The printer has stopped.";
+            top = 0;
+        }
+        page.setFont(font);
+        page.drawText(QPointF(0, top + metrics.ascent()), QString::fromStdString(l.text));
+        top += metrics.lineSpacing();
+    }
+    return page.end() ? std::string() : "The printer has stopped.";
+}
+
+// Without a printer the toolkit would ask for a file to print to.
+std::string desktop_machine::print(const std::vector<printed_line>& lines)
+{
+    if (QPrinterInfo::availablePrinters().isEmpty()) return "There is no printer.";
+    QPrinter printer(QPrinter::HighResolution);
+    return print_lines(printer, lines);
+}
+
+}   // namespace vorn

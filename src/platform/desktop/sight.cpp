@@ -1,0 +1,84 @@
+#include "platform/desktop/sight.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/desktop/look.h"
+#include "platform/desktop/pictures.h"
+
+namespace vorn {
+
+static int device_pixel(double twips, double scale)
+{
+    // Far outside any screen a coordinate only has to stay there.
+    return static_cast<int>(std::lround(std::clamp(twips / twips_per_pixel * scale, -1e6, 1e6)));
+}
+
+QRect device_rect(const object_fields& o, double scale)
+{
+    const QPoint from(device_pixel(o.Left, scale), device_pixel(o.Top, scale));
+    const int right = device_pixel(o.Left + o.Width, scale);
+    const int bottom = device_pixel(o.Top + o.Height, scale);
+    return QRect(from, QSize(right - from.x(), bottom - from.y()));
+}
+
+static void draw_outline(QPainter& p, shape_kind kind, const QRectF& r)
+{
+    if (kind == shape_kind::rectangle)
+        p.drawRect(r);
+    else
+        p.drawEllipse(r);
+}
+
+// A mark of the sight has a dark rim, without which it would vanish before sky or ground.
+static void draw_shape(QPainter& p, const object_fields& o, const QRect& at, double scale)
+{
+    const double line = std::max(1.0, scale * 1.25);
+    const bool filled = o.Shape == shape_kind::filled_ellipse;
+    const QColor dark(0, 0, 0, 190);
+    const QColor c = shade(o.ForeColor);
+    const double inset = filled ? 0 : line / 2;
+    const QRectF r = QRectF(at).adjusted(inset, inset, -inset, -inset);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setBrush(o.BackColor == colour::ground ? Qt::NoBrush : QBrush(back_shade(o.BackColor)));
+    if (o.ForeColor == colour::sight) {
+        p.setPen(QPen(dark, line * (filled ? 2 : 3)));
+        draw_outline(p, o.Shape, r);
+    }
+    if (filled) p.setBrush(c);
+    p.setPen(filled ? QPen(Qt::NoPen) : QPen(c, line));
+    draw_outline(p, o.Shape, r);
+}
+
+Qt::Alignment text_alignment(const object_fields& o)
+{
+    const auto across = o.Alignment == alignment::left     ? Qt::AlignLeft
+                        : o.Alignment == alignment::centre ? Qt::AlignHCenter
+                                                           : Qt::AlignRight;
+    const bool few_lines = o.Height / twips_per_pixel < 3 * line_height(o.size);
+    return across | (few_lines ? Qt::AlignVCenter : Qt::AlignTop);
+}
+
+static void draw_label(QPainter& p, const object_fields& o, const QRect& at, double scale)
+{
+    const QString text = QString::fromStdString(o.Caption);
+    if (o.BackColor != colour::ground) p.fillRect(at, back_shade(o.BackColor));
+    p.setFont(text_font(o.size, o.bold, scale));
+    const int flags = static_cast<int>(text_alignment(o)) | Qt::TextWordWrap;
+    const int rim = std::max(1, static_cast<int>(std::lround(scale)));
+    p.setPen(QColor(0, 0, 0, 210));
+    if (o.ForeColor == colour::sight)
+        for (const QPoint d : {QPoint(-rim, 0), QPoint(rim, 0), QPoint(0, -rim), QPoint(0, rim)})
+            p.drawText(at.translated(d), flags, text);
+    p.setPen(shade(o.ForeColor));
+    p.drawText(at, flags, text);
+}
+
+void draw_object(QPainter& p, const object_fields& o, const QRect& at, double scale)
+{
+    if (o.kind == object_kind::image) draw_picture(p, o.Picture, at);
+    if (o.kind == object_kind::shape) draw_shape(p, o, at, scale);
+    if (o.kind == object_kind::label) draw_label(p, o, at, scale);
+}
+
+}   // namespace vorn

@@ -1,0 +1,275 @@
+#include "platform/desktop/sight_drawings.h"
+
+#include <QPainterPath>
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+
+#include "platform/desktop/look.h"
+
+namespace vorn {
+
+namespace {
+
+// A mark is thought in twips, from its upper left corner, and drawn at the size it has on the screen.
+struct space {
+    QPainter& p;
+    QRectF at;
+    QSizeF thought;
+
+    double across() const { return at.width() / thought.width(); }
+    double down() const { return at.height() / thought.height(); }
+    QPointF point(double x, double y) const { return at.topLeft() + QPointF(x * across(), y * down()); }
+    // Pixels to a designed one.
+    double scale() const { return 15 * down(); }
+};
+
+// Strokes a path with a dark rim, without which it would vanish before sky or ground.
+void stroke(const space& s, const QPainterPath& path, double width = 1.3)
+{
+    const double line = std::max(1.0, width * s.scale());
+    s.p.setRenderHint(QPainter::Antialiasing);
+    s.p.setBrush(Qt::NoBrush);
+    s.p.setPen(QPen(QColor(0, 0, 0, 150), line * 2.6, Qt::SolidLine, Qt::FlatCap));
+    s.p.drawPath(path);
+    s.p.setPen(QPen(shade(colour::sight), line, Qt::SolidLine, Qt::FlatCap));
+    s.p.drawPath(path);
+}
+
+void line(QPainterPath& path, const QPointF& from, const QPointF& to)
+{
+    path.moveTo(from);
+    path.lineTo(to);
+}
+
+void figure(const space& s, const QPointF& middle, double pixels, const QString& text)
+{
+    QFont font = text_font(text_size::small, true, 1);
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels * s.scale()))));
+    const QFontMetricsF size(font);
+    QPainterPath path;
+    path.addText(middle - QPointF(size.horizontalAdvance(text) / 2, -size.capHeight() / 2), font, text);
+    s.p.setRenderHint(QPainter::Antialiasing);
+    s.p.strokePath(path, QPen(QColor(0, 0, 0, 150), std::max(1.0, 2 * s.scale())));
+    s.p.fillPath(path, shade(colour::sight));
+}
+
+// The visual sight ------------------------------------------------------------------------------------------
+
+// How far below the aim point something lies that drops 200 twips for 100 metres, from the top of its column.
+constexpr double aim = 1140, drop = 200;
+
+// Hundreds of metres down a column, each at the drop of its range.
+void scale_column(QPainter& p, const QRectF& at, QSizeF size)
+{
+    const space s{p, at, size};
+    constexpr double top = 2520;
+    for (int hundreds = 8; hundreds <= 23; ++hundreds)
+        figure(s, s.point(size.width() / 2, aim + drop * hundreds - top), 9.5, QString::number(hundreds));
+}
+
+void scale_left(QPainter& p, const QRectF& at)
+{
+    scale_column(p, at, {375, 3255});
+}
+
+void scale_right(QPainter& p, const QRectF& at)
+{
+    scale_column(p, at, {255, 3495});
+}
+
+void ticks(QPainter& p, const QRectF& at)
+{
+    const space s{p, at, {255, 2775}};
+    constexpr double top = 2430;
+    QPainterPath path;
+    for (int hundreds = 7; hundreds <= 20; ++hundreds) {
+        const double y = aim + drop * hundreds - top;
+        const double half = hundreds % 2 == 0 ? 120 : 75;
+        line(path, s.point(127 - half, y), s.point(127 + half, y));
+    }
+    stroke(s, path, 1);
+}
+
+// An aiming mark: a chevron under which the target is held, with its figure below.
+void chevron(QPainter& p, const QRectF& at, const QString& text)
+{
+    const space s{p, at, {795, 795}};
+    QPainterPath path;
+    path.moveTo(s.point(330, 450));
+    path.lineTo(s.point(397, 385));
+    path.lineTo(s.point(465, 450));
+    stroke(s, path, 1);
+    figure(s, s.point(397, 560), 9, text);
+}
+
+// Row by row: aiming off to the sides, then hundreds of metres at about the drop of each row.
+void graticule(QPainter& p, const QRectF& at, int number)
+{
+    constexpr std::array<const char*, 15> figures{"8",  "4",  "0",  "4",  "8",  "9",  "9", "13",
+                                                  "13", "17", "17", "17", "21", "21", "21"};
+    if (number >= 0 && number < static_cast<int>(figures.size()))
+        chevron(p, at, figures[static_cast<std::size_t>(number)]);
+}
+
+// The thermal sight -----------------------------------------------------------------------------------------
+
+// Three pairs of bars, a target's height apart.
+void stadia(QPainter& p, const QRectF& at, int number)
+{
+    constexpr std::array<double, 4> heights{430, 330, 230, 165};
+    if (number < 0 || number > 3) return;
+    const space s{p, at, {480, 480}};
+    const double half = heights[static_cast<std::size_t>(number)] / 2;
+    QPainterPath path;
+    for (const double x : {0.0, 180.0, 360.0})
+        for (const double y : {240 - half, 240 + half}) line(path, s.point(x, y), s.point(x + 120, y));
+    stroke(s, path, 1.6);
+}
+
+void laser_mark(QPainter& p, const QRectF& at)
+{
+    const space s{p, at, {480, 480}};
+    QPainterPath path;
+    line(path, s.point(0, 240), s.point(180, 240));
+    line(path, s.point(300, 240), s.point(480, 240));
+    line(path, s.point(240, 0), s.point(240, 180));
+    line(path, s.point(240, 300), s.point(240, 480));
+    stroke(s, path, 1.6);
+}
+
+void corner(const space& s, QPainterPath& path, double x, double y, double along)
+{
+    path.moveTo(s.point(x, y + (y > 240 ? -along : along)));
+    path.lineTo(s.point(x, y));
+    path.lineTo(s.point(x + (x > 240 ? -along : along), y));
+}
+
+void ballistic_mark(QPainter& p, const QRectF& at)
+{
+    const space s{p, at, {480, 480}};
+    QPainterPath path;
+    for (const double x : {12.0, 468.0})
+        for (const double y : {12.0, 468.0}) corner(s, path, x, y, 110);
+    stroke(s, path, 1.6);
+    s.p.setPen(QPen(QColor(0, 0, 0, 150), 1));
+    s.p.setBrush(shade(colour::sight));
+    const double r = 2 * s.scale();
+    s.p.drawEllipse(s.point(240, 240), r, r);
+}
+
+void reversionary_fin(QPainter& p, const QRectF& at)
+{
+    const space s{p, at, {1080, 240}};
+    QPainterPath path;
+    for (const double x : {0.0, 300.0, 600.0, 900.0}) line(path, s.point(x, 120), s.point(x + 180, 120));
+    for (const double x : {10.0, 1070.0}) line(path, s.point(x, 40), s.point(x, 200));
+    stroke(s, path, 1.8);
+}
+
+void reversionary_hesh(QPainter& p, const QRectF& at)
+{
+    const space s{p, at, {1080, 375}};
+    QPainterPath path;
+    for (const double y : {15.0, 360.0})
+        for (const double x : {0.0, 300.0, 600.0, 900.0}) line(path, s.point(x, y), s.point(x + 180, y));
+    for (const double x : {10.0, 1070.0})
+        for (const double y : {15.0, 255.0}) line(path, s.point(x, y), s.point(x, y + 105));
+    stroke(s, path, 1.8);
+}
+
+// Target and explosion --------------------------------------------------------------------------------------
+
+// A hessian screen on posts, for a range that names no picture.
+void plain_target(QPainter& p, const QRectF& at)
+{
+    const space s{p, at, {480, 480}};
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(70, 55, 38));
+    for (const double x : {90.0, 360.0}) p.drawRect(QRectF(s.point(x, 240), s.point(x + 30, 480)));
+    p.setBrush(QColor(150, 120, 82));
+    p.drawRect(QRectF(s.point(30, 120), s.point(450, 380)));
+    p.setBrush(QColor(60, 62, 44));
+    p.drawRect(QRectF(s.point(130, 200), s.point(350, 330)));
+}
+
+void puff(const space& s, double x, double y, double radius, const QColor& middle)
+{
+    const QPointF centre = s.point(x, y);
+    QRadialGradient g(centre, radius * s.across());
+    QColor rim = middle;
+    rim.setAlpha(0);
+    g.setColorAt(0, middle);
+    g.setColorAt(0.6, middle);
+    g.setColorAt(1, rim);
+    s.p.setPen(Qt::NoPen);
+    s.p.setBrush(g);
+    s.p.drawEllipse(centre, radius * s.across(), radius * s.down());
+}
+
+QColor fading(int r, int g, int b, double alpha)
+{
+    return QColor(r, g, b, static_cast<int>(255 * std::clamp(alpha, 0.0, 1.0)));
+}
+
+// A flash, a fireball that cools, and smoke that rises and thins.
+void explosion(QPainter& p, const QRectF& at, int frame)
+{
+    if (frame < 0 || frame > 15) return;
+    const space s{p, at, {480, 480}};
+    const double t = frame / 15.0;
+    const double heat = std::exp(-4 * t);
+    p.setRenderHint(QPainter::Antialiasing);
+    for (int i = 0; i < 7; ++i) {
+        const double angle = 0.9 * i;
+        puff(s, 240 + (40 + 60 * t) * std::cos(angle), 300 - 150 * t - 40 * std::sin(angle * 1.7),
+             60 + 70 * t,
+             fading(60 + static_cast<int>(120 * heat), 54 + static_cast<int>(50 * heat), 46, 0.75 * (1 - t)));
+    }
+    puff(s, 240, 300 - 60 * t, 150 * (0.5 + t), fading(255, 150, 40, heat));
+    puff(s, 240, 310 - 40 * t, 90 * (0.6 + t), fading(255, 235, 170, heat * heat));
+    if (frame < 3) puff(s, 240, 290, 230, fading(255, 250, 225, 0.9 - 0.3 * frame));
+}
+
+struct mark {
+    const char* name;
+    void (*paint)(QPainter&, const QRectF&);
+};
+constexpr std::array<mark, 8> marks{{{":scale_left", scale_left},
+                                     {":scale_right", scale_right},
+                                     {":ticks", ticks},
+                                     {":lam", laser_mark},
+                                     {":bam", ballistic_mark},
+                                     {":revfin", reversionary_fin},
+                                     {":revhesh", reversionary_hesh},
+                                     {":target", plain_target}}};
+
+// Drawings that come in numbers: the number follows the name.
+struct series {
+    std::string_view name;
+    void (*paint)(QPainter&, const QRectF&, int);
+};
+constexpr std::array<series, 3> numbered{
+    {{":graticule", graticule}, {":stadia", stadia}, {":explosion", explosion}}};
+
+}   // namespace
+
+bool draw_sight_mark(QPainter& p, const std::string& name, const QRectF& at)
+{
+    p.save();
+    bool found = false;
+    for (const mark& m : marks)
+        if (name == m.name) m.paint(p, at), found = true;
+    for (const series& n : numbered) {
+        if (!name.starts_with(n.name)) continue;
+        int number = -1;
+        std::from_chars(name.data() + n.name.size(), name.data() + name.size(), number);
+        n.paint(p, at, number);
+        found = true;
+    }
+    p.restore();
+    return found;
+}
+
+}   // namespace vorn

@@ -1,0 +1,167 @@
+#include "platform/desktop/views.h"
+
+#include <QPainter>
+#include <QShortcutEvent>
+#include <QStyleOptionButton>
+#include <algorithm>
+
+#include "platform/desktop/drawings.h"
+#include "platform/desktop/look.h"
+#include "platform/desktop/pictures.h"
+#include "platform/desktop/sight.h"
+
+namespace vorn {
+
+static constexpr double disabled_picture = 0.35;   // opacity
+
+static bool has_picture(const picture& p)
+{
+    return is_drawing(p) || p.pixels != nullptr;
+}
+
+push_button::push_button(const object_fields& fields, QWidget* parent) : QPushButton(parent), fields_(fields)
+{
+    setAutoDefault(true);   // Return works it, as Space does
+}
+
+// An access key works at once; the toolkit would show the button pressed for a tenth of a second first.
+bool push_button::event(QEvent* e)
+{
+    if (e->type() != QEvent::Shortcut || static_cast<const QShortcutEvent*>(e)->isAmbiguous())
+        return QPushButton::event(e);
+    click();
+    return true;
+}
+
+void push_button::paint_picture(QPainter& p)
+{
+    const QRect at = to_device_pixels(p, size());
+    const int side = std::min(at.width(), at.height());
+    QSize box(side, side);
+    if (fields_.Picture.width > 0)
+        box = QSizeF(fields_.Picture.width, fields_.Picture.height)
+                  .scaled(at.size(), Qt::KeepAspectRatio)
+                  .toSize();
+    box = box * 0.72;
+    p.setOpacity(isEnabled() ? 1 : disabled_picture);
+    const QPoint corner((at.width() - box.width()) / 2, (at.height() - box.height()) / 2);
+    draw_picture(p, fields_.Picture, QRect(corner, box));
+}
+
+void push_button::paintEvent(QPaintEvent*)
+{
+    QPainter p(this);
+    QStyleOptionButton o;
+    initStyleOption(&o);
+    style()->drawPrimitive(QStyle::PE_PanelButtonCommand, &o, &p, this);
+    if (has_picture(fields_.Picture)) return paint_picture(p);
+    p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
+    p.drawText(rect().adjusted(3, 1, -3, -1), Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic,
+               text());
+}
+
+text_button::text_button(const object_fields& fields, QWidget* parent) : QPushButton(parent), fields_(fields)
+{
+    setFlat(true);
+    setAutoDefault(true);
+}
+
+// Its own back colour, if it has one, and a veil of light while the mouse is on it.
+void text_button::paint_plate(QPainter& p)
+{
+    const double scale = scale_of(*this);
+    const bool own = fields_.BackColor != colour::ground;
+    const int veil = !isEnabled() ? 0 : isDown() ? 44 : underMouse() ? 26 : 0;
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(Qt::NoPen);
+    p.setBrush(own ? QBrush(back_shade(fields_.BackColor)) : Qt::NoBrush);
+    p.drawRoundedRect(rect(), 3 * scale, 3 * scale);
+    p.setBrush(QColor(255, 255, 255, veil));
+    p.drawRoundedRect(rect(), 3 * scale, 3 * scale);
+}
+
+void text_button::paintEvent(QPaintEvent*)
+{
+    QPainter p(this);
+    paint_plate(p);
+    p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
+    p.drawText(rect(), static_cast<int>(text_alignment(fields_)) | Qt::TextWordWrap,
+               QString::fromStdString(fields_.Caption));
+    if (!hasFocus()) return;
+    QStyleOptionButton o;
+    initStyleOption(&o);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &o, &p, this);
+}
+
+picture_view::picture_view(const object_fields& fields, QWidget* parent)
+    : QAbstractButton(parent), fields_(fields)
+{
+    setFocusPolicy(Qt::NoFocus);
+}
+
+// Shrunk with all pixels counted: a photograph drawn at a quarter of its size would flicker with single ones.
+QPixmap picture_view::rendered(const QSize& device) const
+{
+    const QImage* image = image_for(fields_.Picture, device);
+    if (image != nullptr)
+        return QPixmap::fromImage(image->scaled(device, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    QPixmap pixels(device);
+    pixels.fill(Qt::transparent);
+    QPainter p(&pixels);
+    draw_picture(p, fields_.Picture, QRect(QPoint(0, 0), device));
+    return pixels;
+}
+
+void picture_view::paintEvent(QPaintEvent*)
+{
+    if (!has_picture(fields_.Picture)) return;
+    QPainter p(this);
+    const QRect at = to_device_pixels(p, size());
+    if (at.isEmpty()) return;
+    if (cache_.size() != at.size() || cached_ != fields_.Picture) {
+        cache_ = rendered(at.size());
+        cached_ = fields_.Picture;
+    }
+    p.setOpacity(isEnabled() ? 1 : disabled_picture);
+    p.drawPixmap(at.topLeft(), cache_);
+    if (!hasFocus()) return;
+    QStyleOption o;
+    o.initFrom(this);
+    p.resetTransform();
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &o, &p, this);
+}
+
+void picture_view::hideEvent(QHideEvent*)
+{
+    cache_ = {};
+    cached_ = {};
+}
+
+shape_view::shape_view(const object_fields& fields, QWidget* parent) : QWidget(parent), fields_(fields) {}
+
+void shape_view::paintEvent(QPaintEvent*)
+{
+    QPainter p(this);
+    const QRect at = to_device_pixels(p, size());
+    draw_object(p, fields_, at, scale_of(*this) * devicePixelRatioF());
+}
+
+sight_view::sight_view(const shown_object& sight, QWidget* parent) : QWidget(parent), sight_(sight)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void sight_view::paintEvent(QPaintEvent*)
+{
+    QPainter p(this);
+    const QRect whole = to_device_pixels(p, size());
+    const double scale = scale_of(*this) * devicePixelRatioF();
+    const colour back = sight_.drawn.BackColor == colour::ground ? colour::black : sight_.drawn.BackColor;
+    p.fillRect(whole.adjusted(-1, -1, 1, 1), back_shade(back));
+    for (const shown_object* o : sight_.inside) {
+        const QRect at = device_rect(o->drawn, scale);
+        if (o->drawn.Visible && at.intersects(whole)) draw_object(p, o->drawn, at, scale);
+    }
+}
+
+}   // namespace vorn

@@ -1,0 +1,240 @@
+#include "platform/desktop/widgets.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <utility>
+
+#include "platform/desktop/look.h"
+#include "platform/desktop/sight.h"
+#include "platform/desktop/views.h"
+
+namespace vorn {
+
+namespace {
+
+QString caption_of(const object_fields& o)
+{
+    return QString::fromStdString(o.Caption);
+}
+
+// A caption in which '&' is just a character.
+QString plain_caption(const object_fields& o)
+{
+    return caption_of(o).replace('&', "&&");
+}
+
+// Making ---------------------------------------------------------------------------------------------------
+
+template <class Button>
+QWidget* clicking(Button* b, shown_object& s, const event_runner& run)
+{
+    QObject::connect(b, &QAbstractButton::toggled, b, [&s](bool on) { s.drawn.Value = on ? 1 : 0; });
+    QObject::connect(b, &QAbstractButton::clicked, b, [&s, run] { run([&s] { user_click(*s.object); }); });
+    return b;
+}
+
+QWidget* make_label(shown_object& s, QWidget* parent, const event_runner& run)
+{
+    if (s.object->Click) return clicking(new text_button(s.drawn, parent), s, run);
+    auto* l = new QLabel(parent);
+    l->setTextFormat(Qt::PlainText);
+    l->setWordWrap(true);
+    return l;
+}
+
+QWidget* make_image(shown_object& s, QWidget* parent, const event_runner& run)
+{
+    auto* view = new picture_view(s.drawn, parent);
+    if (s.object->Click) view->setFocusPolicy(Qt::StrongFocus);
+    return clicking(view, s, run);
+}
+
+QWidget* make_slider(shown_object& s, QWidget* parent, const event_runner& run)
+{
+    auto* slider = new QSlider(Qt::Horizontal, parent);
+    QObject::connect(slider, &QSlider::valueChanged, slider, [&s, run](int position) {
+        s.drawn.Value = position;
+        run([&s, position] { user_slide(*s.object, position); });
+    });
+    return slider;
+}
+
+QWidget* make_textbox(shown_object& s, QWidget* parent, const event_runner& run)
+{
+    auto* box = new QLineEdit(parent);
+    QObject::connect(box, &QLineEdit::textEdited, box, [&s, run](const QString& text) {
+        s.drawn.Text = text.toStdString();
+        run([&s, typed = s.drawn.Text] { user_types(*s.object, typed); });
+    });
+    return box;
+}
+
+QWidget* make_by_kind(shown_object& s, QWidget* parent, const event_runner& run)
+{
+    switch (s.object->kind) {
+        case object_kind::frame:
+            return new QGroupBox(parent);
+        case object_kind::sight:
+            return new sight_view(s, parent);
+        case object_kind::label:
+            return make_label(s, parent, run);
+        case object_kind::button:
+            return clicking(new push_button(s.drawn, parent), s, run);
+        case object_kind::option:
+            return clicking(new QRadioButton(parent), s, run);
+        case object_kind::checkbox:
+            return clicking(new QCheckBox(parent), s, run);
+        case object_kind::slider:
+            return make_slider(s, parent, run);
+        case object_kind::textbox:
+            return make_textbox(s, parent, run);
+        case object_kind::image:
+            return make_image(s, parent, run);
+        case object_kind::shape:
+            return new shape_view(s.drawn, parent);
+    }
+    return new QWidget(parent);
+}
+
+// What lies over something else without any use for the mouse leaves it to what is beneath.
+bool ignores_mouse(const screen_object& o)
+{
+    const bool passive =
+        o.kind == object_kind::label || o.kind == object_kind::image || o.kind == object_kind::shape;
+    return passive && !has_hooks(o) && o.ToolTipText.empty();
+}
+
+// Setting --------------------------------------------------------------------------------------------------
+
+struct difference {
+    const object_fields& was;
+    const object_fields& is;
+    bool everything;
+
+    template <class T>
+    bool in(T object_fields::*field) const
+    {
+        return everything || was.*field != is.*field;
+    }
+};
+
+void set_label(QLabel& l, const object_fields& o)
+{
+    l.setText(caption_of(o));
+    l.setAlignment(text_alignment(o));
+}
+
+// Code may clear all options of a group, which a group of buttons would refuse.
+void set_option(QRadioButton& b, const object_fields& o)
+{
+    b.setText(plain_caption(o));
+    b.setAutoExclusive(false);
+    b.setChecked(o.Value != 0);
+    b.setAutoExclusive(true);
+}
+
+void set_checkbox(QCheckBox& b, const object_fields& o)
+{
+    b.setText(plain_caption(o));
+    b.setChecked(o.Value != 0);
+}
+
+void set_slider_widget(QSlider& s, const object_fields& o)
+{
+    const QSignalBlocker ours(s);
+    s.setRange(o.Min, o.Max);
+    s.setPageStep(o.LargeChange);
+    s.setValue(o.Value);
+}
+
+// Replacing the text moves the cursor: not while the user types and the text is as he typed it.
+void set_textbox(QLineEdit& box, const object_fields& o)
+{
+    const QString text = QString::fromStdString(o.Text);
+    if (box.text() != text) box.setText(text);
+}
+
+void set_by_kind(QWidget& w, const object_fields& o)
+{
+    if (auto* label = qobject_cast<QLabel*>(&w)) return set_label(*label, o);
+    if (auto* box = qobject_cast<QGroupBox*>(&w)) return box->setTitle(plain_caption(o));
+    if (auto* option = qobject_cast<QRadioButton*>(&w)) return set_option(*option, o);
+    if (auto* check = qobject_cast<QCheckBox*>(&w)) return set_checkbox(*check, o);
+    if (auto* slider = qobject_cast<QSlider*>(&w)) return set_slider_widget(*slider, o);
+    if (auto* text = qobject_cast<QLineEdit*>(&w)) return set_textbox(*text, o);
+    if (auto* button = dynamic_cast<push_button*>(&w)) button->setText(caption_of(o));
+    if (auto* link = dynamic_cast<text_button*>(&w)) link->setText(plain_caption(o));
+    w.update();
+}
+
+void set_colours(QWidget& w, const object_fields& o)
+{
+    const bool frame = o.kind == object_kind::frame;
+    const colour fore = frame && o.ForeColor == colour::text ? colour::dim : o.ForeColor;
+    QPalette p = object_palette(fore, o.BackColor);
+    if (frame && o.BackColor == colour::ground) p.setColor(QPalette::Window, QColor(furniture::panel));
+    w.setPalette(p);
+    w.setAutoFillBackground(o.kind == object_kind::label && o.BackColor != colour::ground &&
+                            qobject_cast<QLabel*>(&w) != nullptr);
+}
+
+void set_font(QWidget& w, const object_fields& o, double scale)
+{
+    const bool title = o.kind == object_kind::frame;
+    w.setFont(title ? text_font(text_size::small, true, scale) : text_font(o.size, o.bold, scale));
+}
+
+// A tip also tells a screen reader what a thing without a caption is for.
+void set_tip(QWidget& w, const object_fields& o)
+{
+    const QString tip = QString::fromStdString(o.ToolTipText);
+    w.setToolTip(tip);
+    if (o.Caption.empty()) w.setAccessibleName(tip);
+}
+
+void set_looks(QWidget& w, const difference& d, double scale)
+{
+    if (d.in(&object_fields::ForeColor) || d.in(&object_fields::BackColor)) set_colours(w, d.is);
+    if (d.in(&object_fields::size) || d.in(&object_fields::bold)) set_font(w, d.is, scale);
+    if (d.in(&object_fields::ToolTipText)) set_tip(w, d.is);
+    if (d.in(&object_fields::Enabled)) w.setEnabled(d.is.Enabled);
+    if (d.in(&object_fields::Visible)) w.setVisible(d.is.Visible);
+}
+
+}   // namespace
+
+bool in_sight(const screen_object& o)
+{
+    return o.parent != nullptr && o.parent->kind == object_kind::sight;
+}
+
+bool has_hooks(const screen_object& o)
+{
+    return o.Click || o.MouseDown || o.MouseUp || o.MouseMove;
+}
+
+QWidget* make_widget(shown_object& s, QWidget* parent, const event_runner& run)
+{
+    s.drawn = *s.object;
+    s.widget = make_by_kind(s, parent, run);
+    s.widget->setStyle(parent->style());
+    s.widget->setAttribute(Qt::WA_NoMousePropagation);
+    s.widget->setAttribute(Qt::WA_TransparentForMouseEvents, ignores_mouse(*s.object));
+    s.widget->setMouseTracking(static_cast<bool>(s.object->MouseMove));
+    return s.widget;
+}
+
+void draw_fields(shown_object& s, double scale, bool everything)
+{
+    const object_fields was = std::exchange(s.drawn, *s.object);
+    if (in_sight(*s.object)) return s.widget->update();
+    set_looks(*s.widget, {was, s.drawn, everything}, scale);
+    set_by_kind(*s.widget, s.drawn);
+}
+
+}   // namespace vorn

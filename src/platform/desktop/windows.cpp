@@ -1,0 +1,89 @@
+// Which windows are on the desk, where, and in which order: follows the screens that the program has shown.
+#include <QWindow>
+#include <algorithm>
+
+#include "platform/desktop/desktop_machine.h"
+
+namespace vorn {
+
+static constexpr QPoint step_aside(28, 28);   // of a screen that comes up over another
+
+static bool among(const std::vector<form*>& forms, const form* f)
+{
+    return std::find(forms.begin(), forms.end(), f) != forms.end();
+}
+
+form_window* desktop_machine::window(const form& f) const
+{
+    const auto found =
+        std::find_if(windows_.begin(), windows_.end(), [&](const auto& w) { return &w->model == &f; });
+    return found == windows_.end() ? nullptr : found->get();
+}
+
+form_window* desktop_machine::window_of(const QObject* handle) const
+{
+    const auto same = [&](const auto& w) {
+        return handle != nullptr && static_cast<const QObject*>(w->windowHandle()) == handle;
+    };
+    const auto found = std::find_if(windows_.begin(), windows_.end(), same);
+    return found == windows_.end() ? nullptr : found->get();
+}
+
+form_window& desktop_machine::make_window(form& f)
+{
+    if (form_window* w = window(f)) return *w;
+    return *windows_.emplace_back(std::make_unique<form_window>(f, *this));
+}
+
+QWidget* desktop_machine::front_window() const
+{
+    const form* f = front(*this);
+    form_window* w = f == nullptr ? nullptr : window(*f);
+    return w != nullptr && w->isVisible() ? w : nullptr;
+}
+
+// Puts a window where the one before it is, so that the screens follow each other in one place.
+static void take_place(form_window& w, const form_window& before, bool aside)
+{
+    const Qt::WindowStates kept = before.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen);
+    const QRect normal = kept == Qt::WindowNoState ? before.geometry() : before.normalGeometry();
+    w.setWindowState(kept);
+    if (normal.isValid()) w.setGeometry(aside ? normal.translated(step_aside) : normal);
+}
+
+void desktop_machine::open_window(form_window& w, const form_window* before, bool over_it)
+{
+    if (w.isVisible()) return;   // it was about to leave
+    if (before != nullptr && before != &w) take_place(w, *before, over_it);
+    w.sync();
+    w.show();
+}
+
+// The window of a new screen is shown before that of the last one goes, so that the desk is never bare.
+void desktop_machine::place_windows()
+{
+    if (shown_ == screens.shown) return;
+    const std::vector<form*> before = std::exchange(shown_, screens.shown);
+    const bool replaced =
+        std::any_of(before.begin(), before.end(), [&](form* f) { return !among(shown_, f); });
+    for (form* f : shown_)
+        if (!among(before, f)) open_window(make_window(*f), last_front_, !before.empty() && !replaced);
+    for (form* f : before)
+        if (!among(shown_, f)) leaving_.push_back(window(*f));
+    if (shown_.empty()) return hide_leaving();
+    form_window& top = *window(*shown_.back());
+    if (last_front_ != &top) {
+        top.raise();
+        top.activateWindow();
+    }
+    last_front_ = &top;
+    QTimer::singleShot(150, &top, [this] { hide_leaving(); });   // should it never be painted
+}
+
+void desktop_machine::hide_leaving()
+{
+    for (form_window* w : std::exchange(leaving_, {}))
+        if (w->model.state != form_state::shown) w->hide();
+}
+
+}   // namespace vorn

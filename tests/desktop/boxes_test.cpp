@@ -1,0 +1,134 @@
+#include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTextBrowser>
+
+#include "desk.h"
+#include "platform/desktop/boxes.h"
+
+namespace vorn::testing_desk {
+
+struct boxes : desk {
+    boxes() { pc.working_directory = folder.path().toStdString(); }
+
+    void write(const QString& name, const QByteArray& content)
+    {
+        QFile f(folder.filePath(name));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(content);
+    }
+    std::optional<std::string> choose(const char* typed, bool save)
+    {
+        when_box<QFileDialog>([=](QFileDialog& d) {
+            d.findChild<QLineEdit*>("fileNameEdit")->setText(typed);
+            QTest::keyClick(d.windowHandle(), Qt::Key_Return);
+        });
+        return pc.choose_file({"OPEN", "Range Files (*.arf)|*.arf|", ".", "", save});
+    }
+    std::string in_folder(const char* name) const { return folder.filePath(name).toStdString(); }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(boxes, show_text_as_it_is_with_one_break_for_each_pair)
+{
+    open(one);
+    when_box<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.text(), "V. O. R. N.\n   \nARE <b>YOU</b> SURE ?");
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.windowTitle(), "SIMULATOR");
+        EXPECT_EQ(box.icon(), QMessageBox::Question);
+        box.reject();
+    });
+    pc.message_box({"V. O. R. N.\n\r   \n\rARE <b>YOU</b> SURE ?", "SIMULATOR", box_buttons::yes_no,
+                    box_sign::question});
+}
+
+TEST_F(boxes, answer_yes_only_to_yes)
+{
+    const auto ask = [&](std::function<void(QMessageBox&)> act) {
+        when_box<QMessageBox>(std::move(act));
+        return pc.message_box({"TRY ANOTHER ?", "PICTURE FAULT", box_buttons::yes_no});
+    };
+    open(one);
+    EXPECT_TRUE(ask([](QMessageBox& b) { b.button(QMessageBox::Yes)->click(); }));
+    EXPECT_FALSE(ask([](QMessageBox& b) { b.button(QMessageBox::No)->click(); }));
+    EXPECT_FALSE(ask([](QMessageBox& b) { QTest::keyClick(b.windowHandle(), Qt::Key_Escape); }));
+    EXPECT_FALSE(ask([](QMessageBox& b) { b.close(); }));
+}
+
+TEST_F(boxes, an_input_box_proposes_a_text_and_gives_what_stands_in_it)
+{
+    open(one);
+    when_box<QInputDialog>([](QInputDialog& box) {
+        EXPECT_EQ(box.textValue(), "NO NAME");
+        box.setTextValue("Sennebrücke");
+        QTest::keyClick(box.windowHandle(), Qt::Key_Return);
+    });
+    EXPECT_EQ(pc.input_box("NEW RANGE", "ENTER NAME", "NO NAME"), "Sennebrücke");
+    answer(Qt::Key_Escape);
+    EXPECT_EQ(pc.input_box("NEW RANGE", "ENTER NAME", "NO NAME"), std::nullopt);
+}
+
+TEST_F(boxes, a_file_dialog_takes_any_name_as_it_is_typed)
+{
+    write("taken.arf", "old");
+    open(one);
+    EXPECT_EQ(choose("absent.arf", false), in_folder("absent.arf"));
+    EXPECT_EQ(choose("taken.arf", true), in_folder("taken.arf"));
+    EXPECT_EQ(choose("bare", true), in_folder("bare"));
+    answer(Qt::Key_Escape);
+    EXPECT_EQ(pc.choose_file({"SAVE", "", "", "x.arf", true}), std::nullopt);
+}
+
+TEST(file_filters, come_in_pairs_of_name_and_patterns)
+{
+    EXPECT_EQ(name_filters("Range Files (*.arf)|*.arf|"), QStringList{"Range Files (*.arf)"});
+    EXPECT_EQ(name_filters("VRP/TRP pictures (*.vrp)|*.vrp|(*.trp)|*.trp|"),
+              (QStringList{"VRP/TRP pictures (*.vrp)", "(*.trp)"}));
+    EXPECT_EQ(name_filters("Icons|*.ico;*.cur"), QStringList{"Icons (*.ico *.cur)"});
+    EXPECT_TRUE(name_filters("").isEmpty());
+}
+
+// Help is beside the screens, not over them.
+struct help : boxes {
+    QTextBrowser* page() const
+    {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->isVisible() && w->windowTitle().contains("Help")) return w->findChild<QTextBrowser*>();
+        return nullptr;
+    }
+};
+
+TEST_F(help, opens_html_under_any_name_and_follows_links_within_the_file_alone)
+{
+    write("vorn.HLP", "<h1 id='top'>Contents</h1><a href='#fire'>fire</a><h1 id='fire'>Fire control</h1>");
+    open(one);
+    pc.run([&] { pc.show_help("VORN.hlp"); });
+    ASSERT_NE(page(), nullptr);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_TRUE(page()->toPlainText().contains("Fire control"));
+    emit page()->anchorClicked(page()->source().resolved(QUrl("#fire")));
+    EXPECT_EQ(page()->source().fragment(), "fire");
+    emit page()->anchorClicked(QUrl("https://example.org/"));
+    EXPECT_EQ(page()->source().fragment(), "fire");
+    page()->backward();
+    EXPECT_EQ(page()->source().fragment(), "");
+}
+
+TEST_F(help, says_so_when_there_is_no_file)
+{
+    open(one);
+    pc.run([&] { pc.show_help("absent.HLP"); });
+    ASSERT_NE(page(), nullptr);
+    EXPECT_TRUE(page()->toPlainText().contains("absent.HLP"));
+    write("absent.HLP", "<p>here now</p>");
+    pc.run([&] { pc.show_help("absent.HLP"); });
+    EXPECT_EQ(page()->toPlainText(), "here now");
+}
+
+}   // namespace vorn::testing_desk

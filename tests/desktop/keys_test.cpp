@@ -1,0 +1,127 @@
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "desk.h"
+
+namespace vorn::testing_desk {
+
+struct keys : desk {
+    void listen()
+    {
+        one.f.KeyDown = [this](int code) { log.push_back("down " + std::to_string(code)); };
+        one.f.KeyUp = [this](int code) { log.push_back("up " + std::to_string(code)); };
+    }
+    using words = std::vector<std::string>;
+};
+
+TEST_F(keys, reach_the_form_once_and_then_the_object_with_the_focus)
+{
+    screen_object& text = one.put(object_kind::textbox, 0, 0, 1500, 300);
+    screen_object& button = one.put(object_kind::button, 0, 600, 1500, 300);
+    button.Click = [&] { log.push_back("click"); };
+    listen();
+    open(one);
+    widget<QLineEdit>(text).setFocus();
+    press(one, Qt::Key_U);
+    release(one, Qt::Key_U);
+    QTest::keyClick(s_handle(one), Qt::Key_Tab);
+    QTest::keyClick(s_handle(one), Qt::Key_Space);
+    EXPECT_EQ(log, (words{"down 85", "up 85", "down 9", "up 9", "down 32", "up 32", "click"}));
+    EXPECT_EQ(widget<QLineEdit>(text).text(), "u");
+}
+
+TEST_F(keys, a_held_key_repeats_and_is_let_go_once)
+{
+    listen();
+    open(one);
+    press(one, Qt::Key_H);
+    for (int i = 0; i < 2; ++i) {
+        QKeyEvent up(QEvent::KeyRelease, Qt::Key_H, {}, "h", true);
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_H, {}, "h", true);
+        QCoreApplication::sendEvent(s_handle(one), &up);
+        QCoreApplication::sendEvent(s_handle(one), &down);
+    }
+    release(one, Qt::Key_H);
+    release(one, Qt::Key_H);
+    EXPECT_EQ(log, (words{"down 72", "down 72", "down 72", "up 72"}));
+}
+
+TEST_F(keys, are_let_go_when_the_window_loses_the_focus_or_a_box_opens)
+{
+    listen();
+    open(one);
+    press(one, Qt::Key_J);
+    press(one, Qt::Key_S);
+    QEvent gone(QEvent::WindowDeactivate);
+    QCoreApplication::sendEvent(&window(one), &gone);
+    EXPECT_EQ(log.size(), 4U);
+    log.clear();
+    press(one, Qt::Key_N);
+    answer(Qt::Key_Escape);
+    pc.run([&] {
+        pc.message_box({"DEBRIEF FIRER ?", "SIMULATOR", box_buttons::yes_no});
+        log.push_back("answered");
+    });
+    release(one, Qt::Key_N);
+    EXPECT_EQ(log, (words{"down 78", "up 78", "answered"}));
+}
+
+TEST_F(keys, an_access_key_clicks_and_is_nothing_to_the_form)
+{
+    screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
+    button.Caption = "&START SIM";
+    button.Click = [&] { log.push_back("click"); };
+    constexpr int alt = 18;
+    one.f.KeyDown = one.f.KeyUp = [&](int code) {
+        if (code != alt) log.push_back(std::to_string(code));
+    };
+    open(one);
+    QTest::keyClick(s_handle(one), Qt::Key_S, Qt::AltModifier);
+    QTest::keyClick(s_handle(one), Qt::Key_U, Qt::AltModifier);
+    EXPECT_EQ(log, words{"click"});
+    pc.run([&] { button.Enabled = false; });
+    QTest::keyClick(s_handle(one), Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(log, words{"click"});
+}
+
+TEST_F(keys, a_held_return_neither_answers_a_box_nor_presses_a_button_again)
+{
+    screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
+    button.Click = [&] {
+        log.push_back("click");
+        pc.message_box({"ARE YOU SURE ?", "V.O.R.N."});
+        log.push_back("answered");
+    };
+    open(one);
+    widget<QPushButton>(button).setFocus();
+    when_box<QMessageBox>([&](QMessageBox& box) {
+        QTest::keyPress(box.windowHandle(), Qt::Key_Return);
+        EXPECT_TRUE(box.isVisible());
+        QTest::keyRelease(box.windowHandle(), Qt::Key_Return);
+        QTest::keyPress(box.windowHandle(), Qt::Key_Return);
+        EXPECT_FALSE(box.isVisible());
+    });
+    press(one, Qt::Key_Return);
+    press(one, Qt::Key_Return);
+    EXPECT_EQ(log, (words{"click", "answered"}));
+}
+
+TEST(virtual_keys, are_named_by_what_is_on_the_key_and_elsewhere_by_their_place)
+{
+    constexpr Qt::KeyboardModifiers plain{}, pad = Qt::KeypadModifier, shift = Qt::ShiftModifier;
+    const auto code = [](int key, quint32 scan, Qt::KeyboardModifiers m) {
+        return virtual_key(QKeyEvent(QEvent::KeyPress, key, m, scan, 0, 0));
+    };
+    EXPECT_EQ(code(Qt::Key_A, 24, plain), 'A') << "a French keyboard has A where others have Q";
+    EXPECT_EQ(code(0x0424, 26, plain), 'E') << "a Russian one has no E at all";
+    EXPECT_EQ(code(Qt::Key_Exclam, 10, shift), '1');
+    EXPECT_EQ(code(Qt::Key_7, 16, plain), '7');
+    EXPECT_EQ(code(Qt::Key_7, 79, pad), 103);
+    EXPECT_EQ(code(Qt::Key_F5, 71, plain), 116);
+    EXPECT_EQ(code(Qt::Key_Escape, 9, plain), 27);
+    EXPECT_EQ(code(Qt::Key_VolumeUp, 123, plain), 0);
+}
+
+}   // namespace vorn::testing_desk

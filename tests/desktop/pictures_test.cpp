@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QBuffer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtEndian>
+
+#include "platform/desktop/desktop_machine.h"
+#include "platform/desktop/pictures.h"
+
+namespace vorn {
+
+struct pictures : testing::Test {
+    pictures() { pc.working_directory = folder.path().toStdString(); }
+
+    static QByteArray encoded(const QImage& image, const char* format)
+    {
+        QByteArray bytes;
+        QBuffer out(&bytes);
+        out.open(QIODevice::WriteOnly);
+        EXPECT_TRUE(image.save(&out, format));
+        return bytes;
+    }
+    static QImage plain(int width, int height, const QColor& c = Qt::darkGreen)
+    {
+        QImage image(width, height, QImage::Format_ARGB32);
+        image.fill(c);
+        return image;
+    }
+    void write(const char* name, const QByteArray& bytes)
+    {
+        QFile f(folder.filePath(name));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(bytes);
+    }
+    static QSize drawn_from(const picture& p, int size) { return image_for(p, QSize(size, size))->size(); }
+
+    QTemporaryDir folder;
+    desktop_machine pc;
+};
+
+// An icon file with one image of each size, in the order given.
+static QByteArray icon_file(const std::vector<int>& sizes)
+{
+    QByteArray head, body;
+    const auto put = [](QByteArray& to, auto value) {
+        value = qToLittleEndian(value);
+        to.append(reinterpret_cast<const char*>(&value), sizeof value);
+    };
+    for (const quint16 v : {quint16{0}, quint16{1}, static_cast<quint16>(sizes.size())}) put(head, v);
+    for (const int size : sizes) {
+        const QByteArray image =
+            pictures::encoded(pictures::plain(size, size, QColor(200, 0, 0, 128)), "PNG");
+        for (const int v : {size, size, 0, 0}) head.append(static_cast<char>(v));
+        for (const quint16 v : {quint16{1}, quint16{32}}) put(head, v);
+        put(head, static_cast<quint32>(image.size()));
+        put(head, static_cast<quint32>(6 + 16 * sizes.size() + static_cast<std::size_t>(body.size())));
+        body += image;
+    }
+    return head + body;
+}
+
+TEST_F(pictures, are_known_by_their_content_whatever_the_name_and_density)
+{
+    QImage dense = plain(40, 20);
+    dense.setDotsPerMeterX(11811);
+    dense.setDotsPerMeterY(11811);
+    for (const char* format : {"JPG", "PNG", "BMP"}) {
+        write("visualrange.vrp", encoded(dense, format));
+        const loaded_picture p = pc.load_picture("VisualRange.VRP");
+        ASSERT_TRUE(p.result) << format << p.reason;
+        EXPECT_EQ(p.result->width, 600);
+        EXPECT_EQ(p.result->height, 300);
+        EXPECT_EQ(p.result->source, "VisualRange.VRP");
+    }
+}
+
+TEST_F(pictures, that_cannot_be_had_say_why)
+{
+    const auto reason = [&](const char* name) {
+        const loaded_picture p = pc.load_picture(name);
+        EXPECT_FALSE(p.result);
+        return p.reason;
+    };
+    write("text.bmp", "BM but then just words, and not a picture at all");
+    write("empty.png", "");
+    QByteArray huge = encoded(plain(8, 8), "BMP");
+    qToLittleEndian(qint32{12000}, huge.data() + 18);
+    qToLittleEndian(qint32{12000}, huge.data() + 22);
+    write("huge.bmp", huge);
+    EXPECT_EQ(reason("absent.jpg"), "The file does not exist.");
+    EXPECT_EQ(reason("."), "It is not a file.");
+    EXPECT_EQ(reason("text.bmp"), "It is not a picture that can be read.");
+    EXPECT_EQ(reason("empty.png"), "It is not a picture that can be read.");
+    EXPECT_EQ(reason("huge.bmp"), "The picture is too large.");
+}
+
+TEST_F(pictures, a_cut_off_photograph_still_has_its_size)
+{
+    QByteArray photo = encoded(plain(200, 100), "JPG");
+    photo.truncate(photo.size() * 3 / 4);
+    write("cut.vrp", photo);
+    const loaded_picture p = pc.load_picture("cut.vrp");
+    ASSERT_TRUE(p.result) << p.reason;
+    EXPECT_EQ(p.result->width, 3000);
+}
+
+TEST_F(pictures, an_icon_has_its_largest_size_and_is_drawn_from_the_next_that_suffices)
+{
+    write("target1.ico", icon_file({32, 16, 64, 48}));
+    const loaded_picture p = pc.load_picture("target1.ico");
+    ASSERT_TRUE(p.result) << p.reason;
+    EXPECT_EQ(p.result->width, 960);
+    EXPECT_EQ(drawn_from(*p.result, 11), QSize(16, 16));
+    EXPECT_EQ(drawn_from(*p.result, 16), QSize(16, 16));
+    EXPECT_EQ(drawn_from(*p.result, 33), QSize(48, 48));
+    EXPECT_EQ(drawn_from(*p.result, 200), QSize(64, 64));
+    EXPECT_TRUE(image_for(*p.result, QSize(16, 16))->hasAlphaChannel());
+}
+
+TEST(drawings, exist_for_each_name_the_screens_use_and_for_no_other)
+{
+    const auto drawn = [](const char* name) {
+        QImage canvas(173, 200, QImage::Format_ARGB32_Premultiplied);
+        canvas.fill(Qt::transparent);
+        QPainter p(&canvas);
+        draw_picture(p, picture{name, 0, 0, nullptr}, canvas.rect());
+        p.end();
+        QImage empty(canvas.size(), canvas.format());
+        empty.fill(Qt::transparent);
+        return canvas != empty;
+    };
+    for (const char* name : {":arrow_up", ":arrow_down", ":arrow_left", ":arrow_right", ":lamp_off",
+                             ":lamp_main", ":lamp_coax", ":lamp_ready", ":keys", ":title", ":emblem"})
+        EXPECT_TRUE(drawn(name)) << name;
+    EXPECT_FALSE(drawn(":nothing"));
+    EXPECT_FALSE(drawn(""));
+}
+
+}   // namespace vorn

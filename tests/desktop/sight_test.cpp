@@ -1,0 +1,112 @@
+#include <QImage>
+#include <memory>
+
+#include "desk.h"
+#include "platform/desktop/pictures.h"
+
+namespace vorn::testing_desk {
+
+static picture plain_picture(const QColor& c, int width = 8, int height = 8)
+{
+    auto pixels = std::make_shared<decoded_picture>();
+    pixels->sizes.emplace_back(width, height, QImage::Format_ARGB32_Premultiplied);
+    pixels->sizes.back().fill(c);
+    return picture{"test", width * twips_per_pixel, height * twips_per_pixel, pixels};
+}
+
+// A sight 200 x 200 designed pixels, 100 from the corner of the form, at scales of the window.
+struct sight : desk, testing::WithParamInterface<double> {
+    screen_object& glass = one.put(object_kind::sight, 1500, 1500, 3000, 3000);
+
+    screen_object& image(double left, double top, double size, const QColor& c)
+    {
+        screen_object& o = one.put(object_kind::image, left, top, size, size, &glass);
+        o.Picture = plain_picture(c);
+        return o;
+    }
+    void open_scaled()
+    {
+        open(one, static_cast<int>(1024 * GetParam() + 0.5), static_cast<int>(768 * GetParam() + 0.5));
+        seen = window(one).grab().toImage();
+    }
+    // The colour at a point of the form, in designed pixels.
+    QColor at(double x, double y) const
+    {
+        return seen.pixelColor(static_cast<int>(x * GetParam()), static_cast<int>(y * GetParam()));
+    }
+
+    QImage seen;
+};
+
+TEST_P(sight, clips_and_draws_in_order)
+{
+    image(-1500, -1500, 6000, Qt::blue);
+    image(750, 750, 750, Qt::red);
+    image(1125, 1125, 750, QColor(0, 255, 0));
+    image(2250, 2250, 3000, Qt::yellow).Visible = false;
+    image(300, 300, 150, QColor(0, 0, 0, 0));
+    one.put(object_kind::label, 1500, 1500, 150, 150).BackColor = colour::white;
+    open_scaled();
+    EXPECT_EQ(at(105, 105), QColor(Qt::white)) << "what lies over the sight covers it";
+    EXPECT_EQ(at(112, 112), QColor(Qt::blue));
+    EXPECT_EQ(at(298, 298), QColor(Qt::blue)) << "what is hidden isn't drawn";
+    EXPECT_EQ(at(125, 125), QColor(Qt::blue)) << "what is transparent lets the picture through";
+    EXPECT_EQ(at(160, 160), QColor(Qt::red));
+    EXPECT_EQ(at(190, 190), QColor(0, 255, 0)) << "the later one lies over the earlier";
+    EXPECT_NE(at(90, 150), QColor(Qt::blue)) << "nothing outside the glass";
+    EXPECT_NE(at(310, 150), QColor(Qt::blue));
+}
+
+TEST_P(sight, has_no_seam_between_pictures_that_meet_or_at_its_edge)
+{
+    for (const double left : {0.0, 1505.0})
+        for (const double top : {0.0, 1505.0}) {
+            screen_object& quarter = image(left, top, 1505, Qt::blue);
+            if (left > 0) quarter.Width = 1495;
+            if (top > 0) quarter.Height = 1495;
+        }
+    open_scaled();
+    const QRect inner = window(one).widget(glass)->geometry();
+    int strange = 0;
+    for (int y = inner.top(); y <= inner.bottom(); ++y)
+        for (int x = inner.left(); x <= inner.right(); ++x)
+            strange += seen.pixelColor(x, y) != QColor(Qt::blue);
+    EXPECT_EQ(strange, 0);
+}
+
+TEST_P(sight, shows_a_move_when_the_handler_is_done)
+{
+    screen_object& target = image(0, 0, 300, Qt::red);
+    open_scaled();
+    EXPECT_EQ(at(110, 110), QColor(Qt::red));
+    pc.run([&] { target.Left = target.Top = 1500; });
+    seen = window(one).grab().toImage();
+    EXPECT_NE(at(110, 110), QColor(Qt::red));
+    EXPECT_EQ(at(210, 210), QColor(Qt::red));
+}
+
+TEST_P(sight, marks_stand_out_before_light_and_dark)
+{
+    image(0, 0, 1500, Qt::white);
+    image(1500, 0, 1500, Qt::black);
+    for (const double left : {300, 1800}) {
+        screen_object& ring = one.put(object_kind::shape, left, 300, 900, 900, &glass);
+        ring.Shape = shape_kind::ellipse;
+        ring.ForeColor = colour::sight;
+    }
+    open_scaled();
+    const auto contrast = [&](double from) {
+        int darkest = 255, lightest = 0;
+        for (double x = from; x < from + 30; x += 1 / GetParam()) {
+            darkest = std::min(darkest, at(x, 150).lightness());
+            lightest = std::max(lightest, at(x, 150).lightness());
+        }
+        return lightest - darkest;
+    };
+    EXPECT_GT(contrast(105), 120);
+    EXPECT_GT(contrast(205), 120);
+}
+
+INSTANTIATE_TEST_SUITE_P(scales, sight, testing::Values(1.0, 1.3, 2.0));
+
+}   // namespace vorn::testing_desk

@@ -1,0 +1,196 @@
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "desk.h"
+
+namespace vorn::testing_desk {
+
+struct windows : desk {
+    void deactivate(const screen& s) { send(s, QEvent::WindowDeactivate); }
+    void activate(const screen& s) { send(s, QEvent::WindowActivate); }
+    void send(const screen& s, QEvent::Type type)
+    {
+        QEvent e(type);
+        QCoreApplication::sendEvent(&window(s), &e);
+    }
+};
+
+TEST_F(windows, the_next_screen_takes_the_place_and_state_of_the_last)
+{
+    open(one, 900, 700);
+    window(one).move(40, 30);
+    const QRect place = window(one).geometry();
+    pc.run([&] {
+        hide(pc, one.f);
+        show(pc, two.f);
+    });
+    EXPECT_TRUE(window(two).isVisible());
+    EXPECT_EQ(window(two).geometry(), place);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window(one).isVisible(); }));
+    window(two).setWindowState(Qt::WindowMaximized);
+    pc.run([&] {
+        show(pc, one.f);
+        unload(pc, two.f);
+    });
+    EXPECT_TRUE(window(one).isMaximized());
+    EXPECT_EQ(window(one).normalGeometry(), place);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window(two).isVisible(); }));
+}
+
+TEST_F(windows, a_screen_over_another_leaves_it_where_it_is)
+{
+    open(one);
+    pc.run([&] { show(pc, two.f); });
+    settle();
+    EXPECT_TRUE(window(one).isVisible() && window(two).isVisible());
+    EXPECT_NE(window(two).pos(), window(one).pos());
+    const QRect place = window(one).geometry();
+    pc.run([&] {
+        hide(pc, two.f);
+        show(pc, one.f);
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window(two).isVisible(); }));
+    EXPECT_EQ(window(one).geometry(), place);
+}
+
+TEST_F(windows, a_screen_comes_back_as_it_was_left_or_as_it_was_loaded)
+{
+    screen_object& label = one.put(object_kind::label, 0, 0, 1500, 300);
+    one.f.load = [&] { label.Caption = "0"; };
+    open(one);
+    pc.run([&] { label.Caption = "9"; });
+    pc.run([&] {
+        hide(pc, one.f);
+        show(pc, one.f);
+    });
+    EXPECT_EQ(widget<QLabel>(label).text(), "9");
+    pc.run([&] {
+        unload(pc, one.f);
+        show(pc, one.f);
+    });
+    EXPECT_EQ(widget<QLabel>(label).text(), "0");
+}
+
+TEST_F(windows, the_form_scales_as_a_whole_and_stays_in_the_middle)
+{
+    screen_object& frame = one.put(object_kind::frame, 1500, 3000, 6000, 3000);
+    screen_object& label = one.put(object_kind::label, 300, 600, 1500, 300, &frame);
+    screen_object& check = one.put(object_kind::checkbox, 300, 1200, 1500, 300, &frame);
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        open(one, static_cast<int>(1024 * scale) + 200, static_cast<int>(768 * scale));
+        const auto at = [&](int pixels) { return static_cast<int>(pixels * scale); };
+        EXPECT_EQ(window(one).widget(frame)->geometry(), QRect(100 + at(100), at(200), at(400), at(200)));
+        EXPECT_EQ(window(one).widget(label)->geometry(), QRect(at(20), at(40), at(100), at(20)));
+        EXPECT_EQ(window(one).widget(label)->font().pixelSize(), at(13));
+        EXPECT_EQ(window(one).widget(check)->style()->pixelMetric(QStyle::PM_IndicatorWidth), at(14));
+    }
+}
+
+TEST_F(windows, neighbours_meet_at_every_scale)
+{
+    std::vector<screen_object*> row;
+    for (int i = 0; i < 20; ++i) row.push_back(&one.put(object_kind::label, 305 + i * 155, 0, 155, 300));
+    for (const int width : {700, 811, 1024, 1375}) {
+        open(one, width, 1200);
+        for (std::size_t i = 1; i < row.size(); ++i)
+            EXPECT_EQ(window(one).widget(*row[i - 1])->geometry().right() + 1,
+                      window(one).widget(*row[i])->x());
+    }
+}
+
+TEST_F(windows, only_f11_changes_the_full_screen)
+{
+    open(one);
+    press(one, Qt::Key_F11);
+    EXPECT_TRUE(window(one).isFullScreen());
+    release(one, Qt::Key_F11);
+    press(one, Qt::Key_Escape);
+    EXPECT_TRUE(window(one).isFullScreen() && window(one).isVisible());
+    press(one, Qt::Key_F11);
+    EXPECT_FALSE(window(one).isFullScreen());
+}
+
+TEST_F(windows, the_frame_of_the_window_asks_the_exit_button)
+{
+    screen_object& leave = one.put(object_kind::button, 0, 0, 1500, 300);
+    leave.Click = [&] {
+        if (pc.message_box({"ARE YOU SURE ?", "V.O.R.N.", box_buttons::yes_no, box_sign::question}))
+            pc.end_program();
+        log.push_back("stayed");
+    };
+    open(one);
+    window(one).close();
+    EXPECT_TRUE(window(one).isVisible() && log.empty()) << "no exit button is named yet";
+    one.f.exit_button = &leave;
+    answer(Qt::Key_Escape);
+    window(one).close();
+    EXPECT_TRUE(window(one).isVisible());
+    EXPECT_EQ(log, std::vector<std::string>{"stayed"});
+    pc.run([&] { leave.Visible = false; });
+    answer(Qt::Key_Escape);
+    window(one).close();
+    EXPECT_EQ(log.size(), 2U) << "a plain screen, which shows no buttons, can be closed all the same";
+    pc.run([&] {
+        show(pc, two.f);
+        hide(pc, one.f);
+    });
+    window(one).close();
+    EXPECT_EQ(log.size(), 2U) << "a window on its way out asks nothing";
+}
+
+TEST_F(windows, the_end_of_the_program_leaves_nothing_half_run)
+{
+    screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
+    one.f.KeyUp = [](int) { std::_Exit(1); };
+    button.MouseUp = [] { std::_Exit(2); };
+    button.MouseDown = [&] {
+        pc.end_program();
+        std::_Exit(3);
+    };
+    pc.leave = [&] { std::_Exit(window(one).isVisible() ? 4 : 42); };
+    open(one);
+    EXPECT_EXIT(
+        {
+            press(one, Qt::Key_U);
+            QTest::mousePress(window(one).widget(button), Qt::LeftButton);
+        },
+        testing::ExitedWithCode(42), "");
+}
+
+TEST_F(windows, an_own_screen_that_comes_to_the_front_arrives_once)
+{
+    one.f.arrival = [&] { log.push_back("one"); };
+    two.f.arrival = [&] { log.push_back("two"); };
+    open(one);
+    open(two);
+    log.clear();
+    activate(two);
+    EXPECT_TRUE(log.empty()) << "it was in front all the time";
+    deactivate(two);
+    activate(one);
+    activate(one);
+    EXPECT_EQ(log, std::vector<std::string>{"one"});
+    EXPECT_EQ(front(pc), &one.f);
+    pc.run([&] { unload(pc, two.f); });
+    activate(two);
+    EXPECT_EQ(log, std::vector<std::string>{"one"});
+}
+
+TEST_F(windows, boxes_and_help_make_no_arrival)
+{
+    one.f.arrival = [&] { log.push_back("one"); };
+    open(one);
+    log.clear();
+    answer(Qt::Key_Return);
+    pc.run([&] { pc.message_box({"NO SUCH FILE", "RANGE"}); });
+    pc.run([&] { pc.show_help("missing.HLP"); });
+    settle();
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (!w->isModal() && w->windowTitle().contains("Help")) w->close();
+    window(one).activateWindow();
+    settle();
+    EXPECT_TRUE(log.empty());
+}
+
+}   // namespace vorn::testing_desk
