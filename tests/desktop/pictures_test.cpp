@@ -66,14 +66,17 @@ TEST_F(pictures, are_known_by_their_content_whatever_the_name_and_density)
     QImage dense = plain(40, 20);
     dense.setDotsPerMeterX(11811);
     dense.setDotsPerMeterY(11811);
-    for (const char* format : {"JPG", "PNG", "BMP"}) {
-        write("visualrange.vrp", encoded(dense, format));
-        const loaded_picture p = pc.load_picture("VisualRange.VRP");
-        ASSERT_TRUE(p.result) << format << p.reason;
+    const std::vector<std::pair<const char*, const char*>> files{
+        {"JPG", "range.vrp"}, {"JPG", "range.png"}, {"PNG", "range.bmp"}, {"BMP", "range.jpg"}};
+    for (const auto& [format, name] : files) {
+        write(name, encoded(dense, format));
+        const loaded_picture p = pc.load_picture(name);
+        ASSERT_TRUE(p.result) << name << p.reason;
         EXPECT_EQ(p.result->width, 600);
         EXPECT_EQ(p.result->height, 300);
-        EXPECT_EQ(p.result->source, "VisualRange.VRP");
+        EXPECT_EQ(p.result->source, name);
     }
+    EXPECT_TRUE(pc.load_picture("Range.VRP").result) << "names are found without regard to case";
 }
 
 TEST_F(pictures, that_cannot_be_had_say_why)

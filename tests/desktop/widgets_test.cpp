@@ -150,7 +150,10 @@ TEST_F(objects, typing_reports_each_change_and_keeps_the_cursor)
 {
     screen_object& text = one.put(kind::textbox, 0, 0, 1500, 300);
     text.Text = "ac";
-    text.Change = [&] { log.push_back(text.Text); };
+    text.Change = [&] {
+        log.push_back(text.Text);
+        text.ForeColor = colour::live;
+    };
     open(one);
     auto& box = widget<QLineEdit>(text);
     box.setCursorPosition(1);

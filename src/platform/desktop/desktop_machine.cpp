@@ -15,7 +15,7 @@ namespace vorn {
 static constexpr double frame = 1.0 / 60;      // seconds
 static constexpr double longest_delay = 0.1;   // a move later than this starts its time anew rather than rush
 
-desktop_machine::desktop_machine() : leave([] { std::_Exit(EXIT_SUCCESS); }), keyboard_(*this)
+desktop_machine::desktop_machine() : leave([] { std::_Exit(EXIT_SUCCESS); }), keyboard_(*this), stick_(*this)
 {
     prepare_fonts();
     icon_ = window_icon();
@@ -40,7 +40,8 @@ double desktop_machine::now() const
 void desktop_machine::run(const std::function<void()>& event)
 {
     if (ending_) return;
-    const auto outer = std::exchange(move_, std::nullopt);   // of the handler that lets this event run in its midst
+    const auto outer =
+        std::exchange(move_, std::nullopt);   // of the handler that lets this event run in its midst
     handle(*this, event);
     move_ = outer;
     if (screens.depth == 0 && held_mouse_ != nullptr && !takes_input(*held_mouse_)) release_mouse();
@@ -76,6 +77,7 @@ void desktop_machine::release_input()
 {
     if (ending_) return;
     keyboard_.release_all();
+    stick_.release_all();
     release_mouse();
 }
 
@@ -144,13 +146,21 @@ void desktop_machine::show_help(const std::string& path)
     help_->open(find_path(*this, path));
 }
 
-// A machine without sound or stick, for now.
-void desktop_machine::play(const std::string&) {}
-void desktop_machine::close_sound() {}
+// Sound and stick -----------------------------------------------------------------------------------------
 
-long desktop_machine::joystick_reading(int)
+void desktop_machine::play(const std::string& path)
 {
-    return 0;
+    sound_.play(find_path(*this, path));
+}
+
+void desktop_machine::close_sound()
+{
+    sound_.stop();
+}
+
+long desktop_machine::joystick_reading(int number)
+{
+    return stick_.reading(number);
 }
 
 }   // namespace vorn

@@ -11,6 +11,8 @@
 #include "platform/desktop/form_window.h"
 #include "platform/desktop/help.h"
 #include "platform/desktop/keys.h"
+#include "platform/desktop/sound.h"
+#include "platform/desktop/stick.h"
 #include "platform/machine.h"
 
 namespace vorn {
@@ -51,6 +53,8 @@ public:
     // Takes the windows of screens that are gone from the desk, once their successor is seen.
     void hide_leaving();
 
+    const sound_channel& sound() const { return sound_; }
+    stick& joystick() { return stick_; }
     form_window* window(const form&) const;
     form_window* window_of(const QObject* handle) const;   // by the handle of the window system
     const QIcon& icon() const { return icon_; }
@@ -81,6 +85,8 @@ private:
     const form_window* last_front_ = nullptr;
     std::unique_ptr<help_window> help_;
     keyboard keyboard_;
+    sound_channel sound_;
+    stick stick_;
     screen_object* held_mouse_ = nullptr;
     QTimer clock_;
     std::optional<counted_move> move_;

@@ -1,0 +1,119 @@
+// The sound channel through SDL's disk driver, which writes the very samples that were played.
+#include <QFile>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <cstring>
+
+#include "desk.h"
+#include "platform/desktop/sound.h"
+
+namespace vorn::testing_desk {
+
+using samples = std::vector<std::int16_t>;
+
+class sound : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        qputenv("SDL_AUDIODRIVER", "disk");
+        qputenv("SDL_DISKAUDIOFILE", path("played").c_str());
+        qputenv("SDL_DISKAUDIODELAY", "1");
+    }
+    void TearDown() override { qunsetenv("SDL_AUDIODRIVER"); }
+
+    std::string path(const char* name) const { return folder.filePath(name).toStdString(); }
+
+    // A mono wave file at the channel's own rate, so that its samples come out as they are.
+    std::string wave(const char* name, const samples& s) const
+    {
+        const auto bytes = static_cast<quint32>(s.size() * 2);
+        QByteArray b("RIFF");
+        const auto number = [&b](quint32 n, int size) { b.append(reinterpret_cast<const char*>(&n), size); };
+        number(36 + bytes, 4);
+        b += "WAVEfmt ";
+        for (const auto& [n, size] :
+             {std::pair{16U, 4}, {1U, 2}, {1U, 2}, {44100U, 4}, {88200U, 4}, {2U, 2}, {16U, 2}})
+            number(n, size);
+        b += "data";
+        number(bytes, 4);
+        b.append(reinterpret_cast<const char*>(s.data()), static_cast<qsizetype>(bytes));
+        QFile f(folder.filePath(name));
+        EXPECT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(b);
+        return path(name);
+    }
+    samples played() const
+    {
+        QFile f(folder.filePath("played"));
+        if (!f.open(QIODevice::ReadOnly)) return {};
+        const QByteArray b = f.readAll();
+        samples s(static_cast<std::size_t>(b.size() / 2));
+        if (s.empty()) return s;
+        std::memcpy(s.data(), b.constData(), s.size() * 2);
+        return s;
+    }
+    static bool contains(const samples& all, const samples& part)
+    {
+        return std::search(all.begin(), all.end(), part.begin(), part.end()) != all.end();
+    }
+    static samples ramp(std::int16_t from, std::size_t n)
+    {
+        samples s(n);
+        for (std::size_t i = 0; i < n; ++i)
+            s[i] = static_cast<std::int16_t>(from + static_cast<int>(i % 1000));
+        return s;
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(sound, plays_a_file_whole_and_cuts_it_off_at_a_stop)
+{
+    sound_channel channel;
+    const samples shot = ramp(2000, 5000);
+    channel.play(wave("shot.wav", shot));
+    EXPECT_TRUE(channel.playing()) << "it returns while the file plays";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !channel.playing(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return contains(played(), shot); }));
+
+    const samples burst = ramp(-9000, 400000);
+    channel.play(wave("burst.wav", burst));
+    channel.stop();
+    EXPECT_FALSE(channel.playing());
+    QTest::qWait(30);
+    EXPECT_FALSE(contains(played(), samples(burst.end() - 2000, burst.end())));
+}
+
+TEST_F(sound, a_new_sound_takes_the_place_of_the_last)
+{
+    sound_channel channel;
+    const samples second = ramp(5000, 3000);
+    channel.play(wave("long.wav", ramp(-20000, 900000)));
+    channel.play(wave("second.wav", second));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return contains(played(), second); }));
+}
+
+TEST_F(sound, what_cannot_be_played_is_passed_over)
+{
+    sound_channel channel;
+    QFile broken(folder.filePath("broken.wav"));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("RIFF\xff\xff\xff\x7fWAVEfmt and no more");
+    broken.close();
+    for (const std::string& file : {path("none.wav"), path("broken.wav"), path(""), std::string()})
+        channel.play(file);
+    EXPECT_FALSE(channel.playing());
+    channel.play(wave("shot.wav", ramp(0, 9000)));
+    EXPECT_TRUE(channel.playing());
+}
+
+TEST_F(sound, a_machine_without_a_device_is_silent)
+{
+    qputenv("SDL_AUDIODRIVER", "there is none of this name");
+    sound_channel channel;
+    channel.play(wave("shot.wav", ramp(0, 9000)));
+    EXPECT_FALSE(channel.playing());
+    channel.stop();
+}
+
+}   // namespace vorn::testing_desk
