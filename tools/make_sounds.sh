@@ -1,0 +1,131 @@
+#!/usr/bin/env bash
+# Makes the wave files of the crew and of the guns: speech by flite with the sound of an intercom laid over it by
+# sox, and the noises of the program `effects`. Installs nothing, and makes the same bytes each time.
+#
+# Usage: make_sounds.sh EFFECTS FOLDER
+set -euo pipefail
+
+# File, who speaks, and what. Spelled for flite's ear: "Co axe" and "dee select" come out right only so.
+lines="
+action      commander  Action!
+fin1        commander  Fin, tank!
+hesh1       commander  Hesh, B M P!
+coaxon1     commander  Co axe, transport!
+on          commander  On!
+onlaze      commander  On, laze!
+on600       commander  On, six hundred!
+on800       commander  On, eight hundred!
+on900       commander  On, nine hundred!
+on1000      commander  On, one thousand!
+on1100      commander  On, eleven hundred!
+on1200      commander  On, twelve hundred!
+on1300      commander  On, thirteen hundred!
+on1400      commander  On, fourteen hundred!
+on1500      commander  On, fifteen hundred!
+on1600      commander  On, sixteen hundred!
+on1700      commander  On, seventeen hundred!
+on1800      commander  On, eighteen hundred!
+on2000      commander  On, two thousand!
+loaded      loader     Loaded!
+loadfire    loader     Loaded. Fire!
+selectfin   commander  Select fin!
+selechesh   commander  Select hesh!
+selectcoax  commander  Select co axe!
+targetstop  commander  Target, stop!
+deselect    commander  Stop. dee select!
+cleargun    commander  Target stop. Stop. Clear guns!
+"
+
+declare -A voices=(
+    [commander]="rms --setf duration_stretch=0.8 --setf int_f0_target_mean=105"
+    [loader]="awb --setf duration_stretch=0.9"
+)
+# dBFS: the effective value of each spoken line, so that none stands out, and what no sample goes over.
+speech_level=-17
+top=-2
+
+die() { printf 'make_sounds: %s\n' "$*" >&2; exit 1; }
+
+check_tools() {
+    local tool voice missing=()
+    for tool in flite sox soxi; do command -v "$tool" >/dev/null || missing+=("the program $tool"); done
+    if command -v flite >/dev/null; then
+        # flite speaks with another voice when it has not the one asked for.
+        for voice in "${voices[@]%% *}"; do
+            flite -lv | grep -qw "$voice" || missing+=("flite's voice $voice")
+        done
+    fi
+    [ ${#missing[@]} -eq 0 ] || die "missing:$(printf ' %s,' "${missing[@]}") of Debian's packages flite and sox"
+}
+
+# Cuts what lies before the first sound and after the last one.
+trimmed=(silence 1 0.01 0.4% reverse silence 1 0.01 0.4% reverse)
+
+# The effective value over the parts that are not silent.
+level_of() {
+    sox "$1" -n silence -l 1 0.02 -35d -1 0.02 -35d stats 2>&1 | awk '/^RMS lev dB/ { print $4 }'
+}
+
+# Brings speech to its level and keeps its peaks off the top. More than once, since cutting peaks takes level away.
+to_level() {
+    local gain
+    for _ in 1 2 3; do
+        gain=$(awk -v is="$(level_of "$1")" -v due=$speech_level -v top=$top 'BEGIN { print due - is - top }')
+        sox -R "$1" "$work/louder.wav" gain -l "$gain" gain $top
+        mv "$work/louder.wav" "$1"
+    done
+}
+
+# Noise through the band of the intercom: noise LENGTH LEVEL KIND OUT [EFFECT...]
+noise() {
+    sox -R -r 16000 -n -c 1 "$4" synth "$1" "$3" gain -12 highpass 400 lowpass 3200 gain -n "$2" "${@:5}"
+}
+
+# What an intercom makes of a voice: a narrow band and levels pressed together, on a bed of hiss between the clicks
+# of its switch. Steeper filters, overdrive or a louder hiss cost words.
+intercom() {
+    local length
+    sox -R "$1" "$work/voice.wav" gain -n -12 highpass 300 highpass 300 lowpass 3400 \
+        compand 0.003,0.09 6:-70,-70,-50,-32,-26,-15,0,-8 0 -70 0.005 gain -n -3 pad 0.05 0.06
+    to_level "$work/voice.wav"
+    length=$(soxi -D "$work/voice.wav")
+    noise "$length" -44 pinknoise "$work/hiss.wav" fade t 0.004 "$length" 0.02
+    noise 0.012 -24 whitenoise "$work/on.wav" fade t 0 0.012 0.010 pad 0.008
+    noise 0.04 -28 whitenoise "$work/off.wav" fade t 0.002 0.04 0.03 pad "$(awk "BEGIN { print $length - 0.05 }")"
+    sox -R -m -v 1 "$work/voice.wav" -v 1 "$work/hiss.wav" -v 1 "$work/on.wav" -v 1 "$work/off.wav" "$2"
+}
+
+# say FILE SPEAKER WORDS
+say() {
+    local voice
+    read -ra voice <<<"${voices[$2]}"
+    flite -voice "${voice[@]}" -t "$3" -o "$work/raw.wav"
+    sox -R "$work/raw.wav" -r 16000 -c 1 "$work/dry.wav" "${trimmed[@]}"
+    intercom "$work/dry.wav" "$folder/$1.wav"
+}
+
+# resound NAME: an effect at its level, its last trace faded out.
+resound() {
+    "$effects" "$1" | sox -R -t dat - -b 16 "$folder/$1.wav" \
+        gain -6 highpass 30 gain -n $top reverse fade t 0.05 reverse
+}
+
+# The kill as the commander reports it: he speaks up when the blow is over, and the roll goes on under his voice.
+explode() {
+    sox -R "$folder/targetstop.wav" -r 22050 "$work/report.wav" gain -3 pad 0.45
+    sox -R -m -v 0.5 "$folder/explode1.wav" -v 1.4 "$work/report.wav" "$folder/explode.wav" gain -n $top
+}
+
+[ $# -eq 2 ] || die "usage: make_sounds.sh EFFECTS FOLDER"
+effects=$1
+folder=$2
+check_tools
+mkdir -p "$folder"
+work=$(mktemp -d)
+trap 'rm -r "$work"' EXIT
+
+while read -r file speaker words; do
+    [ -z "$file" ] || say "$file" "$speaker" "$words"
+done <<<"$lines"
+for effect in fire coax explode1; do resound "$effect"; done
+explode
