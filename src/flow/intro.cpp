@@ -41,8 +41,10 @@ void lay_out(intro_screen& s)
         bold(label({645, 645, 14100, 600}, title, colour::black, text_size::large, alignment::centre)));
     add(f, s.Label1,
         bold(label({630, 630, 14100, 600}, title, colour::text, text_size::large, alignment::centre)));
-    add(f, s.Lblabout1,
-        hidden(label({3480, 3600, 8400, 2400}, about, colour::text, text_size::normal, alignment::centre)));
+    object_fields text =
+        hidden(label({3480, 2400, 8400, 1650}, about, colour::text, text_size::normal, alignment::centre));
+    text.BackColor = colour::black;
+    add(f, s.Lblabout1, std::move(text));
     add(f, s.lblstart, signpost(1080, "START"));
     add(f, s.lblabout, signpost(4680, "ABOUT"));
     add(f, s.lblhelp, signpost(8280, "HELP"));

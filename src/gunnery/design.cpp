@@ -74,6 +74,8 @@ void practice_buttons(gunnery_screen& s, const layout& l)
     add(f, s.HScspeed,
         slider({inner, 3120, l.button_width, 330}, 1, s.visual() ? 160 : 20, s.visual() ? 110 : 3, 10),
         &s.Frame3);
+    // Nothing reads the thermal bar: it is there, and doesn't pretend to work.
+    s.HScspeed.Enabled = s.HScspeed.design->Enabled = s.visual();
     f.exit_button = &s.CMDEXIT;
 }
 

@@ -71,14 +71,18 @@ void showscore(trainer& t, const gunnery_screen& s, const result& r)
 
 }   // namespace
 
+// The question comes before the thermal score is worked out and after the visual one; neither can tell.
 void practiceend(trainer& t, gunnery_screen& s)
 {
     const result r = workout(s);
+    const int resets = s.resets;
     if (s.visual() && t.shared.voiceson) {
         s.lblcrew.Caption = "TARGET STOP...STOP CLEAR GUNS !!";
         say(t, s, "cleargun.wav");
     }
-    const int resets = s.resets;
+    // There is no debrief screen yet for a yes to lead to: the score is shown on either answer.
+    if (t.shared.fulldebrief)
+        t.pc.message_box({"DEBRIEF FIRER ?", "DEBRIEF", box_buttons::yes_no, box_sign::question});
     showscore(t, s, r);
     if (resets != s.resets) return;
     s.gunloaded = false;

@@ -143,7 +143,7 @@ loaded_picture desktop_machine::load_picture(const std::string& path)
 void desktop_machine::show_help(const std::string& path)
 {
     if (help_ == nullptr) help_ = std::make_unique<help_window>(icon_);
-    help_->open(find_path(*this, path));
+    help_->open_file(find_path(*this, path));
 }
 
 // Sound and stick -----------------------------------------------------------------------------------------

@@ -102,7 +102,7 @@ void help_window::add_zoom_keys()
     zoom(QKeySequence("Ctrl+-"), -1);
 }
 
-void help_window::open(const std::string& path)
+void help_window::open_file(const std::string& path)
 {
     const QUrl file = QUrl::fromLocalFile(QString::fromStdString(path));
     text_->clearHistory();

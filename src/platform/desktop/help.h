@@ -12,7 +12,7 @@ class help_window final : public QDialog {
 public:
     explicit help_window(const QIcon&);
     // Opens a file at its contents and brings the window to the front.
-    void open(const std::string& path);
+    void open_file(const std::string& path);
 
 private:
     QPushButton* add_button(const QString& caption);
