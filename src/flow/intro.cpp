@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* title = "MOBILE TURRET DRILL CONSOLE CHALLENGER 1 (VER 2.0)";
 constexpr const char* about =
-    "V.O.R.N. trains the gunner of a main battle tank at his own station: orders, laying, lasing, fire and "
+    "\nV.O.R.N. trains the gunner of a main battle tank at his own station: orders, laying, lasing, fire and "
     "correction, on the visual and on the thermal sight, with a score and a debrief of each round.\n\n"
     "Free software under the MIT licence. All pictures, voices and ranges were made for it.";
 
@@ -42,7 +42,7 @@ void lay_out(intro_screen& s)
     add(f, s.Label1,
         bold(label({630, 630, 14100, 600}, title, colour::text, text_size::large, alignment::centre)));
     object_fields text =
-        hidden(label({3480, 2400, 8400, 1650}, about, colour::text, text_size::normal, alignment::centre));
+        hidden(label({3480, 2400, 8400, 1470}, about, colour::text, text_size::normal, alignment::centre));
     text.BackColor = colour::black;
     add(f, s.Lblabout1, std::move(text));
     add(f, s.lblstart, signpost(1080, "START"));
