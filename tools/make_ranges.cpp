@@ -80,28 +80,30 @@ static void put_icons(practice_state& p, const std::string& name)
     p.targeticon3 = "/target icons/" + name + "3.ico";
 }
 
-static practice_state visual_range(const std::vector<place>& places)
+// A range of these places, for the sight whose numbers give the size of its targets.
+static practice_state range_of(const char* name, const char* picture, const char* type, const char* icons,
+                               const std::vector<place>& places, const sight_numbers& sight)
 {
     practice_state p;
-    p.rangename = "THORNMERE DOWN";
-    p.rangepicture = "visualrange.vrp";
-    p.rangetype = "VISUAL";
-    put_icons(p, "target");
-    for (std::size_t entry = 1; const place& at : chosen(places, visual_choice))
-        put_position(p, entry++, at, visualsight);
+    p.rangename = name;
+    p.rangepicture = picture;
+    p.rangetype = type;
+    put_icons(p, icons);
+    for (std::size_t entry = 1; const place& at : places) put_position(p, entry++, at, sight);
     return p;
+}
+
+static practice_state visual_range(const std::vector<place>& places)
+{
+    return range_of("THORNMERE DOWN", "visualrange.vrp", "VISUAL", "target", chosen(places, visual_choice),
+                    visualsight);
 }
 
 static practice_state thermal_range(const std::vector<place>& places)
 {
-    practice_state p;
-    p.rangename = "THORNMERE DOWN TI";
-    p.rangepicture = "thermalrange.trp";
-    p.rangetype = "THERMAL";
-    put_icons(p, "thermal");
-    for (std::size_t entry = 1; const place& at : chosen(places, thermal_choice))
-        put_position(p, entry++, on_thermal(at), thermalsight);
-    return p;
+    std::vector<place> seen = chosen(places, thermal_choice);
+    for (place& at : seen) at = on_thermal(at);
+    return range_of("THORNMERE DOWN TI", "thermalrange.trp", "THERMAL", "thermal", seen, thermalsight);
 }
 
 static bool save(const std::string& path, const practice_state& p)

@@ -24,14 +24,14 @@ double seconds_now()
     return static_cast<double>(SDL_GetTicks64()) / 1000;
 }
 
-SDL_AudioSpec channel_spec()
+SDL_AudioSpec channel_format()
 {
-    SDL_AudioSpec spec{};
-    spec.freq = rate;
-    spec.format = AUDIO_S16SYS;
-    spec.channels = 1;
-    spec.samples = 512;   // 12 ms: a shot is heard with its flash
-    return spec;
+    SDL_AudioSpec format{};
+    format.freq = rate;
+    format.format = AUDIO_S16SYS;
+    format.channels = 1;
+    format.samples = 512;   // 12 ms: a shot is heard with its flash
+    return format;
 }
 
 struct stream_closer {
@@ -57,11 +57,11 @@ std::optional<std::vector<Uint8>> wave_of(const std::string& file)
     if (!std::filesystem::is_regular_file(file, failed) ||
         std::filesystem::file_size(file, failed) > largest_wave)
         return std::nullopt;
-    SDL_AudioSpec spec{};
+    SDL_AudioSpec format{};
     Uint8* bytes = nullptr;
     Uint32 size = 0;
-    if (SDL_LoadWAV(file.c_str(), &spec, &bytes, &size) == nullptr) return std::nullopt;
-    auto samples = converted(spec, bytes, size);
+    if (SDL_LoadWAV(file.c_str(), &format, &bytes, &size) == nullptr) return std::nullopt;
+    auto samples = converted(format, bytes, size);
     SDL_FreeWAV(bytes);
     return samples;
 }
@@ -89,7 +89,7 @@ bool sound_channel::ready()
     retry_at_ = seconds_now() + retry_seconds;
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");   // or it would take the signals that end the program
     if (SDL_WasInit(SDL_INIT_AUDIO) == 0 && SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
-    const SDL_AudioSpec wanted = channel_spec();
+    const SDL_AudioSpec wanted = channel_format();
     device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
     if (device_ == 0) return false;
     retry_at_ = 0;
