@@ -14,10 +14,9 @@ constexpr const char* about =
     "correction, on the visual and on the thermal sight, with a score and a debrief of each round.\n\n"
     "Free software under the MIT licence. All pictures, voices and ranges were made for it.";
 
-void highlight(intro_screen& s, const screen_object* under)
+void unhighlight(intro_screen& s)
 {
-    for (screen_object* o : {&s.lblstart, &s.lblabout, &s.lblhelp, &s.lblexit})
-        o->ForeColor = o == under ? colour::highlight : colour::text;
+    for (screen_object* o : {&s.lblstart, &s.lblabout, &s.lblhelp, &s.lblexit}) o->ForeColor = colour::text;
 }
 
 void lblstart_click(trainer& t)
@@ -63,8 +62,8 @@ void make_intro(trainer& t)
     s.lblhelp.Click = [&t] { openhelp(t); };
     s.lblexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", "V. O. R. N."); };
     for (screen_object* o : {&s.lblstart, &s.lblabout, &s.lblhelp, &s.lblexit})
-        o->MouseMove = [&s, o] { highlight(s, o); };
-    s.Image1.MouseMove = [&s] { highlight(s, nullptr); };
+        o->MouseMove = [o] { o->ForeColor = colour::highlight; };
+    s.Image1.MouseMove = [&s] { unhighlight(s); };
     s.window.arrival = [&t] { finddata(t); };
 }
 
@@ -103,8 +102,8 @@ static void askfordata(trainer& t)
 void finddata(trainer& t)
 {
     const bool entered = !t.pc.default_directory.empty() && change_directory(t.pc, t.pc.default_directory);
+    if (!entered) return askfordata(t);
     t.shared.rootpath = t.pc.working_directory.string() + path_separator + "ranges";
-    if (!entered) askfordata(t);
 }
 
 void confirmexit(trainer& t, const std::string& firstline, const std::string& title)

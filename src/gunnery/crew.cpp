@@ -91,7 +91,7 @@ void reporton(trainer& t, gunnery_screen& s)
         callrange(t, s);
     else
         visual_on(t, s);
-    start(s.Timloading);
+    if (!t.shared.paused) start(s.Timloading);   // paused in the midst of the lay: the resume starts it
 }
 
 void make_crew(trainer& t, gunnery_screen& s)

@@ -186,6 +186,8 @@ void load_gunnery(gunnery_screen& s)
     s.lazed = false;
     s.layready = false;
     s.autolaydown = false;
+    s.voicebusy = false;   // the unload has stopped the timer that would have ended the call
+    s.voicecount = 0;
     if (s.visual()) s.layspeed = 3;
     start(s.Timer1);
 }

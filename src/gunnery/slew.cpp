@@ -68,9 +68,11 @@ static bool slewup(trainer& t, gunnery_screen& s)
 
 bool commanderslay(trainer& t, gunnery_screen& s)
 {
+    const bool above =
+        s.Imgtargets.Top < above_sight;   // as placed: the gunner may move it during the first slew
     const bool across = s.Imgtargets.Left < left_of_sight ? slewright(t, s) : slewleft(t, s);
     if (!across) return false;
-    const bool along = s.Imgtargets.Top < above_sight ? slewdown(t, s) : slewup(t, s);
+    const bool along = above ? slewdown(t, s) : slewup(t, s);
     if (!along) return false;
     s.targetcalled = true;
     reporton(t, s);

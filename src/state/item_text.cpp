@@ -144,7 +144,9 @@ void item_writer::put(bool value)
 
 std::string item_writer::file_bytes() const
 {
-    return as_latin1(text_).value_or(text_);
+    const auto latin = as_latin1(text_);
+    // Latin-1 that reads as UTF-8 too would come back as something else.
+    return latin && (*latin == text_ || !is_utf8(*latin)) ? *latin : text_;
 }
 
 std::string from_file_bytes(const std::string& bytes)

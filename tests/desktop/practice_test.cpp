@@ -96,6 +96,7 @@ TEST_F(whole_trainer, keys_slew_the_picture_and_a_stop_in_the_lay_is_orderly)
     click_on(s.Cmdstartsim);
     ASSERT_TRUE(
         wait_for([&] { return s.Imgtargets.Visible; }));   // seen from within the lay's own event loop
+    t.shared.fulldebrief = false;                          // one box at the end, the score
     when_box<QMessageBox>([](QMessageBox& box) { box.accept(); });
     click_on(s.Cmdstopsim);
     EXPECT_FALSE(s.Imgtargets.Visible || s.simrunning || s.Timtarget.Enabled);

@@ -390,6 +390,26 @@ TEST_F(mid_lay, a_return_to_the_set_up_leaves_nothing_running)
     EXPECT_TRUE(s.Imgtargets.Visible);
 }
 
+TEST_F(mid_lay, a_pause_holds_the_loader_too)
+{
+    act([&] { d.pc.click(s.Cmdpausesim); });
+    EXPECT_TRUE(s.targetcalled);
+    EXPECT_FALSE(s.Timloading.Enabled || s.Timtarget.Enabled);
+    d.pc.advance(30);
+    EXPECT_EQ(d.crew(), "FIN TANK ON !!");
+    d.pc.click(s.Cmdpausesim);
+    d.pc.advance(4);
+    EXPECT_EQ(d.crew(), "LOADED....  FIRE");
+}
+
+TEST_F(mid_lay, a_call_cut_off_by_the_return_holds_back_no_later_effect)
+{
+    act([&] { d.pc.click(s.Cmdmain); });
+    ASSERT_TRUE(s.voicebusy);
+    d.set_up();
+    EXPECT_FALSE(s.voicebusy);
+}
+
 TEST_F(mid_lay, an_exit_runs_nothing_after_it)
 {
     d.pc.answers = {{true}, {true}};

@@ -77,6 +77,12 @@ TEST(item_text, an_item_of_the_wrong_form_or_out_of_its_fields_bounds_fails)
 
 TEST(item_text, texts_in_either_encoding_come_out_as_utf8)
 {
+    item_writer both;   // two letters whose Latin-1 bytes are one letter of UTF-8
+    both.put("\xC3\x83\xC2\xA9");
+    item_reader again(both.file_bytes());
+    std::string letters;
+    EXPECT_TRUE(again.take(letters));
+    EXPECT_EQ(letters, "\xC3\x83\xC2\xA9");
     item_writer latin, wide;
     latin.put("M\xC3\xBCller");
     wide.put("\xD0\x9F");
