@@ -48,6 +48,17 @@ void push_button::paint_picture(QPainter& p)
     draw_picture(p, fields_.Picture, QRect(corner, box));
 }
 
+// A caption that is only just too wide for its line is narrowed a little rather than broken in two.
+static QFont narrowed(const QFont& font, QString caption, int room)
+{
+    constexpr double narrowest = 0.85;
+    const double wide = QFontMetricsF(font).horizontalAdvance(caption.remove('&'));
+    QFont fitting = font;
+    const double line = room - 2;   // the toolkit breaks a line that fills its room to the last pixel
+    if (wide > line && wide * narrowest <= line) fitting.setStretch(static_cast<int>(100 * line / wide));
+    return fitting;
+}
+
 void push_button::paintEvent(QPaintEvent*)
 {
     QPainter p(this);
@@ -56,8 +67,9 @@ void push_button::paintEvent(QPaintEvent*)
     style()->drawPrimitive(QStyle::PE_PanelButtonCommand, &o, &p, this);
     if (has_picture(fields_.Picture)) return paint_picture(p);
     p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-    p.drawText(rect().adjusted(3, 1, -3, -1), Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic,
-               text());
+    const QRect inside = rect().adjusted(3, 1, -3, -1);
+    p.setFont(narrowed(font(), text(), inside.width()));
+    p.drawText(inside, Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic, text());
 }
 
 text_button::text_button(const object_fields& fields, QWidget* parent) : QPushButton(parent), fields_(fields)
