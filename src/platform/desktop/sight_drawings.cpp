@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "platform/desktop/explosion.h"
 #include "platform/desktop/look.h"
 
 namespace vorn {
@@ -179,7 +180,7 @@ void reversionary_hesh(QPainter& p, const QRectF& at)
     stroke(s, path, 1.8);
 }
 
-// Target and explosion --------------------------------------------------------------------------------------
+// Target ----------------------------------------------------------------------------------------------------
 
 // A hessian screen on posts, for a range that names no picture.
 void plain_target(QPainter& p, const QRectF& at)
@@ -192,44 +193,6 @@ void plain_target(QPainter& p, const QRectF& at)
     p.drawRect(QRectF(s.point(30, 120), s.point(450, 380)));
     p.setBrush(QColor(60, 62, 44));
     p.drawRect(QRectF(s.point(130, 200), s.point(350, 330)));
-}
-
-void puff(const space& s, double x, double y, double radius, const QColor& middle)
-{
-    const QPointF centre = s.point(x, y);
-    QRadialGradient g(centre, radius * s.across());
-    QColor rim = middle;
-    rim.setAlpha(0);
-    g.setColorAt(0, middle);
-    g.setColorAt(0.6, middle);
-    g.setColorAt(1, rim);
-    s.p.setPen(Qt::NoPen);
-    s.p.setBrush(g);
-    s.p.drawEllipse(centre, radius * s.across(), radius * s.down());
-}
-
-QColor fading(int r, int g, int b, double alpha)
-{
-    return QColor(r, g, b, static_cast<int>(255 * std::clamp(alpha, 0.0, 1.0)));
-}
-
-// A flash, a fireball that cools, and smoke that rises and thins.
-void explosion(QPainter& p, const QRectF& at, int frame)
-{
-    if (frame < 0 || frame > 15) return;
-    const space s{p, at, {480, 480}};
-    const double t = frame / 15.0;
-    const double heat = std::exp(-4 * t);
-    p.setRenderHint(QPainter::Antialiasing);
-    for (int i = 0; i < 7; ++i) {
-        const double angle = 0.9 * i;
-        puff(s, 240 + (40 + 60 * t) * std::cos(angle), 300 - 150 * t - 40 * std::sin(angle * 1.7),
-             60 + 70 * t,
-             fading(60 + static_cast<int>(120 * heat), 54 + static_cast<int>(50 * heat), 46, 0.75 * (1 - t)));
-    }
-    puff(s, 240, 300 - 60 * t, 150 * (0.5 + t), fading(255, 150, 40, heat));
-    puff(s, 240, 310 - 40 * t, 90 * (0.6 + t), fading(255, 235, 170, heat * heat));
-    if (frame < 3) puff(s, 240, 290, 230, fading(255, 250, 225, 0.9 - 0.3 * frame));
 }
 
 struct mark {
@@ -251,7 +214,7 @@ struct series {
     void (*paint)(QPainter&, const QRectF&, int);
 };
 constexpr std::array<series, 3> numbered{
-    {{":graticule", graticule}, {":stadia", stadia}, {":explosion", explosion}}};
+    {{":graticule", graticule}, {":stadia", stadia}, {":explosion", draw_explosion}}};
 
 }   // namespace
 

@@ -1,0 +1,50 @@
+#include "platform/desktop/explosion.h"
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+#include "platform/desktop/pictures.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr int frames = 16, frames_in_row = 4;
+constexpr int smallest = 16;   // pixels; as small as the explosion of the furthest target
+
+// With smaller copies, each half the size of the one before: a painter that shrinks a picture to less than
+// half leaves pixels out.
+picture with_smaller_copies(const QImage& frame)
+{
+    auto pixels = std::make_shared<decoded_picture>();
+    for (QImage copy = frame; copy.width() >= smallest;
+         copy = copy.scaled(copy.size() / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))
+        pixels->sizes.push_back(copy);
+    std::reverse(pixels->sizes.begin(), pixels->sizes.end());
+    return {"explosion", frame.width() * twips_per_pixel, frame.height() * twips_per_pixel, pixels};
+}
+
+std::vector<picture> read_frames()
+{
+    const QImage sheet =
+        QImage(":/pictures/explosion.png").convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const QSize size = sheet.size() / frames_in_row;
+    std::vector<picture> found;
+    for (int i = 0; i < frames && !sheet.isNull(); ++i) {
+        const QPoint corner(i % frames_in_row * size.width(), i / frames_in_row * size.height());
+        found.push_back(with_smaller_copies(sheet.copy(QRect(corner, size))));
+    }
+    return found;
+}
+
+}   // namespace
+
+void draw_explosion(QPainter& p, const QRectF& at, int frame)
+{
+    static const std::vector<picture> all = read_frames();
+    if (frame >= 0 && frame < static_cast<int>(all.size()))
+        draw_picture(p, all[static_cast<std::size_t>(frame)], at.toRect());
+}
+
+}   // namespace vorn
