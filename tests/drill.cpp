@@ -83,9 +83,9 @@ double draw_of(int position)
     return (position - 0.5) / 19;
 }
 
-drill::drill(sight_kind k) : kind(k)
+drill::drill(sight_kind k, const std::string& program) : kind(k)
 {
-    pc.default_directory = data.program();
+    pc.default_directory = program.empty() ? data.program() : program;
     pc.event([this] { start_program(t); });
     pc.click(t.intro.lblstart);
     pc.click(t.startsim.Optcon2);
@@ -135,19 +135,6 @@ void drill::hold(int key, double seconds)
     pc.key_down(key);
     pc.wait(seconds);
     pc.key_up(key);
-}
-
-void drill::lay_on(double across, double down)
-{
-    const auto step = [this](int less, int more, double off) {
-        if (std::abs(off) > 15) hold(off > 0 ? more : less, std::abs(off) > 400 ? 0.1 : 0.017);
-    };
-    for (int i = 0; i < 400; ++i) {
-        step('H', 'J', aimacross(screen()) - across);
-        step('U', 'N', aimdown(screen()) - down);
-    }
-    EXPECT_NEAR(aimacross(screen()), across, 30);
-    EXPECT_NEAR(aimdown(screen()), down, 30);
 }
 
 double drill::to_the_end()

@@ -43,7 +43,8 @@ std::string picture_head(unsigned width, unsigned height);
 double draw_of(int position);
 
 struct drill {
-    explicit drill(sight_kind);
+    // On the ranges made for drills, or on those of another program directory.
+    explicit drill(sight_kind, const std::string& program = {});
 
     // Sets the options before the road to the screen, then takes it.
     void set_up();
@@ -59,8 +60,6 @@ struct drill {
     // A key, down and up; and one held for so many seconds.
     void tap(int key);
     void hold(int key, double seconds);
-    // Brings the target's centre under a point beside the aim point, by keys, as a gunner does.
-    void lay_on(double across = 0, double down = 0);
     // Runs until the practice is over; gives the seconds that took.
     double to_the_end();
     // The moments of the crew lines that begin so.

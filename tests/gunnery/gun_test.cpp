@@ -1,4 +1,4 @@
-// The guns: selection, loading, the trigger, flights, what they hit, and whole practices fired by hand.
+// The guns: selection, loading, the trigger, flights and what they hit.
 #include <gtest/gtest.h>
 
 #include "drill.h"
@@ -88,6 +88,41 @@ TEST_P(gun, the_kill_box_is_strict)
     EXPECT_EQ(p.recrounds[1], 3);
 }
 
+// Chance scatters a round up and down on the visual sight alone, and FIN to the right on both.
+TEST_P(gun, chance_scatters_a_round_within_its_bounds)
+{
+    const struct {
+        double draw;
+        int spread, across;   // twips, of a target 385 or 285 wide
+    } cases[] = {{0, -75, visual ? 128 : 95}, {0.5, 0, visual ? 64 : 48}, {0.9999, 74, visual ? 0 : 1}};
+    for (const auto& c : cases) {
+        d.t.luck.source = [draw = c.draw] { return draw; };
+        as(fin_tank);
+        d.target_at(-9000, -9000);
+        d.tap('D');
+        EXPECT_DOUBLE_EQ(s.ammo.Left, s.mbs1.Left + c.across) << c.draw;
+        EXPECT_DOUBLE_EQ(s.ammo.Top, visual ? 1700 + c.spread : 2600) << c.draw;
+        as(hesh_bmp);
+        d.tap('D');
+        EXPECT_NEAR(s.ammo.Top, visual ? 1140 + 2200 + c.spread : 2650, 0.31) << c.draw;
+    }
+}
+
+TEST_P(gun, rounds_beyond_the_fourth_write_over_it)
+{
+    for (int n = 1; n <= 6; ++n) {
+        as(fin_tank);
+        d.target_at(-1000 - 10 * n, -2000 - n);
+        d.tap('D');
+        EXPECT_EQ(p.recrounds[1], std::min(n, 3));
+        const auto row = static_cast<std::size_t>(std::min(n, 4));
+        EXPECT_NEAR(p.recfallx[1][row], -1000 - 10 * n - s.ammo.Left, 0.5);
+        EXPECT_NEAR(p.recfally[1][row], -2000 - n - s.ammo.Top, 0.5);
+    }
+    EXPECT_EQ(p.recaimx[1][1] - p.recaimx[1][4], 50) << "the sixth round's aim stands in row 4";
+    for (const auto* a : {&p.recaimx, &p.recaimy, &p.recfallx, &p.recfally}) EXPECT_EQ((*a)[1][0], 0);
+}
+
 TEST_P(gun, hesh_takes_the_wind_and_the_correction)
 {
     as(hesh_bmp);
@@ -142,6 +177,43 @@ TEST_P(gun, loads_again_after_a_miss)
     d.pc.wait(visual ? 3 : 4);
     EXPECT_TRUE(s.gunloaded);
     EXPECT_EQ(d.pc.of_kind("sound").back(), "loaded.wav");
+}
+
+// The order on the thermal sight and the lay on the visual one start the loader.
+TEST(loader, takes_his_time_by_nature_and_sight)
+{
+    const struct {
+        sight_kind sight;
+        int engagements;
+        double seconds;
+    } cases[] = {{sight_kind::visual, 4, 4},  {sight_kind::visual, 3, 4},  {sight_kind::visual, 2, 1},
+                 {sight_kind::thermal, 4, 5}, {sight_kind::thermal, 3, 5}, {sight_kind::thermal, 2, 2}};
+    for (const auto& c : cases) {
+        drill d(c.sight);
+        const bool visual = d.screen().visual();
+        d.t.shared.engagementtype = c.engagements;
+        d.start();
+        d.pc.advance(visual ? 7.9 : 7);
+        while (!d.screen().Timloading.Enabled) d.pc.wait(0.1);
+        d.pc.wait(c.seconds - 0.2);
+        EXPECT_FALSE(d.screen().gunloaded) << c.engagements;
+        d.pc.wait(0.3);
+        EXPECT_TRUE(d.screen().gunloaded) << c.engagements;
+        EXPECT_EQ(d.screen().Imgloaded.Visible, c.engagements != 2);
+    }
+}
+
+TEST(wind, carries_by_half_a_target_a_degree_rounded_down)
+{
+    const struct {
+        int bias, twips;   // for a target 385 twips wide
+    } cases[] = {{-3, -578}, {-2, -385}, {-1, -193}, {0, 0}, {1, 192}, {2, 385}, {3, 577}};
+    for (const auto& c : cases) {
+        drill d(sight_kind::visual);
+        d.t.shared.windbias = c.bias;
+        d.present(6);
+        EXPECT_EQ(d.screen().windoffset, c.twips) << c.bias;
+    }
 }
 
 TEST_P(gun, coax_bursts_are_judged_on_the_place_before)
@@ -258,48 +330,6 @@ TEST(input, screen_buttons_follow_the_practice)
     d.pc.click(s.Cmdoff);
     EXPECT_TRUE(s.Cmdcoax.Enabled && s.Cmdselectmain.Enabled && s.Cmdlaze.Enabled);
     EXPECT_FALSE(s.Cmdautolay.Enabled || s.Cmdfire.Enabled);
-}
-
-// One engagement by keys, from the order to the kill: select, lay on, lase, hold the autolay, fire; and again
-// after a miss.
-void engage(drill& d)
-{
-    gunnery_screen& s = d.screen();
-    const int target = d.t.shared.engagement;
-    while (!s.Imgtargets.Visible && s.simrunning) d.pc.wait(0.1);
-    d.tap(s.nature == coax_transport ? 'Q' : 'E');
-    for (int i = 0; i < 2 && s.nature == hesh_bmp; ++i) d.tap('R');
-    while (d.t.shared.engagement == target && s.simrunning) {
-        // The thermal sight gives no lay for the coax: its fall is aimed off by hand.
-        d.lay_on(0, !s.visual() && s.nature == coax_transport ? s.currentrange / 7.0 + 40 : 0);
-        d.tap('A');
-        d.pc.key_down('S');
-        d.pc.wait(2.5);
-        for (int i = 0; i < 100 && !s.gunloaded; ++i) d.pc.wait(0.1);
-        for (int bursts = s.nature == coax_transport ? 5 : 1; bursts > 0; --bursts) d.hold('D', 0.1);
-        d.pc.key_up('S');
-        d.pc.wait(1);
-    }
-    d.tap('W');
-}
-
-TEST(whole_practice, every_target_of_a_mixed_shoot_is_killed_by_hand)
-{
-    for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal}) {
-        drill d(kind);
-        d.t.shared.targettime = 500;
-        d.set_up();
-        d.pc.slide(d.screen().HScspeed, 10);   // a fine lay
-        d.start();
-        for (int i = 0; i < 6; ++i) engage(d);
-        EXPECT_FALSE(d.screen().simrunning);
-        for (std::size_t i = 1; i <= 6; ++i) {
-            EXPECT_EQ(d.t.shared.rechit[i], "YES")
-                << i << (kind == sight_kind::visual ? " visual" : " thermal");
-            EXPECT_LT(d.t.shared.rectime[i], 60);
-        }
-        EXPECT_NE(d.pc.boxes.back().text.find("HITS = 6"), std::string::npos);
-    }
 }
 
 }   // namespace

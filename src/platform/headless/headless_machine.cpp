@@ -15,6 +15,12 @@ struct program_ended {};
 
 }   // namespace
 
+void headless_machine::pace(double seconds)
+{
+    clock_ += seconds;
+    if (glance) glance();
+}
+
 void headless_machine::do_events()
 {
     if (next_event() <= clock_) run_until(clock_);

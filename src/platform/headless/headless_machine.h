@@ -27,7 +27,7 @@ struct box_answer {
 class headless_machine : public machine {
 public:
     double now() const override { return clock_; }
-    void pace(double seconds) override { clock_ += seconds; }
+    void pace(double seconds) override;
     void do_events() override;
     [[noreturn]] void end_program() override;
 
@@ -77,6 +77,8 @@ public:
     void wait(double seconds);
     // Does something at a moment from now, also when a handler lets events run or a box is open then.
     void later(double seconds, std::function<void()> action);
+    // Looks at the screen at each count of a counted move, as a user does who watches it.
+    std::function<void()> glance;
     // Logs each change of this caption.
     void watch(const screen_object&);
 

@@ -1,0 +1,195 @@
+// Whole practices, fired by a gunner who sees and hears what a gunner does: every nature of target in every
+// state of the system, on both sights, by keys, buttons and stick. The record must say what he did.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "gunner.h"
+
+namespace vorn {
+namespace {
+
+enum class system_set { full, laze, tls, degrading };
+
+struct shoot {
+    sight_kind sight;
+    int engagements;   // 1 mixed, 2 coax, 3 HESH, 4 FIN
+    system_set system;
+    controls by;
+};
+
+std::string name_of(const testing::TestParamInfo<shoot>& i)
+{
+    static constexpr const char* natures[] = {"mixed", "coax", "hesh", "fin"};
+    static constexpr const char* systems[] = {"full", "laze_only", "tls_only", "degrading"};
+    static constexpr const char* hands[] = {"keys", "buttons", "stick"};
+    return std::string(i.param.sight == sight_kind::visual ? "visual_" : "thermal_") +
+           natures[i.param.engagements - 1] + '_' + systems[static_cast<int>(i.param.system)] + "_by_" +
+           hands[static_cast<int>(i.param.by)];
+}
+
+// Every sight, nature and state once; the ways of working the gun take turns.
+std::vector<shoot> all_shoots()
+{
+    std::vector<shoot> all;
+    for (const sight_kind sight : {sight_kind::visual, sight_kind::thermal})
+        for (int nature = 1; nature <= 4; ++nature)
+            for (const system_set s :
+                 {system_set::full, system_set::laze, system_set::tls, system_set::degrading})
+                all.push_back({sight, nature, s, static_cast<controls>(all.size() % 3)});
+    return all;
+}
+
+struct practice : testing::TestWithParam<shoot> {
+    drill d{GetParam().sight, VORN_SOURCE_DIR "/data"};
+    practice_state& p = d.t.shared;
+    gunnery_screen& s = d.screen();
+
+    practice()
+    {
+        const shoot& set = GetParam();
+        p.engagementtype = set.engagements;
+        p.selfdegrading = set.system == system_set::degrading;
+        p.systemstatus = p.selfdegrading ? 1 : static_cast<int>(set.system) + 1;
+        p.targetblocks = p.selfdegrading ? 3 : 2;
+        p.targettime = 500;
+        p.fulldebrief = false;
+    }
+};
+INSTANTIATE_TEST_SUITE_P(all, practice, testing::ValuesIn(all_shoots()), name_of);
+
+int at(const per_round<int16>& a, std::size_t e, std::size_t r)
+{
+    return a[e][r];
+}
+
+// Row by row what the gunner noted; a fifth round writes over the fourth.
+void expect_rounds(const practice_state& p, bool visual, std::size_t e, const engagement_note& n)
+{
+    ASSERT_EQ(n.falls.size(), n.aims.size()) << "a round that nobody saw";
+    EXPECT_EQ(p.recrounds[e], std::min<int>(static_cast<int>(n.aims.size()), 3));
+    for (std::size_t row = 1; row <= std::min<std::size_t>(n.aims.size(), 4); ++row) {
+        const std::size_t i = row == 4 ? n.aims.size() - 1 : row - 1;
+        EXPECT_NEAR(at(p.recaimx, e, row), n.aims[i].x, 0.51);
+        EXPECT_NEAR(at(p.recaimy, e, row), visual ? n.aims[i].y : -n.aims[i].y, 0.51);
+        EXPECT_NEAR(at(p.recfallx, e, row), n.falls[i].x, 0.51) << "row " << row;
+        EXPECT_NEAR(at(p.recfally, e, row), n.falls[i].y, 0.51) << "row " << row;
+    }
+}
+
+// Nobody clears the first row of the thermal record: its reset says FULL there.
+std::string system_of(const gunnery_screen& s, std::size_t e, const engagement_note& n)
+{
+    if (!s.visual() && e == 1) return "FULL";
+    return n.system == "T" ? "TLS ONLY" : n.system == "L" ? "LAZE ONLY" : "FULL";
+}
+
+void expect_kill(const practice_state& p, const gunnery_screen& s, std::size_t e, const engagement_note& n)
+{
+    EXPECT_TRUE(n.hit);
+    EXPECT_EQ(p.rechit[e], "YES");
+    EXPECT_EQ(p.rectarget[e], static_cast<int>(e));
+    EXPECT_EQ(p.recammo[e], n.order);
+    EXPECT_EQ(p.recsystem[e], system_of(s, e, n));
+    // The order counts as the first second; a second that falls into a lay or a flight isn't made up for.
+    EXPECT_LE(p.rectime[e], n.killed - n.ordered + 1);
+    EXPECT_GE(p.rectime[e], n.killed - n.ordered - 5 * static_cast<double>(n.aims.size()));
+    EXPECT_LT(p.rectime[e], 120);
+    expect_rounds(p, s.visual(), e, n);
+}
+
+// The box at the end of a practice without a debrief.
+void expect_score(const drill& d, int targets, int hits, int average, int score)
+{
+    const std::string text = d.pc.boxes.back().text + '\n';
+    const std::pair<const char*, int> lines[] = {{"NUMBER OF TARGETS = ", targets},
+                                                 {"NUMBER OF HITS = ", hits},
+                                                 {"AVERAGE TIME = ", average},
+                                                 {"SCORE = ", score}};
+    for (const auto& [words, n] : lines)
+        EXPECT_NE(text.find(words + std::to_string(n) + '\n'), std::string::npos)
+            << words << n << " in " << text;
+}
+
+TEST_P(practice, is_killed_to_the_last_target_and_the_record_says_how)
+{
+    gunner g(d, GetParam().by);
+    d.set_up();
+    g.fire_practice();
+    const auto targets = static_cast<std::size_t>(p.targetblocks * 3);
+    ASSERT_EQ(g.notes.size(), targets);
+    int sum = 0;
+    for (std::size_t e = 1; e <= targets; ++e) {
+        SCOPED_TRACE("target " + std::to_string(e) + " at " + std::to_string(p.recrange[e]));
+        expect_kill(p, s, e, g.notes[e - 1]);
+        sum += p.rectime[e];
+    }
+    const int all = static_cast<int>(targets);
+    expect_score(d, all, all, sum / all, sum / all * all * 2);
+}
+
+// Two presses of the switch, on the strike and on the target, answer the wind.
+TEST(hesh_practice, a_corrected_round_kills_in_any_wind)
+{
+    for (const sight_kind sight : {sight_kind::visual, sight_kind::thermal})
+        for (const int wind : {-3, -2, 2, 3}) {
+            SCOPED_TRACE(testing::Message()
+                         << (sight == sight_kind::visual ? "visual " : "thermal ") << wind);
+            drill d(sight, VORN_SOURCE_DIR "/data");
+            practice_state& p = d.t.shared;
+            p.engagementtype = 3;
+            p.windbias = wind;
+            p.targettime = 500;
+            p.heshcorrectall = true;
+            p.fulldebrief = false;
+            gunner g(d, wind % 2 == 0 ? controls::keyboard : controls::stick);
+            d.set_up();
+            g.fire_practice();
+            ASSERT_EQ(g.notes.size(), 6U);
+            std::size_t rounds = 0;
+            for (const engagement_note& n : g.notes) {
+                EXPECT_TRUE(n.hit);
+                EXPECT_TRUE(n.corrected);
+                EXPECT_GE(n.aims.size(), 2U) << "no round gets there before the wind is answered";
+                rounds += n.aims.size();
+            }
+            EXPECT_LE(rounds, 18U) << "most targets die of the second round";
+        }
+}
+
+// In the time that an instructor sets, some targets get away; hits, misses and the score must say so.
+TEST(timed_practice, scores_what_was_hit_and_books_the_rest_as_missed)
+{
+    drill d(sight_kind::visual, VORN_SOURCE_DIR "/data");
+    practice_state& p = d.t.shared;
+    p.engagementtype = 3;
+    p.systemstatus = 3;
+    p.targettime = 20;
+    p.killarea = 4;
+    p.targetblocks = 5;
+    p.fulldebrief = false;
+    gunner g(d, controls::keyboard);
+    d.set_up();
+    g.fire_practice();
+    ASSERT_EQ(g.notes.size(), 15U);
+    int hits = 0, sum = 0;
+    for (std::size_t e = 1; e <= 15; ++e) {
+        SCOPED_TRACE(e);
+        const engagement_note& n = g.notes[e - 1];
+        EXPECT_EQ(p.rechit[e], n.hit ? "YES" : "NO");
+        EXPECT_EQ(p.rectarget[e], static_cast<int>(e));
+        if (!n.hit) {
+            EXPECT_EQ(p.rectime[e], 100);
+            continue;
+        }
+        hits += 1;
+        sum += p.rectime[e];
+        EXPECT_NEAR(p.rectime[e], 20 - n.timeleft, 1.1);
+    }
+    EXPECT_GT(hits, 2);
+    EXPECT_LT(hits, 15);
+    expect_score(d, 15, hits, sum / 15, sum / 15 * hits * 50);
+}
+
+}   // namespace
+}   // namespace vorn
