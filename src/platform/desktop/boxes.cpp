@@ -22,9 +22,11 @@ static QMessageBox::Icon icon_of(box_sign sign)
     return sign == box_sign::question ? QMessageBox::Question : QMessageBox::NoIcon;
 }
 
+// What is held is let go behind the box, each as an event of its own: no handler runs in the midst of the one
+// that asks.
 void desktop_machine::before_box()
 {
-    release_input();
+    QTimer::singleShot(0, &clock_, [this] { release_input(); });
     move_.reset();
     sync();
     arm();

@@ -115,6 +115,8 @@ void desktop_machine::tick()
 
 void desktop_machine::pace(double seconds)
 {
+    if (QApplication::activeModalWidget() != nullptr)
+        return;   // behind a box nobody watches, and it must answer
     const double start = now();
     if (!move_ || start > move_->clock + longest_delay) move_ = counted_move{start, start + frame};
     keys_waited_ = true;
