@@ -1,4 +1,7 @@
 // The sound channel through SDL's disk driver, which writes the very samples that were played.
+#define SDL_MAIN_HANDLED
+#include <SDL.h>
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <algorithm>
@@ -114,6 +117,35 @@ TEST_F(sound, a_machine_without_a_device_is_silent)
     channel.play(wave("shot.wav", ramp(0, 9000)));
     EXPECT_FALSE(channel.playing());
     channel.stop();
+}
+
+// Pulling the device out is closing it behind the channel's back: SDL tells both in the same way.
+TEST_F(sound, a_device_that_goes_away_is_replaced_at_the_next_sound)
+{
+    sound_channel channel;
+    channel.play(wave("long.wav", ramp(-20000, 900000)));
+    ASSERT_TRUE(channel.playing());
+    for (SDL_AudioDeviceID id = 2; id < 20; ++id) SDL_CloseAudioDevice(id);
+    EXPECT_FALSE(channel.playing());
+    channel.stop();
+    const samples second = ramp(5000, 3000);
+    channel.play(wave("second.wav", second));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return contains(played(), second); }));
+}
+
+TEST_F(sound, a_device_that_comes_later_is_found)
+{
+    qputenv("SDL_AUDIODRIVER", "there is none of this name");
+    sound_channel channel;
+    channel.retry_seconds = 0.05;
+    channel.play(wave("shot.wav", ramp(0, 9000)));
+    ASSERT_FALSE(channel.playing());
+    qputenv("SDL_AUDIODRIVER", "disk");
+    channel.play(path("shot.wav"));
+    EXPECT_FALSE(channel.playing()) << "it doesn't look for one with every sound";
+    QTest::qWait(60);
+    channel.play(path("shot.wav"));
+    EXPECT_TRUE(channel.playing());
 }
 
 }   // namespace vorn::testing_desk

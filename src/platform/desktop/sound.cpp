@@ -16,8 +16,6 @@ namespace {
 constexpr int rate = 44100;
 constexpr int sample_bytes = 2;   // one 16-bit sample
 constexpr std::uintmax_t largest_wave = 32'000'000;
-// Looking for a device takes time and makes some drivers complain aloud: once in so many seconds is enough.
-constexpr double retry_seconds = 5;
 
 double seconds_now()
 {

@@ -21,6 +21,10 @@ public:
     void stop();
     bool playing() const;
 
+    // Looking for a device takes time and makes some drivers complain aloud: once in so many seconds is
+    // enough.
+    double retry_seconds = 5;
+
 private:
     bool ready();
     void close_device();
