@@ -1,6 +1,6 @@
 // What a gunner feels on the visual sight: the time from a key to a changed picture, the intervals between
-// pictures while the view slews, and what an idle sight costs. Run it on a window system, or off screen with
-// QT_QPA_PLATFORM=offscreen; QT_SCALE_FACTOR=2 for twice the size.
+// pictures while the view slews and while a round flies, and what an idle sight costs. Run it on a window
+// system, or off screen with QT_QPA_PLATFORM=offscreen; QT_SCALE_FACTOR=2 for twice the size.
 #include <sys/resource.h>
 
 #include <QApplication>
@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "flow/intro.h"
+#include "gunnery/gunnery.h"
 #include "platform/desktop/desktop_machine.h"
 #include "platform/files.h"
 #include "trainer.h"
@@ -100,6 +101,26 @@ void slew(gunnery_screen& s, desktop_machine& pc, paint_watch& seen)
     print("between pictures while slewing", intervals);
 }
 
+// Rounds of both kinds, fired at a target 1500 metres away.
+void flights(trainer& t, desktop_machine& pc, paint_watch& seen)
+{
+    gunnery_screen& s = t.simulator;
+    for (const auto& [nature, words] : {std::pair{fin_tank, "between pictures, FIN in flight"},
+                                        std::pair{hesh_bmp, "between pictures, HESH in flight"}}) {
+        std::vector<double> intervals;
+        for (int i = 0; i < 3; ++i) {
+            s.gunloaded = true;
+            s.nature = s.ammoselected = nature;
+            s.currentrange = 1500;
+            seen.moments.clear();
+            pc.run([&] { keyfire(t, s); });
+            for (std::size_t n = 1; n < seen.moments.size(); ++n)
+                intervals.push_back((seen.moments[n] - seen.moments[n - 1]) * 1000);
+        }
+        print(words, intervals);
+    }
+}
+
 double cpu_seconds()
 {
     rusage used{};
@@ -131,6 +152,7 @@ int main(int argc, char** argv)
     paint_watch seen(*pc.window(t.simulator.window)->widget(t.simulator.Picrange), pc);
     key_to_picture(t.simulator, pc, seen);
     slew(t.simulator, pc, seen);
+    flights(t, pc, seen);
     idle();
     return 0;
 }
