@@ -4,7 +4,9 @@
 #include <QMessageBox>
 #include <QPixmap>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
+#include <cmath>
 
 #include "desk.h"
 #include "flow/intro.h"
@@ -102,6 +104,111 @@ TEST_F(whole_trainer, keys_slew_the_picture_and_a_stop_in_the_lay_is_orderly)
     EXPECT_FALSE(s.Imgtargets.Visible || s.simrunning || s.Timtarget.Enabled);
     QTest::qWait(1200);
     EXPECT_FALSE(s.Imgtargets.Visible);
+}
+
+// Notes the round in each picture of the sight, and keeps a picture of the screen from the midst of its
+// flight.
+class flight_watch : public QObject {
+public:
+    flight_watch(QWidget& sight, const screen_object& round) : sight_(sight), round_(round)
+    {
+        sight.installEventFilter(this);
+    }
+    std::vector<object_fields> seen;
+    QPixmap picture;
+
+protected:
+    bool eventFilter(QObject*, QEvent* e) override
+    {
+        if (e->type() != QEvent::Paint || !round_.Visible) return false;
+        // What stands on the screen now is the picture before this one.
+        if (seen.size() == 12) picture = sight_.screen()->grabWindow(sight_.window()->winId());
+        seen.push_back(round_);
+        return false;
+    }
+
+private:
+    QWidget& sight_;
+    const screen_object& round_;
+};
+
+// A FIN engagement by real keys, from the order to the kill and the score. Each step leaves a picture.
+class engagement : public whole_trainer {
+protected:
+    gunnery_screen& s = t.simulator;
+
+    void save(const char* step) { pc.window(s.window)->grab().save(QString("engagement_%1.png").arg(step)); }
+    QWindow* handle() { return pc.window(s.window)->windowHandle(); }
+    // Holds a direction until the target's centre has come over the line of the dot.
+    void nudge(double (*off)(const gunnery_screen&), Qt::Key less, Qt::Key more)
+    {
+        const double before = off(s);
+        if (std::abs(before) <= 30) return;
+        const Qt::Key k = before > 0 ? more : less;
+        QTest::keyPress(handle(), k);
+        EXPECT_TRUE(wait_for([&] { return std::abs(off(s)) <= 30 || off(s) * before < 0; }));
+        QTest::keyRelease(handle(), k);
+    }
+    void lay_on()
+    {
+        for (int i = 0; i < 20; ++i) {
+            nudge(aimacross, Qt::Key_H, Qt::Key_J);
+            nudge(aimdown, Qt::Key_U, Qt::Key_N);
+        }
+        EXPECT_LE(std::abs(aimacross(s)), 30);
+        EXPECT_LE(std::abs(aimdown(s)), 30);
+    }
+    void to_the_target()
+    {
+        to_the_sight(s);
+        t.shared.engagementtype = 4;
+        t.shared.targettime = 500;
+        t.shared.fulldebrief = false;
+        pc.run([&] { set_slider(s.HScspeed, 20); });   // a fine lay
+        click_on(s.Cmdstartsim);
+        ASSERT_TRUE(wait_for([&] { return s.lblcrew.Caption == "FIN TANK "; }));
+        save("1_order");
+        ASSERT_TRUE(wait_for([&] { return s.targetcalled && s.Imgtargets.Visible && s.Timloading.Enabled; }));
+        QTest::keyClick(handle(), Qt::Key_E);
+        lay_on();
+        save("2_laid_on");
+    }
+};
+
+TEST_F(engagement, is_fired_with_real_keys_from_the_order_to_the_kill)
+{
+    ASSERT_NO_FATAL_FAILURE(to_the_target());
+    QTest::keyClick(handle(), Qt::Key_A);
+    EXPECT_TRUE(s.laze.Visible && s.layready);
+    save("3_lased");
+    const double laid = s.Imgtargets.Top;
+    QTest::keyPress(handle(), Qt::Key_S);
+    ASSERT_TRUE(wait_for([&] { return !s.layready; }));
+    EXPECT_GT(s.Imgtargets.Top, laid + 250);
+    QTest::keyRelease(handle(), Qt::Key_S);
+    save("4_lay");
+    ASSERT_TRUE(wait_for([&] { return s.Imgloaded.Visible; }));
+    flight_watch flight(*widget_of(s.Picrange), s.ammo);
+    QTest::keyClick(handle(), Qt::Key_D);
+    EXPECT_EQ(s.lblcrew.Caption, "COMD: TARGET STOP !!");
+    ASSERT_GT(flight.seen.size(), 12U) << "the round is seen in the air";
+    for (std::size_t i = 1; i < flight.seen.size(); ++i) {
+        EXPECT_LE(flight.seen[i].Width, flight.seen[i - 1].Width) << "it dwindles";
+        EXPECT_LT(flight.seen[i].Top, flight.seen[i - 1].Top) << "and rises";
+    }
+    flight.picture.save("engagement_5_round.png");
+    ASSERT_TRUE(wait_for([&] { return s.explodeframe >= 5; }, 1000));
+    EXPECT_TRUE(s.Imgexplode.Visible);
+    save("6_explosion");
+    when_box<QMessageBox>([](QMessageBox& box) {
+        EXPECT_TRUE(box.text().contains("NUMBER OF HITS = 1"));
+        box.grab().save("engagement_7_score.png");
+        box.accept();
+    });
+    ASSERT_TRUE(wait_for([&] { return !s.Imgtargets.Visible; }));
+    click_on(s.Cmdstopsim);
+    EXPECT_EQ(t.shared.rechit[1], "YES");
+    EXPECT_EQ(t.shared.recammo[1], "FIN");
 }
 
 TEST_F(whole_trainer, closing_the_sight_by_its_frame_asks_first)
