@@ -70,6 +70,7 @@ struct object_fields {
     std::string Caption;   // in a button '&' marks the access key
     std::string Text;      // text box
     std::string ToolTipText;
+    std::string AccessibleName;   // what a screen reader calls it, where neither caption nor tip says it
     colour ForeColor = colour::text;
     colour BackColor = colour::ground;
     picture Picture;                         // image; a button shows it instead of its caption

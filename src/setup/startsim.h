@@ -1,5 +1,9 @@
-// The practice set-up screen: the student, the method of control, the mode and the range, and the start.
+// The practice set-up screen: the student, the options of the practice or a practice that is ready made, the
+// range, the controls, and the start. Every option writes into the shared state at the moment it is chosen.
 #pragma once
+
+#include <deque>
+#include <string>
 
 #include "platform/objects.h"
 
@@ -9,14 +13,54 @@ struct trainer;
 
 struct startsim_screen {
     form window;
-    screen_object Lbltitle;
-    screen_object Cmdstart, cmdgame, Cmdhelpon, Cmdexit;
 
-    screen_object Frame3, Label3;                             // instructions
-    screen_object Frame2, Lblname, Txtname, Lblnum, Txtnum;   // student details
+    // Along the top.
+    screen_object cmdopenset, cmdsaveset, Cmdstart, cmdgame, Cmddebrief, Cmdabout, Cmdhelpon, Cmdexit;
+
+    screen_object Frame2, Txtname, Txtnum;   // student details
+    screen_object Frame3, Label3, Image1;    // instructions, and the program picture that can cover them
+
+    // Practices: twelve numbered targets, and the summary of what is set up.
+    screen_object Frame13, Label14;
+    screen_object Imgpractice[13], Lblpractice[13];   // from 1
+    screen_object lblprac[8];
+
+    // Options.
+    screen_object Frmoptions;
+    screen_object Frmsystem, Optsys1, Optsys2, Optsys3, Optsys4;
+    screen_object Frmengagements, Opteng1, Opteng2, Opteng3, Opteng4;
+    screen_object Frame1, Opttargets1, Opttargets2, Opttargets3, Opttargets4;
+    screen_object FrmTiming, Opttime1, Opttime2, Opttime3, Opttime4;
     screen_object Frmmode, Optmode1, Optmode2;
-    screen_object Frmmethod, Optcon1, Optcon2, Optcon3;
-    screen_object Frame9, Lblcurrent, Lblrangename, Lbltype, lblrangetype, Cmdopenrange;   // range
+    screen_object Frmtargetry, Opttarg1, Opttarg2;
+    screen_object Frame10, Option1, Option2, Option3, Option4;   // coax bursts; Option1 is never shown
+    screen_object Frame6, HScrwind, lblwinddir, Lblwindstr;
+
+    // Range.
+    screen_object Frame9, Lblrangename, lblrangetype, Cmdopenrange, cmdeditrange, Command3;
+
+    // What the gunnery screens show.
+    screen_object Frame5, Chkinfo1, Chkinfo2, chkinfo3, Chkgunlight, Chkcoax;
+    screen_object Frame8, Optscreen1, Optscreen2;
+
+    // Controls.
+    screen_object Frmcontrols;
+    screen_object Frmmethod, Optcon1, Optcon2, Optcon3, Optcon4;   // Optcon4 is never shown
+    screen_object Frmvoices, Optvoice1, Optvoice2;
+    screen_object Frmsounds, Optsound1, Opsound2;
+    screen_object Frmresults, optcontroller1, Optcontroller2;
+    screen_object Frmhesh, opthesh1, Opthesh2;
+    screen_object cmdstick;
+
+    screen_object Frame7;   // advanced options
+    screen_object Frmtgtsize, HSctgt, Frmkillarea, hsctarget, Frmcoaxerror, HSccoax;
+
+    screen_object Lblinfo, Lblhelp;
+    std::deque<screen_object> captions;   // labels that never change
+
+    timer Timhelp;
+    int hintticks = 0;          // ticks of Timhelp since the cursor came to a button
+    std::string practicefile;   // path chosen last for a practice file
 };
 
 void make_startsim(trainer&);

@@ -256,11 +256,14 @@ TEST_F(mouse, moves_are_told_to_what_is_under_the_mouse_and_to_the_bare_form)
     frame.MouseMove = [&] { log.push_back("frame"); };
     one.f.MouseMove = [&] { log.push_back("form"); };
     one.put(kind::label, 300, 300, 1500, 600, &frame).Caption = "says nothing of its own";
+    const screen_object& option = one.put(kind::option, 300, 1200, 1500, 400, &frame);
     open(one);
     QTest::mouseMove(window(one).widget(button));
     QTest::mouseMove(window(one).widget(frame), QPoint(40, 40));
+    QTest::mouseMove(window(one).widget(option), QPoint(5, 5));
     QTest::mouseMove(&window(one), QPoint(10, 10));
-    EXPECT_EQ(log, (std::vector<std::string>{"button", "frame", "form"}));
+    EXPECT_EQ(log, (std::vector<std::string>{"button", "frame", "frame", "form"}))
+        << "what the frame holds is in the frame";
 }
 
 }   // namespace vorn::testing_desk

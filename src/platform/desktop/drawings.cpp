@@ -368,6 +368,51 @@ void emblem(QPainter& p, const QRectF& at)
     p.drawPath(plate);
 }
 
+// The set-up screen ----------------------------------------------------------------------------------------
+
+// A round target with rings, dark enough for the red number that stands on it.
+void practice_target(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, centred_square(at), {100, 100});
+    p.setPen(QPen(QColor(furniture::edge).lighter(135), 3));
+    p.setBrush(QColor(0x12, 0x13, 0x0d));
+    p.drawEllipse(QPointF(50, 50), 46, 46);
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(QColor(furniture::edge), 2));
+    p.drawEllipse(QPointF(50, 50), 34, 34);
+    for (const auto& [x, y] : {std::pair{50, 4}, {50, 86}, {4, 50}, {86, 50}}) {
+        const bool upright = x == 50;
+        p.drawLine(QPointF(x, y), QPointF(x + (upright ? 0 : 10), y + (upright ? 10 : 0)));
+    }
+}
+
+// The last of the practice targets: a red disc with its word.
+void stop_disc(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, centred_square(at), {100, 100});
+    p.setPen(QPen(QColor(0xff, 0xe9, 0xd8), 4));
+    p.setBrush(upright(0, 100, {{0, QColor(0xd8, 0x35, 0x28)}, {1, QColor(0x9c, 0x1d, 0x15)}}));
+    p.drawEllipse(QPointF(50, 50), 46, 46);
+    p.setPen(shade(colour::white));
+    draw_text(p, QRectF(4, 30, 92, 40), 28, true, Qt::AlignCenter, "STOP");
+}
+
+// What ABOUT lays over the instructions: the middle of the title's country, and what the program is.
+void program(QPainter& p, const QRectF& at)
+{
+    const QSizeF whole = QSizeF(1024, 768).scaled(at.size(), Qt::KeepAspectRatioByExpanding);
+    p.save();
+    p.setClipRect(at);
+    title(p, QRectF(at.center() - QPointF(whole.width(), whole.height()) / 2, whole));
+    const drawing_space space(p, at, {220, 204});
+    p.setPen(shade(colour::highlight));
+    draw_text(p, QRectF(0, 18, 220, 40), 32, true, Qt::AlignCenter, "V.O.R.N.");
+    p.setPen(shade(colour::text));
+    draw_text(p, QRectF(0, 162, 220, 16), 12, true, Qt::AlignCenter, "MOBILE TURRET DRILL CONSOLE");
+    draw_text(p, QRectF(0, 180, 220, 16), 12, false, Qt::AlignCenter, "CHALLENGER 1  (VER 2.0)");
+    p.restore();
+}
+
 // The keyboard gunner's card -------------------------------------------------------------------------------
 
 struct key_cap {
@@ -426,7 +471,7 @@ struct named_drawing {
     void (*paint)(QPainter&, const QRectF&);
 };
 
-constexpr std::array<named_drawing, 12> drawings{{
+constexpr std::array<named_drawing, 15> drawings{{
     {":arrow_up", arrow_up},
     {":arrow_down", arrow_down},
     {":arrow_left", arrow_left},
@@ -439,6 +484,9 @@ constexpr std::array<named_drawing, 12> drawings{{
     {":title", title},
     {":emblem", emblem},
     {":icon", icon},
+    {":practice", practice_target},
+    {":stop", stop_disc},
+    {":program", program},
 }};
 
 }   // namespace

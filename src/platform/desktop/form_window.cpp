@@ -71,7 +71,7 @@ void form_window::make_object(screen_object& o)
     } else {
         make_widget(s, holder == nullptr ? this : holder->widget,
                     [this](const std::function<void()>& event) { pc_.run(event); });
-        if (has_hooks(o)) s.widget->installEventFilter(this);
+        if (has_hooks(o) || hears_moves(o)) s.widget->installEventFilter(this);
     }
     draw_fields(s, style_.scale, true);
 }
@@ -209,13 +209,22 @@ static bool left_release(const QEvent& e)
            static_cast<const QMouseEvent&>(e).button() == Qt::LeftButton;
 }
 
+// The mouse is over a frame also where it is over something that the frame holds.
+static const screen_object* under_mouse(const screen_object& object)
+{
+    const screen_object* o = &object;
+    while (o != nullptr && (!o->MouseMove || !takes_input(*o))) o = o->parent;
+    return o;
+}
+
 // Gives true when the widget is not to have the event: it would stay pressed after a handler that a box has
 // interrupted, since the release went to the box.
 bool form_window::mouse_event(screen_object& o, QEvent& e)
 {
     if (left_press(e)) return (o.MouseDown || o.MouseUp) && takes_input(o) && !pc_.press(o);
     if (left_release(e)) pc_.release_mouse();
-    if (e.type() == QEvent::MouseMove && o.MouseMove && takes_input(o)) pc_.run(o.MouseMove);
+    if (e.type() != QEvent::MouseMove) return false;
+    if (const screen_object* over = under_mouse(o)) pc_.run(over->MouseMove);
     return false;
 }
 

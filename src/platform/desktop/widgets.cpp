@@ -189,12 +189,15 @@ void set_font(QWidget& w, const object_fields& o, double scale)
     w.setFont(title ? text_font(text_size::small, true, scale) : text_font(o.size, o.bold, scale));
 }
 
-// A tip also tells a screen reader what a thing without a caption is for.
+// A tip also tells a screen reader what a thing without a caption and a name of its own is for.
 void set_tip(QWidget& w, const object_fields& o)
 {
     const QString tip = QString::fromStdString(o.ToolTipText);
     w.setToolTip(tip);
-    if (o.Caption.empty()) w.setAccessibleName(tip);
+    if (!o.AccessibleName.empty())
+        w.setAccessibleName(QString::fromStdString(o.AccessibleName));
+    else if (o.Caption.empty())
+        w.setAccessibleName(tip);
 }
 
 void set_looks(QWidget& w, const difference& d, double scale)
@@ -218,6 +221,13 @@ bool has_hooks(const screen_object& o)
     return o.Click || o.MouseDown || o.MouseUp || o.MouseMove;
 }
 
+bool hears_moves(const screen_object& object)
+{
+    for (const screen_object* o = &object; o != nullptr; o = o->parent)
+        if (o->MouseMove) return true;
+    return false;
+}
+
 QWidget* make_widget(shown_object& s, QWidget* parent, const event_runner& run)
 {
     s.drawn = *s.object;
@@ -225,7 +235,7 @@ QWidget* make_widget(shown_object& s, QWidget* parent, const event_runner& run)
     s.widget->setStyle(parent->style());
     s.widget->setAttribute(Qt::WA_NoMousePropagation);
     s.widget->setAttribute(Qt::WA_TransparentForMouseEvents, ignores_mouse(*s.object));
-    s.widget->setMouseTracking(static_cast<bool>(s.object->MouseMove));
+    s.widget->setMouseTracking(hears_moves(*s.object));
     return s.widget;
 }
 

@@ -23,6 +23,8 @@ struct shown_object {
 
 bool in_sight(const screen_object&);
 bool has_hooks(const screen_object&);
+// Whether it, or a frame that holds it, wants to know where the mouse is.
+bool hears_moves(const screen_object&);
 
 QWidget* make_widget(shown_object&, QWidget* parent, const event_runner&);
 

@@ -1,0 +1,49 @@
+#include "flow/hints.h"
+
+#include <cstring>
+
+namespace vorn {
+
+namespace {
+
+constexpr double beside = 800;   // twips from a button's left edge to its hint
+constexpr int rest_ticks = 3;    // a hint comes up at the tick after so many
+constexpr double letter = 80;    // twips that a letter of a hint takes, with something to spare
+constexpr int interval = 400;    // milliseconds
+
+void show_hint_later(const hint_panel& p, const screen_object& button, const char* text)
+{
+    p.label.Caption = text;
+    p.label.Left = button.Left + beside;
+    p.label.Top = button.Top + p.below;
+    p.label.Width = letter * static_cast<double>(std::strlen(text)) + 2 * letter;
+    start(p.clock);
+}
+
+void timhelp_tick(const hint_panel& p)
+{
+    p.ticks += 1;
+    if (p.ticks <= rest_ticks) return;
+    p.label.Visible = true;
+    p.ticks = rest_ticks;   // the next button's hint comes at once
+}
+
+void leave(const hint_panel& p)
+{
+    p.bar.Caption = p.bare_text;
+    p.ticks = 0;
+    stop(p.clock);
+    p.label.Visible = false;
+}
+
+}   // namespace
+
+void make_hints(const hint_panel& p, std::initializer_list<hint> frames, std::initializer_list<hint> buttons)
+{
+    add(p.window, p.clock, interval, [p] { timhelp_tick(p); });
+    for (const hint& h : frames) h.over->MouseMove = [p, text = h.text] { p.bar.Caption = text; };
+    for (const hint& h : buttons) h.over->MouseMove = [p, h] { show_hint_later(p, *h.over, h.text); };
+    p.window.MouseMove = [p] { leave(p); };
+}
+
+}   // namespace vorn

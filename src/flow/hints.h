@@ -1,0 +1,29 @@
+// The two kinds of hints of a screen: a bar that names the purpose of the frame under the cursor, and a small
+// label beside a button on which the cursor has rested for a while.
+#pragma once
+
+#include <initializer_list>
+
+#include "platform/objects.h"
+
+namespace vorn {
+
+struct hint {
+    screen_object* over;
+    const char* text;
+};
+
+// What a screen keeps for its hints, and how far down from a button's top they stand.
+struct hint_panel {
+    form& window;
+    screen_object& bar;
+    screen_object& label;
+    timer& clock;
+    int& ticks;
+    double below;            // twips
+    const char* bare_text;   // in the bar over the bare screen
+};
+
+void make_hints(const hint_panel&, std::initializer_list<hint> frames, std::initializer_list<hint> buttons);
+
+}   // namespace vorn

@@ -1,0 +1,331 @@
+// How the set-up screen is laid out, in the order in which an instructor works: the student at the left, the
+// practice and its options in the middle, range and controls at the right. The numbers in the corners are
+// those of the instructions. Tab goes the same way and ends at the buttons along the top. Twips.
+#include "platform/design.h"
+#include "setup/setup.h"
+#include "setup/startsim.h"
+
+namespace vorn {
+
+namespace {
+
+using S = startsim_screen;
+
+constexpr double edge = 90;        // from a frame's edge to what it holds
+constexpr double header = 330;     // of a frame, down to its first row
+constexpr double row_step = 420;   // from option to option
+constexpr double row_height = 330;
+
+constexpr const char* instructions =
+    "INSTRUCTIONS\n"
+    "1.Enter the students details\n"
+    "2.Select either a practice or desired options\n"
+    "3.Select the desired range and type(therm or vis)\n"
+    "4.Select any info and controls required\n"
+    "5.Press start to begin chosen practice\n"
+    "6.For further information click on HELP";
+constexpr const char* choosing =
+    "To select a different practice either click on the numbered targets in the next box or select open "
+    "practice "
+    "and choose from the list given. Details will be displayed in the details box.";
+
+void caption(S& s, screen_object* parent, object_fields fields)
+{
+    add(s.window, s.captions.emplace_back(), std::move(fields), parent);
+}
+
+// The step of the instructions to which a frame belongs.
+void step(S& s, screen_object& frame, const char* number)
+{
+    caption(s, &frame,
+            bold(label({frame.Width - 420, 45, 300, 270}, number, colour::live, text_size::normal,
+                       alignment::right)));
+}
+
+object_fields named(object_fields f, const char* name)
+{
+    f.AccessibleName = name;
+    return f;
+}
+
+// A frame of options one below the other.
+struct option_row {
+    screen_object S::*option;
+    const char* caption;
+    bool chosen = false;
+    const char* tip = "";
+    bool shown = true;
+};
+void options(S& s, screen_object& group, screen_object& parent, rectangle at, const char* title,
+             const char* tip, std::initializer_list<option_row> rows)
+{
+    add(s.window, group, frame(at, title, tip), &parent);
+    double top = header;
+    for (const option_row& r : rows) {
+        object_fields f = option({edge, top, at.Width - 2 * edge, row_height}, r.caption, r.chosen);
+        f.ToolTipText = r.tip;
+        f.Visible = r.shown;
+        add(s.window, s.*r.option, std::move(f), &group);
+        if (r.shown) top += row_step;
+    }
+}
+
+void student(S& s)
+{
+    add(s.window, s.Frame2, frame({120, 870, 3480, 1560}, "Student Details", "STUDENT DETAILS"));
+    step(s, s.Frame2, "1");
+    caption(s, &s.Frame2, label({180, 510, 780, 330}, "Name"));
+    add(s.window, s.Txtname, named(textbox({960, 450, 2340, 420}, "nameless"), "Name"), &s.Frame2);
+    caption(s, &s.Frame2, label({180, 1020, 780, 330}, "Last 3"));
+    add(s.window, s.Txtnum, named(textbox({960, 960, 1080, 420}, "000"), "Last 3"), &s.Frame2);
+}
+
+void instructions_frame(S& s)
+{
+    add(s.window, s.Frame3, frame({120, 2550, 3480, 3300}, ""));
+    add(s.window, s.Label3, label({180, 240, 3150, 2940}, instructions), &s.Frame3);
+    add(s.window, s.Image1, hidden(image({edge, 150, 3300, 3060}, ":program")), &s.Frame3);
+}
+
+void practice_targets(S& s)
+{
+    constexpr double lefts[] = {3600, 4200, 4800, 5400}, tops[] = {240, 795, 1320}, side = 465;
+    for (int n = 1; n <= 12; ++n) {
+        const rectangle at{lefts[(n - 1) % 4], tops[(n - 1) / 4], side, side};
+        add(s.window, s.Imgpractice[n], image(at, n == 12 ? ":stop" : ":practice"), &s.Frame13);
+        const std::string number = std::to_string(n);
+        object_fields f =
+            label(at, n == 12 ? "" : number, colour::darkred, text_size::normal, alignment::centre);
+        f.AccessibleName = "Practice " + number;
+        if (n == 1) f.ToolTipText = "PRACTICES";
+        add(s.window, s.Lblpractice[n], std::move(f), &s.Frame13);
+    }
+}
+
+// The summary, from top to bottom, two of its lines with another beside them.
+void summary(S& s)
+{
+    static constexpr struct {
+        int number;
+        double left, row;
+        const char* text;
+    } lines[] = {{1, 180, 0, "A STANDARD SHOOT"},
+                 {0, 180, 1, "A FULL SYTEM "},
+                 {6, 3360, 1, "VISUAL PRACTICE"},
+                 {2, 180, 2, "USING ALL NATURES OF AMMUNITION"},
+                 {7, 180, 3, "2 KILL BURSTS FOR COAX TARGETS"},
+                 {3, 180, 4, "SIX TARGETS"},
+                 {4, 3360, 4, "UP FOR 30 SECONDS"},
+                 {5, 180, 5, "TARGETS APPEAR AUTOMATICALLY"}};
+    caption(s, &s.Frame13,
+            shape({edge, 1860, 5940, 1530}, shape_kind::rectangle, colour::black, colour::black));
+    for (const auto& l : lines) {
+        const bool half = l.number == 0 || l.number == 3 || l.number == 4 || l.number == 6;
+        add(s.window, s.lblprac[l.number],
+            label({l.left, 1890 + 243 * l.row, half ? 2600.0 : 5700.0, 240}, l.text, colour::live),
+            &s.Frame13);
+    }
+}
+
+void practices(S& s)
+{
+    add(s.window, s.Frame13, frame({3720, 870, 6120, 3480}, "Practices"));
+    step(s, s.Frame13, "2");
+    add(s.window, s.Label14, label({180, 330, 3300, 1440}, choosing, colour::dim, text_size::small),
+        &s.Frame13);
+    practice_targets(s);
+    summary(s);
+}
+
+void wind(S& s)
+{
+    add(s.window, s.Frame6, frame({edge, 4410, 7620, 1950}, "Wind Bias", "WIND BIAS"), &s.Frmoptions);
+    add(s.window, s.HScrwind, named(slider({240, 480, 7140, 330}, -3, 3, 0), "Wind Bias"), &s.Frame6);
+    caption(s, &s.Frame6, label({240, 1080, 1080, 300}, "Direction =", colour::dim));
+    add(s.window, s.lblwinddir, bold(label({1320, 1080, 1200, 300}, "None", colour::live)), &s.Frame6);
+    caption(s, &s.Frame6, label({3900, 1080, 1080, 300}, "Strenght =", colour::dim));
+    add(s.window, s.Lblwindstr, bold(label({4980, 1080, 1200, 300}, "None", colour::live)), &s.Frame6);
+}
+
+void firing_options(S& s)
+{
+    add(s.window, s.Frmoptions, frame({3720, 4470, 7800, 6480}, "OPTIONS"));
+    step(s, s.Frmoptions, "2");
+    constexpr double four = header + 4 * row_step + edge, three = four - row_step;
+    constexpr double upper_top = 390, lower_top = upper_top + four + 120;
+    const auto upper = [](int column) { return rectangle{edge + column * 1920, upper_top, 1860, four}; };
+    const auto lower = [](int column) { return rectangle{edge + column * 2560, lower_top, 2500, three}; };
+    options(s, s.Frmmode, s.Frmoptions, lower(0), "Mode", "",
+            {{&S::Optmode1, "Visual", true}, {&S::Optmode2, "Thermal"}});
+    options(s, s.Frmtargetry, s.Frmoptions, lower(1), "Targetry", "TARGETRY",
+            {{&S::Opttarg1, "Automatic", true}, {&S::Opttarg2, "Manual"}});
+    options(s, s.Frame10, s.Frmoptions, lower(2), " Coax Bursts", "COAX KILLING BURSTS",
+            {{&S::Option2, "2", true},
+             {&S::Option3, "3"},
+             {&S::Option4, "4"},
+             {&S::Option1, "5", false, "", false}});
+    options(s, s.Frmsystem, s.Frmoptions, upper(0), "System", "",
+            {{&S::Optsys1, "Full System", true},
+             {&S::Optsys2, "Lazer only"},
+             {&S::Optsys3, "TLS only"},
+             {&S::Optsys4, "Self degrading"}});
+    options(s, s.Frmengagements, s.Frmoptions, upper(1), "Engagements", "",
+            {{&S::Opteng1, "Mixed", true, "ENGAGEMENTS"},
+             {&S::Opteng2, "Coax"},
+             {&S::Opteng3, "Hesh"},
+             {&S::Opteng4, "DST / Fin"}});
+    options(s, s.Frame1, s.Frmoptions, upper(2), "Targets", "",
+            {{&S::Opttargets1, "6 Targets", true},
+             {&S::Opttargets2, "9 Targets"},
+             {&S::Opttargets3, "12 Targets"},
+             {&S::Opttargets4, "15 Targets"}});
+    options(s, s.FrmTiming, s.Frmoptions, upper(3), "Target timings", "TARGET TIMINGS",
+            {{&S::Opttime1, "Till destroyed"},
+             {&S::Opttime2, "Up for 20 secs"},
+             {&S::Opttime3, "Up for 30 secs", true},
+             {&S::Opttime4, "Up for 40 secs"}});
+    wind(s);
+}
+
+void range_frame(S& s)
+{
+    add(s.window, s.Frame9, frame({9960, 870, 5280, 1740}, "Range"));
+    step(s, s.Frame9, "3");
+    caption(s, &s.Frame9, label({180, 360, 1380, 300}, "Current range", colour::dim));
+    add(s.window, s.Lblrangename, bold(label({1620, 360, 3480, 300}, "", colour::live)), &s.Frame9);
+    caption(s, &s.Frame9, label({180, 720, 1380, 300}, "Rangetype", colour::dim));
+    add(s.window, s.lblrangetype, bold(label({1620, 720, 3480, 300}, "", colour::live)), &s.Frame9);
+    const auto at = [](int n) { return rectangle{edge + n * 1710.0, 1170, 1650, 450}; };
+    add(s.window, s.Cmdopenrange, button(at(0), "Load Range", "LOAD RANGE"), &s.Frame9);
+    add(s.window, s.cmdeditrange, disabled(button(at(1), "Edit Range", "EDIT RANGE")), &s.Frame9);
+    add(s.window, s.Command3, button(at(2), "Cancel"), &s.Frame9);
+}
+
+void screen_info(S& s)
+{
+    add(s.window, s.Frame5, frame({9960, 2730, 3480, 1620}, "Info"));
+    step(s, s.Frame5, "4");
+    constexpr double box_step = 390;   // three of them fill the frame
+    static constexpr struct {
+        screen_object S::*box;
+        const char* caption;
+        double left, width;
+        int row;
+    } boxes[] = {{&S::Chkinfo1, "System", edge, 1260, 0},
+                 {&S::Chkinfo2, "Control", edge, 1260, 1},
+                 {&S::chkinfo3, "Crew", edge, 1260, 2},
+                 {&S::Chkgunlight, "Gun light", 1380, 2010, 0},
+                 {&S::Chkcoax, "Coax hesh light", 1380, 2010, 1}};
+    for (const auto& b : boxes) {
+        object_fields f = placed(object_kind::checkbox,
+                                 {b.left, header + b.row * box_step, b.width, row_height}, b.caption);
+        f.Value = 1;
+        add(s.window, s.*b.box, std::move(f), &s.Frame5);
+    }
+    add(s.window, s.Frame8, frame({13560, 2730, 1680, 1620}, "Screen"));
+    for (const auto& [o, words, top] : {std::tuple{&s.Optscreen1, "Plain Screen", header},
+                                        std::tuple{&s.Optscreen2, "Screen info", header + row_step}}) {
+        object_fields f = option({edge, top, 1530, row_height}, words, o == &s.Optscreen2);
+        if (o == &s.Optscreen1) f.ToolTipText = "SCREEN INFO";
+        add(s.window, *o, std::move(f), &s.Frame8);
+    }
+}
+
+void controls(S& s)
+{
+    add(s.window, s.Frmcontrols, frame({11640, 4470, 3600, 6480}, "Controls"));
+    step(s, s.Frmcontrols, "4");
+    constexpr double two = header + 2 * row_step + edge, three = two + row_step;
+    constexpr double first = 390, second = first + three + 1020, third = second + two + 210;
+    const auto at = [](int column, double top, double height) {
+        return rectangle{edge + column * 1740, top, 1680, height};
+    };
+    options(s, s.Frmmethod, s.Frmcontrols, {edge, first, 3420, three}, "Method", "",
+            {{&S::Optcon1, "Joystick", true},
+             {&S::Optcon2, "KBoard"},
+             {&S::Optcon3, "Mouse"},
+             {&S::Optcon4, "Stand", false, "", false}});
+    add(s.window, s.cmdstick, disabled(button({edge, first + three + 210, 3420, 540}, "calibrate joystick")),
+        &s.Frmcontrols);
+    options(s, s.Frmvoices, s.Frmcontrols, at(0, second, two), "Voices", "",
+            {{&S::Optvoice1, "On", true, "VOICES"}, {&S::Optvoice2, "Off"}});
+    options(s, s.Frmsounds, s.Frmcontrols, at(1, second, two), "Sounds", "",
+            {{&S::Optsound1, "On", true}, {&S::Opsound2, "Off", false, "SOUNDS"}});
+    options(s, s.Frmresults, s.Frmcontrols, at(0, third, two), "Results", "",
+            {{&S::optcontroller1, "Full debrief", true}, {&S::Optcontroller2, "Quick score"}});
+    options(s, s.Frmhesh, s.Frmcontrols, at(1, third, two), "Hesh Correct", "",
+            {{&S::opthesh1, "All targets", false, "HESH CORRECTIONS"}, {&S::Opthesh2, "Till correct", true}});
+}
+
+void advanced_options(S& s)
+{
+    add(s.window, s.Frame7, frame({120, 5970, 3480, 4980}, "Advanced Options"));
+    const struct {
+        screen_object& group;
+        screen_object& bar;
+        const char* title;
+        int from, to, first, page;
+    } rows[] = {{s.Frmtgtsize, s.HSctgt, "TARGET SIZE", 4, 10, 4, 1},
+                {s.Frmkillarea, s.hsctarget, "TARGET KILL AREA", 4, 20, 15, 1},
+                {s.Frmcoaxerror, s.HSccoax, "COAX ERROR", 50, 500, 200, 10}};
+    double top = 360;
+    for (const auto& r : rows) {
+        add(s.window, r.group, frame({edge, top, 3300, 1410}, r.title), &s.Frame7);
+        object_fields f = slider({180, 420, 2940, 330}, r.from, r.to, r.first, r.page);
+        f.ToolTipText = r.title;
+        add(s.window, r.bar, std::move(f), &r.group);
+        caption(s, &r.group, label({180, 900, 1200, 270}, "Small", colour::dim));
+        caption(s, &r.group,
+                label({1920, 900, 1200, 270}, "Large", colour::dim, text_size::normal, alignment::right));
+        top += 1515;
+    }
+}
+
+void buttons(S& s)
+{
+    const struct {
+        screen_object& o;
+        const char* caption;
+        const char* tip;
+    } row[] = {{s.cmdopenset, "OPEN PRACTICE", "SETTING UP PRACTICES"},
+               {s.cmdsaveset, "SAVE PRACTICE", "SAVING PRACTICES"},
+               {s.Cmdstart, "START PRACTICE", "STARTING PRACTICES"},
+               {s.cmdgame, "QUICK START", "QUICK START"},
+               {s.Cmddebrief, "DEBRIEF", "DEBRIEF"},
+               {s.Cmdabout, "ABOUT", ""},
+               {s.Cmdhelpon, "HELP", ""},
+               {s.Cmdexit, "EXIT", ""}};
+    double left = 120;
+    for (const auto& r : row) {
+        add(s.window, r.o, button({left, 165, 1800, 540}, r.caption, r.tip));
+        left += 1875;
+    }
+    s.Cmdstart.bold = s.Cmdstart.design->bold = true;
+    s.Cmddebrief.Enabled = s.Cmddebrief.design->Enabled = false;   // until there is a debrief to go to
+    s.window.exit_button = &s.Cmdexit;
+}
+
+}   // namespace
+
+void design_startsim(startsim_screen& s)
+{
+    s.window.name = "startsim";
+    s.window.Caption = "  V.O.R.N.  PRACTICE EDITOR   ( CHALLENGER 1 )";
+    student(s);
+    instructions_frame(s);
+    practices(s);
+    firing_options(s);
+    range_frame(s);
+    screen_info(s);
+    controls(s);
+    advanced_options(s);
+    buttons(s);
+    add(s.window, s.Lblinfo,
+        label({120, 11040, 15120, 390}, "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS",
+              colour::highlight, text_size::normal, alignment::centre));
+    object_fields hint = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
+    hint.BackColor = colour::black;
+    add(s.window, s.Lblhelp, hidden(std::move(hint)));
+}
+
+}   // namespace vorn

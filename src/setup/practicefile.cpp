@@ -1,0 +1,104 @@
+#include <array>
+
+#include "platform/files.h"
+#include "setup/setup.h"
+#include "state/item_text.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+using S = startsim_screen;
+using option = screen_object S::*;
+
+// The file's order: options, the wind, options again, and the lines of the summary from 1 on.
+constexpr option before_wind[] = {&S::Optmode1, &S::Optmode2, &S::Opttarg1, &S::Opttarg2,
+                                  &S::Option2,  &S::Option3,  &S::Option4};
+constexpr option after_wind[] = {&S::Optsys1,     &S::Optsys2,     &S::Optsys3,     &S::Optsys4,
+                                 &S::Opteng1,     &S::Opteng2,     &S::Opteng3,     &S::Opteng4,
+                                 &S::Opttargets1, &S::Opttargets2, &S::Opttargets3, &S::Opttargets4,
+                                 &S::Opttime1,    &S::Opttime2,    &S::Opttime3,    &S::Opttime4};
+constexpr std::size_t first_line = 1, last_line = 7;
+
+// An option that is set to false is cleared without any action; one that becomes chosen runs its own.
+bool take_option(item_reader& items, screen_object& o)
+{
+    bool chosen = false;
+    if (!items.take(chosen)) return false;
+    if (chosen)
+        select_option(o);
+    else
+        o.Value = 0;
+    return true;
+}
+
+template <std::size_t N>
+bool take_options(item_reader& items, startsim_screen& s, const option (&options)[N])
+{
+    for (const option o : options)
+        if (!take_option(items, s.*o)) return false;
+    return true;
+}
+
+bool take_wind(item_reader& items, screen_object& slider)
+{
+    std::int32_t position = 0;
+    if (!items.take(position) || position < slider.Min || position > slider.Max) return false;
+    set_slider(slider, position);
+    return true;
+}
+
+file_dialog practice_dialog(const trainer& t, bool save)
+{
+    return {save ? "SAVE PRACTICE SETUP" : "OPEN PRACTICE SETUP", "Practice Files (*.prf)|*.prf|",
+            t.shared.rootpath, "", save};
+}
+
+void cmdopenset_click(trainer& t)
+{
+    const auto chosen = t.pc.choose_file(practice_dialog(t, false));
+    if (!chosen) return;
+    t.startsim.practicefile = *chosen;
+    const file_text file = read_file(t.pc, *chosen);
+    if (file.text) apply_practice(t, *file.text);
+}
+
+void cmdsaveset_click(trainer& t)
+{
+    const auto chosen = t.pc.choose_file(practice_dialog(t, true));
+    if (!chosen) return;
+    t.startsim.practicefile = *chosen;
+    write_file(t.pc, *chosen, practice_file_bytes(t.startsim));
+}
+
+}   // namespace
+
+std::string practice_file_bytes(const startsim_screen& s)
+{
+    item_writer items;
+    for (const option o : before_wind) items.put((s.*o).Value != 0);
+    items.put(s.HScrwind.Value);
+    for (const option o : after_wind) items.put((s.*o).Value != 0);
+    for (std::size_t i = first_line; i <= last_line; ++i) items.put(s.lblprac[i].Caption);
+    return items.file_bytes();
+}
+
+void apply_practice(trainer& t, const std::string& text)
+{
+    startsim_screen& s = t.startsim;
+    item_reader items(text);
+    if (!take_options(items, s, before_wind) || !take_wind(items, s.HScrwind) ||
+        !take_options(items, s, after_wind))
+        return;
+    for (std::size_t i = first_line; i <= last_line; ++i)
+        if (!items.take(s.lblprac[i].Caption)) return;
+}
+
+void make_practicefile(trainer& t)
+{
+    t.startsim.cmdopenset.Click = [&t] { cmdopenset_click(t); };
+    t.startsim.cmdsaveset.Click = [&t] { cmdsaveset_click(t); };
+}
+
+}   // namespace vorn

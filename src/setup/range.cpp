@@ -1,0 +1,64 @@
+#include "flow/intro.h"
+#include "platform/files.h"
+#include "ranges/rangefile.h"
+#include "setup/setup.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+void cmdopenrange_click(trainer& t)
+{
+    const auto chosen =
+        t.pc.choose_file({"OPEN RANGE SETUP", "Range Files (*.arf)|*.arf|", t.shared.rootpath, "", false});
+    if (!chosen) return;
+    t.shared.rangefile = *chosen;
+    readrangehead(t);
+    t.startsim.Frmmode.Enabled = false;   // from now on the range's own type gives the mode
+}
+
+void optmode_click(trainer& t, int mode, const char* range, const char* summary)
+{
+    t.shared.practicemode = mode;
+    t.shared.rangefile = t.shared.rootpath + path_separator + range;
+    t.startsim.lblprac[6].Caption = summary;
+    readrangehead(t);
+}
+
+void command3_click(trainer& t)
+{
+    t.startsim.Frmmode.Enabled = true;
+    select_option(t.startsim.Optmode1);
+}
+
+void askforrange(trainer& t)
+{
+    const bool locate = t.pc.message_box(
+        {lines({"V.O.R N.", blankline, "CANT FIND CORRECT RANGE FILE DO YOU WISH TO LOCATE ONE ?",
+                "(Selecting NO will terminate VORN)"}),
+         "V.O.R.N.", box_buttons::yes_no, box_sign::question});
+    if (!locate) t.pc.end_program();
+    cmdopenrange_click(t);
+}
+
+}   // namespace
+
+void readrangehead(trainer& t)
+{
+    if (!read_range_head(t.pc, t.shared.rangefile, t.shared).empty()) return askforrange(t);
+    t.startsim.Lblrangename.Caption = t.shared.rangename.text();
+    t.startsim.lblrangetype.Caption = t.shared.rangetype;
+    t.shared.practicemode = t.shared.rangetype == "THERMAL" ? 2 : 1;
+}
+
+void make_rangechoice(trainer& t)
+{
+    startsim_screen& s = t.startsim;
+    s.Optmode1.Click = [&t] { optmode_click(t, 1, "visualrange.arf", "VISUAL"); };
+    s.Optmode2.Click = [&t] { optmode_click(t, 2, "Thermalrange.arf", "THERMAL"); };
+    s.Cmdopenrange.Click = [&t] { cmdopenrange_click(t); };
+    s.Command3.Click = [&t] { command3_click(t); };
+}
+
+}   // namespace vorn

@@ -1,0 +1,404 @@
+// The set-up screen: options and what they set, programmed practices, practice files, the choice of a range.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "drill.h"
+#include "setup/setup.h"
+
+namespace vorn {
+namespace {
+
+struct setup : testing::Test {
+    data_folder data;
+    headless_machine pc;
+    trainer t{pc};
+    startsim_screen& s = t.startsim;
+    practice_state& p = t.shared;
+
+    setup()
+    {
+        pc.default_directory = data.program();
+        pc.event([this] { start_program(t); });
+        pc.click(t.intro.lblstart);
+    }
+    std::vector<std::string> summary() const
+    {
+        std::vector<std::string> all;
+        for (const screen_object& l : s.lblprac) all.push_back(l.Caption);
+        return all;
+    }
+    std::string path(const std::string& name) const { return data.ranges() + "/" + name; }
+    void open(const std::string& name)
+    {
+        pc.files = {path(name)};
+        pc.click(s.cmdopenset);
+    }
+    void save(const std::string& name)
+    {
+        pc.files = {path(name)};
+        pc.click(s.cmdsaveset);
+    }
+};
+
+// All that an instructor can set, for comparing two states.
+auto settings(const practice_state& p)
+{
+    return std::tuple(p.practicemode, p.targetauto, int(p.targetblocks), int(p.targettime),
+                      int(p.engagementtype), int(p.systemstatus), p.selfdegrading, p.coaxbursts, p.windbias);
+}
+
+TEST_F(setup, each_option_sets_its_own_and_writes_its_line)
+{
+    const struct {
+        screen_object& o;
+        std::function<bool()> holds;
+        int line;
+        const char* text;
+    } rows[] = {
+        {s.Opttarg2, [&] { return !p.targetauto; }, 5, "TARGETS APPEAR ON DEMAND"},
+        {s.Option4, [&] { return p.coaxbursts == 4; }, 7, "4 KILL BURSTS ON COAX TARGETS"},
+        {s.Option2, [&] { return p.coaxbursts == 2; }, 7, "2 KILL BURST ON COAX TARGETS"},
+        {s.Optsys4, [&] { return p.systemstatus == 1 && p.selfdegrading; }, 1, "NORMAL / REV MODES PRACTICE"},
+        {s.Optsys2, [&] { return p.systemstatus == 2 && !p.selfdegrading; }, 0, "A LAZE ONLY "},
+        {s.Optsys3, [&] { return p.systemstatus == 3; }, 1, "A REV MODES PRACTICE SHOOT"},
+        {s.Optsys1, [&] { return p.systemstatus == 1; }, 0, "A FULL SYSTEM "},
+        {s.Opteng4, [&] { return p.engagementtype == 4; }, 2, "USING ONLY FIN AMMUNITION"},
+        {s.Opteng3, [&] { return p.engagementtype == 3; }, 7, "THERE ARE NO COAX TARGETS"},
+        {s.Opteng2, [&] { return p.engagementtype == 2; }, 2, "USING ONLY COAX AMMUNITION"},
+        {s.Opteng1, [&] { return p.engagementtype == 1; }, 2, "USING ALL NATURE OF AMMUNITION"},
+        {s.Opttargets4, [&] { return p.targetblocks == 5; }, 3, "15 TARGETS"},
+        {s.Opttargets3, [&] { return p.targetblocks == 4; }, 3, "12 TARGETS"},
+        {s.Opttime1, [&] { return p.targettime == 500; }, 4, "UP TILL DESTROYED"},
+        {s.Opttime3, [&] { return p.targettime == 30; }, 4, "UP FOR 30 SECS "},
+        {s.Optmode2, [&] { return p.practicemode == 2; }, 6, "THERMAL"},
+        {s.Optmode1, [&] { return p.practicemode == 1; }, 6, "VISUAL"},
+        {s.Optcontroller2, [&] { return !p.fulldebrief; }, -1, ""},
+        {s.opthesh1, [&] { return p.heshcorrectall; }, -1, ""},
+        {s.Optvoice2, [&] { return !p.voiceson; }, -1, ""},
+        {s.Opsound2, [&] { return !p.soundson; }, -1, ""},
+        {s.Optscreen1, [&] { return p.plainscreen; }, -1, ""},
+        {s.Optscreen2, [&] { return !p.plainscreen; }, -1, ""},
+        {s.Optcon2, [&] { return p.keyboardselected && !p.joyselected && !p.mouseselected; }, -1, ""},
+        {s.Optcon3, [&] { return p.keyboardselected && !p.joyselected && p.mouseselected; }, -1, ""},
+        {s.Optcon1, [&] { return p.keyboardselected && p.joyselected && !p.mouseselected; }, -1, ""},
+        {s.Chkinfo1, [&] { return !p.infosystem; }, -1, ""},
+        {s.Chkinfo2, [&] { return !p.infocontrol; }, -1, ""},
+        {s.chkinfo3, [&] { return !p.infocrew; }, -1, ""},
+        {s.Chkgunlight, [&] { return !p.gunlight; }, -1, ""},
+        {s.Chkcoax, [&] { return !p.coaxlight; }, -1, ""},
+    };
+    for (const auto& r : rows) {
+        pc.click(r.o);
+        EXPECT_TRUE(r.holds()) << r.o.Caption;
+        if (r.line >= 0) {
+            EXPECT_EQ(s.lblprac[r.line].Caption, r.text);
+        }
+        const auto before = summary();
+        const auto was = settings(p);
+        if (r.o.kind != object_kind::option) continue;
+        pc.click(r.o);
+        EXPECT_EQ(summary(), before) << "an option that is chosen already does nothing";
+        EXPECT_EQ(settings(p), was);
+    }
+    pc.click(s.Optsys4);
+    pc.click(s.Optsys2);
+    EXPECT_FALSE(p.selfdegrading);
+}
+
+TEST_F(setup, engagements_decide_what_else_can_be_set)
+{
+    pc.slide(s.HScrwind, 2);
+    pc.click(s.Option4);
+    pc.click(s.Opteng3);
+    EXPECT_FALSE(s.Frame10.Enabled);
+    pc.click(s.Option3);
+    EXPECT_EQ(p.coaxbursts, 4) << "a disabled frame takes no clicks";
+    pc.click(s.Opteng1);
+    EXPECT_EQ(s.lblprac[7].Caption, "4 KILL BURSTS ON COAX TARGETS");
+    pc.click(s.Opteng4);
+    EXPECT_FALSE(s.Frame6.Enabled || s.Frame10.Enabled);
+    pc.slide(s.HScrwind, -3);
+    EXPECT_EQ(p.windbias, 2);
+    pc.click(s.Opteng2);
+    EXPECT_EQ(p.coaxbursts, 2) << "code chooses two bursts";
+    EXPECT_EQ(s.Option2.Value, 1);
+    EXPECT_TRUE(s.Frame10.Enabled);
+    EXPECT_FALSE(s.Frame6.Enabled);
+    EXPECT_EQ(p.windbias, 2);
+}
+
+TEST_F(setup, sliders_set_on_a_change_alone)
+{
+    EXPECT_EQ(p.coaxerror, 20);
+    EXPECT_EQ(s.HSccoax.Value, 200);
+    pc.slide(s.HSccoax, 200);
+    EXPECT_EQ(p.coaxerror, 20);
+    pc.slide(s.HSccoax, 210);
+    EXPECT_EQ(p.coaxerror, 210);
+    EXPECT_DOUBLE_EQ(p.coaxerrorwide, 140);
+    pc.slide(s.HSctgt, 99);
+    EXPECT_EQ(p.targetsize, 10);
+    pc.slide(s.hsctarget, -1);
+    EXPECT_EQ(p.killarea, 4);
+    const std::pair<int, std::pair<const char*, const char*>> winds[] = {
+        {-3, {"Left", "Strong"}}, {-1, {"Left", "Mild"}}, {0, {"None", "None"}}, {2, {"Right", "Fresh"}}};
+    for (const auto& [position, words] : winds) {
+        pc.slide(s.HScrwind, position);
+        EXPECT_EQ(p.windbias, position);
+        EXPECT_EQ(s.lblwinddir.Caption, words.first);
+        EXPECT_EQ(s.Lblwindstr.Caption, words.second);
+    }
+}
+
+TEST_F(setup, hints_name_frames_at_once_and_buttons_after_a_rest)
+{
+    const auto over = [this](const std::function<void()>& move) { pc.event(move); };
+    over(s.Frame9.MouseMove);
+    EXPECT_EQ(s.Lblinfo.Caption, "Selects and displays the range to be used");
+    over(s.cmdsaveset.MouseMove);
+    pc.wait(1.5);
+    EXPECT_FALSE(s.Lblhelp.Visible);
+    pc.wait(0.2);
+    EXPECT_TRUE(s.Lblhelp.Visible);
+    EXPECT_EQ(s.Lblhelp.Caption, "Save current setup");
+    EXPECT_DOUBLE_EQ(s.Lblhelp.Left, s.cmdsaveset.Left + 800);
+    EXPECT_DOUBLE_EQ(s.Lblhelp.Top, s.cmdsaveset.Top + 495);
+    over(s.Cmdexit.MouseMove);
+    EXPECT_EQ(s.Lblhelp.Caption, "Exit from VORN");
+    EXPECT_LE(s.Lblhelp.Left + s.Lblhelp.Width, form_width);
+    over(s.window.MouseMove);
+    EXPECT_FALSE(s.Lblhelp.Visible || s.Timhelp.Enabled);
+    over(s.cmdgame.MouseMove);
+    pc.wait(0.5);
+    EXPECT_FALSE(s.Lblhelp.Visible) << "the rest counts anew";
+}
+
+TEST_F(setup, a_practice_with_the_joystick_waits_for_its_calibration)
+{
+    pc.answers = {{true}};
+    pc.click(s.Cmdstart);
+    EXPECT_EQ(pc.boxes.back().text,
+              "YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST");
+    EXPECT_EQ(front(pc), &s.window);
+    pc.click(s.Optcon2);
+    pc.click(s.Optcontroller2);
+    pc.click(s.Opttargets2);
+    pc.answers = {{true}};
+    pc.click(s.Cmdstart);
+    EXPECT_EQ(front(pc), &t.simulator.window);
+    EXPECT_EQ(p.targetcount, 9);
+    pc.click(t.simulator.Cmdmain);
+    EXPECT_TRUE(p.fulldebrief) << "though the option still shows the quick score";
+    EXPECT_EQ(s.Optcontroller2.Value, 1);
+    EXPECT_EQ(s.Opttargets2.Value, 1);
+}
+
+// Programmed practices -------------------------------------------------------------------------------------
+
+TEST_F(setup, a_programmed_practice_chooses_its_options_and_its_words)
+{
+    const struct {
+        int number, mode, system, type, wind, time;
+        const char* line0;
+        const char* line7;
+    } rows[] = {{1, 1, 1, 4, 0, 40, "A FULL SYSTEM", "YOU WILL RECEIVE NO COAX TARGETS"},
+                {2, 1, 1, 3, 2, 40, "A FULL SYSTEM", "THERE WILL BE NO COAX TARGETS"},
+                {3, 1, 1, 2, 0, 40, "A FULL SYSTEM", "2 KILL BURSTS FOR COAX TARGETS"},
+                {4, 2, 1, 4, 0, 40, "A FULL SYSTEM", "THERE WILL BE NO COAX TARGETS"},
+                {5, 2, 1, 3, -2, 40, "A FULL SYSTEM", "THERE WILL BE NO COAX TARGETS"},
+                {6, 2, 1, 2, 0, 40, "A FULL SYSTEM", "2 KILL BURSTS FOR COAX TARGETS"},
+                {7, 1, 2, 4, 0, 40, "A  LAZE ONLY ", "THERE WILL BE NO COAX TARGETS"},
+                {8, 1, 2, 3, 2, 40, "A  LAZE ONLY ", "THERE WILL BE NO COAX TARGETS"},
+                {9, 1, 2, 2, 0, 40, "A  LAZE ONLY ", "2 KILL BURSTS FOR COAX TARGETS"},
+                {10, 2, 2, 4, 0, 40, "A  LAZE ONLY ", "THERE WILL BE NO COAX TARGETS"},
+                {11, 2, 2, 3, -2, 30, "A  LAZE ONLY ", "THERE WILL BE NO COAX TARGETS"},
+                {12, 1, 1, 1, 0, 30, "A FULL SYSTEM", "2 KILL BURSTS ON COAX TARGETS"}};
+    pc.click(s.Optsys4);
+    pc.click(s.Opttarg2);
+    pc.click(s.Option4);
+    for (const auto& r : rows) {
+        pc.click(s.Lblpractice[r.number]);
+        EXPECT_EQ(settings(p), std::tuple(r.mode, true, 3, r.time, r.type, r.system, false, 2, r.wind))
+            << r.number;
+        EXPECT_EQ(s.lblprac[0].Caption, r.line0);
+        EXPECT_EQ(s.lblprac[7].Caption, r.line7);
+        EXPECT_EQ(s.lblprac[6].Caption, r.mode == 1 ? "VISUAL PRACTICE" : "THERMAL PRACTICE");
+        EXPECT_EQ(s.lblprac[3].Caption, r.number == 12 ? "NINE TARGETS" : "SIX TARGETS");
+        EXPECT_EQ(s.lblprac[4].Caption, r.number <= 2 ? " UP FOR 30 SECS " : "UP FOR 30 SECS ");
+        EXPECT_EQ(p.practicenumber, r.number);
+        EXPECT_EQ(s.Frame6.Enabled, r.type == 1 || r.type == 3);
+        EXPECT_EQ(s.Frame10.Enabled, r.type <= 2);
+        int red = 0;
+        for (int n = 1; n <= 11; ++n) red += s.Lblpractice[n].ForeColor == colour::red ? 1 : 0;
+        EXPECT_EQ(red, r.number == 12 ? 0 : 1);
+        EXPECT_EQ(s.Lblpractice[r.number].ForeColor, colour::red);
+    }
+    EXPECT_EQ(s.Lblrangename.Caption, "PLAIN               ");
+    pc.click(s.Opttime2);
+    EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 20 SECS");
+    EXPECT_EQ(s.Lblpractice[12].ForeColor, colour::red) << "it stays marked when an option changes";
+}
+
+// Practice files -------------------------------------------------------------------------------------------
+
+TEST_F(setup, an_untouched_screen_saves_these_bytes)
+{
+    save("own.prf");
+    EXPECT_EQ(
+        data.get("own.prf"),
+        "#TRUE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#FALSE#\r\n0\r\n#TRUE#\r\n#FALSE#\r\n"
+        "#FALSE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#FALSE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#FALSE#\r\n"
+        "#FALSE#\r\n#FALSE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n\"A STANDARD SHOOT\"\r\n"
+        "\"USING ALL NATURES OF AMMUNITION\"\r\n\"SIX TARGETS\"\r\n\"UP FOR 30 SECONDS\"\r\n"
+        "\"TARGETS APPEAR AUTOMATICALLY\"\r\n\"VISUAL PRACTICE\"\r\n\"2 KILL BURSTS FOR COAX TARGETS\"\r\n");
+    const file_dialog& d = pc.dialogs.back();
+    EXPECT_EQ(d.title, "SAVE PRACTICE SETUP");
+    EXPECT_EQ(d.filter, "Practice Files (*.prf)|*.prf|");
+    EXPECT_EQ(d.folder, p.rootpath);
+    EXPECT_TRUE(d.save);
+    EXPECT_EQ(s.practicefile, path("own.prf"));
+}
+
+TEST_F(setup, every_option_comes_back_from_a_file_on_a_differing_screen)
+{
+    const std::vector<std::vector<screen_object*>> shoots = {
+        {&s.Optmode2, &s.Opttarg2, &s.Option3, &s.Optsys4, &s.Opteng1, &s.Opttargets2, &s.Opttime1},
+        {&s.Optmode1, &s.Opttarg1, &s.Option4, &s.Optsys2, &s.Opteng3, &s.Opttargets3, &s.Opttime2},
+        {&s.Optmode2, &s.Opttarg2, &s.Option2, &s.Optsys3, &s.Opteng4, &s.Opttargets4, &s.Opttime4},
+        {&s.Optmode1, &s.Opttarg1, &s.Option2, &s.Optsys1, &s.Opteng2, &s.Opttargets1, &s.Opttime3},
+    };
+    std::vector<std::pair<decltype(settings(p)), std::vector<std::string>>> saved;
+    for (std::size_t i = 0; i < shoots.size(); ++i) {
+        pc.click(s.Opteng1);   // so that wind and bursts can be set
+        pc.slide(s.HScrwind, static_cast<int>(i) - 2);
+        for (screen_object* o : shoots[i]) pc.click(*o);
+        save("shoot" + std::to_string(i) + ".prf");
+        saved.emplace_back(settings(p), summary());
+    }
+    for (const std::size_t i : {0U, 2U, 1U, 3U, 0U}) {
+        open("shoot" + std::to_string(i) + ".prf");
+        EXPECT_EQ(settings(p), saved[i].first) << i;
+        const auto now = summary();
+        EXPECT_TRUE(std::equal(now.begin() + 1, now.end(), saved[i].second.begin() + 1)) << i;
+        EXPECT_EQ(practice_file_bytes(s), data.get("shoot" + std::to_string(i) + ".prf"));
+    }
+    EXPECT_EQ(s.lblprac[0].Caption, "A DEGRADING ") << "though it isn't in the file";
+    EXPECT_EQ(s.lblrangetype.Caption, "THERMAL") << "the mode has loaded its range";
+}
+
+TEST_F(setup, a_file_that_ends_early_leaves_what_came_before)
+{
+    save("whole.prf");
+    std::string bytes = data.get("whole.prf");
+    const auto first = [&](int n) {
+        std::size_t end = 0;
+        while (n-- > 0) end = bytes.find('\n', end) + 1;
+        return bytes.substr(0, end);
+    };
+    pc.click(s.Opttarg2);
+    pc.click(s.Optsys3);
+    pc.click(s.Opttime4);
+    data.put("cut.prf", first(24));
+    open("cut.prf");
+    EXPECT_EQ(settings(p), std::tuple(1, true, 2, 30, 1, 1, false, 2, 0));
+    EXPECT_EQ(s.lblprac[5].Caption, "TARGETS APPEAR AUTOMATICALLY");
+    EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 30 SECS ") << "the option's own line";
+
+    pc.click(s.Opttarg2);
+    pc.click(s.Optsys3);
+    data.put("wind.prf", first(7) + "4\r\n" + "#TRUE#\r\n");
+    open("wind.prf");
+    EXPECT_TRUE(p.targetauto);
+    EXPECT_EQ(p.windbias, 0);
+    EXPECT_EQ(p.systemstatus, 3) << "the wind is out of bounds, and all behind it is left";
+}
+
+TEST_F(setup, what_is_no_practice_file_changes_nothing_and_says_nothing)
+{
+    const auto was = settings(p);
+    const auto words = summary();
+    const std::size_t boxes = pc.boxes.size();
+    pc.click(s.cmdopenset);   // cancelled
+    pc.click(s.cmdsaveset);
+    for (const std::string& bytes :
+         {std::string(), std::string("TRUE\r\n"), std::string(100000, '"'), std::string(1000, '\0'),
+          std::string("#true#\r\n"), std::string("\xff\xfe#")}) {
+        data.put("bad.prf", bytes);
+        open("bad.prf");
+    }
+    open("none.prf");
+    open("target icons");
+    pc.files = {path("no such folder/own.prf")};
+    pc.click(s.cmdsaveset);
+    EXPECT_EQ(settings(p), was);
+    EXPECT_EQ(summary(), words);
+    EXPECT_EQ(pc.boxes.size(), boxes);
+    data.put("none.prf", "#FALSE#\r\n#FALSE#\r\n");
+    open("none.prf");
+    EXPECT_EQ(s.Optmode1.Value + s.Optmode2.Value, 0);
+    EXPECT_EQ(settings(p), was) << "options are cleared without any action";
+    pc.click(s.Optmode1);
+    EXPECT_EQ(s.Optmode1.Value, 1);
+}
+
+// The range ------------------------------------------------------------------------------------------------
+
+TEST_F(setup, a_loaded_range_decides_the_mode_until_it_is_cancelled)
+{
+    pc.files = {path("Thermalrange.arf")};
+    pc.click(s.Cmdopenrange);
+    EXPECT_EQ(p.practicemode, 2);
+    EXPECT_EQ(s.Lblrangename.Caption, "PLAIN THERMAL       ");
+    EXPECT_EQ(s.Optmode1.Value, 1);
+    EXPECT_EQ(s.lblprac[6].Caption, "VISUAL PRACTICE");
+    pc.click(s.Optmode2);
+    EXPECT_EQ(s.Optmode1.Value, 1) << "the mode takes no clicks";
+    pc.click(s.Lblpractice[1]);
+    EXPECT_EQ(p.practicemode, 2) << "a practice of the mode that is chosen keeps the range";
+    EXPECT_FALSE(s.Frmmode.Enabled);
+    pc.click(s.Command3);
+    EXPECT_TRUE(s.Frmmode.Enabled);
+    EXPECT_EQ(p.practicemode, 2) << "Visual was chosen already, and nothing runs";
+    pc.click(s.Optmode2);
+    pc.click(s.Command3);
+    EXPECT_EQ(p.practicemode, 1);
+    EXPECT_EQ(s.lblrangetype.Caption, "VISUAL");
+    for (const char* type : {"Visual", "thermal"}) {
+        practice_state r = plain_range(sight_kind::thermal);
+        r.rangetype = type;
+        data.put_range("own.arf", r);
+        pc.files = {path("own.arf")};
+        pc.click(s.Cmdopenrange);
+        EXPECT_EQ(p.practicemode, 1);
+        EXPECT_EQ(s.lblrangetype.Caption, type);
+    }
+}
+
+TEST_F(setup, a_range_that_cannot_be_read_is_asked_for_until_there_is_one)
+{
+    data.remove("Thermalrange.arf");
+    data.put("two.arf", "\"NAME\"\r\n\"picture\"\r\n");
+    pc.answers = {{true}, {true}};
+    pc.files = {path("two.arf"), path("visualrange.arf")};
+    pc.click(s.Optmode2);
+    EXPECT_EQ(
+        pc.boxes.back().text,
+        "V.O.R N.\n\r                   \n\rCANT FIND CORRECT RANGE FILE DO YOU WISH TO LOCATE ONE ?\n\r"
+        "(Selecting NO will terminate VORN)");
+    EXPECT_EQ(p.rangefile, path("visualrange.arf"));
+    EXPECT_EQ(p.practicemode, 1);
+    EXPECT_FALSE(s.Frmmode.Enabled);
+    pc.click(s.Command3);
+    pc.answers = {{true}};
+    pc.click(s.Optmode2);   // and the dialog is cancelled
+    EXPECT_EQ(p.practicemode, 2);
+    EXPECT_EQ(s.lblrangetype.Caption, "VISUAL") << "the labels keep what they showed";
+    EXPECT_FALSE(pc.ended);
+    pc.click(s.Optmode1);
+    pc.click(s.Optmode2);   // the question answered no
+    EXPECT_TRUE(pc.ended);
+}
+
+}   // namespace
+}   // namespace vorn
