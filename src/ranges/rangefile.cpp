@@ -46,8 +46,13 @@ std::string read_range(const machine& m, const std::string& file, int entries, p
 {
     file_text read = read_file(m, file);
     if (!read.text) return read.reason;
-    item_reader items(std::move(*read.text));
-    return take_head(items, p) && take_icons(items, p) && take_entries(items, entries, p) ? "" : damaged;
+    return take_range(*read.text, entries, p) ? "" : damaged;
+}
+
+bool take_range(const std::string& text, int entries, practice_state& p)
+{
+    item_reader items(text);
+    return take_head(items, p) && take_icons(items, p) && take_entries(items, entries, p);
 }
 
 std::string range_file_bytes(const practice_state& p)

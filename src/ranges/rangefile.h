@@ -19,6 +19,8 @@ inline constexpr int all_entries = positions;
 std::string read_range_head(const machine&, const std::string& file, practice_state&);
 // The six head items and the first entries of the tables.
 std::string read_range(const machine&, const std::string& file, int entries, practice_state&);
+// The same from a file's text; false when it fails.
+bool take_range(const std::string& text, int entries, practice_state&);
 
 // The file's bytes for the range in hand.
 std::string range_file_bytes(const practice_state&);
