@@ -7,6 +7,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <algorithm>
 #include <utility>
 
 #include "platform/desktop/look.h"
@@ -129,6 +130,18 @@ void set_label(QLabel& l, const object_fields& o)
     l.setAlignment(text_alignment(o));
 }
 
+// Tab leads to the chosen option of a group and the arrows from there to the others; with none chosen, to
+// each.
+void lead_tab(const QRadioButton& in_group)
+{
+    const auto group =
+        in_group.parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
+    const bool any =
+        std::any_of(group.begin(), group.end(), [](const QRadioButton* b) { return b->isChecked(); });
+    for (QRadioButton* b : group)
+        b->setFocusPolicy(b->isChecked() || !any ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
 // Code may clear all options of a group, which a group of buttons would refuse.
 void set_option(QRadioButton& b, const object_fields& o)
 {
@@ -136,6 +149,7 @@ void set_option(QRadioButton& b, const object_fields& o)
     b.setAutoExclusive(false);
     b.setChecked(o.Value != 0);
     b.setAutoExclusive(true);
+    lead_tab(b);
 }
 
 void set_checkbox(QCheckBox& b, const object_fields& o)
