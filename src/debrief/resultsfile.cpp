@@ -1,0 +1,110 @@
+#include "debrief/resultsfile.h"
+
+#include "platform/files.h"
+
+namespace vorn {
+
+static constexpr const char* damaged = "It is not a whole results file.";
+
+template <std::size_t N>
+static std::string of_length(const std::string& text)
+{
+    padded<N> field;
+    field = text;
+    return field.text();
+}
+
+template <class table, class visitor>
+static bool each_row(table& t, const visitor& visit)
+{
+    for (std::size_t e = 0; e < stored_rows; ++e)
+        if (!visit(t[e])) return false;
+    return true;
+}
+
+template <class table, class visitor>
+static bool each_round(table& t, const visitor& visit)
+{
+    return each_row(t, [&](auto& rounds) {
+        for (auto& r : rounds)
+            if (!visit(r)) return false;
+        return true;
+    });
+}
+
+// Lines 6 to 520 in their order, for reader and writer alike. Goes on for as long as the visitor says so.
+template <class record, class visitor>
+static bool each_of_rest(record& p, const visitor& visit)
+{
+    const auto texts = [&](auto&... t) { return (visit(t) && ...); };
+    const auto rows = [&](auto&... t) { return (each_row(t, visit) && ...); };
+    const auto rounds = [&](auto&... t) { return (each_round(t, visit) && ...); };
+    return texts(p.resulticon1, p.resulticon2, p.resulticon3) &&
+           rows(p.recsystem, p.rectarget, p.recrounds, p.recammo, p.rechit, p.rectime) &&
+           rows(p.recwidth, p.recrange, p.recx, p.recy, p.reclazex, p.reclazey) &&
+           rounds(p.recaimx, p.recaimy, p.recfallx, p.recfally);
+}
+
+std::string results_file_bytes(const practice_state& p)
+{
+    item_writer items;
+    items.put(p.studentdetails.text());
+    items.put(p.targetcount);
+    items.put(of_length<20>(p.resultrange));
+    items.put(of_length<60>(p.resultpicture));
+    items.put(p.resultmode);
+    each_of_rest(p, [&](const auto& field) {
+        items.put(field);
+        return true;
+    });
+    return items.file_bytes();
+}
+
+static bool take_student(item_reader& items, practice_state& p)
+{
+    std::string text;
+    if (!items.take(text)) return false;
+    p.studentdetails = text;
+    return true;
+}
+
+// The record has rows for 15 engagements. Whatever runs over the engagements goes by this number and would
+// leave the tables with a larger one.
+static bool take_count(item_reader& items, practice_state& p)
+{
+    int16 count;
+    if (!items.take(count) || count < 0 || count >= stored_rows) return false;
+    p.targetcount = count;
+    return true;
+}
+
+bool take_results_head(item_reader& items, practice_state& p)
+{
+    return take_student(items, p) && take_count(items, p) && items.take(p.resultrange) &&
+           items.take(p.resultpicture) && items.take(p.resultmode);
+}
+
+bool take_results_rest(item_reader& items, practice_state& p)
+{
+    return each_of_rest(p, [&](auto& field) { return items.take(field); });
+}
+
+bool take_results(const std::string& text, practice_state& p)
+{
+    item_reader items(text);
+    return take_results_head(items, p) && take_results_rest(items, p);
+}
+
+std::string read_results(const machine& m, const std::string& file, practice_state& p)
+{
+    const file_text read = read_file(m, file);
+    if (!read.text) return read.reason;
+    return take_results(*read.text, p) ? "" : damaged;
+}
+
+std::string write_results(const machine& m, const std::string& file, const practice_state& p)
+{
+    return write_file(m, file, results_file_bytes(p));
+}
+
+}   // namespace vorn
