@@ -1,0 +1,104 @@
+#include "debrief/report.h"
+
+#include "platform/files.h"
+
+namespace vorn {
+
+namespace {
+
+// The heading's lines, of a font of their own, end before the student's details.
+constexpr std::size_t heading_lines = 6;
+
+// The number of an engagement goes by one name on paper and by another in the text file.
+constexpr const char* on_paper = "TARGET NUMBER..............";
+constexpr const char* in_text = "ENGAGEMENT NUMBER..........";
+
+struct sums {
+    double totaltime = 0;   // seconds; a target not destroyed counts 100
+    int hitcount = 0;
+};
+
+sums added_up(const practice_state& p)
+{
+    sums s;
+    for (std::size_t e = 1; static_cast<int>(e) <= p.targetcount; ++e) {
+        s.totaltime += p.rectime[e];
+        if (p.rechit[e] == "YES") ++s.hitcount;
+    }
+    return s;
+}
+
+// A record with no engagements, or none of which took any time, has no average or score: 0 stands for it.
+double divided(double a, double b)
+{
+    return b == 0 ? 0 : a / b;
+}
+
+using text_lines = std::vector<std::string>;
+
+void add(text_lines& to, const text_lines& more)
+{
+    to.insert(to.end(), more.begin(), more.end());
+}
+
+void add_engagement(text_lines& lines, const practice_state& p, std::size_t e, const std::string& label)
+{
+    add(lines, {label + number_text(p.rectarget[e]), "SYSTEM STATUS.............." + p.recsystem[e],
+                "AMMO TYPE.................." + p.recammo[e], "TARGET DESTROYED..........." + p.rechit[e],
+                "TIME TAKEN................." + number_text(p.rectime[e]), "         ~~~~~~~*~~~~~~~   "});
+}
+
+// Where nothing was hit, no number of hits is printed.
+void add_summary(text_lines& lines, const practice_state& p)
+{
+    const sums s = added_up(p);
+    const double average = divided(s.totaltime, p.targetcount);
+    const double score = divided(100.0 * s.hitcount * p.targetcount, average);
+    const std::string hits = s.hitcount > 0 ? number_text(s.hitcount) : "";
+    add(lines, {".", "PRACTICE SUMMARY", "",
+                "NUMBER OF HITS............." + hits + " OUT OF " + number_text(p.targetcount),
+                "AVERAGE TIME..............." + number_text(average),
+                "SCORE......................" + number_text(score)});
+}
+
+text_lines report(const practice_state& p, const char* label)
+{
+    text_lines lines{"",
+                     "V.O.R.N.",
+                     "CHALLENGER 1  (Ver 2.0)",
+                     "",
+                     "PRACTICE REPORT",
+                     "",
+                     "STUDENT DETAILS............" + p.studentdetails.text(),
+                     "No OF ENGAGEMENTS.........." + number_text(p.targetcount),
+                     ""};
+    for (std::size_t e = 1; static_cast<int>(e) <= p.targetcount; ++e) add_engagement(lines, p, e, label);
+    add_summary(lines, p);
+    return lines;
+}
+
+}   // namespace
+
+std::vector<printed_line> report_lines(const practice_state& p)
+{
+    std::vector<printed_line> printed;
+    for (const std::string& text : report(p, on_paper)) {
+        const bool heading = printed.size() < heading_lines;
+        printed.push_back({text, "MS Sans Serif", heading ? 16.0 : 10.0, heading, heading});
+    }
+    return printed;
+}
+
+std::string print_report(machine& m, const practice_state& p)
+{
+    return m.print(report_lines(p));
+}
+
+std::string write_text_report(const machine& m, const practice_state& p)
+{
+    std::string text;
+    for (const std::string& line : report(p, in_text)) text += line + "\r\n";
+    return write_file(m, "printtest.txt", text);
+}
+
+}   // namespace vorn

@@ -1,0 +1,168 @@
+#include "debrief/report.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "drill.h"
+
+namespace vorn {
+namespace {
+
+struct fired {
+    const char *system, *ammo, *hit;
+    int time;
+};
+
+practice_state practice_of(const std::vector<fired>& engagements)
+{
+    practice_state p;
+    p.studentdetails = "Trooper_24";
+    p.targetcount = static_cast<int>(engagements.size());
+    for (std::size_t e = 1; e <= engagements.size(); ++e) {
+        const fired& f = engagements[e - 1];
+        p.rectarget[e] = f.time > 0 ? static_cast<int>(e) : 0;
+        p.recsystem[e] = f.system;
+        p.recammo[e] = f.ammo;
+        p.rechit[e] = f.hit;
+        p.rectime[e] = f.time;
+    }
+    // What an earlier, longer practice has left behind.
+    for (std::size_t e = engagements.size() + 1; e < engagement_rows; ++e) {
+        p.rechit[e] = "YES";
+        p.rectime[e] = 5;
+    }
+    return p;
+}
+
+using texts = std::vector<std::string>;
+
+texts texts_of(const practice_state& p)
+{
+    texts all;
+    for (const printed_line& l : report_lines(p)) all.push_back(l.text);
+    return all;
+}
+
+// Hits, average and score.
+texts summary_of(const practice_state& p)
+{
+    const texts all = texts_of(p);
+    return {all.end() - 3, all.end()};
+}
+
+const practice_state two = practice_of({{"FULL", "FIN", "YES", 12}, {"LAZE ONLY", "DST", "NO", 100}});
+const texts two_on_paper{
+    "",
+    "V.O.R.N.",
+    "CHALLENGER 1  (Ver 2.0)",
+    "",
+    "PRACTICE REPORT",
+    "",
+    "STUDENT DETAILS............Trooper_24                    ",
+    "No OF ENGAGEMENTS..........2",
+    "",
+    "TARGET NUMBER..............1",
+    "SYSTEM STATUS..............FULL",
+    "AMMO TYPE..................FIN",
+    "TARGET DESTROYED...........YES",
+    "TIME TAKEN.................12",
+    "         ~~~~~~~*~~~~~~~   ",
+    "TARGET NUMBER..............2",
+    "SYSTEM STATUS..............LAZE ONLY",
+    "AMMO TYPE..................DST",
+    "TARGET DESTROYED...........NO",
+    "TIME TAKEN.................100",
+    "         ~~~~~~~*~~~~~~~   ",
+    ".",
+    "PRACTICE SUMMARY",
+    "",
+    "NUMBER OF HITS.............1 OUT OF 2",
+    "AVERAGE TIME...............56",
+    "SCORE......................3.57142857142857",
+};
+
+TEST(report, a_whole_practice_line_by_line)
+{
+    EXPECT_EQ(texts_of(two), two_on_paper);
+}
+
+TEST(report, the_heading_ends_before_the_students_details)
+{
+    bool heading = true;
+    for (const printed_line& l : report_lines(two)) {
+        if (l.text.find("STUDENT DETAILS") == 0) heading = false;
+        EXPECT_EQ(l.face, "MS Sans Serif");
+        EXPECT_EQ(l.size, heading ? 16 : 10) << l.text;
+        EXPECT_EQ(l.bold, heading) << l.text;
+        EXPECT_EQ(l.underline, heading) << l.text;
+    }
+    EXPECT_FALSE(heading);
+}
+
+TEST(report, hits_average_and_score)
+{
+    const fired ten_seconds{"FULL", "COAX", "YES", 10};
+    const struct {
+        practice_state practice;
+        const char *hits, *average, *score;
+    } cases[] = {
+        {practice_of(std::vector<fired>(6, ten_seconds)), "6 OUT OF 6", "10", "360"},
+        {practice_of({{"FULL", "FIN", "YES", 20}, {"FULL", "FIN", "YES", 30}, {"FULL", "FIN", "YES", 24}}),
+         "3 OUT OF 3", "24.6666666666667", "36.4864864864865"},
+        {practice_of({{"FULL", "", "NO", 100}, {"FULL", "FIN", "yes", 8}}), " OUT OF 2", "54", "0"},
+        {practice_of({{"FULL", "", "", 0}, {"FULL", "FIN", "YES", 8}}), "1 OUT OF 2", "4", "50"},
+        {practice_of({{"FULL", "", "", 0}, {"", "", "YES", 0}}), "1 OUT OF 2", "0", "0"},
+        {practice_of({}), " OUT OF 0", "0", "0"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(summary_of(c.practice), (texts{"NUMBER OF HITS............." + std::string(c.hits),
+                                                 "AVERAGE TIME..............." + std::string(c.average),
+                                                 "SCORE......................" + std::string(c.score)}));
+}
+
+TEST(report, an_engagement_that_never_closed_has_empty_lines)
+{
+    const texts all = texts_of(practice_of({{"TLS ONLY", "", "", 0}}));
+    EXPECT_EQ(texts(all.begin() + 9, all.begin() + 14),
+              (texts{"TARGET NUMBER..............0", "SYSTEM STATUS..............TLS ONLY",
+                     "AMMO TYPE..................", "TARGET DESTROYED...........",
+                     "TIME TAKEN.................0"}));
+    EXPECT_EQ(texts_of(practice_of({})).size(), 9U + 6U);
+}
+
+struct report_out : testing::Test {
+    data_folder data;
+    headless_machine pc;
+
+    report_out() { pc.working_directory = data.ranges(); }
+};
+
+TEST_F(report_out, goes_to_the_printer_and_says_where_there_is_none)
+{
+    EXPECT_EQ(print_report(pc, two), "");
+    EXPECT_EQ(pc.of_kind("printed"), two_on_paper);
+    pc.printer = false;
+    EXPECT_NE(print_report(pc, two), "");
+    EXPECT_EQ(pc.of_kind("printed").size(), two_on_paper.size());
+}
+
+TEST_F(report_out, goes_to_a_text_file_with_one_label_of_its_own)
+{
+    data.put("printtest.txt", std::string(9000, 'x'));
+    ASSERT_EQ(write_text_report(pc, two), "");
+    std::string expected;
+    for (const std::string& line : two_on_paper) {
+        const bool number = line.find("TARGET NUMBER") == 0;
+        expected += (number ? "ENGAGEMENT NUMBER.........." + line.substr(27) : line) + "\r\n";
+    }
+    EXPECT_EQ(data.get("printtest.txt"), expected);
+    std::filesystem::create_directory(pc.working_directory / "no file");
+    std::filesystem::create_directory(pc.working_directory / "no file" / "printtest.txt");
+    pc.working_directory /= "no file";
+    EXPECT_NE(write_text_report(pc, two), "") << "a folder has the name";
+}
+
+}   // namespace
+}   // namespace vorn
