@@ -10,6 +10,7 @@ trainer::trainer(machine& m) : pc(m)
     make_startsim(*this);
     make_gunnery(*this, simulator);
     make_gunnery(*this, thermal);
+    make_results(*this);
 }
 
 }   // namespace vorn

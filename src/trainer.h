@@ -2,6 +2,7 @@
 // all runs on. Everything hangs on one trainer, which is handed to each operation, so that there can be two.
 #pragma once
 
+#include "debrief/results.h"
 #include "flow/intro.h"
 #include "gunnery/screen.h"
 #include "platform/machine.h"
@@ -24,6 +25,7 @@ struct trainer {
     startsim_screen startsim;
     gunnery_screen simulator{sight_kind::visual};
     gunnery_screen thermal{sight_kind::thermal};
+    results_screen results;
 };
 
 }   // namespace vorn

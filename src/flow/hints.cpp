@@ -28,9 +28,8 @@ void timhelp_tick(const hint_panel& p)
     p.ticks = rest_ticks;   // the next button's hint comes at once
 }
 
-void leave(const hint_panel& p)
+void end_rest(const hint_panel& p)
 {
-    p.bar.Caption = p.bare_text;
     p.ticks = 0;
     stop(p.clock);
     p.label.Visible = false;
@@ -43,7 +42,18 @@ void make_hints(const hint_panel& p, std::initializer_list<hint> frames, std::in
     add(p.window, p.clock, interval, [p] { timhelp_tick(p); });
     for (const hint& h : frames) h.over->MouseMove = [p, text = h.text] { p.bar.Caption = text; };
     for (const hint& h : buttons) h.over->MouseMove = [p, h] { show_hint_later(p, *h.over, h.text); };
-    p.window.MouseMove = [p] { leave(p); };
+    p.window.MouseMove = [p] {
+        p.bar.Caption = p.bare_text;
+        end_rest(p);
+    };
+}
+
+void end_hints_over(const hint_panel& p, screen_object& o)
+{
+    o.MouseMove = [p, told = o.MouseMove] {
+        if (told) told();
+        end_rest(p);
+    };
 }
 
 }   // namespace vorn

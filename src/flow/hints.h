@@ -24,6 +24,8 @@ struct hint_panel {
     const char* bare_text;   // in the bar over the bare screen
 };
 
+// Over this object, too, the rest by the buttons ends.
+void end_hints_over(const hint_panel&, screen_object&);
 void make_hints(const hint_panel&, std::initializer_list<hint> frames, std::initializer_list<hint> buttons);
 
 }   // namespace vorn

@@ -75,6 +75,7 @@ void start_program(trainer& t)
                       "V. O. R. N.", box_buttons::ok, box_sign::information});
     show(t.pc, t.intro.window);
     load(t.pc, t.startsim.window);
+    load(t.pc, t.results.window);
 }
 
 // A file inside the folder "ranges" is taken as well: it is the folder that people recognise, and the program

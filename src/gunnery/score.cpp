@@ -71,6 +71,22 @@ void showscore(trainer& t, const gunnery_screen& s, const result& r)
 
 }   // namespace
 
+static bool wantsdebrief(trainer& t)
+{
+    return t.shared.fulldebrief &&
+           t.pc.message_box({"DEBRIEF FIRER ?", "DEBRIEF", box_buttons::yes_no, box_sign::question});
+}
+
+// A range that can't be read any more leads back to the set-up instead: the user has then been told.
+static void todebrief(trainer& t, gunnery_screen& s)
+{
+    s.gunloaded = false;
+    if (!screenreset(t, s)) return;
+    show(t.pc, t.results.window);
+    hide(t.pc, s.window);
+    if (s.visual()) s.lblcrew.Caption.clear();
+}
+
 // The question comes before the thermal score is worked out and after the visual one; neither can tell.
 void practiceend(trainer& t, gunnery_screen& s)
 {
@@ -80,9 +96,9 @@ void practiceend(trainer& t, gunnery_screen& s)
         s.lblcrew.Caption = "TARGET STOP...STOP CLEAR GUNS !!";
         say(t, s, "cleargun.wav");
     }
-    // There is no debrief screen yet for a yes to lead to: the score is shown on either answer.
-    if (t.shared.fulldebrief)
-        t.pc.message_box({"DEBRIEF FIRER ?", "DEBRIEF", box_buttons::yes_no, box_sign::question});
+    const bool debrief = wantsdebrief(t);
+    if (resets != s.resets) return;   // unloaded behind the box
+    if (debrief) return todebrief(t, s);
     showscore(t, s, r);
     if (resets != s.resets) return;
     s.gunloaded = false;

@@ -88,6 +88,15 @@ std::string write_file(const machine& m, const std::string& path, const std::str
     return out ? std::string() : "The file can't be written.";
 }
 
+std::string delete_file(const machine& m, const std::string& path)
+{
+    const fs::path file = from_utf8(find_path(m, path));
+    std::error_code failed;
+    if (!fs::exists(file, failed)) return "The file does not exist.";
+    if (!fs::is_regular_file(file, failed)) return "It is not a file.";
+    return fs::remove(file, failed) ? std::string() : "The file can't be deleted.";
+}
+
 bool change_directory(machine& m, const std::string& folder)
 {
     std::error_code failed;

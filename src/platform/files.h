@@ -25,6 +25,8 @@ struct file_text {
 file_text read_file(const machine&, const std::string& path);
 // Creates or replaces a file; gives the reason when it can't, empty when it did.
 std::string write_file(const machine&, const std::string& path, const std::string& text);
+// Deletes a plain file; gives the reason when it can't, empty when it did.
+std::string delete_file(const machine&, const std::string& path);
 
 // Makes a folder the working directory; false, and no change, when it can't be entered.
 bool change_directory(machine&, const std::string& folder);

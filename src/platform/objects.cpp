@@ -89,7 +89,7 @@ void user_slide(screen_object& slider, int position)
 
 void user_types(screen_object& textbox, const std::string& text)
 {
-    if (takes_input(textbox)) set_text(textbox, text);
+    if (takes_input(textbox) && !textbox.ReadOnly) set_text(textbox, text);
 }
 
 }   // namespace vorn

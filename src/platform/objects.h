@@ -61,14 +61,23 @@ struct picture {
     bool operator==(const picture&) const = default;
 };
 
+// A part of a parent, twips from its upper left corner.
+struct area {
+    double Left = 0, Top = 0, Width = 0, Height = 0;
+
+    bool operator==(const area&) const = default;
+};
+
 // Everything about an object that can be seen. The machine compares it with what it last drew.
 struct object_fields {
     object_kind kind = object_kind::label;
     double Left = 0, Top = 0, Width = 0, Height = 0;   // twips, from the parent's upper left corner
+    area Within;   // an object whose place lies outside is shown at the edge; of no size: shown where it is
     bool Visible = true;
     bool Enabled = true;
-    std::string Caption;   // in a button '&' marks the access key
-    std::string Text;      // text box
+    std::string Caption;     // in a button '&' marks the access key
+    std::string Text;        // text box
+    bool ReadOnly = false;   // text box: shows, and takes no typing
     std::string ToolTipText;
     std::string AccessibleName;   // what a screen reader calls it, where neither caption nor tip says it
     colour ForeColor = colour::text;

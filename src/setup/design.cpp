@@ -1,6 +1,8 @@
 // How the set-up screen is laid out, in the order in which an instructor works: the student at the left, the
 // practice and its options in the middle, range and controls at the right. The numbers in the corners are
 // those of the instructions. Tab goes the same way and ends at the buttons along the top. Twips.
+#include <tuple>
+
 #include "platform/design.h"
 #include "setup/setup.h"
 #include "setup/startsim.h"
@@ -301,7 +303,6 @@ void buttons(S& s)
         left += 1875;
     }
     s.Cmdstart.bold = s.Cmdstart.design->bold = true;
-    s.Cmddebrief.Enabled = s.Cmddebrief.design->Enabled = false;   // until there is a debrief to go to
     s.window.exit_button = &s.Cmdexit;
 }
 

@@ -20,13 +20,13 @@ void write(trainer& t, const line& l)
     if (l.number >= 0) t.startsim.lblprac[l.number].Caption = l.text;
 }
 
-// Options that write one number and their lines.
+// Options that set one number and write one line, or none.
 template <class T>
 struct choice {
     screen_object S::*option;
     T P::*setting;
     int value;
-    line first = {}, second = {};
+    line summary = {};
 };
 
 template <class T, std::size_t N>
@@ -35,8 +35,7 @@ void make_choices(trainer& t, const choice<T> (&rows)[N])
     for (const choice<T>& r : rows)
         (t.startsim.*r.option).Click = [&t, r] {
             t.shared.*r.setting = static_cast<T>(r.value);
-            write(t, r.first);
-            write(t, r.second);
+            write(t, r.summary);
         };
 }
 
@@ -100,7 +99,7 @@ void make_systems(trainer& t)
 void writebursts(trainer& t)
 {
     for (const choice<int>& b : bursts)
-        if ((t.startsim.*b.option).Value != 0) write(t, b.first);
+        if ((t.startsim.*b.option).Value != 0) write(t, b.summary);
 }
 
 // Wind works on HESH alone, and bursts count on coax targets alone: what can't matter takes no clicks.

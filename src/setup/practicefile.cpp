@@ -1,5 +1,3 @@
-#include <array>
-
 #include "platform/files.h"
 #include "setup/setup.h"
 #include "state/item_text.h"

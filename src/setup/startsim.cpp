@@ -38,6 +38,14 @@ void cmdgame_click(trainer& t)
     hide(t.pc, t.startsim.window);
 }
 
+void cmddebrief_click(trainer& t)
+{
+    if (!asked(t, lines({"V.O.R N.", blankline, "STARTING THE DEBRIEF SCREEN !"}))) return;
+    show(t.pc, t.results.window);
+    hide(t.pc, t.startsim.window);
+    t.shared.debriefonly = true;
+}
+
 void startsim_arrival(trainer& t)
 {
     t.shared.fulldebrief = true;   // whatever the option shows: a quick start has switched it off
@@ -99,6 +107,7 @@ void make_startsim(trainer& t)
     s.window.arrival = [&t] { startsim_arrival(t); };
     s.Cmdstart.Click = [&t] { cmdstart_click(t); };
     s.cmdgame.Click = [&t] { cmdgame_click(t); };
+    s.Cmddebrief.Click = [&t] { cmddebrief_click(t); };
     s.Cmdabout.Click = [&s] { s.Image1.Visible = !s.Image1.Visible; };
     s.Cmdhelpon.Click = [&t] { openhelp(t); };
     s.Cmdexit.Click = [&t] { confirmexit(t, "V.O.R N.", "V.O.R.N."); };

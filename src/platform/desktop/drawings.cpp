@@ -413,6 +413,93 @@ void program(QPainter& p, const QRectF& at)
     p.restore();
 }
 
+// The debrief ----------------------------------------------------------------------------------------------
+
+// Strokes a mark's path with a dark rim, so that it is seen on any picture.
+void stroke_mark(QPainter& p, const QPainterPath& path, const QColor& c, double width)
+{
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(QColor(0, 0, 0, 200), width + 6, Qt::SolidLine, Qt::RoundCap));
+    p.drawPath(path);
+    p.setPen(QPen(c, width, Qt::SolidLine, Qt::RoundCap));
+    p.drawPath(path);
+}
+
+QPainterPath strokes(std::initializer_list<std::pair<QPointF, QPointF>> lines)
+{
+    QPainterPath path;
+    for (const auto& [from, to] : lines) {
+        path.moveTo(from);
+        path.lineTo(to);
+    }
+    return path;
+}
+
+// The four marks differ in shape as well as in colour, and each leaves its middle free.
+void mark_centre(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, at, {100, 100});
+    stroke_mark(
+        p, strokes({{{50, 14}, {50, 40}}, {{50, 60}, {50, 86}}, {{14, 50}, {40, 50}}, {{60, 50}, {86, 50}}}),
+        shade(colour::white), 6);
+}
+
+void mark_laze(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, at, {100, 100});
+    QPainterPath path;
+    path.addEllipse(QPointF(50, 50), 30, 30);
+    stroke_mark(p, path, QColor(0x5f, 0xc8, 0xff), 6);
+}
+
+void mark_aim(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, at, {100, 100});
+    QPainterPath path;
+    path.addPolygon(QPolygonF{{50, 14}, {86, 50}, {50, 86}, {14, 50}, {50, 14}});
+    stroke_mark(p, path, shade(colour::live), 6);
+}
+
+void mark_fall(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, at, {100, 100});
+    stroke_mark(
+        p, strokes({{{24, 24}, {42, 42}}, {{58, 58}, {76, 76}}, {{76, 24}, {58, 42}}, {{42, 58}, {24, 76}}}),
+        shade(colour::red), 9);
+}
+
+// Points with its upper left corner at the target's place on the strip, which is the corner of the target.
+void strip_pointer(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, at, {100, 100});
+    QPainterPath path;
+    path.addPolygon(QPolygonF{{6, 6}, {70, 34}, {44, 44}, {34, 70}, {6, 6}});
+    p.setPen(QPen(QColor(0, 0, 0, 220), 6));
+    p.setBrush(shade(colour::live));
+    p.drawPath(path);
+}
+
+// Country behind the target of the debrief, plain enough for the marks: its ground line is that of the
+// target.
+void target_ground(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, at, {305, 217});
+    constexpr double horizon = 96;
+    p.fillRect(QRectF(0, 0, 305, horizon),
+               upright(0, horizon, {{0, QColor(0x8f, 0xa5, 0xb4)}, {1, QColor(0xc4, 0xcc, 0xc4)}}));
+    p.fillRect(QRectF(0, horizon, 305, 217 - horizon),
+               upright(horizon, 217, {{0, QColor(0x98, 0x9c, 0x72)}, {1, QColor(0x62, 0x6a, 0x44)}}));
+}
+
+// An engagement in which nothing was selected.
+void blank_ammo(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, centred_square(at), {100, 100});
+    p.setPen(QPen(QColor(furniture::edge), 4));
+    p.setBrush(QColor(furniture::field));
+    p.drawRoundedRect(QRectF(6, 6, 88, 88), 12, 12);
+}
+
 // The keyboard gunner's card -------------------------------------------------------------------------------
 
 struct key_cap {
@@ -471,7 +558,7 @@ struct named_drawing {
     void (*paint)(QPainter&, const QRectF&);
 };
 
-constexpr std::array<named_drawing, 15> drawings{{
+constexpr std::array<named_drawing, 22> drawings{{
     {":arrow_up", arrow_up},
     {":arrow_down", arrow_down},
     {":arrow_left", arrow_left},
@@ -487,6 +574,13 @@ constexpr std::array<named_drawing, 15> drawings{{
     {":practice", practice_target},
     {":stop", stop_disc},
     {":program", program},
+    {":mark_centre", mark_centre},
+    {":mark_laze", mark_laze},
+    {":mark_aim", mark_aim},
+    {":mark_fall", mark_fall},
+    {":pointer", strip_pointer},
+    {":blank", blank_ammo},
+    {":target_ground", target_ground},
 }};
 
 }   // namespace

@@ -131,12 +131,21 @@ static QPointF corner_of(const screen_object* o)
     return at;
 }
 
+// Where an object is shown: at its place, or as near to it as it may be.
+static QPointF shown_place(const screen_object& o)
+{
+    const area& a = o.Within;
+    if (a.Width <= 0) return {o.Left, o.Top};
+    return {std::clamp(o.Left, a.Left, a.Left + a.Width - o.Width),
+            std::clamp(o.Top, a.Top, a.Top + a.Height - o.Height)};
+}
+
 // Edges are rounded where they lie on the form, so that objects in line stay in line at every scale.
 QRect form_window::place_of(const screen_object& o) const
 {
     const auto pixel = [&](const QPointF& p) { return (p / twips_per_pixel * style_.scale).toPoint(); };
     const QPoint origin = pixel(corner_of(o.parent));
-    const QPointF from = corner_of(&o);
+    const QPointF from = corner_of(o.parent) + shown_place(o);
     const QRect at(pixel(from) - origin, pixel(from + QPointF(o.Width, o.Height)) - origin - QPoint(1, 1));
     return o.parent == nullptr ? at.translated(corner_) : at;
 }
@@ -209,12 +218,13 @@ static bool left_release(const QEvent& e)
            static_cast<const QMouseEvent&>(e).button() == Qt::LeftButton;
 }
 
-// The mouse is over a frame also where it is over something that the frame holds.
+// The mouse is over a frame also where it is over something that the frame holds, and over what can't be used
+// now: that is where a user wants to know what it is for.
 static const screen_object* under_mouse(const screen_object& object)
 {
     const screen_object* o = &object;
-    while (o != nullptr && (!o->MouseMove || !takes_input(*o))) o = o->parent;
-    return o;
+    while (o != nullptr && !o->MouseMove) o = o->parent;
+    return o != nullptr && o->owner->state == form_state::shown ? o : nullptr;
 }
 
 // Gives true when the widget is not to have the event: it would stay pressed after a handler that a box has

@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QPrinterInfo>
 
@@ -39,12 +40,26 @@ std::string print_lines(QPagedPaintDevice& printer, const std::vector<printed_li
     return page.end() ? std::string() : "The printer has stopped.";
 }
 
-// Without a printer the toolkit would ask for a file to print to.
+std::string print_to_pdf(const QString& file, const std::vector<printed_line>& lines)
+{
+    QPdfWriter pdf(file);
+    pdf.setResolution(300);
+    pdf.setPageSize(QPageSize(QPageSize::A4));
+    pdf.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
+    const std::string reason = print_lines(pdf, lines);
+    return reason.empty() ? reason : "The file can't be written.";
+}
+
+// On a machine without a printer the same lines go to a PDF, if the user names one.
 std::string desktop_machine::print(const std::vector<printed_line>& lines)
 {
-    if (QPrinterInfo::availablePrinters().isEmpty()) return "There is no printer.";
-    QPrinter printer(QPrinter::HighResolution);
-    return print_lines(printer, lines);
+    if (!QPrinterInfo::availablePrinters().isEmpty()) {
+        QPrinter printer(QPrinter::HighResolution);
+        return print_lines(printer, lines);
+    }
+    const auto file = choose_file({"THERE IS NO PRINTER: SAVE AS PDF", "PDF Files (*.pdf)|*.pdf|",
+                                   working_directory.string(), "report.pdf", true});
+    return file ? print_to_pdf(QString::fromStdString(*file), lines) : std::string();
 }
 
 }   // namespace vorn

@@ -4,6 +4,7 @@
 #include <QShortcutEvent>
 #include <QStyleOptionButton>
 #include <algorithm>
+#include <cmath>
 
 #include "platform/desktop/drawings.h"
 #include "platform/desktop/look.h"
@@ -92,13 +93,25 @@ void text_button::paint_plate(QPainter& p)
     p.drawRoundedRect(rect(), 3 * scale, 3 * scale);
 }
 
+// A number that stands over a picture has a dark rim.
+static void paint_rim(QPainter& p, const QRect& at, int flags, const QString& text, double scale)
+{
+    const int rim = std::max(1, static_cast<int>(std::lround(scale)));
+    p.setPen(QColor(0, 0, 0, 220));
+    for (int dx = -rim; dx <= rim; dx += rim)
+        for (int dy = -rim; dy <= rim; dy += rim) p.drawText(at.translated(dx, dy), flags, text);
+}
+
 void text_button::paintEvent(QPaintEvent*)
 {
     QPainter p(this);
     paint_plate(p);
+    const bool numbered = fields_.ForeColor == colour::red || fields_.ForeColor == colour::darkred;
+    const int flags = static_cast<int>(text_alignment(fields_)) | Qt::TextWordWrap;
+    const QString words = QString::fromStdString(fields_.Caption);
+    if (numbered) paint_rim(p, rect(), flags, words, scale_of(*this));
     p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-    p.drawText(rect(), static_cast<int>(text_alignment(fields_)) | Qt::TextWordWrap,
-               QString::fromStdString(fields_.Caption));
+    p.drawText(rect(), flags, words);
     if (!hasFocus()) return;
     QStyleOptionButton o;
     initStyleOption(&o);

@@ -171,6 +171,7 @@ void set_textbox(QLineEdit& box, const object_fields& o)
 {
     const QString text = QString::fromStdString(o.Text);
     if (box.text() != text) box.setText(text);
+    box.setReadOnly(o.ReadOnly);
 }
 
 void set_by_kind(QWidget& w, const object_fields& o)

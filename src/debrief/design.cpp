@@ -1,0 +1,217 @@
+// How the debrief screen is laid out: the range along the top, below it the list of engagements, what is
+// known of the chosen one, and the target with its markers, which are read at a glance. Twips.
+#include "platform/design.h"
+#include "debrief/debrief.h"
+#include "debrief/results.h"
+
+namespace vorn {
+
+namespace {
+
+using S = results_screen;
+
+constexpr double mark = 480;   // side of a marker; its middle is what it marks
+
+constexpr const char* reading =
+    "The cross is the middle of the target. The other marks show where laser, aim and round were against "
+    "it.\n\n"
+    "Aim and strike apart: range, wind or the lay.\n\n"
+    "The same way apart round after round: no correction was put on.\n\n"
+    "A mark at the edge lies still further out.";
+
+void caption(S& s, screen_object* parent, object_fields fields)
+{
+    add(s.window, s.captions.emplace_back(), std::move(fields), parent);
+}
+
+void buttons(S& s)
+{
+    const struct {
+        screen_object& o;
+        const char* caption;
+        const char* tip;
+    } row[] = {{s.Cmdsave, "SAVE", "SAVE DEBREIF"},
+               {s.Cmdopen, "OPEN", "OPEN DEBREIF"},
+               {s.Cmdprint, "PRINT", "PRINT DEBREIF"},
+               {s.Cmddelete, "DELETE", "DELETE DEBRIEF"},
+               {s.cmdnew, "NEW SHOOT", "NEW SHOOT"},
+               {s.Cmdreplay, "REPLAY", "REPLAY SHOOT"},
+               {s.Cmdexit, "EXIT", ""},
+               {s.Cmdhelpon, "HELP", ""}};
+    double left = 120;
+    for (const auto& r : row) {
+        add(s.window, r.o, button({left, 15, 1590, 330}, r.caption, r.tip));
+        left += 1650;
+    }
+    s.window.exit_button = &s.Cmdexit;
+}
+
+void range_strip(S& s)
+{
+    add(s.window, s.Imgrange, image({120, 360, 15045, 3000}, ":title"));
+    add(s.window, s.imgtargetpointer, hidden(image({120, 360, mark, mark}, ":pointer")));
+    add(s.window, s.originalrange, hidden(image({0, 0, 43560, 7335})));
+}
+
+void engagement_list(S& s)
+{
+    add(s.window, s.Frame4, frame({0, 3480, 1815, 6855}, "ENGAGEMENT"));
+    for (int e = 1; e <= 15; ++e) {
+        const rectangle at{e <= 8 ? 240.0 : 1080.0, 240.0 + 600 * ((e - 1) % 8), 495, 495};
+        const std::string number = std::to_string(e);
+        add(s.window, s.Imgtgtnumber[e], image(at, ":blank"), &s.Frame4);
+        object_fields f = label(at, number, colour::darkred, text_size::normal, alignment::centre);
+        f.AccessibleName = "Engagement " + number;
+        if (e == 1) f.ToolTipText = "ENGAGEMENT  NUMBER ";
+        add(s.window, s.Lbltgtnumber[e], std::move(f), &s.Frame4);
+    }
+    for (screen_object* o : {&s.Imgfin, &s.Imghesh, &s.Imgcoax, &s.imgblank})
+        add(s.window, *o, hidden(image({0, 0, 495, 495}, o == &s.imgblank ? ":blank" : ":target")),
+            &s.Frame4);
+}
+
+void details(S& s)
+{
+    add(s.window, s.Frame3, frame({2040, 3480, 5175, 2055}, "DETAILS", "STUDENT DETAILS"));
+    const struct {
+        const char* words;
+        screen_object& box;
+        const char* tip;
+    } rows[] = {{"STUDENT", s.Txtstudent, "STUDENT NAME"},
+                {"PRACTICE TYPE", s.Txtpractype, "PRACTICE TYPE"},
+                {"RANGE NAME", s.Txtrngename, "RANGE NAME"}};
+    double top = 375;
+    for (const auto& r : rows) {
+        caption(s, &s.Frame3, label({180, top + 60, 1560, 300}, r.words, colour::dim));
+        object_fields f = textbox({1800, top, 3195, 420}, "");
+        f.ToolTipText = r.tip;
+        f.ReadOnly = true;
+        add(s.window, r.box, std::move(f), &s.Frame3);
+        top += 540;
+    }
+}
+
+void information(S& s)
+{
+    add(s.window, s.Frame2, frame({2040, 5640, 5175, 4695}, "TARGET INFORMATION"));
+    const struct {
+        const char* words;
+        screen_object& value;
+        const char* tip;
+    } rows[] = {{"TARGET NUMBER", s.Lbltargetnum, ""},  {"SYSTEM", s.Lblsystem, "SYSTEM"},
+                {"AMMO TYPE", s.Lblammo, "AMMUNITION"}, {"TARGET RANGE", s.lbltargetrange, ""},
+                {"TARGET DESTROYED", s.Lbltarget, ""},  {"TIME TAKEN", s.Lbltime, ""}};
+    double top = 510;
+    for (const auto& r : rows) {
+        caption(s, &s.Frame2, label({240, top + 60, 2400, 330}, r.words, colour::dim));
+        object_fields f = bold(label({2760, top, 2235, 450}, "", colour::live, text_size::large));
+        f.ToolTipText = r.tip;
+        add(s.window, r.value, std::move(f), &s.Frame2);
+        top += 675;
+    }
+}
+
+// The four marks in one place, as they stand beside the target.
+void legend(S& s)
+{
+    add(s.window, s.Frame7, frame({90, 4620, 4515, 2145}, "LEGEND"), &s.Frame1);
+    const struct {
+        const char* drawing;
+        const char* words;
+        double left, top;
+    } rows[] = {{":mark_centre", "Centre of mass", 150, 420},
+                {":mark_laze", "Last  lase ", 2310, 420},
+                {":mark_aim", "Point of Aim", 150, 1230},
+                {":mark_fall", "Fall of Shot", 2310, 1230}};
+    for (const auto& r : rows) {
+        caption(s, &s.Frame7, image({r.left, r.top, mark, mark}, r.drawing));
+        caption(s, &s.Frame7, label({r.left + 570, r.top + 90, 1500, 300}, r.words));
+    }
+}
+
+void round_buttons(S& s)
+{
+    caption(s, &s.Frame1, label({180, 4110, 840, 300}, "ROUND", colour::dim));
+    double left = 1080;
+    for (int r = 1; screen_object * o : {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4}) {
+        object_fields f = hidden(button({left, 4035, 780, 450}, std::to_string(r)));
+        if (r == 1) f.ToolTipText = "ROUND NUMBER";
+        f.AccessibleName = "Round " + std::to_string(r);
+        add(s.window, *o, std::move(f), &s.Frame1);
+        left += 870;
+        ++r;
+    }
+}
+
+void target_details(S& s)
+{
+    add(s.window, s.Frame1, frame({7320, 3480, 4695, 6855}, " TARGET DETAILS"));
+    caption(s, &s.Frame1, label({180, 390, 1800, 300}, "ROUNDS FIRED", colour::dim));
+    add(s.window, s.Lblrounds, bold(label({1980, 390, 900, 300}, "", colour::live)), &s.Frame1);
+    const area seen{60, 720, 4575, 3255};   // where a marker can be; one further out stands at the edge
+    caption(s, &s.Frame1, image({seen.Left, seen.Top, seen.Width, seen.Height}, ":target_ground"));
+    object_fields details = image({1440, 960, 1695, 1695}, ":target");
+    details.ToolTipText = "LAY OF MBS";
+    add(s.window, s.Imgtargetdetails, std::move(details), &s.Frame1);
+    add(s.window, s.Lbltargetvis,
+        hidden(bold(label({90, 3600, 4515, 330}, "TARGET NOT VISIBLE ON THIS SHOOT", colour::red,
+                          text_size::normal, alignment::centre))),
+        &s.Frame1);
+    round_buttons(s);
+    legend(s);
+    add(s.window, s.Shape1, hidden(shape({2040, 1560, 75, 75}, shape_kind::filled_ellipse, colour::white)),
+        &s.Frame1);
+    const struct {
+        screen_object& o;
+        const char* drawing;
+    } marks[] = {{s.Imgreptarget, ":mark_centre"},
+                 {s.Imglaze, ":mark_laze"},
+                 {s.Imagepoa, ":mark_aim"},
+                 {s.Imgfos, ":mark_fall"}};
+    for (const auto& m : marks) {
+        object_fields f = hidden(image({2040, 1560, mark, mark}, m.drawing));
+        f.Within = seen;
+        add(s.window, m.o, std::move(f), &s.Frame1);
+    }
+}
+
+void thermal_marks(S& s)
+{
+    add(s.window, s.Frmtherm, hidden(frame({12120, 7380, 3120, 2955}, "THERMAL ENGAGEMENTS")));
+    const area seen{60, 330, 3000, 2550};
+    caption(s, &s.Frmtherm,
+            shape({seen.Left, seen.Top, seen.Width, seen.Height}, shape_kind::rectangle, colour::black,
+                  colour::black));
+    const rectangle middle{1320, 1365, mark, mark};
+    object_fields target = image(middle, ":mark_centre");
+    target.Within = seen;
+    add(s.window, s.Imgthermtarget, std::move(target), &s.Frmtherm);
+    add(s.window, s.Imgbam, hidden(image(middle, ":bam")), &s.Frmtherm);
+    add(s.window, s.Imgrevfin, hidden(image({1020, 1485, 1080, 240}, ":revfin")), &s.Frmtherm);
+    add(s.window, s.Imgrevhesh, hidden(image({1020, 1418, 1080, 375}, ":revhesh")), &s.Frmtherm);
+}
+
+}   // namespace
+
+void design_results(results_screen& s)
+{
+    s.window.name = "results";
+    s.window.Caption = "V. O. R. N. DEBRIEF SCREEN    (CHALLENGER 1)";
+    range_strip(s);
+    engagement_list(s);
+    details(s);
+    information(s);
+    target_details(s);
+    caption(s, nullptr, frame({12120, 3480, 3120, 3780}, "READING THE MARKS"));
+    caption(s, &s.captions.back(), label({180, 390, 2790, 3300}, reading, colour::dim));
+    thermal_marks(s);
+    buttons(s);
+    add(s.window, s.Lblinfo,
+        label({120, 10560, 15120, 600}, "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS",
+              colour::highlight, text_size::normal, alignment::centre));
+    object_fields hint = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
+    hint.BackColor = colour::black;
+    add(s.window, s.lblhelp, hidden(std::move(hint)));
+}
+
+}   // namespace vorn

@@ -1,0 +1,191 @@
+#include <array>
+
+#include "debrief/debrief.h"
+#include "ranges/rangefile.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr int rows = 15;
+constexpr int farthest_seen = 2200;   // metres: beyond it the point of aim can't be told on the target
+
+// Rounds 1 to 4.
+using round_buttons = std::array<screen_object*, 4>;
+round_buttons roundbuttons(results_screen& s)
+{
+    return {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4};
+}
+
+std::size_t row(const results_screen& s)
+{
+    return static_cast<std::size_t>(s.selectedengagement);
+}
+
+void load_stock(trainer& t, screen_object& holder, const std::string& targeticon,
+                const std::string& resulticon)
+{
+    if (targeticon.empty()) return;
+    loaded_picture loaded = t.pc.load_picture(icon_path(t.pc, t.shared.rootpath, resulticon));
+    if (loaded.result) holder.Picture = std::move(*loaded.result);   // one that can't be had leaves the last
+}
+
+// "DST" has no picture of its own: the place keeps the one that it had.
+void show_in_list(const practice_state& p, results_screen& s, int e)
+{
+    const std::string& ammo = p.recammo[static_cast<std::size_t>(e)];
+    const screen_object* stock = ammo == "FIN"    ? &s.Imgfin
+                                 : ammo == "COAX" ? &s.Imgcoax
+                                 : ammo == "HESH" ? &s.Imghesh
+                                 : ammo.empty()   ? &s.imgblank
+                                                  : nullptr;
+    if (stock != nullptr) s.Imgtgtnumber[e].Picture = stock->Picture;
+}
+
+// The marks of the thermal sight as they stood: the ballistic one with the full system, else the reversionary
+// one.
+void show_sight_marks(results_screen& s)
+{
+    const bool full = s.Lblsystem.Caption == "FULL";
+    const std::string& ammo = s.Lblammo.Caption;
+    s.Imgbam.Visible = full;
+    s.Imgrevfin.Visible = !full && ammo == "FIN";
+    s.Imgrevhesh.Visible = !full && (ammo == "HESH" || ammo == "COAX");
+}
+
+void show_facts(const practice_state& p, results_screen& s)
+{
+    const std::size_t e = row(s);
+    const auto number = [](int n) { return std::to_string(n); };
+    s.Lblsystem.Caption = p.recsystem[e];
+    s.Lbltargetnum.Caption = number(p.rectarget[e]);
+    s.Lblammo.Caption = p.recammo[e];
+    show_sight_marks(s);
+    s.Lblrounds.Caption = number(p.recrounds[e]);
+    s.Lbltarget.Caption = p.rechit[e];
+    s.Lbltime.Caption = number(p.rectime[e]);
+    s.lbltargetrange.Caption = number(p.recrange[e]);
+}
+
+// The signs are those of the record: its offsets run from the aim, the laze and the round to the target. A
+// target that was never measured, which a thermal one without a laze is, gives no scale, and its markers are
+// hidden.
+void place(screen_object& mark, double left, double top)
+{
+    mark.Left = left;
+    mark.Top = top;
+}
+
+void place_markers(const practice_state& p, results_screen& s, std::size_t round)
+{
+    const std::size_t e = row(s);
+    const double scale = s.markerscale;
+    const double left = s.Shape1.Left, top = s.Shape1.Top;
+    place(s.Imagepoa, left - p.recaimx[e][round] * scale, top + p.recaimy[e][round] * scale);
+    place(s.Imglaze, left - p.reclazex[e] * scale, top + p.reclazey[e] * scale);
+    place(s.Imgfos, left - p.recfallx[e][round] * scale, top - p.recfally[e][round] * scale);
+}
+
+void show_markers(const practice_state& p, results_screen& s)
+{
+    const std::size_t e = row(s);
+    const int width = p.recwidth[e];
+    const bool measured = width > 0;
+    s.markerscale = measured ? static_cast<std::int32_t>(rounded(s.Imgtargetdetails.Height / width)) : 0;
+    for (screen_object* mark : {&s.Imgreptarget, &s.Imglaze, &s.Imgfos}) mark->Visible = measured;
+    s.Imagepoa.Visible = measured && p.recrange[e] <= farthest_seen;
+    s.Lbltargetvis.Visible = p.recrange[e] > farthest_seen;
+    place_markers(p, s, 1);
+}
+
+// An engagement of one round has no round buttons. A further round laid exactly on the target's centre line
+// isn't seen as one.
+void show_round_buttons(const practice_state& p, results_screen& s)
+{
+    const auto& aim = p.recaimx[row(s)];
+    const bool measured = s.markerscale > 0;
+    s.Cmdround1.Visible = s.cmdround2.Visible = measured && aim[2] != 0;
+    s.Cmdround3.Visible = measured && aim[3] != 0;
+    s.cmdround4.Visible = measured && aim[4] != 0;
+}
+
+void point_at_target(const practice_state& p, results_screen& s)
+{
+    const std::size_t e = row(s);
+    if (s.overviewscalex == 0 || s.overviewscaley == 0) return;
+    s.imgtargetpointer.Left = s.Imgrange.Left + static_cast<double>(p.recx[e]) / s.overviewscalex;
+    s.imgtargetpointer.Top = s.Imgrange.Top + static_cast<double>(p.recy[e]) / s.overviewscaley;
+    s.imgtargetpointer.Visible = true;
+}
+
+void show_target_picture(const practice_state& p, results_screen& s)
+{
+    const std::string& ammo = p.recammo[row(s)];
+    s.Imgtargetdetails.Picture = (ammo == "HESH" ? s.Imghesh : ammo == "COAX" ? s.Imgcoax : s.Imgfin).Picture;
+}
+
+void target(trainer& t)
+{
+    results_screen& s = t.results;
+    show_facts(t.shared, s);
+    show_target_picture(t.shared, s);
+    point_at_target(t.shared, s);
+    show_markers(t.shared, s);
+    show_round_buttons(t.shared, s);
+    s.Frame1.Visible = s.Lblsystem.Caption != "TLS ONLY";
+}
+
+void highlight(results_screen& s, int e)
+{
+    for (int n = 1; n <= rows; ++n) {
+        s.Lbltgtnumber[n].ForeColor = n == e ? colour::red : colour::darkred;
+        s.Lbltgtnumber[n].bold = n == e;   // to be told apart without colour too
+    }
+}
+
+void lbltgtnumber_click(trainer& t, int e)
+{
+    t.results.selectedengagement = e;
+    if (t.shared.rectime[static_cast<std::size_t>(e)] < 1) {
+        t.pc.message_box(
+            {"YOU DID NOT FIRE THIS ROUND ", "V. O. R. N.", box_buttons::ok, box_sign::information});
+        return;
+    }
+    highlight(t.results, e);
+    target(t);
+}
+
+void cmdround_click(trainer& t, std::size_t round)
+{
+    results_screen& s = t.results;
+    const std::size_t e = row(s);
+    place_markers(t.shared, s, round);
+    place(s.Imgthermtarget, s.Imgbam.Left + t.shared.recaimx[e][round],
+          s.Imgbam.Top - t.shared.recaimy[e][round]);
+}
+
+}   // namespace
+
+void fillengagements(trainer& t)
+{
+    results_screen& s = t.results;
+    const practice_state& p = t.shared;
+    load_stock(t, s.Imgfin, p.targeticon1, p.resulticon1);
+    load_stock(t, s.Imghesh, p.targeticon2, p.resulticon2);
+    load_stock(t, s.Imgcoax, p.targeticon3, p.resulticon3);
+    for (int e = 1; e <= rows; ++e) show_in_list(p, s, e);
+    lbltgtnumber_click(t, 1);
+}
+
+void make_engagements(trainer& t)
+{
+    results_screen& s = t.results;
+    for (int e = 1; e <= rows; ++e) s.Lbltgtnumber[e].Click = [&t, e] { lbltgtnumber_click(t, e); };
+    for (std::size_t r = 1; screen_object * button : roundbuttons(s)) {
+        button->Click = [&t, r] { cmdround_click(t, r); };
+        ++r;
+    }
+}
+
+}   // namespace vorn

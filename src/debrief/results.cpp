@@ -1,0 +1,184 @@
+#include "debrief/results.h"
+
+#include <filesystem>
+
+#include "debrief/debrief.h"
+#include "debrief/report.h"
+#include "debrief/resultsfile.h"
+#include "flow/hints.h"
+#include "flow/intro.h"
+#include "platform/files.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr const char* filter = "VORN Files (*.vrn)|*.vrn|";
+
+void say(trainer& t, const std::string& words, const std::string& title = {})
+{
+    t.pc.message_box({words, title});
+}
+
+bool asked(trainer& t, const std::string& words)
+{
+    return t.pc.message_box({words, "V. O. R. N.", box_buttons::yes_no, box_sign::question});
+}
+
+// Coming up, each time the screen is shown.
+void results_arrival(trainer& t)
+{
+    results_screen& s = t.results;
+    if (t.shared.debriefonly) s.Cmdreplay.Enabled = false;   // nothing enables it again
+    s.Frame1.Visible = true;
+    showdetails(t);
+    showrange(t);
+    if (t.shared.targetcount > 0) fillengagements(t);
+}
+
+void save_record(trainer& t)
+{
+    t.shared.resultsfile = left(t.shared.studentdetails.text(), 6) + ".vrn";
+    const auto chosen = t.pc.choose_file({"SAVE", filter, t.shared.rootpath, t.shared.resultsfile, true});
+    if (!chosen) return say(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+    t.shared.resultsfile = *chosen;
+    t.results.Cmddelete.Enabled = true;
+    if (!write_results(t.pc, t.shared.resultsfile, t.shared).empty())
+        say(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+}
+
+// The record, and then the screen anew from it. A picture that can't be loaded counts as a failure of the
+// read.
+bool read_record(trainer& t)
+{
+    results_screen& s = t.results;
+    s.Cmddelete.Enabled = true;
+    const file_text file = read_file(t.pc, t.shared.resultsfile);
+    if (!file.text) return false;
+    item_reader items(*file.text);
+    if (!take_results_head(items, t.shared)) return false;
+    s.Frmtherm.Visible = t.shared.resultmode == "THERMAL";
+    if (!take_results_rest(items, t.shared)) return false;
+    s.Cmdopen.Enabled = true;
+    showdetails(t);
+    if (!showrange(t)) return false;
+    fillengagements(t);
+    return true;
+}
+
+void cmdopen_click(trainer& t)
+{
+    results_screen& s = t.results;
+    s.Cmdopen.Enabled = false;
+    const auto chosen = t.pc.choose_file({"OPEN", filter, t.shared.rootpath, "", false});
+    if (chosen) t.shared.resultsfile = *chosen;
+    if (!chosen || !read_record(t)) say(t, "THAT FILE COULD NOT BE OPENED");
+    s.Cmdopen.Enabled = true;
+}
+
+void cmdprint_click(trainer& t)
+{
+    if (t.shared.resultsfile.empty()) return say(t, "NO FILE IS OPEN TO PRINT");
+    if (!asked(t, "DO YOU WISH TO PRINT A RECORD OF " + t.shared.resultsfile)) return;
+    const std::string reason = print_report(t.pc, t.shared);
+    if (!reason.empty()) say(t, lines({"THE RECORD COULD NOT BE PRINTED", reason}), "V. O. R. N.");
+}
+
+// A cancelled save leaves a name that no file has; the user is told rather than left to think it was deleted.
+void cmddelete_click(trainer& t)
+{
+    if (t.shared.resultsfile.empty()) return say(t, "NO FILE IS OPEN TO DELETE");
+    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile)) return;
+    const std::string reason = delete_file(t.pc, t.shared.resultsfile);
+    if (!reason.empty())
+        return say(t, lines({"THAT FILE COULD NOT BE DELETED", t.shared.resultsfile, reason}), "V. O. R. N.");
+    t.shared.resultsfile.clear();
+    t.results.Txtstudent.Text.clear();
+}
+
+void cmdnew_click(trainer& t)
+{
+    hide(t.pc, t.results.window);
+    show(t.pc, t.startsim.window);
+}
+
+void cmdreplay_click(trainer& t)
+{
+    show(t.pc, t.shared.practicemode == 2 ? t.thermal.window : t.simulator.window);
+    hide(t.pc, t.results.window);
+}
+
+void make_results_hints(results_screen& s)
+{
+    const hint_panel panel{s.window,
+                           s.Lblinfo,
+                           s.lblhelp,
+                           s.Timhelp,
+                           s.hintticks,
+                           350,
+                           "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS"};
+    make_hints(panel,
+               {{&s.Frame1, "THIS DISPLAYS THE TARGET AND POINT OF AIM FOR THE CHOSEN ENGAGEMENT"},
+                {&s.Frame2, "DISPLAYS INFORMATION ON THE CHOSEN ENGAGEMENT"},
+                {&s.Frame3, "THIS GIVES DETAILS OF THE STUDENT, ENGAGEMENT AND RANGE USED"},
+                {&s.Frame4, "CLICK ON A NUMBER IN THIS FRAME TO SEE THE DETAILS OF THAT ENGAGEMENT"},
+                {&s.Imgrange, "DISPLAYS A VEIW OF THE RANGE USED FOR THE ENGAGEMENTS"}},
+               {{&s.Cmdsave, "Save current record"},
+                {&s.Cmdopen, "Open a record"},
+                {&s.Cmdprint, "Print current record"},
+                {&s.Cmddelete, "Delete an open file"},
+                {&s.cmdnew, "Start a new practice"},
+                {&s.Cmdreplay, "Replay last practice"},
+                {&s.Cmdexit, "Exits from VORN"}});
+    end_hints_over(panel, s.Imgrange);
+}
+
+}   // namespace
+
+void showdetails(trainer& t)
+{
+    results_screen& s = t.results;
+    s.Txtstudent.Text = t.shared.studentdetails.text();
+    s.Txtpractype.Text = t.shared.resultmode;
+    s.Txtrngename.Text = t.shared.resultrange;
+}
+
+bool showrange(trainer& t)
+{
+    results_screen& s = t.results;
+    const std::string file = without_padding(t.shared.resultpicture);
+    bool loaded = true;
+    if (!file.empty()) {
+        loaded_picture found = t.pc.load_picture(file);
+        loaded = found.result.has_value();
+        if (loaded) s.originalrange.Picture = std::move(*found.result);
+    }
+    s.Imgrange.Picture = s.originalrange.Picture;
+    if (s.originalrange.Picture.width > 0) {
+        s.originalrange.Width = s.originalrange.Picture.width;
+        s.originalrange.Height = s.originalrange.Picture.height;
+    }
+    s.overviewscalex = static_cast<std::int32_t>(rounded(s.originalrange.Width / s.Imgrange.Width));
+    s.overviewscaley = static_cast<std::int32_t>(rounded(s.originalrange.Height / s.Imgrange.Height));
+    return loaded && !file.empty();
+}
+
+void make_results(trainer& t)
+{
+    results_screen& s = t.results;
+    design_results(s);
+    make_engagements(t);
+    make_results_hints(s);
+    s.window.arrival = [&t] { results_arrival(t); };
+    s.Cmdsave.Click = [&t] { save_record(t); };
+    s.Cmdopen.Click = [&t] { cmdopen_click(t); };
+    s.Cmdprint.Click = [&t] { cmdprint_click(t); };
+    s.Cmddelete.Click = [&t] { cmddelete_click(t); };
+    s.cmdnew.Click = [&t] { cmdnew_click(t); };
+    s.Cmdreplay.Click = [&t] { cmdreplay_click(t); };
+    s.Cmdexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", "V. O. R. N."); };
+    s.Cmdhelpon.Click = [&t] { openhelp(t); };
+}
+
+}   // namespace vorn

@@ -1,0 +1,50 @@
+// The debrief screen: goes through a finished practice engagement by engagement, with the last laze, the
+// point of aim and the fall of each round marked on the target; saves, opens, deletes and prints records.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+
+#include "platform/objects.h"
+
+namespace vorn {
+
+struct trainer;
+
+struct results_screen {
+    form window;
+
+    // Along the top.
+    screen_object Cmdsave, Cmdopen, Cmdprint, Cmddelete, cmdnew, Cmdreplay, Cmdexit, Cmdhelpon;
+
+    screen_object Imgrange;           // the range picture, squeezed into a strip
+    screen_object imgtargetpointer;   // where on it the chosen target stood
+    screen_object originalrange;   // the same picture at its full size, never shown: gives the strip's scale
+
+    // The engagement list, from 1.
+    screen_object Frame4;
+    screen_object Lbltgtnumber[16], Imgtgtnumber[16];
+    screen_object Imgfin, Imghesh, Imgcoax, imgblank;   // stock of pictures for the list
+
+    screen_object Frame3, Txtstudent, Txtpractype, Txtrngename;
+    screen_object Frame2, Lbltargetnum, Lblsystem, Lblammo, lbltargetrange, Lbltarget, Lbltime;
+
+    // The target and its markers.
+    screen_object Frame1, Lblrounds, Cmdround1, cmdround2, Cmdround3, cmdround4;
+    screen_object Imgtargetdetails, Shape1, Imgreptarget, Imglaze, Imagepoa, Imgfos, Lbltargetvis, Frame7;
+
+    screen_object Frmtherm, Imgthermtarget, Imgbam, Imgrevfin, Imgrevhesh;
+
+    screen_object Lblinfo, lblhelp;
+    std::deque<screen_object> captions;   // labels that never change
+
+    timer Timhelp;
+    int hintticks = 0;
+    int selectedengagement = 0;
+    std::int32_t markerscale = 0;   // twips on Imgtargetdetails to one on the gunnery screen
+    std::int32_t overviewscalex = 0, overviewscaley = 0;   // twips of the whole picture to one of the strip
+};
+
+void make_results(trainer&);
+
+}   // namespace vorn

@@ -1,0 +1,329 @@
+// The debrief screen: from the end of a practice through its engagements, and with records from files.
+#include <gtest/gtest.h>
+
+#include "debrief/resultsfile.h"
+#include "drill.h"
+#include "gunner.h"
+
+namespace vorn {
+namespace {
+
+// Two rounds at the first target, 385 twips wide at 1100 metres on the visual sight: one that falls 300 right
+// of its corner and misses, and one that hits. The second target is not fired at.
+struct debrief : testing::Test {
+    drill d{sight_kind::visual};
+    trainer& t = d.t;
+    gunnery_screen& sim = t.simulator;
+    results_screen& s = t.results;
+    practice_state& p = t.shared;
+
+    debrief()
+    {
+        p.engagementtype = 4;
+        p.killarea = 4;
+        p.targettime = 20;
+        d.pc.type(t.startsim.Txtname, "SMITH");
+        d.present(6);
+        d.tap('E');
+        d.pc.wait(5);
+        t.luck.source = [] { return 0.5; };
+    }
+    // The round falls at 4589, 1700: 64 to the right of the aim point and half the range below it.
+    void shoot(double target_left, double target_top)
+    {
+        d.target_at(target_left, target_top);
+        d.tap('A');
+        d.tap('D');
+    }
+    void fire_and_stop()
+    {
+        shoot(4589 - 300, 1700 - 100);
+        d.pc.wait(3.1);
+        shoot(4589 - 200, 1700 - 150);
+        ASSERT_TRUE(sim.targethit);
+        d.pc.wait(1 + 5 + 1);   // down, and the next order
+        t.luck.source = [] { return draw_of(6); };
+        d.pc.wait(21);
+        ASSERT_EQ(p.rechit[2], "NO");
+        d.pc.answers = {{true}};
+        d.pc.click(sim.Cmdstopsim);
+    }
+    std::string path(const char* name) const { return d.data.ranges() + "/" + name; }
+    void open(const char* name)
+    {
+        d.pc.files = {path(name)};
+        d.pc.click(s.Cmdopen);
+    }
+    void save(const char* name)
+    {
+        d.pc.files = {path(name)};
+        d.pc.click(s.Cmdsave);
+    }
+    void put(const char* name, const practice_state& record) { d.data.put(name, results_file_bytes(record)); }
+    std::string said() const { return d.pc.boxes.back().text; }
+};
+
+void expect_at(const screen_object& mark, double left, double top, const char* which)
+{
+    EXPECT_DOUBLE_EQ(mark.Left, left) << which;
+    EXPECT_DOUBLE_EQ(mark.Top, top) << which;
+}
+
+TEST_F(debrief, a_yes_at_the_end_leads_to_the_practice_just_fired)
+{
+    fire_and_stop();
+    EXPECT_EQ(front(d.pc), &s.window);
+    EXPECT_EQ(sim.window.state, form_state::hidden);
+    EXPECT_FALSE(sim.simrunning || sim.gunloaded);
+    EXPECT_EQ(s.Txtstudent.Text, "SMITH_000                     ");
+    EXPECT_EQ(s.Txtpractype.Text, "VISUAL");
+    EXPECT_EQ(s.Txtrngename.Text, "PLAIN               ");
+    EXPECT_EQ(s.selectedengagement, 1);
+    EXPECT_EQ(
+        s.Lblsystem.Caption + ' ' + s.Lblammo.Caption + ' ' + s.Lblrounds.Caption + ' ' + s.Lbltarget.Caption,
+        "FULL FIN 2 YES");
+    EXPECT_EQ(s.lbltargetrange.Caption, "1100");
+    EXPECT_EQ(s.Lbltgtnumber[1].ForeColor, colour::red);
+    EXPECT_EQ(s.Lbltgtnumber[2].ForeColor, colour::darkred);
+    // 4295 x 2121 pixels on a strip of 15045 x 3000 twips: 4 and 11 to one.
+    EXPECT_EQ(s.overviewscalex, 4);
+    EXPECT_EQ(s.overviewscaley, 11);
+    expect_at(s.imgtargetpointer, 120 + 51000 / 4.0, 360 + 15500 / 11.0, "pointer");
+}
+
+TEST_F(debrief, each_round_has_its_marks_where_it_was)
+{
+    fire_and_stop();
+    EXPECT_EQ(s.markerscale, 4);   // 1695 / 385, rounded
+    // First round: the target's centre lay at 4481.5, 1792.5, the aim point at 4525, 1140.
+    expect_at(s.Imagepoa, 2040 + 4 * 44, 1560 + 4 * 652, "aim 1");
+    expect_at(s.Imgfos, 2040 + 4 * 300, 1560 + 4 * 100, "fall 1");
+    expect_at(s.Imgreptarget, 2040, 1560, "centre");
+    // The last laze was that of the second round.
+    expect_at(s.Imglaze, 2040 + 4 * (-56), 1560 + 4 * 602, "laze");
+    EXPECT_TRUE(s.Cmdround1.Visible && s.cmdround2.Visible);
+    EXPECT_FALSE(s.Cmdround3.Visible || s.cmdround4.Visible);
+    d.pc.click(s.cmdround2);
+    expect_at(s.Imagepoa, 2040 + 4 * (-56), 1560 + 4 * 602, "aim 2");
+    expect_at(s.Imgfos, 2040 + 4 * 200, 1560 + 4 * 150, "fall 2");
+    expect_at(s.Imgthermtarget, s.Imgbam.Left + 56, s.Imgbam.Top - 602, "thermal target");
+    d.pc.click(s.Lbltgtnumber[2]);
+    EXPECT_EQ(s.Lbltarget.Caption + s.Lbltime.Caption, "NO100");
+    expect_at(s.Imgfos, 2040, 1560, "nothing was fired");
+    EXPECT_FALSE(s.Cmdround1.Visible);
+}
+
+TEST_F(debrief, a_saved_record_comes_back_the_same_after_another_practice)
+{
+    fire_and_stop();
+    save("SMITH_.vrn");
+    EXPECT_EQ(d.pc.dialogs.back().proposed, "SMITH_.vrn");
+    EXPECT_EQ(d.pc.dialogs.back().filter, "VORN Files (*.vrn)|*.vrn|");
+    const std::string bytes = d.data.get("SMITH_.vrn");
+    d.pc.answers = {{true}};
+    d.pc.click(s.Cmdprint);
+    const auto before = d.pc.of_kind("printed");
+    EXPECT_EQ(before[9], "TARGET NUMBER..............1");
+    EXPECT_EQ(before[9 + 6 * 6 + 3], "NUMBER OF HITS.............1 OUT OF 6");
+
+    practice_state other;
+    other.studentdetails = "JONES_007";
+    other.targetcount = 6;
+    other.resultpicture = "visualrange.vrp";
+    other.rectime[1] = 100;
+    put("jones.vrn", other);
+    open("jones.vrn");
+    EXPECT_EQ(s.Lbltarget.Caption, "");
+    EXPECT_EQ(s.Txtstudent.Text.substr(0, 9), "JONES_007");
+    open("SMITH_.vrn");
+    EXPECT_EQ(results_file_bytes(p), bytes);
+    expect_at(s.Imgfos, 2040 + 4 * 300, 1560 + 4 * 100, "fall 1");
+    d.pc.log.clear();
+    d.pc.answers = {{true}};
+    d.pc.click(s.Cmdprint);
+    EXPECT_EQ(d.pc.of_kind("printed"), before);
+    save("again.vrn");
+    EXPECT_EQ(d.data.get("again.vrn"), bytes);
+}
+
+TEST_F(debrief, facts_that_hide_marks)
+{
+    practice_state r;
+    r.targetcount = 9;
+    r.resultpicture = "visualrange.vrp";
+    r.resultmode = "THERMAL";
+    for (std::size_t e = 1; e <= 9; ++e) {
+        r.rectime[e] = 10;
+        r.recwidth[e] = 160;
+        r.recsystem[e] = "FULL";
+        r.recammo[e] = "FIN";
+    }
+    r.recrange[1] = 2200;
+    r.recrange[2] = 2201;
+    r.recsystem[3] = "TLS ONLY";
+    r.recwidth[4] = 0;
+    r.recaimx[4][2] = 5;
+    r.recaimx[5] = {0, 1, 2, 0, 4};
+    r.recsystem[6] = r.recsystem[7] = r.recsystem[8] = "LAZE ONLY";
+    r.recammo[7] = "COAX";
+    r.recammo[8] = "DST";
+    r.rectime[9] = 0;
+    put("facts.vrn", r);
+    fire_and_stop();
+    open("facts.vrn");
+    EXPECT_TRUE(s.Frmtherm.Visible);
+    EXPECT_TRUE(s.Imagepoa.Visible);
+    EXPECT_FALSE(s.Lbltargetvis.Visible);
+    EXPECT_EQ(s.markerscale, 11);
+    d.pc.click(s.Lbltgtnumber[2]);
+    EXPECT_FALSE(s.Imagepoa.Visible);
+    EXPECT_TRUE(s.Lbltargetvis.Visible);
+    d.pc.click(s.Lbltgtnumber[3]);
+    EXPECT_FALSE(s.Frame1.Visible);
+    d.pc.click(s.Lbltgtnumber[4]);
+    EXPECT_TRUE(s.Frame1.Visible);
+    EXPECT_FALSE(s.Imgfos.Visible || s.Imglaze.Visible || s.Imagepoa.Visible || s.cmdround2.Visible)
+        << "it was never measured";
+    EXPECT_EQ(s.Lbltime.Caption, "10");
+    d.pc.click(s.Lbltgtnumber[5]);
+    EXPECT_TRUE(s.cmdround2.Visible && s.cmdround4.Visible);
+    EXPECT_FALSE(s.Cmdround3.Visible);
+    const struct {
+        int e;
+        bool bam, fin, hesh;
+    } marks[] = {
+        {1, true, false, false}, {6, false, true, false}, {7, false, false, true}, {8, false, false, false}};
+    for (const auto& m : marks) {
+        d.pc.click(s.Lbltgtnumber[m.e]);
+        EXPECT_EQ(s.Imgbam.Visible, m.bam) << m.e;
+        EXPECT_EQ(s.Imgrevfin.Visible, m.fin) << m.e;
+        EXPECT_EQ(s.Imgrevhesh.Visible, m.hesh) << m.e;
+    }
+    d.pc.click(s.Lbltgtnumber[9]);
+    EXPECT_EQ(said(), "YOU DID NOT FIRE THIS ROUND ");
+    EXPECT_EQ(s.selectedengagement, 9);
+    EXPECT_EQ(s.Lbltgtnumber[8].ForeColor, colour::red) << "what is shown stays";
+}
+
+TEST_F(debrief, what_cannot_be_opened_or_saved_is_told)
+{
+    fire_and_stop();
+    const std::string before = results_file_bytes(p);
+    d.pc.click(s.Cmdopen);   // cancelled
+    EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED");
+    EXPECT_TRUE(s.Cmdopen.Enabled);
+    d.data.put("bad.vrn", "\"SMITH_000                     \"\r\n99\r\n");
+    for (const char* name : {"none.vrn", "bad.vrn", "target icons", "visualrange.vrp"}) {
+        open(name);
+        EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED") << name;
+        EXPECT_TRUE(s.Cmdopen.Enabled);
+    }
+    practice_state r;
+    r.resultpicture = "no such picture.vrp";
+    r.targetcount = 6;
+    r.rectarget[1] = 7;
+    put("nopicture.vrn", r);
+    open("nopicture.vrn");
+    EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED");
+    EXPECT_EQ(p.rectarget[1], 7) << "the record itself has been read";
+    save("no such folder/own.vrn");
+    EXPECT_EQ(said(), "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+    d.pc.click(s.Cmdsave);   // cancelled
+    EXPECT_EQ(said(), "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+    EXPECT_FALSE(p.resultsfile.empty()) << "it names the file that was proposed";
+    d.pc.answers = {{true}};
+    d.pc.click(s.Cmddelete);
+    EXPECT_NE(said().find("COULD NOT BE DELETED"), std::string::npos);
+    EXPECT_FALSE(p.resultsfile.empty());
+    EXPECT_NE(before, "");
+}
+
+TEST_F(debrief, print_and_delete_need_a_file_and_a_yes)
+{
+    fire_and_stop();
+    d.pc.click(s.Cmdprint);
+    EXPECT_EQ(said(), "NO FILE IS OPEN TO PRINT");
+    d.pc.click(s.Cmddelete);
+    EXPECT_EQ(said(), "NO FILE IS OPEN TO DELETE");
+    save("own.vrn");
+    d.pc.click(s.Cmdprint);
+    EXPECT_EQ(said(), "DO YOU WISH TO PRINT A RECORD OF " + path("own.vrn"));
+    EXPECT_TRUE(d.pc.of_kind("printed").empty());
+    d.pc.click(s.Cmddelete);
+    EXPECT_EQ(said(), "ARE YOU SURE YOU WISH TO DELETE " + path("own.vrn"));
+    EXPECT_NE(d.data.get("own.vrn"), "");
+    d.pc.printer = false;
+    d.pc.answers = {{true}};
+    d.pc.click(s.Cmdprint);
+    EXPECT_NE(said().find("There is no printer."), std::string::npos);
+    d.pc.answers = {{true}};
+    d.pc.click(s.Cmddelete);
+    EXPECT_EQ(d.data.get("own.vrn"), "");
+    EXPECT_EQ(p.resultsfile, "");
+    EXPECT_EQ(s.Txtstudent.Text, "");
+    EXPECT_EQ(s.Lbltarget.Caption, "YES") << "the rest of the screen stays";
+}
+
+TEST_F(debrief, the_road_goes_on_to_the_same_practice_or_a_new_one)
+{
+    fire_and_stop();
+    d.pc.click(s.Cmdreplay);
+    EXPECT_EQ(front(d.pc), &sim.window);
+    EXPECT_TRUE(sim.Cmdstartsim.Enabled);
+    d.pc.click(sim.Cmdstartsim);
+    d.pc.wait(9);
+    d.pc.answers = {{true}};
+    d.pc.click(sim.Cmdstopsim);
+    EXPECT_EQ(front(d.pc), &s.window);
+    d.pc.click(s.cmdnew);
+    EXPECT_EQ(front(d.pc), &t.startsim.window);
+    d.pc.click(t.startsim.Cmddebrief);   // the question answered no
+    EXPECT_EQ(front(d.pc), &t.startsim.window);
+    d.pc.answers = {{true}};
+    d.pc.click(t.startsim.Cmddebrief);
+    EXPECT_EQ(front(d.pc), &s.window);
+    EXPECT_TRUE(p.debriefonly);
+    d.pc.event([this] { came_to_front(d.pc, t.startsim.window); });
+    EXPECT_EQ(s.window.state, form_state::shown);
+}
+
+TEST(debrief_alone, cannot_replay_what_was_not_fired)
+{
+    drill d(sight_kind::visual);
+    results_screen& s = d.t.results;
+    d.pc.answers = {{true}};
+    d.pc.click(d.t.startsim.Cmddebrief);
+    d.pc.wait(1);
+    EXPECT_EQ(front(d.pc), &s.window);
+    d.pc.click(s.cmdnew);
+    d.pc.answers = {{true}};
+    d.pc.click(d.t.startsim.Cmddebrief);
+    EXPECT_FALSE(s.Cmdreplay.Enabled);
+    EXPECT_EQ(s.Lblsystem.Caption, "") << "there is no practice to show";
+}
+
+// What the gunner saw of each round is what the debrief shows of it.
+TEST(thermal_debrief, shows_what_the_gunner_saw)
+{
+    drill d(sight_kind::thermal, VORN_SOURCE_DIR "/data");
+    practice_state& p = d.t.shared;
+    p.targettime = 500;
+    gunner g(d, controls::keyboard);
+    d.set_up();
+    d.pc.answers.push_back({true});
+    g.fire_practice();
+    results_screen& s = d.t.results;
+    ASSERT_EQ(front(d.pc), &s.window);
+    for (int e = 1; e <= 6; ++e) {
+        d.pc.click(s.Lbltgtnumber[e]);
+        const engagement_note& n = g.notes[static_cast<std::size_t>(e - 1)];
+        EXPECT_EQ(s.Lblammo.Caption, n.order);
+        EXPECT_EQ(s.Lbltarget.Caption, "YES");
+        ASSERT_GT(s.markerscale, 0);
+        EXPECT_NEAR((s.Shape1.Left - s.Imagepoa.Left) / s.markerscale, n.aims[0].x, 0.51);
+        EXPECT_NEAR((s.Shape1.Top - s.Imgfos.Top) / s.markerscale, n.falls[0].y, 0.51);
+    }
+}
+
+}   // namespace
+}   // namespace vorn

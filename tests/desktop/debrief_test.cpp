@@ -1,0 +1,126 @@
+// The debrief on the real widgets: a record from a file, its marks at their places, and the report as a PDF.
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include "debrief/report.h"
+#include "debrief/resultsfile.h"
+#include "desk.h"
+#include "flow/intro.h"
+#include "platform/desktop/printing.h"
+#include "trainer.h"
+
+namespace vorn::testing_desk {
+
+// A practice of six: a target killed with the second round, one with a round far to the side, one missed, and
+// so on.
+practice_state record()
+{
+    practice_state r;
+    r.studentdetails = "SMITH_123";
+    r.targetcount = 6;
+    r.resultrange = "THORNMERE DOWN";
+    r.resultpicture = "visualrange.vrp";
+    r.resultmode = "THERMAL";
+    r.resulticon1 = "/target icons/target1.ico";
+    r.resulticon2 = "/target icons/target2.ico";
+    r.resulticon3 = "/target icons/target3.ico";
+    static constexpr const char* ammo[] = {"FIN", "HESH", "COAX"};
+    for (std::size_t e = 1; e <= 6; ++e) {
+        r.recsystem[e] = e == 4 ? "LAZE ONLY" : "FULL";
+        r.rectarget[e] = static_cast<int>(e);
+        r.recammo[e] = ammo[(e - 1) % 3];
+        r.rechit[e] = e == 3 ? "NO" : "YES";
+        r.rectime[e] = e == 3 ? 100 : 10 + static_cast<int>(e);
+        r.recwidth[e] = 385;
+        r.recrange[e] = 1100;
+        r.recx[e] = 9000 * static_cast<int>(e);
+        r.recy[e] = 15000;
+        r.recrounds[e] = 2;
+        r.reclazex[e] = 20;
+        r.reclazey[e] = -15;
+        r.recaimx[e] = {0, -60, 30};
+        r.recaimy[e] = {0, 70, 20};
+        r.recfallx[e] = {0, e == 2 ? 9000 : -120, -40};
+        r.recfally[e] = {0, -80, -30};
+    }
+    return r;
+}
+
+class debrief : public desk {
+protected:
+    debrief()
+    {
+        pc.default_directory = VORN_SOURCE_DIR "/data";
+        when_box<QMessageBox>([](QMessageBox& box) { box.accept(); });
+        pc.run([this] { start_program(t); });
+        click(t.intro.lblstart);
+        when_box<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+        click(t.startsim.Cmddebrief);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&w()));
+    }
+    form_window& w() { return *pc.window(s.window); }
+    void open_record()
+    {
+        const std::string file = folder.filePath("smith.vrn").toStdString();
+        ASSERT_EQ(write_results(pc, file, record()), "");
+        when_box<QFileDialog>([file](QFileDialog& d) {
+            d.selectFile(QString::fromStdString(file));
+            static_cast<QDialog&>(d).accept();
+        });
+        click(s.Cmdopen);
+        ASSERT_EQ(s.selectedengagement, 1);
+    }
+    QPoint middle(const screen_object& o) { return w().widget(o)->geometry().center(); }
+
+    trainer t{pc};
+    results_screen& s = t.results;
+    QTemporaryDir folder;
+};
+
+TEST_F(debrief, shows_each_mark_at_its_place_and_a_far_one_at_the_edge)
+{
+    open_record();
+    for (const double scale : {1.0, 2.0}) {
+        w().resize(static_cast<int>(1024 * scale), static_cast<int>(768 * scale));
+        settle();
+        click(s.Lbltgtnumber[1]);
+        const auto pixels = [&](double twips) { return twips / twips_per_pixel * scale; };
+        const QPoint target = middle(s.Imgreptarget);
+        // 4 twips of the picture to one of the sight; the record's offsets run to the target.
+        EXPECT_NEAR(middle(s.Imagepoa).x() - target.x(), pixels(60 * 4), 1.5);
+        EXPECT_NEAR(middle(s.Imagepoa).y() - target.y(), pixels(70 * 4), 1.5);
+        EXPECT_NEAR(middle(s.Imgfos).x() - target.x(), pixels(120 * 4), 1.5);
+        EXPECT_NEAR(middle(s.Imgfos).y() - target.y(), pixels(80 * 4), 1.5);
+        EXPECT_NEAR(middle(s.Imglaze).x() - target.x(), pixels(-20 * 4), 1.5);
+        EXPECT_TRUE(w().widget(s.cmdround2)->isVisible());
+        w().grab().save(QString("debrief_%1x.png").arg(scale));
+        click(s.Lbltgtnumber[2]);
+        EXPECT_LT(s.Imgfos.Left, -30000);
+        EXPECT_TRUE(w().widget(s.Frame1)->rect().contains(w().widget(s.Imgfos)->geometry()));
+        w().grab().save(QString("debrief_far_%1x.png").arg(scale));
+    }
+    click(s.Lbltgtnumber[3]);
+    EXPECT_EQ(s.Lbltarget.Caption, "NO");
+    EXPECT_EQ(widget<QLineEdit>(s.Txtstudent).text().trimmed(), "SMITH_123");
+    EXPECT_TRUE(widget<QLineEdit>(s.Txtstudent).isReadOnly());
+}
+
+TEST_F(debrief, prints_to_a_pdf_when_there_is_no_printer)
+{
+    open_record();
+    const QString pdf = QDir().absoluteFilePath("report.pdf");
+    QFile::remove(pdf);
+    EXPECT_EQ(print_to_pdf(pdf, report_lines(t.shared)), "");
+    QFile f(pdf);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QByteArray bytes = f.readAll();
+    EXPECT_TRUE(bytes.startsWith("%PDF-"));
+    EXPECT_GT(bytes.size(), 5000);
+    EXPECT_NE(print_to_pdf(folder.filePath("none/report.pdf"), report_lines(t.shared)), "");
+}
+
+}   // namespace vorn::testing_desk
