@@ -1,5 +1,6 @@
 #include "state/item_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 
@@ -59,6 +60,19 @@ std::optional<std::string> as_latin1(std::string_view utf8)
         at += size;
     }
     return bytes;
+}
+
+// Whether Latin-1 bytes hold a line that reads as UTF-8 too and would come back as something else. Line by
+// line, since the reader tells the encoding of each item by itself.
+bool reads_as_utf8(std::string_view latin)
+{
+    while (!latin.empty()) {
+        const std::string_view line = latin.substr(0, latin.find('\n'));
+        const auto beyond_ascii = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
+        if (std::any_of(line.begin(), line.end(), beyond_ascii) && is_utf8(line)) return true;
+        latin.remove_prefix(std::min(line.size() + 1, latin.size()));
+    }
+    return false;
 }
 
 }   // namespace
@@ -145,8 +159,7 @@ void item_writer::put(bool value)
 std::string item_writer::file_bytes() const
 {
     const auto latin = as_latin1(text_);
-    // Latin-1 that reads as UTF-8 too would come back as something else.
-    return latin && (*latin == text_ || !is_utf8(*latin)) ? *latin : text_;
+    return latin && !reads_as_utf8(*latin) ? *latin : text_;
 }
 
 std::string from_file_bytes(const std::string& bytes)

@@ -1,6 +1,6 @@
 #include "state/numbers.h"
 
-#include <cstdio>
+#include <charconv>
 
 namespace vorn {
 
@@ -34,8 +34,10 @@ std::string without_padding(std::string text)
 std::string number_text(double x)
 {
     std::array<char, 40> digits{};
-    std::snprintf(digits.data(), digits.size(), "%.15g", x);
-    return digits.data();
+    // The desktop's toolkit takes on the user's locale, and with it snprintf the user's decimal sign.
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), x, std::chars_format::general, 15);
+    return {digits.data(), end.ptr};
 }
 
 double Rnd(chance& c)

@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "debrief/report.h"
+#include "debrief/resultsfile.h"
 #include "flow/intro.h"
 #include "platform/headless/headless_machine.h"
 #include "ranges/rangefile.h"
@@ -71,6 +73,20 @@ void fuzz_practice(const std::string& bytes)
     const std::string saved = practice_file_bytes(s);
     pc.event([&] { apply_practice(t, saved); });
     hold(practice_file_bytes(s) == saved || pc.ended, "what is saved changes nothing when it is opened");
+}
+
+// A file that fails half-way leaves a record behind that is shown and printed all the same.
+void fuzz_results(const std::string& bytes)
+{
+    practice_state p;
+    const bool whole = take_results(bytes, p);
+    hold(p.targetcount >= 0 && p.targetcount < stored_rows, "the record has a row for each engagement");
+    hold(report_lines(p).size() == 15 + 6 * static_cast<std::size_t>(p.targetcount),
+         "any record can be reported");
+    if (!whole) return;
+    practice_state again;
+    hold(take_results(results_file_bytes(p), again), "results that were read can be written and read");
+    hold(results_file_bytes(again) == results_file_bytes(p), "and come out the same");
 }
 
 }   // namespace vorn

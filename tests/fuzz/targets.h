@@ -9,5 +9,6 @@ namespace vorn {
 void fuzz_items(const std::string& bytes);
 void fuzz_range(const std::string& bytes);
 void fuzz_practice(const std::string& bytes);
+void fuzz_results(const std::string& bytes);
 
 }   // namespace vorn

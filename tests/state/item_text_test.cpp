@@ -83,6 +83,10 @@ TEST(item_text, texts_in_either_encoding_come_out_as_utf8)
     std::string letters;
     EXPECT_TRUE(again.take(letters));
     EXPECT_EQ(letters, "\xC3\x83\xC2\xA9");
+    both.put("M\xC3\xBCller");   // which can't be UTF-8 as Latin-1, and so neither can the whole
+    item_reader beside(both.file_bytes());
+    EXPECT_TRUE(beside.take(letters));
+    EXPECT_EQ(letters, "\xC3\x83\xC2\xA9");
     item_writer latin, wide;
     latin.put("M\xC3\xBCller");
     wide.put("\xD0\x9F");
