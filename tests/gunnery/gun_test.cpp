@@ -174,7 +174,9 @@ TEST_P(gun, loads_again_after_a_miss)
     d.target_at(-9000, -9000);
     d.tap('D');
     EXPECT_FALSE(s.gunloaded);
-    d.pc.wait(visual ? 3 : 4);
+    d.pc.wait(visual ? 2.9 : 3.9);
+    EXPECT_FALSE(s.gunloaded);
+    d.pc.wait(0.2);
     EXPECT_TRUE(s.gunloaded);
     EXPECT_EQ(d.pc.of_kind("sound").back(), "loaded.wav");
 }
@@ -302,7 +304,16 @@ TEST(input, stick_buttons_do_the_main_work)
     EXPECT_TRUE(s.timautolay.Enabled);
     d.pc.stick_button(4, false);
     EXPECT_FALSE(s.timautolay.Enabled);
-    for (const int other : {0, 5, -1, 32767}) d.pc.stick_button(other, true);
+    d.pc.wait(12);   // a FIN target is up and the gun is loaded
+    s.lazed = false;
+    for (const int other : {0, 5, -1, 32767}) {
+        d.pc.stick_button(other, true);
+        d.pc.stick_button(other, false);
+        EXPECT_TRUE(s.gunloaded && s.Lblammotype.Caption == "DST") << other;
+        EXPECT_FALSE(s.lazed || s.timautolay.Enabled) << other;
+    }
+    d.pc.stick_button(1, true);
+    EXPECT_FALSE(s.gunloaded);
 }
 
 TEST(input, screen_buttons_follow_the_practice)

@@ -192,7 +192,7 @@ TEST_F(visual_laser, a_degraded_system_gives_less)
     EXPECT_FALSE(s.lazed);
 }
 
-TEST_F(visual_laser, near_entries_of_the_table_are_raised_for_good)
+TEST_F(visual_laser, near_entries_of_the_table_are_raised_until_the_range_is_read_again)
 {
     d.t.shared.targetrange[6] = 450;
     d.tap('W');
@@ -202,6 +202,8 @@ TEST_F(visual_laser, near_entries_of_the_table_are_raised_for_good)
     EXPECT_FALSE(s.laze.Visible);
     EXPECT_FALSE(s.layready);
     EXPECT_TRUE(s.Cmdautolay.Enabled);
+    d.pc.click(s.Cmdstopsim);
+    EXPECT_EQ(d.t.shared.targetrange[6], 1100);
 }
 
 TEST_F(visual_laser, fin_is_laid_after_a_second_and_goes_a_step_further)
@@ -295,8 +297,11 @@ TEST_F(thermal_laser, a_full_hold_plays_the_mark_and_moves_nothing)
     d.pc.key_down('S');
     d.pc.wait(1.4);
     EXPECT_TRUE(s.layready);
+    double lowest = mark;
+    d.pc.glance = [&] { lowest = std::max(lowest, s.imgbam.Top); };
     d.pc.wait(0.2);
     EXPECT_FALSE(s.layready || s.Imglam.Visible);
+    EXPECT_NEAR(lowest, mark + 1100 / 3.0, 0.1);
     EXPECT_NEAR(s.imgbam.Top, mark, 0.1);
     EXPECT_DOUBLE_EQ(s.Imgrange.Top, range);
     EXPECT_TRUE(s.lazed);
