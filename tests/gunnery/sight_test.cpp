@@ -250,6 +250,33 @@ TEST_F(visual_laser, hesh_needs_the_whole_hold_and_takes_its_lead)
     EXPECT_TRUE(s.lazed);
 }
 
+TEST_F(visual_laser, the_lead_for_the_wind_is_taken_as_the_autolay_is_pressed_in_the_correction)
+{
+    const struct {
+        bool correcting;
+        double top;   // of the picture
+        float lead;
+        double mark;
+    } cases[] = {{false, -6000, 0, 4170},
+                 {true, -6000, 0.05F, 4170 + 300},
+                 {true, 0, 0.05F, 4170 + 600},   // at the very top it stays as it was
+                 {true, 3000, -0.1F, 4170 + 900}};
+    d.tap('A');
+    s.layready = false;   // the press alone
+    s.windoffset = 300;
+    for (const auto& c : cases) {
+        s.heshcorrecting = c.correcting;
+        s.Imgrange.Top = c.top;
+        d.pc.key_down('S');
+        d.pc.key_down('S');   // the keyboard's repeat
+        EXPECT_FLOAT_EQ(s.leadperstep, c.lead) << c.top;
+        EXPECT_DOUBLE_EQ(s.laze.Left, c.mark) << c.top;
+        d.pc.key_up('S');
+    }
+    d.tap('W');
+    EXPECT_FLOAT_EQ(s.leadperstep, 0);
+}
+
 TEST_F(visual_laser, coax_is_laid_by_twice_the_range)
 {
     d.tap('Q');
