@@ -99,11 +99,6 @@ void drill::set_up()
     pc.click(t.startsim.Cmdstart);
 }
 
-void drill::quick_start()
-{
-    pc.click(t.startsim.cmdgame);
-}
-
 void drill::start()
 {
     if (screen().window.state != form_state::shown) set_up();

@@ -48,7 +48,6 @@ struct drill {
 
     // Sets the options before the road to the screen, then takes it.
     void set_up();
-    void quick_start();
     // Set up, and a click on Start.
     void start();
     gunnery_screen& screen() { return kind == sight_kind::visual ? t.simulator : t.thermal; }

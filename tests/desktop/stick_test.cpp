@@ -100,7 +100,7 @@ TEST_F(joystick, pulled_out_it_lets_its_buttons_go_and_comes_back)
     EXPECT_EQ(log.back(), "down 2");
 }
 
-TEST_F(joystick, a_box_takes_the_buttons_away)
+TEST_F(joystick, a_box_takes_buttons_and_moves_away)
 {
     open(one);
     plug();
@@ -110,10 +110,13 @@ TEST_F(joystick, a_box_takes_the_buttons_away)
         set_button(1, true);
         set_button(1, false);
         set_axis(0, 20000);
+        EXPECT_TRUE(moves.empty());
         box.accept();
     });
     pc.run([&] { pc.message_box({"x", ""}); });
     EXPECT_EQ(log.size(), 2U);
+    pc.joystick().poll();
+    EXPECT_FALSE(moves.empty()) << "once it is closed the stick is told again";
 }
 
 }   // namespace vorn::testing_desk

@@ -169,12 +169,146 @@ TEST_P(gun, wrong_round_no_target_and_no_round)
     EXPECT_EQ(p.recrounds[1], 1);
 }
 
+TEST_P(gun, with_voices_off_the_sights_differ_in_the_wrong_round_and_the_explosion)
+{
+    p.voiceson = false;
+    const struct {
+        int nature;
+        const char* line;
+        const char* file;
+    } wrong[] = {{fin_tank, "COMMANDER : SELECT FIN", "selectfin.wav"},
+                 {hesh_bmp, "COMMANDER : SELECT HESH", "selechesh.wav"},
+                 {coax_transport, "COMMANDER : SELECT COAX", "selectcoax.wav"}};
+    for (const auto& w : wrong) {
+        as(w.nature);
+        s.ammoselected = (w.nature + 1) % 3;
+        d.pc.log.clear();
+        d.tap('D');
+        EXPECT_EQ(d.crew(), w.line);
+        EXPECT_EQ(d.pc.of_kind("sound"),
+                  visual ? std::vector<std::string>{} : std::vector<std::string>{w.file});
+        EXPECT_FALSE(s.voicebusy);
+    }
+    as(fin_tank);
+    d.target_at(fall_left() - 200, fall_top() - 150);
+    d.pc.log.clear();
+    d.tap('D');
+    EXPECT_EQ(d.pc.of_kind("sound"),
+              (std::vector<std::string>{"fire.wav", visual ? "explode1.wav" : "explode.wav"}));
+}
+
+TEST_P(gun, a_held_call_is_over_so_long_after_the_first_of_two)
+{
+    s.nature = hesh_bmp;
+    d.tap('D');   // the wrong round
+    d.pc.wait(2);
+    d.tap('D');
+    d.pc.wait(visual ? 1.9 : 0.9);
+    EXPECT_TRUE(s.voicebusy);
+    d.pc.wait(0.2);
+    EXPECT_FALSE(s.voicebusy);
+    d.tap('D');   // the count begins anew
+    d.pc.wait(visual ? 3.9 : 2.9);
+    EXPECT_TRUE(s.voicebusy);
+}
+
+TEST_P(gun, a_running_call_holds_back_effects_and_the_release_ends_coax_alone)
+{
+    const struct {
+        int nature;
+        bool call;
+        const char* pressed;    // what is heard while the trigger is held, and
+        const char* released;   // afterwards
+    } cases[] = {{coax_transport, false, "coax.wav", ""},
+                 {coax_transport, true, "", ""},
+                 {fin_tank, false, "fire.wav", "fire.wav"},
+                 {fin_tank, true, visual ? "fire.wav" : "", visual ? "fire.wav" : ""},
+                 {hesh_bmp, false, "fire.wav", "fire.wav"},
+                 {hesh_bmp, true, visual ? "fire.wav" : "", visual ? "fire.wav" : ""}};
+    const auto heard = [&] { return std::filesystem::path(d.pc.playing).filename().string(); };
+    s.targetlife = 500;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.nature << (c.call ? " in a call" : ""));
+        as(c.nature);
+        d.target_at(-9000, -9000);
+        if (c.call) {
+            s.ammoselected = (c.nature + 1) % 3;
+            d.tap('D');
+            as(c.nature);
+        }
+        d.pc.key_down('D');
+        EXPECT_EQ(heard(), c.pressed);
+        d.pc.key_up('D');
+        EXPECT_EQ(heard(), c.released);
+        d.pc.wait(9);   // the loader's call is over too
+    }
+}
+
+// On the visual sight he is silent until the deselect, on the thermal one while the burst goes on.
+TEST_P(gun, the_loader_keeps_his_peace_after_a_coax_burst_and_his_line_comes_all_the_same)
+{
+    const struct {
+        bool release, deselect;
+        const char* visual;
+        const char* thermal;
+    } cases[] = {{false, false, "coax.wav", "coax.wav"},
+                 {true, false, "coax.wav", "loaded.wav"},
+                 {true, true, "loaded.wav", "loadfire.wav"}};
+    s.targetlife = 500;
+    d.tap('Q');
+    for (const auto& c : cases) {
+        as(coax_transport);
+        d.target_at(-9000, -9000);
+        d.pc.log.clear();
+        s.lblcrew.Caption.clear();
+        d.pc.key_down('D');   // misses, so that the loader reports again
+        if (c.release) d.pc.key_up('D');
+        if (c.deselect) d.tap('W');
+        d.pc.wait(1.1);
+        EXPECT_EQ(d.pc.of_kind("sound").back(), visual ? c.visual : c.thermal);
+        EXPECT_EQ(d.moments("LOADER :- LOADED !!").size(), 1U);
+        d.pc.key_up('D');
+        d.pc.wait(5);
+    }
+}
+
+TEST_P(gun, selecting_again_steps_on_and_the_visual_record_says_so)
+{
+    d.tap('E');
+    EXPECT_EQ(s.Lblammotype.Caption, "DST");
+    EXPECT_EQ(p.recammo[1], visual ? "DST" : "FIN");
+}
+
+TEST_P(gun, the_deselect_keeps_a_round_for_the_target_that_is_up_and_a_correction_till_correct)
+{
+    const struct {
+        bool up, all;
+        bool loaded;
+        float correction;
+    } cases[] = {
+        {true, true, true, 0}, {true, false, true, 40}, {false, true, false, 0}, {false, false, false, 40}};
+    for (const auto& c : cases) {
+        d.tap('E');
+        s.gunloaded = true;
+        s.heshcorrection = 40;
+        s.heshcorrecting = true;
+        s.Imgtargets.Visible = c.up;
+        p.heshcorrectall = c.all;
+        d.tap('W');
+        EXPECT_EQ(s.gunloaded, c.loaded);
+        EXPECT_FLOAT_EQ(s.heshcorrection, c.correction);
+        EXPECT_FALSE(s.ammoarmed || s.heshcorrecting);
+    }
+}
+
 TEST_P(gun, loads_again_after_a_miss)
 {
     d.target_at(-9000, -9000);
     d.tap('D');
     EXPECT_FALSE(s.gunloaded);
-    d.pc.wait(visual ? 3 : 4);
+    d.pc.wait(visual ? 2.9 : 3.9);
+    EXPECT_FALSE(s.gunloaded);
+    d.pc.wait(0.2);
     EXPECT_TRUE(s.gunloaded);
     EXPECT_EQ(d.pc.of_kind("sound").back(), "loaded.wav");
 }
@@ -302,7 +436,16 @@ TEST(input, stick_buttons_do_the_main_work)
     EXPECT_TRUE(s.timautolay.Enabled);
     d.pc.stick_button(4, false);
     EXPECT_FALSE(s.timautolay.Enabled);
-    for (const int other : {0, 5, -1, 32767}) d.pc.stick_button(other, true);
+    d.pc.wait(12);   // a FIN target is up and the gun is loaded
+    s.lazed = false;
+    for (const int other : {0, 5, -1, 32767}) {
+        d.pc.stick_button(other, true);
+        d.pc.stick_button(other, false);
+        EXPECT_TRUE(s.gunloaded && s.Lblammotype.Caption == "DST") << other;
+        EXPECT_FALSE(s.lazed || s.timautolay.Enabled) << other;
+    }
+    d.pc.stick_button(1, true);
+    EXPECT_FALSE(s.gunloaded);
 }
 
 TEST(input, screen_buttons_follow_the_practice)

@@ -262,25 +262,53 @@ TEST(degrading, the_commander_reports_by_the_system_and_calls_the_range_when_the
         bool voices;
         const char* line;
         const char* file;
-    } cases[] = {{1, 4, true, "FIN TANK ON !!", "on.wav"},
-                 {0, 4, false, "FIN TANK ", ""},
-                 {2, 4, true, "FIN TANK ON LAZE !!", "onlaze.wav"},
-                 {2, 4, false, "FIN TANK ON LAZE!!", ""},
-                 {3, 4, true, "FIN TANK ON 1100 !!!", "on1100.wav"},
-                 {3, 4, false, "FIN TANK ON 1100 !!!", ""},
-                 {1, 2, true, "COAX TRANSPORT ON 1100 !!!", "on1100.wav"}};
+        bool held;
+    } cases[] = {{1, 4, true, "FIN TANK ON !!", "on.wav", false},
+                 {0, 4, true, "FIN TANK ON !!", "on.wav", false},
+                 {1, 4, false, "FIN TANK ON !!", "", false},
+                 {0, 4, false, "FIN TANK ", "", false},
+                 {2, 4, true, "FIN TANK ON LAZE !!", "onlaze.wav", false},
+                 {2, 4, false, "FIN TANK ON LAZE!!", "", false},
+                 {3, 4, true, "FIN TANK ON 1100 !!!", "on1100.wav", true},
+                 {3, 4, false, "FIN TANK ON 1100 !!!", "", false},
+                 {1, 2, true, "COAX TRANSPORT ON 1100 !!!", "on1100.wav", true}};
     for (const auto& c : cases) {
         drill d(sight_kind::visual);
         d.t.shared.systemstatus = c.status;
         d.t.shared.engagementtype = c.type;
-        d.t.shared.voiceson = c.voices;
+        d.t.shared.voiceson = false;   // of the order, which would be held too
         d.t.luck.source = [] { return draw_of(6); };
         d.start();
-        d.pc.advance(8);
+        d.pc.advance(7.5);
+        d.t.shared.voiceson = c.voices;
+        d.pc.advance(0.5);
         EXPECT_EQ(d.crew(), c.line);
         const auto sounds = d.pc.of_kind("sound");
         EXPECT_EQ(sounds.empty() ? "" : sounds.back(), c.file);
-        EXPECT_EQ(d.screen().voicebusy, c.voices);
+        EXPECT_EQ(d.screen().voicebusy, c.held) << c.line;
+    }
+}
+
+TEST(commander, calls_the_range_in_hundreds_and_a_near_one_in_two_hundreds)
+{
+    const struct {
+        int range;
+        const char* call;
+    } cases[] = {{0, "600"},     {699, "600"},   {700, "800"},   {899, "800"},   {900, "900"},
+                 {999, "900"},   {1000, "1000"}, {1099, "1000"}, {1100, "1100"}, {1199, "1100"},
+                 {1200, "1200"}, {1299, "1200"}, {1300, "1300"}, {1399, "1300"}, {1400, "1400"},
+                 {1499, "1400"}, {1500, "1500"}, {1599, "1500"}, {1600, "1600"}, {1699, "1600"},
+                 {1700, "1700"}, {1799, "1700"}, {1800, "1800"}, {1899, "1800"}, {1900, "2000"},
+                 {2500, "2000"}};
+    drill d(sight_kind::visual);
+    d.set_up();
+    gunnery_screen& s = d.screen();
+    for (const auto& c : cases) {
+        d.t.shared.targetrange[static_cast<std::size_t>(s.currenttarget)] = c.range;
+        s.lblcrew.Caption = "FIN TANK ";
+        d.pc.event([&] { callrange(d.t, s); });
+        EXPECT_EQ(d.crew(), "FIN TANK ON " + std::string(c.call) + " !!!") << c.range;
+        EXPECT_EQ(d.pc.of_kind("sound").back(), "on" + std::string(c.call) + ".wav") << c.range;
     }
 }
 
@@ -344,10 +372,48 @@ TEST(score, a_stop_at_once_is_safe_on_both_sights)
         drill d(kind);
         d.start();
         d.pc.click(d.screen().Cmdstopsim);
-        EXPECT_NE(d.pc.boxes.back().text.find("AVERAGE TIME = 1\n\rSCORE = 0"), std::string::npos);
+        const std::string brackets = kind == sight_kind::visual ? ")" : "";
+        EXPECT_EQ((d.pc.boxes.end() - 2)->text, "DEBRIEF FIRER ?");
+        EXPECT_EQ(d.pc.boxes.back().text, "NUMBER OF TARGETS = 1\n\rNUMBER " + brackets +
+                                              "OF HITS = 0\n\rAVERAGE TIME = 1\n\rSCORE = 0");
         if (kind == sight_kind::thermal) d.pc.click(d.screen().Cmdstopsim);   // it stays enabled there
         d.pc.advance(60);
         EXPECT_EQ(d.screen().targetnumber, 0);
+    }
+}
+
+TEST(score, a_quick_start_is_rated_in_whole_numbers)
+{
+    const struct {
+        int average, hits;
+        const char* score;
+        const char* rating;
+    } cases[] = {{200, 1, "100", "FORGET IT"},
+                 {201, 1, "100.5", ""},
+                 {202, 1, "101", "CADET"},
+                 {5996, 1, "2998", "CADET"},
+                 {5997, 1, "2998.5", ""},
+                 {5998, 1, "2999", "GUNNER"},
+                 {7600, 1, "3800", "GUNNER"},
+                 {7601, 1, "3800.5", ""},
+                 {7602, 1, "3801", "GUNNER MECH"},
+                 {9400, 1, "4700", "GUNNER MECH"},
+                 {9401, 1, "4700.5", ""},
+                 {9402, 1, "4701", "GUNNERY INSTRUCTOR"},
+                 {20000, 10, "100000", "GUNNERY INSTRUCTOR"},
+                 {20001, 10, "100005", ""}};
+    drill d(sight_kind::visual);
+    gunnery_screen& s = d.screen();
+    d.pc.click(d.t.startsim.cmdgame);
+    for (const auto& c : cases) {
+        d.start();
+        s.targetnumber = 1;
+        s.hittime = c.average;
+        s.hits = c.hits;
+        s.targetlife = 2000;   // half a point for a second of a hit
+        d.pc.click(s.Cmdstopsim);
+        const std::string end = "SCORE = " + std::string(c.score) + "\n\r\n\rYOUR RATING IS.." + c.rating;
+        EXPECT_TRUE(d.pc.boxes.back().text.ends_with(end)) << end << " in " << d.pc.boxes.back().text;
     }
 }
 

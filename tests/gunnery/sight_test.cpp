@@ -192,7 +192,7 @@ TEST_F(visual_laser, a_degraded_system_gives_less)
     EXPECT_FALSE(s.lazed);
 }
 
-TEST_F(visual_laser, near_entries_of_the_table_are_raised_for_good)
+TEST_F(visual_laser, near_entries_of_the_table_are_raised_until_the_range_is_read_again)
 {
     d.t.shared.targetrange[6] = 450;
     d.tap('W');
@@ -202,6 +202,8 @@ TEST_F(visual_laser, near_entries_of_the_table_are_raised_for_good)
     EXPECT_FALSE(s.laze.Visible);
     EXPECT_FALSE(s.layready);
     EXPECT_TRUE(s.Cmdautolay.Enabled);
+    d.pc.click(s.Cmdstopsim);
+    EXPECT_EQ(d.t.shared.targetrange[6], 1100);
 }
 
 TEST_F(visual_laser, fin_is_laid_after_a_second_and_goes_a_step_further)
@@ -246,6 +248,33 @@ TEST_F(visual_laser, hesh_needs_the_whole_hold_and_takes_its_lead)
     EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 18 * 110 + 20 * 10);
     EXPECT_NEAR(s.Imgrange.Left, left + 0.01 * (19 * 110 + 21 * 10), 0.1);
     EXPECT_TRUE(s.lazed);
+}
+
+TEST_F(visual_laser, the_lead_for_the_wind_is_taken_as_the_autolay_is_pressed_in_the_correction)
+{
+    const struct {
+        bool correcting;
+        double top;   // of the picture
+        float lead;
+        double mark;
+    } cases[] = {{false, -6000, 0, 4170},
+                 {true, -6000, 0.05F, 4170 + 300},
+                 {true, 0, 0.05F, 4170 + 600},   // at the very top it stays as it was
+                 {true, 3000, -0.1F, 4170 + 900}};
+    d.tap('A');
+    s.layready = false;   // the press alone
+    s.windoffset = 300;
+    for (const auto& c : cases) {
+        s.heshcorrecting = c.correcting;
+        s.Imgrange.Top = c.top;
+        d.pc.key_down('S');
+        d.pc.key_down('S');   // the keyboard's repeat
+        EXPECT_FLOAT_EQ(s.leadperstep, c.lead) << c.top;
+        EXPECT_DOUBLE_EQ(s.laze.Left, c.mark) << c.top;
+        d.pc.key_up('S');
+    }
+    d.tap('W');
+    EXPECT_FLOAT_EQ(s.leadperstep, 0);
 }
 
 TEST_F(visual_laser, coax_is_laid_by_twice_the_range)
@@ -295,8 +324,11 @@ TEST_F(thermal_laser, a_full_hold_plays_the_mark_and_moves_nothing)
     d.pc.key_down('S');
     d.pc.wait(1.4);
     EXPECT_TRUE(s.layready);
+    double lowest = mark;
+    d.pc.glance = [&] { lowest = std::max(lowest, s.imgbam.Top); };
     d.pc.wait(0.2);
     EXPECT_FALSE(s.layready || s.Imglam.Visible);
+    EXPECT_NEAR(lowest, mark + 1100 / 3.0, 0.1);
     EXPECT_NEAR(s.imgbam.Top, mark, 0.1);
     EXPECT_DOUBLE_EQ(s.Imgrange.Top, range);
     EXPECT_TRUE(s.lazed);
