@@ -14,7 +14,10 @@
 #include <initializer_list>
 #include <numbers>
 #include <string>
+#include <utility>
 #include <vector>
+
+#include "png.h"
 
 namespace {
 
@@ -246,7 +249,7 @@ std::string bitmap(const image& picture)
     put(out, size * 2, 4);
     put(out, 1, 2);
     put(out, 32, 2);
-    put(out, 0, 24);
+    out.append(24, '\0');
     for (std::size_t y = size; y-- > 0;)
         out.append(reinterpret_cast<const char*>(&picture.bgra[y * size * 4]), size * 4);
     const std::size_t stride = (size + 31) / 32 * 4;
@@ -260,17 +263,28 @@ std::string bitmap(const image& picture)
     return out;
 }
 
+// The large sizes, of which the debrief draws a target, packed as a picture of their own.
+std::string packed(const image& picture)
+{
+    const auto size = static_cast<std::size_t>(picture.size);
+    png_picture out{size, size, picture.bgra};
+    for (std::size_t i = 0; i < out.rgba.size(); i += 4) std::swap(out.rgba[i], out.rgba[i + 2]);
+    return png(out);
+}
+
 // The largest first: a reader that looks no further than the first picture then has the best one.
 std::string icon(const vehicle& v, look shade)
 {
-    constexpr int sizes[] = {96, 64, 48, 32, 24, 16};
+    constexpr int sizes[] = {256, 128, 96, 64, 48, 32, 24, 16};
+    constexpr int packed_from = 128;
     std::string head, body;
     put(head, 0, 2);
     put(head, 1, 2);
     put(head, std::size(sizes), 2);
     for (int size : sizes) {
-        const std::string entry = bitmap(draw(v, shade, size));
-        put(head, static_cast<std::size_t>(size), 1);
+        const image picture = draw(v, shade, size);
+        const std::string entry = size >= packed_from ? packed(picture) : bitmap(picture);
+        put(head, static_cast<std::size_t>(size), 1);   // 256 is written as 0
         put(head, static_cast<std::size_t>(size), 1);
         put(head, 0, 2);
         put(head, 1, 2);
