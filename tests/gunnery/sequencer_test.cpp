@@ -236,6 +236,19 @@ TEST(pause, a_resume_in_the_wait_after_the_last_target_but_one_ends_the_practice
     EXPECT_FALSE(s.Timpause.Enabled);
 }
 
+TEST(pause, a_count_that_the_resume_has_brought_past_the_wait_still_leads_to_an_order)
+{
+    drill d(sight_kind::visual);
+    d.start();
+    d.pc.advance(5);
+    d.pc.click(d.screen().Cmdpausesim);
+    d.pc.click(d.screen().Cmdpausesim);
+    d.pc.advance(1);   // the target of no order goes down with the same tick, and the wait of 5 s begins at 6
+    EXPECT_EQ(d.crew(), "STOP DESELECT !!");
+    d.pc.advance(2);
+    EXPECT_EQ(d.crew().substr(0, 9), "FIN TANK ");
+}
+
 TEST(degrading, nine_targets_worsen_by_thirds)
 {
     const struct {
