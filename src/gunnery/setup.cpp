@@ -176,8 +176,10 @@ void giveup(trainer& t, gunnery_screen& s, const fault& f)
     leavefor(t, s, t.startsim.window);
 }
 
-void load_gunnery(gunnery_screen& s)
+void load_gunnery(const trainer& t, gunnery_screen& s)
 {
+    // A pause outlives the screen in which it was made; the button says what a click on it will do.
+    if (t.shared.paused) s.Cmdpausesim.Caption = "PAUSE OFF";
     s.resets += 1;
     s.targetnumber = 0;
     s.traversestep = 0;
@@ -194,7 +196,7 @@ void load_gunnery(gunnery_screen& s)
 
 void make_setup(trainer& t, gunnery_screen& s)
 {
-    s.window.load = [&s] { load_gunnery(s); };
+    s.window.load = [&t, &s] { load_gunnery(t, s); };
     s.window.arrival = [&t, &s] { screenreset(t, s); };
     s.HScspeed.Change = [&s] {
         if (s.visual()) s.layspeed = s.HScspeed.Value;

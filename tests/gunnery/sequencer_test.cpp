@@ -249,6 +249,22 @@ TEST(pause, a_count_that_the_resume_has_brought_past_the_wait_still_leads_to_an_
     EXPECT_EQ(d.crew().substr(0, 9), "FIN TANK ");
 }
 
+TEST(pause, the_button_of_a_screen_loaded_anew_says_what_a_click_will_do)
+{
+    drill d(sight_kind::visual);
+    gunnery_screen& s = d.screen();
+    d.start();
+    d.pc.click(s.Cmdpausesim);
+    d.pc.click(s.Cmdmain);
+    d.start();
+    EXPECT_EQ(s.Cmdpausesim.Caption, "PAUSE OFF");
+    d.pc.click(s.Cmdpausesim);
+    EXPECT_EQ(s.Cmdpausesim.Caption, "PAUSE SIM");
+    d.pc.click(s.Cmdmain);
+    d.set_up();
+    EXPECT_EQ(s.Cmdpausesim.Caption, "&PAUSE SIM");
+}
+
 TEST(degrading, nine_targets_worsen_by_thirds)
 {
     const struct {
