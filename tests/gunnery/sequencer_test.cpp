@@ -265,6 +265,19 @@ TEST(pause, the_button_of_a_screen_loaded_anew_says_what_a_click_will_do)
     EXPECT_EQ(s.Cmdpausesim.Caption, "&PAUSE SIM");
 }
 
+TEST(pause, one_left_over_from_the_practice_before_holds_nothing)
+{
+    drill d(sight_kind::visual);
+    gunnery_screen& s = d.screen();
+    d.start();
+    d.pc.click(s.Cmdpausesim);
+    d.pc.click(s.Cmdstopsim);
+    d.start();
+    d.pc.advance(8 + 5);
+    EXPECT_TRUE(s.Imgtargets.Visible);
+    EXPECT_EQ(d.crew(), "LOADED....  FIRE");
+}
+
 TEST(degrading, nine_targets_worsen_by_thirds)
 {
     const struct {
