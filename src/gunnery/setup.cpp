@@ -94,6 +94,7 @@ void resetstate(gunnery_screen& s)
     s.hittime = 0;
     s.pausecount = 0;
     s.targetnumber = 0;
+    s.targethit = false;   // stopped before a target that was hit went down: the next one isn't hit by that
     if (!s.visual()) return;
     s.coaxrunning = false;
     s.layspeed = s.HScspeed.Value;

@@ -380,6 +380,21 @@ TEST(score, hits_count_from_the_order_and_the_box_tells_them)
               "AVERAGE TIME = 12\n\rSCORE = 400");
 }
 
+TEST(score, a_stop_in_the_second_after_a_hit_takes_no_miss_off_the_next_practice)
+{
+    for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal}) {
+        drill d(kind);
+        d.start();
+        d.pc.advance(7 + 11);
+        d.pc.event([&] { recordhit(d.t, d.screen()); });
+        d.pc.click(d.screen().Cmdstopsim);
+        d.start();
+        d.pc.advance(7 + 30);
+        EXPECT_EQ(d.crew(), "STOP DESELECT !!");
+        EXPECT_EQ(d.t.shared.rechit[1], "NO");
+    }
+}
+
 TEST(score, a_stop_at_once_is_safe_on_both_sights)
 {
     for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal}) {
