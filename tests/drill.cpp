@@ -1,82 +1,10 @@
 #include "drill.h"
 
-#include <unistd.h>
-
 #include <gtest/gtest.h>
 
 #include "gunnery/gunnery.h"
 
 namespace vorn {
-
-namespace fs = std::filesystem;
-
-data_folder::data_folder()
-{
-    const auto self = std::to_string(reinterpret_cast<std::uintptr_t>(this));
-    path_ = fs::temp_directory_path() / ("vorn-" + std::to_string(getpid()) + "-" + self);
-    fs::remove_all(path_);
-    fs::create_directories(path_ / "ranges" / "target icons");
-    for (const char* icon : {"target1.ico", "target2.ico", "target3.ico"})
-        put(std::string("target icons/") + icon, picture_head(32, 32));
-    put("visualrange.vrp", picture_head(4295, 2121));
-    put("thermalrange.trp", picture_head(1452, 768));
-    put_range("visualrange.arf", plain_range(sight_kind::visual));
-    put_range("Thermalrange.arf", plain_range(sight_kind::thermal));
-}
-
-data_folder::~data_folder()
-{
-    std::error_code failed;
-    fs::remove_all(path_, failed);
-}
-
-void data_folder::put(const std::string& name, const std::string& bytes) const
-{
-    std::ofstream(path_ / "ranges" / name, std::ios::binary) << bytes;
-}
-
-std::string data_folder::get(const std::string& name) const
-{
-    std::ifstream in(path_ / "ranges" / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-void data_folder::remove(const std::string& name) const
-{
-    fs::remove(path_ / "ranges" / name);
-}
-
-void data_folder::put_range(const std::string& name, const practice_state& range) const
-{
-    put(name, range_file_bytes(range));
-}
-
-std::string picture_head(unsigned width, unsigned height)
-{
-    std::string b = "\x89PNG\r\n\x1a\n";
-    b += std::string("\0\0\0\rIHDR", 8);
-    for (const unsigned n : {width, height})
-        for (const unsigned shift : {24U, 16U, 8U, 0U}) b += static_cast<char>(n >> shift & 0xFFU);
-    return b;
-}
-
-practice_state plain_range(sight_kind kind)
-{
-    const bool visual = kind == sight_kind::visual;
-    practice_state r;
-    r.rangename = visual ? "PLAIN" : "PLAIN THERMAL";
-    r.rangepicture = visual ? "visualrange.vrp" : "thermalrange.trp";
-    r.rangetype = visual ? "VISUAL" : "THERMAL";
-    r.targeticon1 = "/target icons/target1.ico";
-    r.targeticon2 = "\\target icons\\target2.ico";
-    r.targeticon3 = "/target icons/TARGET3.ICO";
-    for (std::size_t i = 1; i < positions; ++i) {
-        r.targetx[i] = visual ? 51000 : 9480;
-        r.targety[i] = visual ? 15500 : 5620;
-        r.targetrange[i] = 500 + 100 * static_cast<int>(i);
-    }
-    return r;
-}
 
 double draw_of(int position)
 {

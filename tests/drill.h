@@ -2,42 +2,15 @@
 // road to a gunnery screen.
 #pragma once
 
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
+#include "data_folder.h"
 #include "platform/headless/headless_machine.h"
 #include "ranges/rangefile.h"
 #include "trainer.h"
 
 namespace vorn {
-
-// A program directory of its own, gone afterwards.
-class data_folder {
-public:
-    data_folder();
-    ~data_folder();
-    data_folder(const data_folder&) = delete;
-    data_folder& operator=(const data_folder&) = delete;
-
-    std::string program() const { return path_.string(); }
-    std::string ranges() const { return (path_ / "ranges").string(); }
-    void put(const std::string& name, const std::string& bytes) const;   // a file below "ranges"
-    std::string get(const std::string& name) const;
-    void remove(const std::string& name) const;
-    void put_range(const std::string& name, const practice_state& range) const;
-
-private:
-    std::filesystem::path path_;
-};
-
-// A range whose 20 positions lie at one place, so that the lay is the same for all, at 600, 700 ... 2500
-// metres. Seen through the sight as it stands at load, the place is a little right of and below where a lay
-// ends.
-practice_state plain_range(sight_kind);
-// The head of a picture of this many pixels: all that a machine without a screen reads of it.
-std::string picture_head(unsigned width, unsigned height);
 
 // The number that makes the next draw of a position come out as this one.
 double draw_of(int position);

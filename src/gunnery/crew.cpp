@@ -91,7 +91,9 @@ void reporton(trainer& t, gunnery_screen& s)
         callrange(t, s);
     else
         visual_on(t, s);
-    if (!t.shared.paused) start(s.Timloading);   // paused in the midst of the lay: the resume starts it
+    // Paused in the midst of the lay: the resume starts it. A pause left over from an earlier practice holds
+    // nothing.
+    if (s.Timtarget.Enabled) start(s.Timloading);
 }
 
 void make_crew(trainer& t, gunnery_screen& s)

@@ -41,10 +41,12 @@ void cmdtarget_click(gunnery_screen& s)
     start(s.Timpause);
 }
 
+// A resume from pause can bring the count past the wait: when it ran on under a target, and the wait that
+// began with that target's end is shorter. The order then comes at once, or the practice would stand still.
 void timpause_tick(trainer& t, gunnery_screen& s)
 {
     s.pausecount += 1;
-    if (s.pausecount != s.targetwait) return;
+    if (s.pausecount < s.targetwait) return;
     s.pausecount = 0;
     stop(s.Timpause);
     nexttarget(t, s);

@@ -54,6 +54,13 @@ void setuppanels(trainer& t, gunnery_screen& s)
     hidepanels(t.shared, s);
 }
 
+// A pause outlives the screen in which it was made; the button says what a click on it will do.
+void showpause(const practice_state& p, gunnery_screen& s)
+{
+    const bool shown = s.Cmdpausesim.Caption == "PAUSE OFF";
+    if (shown != p.paused) s.Cmdpausesim.Caption = p.paused ? "PAUSE OFF" : "PAUSE SIM";
+}
+
 void resetcontrols(gunnery_screen& s)
 {
     s.Cmdstartsim.Enabled = true;
@@ -94,6 +101,7 @@ void resetstate(gunnery_screen& s)
     s.hittime = 0;
     s.pausecount = 0;
     s.targetnumber = 0;
+    s.targethit = false;   // stopped before a target that was hit went down: the next one isn't hit by that
     if (!s.visual()) return;
     s.coaxrunning = false;
     s.layspeed = s.HScspeed.Value;
@@ -215,6 +223,7 @@ bool screenreset(trainer& t, gunnery_screen& s)
     setuppanels(t, s);
     resetrecord(t, s);
     resetcontrols(s);
+    showpause(t.shared, s);
     resetstate(s);
     resetreadouts(s);
     const fault f = loadrange(t, s);

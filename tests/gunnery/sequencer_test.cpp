@@ -236,6 +236,48 @@ TEST(pause, a_resume_in_the_wait_after_the_last_target_but_one_ends_the_practice
     EXPECT_FALSE(s.Timpause.Enabled);
 }
 
+TEST(pause, a_count_that_the_resume_has_brought_past_the_wait_still_leads_to_an_order)
+{
+    drill d(sight_kind::visual);
+    d.start();
+    d.pc.advance(5);
+    d.pc.click(d.screen().Cmdpausesim);
+    d.pc.click(d.screen().Cmdpausesim);
+    d.pc.advance(1);   // the target of no order goes down with the same tick, and the wait of 5 s begins at 6
+    EXPECT_EQ(d.crew(), "STOP DESELECT !!");
+    d.pc.advance(2);
+    EXPECT_EQ(d.crew().substr(0, 9), "FIN TANK ");
+}
+
+TEST(pause, the_button_of_a_screen_loaded_anew_says_what_a_click_will_do)
+{
+    drill d(sight_kind::visual);
+    gunnery_screen& s = d.screen();
+    d.start();
+    d.pc.click(s.Cmdpausesim);
+    d.pc.click(s.Cmdmain);
+    d.start();
+    EXPECT_EQ(s.Cmdpausesim.Caption, "PAUSE OFF");
+    d.pc.click(s.Cmdpausesim);
+    EXPECT_EQ(s.Cmdpausesim.Caption, "PAUSE SIM");
+    d.pc.click(s.Cmdmain);
+    d.set_up();
+    EXPECT_EQ(s.Cmdpausesim.Caption, "&PAUSE SIM");
+}
+
+TEST(pause, one_left_over_from_the_practice_before_holds_nothing)
+{
+    drill d(sight_kind::visual);
+    gunnery_screen& s = d.screen();
+    d.start();
+    d.pc.click(s.Cmdpausesim);
+    d.pc.click(s.Cmdstopsim);
+    d.start();
+    d.pc.advance(8 + 5);
+    EXPECT_TRUE(s.Imgtargets.Visible);
+    EXPECT_EQ(d.crew(), "LOADED....  FIRE");
+}
+
 TEST(degrading, nine_targets_worsen_by_thirds)
 {
     const struct {
@@ -364,6 +406,21 @@ TEST(score, hits_count_from_the_order_and_the_box_tells_them)
     EXPECT_EQ(d.pc.boxes.back().text,
               "WELL DONE YOUR SCORE IS..\n\rNUMBER OF TARGETS = 1\n\rNUMBER OF HITS = 1\n\r"
               "AVERAGE TIME = 12\n\rSCORE = 400");
+}
+
+TEST(score, a_stop_in_the_second_after_a_hit_takes_no_miss_off_the_next_practice)
+{
+    for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal}) {
+        drill d(kind);
+        d.start();
+        d.pc.advance(7 + 11);
+        d.pc.event([&] { recordhit(d.t, d.screen()); });
+        d.pc.click(d.screen().Cmdstopsim);
+        d.start();
+        d.pc.advance(7 + 30);
+        EXPECT_EQ(d.crew(), "STOP DESELECT !!");
+        EXPECT_EQ(d.t.shared.rechit[1], "NO");
+    }
 }
 
 TEST(score, a_stop_at_once_is_safe_on_both_sights)

@@ -71,12 +71,13 @@ loaded_picture picture_of_file(const std::string& file)
 {
     std::error_code failed;
     if (!std::filesystem::exists(file, failed)) return {std::nullopt, "The file does not exist."};
-    constexpr std::size_t head = 1 << 20;
+    constexpr std::uintmax_t head = 1 << 20;
     bytes b;
     if (std::filesystem::is_regular_file(file, failed)) {
         std::ifstream in(file, std::ios::binary);
-        b.text.resize(head);
-        in.read(b.text.data(), static_cast<std::streamsize>(head));
+        const std::uintmax_t size = std::filesystem::file_size(file, failed);
+        b.text.resize(failed ? 0 : std::min(size, head));
+        in.read(b.text.data(), static_cast<std::streamsize>(b.text.size()));
         b.text.resize(static_cast<std::size_t>(in.gcount()));
     }
     const pixels size = size_of(b);

@@ -1,0 +1,335 @@
+#include "walk/walker.h"
+
+#include <algorithm>
+
+namespace vorn {
+
+// The machine's questions --------------------------------------------------------------------------------
+
+namespace {
+
+struct counted_up {
+    int& n;
+    explicit counted_up(int& number) : n(number) { ++n; }
+    ~counted_up() { --n; }
+};
+
+}   // namespace
+
+static double chance_of_yes(const std::string& text)
+{
+    static constexpr struct {
+        const char* words;
+        double chance;
+    } questions[] = {{"EXIT ?", 0.15},
+                     {"DELETE", 0},   // what it chose to open may be a range
+                     {"START SIMULATOR", 0.9},
+                     {"LOCATE ONE", 0.9},
+                     {"LOOK FOR IT", 0.8}};
+    for (const auto& q : questions)
+        if (text.find(q.words) != std::string::npos) return q.chance;
+    return 0.5;
+}
+
+static double time_to_answer(walker& w)
+{
+    const double p = w.part();
+    return p < 0.7 ? 0 : p < 0.95 ? w.part() * 2 : p < 0.995 ? w.part() * 8 : 60;
+}
+
+static bool whole_record(const practice_state& p, int targets)
+{
+    for (int i = 1; i <= targets; ++i) {
+        const auto row = static_cast<std::size_t>(i);
+        const bool closed = p.rechit[row] == "YES" || p.rechit[row] == "NO";
+        if (!closed || p.rectarget[row] != i || p.recsystem[row].empty()) return false;
+    }
+    return true;
+}
+
+// The score comes of the last target's last tick when nobody has stopped the practice.
+static void count_end(walker& w, const std::string& text)
+{
+    const gunnery_screen* s = w.gunnery();
+    if (s == nullptr || text.find("SCORE = ") == std::string::npos) return;
+    const bool lastdown = s->Timtarget.ticking && !s->Imgtargets.Visible;
+    const bool allshown = lastdown && s->targetnumber == w.t().shared.targetblocks * 3;
+    w.count(allshown ? "practices fought to their end" : "practices stopped");
+    if (allshown && !whole_record(w.t().shared, s->targetnumber))
+        w.failure = "a practice fought to its end leaves a whole record";
+    for (const char* wrong : {"= -", "= nan", "= inf"})
+        if (text.find(wrong) != std::string::npos) w.failure = "a score is a number from 0 on";
+}
+
+bool walked_machine::message_box(const message& box)
+{
+    count_end(walker_, box.text);
+    walker_.let_go_all();
+    const counted_up open(open_boxes);
+    boxes_asked += 1;
+    const bool yes = walker_.now_and_then(chance_of_yes(box.text));
+    answers = {{yes, time_to_answer(walker_)}};
+    if (box.buttons == box_buttons::yes_no) walker_.note(yes ? "  answers yes" : "  answers no");
+    return headless_machine::message_box(box);
+}
+
+std::optional<std::string> walked_machine::input_box(const std::string& title, const std::string& prompt,
+                                                     const std::string& proposed)
+{
+    walker_.let_go_all();
+    const counted_up open(open_boxes);
+    boxes_asked += 1;
+    if (walker_.now_and_then(0.7)) inputs = {std::to_string(walker_.between(-1, 99))};
+    return headless_machine::input_box(title, prompt, proposed);
+}
+
+std::optional<std::string> walked_machine::choose_file(const file_dialog& dialog)
+{
+    static constexpr const char* names[] = {
+        "visualrange.arf",  "visualrange.arf", "Thermalrange.arf", "Thermalrange.arf", "visualrange.arf",
+        "Thermalrange.arf", "plain.arf",       "plain.arf",        "wild.arf",         "far.arf",
+        "short.arf",        "bare.arf",        "damaged.arf",      "missing.arf"};
+    walker_.let_go_all();
+    const counted_up open(open_boxes);
+    boxes_asked += 1;
+    const std::string name = dialog.save ? "saved" : walker_.any_of(names);
+    walker_.note("  chooses " + name);
+    if (walker_.now_and_then(0.8)) files = {walker_.data.ranges() + "/" + name};
+    return headless_machine::choose_file(dialog);
+}
+
+// What a user does ---------------------------------------------------------------------------------------
+
+gunnery_screen* walker::gunnery()
+{
+    for (gunnery_screen* s : {&t().simulator, &t().thermal})
+        if (front_form() == &s->window) return s;
+    return nullptr;
+}
+
+void walker::note(const std::string& what)
+{
+    trace.push_back(std::to_string(number) + ": " + what);
+    if (trace.size() > 30) trace.pop_front();
+}
+
+namespace {
+
+// What tells a shot, and a practice cut off.
+struct glance {
+    const gunnery_screen* s = nullptr;
+    bool loaded = false, bursting = false, running = false, inlay = false;
+    int hits = 0, resets = 0;
+    double corrected = 0;
+};
+
+glance glance_at(walker& w)
+{
+    const gunnery_screen* s = w.gunnery();
+    if (s == nullptr) return {};
+    return {s,
+            s->gunloaded,
+            s->Timcoax.Enabled,
+            s->simrunning,
+            s->Timtarget.ticking && w.pc().open_boxes == 0,
+            s->hits,
+            s->resets,
+            s->heshcorrection};
+}
+
+void count_shot(walker& w, const glance& before)
+{
+    static constexpr const char* natures[] = {"FIN", "HESH", "coax"};
+    const gunnery_screen& s = *before.s;
+    const bool round = before.loaded && !s.gunloaded;
+    const bool burst = !before.bursting && s.Timcoax.Enabled;
+    if (!round && !burst) return;
+    const std::string nature = natures[burst ? 2 : static_cast<int>(s.nature)];
+    w.count(s.window.name + " " + nature + " fired");
+    if (s.hits > before.hits) w.count(s.window.name + " " + nature + " kills");
+    if (round && s.hits == before.hits) w.count("misses");
+    if (round && s.relayed > 0) w.count("re-lays");
+}
+
+void count_done(walker& w, const glance& before)
+{
+    const gunnery_screen* s = before.s;
+    if (s == nullptr || w.pc().ended) return;
+    const bool gone = s->resets != before.resets;
+    const bool unloaded = s->window.state == form_state::not_loaded;
+    if (before.inlay) w.count("events in a lay");
+    if (before.inlay && gone) w.count(unloaded ? "unloads in a lay" : "stops in a lay");
+    if (before.running && unloaded) w.count("practices left");
+    if (s->heshcorrection != before.corrected && s->heshcorrection != 0) w.count("corrections");
+    if (!gone) count_shot(w, before);
+}
+
+}   // namespace
+
+void walker::does(const std::string& what, const std::function<void()>& action)
+{
+    note(pc().screens.depth > 0 ? "  meanwhile " + what : what);
+    action();
+    if (!pc().ended) mind_pauses();
+}
+
+// A counted move holds up everything else.
+void walker::instantly(const std::string& what, const std::function<void()>& action)
+{
+    constexpr double longest_move = 5;   // seconds
+    const double started = pc().now();
+    const int asked = pc().boxes_asked;
+    const glance before = glance_at(*this);
+    does(what, action);
+    count_done(*this, before);
+    if (failure.empty() && pc().boxes_asked == asked && pc().now() > started + longest_move)
+        failure = "no move holds up the program for longer than some seconds";
+}
+
+static const std::string& name_of(const screen_object& o)
+{
+    return !o.Caption.empty() ? o.Caption : !o.Picture.source.empty() ? o.Picture.source : o.ToolTipText;
+}
+
+// Each repeat goes to the screen then in front, and so does the release.
+void walker::key_down(int code)
+{
+    std::erase_if(run->held, [&](const held_input& h) { return h.by == device::key && h.code == code; });
+    run->held.push_back({device::key, code, nullptr, front_form()});
+    std::string name = "key down " + std::to_string(code);
+    if (code > ' ' && code <= 'Z') name += std::string(" ") + static_cast<char>(code);
+    instantly(name, [&] { pc().key_down(code); });
+}
+
+void walker::stray_key_up(int code)
+{
+    instantly("stray key up " + std::to_string(code), [&] { pc().key_up(code); });
+}
+
+void walker::stick_down(int number_)
+{
+    run->held.push_back({device::stick, number_, nullptr, front_form()});
+    instantly("stick button " + std::to_string(number_), [&] { pc().stick_button(number_, true); });
+}
+
+void walker::stray_stick_up(int number_)
+{
+    instantly("stray stick button up " + std::to_string(number_), [&] { pc().stick_button(number_, false); });
+}
+
+// There is one mouse.
+void walker::press(screen_object& o)
+{
+    let_go(device::mouse, 0, nullptr);
+    if (takes_input(o)) run->held.push_back({device::mouse, 0, &o, o.owner});
+    instantly("press " + name_of(o), [&] { pc().press(o); });
+}
+
+static void release(walker& w, const held_input& h)
+{
+    if (h.holder == nullptr || h.holder->state == form_state::not_loaded) return;
+    if (h.by == device::key && h.holder->KeyUp) w.pc().event([&] { h.holder->KeyUp(h.code); });
+    if (h.by == device::stick && h.holder->ButtonUp) w.pc().event([&] { h.holder->ButtonUp(h.code); });
+    if (h.by == device::mouse) w.pc().release(*h.button);
+}
+
+void walker::let_go(device by, int code, const screen_object* button)
+{
+    const auto found = std::find_if(run->held.begin(), run->held.end(), [&](const held_input& h) {
+        return h.by == by && h.code == code && (button == nullptr || h.button == button);
+    });
+    if (found == run->held.end()) return;
+    const held_input h = *found;
+    run->held.erase(found);
+    instantly("let go " + (h.button != nullptr ? name_of(*h.button) : std::to_string(code)),
+              [&] { release(*this, h); });
+}
+
+void walker::let_go_one()
+{
+    if (run->held.empty()) return;
+    const held_input h = any_of(run->held);
+    let_go(h.by, h.code, h.button);
+}
+
+void walker::let_go_all()
+{
+    while (!run->held.empty()) {
+        const held_input h = run->held.back();
+        let_go(h.by, h.code, h.button);
+    }
+}
+
+void walker::click(screen_object& o)
+{
+    instantly("click " + name_of(o), [&] { pc().click(o); });
+}
+
+void walker::move_over(screen_object& o)
+{
+    instantly("move over " + name_of(o), [&] { pc().event(o.MouseMove); });
+}
+
+void walker::slide(screen_object& o, int position)
+{
+    instantly("slide to " + std::to_string(position), [&] { pc().slide(o, position); });
+}
+
+void walker::type(screen_object& o, const std::string& text)
+{
+    instantly("type " + text, [&] { pc().type(o, text); });
+}
+
+void walker::stick(long x, long y)
+{
+    instantly("stick " + std::to_string(x) + ' ' + std::to_string(y), [&] { pc().stick(x, y); });
+}
+
+// In slices, so that the rules are looked at on the way.
+void walker::wait(double seconds)
+{
+    does("wait " + std::to_string(seconds), [&] {
+        constexpr double slice = 0.5;
+        for (double left = seconds; left > 0 && failure.empty() && !pc().ended; left -= slice) {
+            const double until = pc().now() + std::min(left, slice);
+            pc().wait(std::min(left, slice));
+            if (!pc().ended && pc().now() < until) failure = "time goes on";
+            check(false);
+        }
+    });
+}
+
+// A practice that is left to itself goes on: within a minute the next target is up, or the last one is down.
+void walker::wait_a_minute()
+{
+    const gunnery_screen* s = gunnery();
+    const bool watched = s != nullptr && s->simrunning && t().shared.targetauto &&
+                         t().shared.targettime <= 40 && s->targetlife <= 40;
+    const int resets = watched ? s->resets : 0, target = watched ? int{s->targetnumber} : 0;
+    wait(60);
+    if (!watched || pc().ended || gunnery() != s || s->resets != resets || halted()) return;
+    count("minutes of a practice left to itself");
+    if (failure.empty() && s->targetnumber == target) failure = "a practice left to itself goes on";
+}
+
+void walker::close_window()
+{
+    if (form* f = front_form()) instantly("close the window", [&] { pc().close_window(*f); });
+}
+
+void walker::activate(form& f)
+{
+    instantly("bring to the front " + f.name, [&] { pc().activate(f); });
+}
+
+void walker::later(double seconds, void (*action)(walker&))
+{
+    pc().later(seconds, [this, action] {
+        if (pc().open_boxes > 0 || pc().ended) return;
+        action(*this);
+        if (pc().screens.depth == 0) after_front_change();
+        check(false);
+    });
+}
+
+}   // namespace vorn

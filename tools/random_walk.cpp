@@ -1,0 +1,32 @@
+// Walks at random over the program on the machine without a screen, further than the tests do or by other
+// seeds, and tells what it reached. A failure names the seed and the event, and goes the same way again.
+//   random_walk EVENTS [SEED]
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+
+#include "walk/walk.h"
+
+// A walk that hangs tells where when it is interrupted.
+static void interrupted(int)
+{
+    std::fprintf(stderr, "%s\n", vorn::walk_under_way().c_str());
+    std::_Exit(1);
+}
+
+int main(int count, char** words)
+{
+    const long events = count > 1 ? std::atol(words[1]) : 0;
+    if (events <= 0) {
+        std::fprintf(stderr, "usage: random_walk EVENTS [SEED]\n");
+        return 2;
+    }
+    std::signal(SIGINT, interrupted);
+    std::signal(SIGTERM, interrupted);
+    const unsigned seed = count > 2 ? static_cast<unsigned>(std::strtoul(words[2], nullptr, 10)) : 1;
+    const vorn::walk_result r = vorn::walk(seed, events);
+    for (const auto& [what, times] : r.reached) std::printf("%9ld  %s\n", times, what.c_str());
+    if (r.failure.empty()) return 0;
+    std::printf("%s\n", r.failure.c_str());
+    return 1;
+}
