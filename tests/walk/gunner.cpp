@@ -173,7 +173,9 @@ void fight(walker& w, gunnery_screen& s)
         w.by_hand = w.now_and_then(0.5);
         w.lased_target = -1;
     }
-    if (s.ammoselected != s.nature || !s.ammoarmed) return chooseround(w, s);
+    if (s.ammoselected != s.nature || !s.ammoarmed)
+        return w.now_and_then(0.1) ? tap(w, s, trigger)
+                                   : chooseround(w, s);   // too soon, and the wrong round
     if (!w.by_hand && fire_control_works(w, s)) {
         if (s.layready && w.lased_target == s.targetnumber) return holdautolay(w, s);
         if (w.lased_target != s.targetnumber) {
