@@ -12,12 +12,12 @@ using S = results_screen;
 
 constexpr double mark = 480;   // side of a marker; its middle is what it marks
 
+// The record holds the offsets of laze and visual aim the other way up than the marks are placed.
 constexpr const char* reading =
-    "The cross is the middle of the target. The other marks show where laser, aim and round were against "
-    "it.\n\n"
-    "Aim and strike apart: range, wind or the lay.\n\n"
-    "The same way apart round after round: no correction was put on.\n\n"
-    "A mark at the edge lies still further out.";
+    "The cross is the middle of the target. The other marks show laser, aim and round against it.\n\n"
+    "Laser, and aim of the visual sight, stand upside down: below the cross is too high.\n\n"
+    "Aim and strike apart: range, wind or the lay. The same way each round: no correction was put on.\n\n"
+    "A mark at the edge lies further out.";
 
 void caption(S& s, screen_object* parent, object_fields fields)
 {
@@ -49,8 +49,10 @@ void buttons(S& s)
 void range_strip(S& s)
 {
     add(s.window, s.Imgrange, image({120, 360, 15045, 3000}, ":title"));
-    add(s.window, s.imgtargetpointer, hidden(image({120, 360, mark, mark}, ":pointer")));
-    add(s.window, s.originalrange, hidden(image({0, 0, 43560, 7335})));
+    object_fields pointer = hidden(image({120, 360, mark, mark}, ":pointer"));
+    pointer.Within = {120, 360, 15045, 3000};
+    add(s.window, s.imgtargetpointer, std::move(pointer));
+    add(s.window, s.originalrange, hidden(image({0, 0, 43560, 7335}, ":title")));
 }
 
 void engagement_list(S& s)

@@ -28,7 +28,8 @@ void load_stock(trainer& t, screen_object& holder, const std::string& targeticon
 {
     if (targeticon.empty()) return;
     loaded_picture loaded = t.pc.load_picture(icon_path(t.pc, t.shared.rootpath, resulticon));
-    if (loaded.result) holder.Picture = std::move(*loaded.result);   // one that can't be had leaves the last
+    holder.Picture =
+        loaded.result ? std::move(*loaded.result) : holder.design->Picture;   // never another record's
 }
 
 // "DST" has no picture of its own: the place keeps the one that it had.
@@ -58,12 +59,13 @@ void show_facts(const practice_state& p, results_screen& s)
 {
     const std::size_t e = row(s);
     const auto number = [](int n) { return std::to_string(n); };
-    s.Lblsystem.Caption = p.recsystem[e];
+    constexpr std::size_t longest = 20;   // a file may hold anything
+    s.Lblsystem.Caption = left(p.recsystem[e], longest);
     s.Lbltargetnum.Caption = number(p.rectarget[e]);
-    s.Lblammo.Caption = p.recammo[e];
+    s.Lblammo.Caption = left(p.recammo[e], longest);
     show_sight_marks(s);
     s.Lblrounds.Caption = number(p.recrounds[e]);
-    s.Lbltarget.Caption = p.rechit[e];
+    s.Lbltarget.Caption = left(p.rechit[e], longest);
     s.Lbltime.Caption = number(p.rectime[e]);
     s.lbltargetrange.Caption = number(p.recrange[e]);
 }
@@ -104,19 +106,18 @@ void show_markers(const practice_state& p, results_screen& s)
 void show_round_buttons(const practice_state& p, results_screen& s)
 {
     const auto& aim = p.recaimx[row(s)];
-    const bool measured = s.markerscale > 0;
-    s.Cmdround1.Visible = s.cmdround2.Visible = measured && aim[2] != 0;
-    s.Cmdround3.Visible = measured && aim[3] != 0;
-    s.cmdround4.Visible = measured && aim[4] != 0;
+    s.Cmdround1.Visible = s.cmdround2.Visible = aim[2] != 0;
+    s.Cmdround3.Visible = aim[3] != 0;
+    s.cmdround4.Visible = aim[4] != 0;
 }
 
 void point_at_target(const practice_state& p, results_screen& s)
 {
     const std::size_t e = row(s);
-    if (s.overviewscalex == 0 || s.overviewscaley == 0) return;
+    s.imgtargetpointer.Visible = s.overviewscalex > 0 && s.overviewscaley > 0;
+    if (!s.imgtargetpointer.Visible) return;
     s.imgtargetpointer.Left = s.Imgrange.Left + static_cast<double>(p.recx[e]) / s.overviewscalex;
     s.imgtargetpointer.Top = s.Imgrange.Top + static_cast<double>(p.recy[e]) / s.overviewscaley;
-    s.imgtargetpointer.Visible = true;
 }
 
 void show_target_picture(const practice_state& p, results_screen& s)

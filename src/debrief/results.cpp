@@ -140,8 +140,9 @@ void showdetails(trainer& t)
 {
     results_screen& s = t.results;
     s.Txtstudent.Text = t.shared.studentdetails.text();
-    s.Txtpractype.Text = t.shared.resultmode;
-    s.Txtrngename.Text = t.shared.resultrange;
+    constexpr std::size_t longest = 60;   // a file may hold anything
+    s.Txtpractype.Text = left(t.shared.resultmode, longest);
+    s.Txtrngename.Text = left(t.shared.resultrange, longest);
 }
 
 bool showrange(trainer& t)

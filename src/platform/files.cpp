@@ -90,7 +90,7 @@ std::string write_file(const machine& m, const std::string& path, const std::str
 
 std::string delete_file(const machine& m, const std::string& path)
 {
-    const fs::path file = from_utf8(find_path(m, path));
+    const fs::path file = m.working_directory / from_utf8(path);   // no other than the one that is named
     std::error_code failed;
     if (!fs::exists(file, failed)) return "The file does not exist.";
     if (!fs::is_regular_file(file, failed)) return "It is not a file.";

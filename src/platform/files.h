@@ -25,7 +25,7 @@ struct file_text {
 file_text read_file(const machine&, const std::string& path);
 // Creates or replaces a file; gives the reason when it can't, empty when it did.
 std::string write_file(const machine&, const std::string& path, const std::string& text);
-// Deletes a plain file; gives the reason when it can't, empty when it did.
+// Deletes a plain file, by its name exactly as written; gives the reason when it can't, empty when it did.
 std::string delete_file(const machine&, const std::string& path);
 
 // Makes a folder the working directory; false, and no change, when it can't be entered.
