@@ -205,7 +205,7 @@ void design_results(results_screen& s)
     information(s);
     target_details(s);
     caption(s, nullptr, frame({12120, 3480, 3120, 3780}, "READING THE MARKS"));
-    caption(s, &s.captions.back(), label({180, 390, 2790, 3300}, reading, colour::dim));
+    caption(s, &s.captions.back(), label({180, 390, 2790, 3300}, reading, colour::dim, text_size::small));
     thermal_marks(s);
     buttons(s);
     add(s.window, s.Lblinfo,
