@@ -98,8 +98,8 @@ constexpr screen_rule when_idle[] = {
     {"a target that is up has been called",
      [](const trainer&, const screen& s) { return !s.Imgtargets.Visible || s.targetcalled; }},
     {"nothing of a practice goes on when it is over, but what the instructor has asked for",
-     [](const trainer& t, const screen& s) {
-         return s.simrunning || !s.visual() || !t.shared.targetauto ||
+     [](const trainer&, const screen& s) {
+         return s.simrunning || !s.visual() || s.Cmdtarget.Visible ||
                 !(s.Timpause.Enabled || s.Timtarget.Enabled || s.Timloading.Enabled || s.Imgtargets.Visible);
      }},
     {"no weapon answers to the mouse when no practice runs",
@@ -151,14 +151,14 @@ constexpr screen_rule unless_halted[] = {
 
 constexpr screen_rule unless_resumed[] = {
     {"wait and target take turns",
-     [](const trainer& t, const screen& s) {
-         return !t.shared.targetauto || !s.Timpause.Enabled || !(s.Timtarget.Enabled || s.Imgtargets.Visible);
+     [](const trainer&, const screen& s) {
+         return s.Cmdtarget.Visible || !s.Timpause.Enabled || !(s.Timtarget.Enabled || s.Imgtargets.Visible);
      }},
     {"a target stands for its time at most",
      [](const trainer&, const screen& s) { return !s.Imgtargets.Visible || s.targetticks <= s.targetlife; }},
     {"a target that was hit goes down with the next tick",
      [](const trainer&, const screen& s) {
-         return !s.Imgtargets.Visible || !s.targethit || s.targetticks >= s.targetlife;
+         return s.Cmdtarget.Visible || !s.Imgtargets.Visible || !s.targethit || s.targetticks >= s.targetlife;
      }},
 };
 
