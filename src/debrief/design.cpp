@@ -19,30 +19,17 @@ constexpr const char* reading =
     "Aim and strike apart: range, wind or the lay. The same way each round: no correction was put on.\n\n"
     "A mark at the edge lies further out.";
 
-void caption(S& s, screen_object* parent, object_fields fields)
-{
-    add(s.window, s.captions.emplace_back(), std::move(fields), parent);
-}
-
 void buttons(S& s)
 {
-    const struct {
-        screen_object& o;
-        const char* caption;
-        const char* tip;
-    } row[] = {{s.Cmdsave, "SAVE", "SAVE DEBREIF"},
-               {s.Cmdopen, "OPEN", "OPEN DEBREIF"},
-               {s.Cmdprint, "PRINT", "PRINT DEBREIF"},
-               {s.Cmddelete, "DELETE", "DELETE DEBRIEF"},
-               {s.cmdnew, "NEW SHOOT", "NEW SHOOT"},
-               {s.Cmdreplay, "REPLAY", "REPLAY SHOOT"},
-               {s.Cmdexit, "EXIT", ""},
-               {s.Cmdhelpon, "HELP", ""}};
-    double left = 120;
-    for (const auto& r : row) {
-        add(s.window, r.o, button({left, 15, 1590, 330}, r.caption, r.tip));
-        left += 1650;
-    }
+    put_buttons(s.window, {120, 15, 1590, 330}, 1650,
+                {{s.Cmdsave, "SAVE", "SAVE DEBREIF"},
+                 {s.Cmdopen, "OPEN", "OPEN DEBREIF"},
+                 {s.Cmdprint, "PRINT", "PRINT DEBREIF"},
+                 {s.Cmddelete, "DELETE", "DELETE DEBRIEF"},
+                 {s.cmdnew, "NEW SHOOT", "NEW SHOOT"},
+                 {s.Cmdreplay, "REPLAY", "REPLAY SHOOT"},
+                 {s.Cmdexit, "EXIT", ""},
+                 {s.Cmdhelpon, "HELP", ""}});
     s.window.exit_button = &s.Cmdexit;
 }
 

@@ -4,8 +4,6 @@
 
 namespace vorn {
 
-static constexpr const char* damaged = "It is not a whole results file.";
-
 template <std::size_t N>
 static std::string of_length(const std::string& text)
 {
@@ -93,13 +91,6 @@ bool take_results(const std::string& text, practice_state& p)
 {
     item_reader items(text);
     return take_results_head(items, p) && take_results_rest(items, p);
-}
-
-std::string read_results(const machine& m, const std::string& file, practice_state& p)
-{
-    const file_text read = read_file(m, file);
-    if (!read.text) return read.reason;
-    return take_results(*read.text, p) ? "" : damaged;
 }
 
 std::string write_results(const machine& m, const std::string& file, const practice_state& p)

@@ -28,8 +28,7 @@ bool take_results_rest(item_reader&, practice_state&);
 // Both, from a file's text. Lines beyond the last are left alone.
 bool take_results(const std::string& text, practice_state&);
 
-// Each gives the reason when it fails, empty when it didn't.
-std::string read_results(const machine&, const std::string& file, practice_state&);
+// Gives the reason when it fails, empty when it didn't.
 std::string write_results(const machine&, const std::string& file, const practice_state&);
 
 }   // namespace vorn

@@ -37,11 +37,6 @@ const char* tip(const gunnery_screen& s, const char* text)
     return s.visual() ? text : "";
 }
 
-void caption(gunnery_screen& s, screen_object* parent, object_fields fields)
-{
-    add(s.window, s.captions.emplace_back(), std::move(fields), parent);
-}
-
 // A button in a row of its own or in the left or right half of one.
 enum class column { whole, left, right };
 

@@ -85,6 +85,28 @@ inline object_fields label(rectangle at, std::string caption, colour fore = colo
     return f;
 }
 
+// Puts a label or drawing that never changes on a screen, which keeps it among its captions.
+template <class screen>
+void caption(screen& s, screen_object* parent, object_fields fields)
+{
+    add(s.window, s.captions.emplace_back(), std::move(fields), parent);
+}
+
+// A row of buttons of one size along the top of a screen, the first one at a place and each a step further
+// right.
+struct button_row {
+    screen_object& o;
+    const char* caption;
+    const char* tip;
+};
+inline void put_buttons(form& f, rectangle first, double step, std::initializer_list<button_row> row)
+{
+    for (const button_row& r : row) {
+        add(f, r.o, button(first, r.caption, r.tip));
+        first.Left += step;
+    }
+}
+
 // Changes to a row that few rows need.
 inline object_fields hidden(object_fields f)
 {

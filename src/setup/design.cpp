@@ -31,11 +31,6 @@ constexpr const char* choosing =
     "practice "
     "and choose from the list given. Details will be displayed in the details box.";
 
-void caption(S& s, screen_object* parent, object_fields fields)
-{
-    add(s.window, s.captions.emplace_back(), std::move(fields), parent);
-}
-
 // The step of the instructions to which a frame belongs.
 void step(S& s, screen_object& frame, const char* number)
 {
@@ -285,23 +280,15 @@ void advanced_options(S& s)
 
 void buttons(S& s)
 {
-    const struct {
-        screen_object& o;
-        const char* caption;
-        const char* tip;
-    } row[] = {{s.cmdopenset, "OPEN PRACTICE", "SETTING UP PRACTICES"},
-               {s.cmdsaveset, "SAVE PRACTICE", "SAVING PRACTICES"},
-               {s.Cmdstart, "START PRACTICE", "STARTING PRACTICES"},
-               {s.cmdgame, "QUICK START", "QUICK START"},
-               {s.Cmddebrief, "DEBRIEF", "DEBRIEF"},
-               {s.Cmdabout, "ABOUT", ""},
-               {s.Cmdhelpon, "HELP", ""},
-               {s.Cmdexit, "EXIT", ""}};
-    double left = 120;
-    for (const auto& r : row) {
-        add(s.window, r.o, button({left, 165, 1800, 540}, r.caption, r.tip));
-        left += 1875;
-    }
+    put_buttons(s.window, {120, 165, 1800, 540}, 1875,
+                {{s.cmdopenset, "OPEN PRACTICE", "SETTING UP PRACTICES"},
+                 {s.cmdsaveset, "SAVE PRACTICE", "SAVING PRACTICES"},
+                 {s.Cmdstart, "START PRACTICE", "STARTING PRACTICES"},
+                 {s.cmdgame, "QUICK START", "QUICK START"},
+                 {s.Cmddebrief, "DEBRIEF", "DEBRIEF"},
+                 {s.Cmdabout, "ABOUT", ""},
+                 {s.Cmdhelpon, "HELP", ""},
+                 {s.Cmdexit, "EXIT", ""}});
     s.Cmdstart.bold = s.Cmdstart.design->bold = true;
     s.window.exit_button = &s.Cmdexit;
 }

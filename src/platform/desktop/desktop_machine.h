@@ -53,7 +53,6 @@ public:
     // Takes the windows of screens that are gone from the desk, once their successor is seen.
     void hide_leaving();
 
-    const sound_channel& sound() const { return sound_; }
     stick& joystick() { return stick_; }
     form_window* window(const form&) const;
     form_window* window_of(const QObject* handle) const;   // by the handle of the window system
