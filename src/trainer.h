@@ -6,6 +6,7 @@
 #include "flow/intro.h"
 #include "gunnery/screen.h"
 #include "platform/machine.h"
+#include "ranges/rauthor.h"
 #include "setup/startsim.h"
 #include "state/numbers.h"
 #include "state/practice_state.h"
@@ -26,6 +27,7 @@ struct trainer {
     gunnery_screen simulator{sight_kind::visual};
     gunnery_screen thermal{sight_kind::thermal};
     results_screen results;
+    rauthor_screen rauthor;
 };
 
 }   // namespace vorn

@@ -1,7 +1,6 @@
 #include "ranges/rangefile.h"
 
 #include "platform/files.h"
-#include "state/item_text.h"
 
 namespace vorn {
 
@@ -16,21 +15,40 @@ static bool take(item_reader& items, padded<N>& field)
     return true;
 }
 
-static bool take_head(item_reader& items, practice_state& p)
+bool take_range_name(item_reader& items, practice_state& p)
 {
-    return take(items, p.rangename) && take(items, p.rangepicture) && items.take(p.rangetype);
+    return take(items, p.rangename);
 }
 
-static bool take_icons(item_reader& items, practice_state& p)
+bool take_range_picture(item_reader& items, practice_state& p)
+{
+    return take(items, p.rangepicture);
+}
+
+bool take_range_type(item_reader& items, practice_state& p)
+{
+    return items.take(p.rangetype);
+}
+
+bool take_range_icons(item_reader& items, practice_state& p)
 {
     return items.take(p.targeticon1) && items.take(p.targeticon2) && items.take(p.targeticon3);
+}
+
+bool take_range_entry(item_reader& items, std::size_t i, practice_state& p)
+{
+    return items.take(p.targetx[i]) && items.take(p.targety[i]) && items.take(p.targetrange[i]);
+}
+
+static bool take_head(item_reader& items, practice_state& p)
+{
+    return take_range_name(items, p) && take_range_picture(items, p) && take_range_type(items, p);
 }
 
 static bool take_entries(item_reader& items, int entries, practice_state& p)
 {
     for (std::size_t i = 0; i < static_cast<std::size_t>(entries); ++i)
-        if (!items.take(p.targetx[i]) || !items.take(p.targety[i]) || !items.take(p.targetrange[i]))
-            return false;
+        if (!take_range_entry(items, i, p)) return false;
     return true;
 }
 
@@ -52,7 +70,7 @@ std::string read_range(const machine& m, const std::string& file, int entries, p
 bool take_range(const std::string& text, int entries, practice_state& p)
 {
     item_reader items(text);
-    return take_head(items, p) && take_icons(items, p) && take_entries(items, entries, p);
+    return take_head(items, p) && take_range_icons(items, p) && take_entries(items, entries, p);
 }
 
 std::string range_file_bytes(const practice_state& p)
@@ -94,13 +112,19 @@ std::string icon_path(const machine& m, const std::string& rootpath, const std::
     return file_exists(m, below) || !file_exists(m, stored) ? find_path(m, below) : find_path(m, stored);
 }
 
+std::optional<std::string> below_folder(const machine& m, const std::string& folder, const std::string& path)
+{
+    const std::string root = find_path(m, folder);
+    const std::string file = find_path(m, path);
+    const bool inside = file.size() > root.size() && file.compare(0, root.size(), root) == 0 &&
+                        is_separator(file[root.size()]);
+    return inside ? std::optional(file.substr(root.size() + 1)) : std::nullopt;
+}
+
 std::string stored_icon(const machine& m, const std::string& rootpath, const std::string& chosen)
 {
-    const std::string root = find_path(m, rootpath);
-    const std::string icon = find_path(m, chosen);
-    const bool inside = icon.size() > root.size() && icon.compare(0, root.size(), root) == 0 &&
-                        is_separator(icon[root.size()]);
-    return inside ? icon.substr(root.size()) : chosen;
+    const auto below = below_folder(m, rootpath, chosen);
+    return below ? path_separator + *below : chosen;
 }
 
 }   // namespace vorn

@@ -194,7 +194,7 @@ void range_frame(S& s)
     add(s.window, s.lblrangetype, bold(label({1620, 720, 3480, 300}, "", colour::live)), &s.Frame9);
     const auto at = [](int n) { return rectangle{edge + n * 1710.0, 1170, 1650, 450}; };
     add(s.window, s.Cmdopenrange, button(at(0), "Load Range", "LOAD RANGE"), &s.Frame9);
-    add(s.window, s.cmdeditrange, disabled(button(at(1), "Edit Range", "EDIT RANGE")), &s.Frame9);
+    add(s.window, s.cmdeditrange, button(at(1), "Edit Range", "EDIT RANGE"), &s.Frame9);
     add(s.window, s.Command3, button(at(2), "Cancel"), &s.Frame9);
 }
 

@@ -32,6 +32,16 @@ void command3_click(trainer& t)
     select_option(t.startsim.Optmode1);
 }
 
+// The author may change the range, and with it the mode.
+void cmdeditrange_click(trainer& t)
+{
+    if (!t.pc.message_box({lines({"V.O.R N.", blankline, " LOAD THE RANGE EDITOR ?"}), "V.O.R.N.",
+                           box_buttons::yes_no, box_sign::question}))
+        return;
+    show(t.pc, t.rauthor.window);
+    t.startsim.Frmmode.Enabled = false;
+}
+
 void askforrange(trainer& t)
 {
     const bool locate = t.pc.message_box(
@@ -58,6 +68,7 @@ void make_rangechoice(trainer& t)
     s.Optmode1.Click = [&t] { optmode_click(t, 1, "visualrange.arf", "VISUAL"); };
     s.Optmode2.Click = [&t] { optmode_click(t, 2, "Thermalrange.arf", "THERMAL"); };
     s.Cmdopenrange.Click = [&t] { cmdopenrange_click(t); };
+    s.cmdeditrange.Click = [&t] { cmdeditrange_click(t); };
     s.Command3.Click = [&t] { command3_click(t); };
 }
 

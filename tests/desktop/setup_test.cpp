@@ -110,19 +110,12 @@ TEST_F(set_up, everything_can_be_reached_and_worked_by_keyboard)
     EXPECT_EQ(p.practicenumber, 3);
 }
 
-// Text that doesn't fit its place would be cut.
 TEST_F(set_up, no_text_is_cut_at_any_size)
 {
     for (const double scale : {1.0, 1.5, 2.0}) {
         w().resize(static_cast<int>(1024 * scale), static_cast<int>(768 * scale));
         settle();
-        for (const auto* label : w().findChildren<QLabel*>()) {
-            if (!label->isVisible()) continue;
-            const QRect needed =
-                label->fontMetrics().boundingRect(label->rect(), Qt::TextWordWrap, label->text());
-            EXPECT_LE(needed.height(), label->height() + 1) << label->text().toStdString() << " at " << scale;
-            EXPECT_LE(needed.width(), label->width() + 1) << label->text().toStdString() << " at " << scale;
-        }
+        expect_labels_whole(w(), scale);
         for (const auto* b : w().findChildren<QRadioButton*>())
             EXPECT_LE(b->sizeHint().width(), b->width() + 1) << b->text().toStdString() << " at " << scale;
         save(scale == 1 ? "1x" : scale == 2 ? "2x" : "1_5x");

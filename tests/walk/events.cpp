@@ -135,8 +135,8 @@ void close_window(walker& w)
 
 void bring_to_the_front(walker& w)
 {
-    form* forms[] = {&w.t().intro.window, &w.t().startsim.window, &w.t().simulator.window,
-                     &w.t().thermal.window, &w.t().results.window};
+    form* forms[] = {&w.t().intro.window,   &w.t().startsim.window, &w.t().simulator.window,
+                     &w.t().thermal.window, &w.t().results.window,  &w.t().rauthor.window};
     w.activate(*w.any_of(forms));
 }
 
@@ -247,6 +247,11 @@ void load_range(walker& w)
     w.click(w.t().startsim.Cmdopenrange);
 }
 
+void edit_range(walker& w)
+{
+    w.click(w.t().startsim.cmdeditrange);
+}
+
 void quick_start(walker& w)
 {
     w.click(w.t().startsim.cmdgame);
@@ -319,10 +324,10 @@ void some_options(walker& w)
 }
 
 constexpr event_row setup_events[] = {
-    {10, move_over_anything}, {30, start_practice},    {6, quick_start},    {4, load_range},
-    {40, click_anything},     {40, some_options},      {5, slide_anything}, {4, type_anything},
-    {4, tap_some_key},        {4, let_go_all},         {8, wait_a_moment},  {1, wait_a_minute},
-    {1, close_window},        {1, bring_to_the_front}, {2, something_later}};
+    {10, move_over_anything}, {30, start_practice}, {6, quick_start},        {4, load_range},
+    {40, click_anything},     {5, edit_range},      {40, some_options},      {5, slide_anything},
+    {4, type_anything},       {4, tap_some_key},    {4, let_go_all},         {8, wait_a_moment},
+    {1, wait_a_minute},       {1, close_window},    {1, bring_to_the_front}, {2, something_later}};
 
 void go_on(walker& w)
 {
@@ -363,6 +368,49 @@ constexpr event_row debrief_events[] = {
     {10, click_anything},     {4, tap_some_key},     {4, let_go_all},  {8, wait_a_moment}, {1, close_window},
     {1, bring_to_the_front}};
 
+// On the range author ------------------------------------------------------------------------------------
+
+void some_position(walker& w)
+{
+    w.click(w.t().rauthor.Lbltargetnum[w.between(1, 20)]);
+}
+
+void place_position(walker& w)
+{
+    w.click(w.t().rauthor.Lblsavetarget);
+}
+
+void some_arrow(walker& w)
+{
+    rauthor_screen& s = w.t().rauthor;
+    screen_object* arrows[] = {&s.Cmdbigup,   &s.cmdup,   &s.Cmddown,  &s.Cmdbigdown,
+                               &s.Cmdbigleft, &s.cmdleft, &s.cmdright, &s.Cmdbigright};
+    w.press(*w.any_of(arrows));
+}
+
+void range_by_hand(walker& w)
+{
+    w.click(w.t().rauthor.Lbltargetrange);
+}
+
+void some_disk_work(walker& w)
+{
+    rauthor_screen& s = w.t().rauthor;
+    screen_object* buttons[] = {&s.cmdnew, &s.Cmdopen, &s.Cmdsave, &s.Imgtarget[2]};
+    w.click(*w.any_of(buttons));
+}
+
+void back_from_author(walker& w)
+{
+    w.click(w.t().rauthor.Cmdstart);
+}
+
+constexpr event_row author_events[] = {
+    {20, some_position},  {20, place_position},  {20, some_arrow},        {10, let_go},
+    {6, let_go_all},      {20, wait_a_moment},   {4, wait_some_seconds},  {5, range_by_hand},
+    {40, some_disk_work}, {8, back_from_author}, {10, click_anything},    {10, move_over_anything},
+    {4, type_anything},   {1, close_window},     {2, bring_to_the_front}, {4, something_later}};
+
 // What takes no time, and so may come in the midst of a handler.
 constexpr event_row sudden_gunnery_events[] = {{30, some_key_down}, {20, let_go},          {10, stray_key_up},
                                                {15, some_button},   {10, some_stick_move}, {8, pause},
@@ -377,6 +425,7 @@ void random_event(walker& w)
     if (w.gunnery() != nullptr) return happen(w, gunnery_events);
     if (w.front_form() == &w.t().startsim.window) return happen(w, setup_events);
     if (w.front_form() == &w.t().results.window) return happen(w, debrief_events);
+    if (w.front_form() == &w.t().rauthor.window) return happen(w, author_events);
     happen(w, other_events);
 }
 

@@ -273,6 +273,16 @@ std::string broken_desk(const desk& d, bool idle)
     return {};
 }
 
+std::string broken_author(const rauthor_screen& s, const walk_moment& m)
+{
+    const bool moves = s.Timex.Enabled || s.Timex1.Enabled || s.Timey.Enabled || s.Timey1.Enabled;
+    if (m.idle && m.hands_off && moves) return "rauthor: the view stands still with everything let go";
+    if (s.target < 1 || s.target >= positions) return "rauthor: a position is being edited";
+    if (!std::isfinite(s.pointx) || !std::isfinite(s.pointy)) return "rauthor: a point is being marked";
+    if (s.Image1.Width != 14000 || s.Image1.Height != 5000) return "rauthor: the overview keeps its size";
+    return {};
+}
+
 std::string first_of(std::initializer_list<std::string> all)
 {
     for (const std::string& s : all)
@@ -313,10 +323,10 @@ void describe(std::ostream& out, const gunnery_screen& s)
 
 std::string broken_rule(const trainer& t, const walk_moment& m)
 {
-    std::string b =
-        first_of({broken_desk(t.pc.screens, m.idle), broken_in_state(t.shared),
-                  broken_where_not_loaded(t.simulator.window), broken_where_not_loaded(t.thermal.window),
-                  broken_on_screen(t, t.simulator, m), broken_on_screen(t, t.thermal, m)});
+    std::string b = first_of({broken_desk(t.pc.screens, m.idle), broken_in_state(t.shared),
+                              broken_where_not_loaded(t.simulator.window),
+                              broken_where_not_loaded(t.thermal.window), broken_on_screen(t, t.simulator, m),
+                              broken_on_screen(t, t.thermal, m), broken_author(t.rauthor, m)});
     for (const form* f : t.pc.screens.loaded) {
         if (b.empty()) b = broken_on_form(*f);
         if (b.empty() && m.idle) b = broken_timer(*f, t.pc.now(), m.settled);

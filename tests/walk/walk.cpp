@@ -54,6 +54,8 @@ void walker::take_log()
                 {"box", "LOCATE ONE", "ranges asked for"},
                 {"box", "LOOK FOR IT", "data asked for"},
                 {"box", "CALIBRATE", "refusals of the stick"},
+                {"caption", "Range saved", "ranges saved"},
+                {"caption", "Range opened", "ranges opened"},
                 {"help", "", "helps"}};
     for (const logged& l : std::exchange(pc().log, {}))
         for (const auto& row : told) {
@@ -135,6 +137,7 @@ void walker::begin()
     pc().default_directory = now_and_then(0.92) ? data.program() : data.program() + "/nowhere";
     for (gunnery_screen* s : {&t().simulator, &t().thermal})
         for (const screen_object* o : {&s->lblcrew, &s->Cmdpausesim}) pc().watch(*o);
+    pc().watch(t().rauthor.Lblinfo);
     does("the program starts", [&] { pc().event([&] { start_program(t()); }); });
 }
 

@@ -49,7 +49,9 @@ constexpr struct {
                 {"exits asked", 150},
                 {"exits", 30},
                 {"debriefs", 60},
-                {"replays", 20}};
+                {"replays", 20},
+                {"ranges opened", 5},
+                {"ranges saved", 5}};
 
 class random_walk : public testing::TestWithParam<unsigned> {};
 

@@ -83,16 +83,30 @@ std::optional<std::string> walked_machine::input_box(const std::string& title, c
     return headless_machine::input_box(title, prompt, proposed);
 }
 
+// What there is to choose from, in turn with what is no use.
+static const char* some_file(walker& w, const file_dialog& dialog)
+{
+    static constexpr const char* ranges[] = {"visualrange.arf",  "visualrange.arf",
+                                             "Thermalrange.arf", "Thermalrange.arf",
+                                             "visualrange.arf",  "plain.arf",
+                                             "plain.arf",        "wild.arf",
+                                             "far.arf",          "short.arf",
+                                             "bare.arf",         "damaged.arf",
+                                             "missing.arf",      "saved"};
+    static constexpr const char* pictures[] = {"visualrange.vrp", "thermalrange.trp", "visualrange.arf",
+                                               "target icons/target1.ico", "missing.vrp"};
+    static constexpr const char* icons[] = {"target icons/target1.ico", "plain.arf", "missing.ico"};
+    if (dialog.save) return "saved";
+    const auto of = [&](const char* pattern) { return dialog.filter.find(pattern) != std::string::npos; };
+    return of("*.vrp") ? w.any_of(pictures) : of("*.ico") ? w.any_of(icons) : w.any_of(ranges);
+}
+
 std::optional<std::string> walked_machine::choose_file(const file_dialog& dialog)
 {
-    static constexpr const char* names[] = {
-        "visualrange.arf",  "visualrange.arf", "Thermalrange.arf", "Thermalrange.arf", "visualrange.arf",
-        "Thermalrange.arf", "plain.arf",       "plain.arf",        "wild.arf",         "far.arf",
-        "short.arf",        "bare.arf",        "damaged.arf",      "missing.arf"};
     walker_.let_go_all();
     const counted_up open(open_boxes);
     boxes_asked += 1;
-    const std::string name = dialog.save ? "saved" : walker_.any_of(names);
+    const std::string name = some_file(walker_, dialog);
     walker_.note("  chooses " + name);
     if (walker_.now_and_then(0.8)) files = {walker_.data.ranges() + "/" + name};
     return headless_machine::choose_file(dialog);

@@ -6,49 +6,14 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/desktop/author_drawings.h"
+#include "platform/desktop/drawing_space.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/sight_drawings.h"
 
 namespace vorn {
 
 namespace {
-
-// Saves the painter, and maps the square or box in which a drawing is thought onto where it goes.
-class drawing_space {
-public:
-    drawing_space(QPainter& painter, const QRectF& at, const QSizeF& thought) : p(painter)
-    {
-        p.save();
-        p.setRenderHint(QPainter::Antialiasing);
-        p.translate(at.topLeft());
-        p.scale(at.width() / thought.width(), at.height() / thought.height());
-    }
-    drawing_space(const drawing_space&) = delete;
-    drawing_space& operator=(const drawing_space&) = delete;
-    ~drawing_space() { p.restore(); }
-
-private:
-    QPainter& p;
-};
-
-QRectF centred_square(const QRectF& at)
-{
-    const double side = std::min(at.width(), at.height());
-    return QRectF(at.center().x() - side / 2, at.center().y() - side / 2, side, side);
-}
-
-QColor with_alpha(QColor c, double alpha)
-{
-    c.setAlphaF(static_cast<float>(alpha));
-    return c;
-}
-
-QLinearGradient upright(double top, double bottom, std::initializer_list<std::pair<double, QColor>> stops)
-{
-    QLinearGradient g(0, top, 0, bottom);
-    for (const auto& [where, c] : stops) g.setColorAt(where, c);
-    return g;
-}
 
 void draw_text(QPainter& p, const QRectF& at, double pixels, bool bold, Qt::Alignment align,
                const QString& text)
@@ -592,7 +557,7 @@ bool is_drawing(const picture& p)
 
 void draw_named(QPainter& p, const std::string& name, const QRectF& at)
 {
-    if (at.isEmpty() || draw_sight_mark(p, name, at)) return;
+    if (at.isEmpty() || draw_sight_mark(p, name, at) || draw_author_mark(p, name, at)) return;
     for (const named_drawing& d : drawings)
         if (name == d.name) d.paint(p, at);
 }

@@ -1,7 +1,9 @@
 #include "platform/desktop/form_window.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -72,8 +74,22 @@ void form_window::make_object(screen_object& o)
         make_widget(s, holder == nullptr ? this : holder->widget,
                     [this](const std::function<void()>& event) { pc_.run(event); });
         if (has_hooks(o) || hears_moves(o)) s.widget->installEventFilter(this);
+        if (auto* b = qobject_cast<QAbstractButton*>(s.widget)) hold_by_key(*b, o);
     }
     draw_fields(s, style_.scale, true);
+}
+
+// What works while the mouse holds it works as well while the space bar does. The mouse has its own road, on
+// which leaving the button doesn't let go of it.
+void form_window::hold_by_key(QAbstractButton& b, screen_object& o)
+{
+    if (!o.MouseDown && !o.MouseUp) return;
+    connect(&b, &QAbstractButton::pressed, &b, [this, &o] {
+        if (QGuiApplication::mouseButtons() == Qt::NoButton && takes_input(o)) pc_.press(o);
+    });
+    connect(&b, &QAbstractButton::released, &b, [this] {
+        if (QGuiApplication::mouseButtons() == Qt::NoButton) pc_.release_mouse();
+    });
 }
 
 void form_window::make_new_objects()

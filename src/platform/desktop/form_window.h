@@ -8,6 +8,8 @@
 #include "platform/desktop/look.h"
 #include "platform/desktop/widgets.h"
 
+class QAbstractButton;
+
 namespace vorn {
 
 class desktop_machine;
@@ -39,6 +41,7 @@ protected:
 private:
     void make_new_objects();
     void make_object(screen_object&);
+    void hold_by_key(QAbstractButton&, screen_object&);
     void fit_scale();
     void place_objects();
     QRect place_of(const screen_object&) const;

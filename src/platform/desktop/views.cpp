@@ -86,9 +86,12 @@ void text_button::paint_plate(QPainter& p)
     const bool own = fields_.BackColor != colour::ground;
     const int veil = !isEnabled() ? 0 : isDown() ? 44 : underMouse() ? 26 : 0;
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(Qt::NoPen);
+    const bool chosen = own && fields_.ForeColor == colour::white;   // told by more than a shade of white
+    const double inset = chosen ? 0.75 * scale : 0;
+    p.setPen(chosen ? QPen(shade(colour::white), 1.5 * scale) : QPen(Qt::NoPen));
     p.setBrush(own ? QBrush(back_shade(fields_.BackColor)) : Qt::NoBrush);
-    p.drawRoundedRect(rect(), 3 * scale, 3 * scale);
+    p.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 3 * scale, 3 * scale);
+    p.setPen(Qt::NoPen);
     p.setBrush(QColor(255, 255, 255, veil));
     p.drawRoundedRect(rect(), 3 * scale, 3 * scale);
 }

@@ -1,0 +1,193 @@
+// How the range author is laid out: the work above, from left to right in the order in which a position is
+// marked, and the whole range below. Twips.
+#include "platform/design.h"
+#include "ranges/author.h"
+#include "ranges/rauthor.h"
+
+namespace vorn {
+
+namespace {
+
+using S = rauthor_screen;
+
+constexpr double frames_top = 300, frames_height = 3960;
+
+constexpr const char* instructions =
+    "USE THE ARROWS TO MOVE THE CURSOR TO THE DESIRED TARGET LOCATION. CHOOSE A TARGET NUMBER CLICK ON "
+    "\"SAVE "
+    "TARGET\" TO SAVE THAT TARGET WHEN ALL TARGETS ARE CHOSEN CLICK ON \"SAVE RANGE\"";
+constexpr const char* marking =
+    "The corner of the cursor is the point that is marked. The target stands to the right of it and below.";
+constexpr const char* bare = "NO PICTURE\nChoose one by NEW RANGE or OPEN RANGE";
+
+void buttons(S& s)
+{
+    put_buttons(s.window, {120, 15, 2340, 360}, 2466,
+                {{s.cmdnew, "NEW RANGE", "NEW RANGE"},
+                 {s.Cmdopen, "OPEN RANGE", "OPEN RANGE"},
+                 {s.Cmdsave, "SAVE RANGE", "SAVERANGE"},
+                 {s.Cmdstart, "RETURN", "START"},
+                 {s.Cmdexit, "EXIT VORN", ""},
+                 {s.Command1, "HELP", ""}});
+    // This screen lies over another: closing its window leads back there and loses nothing.
+    s.window.exit_button = &s.Cmdstart;
+}
+
+// The picture starts where the middle of it is marked.
+void sight_window(S& s)
+{
+    constexpr double width = 43560, height = 7335;   // of the placeholder, as of a small range picture
+    add(s.window, s.Frame5, frame({90, frames_top, 3275, frames_height}, "Veiw Through Sight"), &s.Frame2);
+    add(s.window, s.Picture1, placed(object_kind::sight, {120, 330, 3035, 2560}), &s.Frame5);
+    caption(s, &s.Picture1,
+            label({120, 120, 2795, 720}, bare, colour::dim, text_size::normal, alignment::centre));
+    add(s.window, s.Imagerange, image({-width / 2, -height / 2, width, height}, ":country"), &s.Picture1);
+    add(s.window, s.Imgex, image({1200, 960, 480, 480}, ":cursor"), &s.Picture1);
+    caption(s, &s.Frame5, label({120, 2970, 3035, 900}, marking, colour::dim, text_size::small));
+}
+
+void arrows(S& s)
+{
+    constexpr double left = 120, top = 900, step = 465, side = 450;   // a cross of five by five places
+    const struct {
+        screen_object& button;
+        int column, row;
+        const char* drawing;
+        const char* name;
+    } cross[] = {
+        {s.Cmdbigup, 2, 0, ":arrow_up2", "Far up"},       {s.cmdup, 2, 1, ":arrow_up", "Up"},
+        {s.Cmdbigleft, 0, 2, ":arrow_left2", "Far left"}, {s.cmdleft, 1, 2, ":arrow_left", "Left"},
+        {s.cmdright, 3, 2, ":arrow_right", "Right"},      {s.Cmdbigright, 4, 2, ":arrow_right2", "Far right"},
+        {s.Cmddown, 2, 3, ":arrow_down", "Down"},         {s.Cmdbigdown, 2, 4, ":arrow_down2", "Far down"}};
+    for (const auto& a : cross) {
+        object_fields f = button({left + a.column * step, top + a.row * step, side, side}, "");
+        f.Picture.source = a.drawing;
+        f.AccessibleName = a.name;
+        add(s.window, a.button, std::move(f), &s.Frame3);
+    }
+}
+
+void target_selector(S& s)
+{
+    add(s.window, s.Frame3, frame({3485, frames_top, 3800, frames_height}, "Target Selector"), &s.Frame2);
+    arrows(s);
+    const char* natures[] = {"", "FIN / DST", "H E S H ", "COAX"};
+    for (int i = 1; i <= 3; ++i) {
+        const double top = 330 + (i - 1) * 1200;
+        caption(s, &s.Frame3,
+                label({2640, top, 1050, 240}, natures[i], colour::dim, text_size::small, alignment::centre));
+        object_fields f = image({2715, top + 240, 900, 900}, ":target");
+        if (i == 1) f.ToolTipText = "TARGET TYPE";
+        f.AccessibleName = std::string("Icon for ") + natures[i];
+        add(s.window, s.Imgtarget[i], std::move(f), &s.Frame3);
+    }
+}
+
+void number_buttons(S& s)
+{
+    caption(s, &s.Frame4, label({180, 1320, 3000, 270}, "TARGET PLACED", colour::dim));
+    for (int n = 1; n < positions; ++n) {
+        const std::string number = std::to_string(n);
+        const rectangle at{180 + 684.0 * ((n - 1) % 5), 1620.0 + 435 * ((n - 1) / 5), 624, 375};
+        object_fields f =
+            label(at, number, n == 1 ? colour::white : colour::text, text_size::normal, alignment::centre);
+        f.bold = n == 1;
+        f.BackColor = colour::darkred;
+        if (n == 1) f.ToolTipText = "TARGET NUMBER";
+        f.AccessibleName = "Target number " + number;
+        add(s.window, s.Lbltargetnum[n], std::move(f), &s.Frame4);
+    }
+}
+
+// A label that is clicked, with a plate that shows it.
+object_fields plate(rectangle at, const char* words, const char* tip)
+{
+    object_fields f = label(at, words, colour::text, text_size::normal, alignment::centre);
+    f.BackColor = colour::dim;
+    f.ToolTipText = tip;
+    return f;
+}
+
+void range_details(S& s)
+{
+    add(s.window, s.Frame4, frame({7405, frames_top, 3720, frames_height}, "Range Details"), &s.Frame2);
+    caption(s, &s.Frame4, label({180, 420, 750, 300}, "NAME", colour::dim));
+    object_fields name = textbox({960, 360, 2580, 420}, "");
+    name.ToolTipText = "RANGE NAME";
+    add(s.window, s.Textname, std::move(name), &s.Frame4);
+    caption(s, &s.Frame4, label({180, 900, 750, 300}, "TYPE", colour::dim));
+    object_fields type = bold(label({960, 900, 2580, 300}, "Visual", colour::live));
+    type.ToolTipText = "RANGE TYPE";
+    add(s.window, s.Lblrangetype, std::move(type), &s.Frame4);
+    number_buttons(s);
+    add(s.window, s.Lblsavetarget, plate({180, 3435, 1650, 420}, "SAVE TARGET", "SAVE TARGET"), &s.Frame4);
+    add(s.window, s.Lbltargetrange, plate({1890, 3435, 1650, 420}, "TARGET RANGE   ", "TARGET RANGE"),
+        &s.Frame4);
+}
+
+void range_info(S& s)
+{
+    add(s.window, s.Frame6, frame({11245, frames_top, 3785, frames_height}, "Range Info", "TARGET INFO"),
+        &s.Frame2);
+    const struct {
+        const char* words;
+        screen_object& value;
+        const char* first;
+        const char* tip;
+    } rows[] = {{"TARGET No=", s.Lbltarget, "1", "TARGET NUMBER"},
+                {"X COORD =", s.Lblx, "", "X CO-ORDINATE"},
+                {"Y COORD =", s.Lbly, "", "Y CO-ORDINATE"},
+                {"PIC WIDTH=", s.Lblwide, "", "PICTUR WIDTH"},
+                {"PIC HEIGTH=", s.Lblhigh, "", "PICTURE HEIGHT"},
+                {"TGT RANGE=", s.Lbltgtrange, "000", "TARGET RANGE"}};
+    double top = 420;
+    for (const auto& r : rows) {
+        object_fields words = label({180, top + 60, 1500, 300}, r.words, colour::dim);
+        words.ToolTipText = r.tip;
+        caption(s, &s.Frame6, std::move(words));
+        add(s.window, r.value, bold(label({1740, top, 1860, 420}, r.first, colour::live, text_size::large)),
+            &s.Frame6);
+        top += 570;
+    }
+}
+
+void overview(S& s)
+{
+    add(s.window, s.Frame1, frame({560, 5430, 14240, 5460}, "Veiw of Entire Range"));
+    const rectangle whole{overview_left, overview_top, overview_width, overview_height};
+    const area seen{whole.Left, whole.Top, whole.Width, whole.Height};
+    add(s.window, s.Image1, image(whole, ":country"), &s.Frame1);
+    for (int n = 1; n < positions; ++n) {
+        object_fields f = image({overview_left, overview_top, 360, 315}, ":marker" + std::to_string(n));
+        f.Within = seen;
+        add(s.window, s.Img[n], std::move(f), &s.Frame1);
+    }
+    object_fields pointer = image({0, 0, 240, 240}, ":here");
+    pointer.Within = seen;
+    add(s.window, s.Imgpoint, std::move(pointer), &s.Frame1);
+}
+
+}   // namespace
+
+void design_rauthor(rauthor_screen& s)
+{
+    s.window.name = "rauthor";
+    s.window.Caption = "V.O.R.N. RANGE EDITOR   (CHALLENGER 1)";
+    add(s.window, s.Frame2, frame({120, 450, 15120, 4920}, ""));
+    sight_window(s);
+    target_selector(s);
+    range_details(s);
+    range_info(s);
+    caption(s, &s.Frame2,
+            label({180, 4320, 14760, 540}, instructions, colour::text, text_size::normal, alignment::centre));
+    overview(s);
+    buttons(s);
+    add(s.window, s.Lblinfo,
+        label({120, 10950, 15120, 450}, "PLACE MOUSE OVER A CONTROL FOR DESCRIPTION OF ITS FUNCTION",
+              colour::highlight, text_size::normal, alignment::centre));
+    object_fields hint = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
+    hint.BackColor = colour::black;
+    add(s.window, s.lblhelp, hidden(std::move(hint)));
+}
+
+}   // namespace vorn

@@ -1,0 +1,185 @@
+#include "flow/intro.h"
+#include "platform/files.h"
+#include "ranges/author.h"
+#include "ranges/rangefile.h"
+#include "state/item_text.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr const char* range_filter = "Range Files (*.arf)|*.arf|";
+constexpr const char* picture_filter = "VRP/TRP thermal & visual picture files (*.vrp)|*.vrp|(*.trp)|*.trp|";
+constexpr const char* standby_picture = "range1.vrp";
+
+// A smaller picture would leave the sights of a practice without room to move, twips.
+constexpr double too_narrow = 20000;
+constexpr double high_enough = 6000;
+
+bool asked(trainer& t, const std::string& words, const std::string& title)
+{
+    return t.pc.message_box({words, title, box_buttons::yes_no, box_sign::question});
+}
+
+// The path as it was chosen, as long as the range file can hold it; a longer one from the folder of the
+// ranges on, which the practice finds as well.
+void keeppicturepath(trainer& t)
+{
+    const std::string& path = t.rauthor.authorfile;
+    auto& kept = t.shared.rangepicture;
+    kept = path;
+    if (kept.trimmed() == path) return;
+    const auto below = below_folder(t.pc, t.shared.rootpath, path);
+    if (below) kept = *below;
+    if (below && kept.trimmed() == *below) return;
+    t.pc.message_box({lines({"THE PATH OF THAT PICTURE IS TOO LONG FOR A RANGE FILE",
+                             "COPY THE PICTURE INTO THE FOLDER OF THE RANGES FIRST"}),
+                      "PICTURE FAULT"});
+}
+
+enum class taken { yes, no, unsuitable };
+
+// A picture that can't be loaded leaves the sight window without one.
+taken loadpicture(trainer& t)
+{
+    rauthor_screen& s = t.rauthor;
+    s.Imagerange.Visible = false;
+    loaded_picture loaded = t.pc.load_picture(s.authorfile);
+    if (!loaded.result) {
+        s.Lblinfo.Caption = "That picture could not be loaded. " + loaded.reason;
+        return taken::no;
+    }
+    keeppicturepath(t);
+    if (loaded.result->height < high_enough || loaded.result->width <= too_narrow) return taken::unsuitable;
+    putpicture(s, std::move(*loaded.result));
+    s.Imagerange.Visible = true;
+    return taken::yes;
+}
+
+// True when the user wants to choose another picture. The standby picture is tried once: when it is
+// unsuitable too, a second no is an end to it.
+bool takepicture(trainer& t)
+{
+    for (const bool standby : {false, true}) {
+        if (loadpicture(t) != taken::unsuitable) return false;
+        if (asked(t, lines({"THE DIMENSIONS OF THAT PICTURE ARE UNSUITABLE", "DO YOU WANT TO TRY ANOTHER ?"}),
+                  "PICTURE FAULT"))
+            return true;
+        if (!standby) t.rauthor.authorfile = standby_picture;
+    }
+    return false;
+}
+
+bool newrange(trainer& t)
+{
+    rauthor_screen& s = t.rauthor;
+    const auto name = t.pc.input_box("NEW RANGE", "ENTER NAME FOR RANGE (Max 20 letters)", "NO NAME");
+    if (!name) return false;
+    set_text(s.Textname, *name);
+    s.Lblrangetype.Caption = asked(t, "WILL THIS BE A THERMAL RANGE ?", "NEW RANGE") ? "THERMAL" : "VISUAL";
+    const auto chosen =
+        t.pc.choose_file({"OPEN PICTURE FOR RANGE", picture_filter, t.shared.rootpath, "", false});
+    if (!chosen) return false;
+    s.authorfile = *chosen;
+    return takepicture(t);
+}
+
+void cmdnew_click(trainer& t)
+{
+    while (newrange(t)) {
+    }
+}
+
+bool readhead(trainer& t, item_reader& items)
+{
+    rauthor_screen& s = t.rauthor;
+    if (!take_range_name(items, t.shared)) return false;
+    set_text(s.Textname, t.shared.rangename.trimmed());
+    if (!take_range_picture(items, t.shared)) return false;
+    loaded_picture loaded = t.pc.load_picture(t.shared.rangepicture.trimmed());
+    if (!loaded.result) return false;
+    putpicture(s, std::move(*loaded.result));
+    s.Imagerange.Visible = true;
+    proposerange(s);
+    if (!take_range_type(items, t.shared)) return false;
+    s.Lblrangetype.Caption = t.shared.rangetype;
+    return take_range_icons(items, t.shared);
+}
+
+// Everything is shown as it is read: a file that breaks off has shown what it had.
+bool readrange(trainer& t)
+{
+    rauthor_screen& s = t.rauthor;
+    const file_text file = read_file(t.pc, s.authorfile);
+    if (!file.text) return false;
+    item_reader items(*file.text);
+    if (!readhead(t, items)) return false;
+    for (std::size_t i = 0; i < positions; ++i) {
+        if (!take_range_entry(items, i, t.shared)) return false;
+        if (i == 0) continue;   // has neither number nor marker
+        const area at = overviewplace(s, t.shared.targetx[i], t.shared.targety[i]);
+        s.Img[i].Left = at.Left;
+        s.Img[i].Top = at.Top;
+        showplaced(s, i);
+    }
+    if (!loadicons(t)) return false;
+    t.shared.rangefile = s.authorfile;
+    return true;
+}
+
+void cmdopen_click(trainer& t)
+{
+    rauthor_screen& s = t.rauthor;
+    const auto chosen = t.pc.choose_file({"OPEN", range_filter, t.shared.rootpath, "", false});
+    if (!chosen) return;
+    s.authorfile = *chosen;
+    s.Lblinfo.Caption = readrange(t) ? "Range opened" : "That range could not be read to its end";
+}
+
+bool allplaced(const rauthor_screen& s)
+{
+    for (std::size_t i = 1; i < positions; ++i)
+        if (s.Lbltargetnum[i].BackColor == colour::darkred) return false;
+    return true;
+}
+
+void saverange(trainer& t)
+{
+    rauthor_screen& s = t.rauthor;
+    t.shared.rangename = s.Textname.Text;
+    t.shared.rangetype = s.Lblrangetype.Caption;
+    const std::string failed = write_range(t.pc, s.authorfile, t.shared);
+    s.Lblinfo.Caption = failed.empty() ? "Range saved" : "The range could not be saved. " + failed;
+}
+
+void cmdsave_click(trainer& t)
+{
+    rauthor_screen& s = t.rauthor;
+    if (s.Textname.Text.empty()) {
+        t.pc.message_box({"YOU MUST GIVE THE FILE A VALID NAME", ""});
+        return;
+    }
+    if (!allplaced(s)) {
+        t.pc.message_box({"NOT ALL TARGETS ARE ALLOCATED", ""});
+        return;
+    }
+    s.authorfile = left(s.Textname.Text, 6) + ".arf";
+    const auto chosen = t.pc.choose_file({"SAVE", range_filter, t.shared.rootpath, s.authorfile, true});
+    if (!chosen) return;
+    s.authorfile = *chosen;
+    saverange(t);
+}
+
+}   // namespace
+
+void make_rangedisk(trainer& t)
+{
+    rauthor_screen& s = t.rauthor;
+    s.cmdnew.Click = [&t] { cmdnew_click(t); };
+    s.Cmdopen.Click = [&t] { cmdopen_click(t); };
+    s.Cmdsave.Click = [&t] { cmdsave_click(t); };
+    s.Textname.Change = [&t] { t.shared.rangename = t.rauthor.Textname.Text; };
+}
+
+}   // namespace vorn

@@ -1,0 +1,72 @@
+#include "ranges/rauthor.h"
+
+#include "flow/hints.h"
+#include "flow/intro.h"
+#include "ranges/author.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+void rauthor_load(rauthor_screen& s)
+{
+    s.target = 1;
+    scaleoverview(s);
+    placeholderband(s);
+}
+
+// The icons on the screen are those that a save would name; one that is missing leaves its place as it is.
+void rauthor_arrival(trainer& t)
+{
+    showmiddle(t.rauthor);
+    loadicons(t);
+}
+
+void cmdstart_click(trainer& t)
+{
+    hide(t.pc, t.rauthor.window);
+    show(t.pc, t.startsim.window);
+}
+
+void make_rauthor_hints(rauthor_screen& s)
+{
+    const hint_panel panel{s.window,
+                           s.Lblinfo,
+                           s.lblhelp,
+                           s.Timhelp,
+                           s.hintticks,
+                           350,
+                           "Place cursor over a frame or button to see its function"};
+    make_hints(panel,
+               {{&s.Frame1, "Shows view of whole range and target placings"},
+                {&s.Frame2, "Shows the veiw through the sight, target grid locations and distance to target"},
+                {&s.Frame3, "Used to select location and picture of the chosen target"},
+                {&s.Frame4, "Gives name of the range selected and if a taget has been placed"},
+                {&s.Frame5, "Gives instructions on authoring a range"}},
+               {{&s.cmdnew, "Create new range"},
+                {&s.Cmdopen, "Open a range"},
+                {&s.Cmdsave, "Save current range"},
+                {&s.Cmdstart, "return to practice editor"},
+                {&s.Cmdexit, "Exit from VORN"},
+                {&s.Command1, "Open help file"}});
+}
+
+}   // namespace
+
+void make_rauthor(trainer& t)
+{
+    rauthor_screen& s = t.rauthor;
+    make_view(s);
+    make_targets(t);
+    make_rangedisk(t);
+    design_rauthor(s);
+    make_rauthor_hints(s);
+    s.window.load = [&s] { rauthor_load(s); };
+    s.window.arrival = [&t] { rauthor_arrival(t); };
+    s.Cmdstart.Click = [&t] { cmdstart_click(t); };
+    s.Cmdexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", "SIMULATOR"); };
+    s.Command1.Click = [&t] { openhelp(t); };
+}
+
+}   // namespace vorn

@@ -1,0 +1,112 @@
+#include <charconv>
+#include <string>
+
+#include "flow/intro.h"
+#include "ranges/author.h"
+#include "ranges/rangefile.h"
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr double marker_aside = 100;   // twips of a marker from the overview's cursor
+
+void lbltargetnum_click(rauthor_screen& s, std::size_t position)
+{
+    for (std::size_t i = 1; i < positions; ++i) {
+        s.Lbltargetnum[i].ForeColor = i == position ? colour::white : colour::text;
+        s.Lbltargetnum[i].bold = i == position;
+    }
+    s.target = position;
+    s.Lbltarget.Caption = std::to_string(position);
+}
+
+// A range that a position can hold; nothing where the text is none.
+std::optional<int16> range_of(const std::string& text)
+{
+    const std::size_t from = text.find_first_not_of(' ');
+    const std::string digits = from == std::string::npos ? "" : without_padding(text.substr(from));
+    int metres = -1;
+    const auto [end, failed] = std::from_chars(digits.data(), digits.data() + digits.size(), metres);
+    const bool whole = failed == std::errc() && end == digits.data() + digits.size();
+    constexpr int furthest = std::numeric_limits<std::int16_t>::max();
+    if (!whole || metres < 0 || metres > furthest) return std::nullopt;
+    return int16(metres);
+}
+
+void lblsavetarget_click(trainer& t)
+{
+    rauthor_screen& s = t.rauthor;
+    const std::size_t n = s.target;
+    s.Img[n].Left = s.Imgpoint.Left + marker_aside;
+    s.Img[n].Top = s.Imgpoint.Top + marker_aside;
+    showplaced(s, n);
+    t.shared.targetx[n] = static_cast<std::int32_t>(rounded(s.pointx));
+    t.shared.targety[n] = static_cast<std::int32_t>(rounded(s.pointy));
+    t.shared.targetrange[n] = range_of(s.Lbltgtrange.Caption).value_or(int16());
+}
+
+void lbltargetrange_click(trainer& t)
+{
+    screen_object& shown = t.rauthor.Lbltgtrange;
+    const auto typed = t.pc.input_box("ALTER RANGE", "ENTER NEW RANGE", shown.Caption);
+    if (!typed) return;
+    if (const auto metres = range_of(*typed)) {
+        shown.Caption = std::to_string(*metres);
+        return;
+    }
+    t.pc.message_box({"A RANGE IS A WHOLE NUMBER OF METRES BETWEEN 0 AND 32767", "ALTER RANGE"});
+}
+
+std::string& icontext(practice_state& p, std::size_t icon)
+{
+    return icon == 1 ? p.targeticon1 : icon == 2 ? p.targeticon2 : p.targeticon3;
+}
+
+bool loadicon(trainer& t, std::size_t icon, const std::string& path)
+{
+    loaded_picture loaded = t.pc.load_picture(path);
+    if (loaded.result) t.rauthor.Imgtarget[icon].Picture = std::move(*loaded.result);
+    return loaded.result.has_value();
+}
+
+void imgtarget_click(trainer& t, std::size_t icon)
+{
+    rauthor_screen& s = t.rauthor;
+    const auto chosen =
+        t.pc.choose_file({"OPEN TARGETS", "Target Files (*.ico)|*.ico|", t.shared.rootpath, "", false});
+    if (!chosen) return;
+    s.authorfile = *chosen;
+    if (!loadicon(t, icon, s.authorfile)) {
+        s.Lblinfo.Caption = "That icon could not be loaded";
+        return;
+    }
+    icontext(t.shared, icon) = stored_icon(t.pc, t.shared.rootpath, s.authorfile);
+}
+
+}   // namespace
+
+void showplaced(rauthor_screen& s, std::size_t position)
+{
+    s.Lbltargetnum[position].BackColor = colour::red;
+}
+
+bool loadicons(trainer& t)
+{
+    for (std::size_t i = 1; i <= 3; ++i)
+        if (!loadicon(t, i, icon_path(t.pc, t.shared.rootpath, icontext(t.shared, i)))) return false;
+    return true;
+}
+
+void make_targets(trainer& t)
+{
+    rauthor_screen& s = t.rauthor;
+    for (std::size_t i = 1; i < positions; ++i)
+        s.Lbltargetnum[i].Click = [&s, i] { lbltargetnum_click(s, i); };
+    for (std::size_t i = 1; i <= 3; ++i) s.Imgtarget[i].Click = [&t, i] { imgtarget_click(t, i); };
+    s.Lblsavetarget.Click = [&t] { lblsavetarget_click(t); };
+    s.Lbltargetrange.Click = [&t] { lbltargetrange_click(t); };
+}
+
+}   // namespace vorn

@@ -1,0 +1,156 @@
+#include <utility>
+
+#include "ranges/author.h"
+#include "ranges/rauthor.h"
+#include "state/numbers.h"
+
+namespace vorn {
+
+namespace {
+
+using S = rauthor_screen;
+
+constexpr double pointer = 240;   // side of the overview's cursor, whose lower right corner is the point
+constexpr int as_fast_as_it_goes = 1;
+
+// How close the picture may come to leaving the sight window, twips.
+constexpr double near_edge = -120;
+constexpr double window_width = 3000, window_height = 2500;
+constexpr double spare_below = 100, spare_right = 1;
+
+void showpoint(S& s)
+{
+    s.Lblx.Caption = number_text(s.pointx);
+    s.Lbly.Caption = number_text(s.pointy);
+    const area at = overviewplace(s, s.pointx, s.pointy);
+    s.Imgpoint.Left = at.Left;
+    s.Imgpoint.Top = at.Top;
+}
+
+void movex(S& s)
+{
+    s.Imagerange.Left += s.stepx;
+    s.pointx -= s.stepx;
+    showpoint(s);
+}
+
+void movey(S& s)
+{
+    s.Imagerange.Top += s.stepy;
+    s.pointy -= s.stepy;
+    showpoint(s);
+    proposerange(s);
+}
+
+void timex_tick(S& s)
+{
+    if (s.Imagerange.Left < near_edge) movex(s);
+}
+
+void timex1_tick(S& s)
+{
+    if (spare_right - s.Imagerange.Width + window_width < s.Imagerange.Left) movex(s);
+}
+
+void timey_tick(S& s)
+{
+    if (s.Imagerange.Top < near_edge) movey(s);
+}
+
+void timey1_tick(S& s)
+{
+    if (spare_below - s.Imagerange.Height + window_height < s.Imagerange.Top) movey(s);
+}
+
+// The ground of a range picture: from a third of the way down to three quarters.
+void findband(S& s)
+{
+    s.bandbottom = 3 * Int(s.Imagerange.Height / 4);
+    s.bandtop = Int(s.Imagerange.Height / 3);
+    s.bandheight = Int(s.bandbottom - s.bandtop);
+}
+
+}   // namespace
+
+area overviewplace(const rauthor_screen& s, double x, double y)
+{
+    return {Int(x / s.authorscalex - pointer + overview_left),
+            Int(y / s.authorscaley - pointer + overview_top), pointer, pointer};
+}
+
+void scaleoverview(rauthor_screen& s)
+{
+    s.authorscalex = static_cast<float>(s.Imagerange.Width / overview_width);
+    s.authorscaley = static_cast<float>(s.Imagerange.Height / overview_height);
+    s.Image1.Picture = s.Imagerange.Picture;
+}
+
+// As numbers of the overview, not of the picture: on the placeholder nothing is proposed.
+void placeholderband(rauthor_screen& s)
+{
+    const float height = static_cast<float>(s.Imagerange.Height);
+    s.bandbottom = 3 * Int(height / s.authorscaley);
+    s.bandtop = Int(height / (3 * s.authorscaley / 4));
+    s.bandheight = Int(s.bandbottom - s.bandtop);
+}
+
+void showmiddle(rauthor_screen& s)
+{
+    s.Lblwide.Caption = number_text(s.Imagerange.Width);
+    s.Lblhigh.Caption = number_text(s.Imagerange.Height);
+    s.pointx = s.Imagerange.Width / 2 + mark_right;
+    s.pointy = s.Imagerange.Height / 2 + mark_down;
+    showpoint(s);
+}
+
+void putpicture(rauthor_screen& s, picture p)
+{
+    s.Imagerange.Picture = std::move(p);
+    s.Imagerange.Width = s.Imagerange.Picture.width;
+    s.Imagerange.Height = s.Imagerange.Picture.height;
+    s.Imagerange.Left = -s.Imagerange.Width / 2;
+    s.Imagerange.Top = -s.Imagerange.Height / 2;
+    scaleoverview(s);
+    findband(s);
+    showmiddle(s);
+}
+
+void proposerange(rauthor_screen& s)
+{
+    constexpr int steps = 40;         // in the band
+    constexpr double beyond = 50;     // steps from the bottom of the band to where the count begins
+    constexpr double nearest = 500;   // metres at that place
+    if (s.pointy <= s.bandtop || s.pointy >= s.bandbottom) return;
+    const double step = Int(s.bandheight / steps);
+    if (step < 1) return;   // a picture of a few lines, from a range file, has no ground to speak of
+    const double m = beyond - Int((s.pointy - s.bandtop) / step);
+    s.Lbltgtrange.Caption = number_text(m * m + nearest);
+}
+
+void make_view(rauthor_screen& s)
+{
+    const struct {
+        screen_object& button;
+        int S::*step;
+        int twips;
+        timer S::*clock;
+    } arrows[] = {{s.Cmdbigleft, &S::stepx, 400, &S::Timex}, {s.cmdleft, &S::stepx, 100, &S::Timex},
+                  {s.cmdright, &S::stepx, -100, &S::Timex1}, {s.Cmdbigright, &S::stepx, -400, &S::Timex1},
+                  {s.Cmdbigup, &S::stepy, 400, &S::Timey},   {s.cmdup, &S::stepy, 100, &S::Timey},
+                  {s.Cmddown, &S::stepy, -100, &S::Timey1},  {s.Cmdbigdown, &S::stepy, -400, &S::Timey1}};
+    for (const auto& a : arrows) {
+        a.button.MouseDown = [&s, step = a.step, twips = a.twips, clock = a.clock] {
+            s.*step = twips;
+            start(s.*clock);
+        };
+        a.button.MouseUp = [&s, clock = a.clock] { stop(s.*clock); };
+    }
+    const struct {
+        timer& clock;
+        void (*tick)(S&);
+    } moves[] = {
+        {s.Timex, timex_tick}, {s.Timex1, timex1_tick}, {s.Timey, timey_tick}, {s.Timey1, timey1_tick}};
+    for (const auto& m : moves) add(s.window, m.clock, as_fast_as_it_goes, [&s, tick = m.tick] { tick(s); });
+}
+
+}   // namespace vorn

@@ -1,0 +1,150 @@
+// The range author on the real widgets: a range made by mouse, keyboard and dialogs.
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include "desk.h"
+#include "flow/intro.h"
+#include "ranges/rangefile.h"
+#include "trainer.h"
+
+namespace vorn::testing_desk {
+
+class author : public desk {
+protected:
+    author()
+    {
+        pc.default_directory = VORN_SOURCE_DIR "/data";
+        when_box<QMessageBox>([](QMessageBox& box) { box.accept(); });
+        pc.run([this] { start_program(t); });
+        click(t.intro.lblstart);
+        answer_yes();
+        click(t.startsim.cmdeditrange);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&w()));
+    }
+    form_window& w() { return *pc.window(s.window); }
+    void answer_yes()
+    {
+        when_box<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
+    }
+    void choose(const std::string& file)
+    {
+        when_box<QFileDialog>([file](QFileDialog& d) {
+            d.selectFile(QString::fromStdString(file));
+            static_cast<QDialog&>(d).accept();
+        });
+    }
+    void new_range(const std::string& picture)
+    {
+        when_box<QInputDialog>([this, picture](QInputDialog& box) {
+            box.setTextValue("WET MOOR");
+            when_box<QMessageBox>([this, picture](QMessageBox& question) {
+                choose(picture);
+                question.button(QMessageBox::No)->click();
+            });
+            box.accept();
+        });
+        click(s.cmdnew);
+    }
+    void hold(const screen_object& arrow, int milliseconds)
+    {
+        QTest::mousePress(w().widget(arrow), Qt::LeftButton);
+        QTest::qWait(milliseconds);
+        QTest::mouseRelease(w().widget(arrow), Qt::LeftButton);
+    }
+    void save_pictures(const char* name)
+    {
+        for (const int scale : {1, 2}) {
+            w().resize(1024 * scale, 768 * scale);
+            settle();
+            w().grab().save(QString("author_%1_%2x.png").arg(name).arg(scale));
+        }
+        w().resize(1024, 768);
+        settle();
+    }
+
+    trainer t{pc};
+    rauthor_screen& s = t.rauthor;
+    practice_state& p = t.shared;
+    QTemporaryDir folder;
+};
+
+TEST_F(author, makes_a_range_by_mouse_and_keyboard)
+{
+    save_pictures("empty");
+    new_range(VORN_SOURCE_DIR "/data/ranges/visualrange.vrp");
+    EXPECT_EQ(widget<QLineEdit>(s.Textname).text(), "WET MOOR");
+    EXPECT_EQ(s.Lblrangetype.Caption, "VISUAL");
+    EXPECT_GT(s.Imagerange.Width, 20000);
+    const double before = s.pointx;
+    for (int n = 1; n <= 20; ++n) {
+        hold(n % 3 == 0 ? s.Cmdbigright : n % 3 == 1 ? s.Cmddown : s.cmdleft, 40);
+        click(s.Lbltargetnum[n]);
+        click(s.Lblsavetarget);
+    }
+    EXPECT_NE(s.pointx, before);
+    save_pictures("placed");
+    const std::string file = folder.filePath("wetmoor.arf").toStdString();
+    choose(file);
+    click(s.Cmdsave);
+    practice_state read;
+    ASSERT_EQ(read_range(pc, file, all_entries, read), "");
+    EXPECT_EQ(read.targetx, p.targetx);
+    EXPECT_EQ(read.rangename.trimmed(), "WET MOOR");
+}
+
+TEST_F(author, moves_while_the_space_bar_is_held_and_no_longer)
+{
+    w().widget(s.cmdright)->setFocus();
+    QTest::keyPress(w().windowHandle(), Qt::Key_Space);
+    QTest::qWait(60);
+    EXPECT_TRUE(s.Timex1.Enabled);
+    QTest::keyRelease(w().windowHandle(), Qt::Key_Space);
+    EXPECT_FALSE(s.Timex1.Enabled);
+    EXPECT_LT(s.Imagerange.Left, -21780);
+    QTest::keyPress(w().windowHandle(), Qt::Key_Space);
+    w().widget(s.Textname)->setFocus();
+    EXPECT_FALSE(s.Timex1.Enabled) << "the button has lost the keyboard";
+    QTest::keyRelease(w().windowHandle(), Qt::Key_Space);
+}
+
+// One after another, broken, tiny and far too large ones: the screen answers and goes on.
+TEST_F(author, pictures_that_are_no_use_leave_the_window_bare)
+{
+    const QString file = folder.filePath("own.vrp");
+    const auto put = [&](const QByteArray& bytes) {
+        QFile f(file);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(bytes);
+    };
+    QFile whole(VORN_SOURCE_DIR "/data/ranges/visualrange.vrp");
+    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+    const QByteArray jpeg = whole.readAll();
+    QByteArray huge = jpeg.left(4000);   // its head says 60000 x 60000
+    const auto size = huge.indexOf(QByteArray("\x08\x49\x10\xc7", 4));
+    ASSERT_GT(size, 0);
+    huge.replace(size, 4, QByteArray("\xea\x60\xea\x60", 4));
+    for (const QByteArray& bytes : {QByteArray(), QByteArray("GIF89a"), huge, jpeg.left(300)}) {
+        put(bytes);
+        new_range(file.toStdString());
+        EXPECT_FALSE(s.Imagerange.Visible) << bytes.size();
+    }
+    save_pictures("bare");
+    put(jpeg);
+    new_range(file.toStdString());
+    EXPECT_TRUE(s.Imagerange.Visible);
+}
+
+TEST_F(author, no_text_is_cut_at_any_size)
+{
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        w().resize(static_cast<int>(1024 * scale), static_cast<int>(768 * scale));
+        settle();
+        expect_labels_whole(w(), scale);
+    }
+}
+
+}   // namespace vorn::testing_desk

@@ -1,0 +1,362 @@
+// Making ranges: an instructor works the range author and fires on what he has saved.
+#include <gtest/gtest.h>
+
+#include "drill.h"
+#include "platform/files.h"
+#include "state/item_text.h"
+
+namespace vorn {
+namespace {
+
+constexpr double tick = timer_floor;
+
+struct author : testing::Test {
+    drill d{sight_kind::visual};
+    headless_machine& pc = d.pc;
+    rauthor_screen& s = d.t.rauthor;
+    practice_state& p = d.t.shared;
+
+    author()
+    {
+        d.data.put("moor.vrp", picture_head(2904, 489));   // 43560 x 7335 twips
+        pc.answers = {{true}};
+        pc.click(d.t.startsim.cmdeditrange);
+    }
+    std::string path(const std::string& name) const { return d.data.ranges() + "/" + name; }
+    void new_range(const std::string& name, bool thermal, const std::string& picture)
+    {
+        pc.inputs = {name};
+        pc.answers = {{thermal}};
+        pc.files = {path(picture)};
+        pc.click(s.cmdnew);
+    }
+    void open(const std::string& name)
+    {
+        pc.files = {path(name)};
+        pc.click(s.Cmdopen);
+    }
+    // Holds an arrow for so many ticks of its timer.
+    void move(screen_object& arrow, int ticks)
+    {
+        pc.press(arrow);
+        pc.wait(tick * (ticks + 0.5));
+        pc.release(arrow);
+    }
+    void enter_range(const std::string& metres)
+    {
+        pc.inputs = {metres};
+        pc.click(s.Lbltargetrange);
+    }
+    void place(int position)
+    {
+        pc.click(s.Lbltargetnum[position]);
+        pc.click(s.Lblsavetarget);
+    }
+    void save(const std::string& name)
+    {
+        pc.files = {path(name)};
+        pc.click(s.Cmdsave);
+    }
+};
+
+TEST_F(author, makes_a_range_from_nothing_saves_it_and_fires_on_it)
+{
+    EXPECT_EQ(front(pc), &s.window);
+    EXPECT_EQ(d.t.startsim.window.state, form_state::shown) << "beneath";
+    EXPECT_FALSE(d.t.startsim.Frmmode.Enabled);
+    new_range("WET MOOR", false, "moor.vrp");
+    EXPECT_EQ(s.Lblrangetype.Caption, "VISUAL");
+    for (int n = 1; n <= 20; ++n) {
+        move(n % 2 == 0 ? s.cmdright : s.cmdleft, n);
+        if (n == 3) move(s.cmdup, 4);
+        enter_range(std::to_string(700 + 50 * n));
+        EXPECT_EQ(s.Lbltargetnum[n].BackColor, colour::darkred) << n;
+        place(n);
+        EXPECT_EQ(s.Lbltargetnum[n].BackColor, colour::red) << n;
+    }
+    save("moor.arf");
+    EXPECT_EQ(pc.dialogs.back().proposed, "WET MO.arf");
+    EXPECT_EQ(p.rangefile, path("moor.arf"));
+    const practice_state saved = p;
+
+    pc.click(s.Cmdstart);
+    EXPECT_EQ(front(pc), &d.t.startsim.window);
+    EXPECT_EQ(d.t.startsim.Lblrangename.Caption, "WET MOOR            ");
+    d.present(6);
+    EXPECT_EQ(p.recx[1], saved.targetx[6]);
+    EXPECT_EQ(p.recy[1], saved.targety[6]);
+    EXPECT_EQ(p.recrange[1], 1000);
+    EXPECT_EQ(p.resultrange, "WET MOOR            ");
+
+    practice_state read;
+    ASSERT_EQ(read_range(pc, path("moor.arf"), all_entries, read), "");
+    EXPECT_EQ(range_file_bytes(read), range_file_bytes(saved));
+    EXPECT_EQ(read.targetrange[20], 1700);
+}
+
+TEST_F(author, moves_the_view_while_an_arrow_is_held)
+{
+    new_range("MOOR", false, "moor.vrp");
+    EXPECT_EQ(s.Lblx.Caption, "23460");   // the middle, and the mark's place in the window
+    EXPECT_EQ(s.Lbly.Caption, "5107.5");
+    move(s.cmdleft, 3);
+    EXPECT_EQ(s.Imagerange.Left, -43560 / 2.0 + 300);
+    EXPECT_EQ(s.Lblx.Caption, "23160");
+    pc.wait(1);
+    EXPECT_EQ(s.Lblx.Caption, "23160") << "it stops when let go";
+    move(s.Cmdbigright, 2);
+    move(s.Cmdbigup, 1);
+    EXPECT_EQ(s.Lblx.Caption, "23960");
+    EXPECT_EQ(s.Lbly.Caption, "4707.5");
+    // 7335 high: the band from 2445 to 5499 in steps of 76, and 4707.5 is in the 29th.
+    EXPECT_EQ(s.Lbltgtrange.Caption, "941");
+    EXPECT_EQ(s.Imgpoint.Left, std::floor(23960 / (43560 / 14000.0) - 120));
+    EXPECT_EQ(s.Imgpoint.Top, std::floor(4707.5 / (7335 / 5000.0) + 120));
+    const struct {
+        screen_object& arrow;
+        double rauthor_screen::*point;
+        double from, to;   // where the point comes to rest
+    } limits[] = {{s.Cmdbigleft, &rauthor_screen::pointx, 1400, 1800},
+                  {s.Cmdbigright, &rauthor_screen::pointx, 43560 - 1321, 43560 - 920},
+                  {s.Cmdbigup, &rauthor_screen::pointy, 1160, 1560},
+                  {s.Cmdbigdown, &rauthor_screen::pointy, 7335 - 1160, 7335 - 760}};
+    for (const auto& l : limits) {
+        move(l.arrow, 200);
+        EXPECT_GE(s.*l.point, l.from) << l.arrow.AccessibleName;
+        EXPECT_LE(s.*l.point, l.to) << l.arrow.AccessibleName;
+    }
+}
+
+TEST_F(author, proposes_ranges_within_the_ground_alone)
+{
+    practice_state r = plain_range(sight_kind::visual);
+    r.rangepicture = "moor.vrp";
+    d.data.put_range("own.arf", r);
+    open("own.arf");
+    EXPECT_EQ(s.Lbltgtrange.Caption, "725") << "the middle, when a range is opened";
+    move(s.Cmdbigdown, 1);
+    EXPECT_EQ(s.Lbly.Caption, "5507.5");
+    EXPECT_EQ(s.Lbltgtrange.Caption, "725") << "below the ground nothing is proposed";
+    enter_range("950");
+    move(s.cmdright, 2);
+    EXPECT_EQ(s.Lbltgtrange.Caption, "950") << "a move across leaves it";
+    place(4);
+    EXPECT_EQ(p.targetrange[4], 950);
+    move(s.cmdup, 1);
+    EXPECT_EQ(s.Lbltgtrange.Caption, "644");
+    move(s.cmdup, 40);
+    EXPECT_EQ(s.Lbltgtrange.Caption, "3000") << "the last inside the ground stands over the sky";
+}
+
+TEST_F(author, takes_a_typed_range_only_where_a_position_can_hold_it)
+{
+    enter_range("1400");
+    for (const char* wrong :
+         {"", "  ", "far", "-1", "32768", "99999999999", "12.5", "12 34", "1e3", "0x10"}) {
+        pc.boxes.clear();
+        enter_range(wrong);
+        ASSERT_EQ(pc.boxes.size(), 1U) << wrong;
+        EXPECT_EQ(s.Lbltgtrange.Caption, "1400") << wrong;
+    }
+    pc.boxes.clear();
+    pc.click(s.Lbltargetrange);   // cancelled
+    enter_range("0");
+    EXPECT_EQ(s.Lbltgtrange.Caption, "0");
+    enter_range(" 32767 ");
+    EXPECT_EQ(s.Lbltgtrange.Caption, "32767");
+    EXPECT_TRUE(pc.boxes.empty());
+}
+
+TEST_F(author, refuses_pictures_that_leave_no_room)
+{
+    const struct {
+        unsigned width, height;
+        bool taken;
+    } sizes[] = {
+        {1334, 400, true}, {1333, 400, false}, {1334, 399, false}, {1, 1, false}, {60000, 3000, true}};
+    for (const auto& z : sizes) {
+        d.data.put("own.vrp", picture_head(z.width, z.height));
+        pc.boxes.clear();
+        new_range("OWN", true, "own.vrp");
+        EXPECT_EQ(s.Imagerange.Visible, z.taken) << z.width << " x " << z.height;
+        EXPECT_EQ(pc.boxes.back().title, z.taken ? "NEW RANGE" : "PICTURE FAULT");
+    }
+    EXPECT_EQ(s.Lblrangetype.Caption, "THERMAL");
+
+    d.data.put("tiny.vrp", picture_head(10, 10));
+    d.data.put("range1.vrp", picture_head(2000, 500));
+    new_range("OWN", false, "tiny.vrp");   // another? no: the standby picture
+    EXPECT_TRUE(s.Imagerange.Visible);
+    EXPECT_EQ(s.Lblwide.Caption, "30000");
+    EXPECT_EQ(p.rangepicture.trimmed(), "range1.vrp");
+
+    d.data.put("range1.vrp", picture_head(20, 5));
+    pc.inputs = {"A", "B", "C"};
+    pc.answers = {{false}, {true}, {false}, {true}, {false}, {false}, {false}};
+    pc.files = {path("tiny.vrp"), path("tiny.vrp"), path("tiny.vrp")};
+    pc.boxes.clear();
+    pc.click(s.cmdnew);   // again, again, then no, and no to the standby picture as well
+    EXPECT_EQ(s.Textname.Text, "C");
+    EXPECT_EQ(pc.boxes.size(), 7U);
+    EXPECT_FALSE(s.Imagerange.Visible);
+}
+
+TEST_F(author, gives_up_in_order_when_a_new_range_is_cancelled_or_its_picture_is_none)
+{
+    new_range("FIRST", true, "moor.vrp");
+    pc.click(s.cmdnew);
+    EXPECT_EQ(s.Textname.Text, "FIRST") << "cancelled at the name: nothing has changed";
+    pc.inputs = {"A NAME OF MORE THAN TWENTY LETTERS"};
+    pc.answers = {{false}};
+    pc.click(s.cmdnew);   // cancelled at the picture: name and type stay
+    EXPECT_EQ(s.Textname.Text, "A NAME OF MORE THAN TWENTY LETTERS");
+    EXPECT_EQ(p.rangename.text(), "A NAME OF MORE THAN ");
+    EXPECT_EQ(s.Lblrangetype.Caption, "VISUAL");
+    EXPECT_TRUE(s.Imagerange.Visible);
+    EXPECT_EQ(p.rangepicture.trimmed(), path("moor.vrp"));
+    d.data.put("text.vrp", "no picture at all");
+    pc.boxes.clear();
+    for (const char* wrong : {"text.vrp", "missing.vrp", "wavs"}) {
+        new_range("OWN", false, wrong);
+        EXPECT_FALSE(s.Imagerange.Visible) << wrong;
+        EXPECT_EQ(pc.boxes.size(), 1U) << "the question alone";
+        EXPECT_NE(s.Lblinfo.Caption.find("could not be loaded"), std::string::npos);
+        pc.boxes.clear();
+    }
+    EXPECT_EQ(p.rangepicture.trimmed(), path("moor.vrp"));
+    new_range("OWN", false, "moor.vrp");
+    EXPECT_TRUE(s.Imagerange.Visible);
+}
+
+TEST_F(author, a_path_too_long_for_the_file_is_shortened_within_the_ranges_and_told_of_elsewhere)
+{
+    const std::string folder = "a folder whose name is very long indeed, so long that no file can hold it";
+    std::filesystem::create_directories(path(folder));
+    std::filesystem::create_directories(path("below"));
+    d.data.put("below/" + std::string(40, 'm') + ".vrp", picture_head(2904, 489));
+    d.data.put(folder + "/moor.vrp", picture_head(2904, 489));
+    pc.boxes.clear();
+    new_range("OWN", false, "below/" + std::string(40, 'm') + ".vrp");
+    EXPECT_EQ(p.rangepicture.trimmed(), "below/" + std::string(40, 'm') + ".vrp");
+    EXPECT_EQ(pc.boxes.size(), 1U);
+    new_range("OWN", false, folder + "/moor.vrp");
+    EXPECT_NE(pc.boxes.back().text.find("TOO LONG"), std::string::npos);
+}
+
+TEST_F(author, saves_only_a_named_range_with_all_positions_placed)
+{
+    new_range("", false, "moor.vrp");
+    pc.click(s.Cmdsave);
+    EXPECT_EQ(pc.boxes.back().text, "YOU MUST GIVE THE FILE A VALID NAME");
+    pc.type(s.Textname, "A \"B\"");
+    for (int n = 1; n <= 19; ++n) place(n);
+    pc.click(s.Cmdsave);
+    EXPECT_EQ(pc.boxes.back().text, "NOT ALL TARGETS ARE ALLOCATED");
+    EXPECT_EQ(d.data.get("own.arf"), "");
+    place(20);
+    pc.click(s.Cmdsave);   // cancelled
+    EXPECT_NE(p.rangefile, path("own.arf"));
+    save("no such folder/own.arf");
+    EXPECT_NE(s.Lblinfo.Caption.find("could not be saved"), std::string::npos);
+    save("own.arf");
+    EXPECT_EQ(d.data.get("own.arf").substr(0, 24), "\"A 'B'               \"\r\n");
+    EXPECT_EQ(pc.dialogs.back().proposed, "A \"B\".arf");
+}
+
+TEST_F(author, opens_a_range_and_shows_every_position)
+{
+    practice_state r = plain_range(sight_kind::thermal);
+    r.rangepicture = "moor.vrp";
+    r.targetx[7] = 31114;
+    r.targety[7] = 3000;
+    d.data.put_range("own.arf", r);
+    open("own.arf");
+    EXPECT_EQ(s.Textname.Text, "PLAIN THERMAL");
+    EXPECT_EQ(s.Lblrangetype.Caption, "THERMAL");
+    EXPECT_EQ(s.Imgtarget[3].Picture.width, 480);
+    EXPECT_EQ(s.Img[7].Left, 9879);
+    EXPECT_EQ(s.Img[7].Top, 2164);
+    EXPECT_EQ(s.Lbltargetnum[20].BackColor, colour::red);
+    EXPECT_EQ(p.rangefile, path("own.arf"));
+    save("copy.arf");
+    EXPECT_EQ(d.data.get("copy.arf"), range_file_bytes(r));
+}
+
+// What was read before the failure is shown, and the range of the practice is another still.
+TEST_F(author, a_range_that_breaks_off_is_shown_as_far_as_it_goes)
+{
+    practice_state r = plain_range(sight_kind::visual);
+    r.rangepicture = "moor.vrp";
+    const std::string whole = range_file_bytes(r);
+    const std::string before = p.rangefile;
+    std::string four_entries = whole;
+    std::size_t end = 0;
+    for (int line = 0; line < 6 + 4 * 3; ++line) end = whole.find('\n', end) + 1;
+    d.data.put("own.arf", whole.substr(0, end));
+    open("own.arf");
+    EXPECT_EQ(s.Textname.Text, "PLAIN");
+    EXPECT_EQ(s.Lbltargetnum[3].BackColor, colour::red);
+    EXPECT_EQ(s.Lbltargetnum[4].BackColor, colour::darkred);
+    r.rangename = "PICTURELESS";
+    r.rangepicture = "none.vrp";
+    d.data.put_range("own.arf", r);
+    open("own.arf");
+    EXPECT_EQ(s.Textname.Text, "PICTURELESS");
+    r.rangepicture = "moor.vrp";
+    r.targeticon2 = "";
+    d.data.put_range("own.arf", r);
+    open("own.arf");
+    EXPECT_EQ(p.rangefile, before);
+    d.data.put("thin.vrp", picture_head(9, 2));   // no ground to divide
+    r.rangepicture = "thin.vrp";
+    r.targetx[1] = 2147483647;
+    d.data.put_range("own.arf", r);
+    open("own.arf");
+    move(s.Cmdbigup, 3);
+    move(s.Cmdbigdown, 3);
+    EXPECT_EQ(s.Lblwide.Caption, "135");
+}
+
+TEST_F(author, changes_icons_and_keeps_those_that_load)
+{
+    d.data.put("target icons/own.ico", picture_head(64, 64));
+    pc.files = {path("target icons/own.ico")};
+    pc.click(s.Imgtarget[2]);
+    EXPECT_EQ(pc.dialogs.back().title, "OPEN TARGETS");
+    EXPECT_EQ(s.Imgtarget[2].Picture.width, 960);
+    EXPECT_EQ(icon_path(pc, p.rootpath, p.targeticon2), path("target icons/own.ico"));
+    const std::string kept = p.targeticon2;
+    pc.files = {path("visualrange.arf")};
+    pc.click(s.Imgtarget[2]);
+    EXPECT_EQ(p.targeticon2, kept);
+    EXPECT_EQ(s.Imgtarget[2].Picture.width, 960);
+}
+
+TEST_F(author, comes_up_over_the_set_up_and_keeps_its_work)
+{
+    new_range("OWN", false, "moor.vrp");
+    move(s.cmdleft, 5);
+    place(3);
+    const double left = s.Imagerange.Left;
+    pc.close_window(s.window);   // leads back, and ends nothing
+    EXPECT_FALSE(pc.ended);
+    EXPECT_EQ(front(pc), &d.t.startsim.window);
+    pc.click(d.t.startsim.cmdeditrange);   // answered no
+    EXPECT_EQ(front(pc), &d.t.startsim.window);
+    pc.answers = {{true}};
+    pc.click(d.t.startsim.cmdeditrange);
+    EXPECT_EQ(s.Imagerange.Left, left);
+    EXPECT_EQ(s.Lblx.Caption, "23460") << "each showing points at the middle";
+    EXPECT_EQ(s.Lbltargetnum[3].BackColor, colour::red);
+    pc.event(s.Frame6.parent->MouseMove);
+    EXPECT_EQ(s.Lblinfo.Caption,
+              "Shows the veiw through the sight, target grid locations and distance to target");
+    pc.click(s.Command1);
+    EXPECT_EQ(pc.of_kind("help").size(), 1U);
+    pc.answers = {{true}};
+    pc.click(s.Cmdexit);
+    EXPECT_TRUE(pc.ended);
+}
+
+}   // namespace
+}   // namespace vorn
