@@ -31,6 +31,8 @@ struct file_dialog {
     std::string folder;     // where it starts
     std::string proposed;   // file name offered when saving
     bool save = false;
+    std::string
+        suffix;   // saving: for a name without one; a file of that name is replaced only when confirmed
 };
 
 struct loaded_picture {

@@ -23,6 +23,8 @@ void make_view(rauthor_screen&);
 void scaleoverview(rauthor_screen&);
 // The band for the picture that is built into the screen.
 void placeholderband(rauthor_screen&);
+// Hangs a loaded picture behind the sight window as it is.
+void hangpicture(rauthor_screen&, picture);
 // Puts a loaded picture behind the sight window and looks at its middle.
 void putpicture(rauthor_screen&, picture);
 // The size of the picture and the middle of it as the point being marked.

@@ -76,6 +76,8 @@ void target_selector(S& s)
         const double top = 330 + (i - 1) * 1200;
         caption(s, &s.Frame3,
                 label({2640, top, 1050, 240}, natures[i], colour::dim, text_size::small, alignment::centre));
+        caption(s, &s.Frame3,
+                shape({2700, top + 225, 930, 930}, shape_kind::rectangle, colour::dim, colour::black));
         object_fields f = image({2715, top + 240, 900, 900}, ":target");
         if (i == 1) f.ToolTipText = "TARGET TYPE";
         f.AccessibleName = std::string("Icon for ") + natures[i];
@@ -154,6 +156,9 @@ void range_info(S& s)
 void overview(S& s)
 {
     add(s.window, s.Frame1, frame({560, 5430, 14240, 5460}, "Veiw of Entire Range"));
+    object_fields outcome =
+        label({2700, 60, 11400, 270}, "", colour::live, text_size::small, alignment::right);
+    add(s.window, s.outcome, std::move(outcome), &s.Frame1);
     const rectangle whole{overview_left, overview_top, overview_width, overview_height};
     const area seen{whole.Left, whole.Top, whole.Width, whole.Height};
     add(s.window, s.Image1, image(whole, ":country"), &s.Frame1);

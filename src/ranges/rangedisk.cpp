@@ -23,19 +23,20 @@ bool asked(trainer& t, const std::string& words, const std::string& title)
 }
 
 // The path as it was chosen, as long as the range file can hold it; a longer one from the folder of the
-// ranges on, which the practice finds as well.
-void keeppicturepath(trainer& t)
+// ranges on, which the practice finds as well. False where the file can hold neither.
+bool keeppicturepath(trainer& t)
 {
     const std::string& path = t.rauthor.authorfile;
     auto& kept = t.shared.rangepicture;
     kept = path;
-    if (kept.trimmed() == path) return;
-    const auto below = below_folder(t.pc, t.shared.rootpath, path);
-    if (below) kept = *below;
-    if (below && kept.trimmed() == *below) return;
-    t.pc.message_box({lines({"THE PATH OF THAT PICTURE IS TOO LONG FOR A RANGE FILE",
-                             "COPY THE PICTURE INTO THE FOLDER OF THE RANGES FIRST"}),
-                      "PICTURE FAULT"});
+    bool whole = kept.trimmed() == path;
+    const auto below = whole ? std::nullopt : below_folder(t.pc, t.shared.rootpath, path);
+    if (below) {
+        kept = *below;
+        whole = kept.trimmed() == *below;
+    }
+    t.rauthor.authorpicture = kept.text();
+    return whole;
 }
 
 enum class taken { yes, no, unsuitable };
@@ -47,13 +48,21 @@ taken loadpicture(trainer& t)
     s.Imagerange.Visible = false;
     loaded_picture loaded = t.pc.load_picture(s.authorfile);
     if (!loaded.result) {
-        s.Lblinfo.Caption = "That picture could not be loaded. " + loaded.reason;
+        s.outcome.Caption = s.authorfile + " could not be loaded. " + loaded.reason;
         return taken::no;
     }
-    keeppicturepath(t);
-    if (loaded.result->height < high_enough || loaded.result->width <= too_narrow) return taken::unsuitable;
+    const bool held = keeppicturepath(t);
+    if (loaded.result->height < high_enough || loaded.result->width <= too_narrow) {
+        hangpicture(s, std::move(*loaded.result));
+        return taken::unsuitable;
+    }
     putpicture(s, std::move(*loaded.result));
     s.Imagerange.Visible = true;
+    s.outcome.Caption.clear();
+    if (!held)
+        t.pc.message_box({lines({"THE PATH OF THAT PICTURE IS TOO LONG FOR A RANGE FILE",
+                                 "COPY THE PICTURE INTO THE FOLDER OF THE RANGES FIRST"}),
+                          "PICTURE FAULT"});
     return taken::yes;
 }
 
@@ -91,41 +100,47 @@ void cmdnew_click(trainer& t)
     }
 }
 
-bool readhead(trainer& t, item_reader& items)
+constexpr const char* breaks_off = "It breaks off.";
+
+// Both give the reason when the read fails, empty when it doesn't.
+std::string readhead(trainer& t, item_reader& items)
 {
     rauthor_screen& s = t.rauthor;
-    if (!take_range_name(items, t.shared)) return false;
+    if (!take_range_name(items, t.shared)) return breaks_off;
     set_text(s.Textname, t.shared.rangename.trimmed());
-    if (!take_range_picture(items, t.shared)) return false;
-    loaded_picture loaded = t.pc.load_picture(t.shared.rangepicture.trimmed());
-    if (!loaded.result) return false;
+    if (!take_range_picture(items, t.shared)) return breaks_off;
+    s.authorpicture = t.shared.rangepicture.text();
+    const std::string file = t.shared.rangepicture.trimmed();
+    loaded_picture loaded = t.pc.load_picture(file);
+    if (!loaded.result) return "Its picture " + file + " could not be loaded. " + loaded.reason;
     putpicture(s, std::move(*loaded.result));
     s.Imagerange.Visible = true;
     proposerange(s);
-    if (!take_range_type(items, t.shared)) return false;
+    if (!take_range_type(items, t.shared)) return breaks_off;
     s.Lblrangetype.Caption = t.shared.rangetype;
-    return take_range_icons(items, t.shared);
+    return take_range_icons(items, t.shared) ? "" : breaks_off;
 }
 
 // Everything is shown as it is read: a file that breaks off has shown what it had.
-bool readrange(trainer& t)
+std::string readrange(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
     const file_text file = read_file(t.pc, s.authorfile);
-    if (!file.text) return false;
+    if (!file.text) return file.reason;
     item_reader items(*file.text);
-    if (!readhead(t, items)) return false;
+    const std::string failed = readhead(t, items);
+    if (!failed.empty()) return failed;
     for (std::size_t i = 0; i < positions; ++i) {
-        if (!take_range_entry(items, i, t.shared)) return false;
+        if (!take_range_entry(items, i, t.shared)) return breaks_off;
         if (i == 0) continue;   // has neither number nor marker
         const area at = overviewplace(s, t.shared.targetx[i], t.shared.targety[i]);
         s.Img[i].Left = at.Left;
         s.Img[i].Top = at.Top;
         showplaced(s, i);
     }
-    if (!loadicons(t)) return false;
+    if (!loadicons(t)) return "One of its icons could not be loaded.";
     t.shared.rangefile = s.authorfile;
-    return true;
+    return {};
 }
 
 void cmdopen_click(trainer& t)
@@ -134,7 +149,8 @@ void cmdopen_click(trainer& t)
     const auto chosen = t.pc.choose_file({"OPEN", range_filter, t.shared.rootpath, "", false});
     if (!chosen) return;
     s.authorfile = *chosen;
-    s.Lblinfo.Caption = readrange(t) ? "Range opened" : "That range could not be read to its end";
+    const std::string failed = readrange(t);
+    s.outcome.Caption = s.authorfile + (failed.empty() ? " is open" : " could not be opened. " + failed);
 }
 
 bool allplaced(const rauthor_screen& s)
@@ -150,7 +166,7 @@ void saverange(trainer& t)
     t.shared.rangename = s.Textname.Text;
     t.shared.rangetype = s.Lblrangetype.Caption;
     const std::string failed = write_range(t.pc, s.authorfile, t.shared);
-    s.Lblinfo.Caption = failed.empty() ? "Range saved" : "The range could not be saved. " + failed;
+    s.outcome.Caption = s.authorfile + (failed.empty() ? " is saved" : " could not be saved. " + failed);
 }
 
 void cmdsave_click(trainer& t)
@@ -165,7 +181,8 @@ void cmdsave_click(trainer& t)
         return;
     }
     s.authorfile = left(s.Textname.Text, 6) + ".arf";
-    const auto chosen = t.pc.choose_file({"SAVE", range_filter, t.shared.rootpath, s.authorfile, true});
+    const auto chosen =
+        t.pc.choose_file({"SAVE", range_filter, t.shared.rootpath, s.authorfile, true, "arf"});
     if (!chosen) return;
     s.authorfile = *chosen;
     saverange(t);

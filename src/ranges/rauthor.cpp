@@ -19,12 +19,16 @@ void rauthor_load(rauthor_screen& s)
 // The icons on the screen are those that a save would name; one that is missing leaves its place as it is.
 void rauthor_arrival(trainer& t)
 {
-    showmiddle(t.rauthor);
+    rauthor_screen& s = t.rauthor;
+    // The set-up has read the head of its own range meanwhile: what is shown here is what a save writes.
+    if (!s.authorpicture.empty()) t.shared.rangepicture = s.authorpicture;
+    showmiddle(s);
     loadicons(t);
 }
 
 void cmdstart_click(trainer& t)
 {
+    t.rauthor.window.MouseMove();   // the rest by the button ends, and the hint with it
     hide(t.pc, t.rauthor.window);
     show(t.pc, t.startsim.window);
 }
@@ -50,6 +54,8 @@ void make_rauthor_hints(rauthor_screen& s)
                 {&s.Cmdstart, "return to practice editor"},
                 {&s.Cmdexit, "Exit from VORN"},
                 {&s.Command1, "Open help file"}});
+    // The bare screen between the buttons and these is a narrow strip.
+    for (screen_object* o : {&s.Frame2, &s.Frame3, &s.Frame4, &s.Frame5}) end_hints_over(panel, *o);
 }
 
 }   // namespace

@@ -79,7 +79,7 @@ void imgtarget_click(trainer& t, std::size_t icon)
     if (!chosen) return;
     s.authorfile = *chosen;
     if (!loadicon(t, icon, s.authorfile)) {
-        s.Lblinfo.Caption = "That icon could not be loaded";
+        s.outcome.Caption = s.authorfile + " could not be loaded as an icon";
         return;
     }
     icontext(t.shared, icon) = stored_icon(t.pc, t.shared.rootpath, s.authorfile);

@@ -103,11 +103,16 @@ void showmiddle(rauthor_screen& s)
     showpoint(s);
 }
 
-void putpicture(rauthor_screen& s, picture p)
+void hangpicture(rauthor_screen& s, picture p)
 {
     s.Imagerange.Picture = std::move(p);
     s.Imagerange.Width = s.Imagerange.Picture.width;
     s.Imagerange.Height = s.Imagerange.Picture.height;
+}
+
+void putpicture(rauthor_screen& s, picture p)
+{
+    hangpicture(s, std::move(p));
     s.Imagerange.Left = -s.Imagerange.Width / 2;
     s.Imagerange.Top = -s.Imagerange.Height / 2;
     scaleoverview(s);

@@ -15,6 +15,14 @@ bool asked(trainer& t, const std::string& text)
     return t.pc.message_box({text, "V.O.R.N.", box_buttons::yes_no, box_sign::question});
 }
 
+// What has come up over this screen goes with it: beside a practice its RETURN would lead to a second one.
+void leavefor(trainer& t, form& next)
+{
+    show(t.pc, next);
+    hide(t.pc, t.rauthor.window);
+    hide(t.pc, t.startsim.window);
+}
+
 void cmdstart_click(trainer& t)
 {
     startsim_screen& s = t.startsim;
@@ -26,23 +34,20 @@ void cmdstart_click(trainer& t)
     t.shared.targetcount = t.shared.targetblocks * 3;
     t.shared.quickstart = false;
     t.shared.debriefonly = false;
-    show(t.pc, t.shared.practicemode == 2 ? t.thermal.window : t.simulator.window);
-    hide(t.pc, s.window);
+    leavefor(t, t.shared.practicemode == 2 ? t.thermal.window : t.simulator.window);
 }
 
 void cmdgame_click(trainer& t)
 {
     if (joystickrefused(t)) return;
     t.shared.quickstart = true;
-    show(t.pc, t.simulator.window);
-    hide(t.pc, t.startsim.window);
+    leavefor(t, t.simulator.window);
 }
 
 void cmddebrief_click(trainer& t)
 {
     if (!asked(t, lines({"V.O.R N.", blankline, "STARTING THE DEBRIEF SCREEN !"}))) return;
-    show(t.pc, t.results.window);
-    hide(t.pc, t.startsim.window);
+    leavefor(t, t.results.window);
     t.shared.debriefonly = true;
 }
 

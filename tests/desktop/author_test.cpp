@@ -109,6 +109,16 @@ TEST_F(author, moves_while_the_space_bar_is_held_and_no_longer)
     w().widget(s.Textname)->setFocus();
     EXPECT_FALSE(s.Timex1.Enabled) << "the button has lost the keyboard";
     QTest::keyRelease(w().windowHandle(), Qt::Key_Space);
+
+    w().widget(s.cmdright)->setFocus();
+    QTest::keyPress(w().windowHandle(), Qt::Key_Space);
+    QTest::mousePress(w().widget(s.cmdup), Qt::LeftButton);
+    EXPECT_FALSE(s.Timex1.Enabled) << "one hand lets go for the other";
+    EXPECT_TRUE(s.Timey.Enabled);
+    QTest::keyRelease(w().windowHandle(), Qt::Key_Space);
+    EXPECT_TRUE(s.Timey.Enabled);
+    QTest::mouseRelease(w().widget(s.cmdup), Qt::LeftButton);
+    EXPECT_FALSE(s.Timey.Enabled);
 }
 
 // One after another, broken, tiny and far too large ones: the screen answers and goes on.

@@ -220,7 +220,7 @@ TEST_F(author, gives_up_in_order_when_a_new_range_is_cancelled_or_its_picture_is
         new_range("OWN", false, wrong);
         EXPECT_FALSE(s.Imagerange.Visible) << wrong;
         EXPECT_EQ(pc.boxes.size(), 1U) << "the question alone";
-        EXPECT_NE(s.Lblinfo.Caption.find("could not be loaded"), std::string::npos);
+        EXPECT_NE(s.outcome.Caption.find("could not be loaded"), std::string::npos);
         pc.boxes.clear();
     }
     EXPECT_EQ(p.rangepicture.trimmed(), path("moor.vrp"));
@@ -257,7 +257,7 @@ TEST_F(author, saves_only_a_named_range_with_all_positions_placed)
     pc.click(s.Cmdsave);   // cancelled
     EXPECT_NE(p.rangefile, path("own.arf"));
     save("no such folder/own.arf");
-    EXPECT_NE(s.Lblinfo.Caption.find("could not be saved"), std::string::npos);
+    EXPECT_NE(s.outcome.Caption.find("could not be saved"), std::string::npos);
     save("own.arf");
     EXPECT_EQ(d.data.get("own.arf").substr(0, 24), "\"A 'B'               \"\r\n");
     EXPECT_EQ(pc.dialogs.back().proposed, "A \"B\".arf");
@@ -302,6 +302,7 @@ TEST_F(author, a_range_that_breaks_off_is_shown_as_far_as_it_goes)
     d.data.put_range("own.arf", r);
     open("own.arf");
     EXPECT_EQ(s.Textname.Text, "PICTURELESS");
+    EXPECT_NE(s.outcome.Caption.find("Its picture none.vrp could not be loaded"), std::string::npos);
     r.rangepicture = "moor.vrp";
     r.targeticon2 = "";
     d.data.put_range("own.arf", r);
@@ -343,10 +344,19 @@ TEST_F(author, comes_up_over_the_set_up_and_keeps_its_work)
     EXPECT_EQ(front(pc), &d.t.startsim.window);
     pc.click(d.t.startsim.cmdeditrange);   // answered no
     EXPECT_EQ(front(pc), &d.t.startsim.window);
+    EXPECT_EQ(p.rangepicture.trimmed(), "visualrange.vrp");
     pc.answers = {{true}};
     pc.click(d.t.startsim.cmdeditrange);
+    EXPECT_EQ(p.rangepicture.trimmed(), path("moor.vrp")) << "that of the range being made";
     EXPECT_EQ(s.Imagerange.Left, left);
     EXPECT_EQ(s.Lblx.Caption, "23460") << "each showing points at the middle";
+    EXPECT_EQ(s.Lbltargetnum[3].BackColor, colour::red);
+    pc.activate(d.t.startsim.window);
+    d.set_up();   // a practice takes the author from the desk
+    EXPECT_EQ(s.window.state, form_state::hidden);
+    pc.click(d.screen().Cmdmain);
+    pc.answers = {{true}};
+    pc.click(d.t.startsim.cmdeditrange);
     EXPECT_EQ(s.Lbltargetnum[3].BackColor, colour::red);
     pc.event(s.Frame6.parent->MouseMove);
     EXPECT_EQ(s.Lblinfo.Caption,

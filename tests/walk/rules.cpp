@@ -283,6 +283,14 @@ std::string broken_author(const rauthor_screen& s, const walk_moment& m)
     return {};
 }
 
+std::string broken_roads(const trainer& t)
+{
+    const auto is_shown = [](const form& f) { return f.state == form_state::shown; };
+    const int practices = is_shown(t.simulator.window) + is_shown(t.thermal.window);
+    const int others = is_shown(t.intro.window) + is_shown(t.startsim.window) + is_shown(t.results.window);
+    return practices + others > 1 ? "one screen is shown at a time, but for those over the set-up" : "";
+}
+
 std::string first_of(std::initializer_list<std::string> all)
 {
     for (const std::string& s : all)
@@ -323,10 +331,11 @@ void describe(std::ostream& out, const gunnery_screen& s)
 
 std::string broken_rule(const trainer& t, const walk_moment& m)
 {
-    std::string b = first_of({broken_desk(t.pc.screens, m.idle), broken_in_state(t.shared),
-                              broken_where_not_loaded(t.simulator.window),
-                              broken_where_not_loaded(t.thermal.window), broken_on_screen(t, t.simulator, m),
-                              broken_on_screen(t, t.thermal, m), broken_author(t.rauthor, m)});
+    std::string b =
+        first_of({broken_desk(t.pc.screens, m.idle), broken_in_state(t.shared),
+                  broken_where_not_loaded(t.simulator.window), broken_where_not_loaded(t.thermal.window),
+                  broken_on_screen(t, t.simulator, m), broken_on_screen(t, t.thermal, m),
+                  broken_author(t.rauthor, m), m.idle ? broken_roads(t) : ""});
     for (const form* f : t.pc.screens.loaded) {
         if (b.empty()) b = broken_on_form(*f);
         if (b.empty() && m.idle) b = broken_timer(*f, t.pc.now(), m.settled);

@@ -54,15 +54,16 @@ void walker::take_log()
                 {"box", "LOCATE ONE", "ranges asked for"},
                 {"box", "LOOK FOR IT", "data asked for"},
                 {"box", "CALIBRATE", "refusals of the stick"},
-                {"caption", "Range saved", "ranges saved"},
-                {"caption", "Range opened", "ranges opened"},
                 {"help", "", "helps"}};
-    for (const logged& l : std::exchange(pc().log, {}))
+    for (const logged& l : std::exchange(pc().log, {})) {
+        if (l.kind == "caption" && l.text.ends_with(" is saved")) count("ranges saved");
+        if (l.kind == "caption" && l.text.ends_with(" is open")) count("ranges opened");
         for (const auto& row : told) {
             if (l.kind != row.kind) continue;
             const bool same = l.text == row.words, within = l.text.find(row.words) != std::string::npos;
             if (l.kind == "caption" ? same : within) count(row.name);
         }
+    }
     pc().boxes.clear();
     pc().dialogs.clear();
 }
@@ -137,7 +138,7 @@ void walker::begin()
     pc().default_directory = now_and_then(0.92) ? data.program() : data.program() + "/nowhere";
     for (gunnery_screen* s : {&t().simulator, &t().thermal})
         for (const screen_object* o : {&s->lblcrew, &s->Cmdpausesim}) pc().watch(*o);
-    pc().watch(t().rauthor.Lblinfo);
+    pc().watch(t().rauthor.outcome);
     does("the program starts", [&] { pc().event([&] { start_program(t()); }); });
 }
 

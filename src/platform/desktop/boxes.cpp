@@ -78,7 +78,8 @@ static void prepare(QFileDialog& d, const file_dialog& asked)
     d.setAcceptMode(asked.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     d.setFileMode(
         QFileDialog::AnyFile);   // the program itself says what is wrong with a name that isn't there
-    d.setOption(QFileDialog::DontConfirmOverwrite);
+    d.setOption(QFileDialog::DontConfirmOverwrite, asked.suffix.empty());
+    d.setDefaultSuffix(QString::fromStdString(asked.suffix));
     d.setNameFilters(name_filters(asked.filter));
     if (!asked.proposed.empty()) d.selectFile(QString::fromStdString(asked.proposed));
 }

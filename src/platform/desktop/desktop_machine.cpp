@@ -62,6 +62,7 @@ void desktop_machine::activated(form& f)
 
 bool desktop_machine::press(screen_object& o)
 {
+    if (held_mouse_ != &o) release_mouse();   // held by the other hand: nobody would let go of it
     held_mouse_ = &o;
     if (o.MouseDown) run(o.MouseDown);
     return held_mouse_ == &o;

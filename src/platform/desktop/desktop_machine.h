@@ -48,6 +48,7 @@ public:
     // showed.
     bool press(screen_object&);
     void release_mouse();
+    bool holds(const screen_object& o) const { return held_mouse_ == &o; }
     // Lets go of the mouse button and of all keys: what is held elsewhere would stay held for ever.
     void release_input();
     // Takes the windows of screens that are gone from the desk, once their successor is seen.

@@ -85,10 +85,14 @@ void form_window::hold_by_key(QAbstractButton& b, screen_object& o)
 {
     if (!o.MouseDown && !o.MouseUp) return;
     connect(&b, &QAbstractButton::pressed, &b, [this, &o] {
-        if (QGuiApplication::mouseButtons() == Qt::NoButton && takes_input(o)) pc_.press(o);
+        if (QGuiApplication::mouseButtons() != Qt::NoButton || !takes_input(o)) return;
+        held_by_key_ = &o;
+        pc_.press(o);
     });
-    connect(&b, &QAbstractButton::released, &b, [this] {
-        if (QGuiApplication::mouseButtons() == Qt::NoButton) pc_.release_mouse();
+    connect(&b, &QAbstractButton::released, &b, [this, &o] {
+        if (held_by_key_ != &o) return;
+        held_by_key_ = nullptr;
+        if (pc_.holds(o)) pc_.release_mouse();
     });
 }
 

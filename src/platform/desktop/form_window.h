@@ -53,6 +53,7 @@ private:
     QPoint corner_;   // of the scaled form in the window
     QSize fitted_;    // the window size that the scale was made for
     bool seen_ = false;
+    const screen_object* held_by_key_ = nullptr;   // the button that the space bar holds down
     std::vector<std::unique_ptr<shown_object>> objects_;
 };
 
