@@ -167,4 +167,9 @@ long desktop_machine::joystick_reading(int number)
     return stick_.reading(number);
 }
 
+bool desktop_machine::joystick_present()
+{
+    return stick_.present();
+}
+
 }   // namespace vorn
