@@ -11,6 +11,7 @@ trainer::trainer(machine& m) : pc(m)
     make_gunnery(*this, simulator);
     make_gunnery(*this, thermal);
     make_results(*this);
+    make_joycal(*this);
 }
 
 }   // namespace vorn

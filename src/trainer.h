@@ -2,6 +2,7 @@
 // all runs on. Everything hangs on one trainer, which is handed to each operation, so that there can be two.
 #pragma once
 
+#include "calibration/joycal.h"
 #include "debrief/results.h"
 #include "flow/intro.h"
 #include "gunnery/screen.h"
@@ -26,6 +27,7 @@ struct trainer {
     gunnery_screen simulator{sight_kind::visual};
     gunnery_screen thermal{sight_kind::thermal};
     results_screen results;
+    joycal_screen joycal;
 };
 
 }   // namespace vorn
