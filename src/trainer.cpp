@@ -12,6 +12,7 @@ trainer::trainer(machine& m) : pc(m)
     make_gunnery(*this, thermal);
     make_results(*this);
     make_rauthor(*this);
+    make_joycal(*this);
 }
 
 }   // namespace vorn

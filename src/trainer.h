@@ -2,6 +2,7 @@
 // all runs on. Everything hangs on one trainer, which is handed to each operation, so that there can be two.
 #pragma once
 
+#include "calibration/joycal.h"
 #include "debrief/results.h"
 #include "flow/intro.h"
 #include "gunnery/screen.h"
@@ -28,6 +29,7 @@ struct trainer {
     gunnery_screen thermal{sight_kind::thermal};
     results_screen results;
     rauthor_screen rauthor;
+    joycal_screen joycal;
 };
 
 }   // namespace vorn

@@ -30,14 +30,14 @@ constexpr std::array<hand_row, 11> hands{{{'H', &gunnery_screen::Cmdleft, 0},
                                           {'S', &gunnery_screen::Cmdautolay, 4},
                                           {'D', &gunnery_screen::Cmdfire, 1}}};
 
-constexpr double centre = 32768;   // of the stick
-constexpr double dead = 2000;      // half its dead band
+constexpr double centre = 32768;   // where the stick rests
 constexpr double event = 0.016;    // seconds between its moves
 
 // Where a stick is held to move the view so many twips an event.
-long deflected(int sign, int twips)
+long deflected(double middle, double factor, int sign, int twips)
 {
-    return static_cast<long>(sign < 0 ? centre - dead - 100 * twips + 50 : centre + dead + 100 * twips);
+    const double off = 2 * factor + 100 * twips;
+    return static_cast<long>(sign < 0 ? middle - off + 50 : middle + off + 1);
 }
 
 }   // namespace
@@ -48,9 +48,11 @@ gunner::gunner(drill& d, controls c) : d_(d), s_(d.screen()), controls_(c)
     p.keyboardselected = c != controls::mouse;
     p.mouseselected = c == controls::mouse;
     p.joyselected = c == controls::stick;
-    p.joycalibrated = true;
-    p.joyxcentre = p.joyycentre = centre;
-    p.joyxfactor = p.joyyfactor = dead / 2;
+    if (!p.joycalibrated) {
+        p.joycalibrated = true;
+        p.joyxcentre = p.joyycentre = centre;
+        p.joyxfactor = p.joyyfactor = 1000;
+    }
     d.pc.glance = [this] {
         if (const auto r = round()) seen_ = r;
     };
@@ -124,7 +126,9 @@ void gunner::hold(hand h, double seconds)
     }
     const int sign = h == hand::left || h == hand::up ? -1 : 1;
     const bool across = h == hand::left || h == hand::right;
-    const long at = deflected(sign, seconds < 0.05 ? 20 : 100);
+    const practice_state& p = d_.t.shared;
+    const long at = deflected(across ? p.joyxcentre : p.joyycentre, across ? p.joyxfactor : p.joyyfactor,
+                              sign, seconds < 0.05 ? 20 : 100);
     for (double t = 0; t < seconds; t += event) {
         d_.pc.stick(across ? at : static_cast<long>(centre), across ? static_cast<long>(centre) : at);
         d_.pc.wait(event);

@@ -95,7 +95,16 @@ void came_to_front(machine& m, form& f)
 
 void close_by_frame(form& f)
 {
-    if (f.state == form_state::shown && f.exit_button != nullptr && f.exit_button->Click) f.exit_button->Click();
+    if (f.state != form_state::shown) return;
+    const auto& action = f.exit_button != nullptr ? f.exit_button->Click : f.closed;
+    if (action) action();
+}
+
+void joystick_changed(machine& m)
+{
+    const std::vector<form*> told = m.screens.loaded;   // a screen may come or go meanwhile
+    for (const form* f : told)
+        if (f->JoystickChanged) f->JoystickChanged();
 }
 
 // Runs something one handler deeper; the count is right again even when the program's end cuts it short.

@@ -31,8 +31,8 @@ struct file_dialog {
     std::string folder;     // where it starts
     std::string proposed;   // file name offered when saving
     bool save = false;
-    std::string
-        suffix;   // saving: for a name without one; a file of that name is replaced only when confirmed
+    // When saving: the ending of a name without one, and a file is replaced only when that is confirmed.
+    std::string suffix = {};
 };
 
 struct loaded_picture {
@@ -92,6 +92,7 @@ public:
 
     // Readings of the joystick by number: 5 and 7 the upper ends of X and Y, 13 and 14 X and Y as they are.
     virtual long joystick_reading(int number) = 0;
+    virtual bool joystick_present() = 0;
 
     // Recognised by content, whatever the name says.
     virtual loaded_picture load_picture(const std::string& path) = 0;
@@ -114,8 +115,11 @@ void unload(machine&, form&);
 form* front(const machine&);
 // The window system has brought this screen to the front.
 void came_to_front(machine&, form&);
-// The user closes the window by its frame: the exit button's action, also where its panel is hidden.
+// The user closes the window by its frame: the exit button's action, also where its panel is hidden, or what
+// a screen without one does then.
 void close_by_frame(form&);
+// A joystick has been plugged in or pulled out: tells all screens that are loaded.
+void joystick_changed(machine&);
 
 // Runs one event to its end, then the arrivals that waited for it.
 void handle(machine&, const std::function<void()>& event);

@@ -133,6 +133,7 @@ struct form {
     std::vector<screen_object*> objects;
     std::vector<timer*> timers;
     screen_object* exit_button = nullptr;   // what closing the window by its frame clicks
+    std::function<void()> closed;           // or does, on a screen without one
 
     std::function<void()> load;      // sets the design values; runs at the first show after an unload
     std::function<void()> arrival;   // the screen has been shown or has come to the front
@@ -142,7 +143,8 @@ struct form {
     std::function<void(int)> KeyUp;
     std::function<void(int)> ButtonDown;   // joystick, buttons from 1
     std::function<void(int)> ButtonUp;
-    std::function<void(long, long)> Move;   // joystick, X to the right and Y towards the gunner, 0 to 65535
+    std::function<void(long, long)> Move;    // joystick, X to the right and Y towards the gunner, 0 to 65535
+    std::function<void()> JoystickChanged;   // one has been plugged in or pulled out; also on a hidden screen
 };
 
 // Puts an object on the form, above those that are there; with design values, to which each load returns it.

@@ -242,7 +242,7 @@ void controls(S& s)
              {&S::Optcon2, "KBoard"},
              {&S::Optcon3, "Mouse"},
              {&S::Optcon4, "Stand", false, "", false}});
-    add(s.window, s.cmdstick, disabled(button({edge, first + three + 210, 3420, 540}, "calibrate joystick")),
+    add(s.window, s.cmdstick, button({edge, first + three + 210, 3420, 540}, "calibrate joystick"),
         &s.Frmcontrols);
     options(s, s.Frmvoices, s.Frmcontrols, at(0, second, two), "Voices", "",
             {{&S::Optvoice1, "On", true, "VOICES"}, {&S::Optvoice2, "Off"}});

@@ -20,6 +20,7 @@ void leavefor(trainer& t, form& next)
 {
     show(t.pc, next);
     hide(t.pc, t.rauthor.window);
+    unload(t.pc, t.joycal.window);
     hide(t.pc, t.startsim.window);
 }
 
@@ -113,6 +114,7 @@ void make_startsim(trainer& t)
     s.Cmdstart.Click = [&t] { cmdstart_click(t); };
     s.cmdgame.Click = [&t] { cmdgame_click(t); };
     s.Cmddebrief.Click = [&t] { cmddebrief_click(t); };
+    s.cmdstick.Click = [&t] { show(t.pc, t.joycal.window); };
     s.Cmdabout.Click = [&s] { s.Image1.Visible = !s.Image1.Visible; };
     s.Cmdhelpon.Click = [&t] { openhelp(t); };
     s.Cmdexit.Click = [&t] { confirmexit(t, "V.O.R N.", "V.O.R.N."); };

@@ -1,9 +1,7 @@
 // The joystick through SDL's virtual one: plugged in and pulled out, its buttons and its axes.
-#define SDL_MAIN_HANDLED
-#include <SDL.h>
-
-#include "desk.h"
 #include "platform/desktop/stick.h"
+#include "desk.h"
+#include "virtual_stick.h"
 
 namespace vorn::testing_desk {
 
@@ -15,50 +13,27 @@ protected:
         one.f.ButtonUp = [this](int n) { log.push_back("up " + std::to_string(n)); };
         one.f.Move = [this](long x, long y) { moves.emplace_back(x, y); };
     }
-    ~joystick() override { unplug(); }
-
     void plug()
     {
-        pc.joystick().poll();   // the toolkit is up from here on
-        index = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_FLIGHT_STICK, 2, 6, 0);
-        ASSERT_GE(index, 0) << SDL_GetError();
-        device = SDL_JoystickOpen(index);
-        pc.joystick().poll();
+        stick.plug();
         moves.clear();
-    }
-    void unplug()
-    {
-        if (device == nullptr) return;
-        SDL_JoystickDetachVirtual(index);
-        SDL_JoystickClose(std::exchange(device, nullptr));
-    }
-    void set_button(int n, bool down)
-    {
-        SDL_JoystickSetVirtualButton(device, n, down ? 1 : 0);
-        pc.joystick().poll();
-    }
-    void set_axis(int n, int to)
-    {
-        SDL_JoystickSetVirtualAxis(device, n, static_cast<Sint16>(to));
-        pc.joystick().poll();
     }
     using list = std::vector<std::string>;
 
-    int index = -1;
-    SDL_Joystick* device = nullptr;
     std::vector<std::pair<long, long>> moves;
+    virtual_stick stick{pc};
 };
 
-TEST_F(joystick, four_buttons_go_to_the_screen_in_front)
+TEST_F(joystick, its_buttons_go_to_the_screen_in_front)
 {
     open(one);
     plug();
-    set_button(0, true);
-    set_button(0, false);
-    set_button(3, true);
-    set_button(4, true);   // a fifth is nobody's
-    set_button(3, false);
-    EXPECT_EQ(log, (list{"down 1", "up 1", "down 4", "up 4"}));
+    stick.button(0, true);
+    stick.button(0, false);
+    stick.button(3, true);
+    stick.button(4, true);   // the screens know what a fifth is worth
+    stick.button(3, false);
+    EXPECT_EQ(log, (list{"down 1", "up 1", "down 4", "down 5", "up 4"}));
 }
 
 TEST_F(joystick, off_its_centre_it_tells_its_place_again_and_again)
@@ -67,15 +42,15 @@ TEST_F(joystick, off_its_centre_it_tells_its_place_again_and_again)
     plug();
     EXPECT_EQ(pc.joystick_reading(5), 65535);
     EXPECT_EQ(pc.joystick_reading(13), 32768);
-    set_axis(0, -32768);
-    set_axis(1, 32767);
+    stick.axis(0, -32768);
+    stick.axis(1, 32767);
     pc.joystick().poll();
     ASSERT_GE(moves.size(), 3U);
     EXPECT_EQ(moves.front().first, 0);
     EXPECT_EQ(moves.back(), (std::pair{0L, 65535L})) << "towards the gunner grows";
     EXPECT_EQ(pc.joystick_reading(14), 65535);
-    set_axis(0, 0);
-    set_axis(1, 0);
+    stick.axis(0, 0);
+    stick.axis(1, 0);
     EXPECT_EQ(moves.back(), (std::pair{32768L, 32768L})) << "the return to the centre is told";
     const std::size_t told = moves.size();
     pc.joystick().poll();
@@ -86,9 +61,9 @@ TEST_F(joystick, pulled_out_it_lets_its_buttons_go_and_comes_back)
 {
     open(one);
     plug();
-    set_button(0, true);
-    set_axis(0, 9000);
-    unplug();
+    stick.button(0, true);
+    stick.axis(0, 9000);
+    stick.unplug();
     pc.joystick().poll();
     EXPECT_EQ(log, (list{"down 1", "up 1"}));
     EXPECT_EQ(pc.joystick_reading(13), 32768);
@@ -96,7 +71,7 @@ TEST_F(joystick, pulled_out_it_lets_its_buttons_go_and_comes_back)
     pc.joystick().poll();
     EXPECT_EQ(moves.size(), told) << "no moves from nothing";
     plug();
-    set_button(1, true);
+    stick.button(1, true);
     EXPECT_EQ(log.back(), "down 2");
 }
 
@@ -104,12 +79,12 @@ TEST_F(joystick, a_box_takes_buttons_and_moves_away)
 {
     open(one);
     plug();
-    set_button(0, true);
+    stick.button(0, true);
     when_box<QDialog>([&](QDialog& box) {
         EXPECT_EQ(log, (list{"down 1", "up 1"}));
-        set_button(1, true);
-        set_button(1, false);
-        set_axis(0, 20000);
+        stick.button(1, true);
+        stick.button(1, false);
+        stick.axis(0, 20000);
         EXPECT_TRUE(moves.empty());
         box.accept();
     });

@@ -136,7 +136,8 @@ void close_window(walker& w)
 void bring_to_the_front(walker& w)
 {
     form* forms[] = {&w.t().intro.window,   &w.t().startsim.window, &w.t().simulator.window,
-                     &w.t().thermal.window, &w.t().results.window,  &w.t().rauthor.window};
+                     &w.t().thermal.window, &w.t().results.window,  &w.t().rauthor.window,
+                     &w.t().joycal.window};
     w.activate(*w.any_of(forms));
 }
 
@@ -257,14 +258,14 @@ void quick_start(walker& w)
     w.click(w.t().startsim.cmdgame);
 }
 
-void calibrate(walker& w)
+void open_calibration(walker& w)
 {
-    practice_state& p = w.t().shared;
-    p.joycalibrated = true;
-    p.joyxcentre = w.between(30000, 35000);
-    p.joyycentre = w.between(30000, 35000);
-    p.joyxfactor = w.between(0, 2000);
-    p.joyyfactor = w.between(0, 2000);
+    w.click(w.t().startsim.cmdstick);
+}
+
+void plug_or_pull(walker& w)
+{
+    w.plug_stick(w.now_and_then(0.8));
 }
 
 void some_method(walker& w)
@@ -317,8 +318,8 @@ void some_shooting(walker& w)
 // The options as the set-up will write them, once in a while each.
 void some_options(walker& w)
 {
-    static constexpr void (*writers[])(walker&) = {calibrate,    some_method, some_display,
-                                                   some_targets, some_system, some_shooting};
+    static constexpr void (*writers[])(walker&) = {some_method, some_display, some_targets, some_system,
+                                                   some_shooting};
     w.note("writes options");
     w.any_of(writers)(w);
 }
@@ -327,7 +328,8 @@ constexpr event_row setup_events[] = {
     {10, move_over_anything}, {30, start_practice}, {6, quick_start},        {4, load_range},
     {40, click_anything},     {5, edit_range},      {40, some_options},      {5, slide_anything},
     {4, type_anything},       {4, tap_some_key},    {4, let_go_all},         {8, wait_a_moment},
-    {1, wait_a_minute},       {1, close_window},    {1, bring_to_the_front}, {2, something_later}};
+    {1, wait_a_minute},       {1, close_window},    {1, bring_to_the_front}, {2, something_later},
+    {8, open_calibration},    {2, plug_or_pull}};
 
 void go_on(walker& w)
 {
@@ -411,6 +413,25 @@ constexpr event_row author_events[] = {
     {40, some_disk_work}, {8, back_from_author}, {10, click_anything},    {10, move_over_anything},
     {4, type_anything},   {1, close_window},     {2, bring_to_the_front}, {4, something_later}};
 
+// On the calibration -------------------------------------------------------------------------------------
+
+void start_calibration(walker& w)
+{
+    w.click(w.t().joycal.Cmdstart);
+}
+
+void finish_calibration(walker& w)
+{
+    screen_object& finish = w.t().joycal.Cmdfinish;
+    if (takes_input(finish)) w.count("calibrations");
+    w.click(finish);
+}
+
+constexpr event_row calibration_events[] = {
+    {6, start_calibration}, {40, some_stick_move}, {40, some_stick_button}, {20, finish_calibration},
+    {5, click_anything},    {4, tap_some_key},     {4, let_go_all},         {8, wait_a_moment},
+    {2, plug_or_pull},      {4, close_window},     {4, bring_to_the_front}, {2, something_later}};
+
 // What takes no time, and so may come in the midst of a handler.
 constexpr event_row sudden_gunnery_events[] = {{30, some_key_down}, {20, let_go},          {10, stray_key_up},
                                                {15, some_button},   {10, some_stick_move}, {8, pause},
@@ -426,6 +447,7 @@ void random_event(walker& w)
     if (w.front_form() == &w.t().startsim.window) return happen(w, setup_events);
     if (w.front_form() == &w.t().results.window) return happen(w, debrief_events);
     if (w.front_form() == &w.t().rauthor.window) return happen(w, author_events);
+    if (w.front_form() == &w.t().joycal.window) return happen(w, calibration_events);
     happen(w, other_events);
 }
 

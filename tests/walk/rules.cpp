@@ -183,6 +183,52 @@ std::string broken_on_screen(const trainer& t, const gunnery_screen& s, const wa
     return b;
 }
 
+// The calibration screen that is loaded ------------------------------------------------------------------
+
+struct calibration_rule {
+    const char* words;
+    bool (*holds)(const trainer&, const joycal_screen&);
+};
+
+bool within_field(double at)
+{
+    return at >= 120 && at <= 2880;
+}
+
+// The steps whose instructions are shown are those up to this one, and FINISH belongs to the last.
+bool shows_step(const joycal_screen& s)
+{
+    const screen_object* all[] = {&s.Lblinfo1, &s.Lblinfo2, &s.Lblinfo3, &s.Lblinfo4};
+    for (int n = 1; const screen_object* o : all)
+        if (o->Visible != (s.calstep >= n++)) return false;
+    return s.Cmdfinish.Enabled == (s.calstep >= 4);
+}
+
+constexpr calibration_rule calibration_rules[] = {
+    {"steps are taken once START was clicked",
+     [](const trainer&, const joycal_screen& s) { return s.calstarted == (s.calstep > 0); }},
+    {"the instructions are those of the steps",
+     [](const trainer&, const joycal_screen& s) { return shows_step(s); }},
+    {"the dot stays in its field",
+     [](const trainer&, const joycal_screen& s) {
+         return within_field(s.dot.Left) && within_field(s.dot.Top);
+     }},
+    {"what is said of the joystick is true",
+     [](const trainer& t, const joycal_screen& s) {
+         return one_of(s.Lblstick.Caption, {"JOYSTICK CONNECTED"}) == t.pc.joystick_present();
+     }},
+};
+
+std::string broken_on_calibration(const trainer& t, const joycal_screen& s, const walk_moment& m)
+{
+    if (s.window.state == form_state::not_loaded) return {};
+    for (const calibration_rule& r : calibration_rules)
+        if (!r.holds(t, s)) return s.window.name + ": " + r.words;
+    const bool lit = std::any_of(std::begin(s.Lblbutton), std::end(s.Lblbutton),
+                                 [](const screen_object& o) { return o.BackColor != colour::darkred; });
+    return m.idle && m.hands_off && lit ? "no lamp is lit with everything let go" : "";
+}
+
 // The shared state ---------------------------------------------------------------------------------------
 
 bool sane_row(const practice_state& p, std::size_t i)
@@ -201,6 +247,11 @@ std::string broken_in_state(const practice_state& p)
     if (!within(p.systemstatus, 0, 3)) return "the system has states 0 to 3";
     if (!within(p.practicemode, 0, 2)) return "a practice is visual or thermal";
     if (!std::isfinite(p.killradius)) return "the kill radius is finite";
+    constexpr double end = 65535;   // of the scale of the machine's stick
+    for (const double factor : {p.joyxfactor, p.joyyfactor})
+        if (factor < 0 || factor > end / 12) return "the dead band comes of the stick's scale";
+    if (p.joycalibrated && (p.joyxcentre != end / 2 || p.joyycentre != end / 2))
+        return "a calibrated stick has its centre";
     for (std::size_t i = 0; i < engagement_rows; ++i)
         if (!sane_row(p, i)) return "row " + std::to_string(i) + " of the record is sane";
     return {};
@@ -331,11 +382,11 @@ void describe(std::ostream& out, const gunnery_screen& s)
 
 std::string broken_rule(const trainer& t, const walk_moment& m)
 {
-    std::string b =
-        first_of({broken_desk(t.pc.screens, m.idle), broken_in_state(t.shared),
-                  broken_where_not_loaded(t.simulator.window), broken_where_not_loaded(t.thermal.window),
-                  broken_on_screen(t, t.simulator, m), broken_on_screen(t, t.thermal, m),
-                  broken_author(t.rauthor, m), m.idle ? broken_roads(t) : ""});
+    std::string b = first_of({broken_desk(t.pc.screens, m.idle), broken_in_state(t.shared),
+                              broken_where_not_loaded(t.simulator.window),
+                              broken_where_not_loaded(t.thermal.window), broken_on_screen(t, t.simulator, m),
+                              broken_on_screen(t, t.thermal, m), broken_author(t.rauthor, m),
+                              broken_on_calibration(t, t.joycal, m), m.idle ? broken_roads(t) : ""});
     for (const form* f : t.pc.screens.loaded) {
         if (b.empty()) b = broken_on_form(*f);
         if (b.empty() && m.idle) b = broken_timer(*f, t.pc.now(), m.settled);
@@ -350,7 +401,7 @@ std::string described(const trainer& t)
     out << "  at " << t.pc.now() << " s, engagement " << p.engagement << " round " << p.roundnumber
         << " blocks " << p.targetblocks << " type " << p.engagementtype << " system " << p.systemstatus
         << " degrading " << p.selfdegrading << " auto " << p.targetauto << " paused " << p.paused << " quick "
-        << p.quickstart;
+        << p.quickstart << " calibration step " << t.joycal.calstep;
     describe(out, t.simulator);
     describe(out, t.thermal);
     return out.str();

@@ -46,6 +46,8 @@ constexpr struct {
                 {"ratings", 70},
                 {"unusable ranges", 10},
                 {"refusals of the stick", 60},
+                {"calibrations", 30},
+                {"fired with the joystick selected", 700},
                 {"exits asked", 150},
                 {"exits", 30},
                 {"debriefs", 60},
@@ -86,6 +88,16 @@ TEST(random_walk_rules, name_what_is_wrong)
         {[](trainer& t, gunnery_screen&) { t.shared.rechit[4] = "NO"; }, "row 4 of the record"},
         {[](trainer&, gunnery_screen& s) { s.Imgrange.Left = std::numeric_limits<double>::quiet_NaN(); },
          "place is a number"},
+        {[](trainer& t, gunnery_screen&) {
+             load(t.pc, t.joycal.window);
+             t.joycal.dot.Left = 2881;
+         },
+         "the dot stays in its field"},
+        {[](trainer& t, gunnery_screen&) {
+             load(t.pc, t.joycal.window);
+             t.joycal.calstep = 1;
+         },
+         "once START was clicked"},
         {[](trainer& t, gunnery_screen& s) {
              t.pc.screens.arrivals.push_back({&s.window, 1});
          },

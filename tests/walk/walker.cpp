@@ -161,6 +161,7 @@ void count_shot(walker& w, const glance& before)
     const std::string nature = natures[burst ? 2 : static_cast<int>(s.nature)];
     w.count(s.window.name + " " + nature + " fired");
     if (s.hits > before.hits) w.count(s.window.name + " " + nature + " kills");
+    if (w.t().shared.joyselected) w.count("fired with the joystick selected");
     if (round && s.hits == before.hits) w.count("misses");
     if (round && s.relayed > 0) w.count("re-lays");
 }
@@ -297,6 +298,13 @@ void walker::type(screen_object& o, const std::string& text)
 void walker::stick(long x, long y)
 {
     instantly("stick " + std::to_string(x) + ' ' + std::to_string(y), [&] { pc().stick(x, y); });
+}
+
+// What is held on a stick that is pulled out is let go, as on the desktop.
+void walker::plug_stick(bool in)
+{
+    if (!in) let_go_all();
+    instantly(in ? "plug a stick in" : "pull the stick out", [&] { pc().plug_stick(in); });
 }
 
 // In slices, so that the rules are looked at on the way.

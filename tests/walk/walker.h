@@ -91,6 +91,7 @@ struct walker {
     void slide(screen_object&, int position);
     void type(screen_object&, const std::string& text);
     void stick(long x, long y);
+    void plug_stick(bool in);
     void wait(double seconds);
     void wait_a_minute();   // and sees whether a practice goes on
     void close_window();

@@ -57,7 +57,9 @@ void desktop_machine::sync()
 
 void desktop_machine::activated(form& f)
 {
-    if (!ending_ && f.state == form_state::shown && front(*this) != &f) run([&] { came_to_front(*this, f); });
+    if (ending_ || f.state != form_state::shown || front(*this) == &f) return;
+    last_front_ = window(f);   // it is active: asking for that again, two windows could go on taking turns
+    run([&] { came_to_front(*this, f); });
 }
 
 bool desktop_machine::press(screen_object& o)
@@ -164,6 +166,11 @@ void desktop_machine::close_sound()
 long desktop_machine::joystick_reading(int number)
 {
     return stick_.reading(number);
+}
+
+bool desktop_machine::joystick_present()
+{
+    return stick_.present();
 }
 
 }   // namespace vorn

@@ -34,6 +34,7 @@ public:
     void play(const std::string& path) override;
     void close_sound() override;
     long joystick_reading(int number) override;
+    bool joystick_present() override;
     loaded_picture load_picture(const std::string& path) override;
     std::string print(const std::vector<printed_line>&) override;
 

@@ -465,6 +465,18 @@ void blank_ammo(QPainter& p, const QRectF& at)
     p.drawRoundedRect(QRectF(6, 6, 88, 88), 12, 12);
 }
 
+// The field of the stick tester: a cross through its middle, and rings to judge the way of the dot by.
+void stick_field(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, at, {200, 200});
+    p.fillRect(QRectF(0, 0, 200, 200), QColor(furniture::field));
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(QColor(furniture::edge), 1));
+    p.drawRect(QRectF(0.5, 0.5, 199, 199));
+    p.drawPath(strokes({{{100, 0}, {100, 200}}, {{0, 100}, {200, 100}}}));
+    for (const double radius : {32, 64, 96}) p.drawEllipse(QPointF(100, 100), radius, radius);
+}
+
 // The keyboard gunner's card -------------------------------------------------------------------------------
 
 struct key_cap {
@@ -523,7 +535,7 @@ struct named_drawing {
     void (*paint)(QPainter&, const QRectF&);
 };
 
-constexpr std::array<named_drawing, 22> drawings{{
+constexpr named_drawing drawings[] = {
     {":arrow_up", arrow_up},
     {":arrow_down", arrow_down},
     {":arrow_left", arrow_left},
@@ -546,7 +558,8 @@ constexpr std::array<named_drawing, 22> drawings{{
     {":pointer", strip_pointer},
     {":blank", blank_ammo},
     {":target_ground", target_ground},
-}};
+    {":stick_field", stick_field},
+};
 
 }   // namespace
 

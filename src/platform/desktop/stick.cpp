@@ -48,8 +48,11 @@ void stick::begin()
 
 void stick::attach(int index)
 {
-    if (device_ == nullptr) device_ = SDL_JoystickOpen(index);
-    if (device_ != nullptr) clock_.setInterval(move_interval);
+    if (device_ != nullptr) return;
+    device_ = SDL_JoystickOpen(index);
+    if (device_ == nullptr) return;
+    clock_.setInterval(move_interval);
+    tell_change();
 }
 
 // What was held is let go: nobody else will do it.
@@ -59,7 +62,13 @@ void stick::detach()
     SDL_JoystickClose(std::exchange(device_, nullptr));
     last_x_ = last_y_ = centre;
     clock_.setInterval(look_interval);
+    tell_change();
     if (SDL_NumJoysticks() > 0) attach(0);
+}
+
+void stick::tell_change()
+{
+    pc_.run([this] { joystick_changed(pc_); });
 }
 
 void stick::take_events()

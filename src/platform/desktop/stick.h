@@ -1,5 +1,5 @@
-// The joystick: the first stick or pad that is plugged in, at any time. Its first four buttons and two axes
-// go to the screen in front.
+// The joystick: the first stick or pad that is plugged in, at any time. Its buttons and first two axes go to
+// the screen in front.
 #pragma once
 
 #include <QTimer>
@@ -22,6 +22,7 @@ public:
 
     // 5 and 7 the upper ends of X and Y, 13 and 14 X and Y as they are; the centre where no stick is.
     long reading(int number) const;
+    bool present() const { return device_ != nullptr; }
     // Delivers what has happened since the last time; the clock calls it, and a test may.
     void poll();
     void release_all();
@@ -31,6 +32,7 @@ private:
     void take_events();
     void attach(int index);
     void detach();
+    void tell_change();
     void button(std::size_t number, bool down);
     void deliver_move();
     long axis(int number) const;
@@ -38,7 +40,7 @@ private:
     desktop_machine& pc_;
     _SDL_Joystick* device_ = nullptr;
     QTimer clock_;
-    std::array<form*, 4> held_{};   // which screen has each button down
+    std::array<form*, 32> held_{};   // which screen has each button down
     long last_x_, last_y_;
 };
 

@@ -72,9 +72,7 @@ void desktop_machine::place_windows()
         if (!among(shown_, f)) leaving_.push_back(window(*f));
     if (shown_.empty()) return hide_leaving();
     form_window& top = *window(*shown_.back());
-    // A window that the user has brought to the front is active already. Asked for once more, and answered
-    // late, it would come up again over the next one, and two windows could chase each other for ever.
-    if (last_front_ != &top && !top.isActiveWindow()) {
+    if (last_front_ != &top) {
         top.raise();
         top.activateWindow();
     }

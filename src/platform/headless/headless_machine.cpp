@@ -175,8 +175,15 @@ void headless_machine::key_up(int code)
     if (f != nullptr && f->KeyUp) event([&] { f->KeyUp(code); });
 }
 
+void headless_machine::plug_stick(bool in)
+{
+    stick_present = in;
+    event([this] { joystick_changed(*this); });
+}
+
 void headless_machine::stick(long x, long y)
 {
+    if (!stick_present) return;
     joystick[13] = x;
     joystick[14] = y;
     const form* f = front(*this);
@@ -186,7 +193,7 @@ void headless_machine::stick(long x, long y)
 void headless_machine::stick_button(int number, bool down)
 {
     const form* f = front(*this);
-    if (f == nullptr) return;
+    if (f == nullptr || !stick_present) return;
     const auto& hook = down ? f->ButtonDown : f->ButtonUp;
     if (hook) event([&] { hook(number); });
 }

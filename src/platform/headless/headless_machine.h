@@ -39,6 +39,7 @@ public:
     void play(const std::string& path) override;
     void close_sound() override;
     long joystick_reading(int number) override;
+    bool joystick_present() override { return stick_present; }
     loaded_picture load_picture(const std::string& path) override;
     std::string print(const std::vector<printed_line>&) override;
 
@@ -47,6 +48,7 @@ public:
     std::deque<std::string> inputs;
     std::deque<std::string> files;
     std::map<int, long> joystick{{5, 65535}, {7, 65535}, {13, 32768}, {14, 32768}};
+    bool stick_present = true;
     bool printer = true;
 
     // What came of it.
@@ -66,6 +68,7 @@ public:
     void release(screen_object&);   // and up
     void key_down(int code);        // to the screen in front
     void key_up(int code);
+    void plug_stick(bool in);   // or pulls it out; nothing comes from a stick that isn't there
     void stick(long x, long y);
     void stick_button(int number, bool down);
     void activate(form&);       // the user brings a screen to the front

@@ -1,0 +1,130 @@
+// How the calibration screen is laid out: the buttons and the word on the joystick along the top, below them
+// the stick tester, the readings and the lamps of the buttons, and then the instructions down the screen.
+// Twips.
+#include "platform/design.h"
+
+#include "calibration/joycal.h"
+
+namespace vorn {
+
+namespace {
+
+using S = joycal_screen;
+
+constexpr double top = 1515, height = 3720;   // of the three frames side by side
+constexpr double box = 720;                   // height of a reading and of a lamp
+
+// Four rows fill such a frame.
+constexpr double row(int n)
+{
+    return 360 + 825.0 * n;
+}
+
+// Large words in the middle of a field of their own.
+object_fields plate(rectangle at, std::string words, colour fore, colour back)
+{
+    object_fields f = bold(label(at, std::move(words), fore, text_size::large, alignment::centre));
+    f.BackColor = back;
+    return f;
+}
+
+void buttons(S& s)
+{
+    put_buttons(s.window, {120, 165, 1800, 540}, 1875,
+                {{s.Cmdstart, "START", "BEGIN THE CALIBRATION, OR BEGIN IT AGAIN"},
+                 {s.Cmdfinish, "FINISH", "USE THIS CALIBRATION"}});
+    s.Cmdfinish.design->Enabled = false;
+    add(s.window, s.Lblstick, plate({120, 840, 15120, 540}, "", colour::dim, colour::black));
+}
+
+void tester(S& s)
+{
+    add(s.window, s.Frmstick, frame({120, top, 3480, height}, "STICK"));
+    object_fields window = placed(object_kind::sight, {120, 360, 3240, 3240});
+    window.AccessibleName = "Stick tester";
+    add(s.window, s.Frmfield, std::move(window), &s.Frmstick);
+    add(s.window, s.Image1, image({120, 120, 3000, 3000}, ":stick_field"), &s.Frmfield);
+    add(s.window, s.dot, shape({1560, 1560, 150, 150}, shape_kind::filled_ellipse, colour::red), &s.Frmfield);
+}
+
+void readings(S& s)
+{
+    add(s.window, s.Frmreadings, frame({3720, top, 5640, height}, "READINGS"));
+    constexpr double first = 1560, second = 3540, width = 1860;
+    for (const auto& [words, left] : {std::pair{"X POS =", first}, {"Y POS =", second}})
+        caption(s, &s.Frmreadings,
+                label({left, row(0) + 300, width, 420}, words, colour::dim, text_size::normal,
+                      alignment::centre));
+    const struct {
+        const char* words;
+        screen_object& x;
+        screen_object& y;
+    } rows[] = {{"Centre", s.Lblxmin, s.Lblymin},
+                {"Match", s.Lblx, s.Lbly},
+                {"Movement", s.Lblxfactor, s.Lblyfactor}};
+    double at = row(1);
+    for (const auto& r : rows) {
+        caption(s, &s.Frmreadings, label({240, at + 180, 1260, box - 360}, r.words, colour::dim));
+        for (const auto& [o, left] : {std::pair{&r.x, first}, {&r.y, second}})
+            add(s.window, *o, plate({left, at, width, box}, "", colour::live, colour::black), &s.Frmreadings);
+        at += row(1) - row(0);
+    }
+    for (screen_object* o : {&s.Lblxmax, &s.Lblymax})
+        add(s.window, *o, hidden(label({0, 0, width, 300}, "")), &s.Frmreadings);
+}
+
+// In the order in which the gunnery screens take the buttons.
+void lamps(S& s)
+{
+    add(s.window, s.Frmbuttons, frame({9480, top, 5760, height}, "BUTTONS"));
+    static constexpr const char* does[] = {"FIRE", "AMMO  SELECT", "LAZE", "AUTOLAY"};
+    for (int b = 0; b < 4; ++b) {
+        const double at = row(b);
+        caption(s, &s.Frmbuttons,
+                bold(label({240, at, 480, box}, std::to_string(b + 1), colour::dim, text_size::large)));
+        add(s.window, s.Lblbutton[b], plate({780, at, 4740, box}, does[b], colour::white, colour::darkred),
+            &s.Frmbuttons);
+    }
+}
+
+void steps(S& s)
+{
+    add(s.window, s.Frminfo, frame({120, 5355, 15120, 6045}, "CALIBRATION"));
+    caption(s, &s.Frminfo,
+            label({840, 450, 13980, 450}, "CLICK ON START TO BEGIN, AND AGAIN TO BEGIN ANEW", colour::dim,
+                  text_size::large));
+    const struct {
+        screen_object& o;
+        const char* words;
+        double top, height;
+    } rows[] = {
+        {s.Lblinfo1, "CENTRE THE JOYSTICK THEN PRESS ANY BUTTON", 1440, 450},
+        {s.Lblinfo2,
+         "USE THE JOYSTICK ADJUSTERS TO ROUGHLY MATCH THE NUMBERS IN THE TOP X AND Y POS BOXES TO THE ONES "
+         "BELOW (DONT MOVE JOYSTICK) THEN PRESS A BUTTON",
+         2430, 1350},
+        {s.Lblinfo3, "TEST THE MOVEMENT OF THE JOYSTICK AND BUTTONS", 3780, 450},
+        {s.Lblinfo4, "IF SATISFIED WITH CALIBRATION THEN CLICK ON  FINISH", 4770, 450}};
+    for (int n = 1; const auto& r : rows) {
+        caption(s, &s.Frminfo,
+                bold(label({240, r.top, 480, r.height}, std::to_string(n++), colour::dim, text_size::large)));
+        add(s.window, r.o,
+            hidden(label({840, r.top, 13980, r.height}, r.words, colour::text, text_size::large)),
+            &s.Frminfo);
+    }
+}
+
+}   // namespace
+
+void design_joycal(joycal_screen& s)
+{
+    s.window.name = "joycal";
+    s.window.Caption = "CONTROL CALIBRATION";
+    buttons(s);
+    tester(s);
+    readings(s);
+    lamps(s);
+    steps(s);
+}
+
+}   // namespace vorn

@@ -1,0 +1,157 @@
+#include "calibration/joycal.h"
+
+#include <algorithm>
+#include <array>
+
+#include "trainer.h"
+
+namespace vorn {
+
+namespace {
+
+using S = joycal_screen;
+
+constexpr double dot_from = 120, dot_to = 2880;   // Left and Top of the dot in its field
+
+// One axis of the stick: its readings, what they are made into, where they are shown and how the dot goes.
+struct axis_row {
+    int end;   // number of the reading of the scale's upper end
+    int at;    // and of the stick's place
+    double practice_state::*centre;
+    double practice_state::*factor;
+    screen_object S::*showsend;   // on a label that nobody sees
+    screen_object S::*showsat;
+    screen_object S::*showscentre;
+    screen_object S::*showsstep;
+    double object_fields::*along;
+};
+constexpr axis_row axes[] = {{7, 14, &practice_state::joyycentre, &practice_state::joyyfactor, &S::Lblymax,
+                              &S::Lblymin, &S::Lbly, &S::Lblyfactor, &object_fields::Top},
+                             {5, 13, &practice_state::joyxcentre, &practice_state::joyxfactor, &S::Lblxmax,
+                              &S::Lblxmin, &S::Lblx, &S::Lblxfactor, &object_fields::Left}};
+
+std::array<screen_object*, 4> instructions(S& s)
+{
+    return {&s.Lblinfo1, &s.Lblinfo2, &s.Lblinfo3, &s.Lblinfo4};
+}
+
+// What is to be done now stands out from what has been done.
+void markinstruction(S& s)
+{
+    const auto all = instructions(s);
+    for (screen_object* o : all) o->ForeColor = colour::text;
+    if (s.calstep > 0)
+        all[static_cast<std::size_t>(std::min<int>(s.calstep, 4) - 1)]->ForeColor = colour::live;
+}
+
+void showjoystick(const trainer& t, S& s)
+{
+    const bool there = t.pc.joystick_present();
+    s.Lblstick.Caption =
+        there ? "JOYSTICK CONNECTED" : "NO JOYSTICK IS CONNECTED. PLUG ONE IN: IT IS FOUND AT ONCE.";
+    s.Lblstick.ForeColor = there ? colour::dim : colour::highlight;
+}
+
+void joycal_load(trainer& t, S& s)
+{
+    s.calstarted = false;
+    s.calstep = 0;
+    showjoystick(t, s);
+}
+
+void cmdstart_click(S& s)
+{
+    s.calstarted = true;
+    s.Cmdfinish.Enabled = false;
+    s.calstep = 1;
+    for (screen_object* o : instructions(s)) o->Visible = o == &s.Lblinfo1;
+    markinstruction(s);
+}
+
+void cmdfinish_click(trainer& t)
+{
+    t.shared.joycalibrated = true;
+    unload(t.pc, t.joycal.window);
+}
+
+void takecentre(trainer& t, S& s, const axis_row& a)
+{
+    t.shared.*a.centre = static_cast<double>(t.pc.joystick_reading(a.end)) / 2;
+    (s.*a.showscentre).Caption = number_text(t.shared.*a.centre);
+    (s.*a.showsat).Caption = std::to_string(t.pc.joystick_reading(a.at));
+}
+
+// Instructions that are shown stay, so that they pile up down the screen.
+void nextstep(trainer& t, S& s)
+{
+    s.calstep += 1;
+    if (s.calstep == 2)
+        for (const axis_row& a : axes) takecentre(t, s, a);
+    if (s.calstep <= 4) instructions(s)[static_cast<std::size_t>(s.calstep - 1)]->Visible = true;
+    if (s.calstep == 4) s.Cmdfinish.Enabled = true;
+    markinstruction(s);
+}
+
+void lightbutton(S& s, int button, colour c)
+{
+    if (button >= 1 && button <= 4) s.Lblbutton[button - 1].BackColor = c;
+}
+
+void joystk_buttondown(trainer& t, S& s, int button)
+{
+    if (s.calstarted) nextstep(t, s);
+    lightbutton(s, button, colour::red);
+}
+
+// The unit of the dead band is a twelfth of the way from the stick to the end of its scale.
+void takefactor(trainer& t, S& s, const axis_row& a)
+{
+    const long end = t.pc.joystick_reading(a.end), at = t.pc.joystick_reading(a.at);
+    (s.*a.showsend).Caption = std::to_string(end);
+    (s.*a.showsat).Caption = std::to_string(at);
+    t.shared.*a.factor = (static_cast<double>(end) - static_cast<double>(at)) / 12.0;
+}
+
+// The dot goes as the sight does in a practice: at a rate set by the excess over the dead band, a twip for
+// each full 100 units, rounded down and so lopsided.
+void movedot(S& s, const axis_row& a, double bound, double at)
+{
+    const double n = Int((at - bound) / 100);
+    s.dot.*a.along += n;
+    (s.*a.showsstep).Caption = number_text(n);
+}
+
+void trystick(const practice_state& p, S& s, const axis_row& a, double at)
+{
+    const double low = p.*a.centre - 2 * p.*a.factor, high = p.*a.centre + 2 * p.*a.factor;
+    if (at < low) movedot(s, a, low, at);
+    if (at > high) movedot(s, a, high, at);
+}
+
+void joystk_move(trainer& t, S& s, long x, long y)
+{
+    for (const axis_row& a : axes) takefactor(t, s, a);
+    for (const axis_row& a : axes) {
+        const bool across = a.along == &object_fields::Left;
+        if (s.calstep > 2) trystick(t.shared, s, a, static_cast<double>(across ? x : y));
+        s.dot.*a.along = std::clamp(s.dot.*a.along, dot_from, dot_to);
+    }
+}
+
+}   // namespace
+
+void make_joycal(trainer& t)
+{
+    S& s = t.joycal;
+    design_joycal(s);
+    s.window.load = [&t, &s] { joycal_load(t, s); };
+    s.window.closed = [&t, &s] { unload(t.pc, s.window); };
+    s.window.JoystickChanged = [&t, &s] { showjoystick(t, s); };
+    s.window.ButtonDown = [&t, &s](int button) { joystk_buttondown(t, s, button); };
+    s.window.ButtonUp = [&s](int button) { lightbutton(s, button, colour::darkred); };
+    s.window.Move = [&t, &s](long x, long y) { joystk_move(t, s, x, y); };
+    s.Cmdstart.Click = [&s] { cmdstart_click(s); };
+    s.Cmdfinish.Click = [&t] { cmdfinish_click(t); };
+}
+
+}   // namespace vorn

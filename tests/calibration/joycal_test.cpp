@@ -1,0 +1,194 @@
+// The calibration of the joystick: its steps, the dot of the tester, and a practice fought with what came of
+// it.
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "gunner.h"
+
+namespace vorn {
+namespace {
+
+struct calibration : testing::Test {
+    drill d{sight_kind::visual};
+    headless_machine& pc = d.pc;
+    practice_state& p = d.t.shared;
+    joycal_screen& s = d.t.joycal;
+
+    calibration() { open(); }
+    void open() { pc.click(d.t.startsim.cmdstick); }
+    void press(int button)
+    {
+        pc.stick_button(button, true);
+        pc.stick_button(button, false);
+    }
+    void to_step(int step)
+    {
+        pc.click(s.Cmdstart);
+        while (s.calstep < step) press(1);
+    }
+    // What the user can read, and whether he can finish.
+    std::string shown() const
+    {
+        std::string steps;
+        for (const screen_object* o : {&s.Lblinfo1, &s.Lblinfo2, &s.Lblinfo3, &s.Lblinfo4})
+            steps += o->Visible ? '*' : '.';
+        return steps + (s.Cmdfinish.Enabled ? " finish" : "");
+    }
+    std::string lit() const
+    {
+        std::string lamps;
+        for (const screen_object& o : s.Lblbutton) lamps += o.BackColor == colour::red ? '*' : '.';
+        return lamps;
+    }
+    // A move event with the readings as they are.
+    void move(long x, long y)
+    {
+        pc.event([&] { s.window.Move(x, y); });
+    }
+};
+
+TEST_F(calibration, each_button_is_a_step_and_the_instructions_pile_up)
+{
+    EXPECT_EQ(shown(), "....");
+    press(1);
+    EXPECT_EQ(shown(), "....") << "before START a button is only tried";
+    pc.click(s.Cmdstart);
+    const std::string steps[] = {"*...", "**..", "***.", "**** finish", "**** finish"};
+    for (int n = 0; n < 5; ++n) {
+        EXPECT_EQ(shown(), steps[n]);
+        press(n == 0 ? 9 : n);   // any button will do
+    }
+    EXPECT_EQ(s.Lblx.Caption + ' ' + s.Lbly.Caption, "32767.5 32767.5");
+    pc.click(s.Cmdstart);
+    EXPECT_EQ(shown(), "*...");
+    EXPECT_EQ(p.joyxcentre, 32767.5) << "until the next button";
+}
+
+TEST_F(calibration, the_lamps_follow_the_first_four_buttons)
+{
+    for (const auto& [button, down, lamps] : {std::tuple{1, true, "*..."},
+                                              {4, true, "*..*"},
+                                              {5, true, "*..*"},
+                                              {0, true, "*..*"},
+                                              {1, false, "...*"}}) {
+        pc.stick_button(button, down);
+        EXPECT_EQ(lit(), lamps) << button;
+    }
+}
+
+TEST_F(calibration, the_dot_rests_in_the_dead_band_and_goes_by_full_hundreds_beyond_it)
+{
+    pc.joystick[7] = 60000;   // the axes keep apart
+    to_step(2);
+    EXPECT_EQ(s.Lblymin.Caption, "32768");
+    move(0, 0);
+    EXPECT_EQ(s.dot.Left, 1560) << "not before the third step";
+    EXPECT_NEAR(p.joyxfactor, 2730.583, 0.001);
+    EXPECT_NEAR(p.joyyfactor, 2269.333, 0.001);
+    press(1);
+    const struct {
+        long x, y;
+        double across, down;
+        const char* xstep;
+        const char* ystep;
+    } moves[] = {{27307, 25462, 0, 0, "", ""},        {38228, 34538, 0, 0, "", ""},
+                 {27306, 30000, -1, 0, "-1", ""},     {32768, 25461, 0, -1, "-1", "-1"},
+                 {38229, 34539, 0, 0, "0", "0"},      {38328, 34638, 0, 0, "0", "0"},
+                 {38329, 30000, 1, 0, "1", "0"},      {32768, 34639, 0, 1, "1", "1"},
+                 {0, 65535, -274, 309, "-274", "309"}};
+    for (const auto& m : moves) {
+        s.dot.Left = s.dot.Top = 1560;
+        move(m.x, m.y);
+        EXPECT_EQ(s.dot.Left, 1560 + m.across) << m.x;
+        EXPECT_EQ(s.dot.Top, 1560 + m.down) << m.y;
+        EXPECT_EQ(s.Lblxfactor.Caption, m.xstep) << m.x;
+        EXPECT_EQ(s.Lblyfactor.Caption, m.ystep) << m.y;
+    }
+}
+
+TEST_F(calibration, the_dot_stays_in_its_field_whatever_the_stick_says)
+{
+    to_step(3);
+    for (int i = 0; i < 50; ++i) pc.stick(65535, 0);
+    EXPECT_EQ(s.dot.Left, 2880);
+    EXPECT_EQ(s.dot.Top, 120);
+    constexpr long least = std::numeric_limits<long>::min(), most = std::numeric_limits<long>::max();
+    pc.joystick = {{5, most}, {7, least}, {13, least}, {14, most}};
+    move(least, most);
+    for (const double at : {s.dot.Left, s.dot.Top}) EXPECT_TRUE(at == 120 || at == 2880) << at;
+    EXPECT_EQ(s.Lblxmin.Caption, std::to_string(least));
+    EXPECT_GT(p.joyxfactor, 1e18);
+}
+
+TEST_F(calibration, says_when_there_is_no_joystick_and_comes_to_life_with_one)
+{
+    const std::string there = "JOYSTICK CONNECTED";
+    EXPECT_EQ(s.Lblstick.Caption, there);
+    pc.plug_stick(false);
+    const std::string missing = s.Lblstick.Caption;
+    EXPECT_NE(missing, there);
+    pc.click(s.Cmdstart);
+    press(1);
+    EXPECT_EQ(shown(), "*...");
+    pc.close_window(s.window);
+    open();
+    EXPECT_EQ(s.Lblstick.Caption, missing) << "from the start";
+    pc.activate(d.t.startsim.window);
+    pc.plug_stick(true);
+    EXPECT_EQ(s.Lblstick.Caption, there) << "also behind another screen";
+}
+
+TEST_F(calibration, closed_by_its_frame_changes_nothing_and_leads_back_to_the_set_up)
+{
+    to_step(4);
+    p.fulldebrief = false;
+    pc.close_window(s.window);
+    EXPECT_EQ(s.window.state, form_state::not_loaded);
+    EXPECT_EQ(front(pc), &d.t.startsim.window);
+    EXPECT_TRUE(p.fulldebrief) << "the set-up has come to the front";
+    EXPECT_FALSE(p.joycalibrated);
+    open();
+    press(1);
+    EXPECT_EQ(shown(), "....") << "afresh";
+    to_step(4);
+    pc.stick(32768, 32768);
+    pc.click(s.Cmdfinish);
+    EXPECT_EQ(front(pc), &d.t.startsim.window);
+    EXPECT_TRUE(p.joycalibrated);
+    open();
+    to_step(2);
+    pc.stick(0, 65535);
+    pc.close_window(s.window);
+    EXPECT_TRUE(p.joycalibrated) << "an old calibration stands";
+    EXPECT_EQ(p.joyxfactor, 65535 / 12.0) << "though its numbers are of the last move";
+    EXPECT_EQ(p.joyyfactor, 0);
+}
+
+TEST(practice_by_stick, is_allowed_once_calibrated_and_fired_by_stick_and_buttons)
+{
+    drill d(sight_kind::visual, VORN_SOURCE_DIR "/data");
+    headless_machine& pc = d.pc;
+    practice_state& p = d.t.shared;
+    pc.click(d.t.startsim.Optcon1);
+    pc.click(d.t.startsim.Opttime1);
+    d.set_up();
+    EXPECT_EQ(front(pc), &d.t.startsim.window) << "refused";
+    pc.click(d.t.startsim.cmdstick);
+    pc.click(d.t.joycal.Cmdstart);
+    for (int button = 1; button <= 3; ++button) pc.stick_button(button, true);
+    pc.stick(60000, 10000);
+    pc.stick(32768, 32768);   // he lets go of it
+    pc.click(d.t.joycal.Cmdfinish);
+    d.set_up();
+    ASSERT_EQ(front(pc), &d.t.simulator.window);
+    p.fulldebrief = false;
+    gunner g(d, controls::stick);
+    g.fire_practice();
+    EXPECT_NEAR(p.joyxfactor, 2730.583, 0.001) << "his own calibration";
+    ASSERT_EQ(g.notes.size(), 6U);
+    for (std::size_t e = 1; e <= 6; ++e) EXPECT_EQ(p.rechit[e], "YES") << e;
+}
+
+}   // namespace
+}   // namespace vorn

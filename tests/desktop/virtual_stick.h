@@ -1,0 +1,53 @@
+// A joystick that SDL makes up: a test plugs it in and works it, and the machine finds it as it finds any.
+#pragma once
+
+#define SDL_MAIN_HANDLED
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "platform/desktop/desktop_machine.h"
+
+namespace vorn::testing_desk {
+
+class virtual_stick {
+public:
+    explicit virtual_stick(desktop_machine& machine) : pc(machine) {}
+    ~virtual_stick() { unplug(); }
+    virtual_stick(const virtual_stick&) = delete;
+    virtual_stick& operator=(const virtual_stick&) = delete;
+
+    void plug()
+    {
+        pc.joystick().poll();   // the toolkit is up from here on
+        index = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_FLIGHT_STICK, 2, 6, 0);
+        ASSERT_GE(index, 0) << SDL_GetError();
+        device = SDL_JoystickOpen(index);
+        pc.joystick().poll();
+    }
+    // Noticed at the next look.
+    void unplug()
+    {
+        if (device == nullptr) return;
+        SDL_JoystickDetachVirtual(index);
+        SDL_JoystickClose(std::exchange(device, nullptr));
+    }
+    void button(int n, bool down)
+    {
+        SDL_JoystickSetVirtualButton(device, n, down ? 1 : 0);
+        pc.joystick().poll();
+    }
+    void axis(int n, int to)
+    {
+        SDL_JoystickSetVirtualAxis(device, n, static_cast<Sint16>(to));
+        pc.joystick().poll();
+    }
+
+private:
+    desktop_machine& pc;
+    int index = -1;
+    SDL_Joystick* device = nullptr;
+};
+
+}   // namespace vorn::testing_desk
