@@ -105,9 +105,10 @@ void steps(S& s)
          2430, 1350},
         {s.Lblinfo3, "TEST THE MOVEMENT OF THE JOYSTICK AND BUTTONS", 3780, 450},
         {s.Lblinfo4, "IF SATISFIED WITH CALIBRATION THEN CLICK ON  FINISH", 4770, 450}};
-    for (int n = 1; const auto& r : rows) {
-        caption(s, &s.Frminfo,
-                bold(label({240, r.top, 480, r.height}, std::to_string(n++), colour::dim, text_size::large)));
+    for (int n = 0; const auto& r : rows) {
+        object_fields number =
+            bold(label({240, r.top, 480, r.height}, std::to_string(n + 1), colour::dim, text_size::large));
+        add(s.window, s.Lblstep[n++], hidden(std::move(number)), &s.Frminfo);
         add(s.window, r.o,
             hidden(label({840, r.top, 13980, r.height}, r.words, colour::text, text_size::large)),
             &s.Frminfo);

@@ -39,7 +39,10 @@ std::array<screen_object*, 4> instructions(S& s)
 void markinstruction(S& s)
 {
     const auto all = instructions(s);
-    for (screen_object* o : all) o->ForeColor = colour::text;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        all[i]->ForeColor = colour::text;
+        s.Lblstep[i].Visible = all[i]->Visible;
+    }
     if (s.calstep > 0)
         all[static_cast<std::size_t>(std::min<int>(s.calstep, 4) - 1)]->ForeColor = colour::live;
 }

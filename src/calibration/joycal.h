@@ -28,6 +28,7 @@ struct joycal_screen {
     screen_object Frmbuttons, Lblbutton[4];
 
     // The instructions, one for each step.
+    screen_object Lblstep[4];   // their numbers
     screen_object Frminfo, Lblinfo1, Lblinfo2, Lblinfo3, Lblinfo4;
 
     std::deque<screen_object> captions;   // labels that never change

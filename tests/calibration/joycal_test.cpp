@@ -25,7 +25,8 @@ struct calibration : testing::Test {
     void to_step(int step)
     {
         pc.click(s.Cmdstart);
-        while (s.calstep < step) press(1);
+        for (int n = 1; n < step; ++n) press(1);
+        EXPECT_EQ(s.calstep, step);
     }
     // What the user can read, and whether he can finish.
     std::string shown() const

@@ -80,9 +80,7 @@ TEST_F(calibration, goes_from_no_joystick_at_all_to_a_calibrated_one)
     EXPECT_EQ(back(s.Lblbutton[2]), back_shade(colour::darkred));
     stick.plug();
     EXPECT_EQ(text(s.Lblstick), "JOYSTICK CONNECTED");
-    stick.axis(0, 5000);
-    stick.axis(0, 0);
-    click(s.Cmdfinish);
+    click(s.Cmdfinish);   // the stick that came back at its centre has been told
     EXPECT_TRUE(t.shared.joycalibrated);
     EXPECT_EQ(t.shared.joyxfactor, (65535 - 32768) / 12.0);
     EXPECT_TRUE(QTest::qWaitForWindowActive(pc.window(t.startsim.window)));

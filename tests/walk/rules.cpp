@@ -143,9 +143,12 @@ constexpr screen_rule unless_halted[] = {
      [](const trainer&, const screen& s) {
          return !s.simrunning || s.Timpause.Enabled || s.Timtarget.Enabled || s.Cmdtarget.Enabled;
      }},
+    // A resume on the thermal screen can bring a target up outside a practice, and a pause there stops the
+    // loader.
     {"an empty gun is being loaded while a target is up",
-     [](const trainer&, const screen& s) {
-         return !s.Imgtargets.Visible || s.gunloaded || s.targethit || s.Timloading.Enabled;
+     [](const trainer& t, const screen& s) {
+         return t.shared.paused || !s.simrunning || !s.Imgtargets.Visible || s.gunloaded || s.targethit ||
+                s.Timloading.Enabled;
      }},
 };
 

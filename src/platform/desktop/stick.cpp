@@ -60,10 +60,8 @@ void stick::detach()
 {
     release_all();
     SDL_JoystickClose(std::exchange(device_, nullptr));
-    last_x_ = last_y_ = centre;
     clock_.setInterval(look_interval);
     tell_change();
-    if (SDL_NumJoysticks() > 0) attach(0);
 }
 
 void stick::tell_change()
@@ -75,7 +73,6 @@ void stick::take_events()
 {
     SDL_Event e;
     while (SDL_PollEvent(&e) != 0) {
-        if (e.type == SDL_JOYDEVICEADDED) attach(e.jdevice.which);
         if (device_ == nullptr) continue;
         const bool ours = e.jdevice.which == SDL_JoystickInstanceID(device_);
         if (e.type == SDL_JOYDEVICEREMOVED && ours) detach();
@@ -90,6 +87,8 @@ void stick::poll()
     begin();
     if (clock_.interval() == start_delay) clock_.setInterval(look_interval);
     take_events();
+    // At each look: one that could not be opened when it was plugged in may be ready by now.
+    for (int i = 0; device_ == nullptr && i < SDL_NumJoysticks(); ++i) attach(i);
     deliver_move();
 }
 
@@ -114,17 +113,22 @@ void stick::release_all()
     for (std::size_t i = 0; i < held_.size(); ++i) button(i, false);
 }
 
-// While the stick is off its centre it goes on telling where it is: the screens take it for a rate.
+// While the stick is off its centre it goes on telling where it is: the screens take it for a rate. A screen
+// that comes to the front is told once, and that the stick is back at its centre is told also when it went
+// there behind a box or was pulled out.
 void stick::deliver_move()
 {
-    if (device_ == nullptr) return;
+    const form* f = front(pc_);
+    if (f == nullptr || !f->Move || !in_use()) return;
     const long x = axis(0), y = axis(1);
     const bool moved = x != last_x_ || y != last_y_;
+    const bool off = x != centre || y != centre;
+    const bool fresh = device_ != nullptr && f != told_;
+    if (!moved && !off && !fresh) return;
     last_x_ = x;
     last_y_ = y;
-    const form* f = front(pc_);
-    if ((moved || x != centre || y != centre) && f != nullptr && f->Move && in_use())
-        pc_.run([&] { f->Move(x, y); });
+    told_ = device_ != nullptr ? f : nullptr;
+    pc_.run([&] { f->Move(x, y); });
 }
 
 long stick::axis(int number) const

@@ -41,7 +41,8 @@ private:
     _SDL_Joystick* device_ = nullptr;
     QTimer clock_;
     std::array<form*, 32> held_{};   // which screen has each button down
-    long last_x_, last_y_;
+    long last_x_, last_y_;           // as told last
+    const form* told_ = nullptr;     // to which screen
 };
 
 }   // namespace vorn
