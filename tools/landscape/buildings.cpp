@@ -162,6 +162,63 @@ void build_church(world& w, point p, float angle)
     }
 }
 
+// A stretch of a road that the river runs under.
+struct crossing {
+    point from, to;
+};
+
+std::vector<crossing> crossings(const world& w)
+{
+    constexpr float bank = 4;   // metres of it that a bridge takes up
+    std::vector<crossing> found;
+    for (const path& road : w.land.roads) {
+        bool over = false;
+        for (const point& p : winding(road, road_wander)) {
+            const bool wet = w.map.to_river(p.x, p.y) < w.land.river_width / 2 + bank;
+            if (wet && !over) found.push_back({p, p});
+            if (wet) found.back().to = p;
+            over = wet;
+        }
+    }
+    return found;
+}
+
+// Deck, parapets and dark arches, from bank to bank.
+void build_bridge(world& w, const crossing& at)
+{
+    constexpr float half = 3.6f, parapet = 1, arch_rise = 2.3f, arch = 6.5f;   // metres
+    const vec3 stone = paint(.60f, .57f, .51f), dark = paint(.15f, .15f, .14f), tar = paint(.55f, .54f, .53f);
+    const float dx = at.to.x - at.from.x, dy = at.to.y - at.from.y, length = std::hypot(dx, dy);
+    const float deck =
+        std::max(w.ground.height(at.from.x, at.from.y), w.ground.height(at.to.x, at.to.y)) + .8f;
+    const float water = w.ground.height((at.from.x + at.to.x) / 2, (at.from.y + at.to.y) / 2);
+    const auto place = [&](float along, float across, float z) {
+        return vec3{at.from.x + (dx * along - dy * across) / length,
+                    at.from.y + (dy * along + dx * across) / length, z};
+    };
+    const auto wall = [&](float from, float to, float across, float low, float high, vec3 colour,
+                          float side) {
+        w.panels.push_back({{place(from, across, low), place(to, across, low), place(to, across, high),
+                             place(from, across, high)},
+                            colour,
+                            vec3{-dy, dx, 0} * (side / length),
+                            wall_warmth});
+    };
+    w.panels.push_back({{place(-4, -half, deck), place(length + 4, -half, deck),
+                         place(length + 4, half, deck), place(-4, half, deck)},
+                        tar,
+                        {0, 0, 1},
+                        wall_warmth + .06f});
+    for (const float side : {-1.f, 1.f}) {
+        wall(-4, length + 4, side * half, water - 1, deck + parapet, stone, side);
+        wall(-4, length + 4, side * (half - .4f), deck, deck + parapet, stone, -side);
+        for (float along = 4; along + arch < length - 2; along += arch + 1.6f)
+            for (const float inset : {0.f, .7f})   // a round head, in two steps
+                wall(along + inset * 1.4f, along + arch - inset * 1.4f, side * (half + .05f), water,
+                     water + arch_rise + inset - .4f, dark, side);
+    }
+}
+
 void build_hamlet(world& w, chance& c)
 {
     const vec3 walls[] = {paint(.74f, .68f, .58f), paint(.60f, .44f, .36f), paint(.78f, .76f, .70f),
@@ -216,6 +273,8 @@ void build_houses(world& w, chance& c)
 {
     for (const farm_plan& f : w.land.farms) build_farm(w, f, c);
     if (w.land.hamlet) build_hamlet(w, c);
+    if (w.land.river_width > 0)
+        for (const crossing& over : crossings(w)) build_bridge(w, over);
 }
 
 }   // namespace landscape

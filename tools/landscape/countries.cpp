@@ -10,7 +10,8 @@ const vec3 afternoon_sun = unit({-.62f, -.42f, .50f}), low_sun = unit({-.70f, -.
 
 ground_paint chalk_summer()
 {
-    return {.dry = paint(.63f, .58f, .40f),
+    return {.heath = paint(.36f, .40f, .22f),
+            .dry = paint(.63f, .58f, .40f),
             .middling = paint(.52f, .52f, .32f),
             .lush = paint(.39f, .44f, .24f),
             .dark = paint(.30f, .33f, .19f),
@@ -25,7 +26,8 @@ ground_paint chalk_summer()
 
 ground_paint green_valley()
 {
-    return {.dry = paint(.57f, .56f, .36f),
+    return {.heath = paint(.34f, .42f, .21f),
+            .dry = paint(.57f, .56f, .36f),
             .middling = paint(.46f, .51f, .29f),
             .lush = paint(.36f, .45f, .22f),
             .dark = paint(.27f, .34f, .18f),
@@ -40,7 +42,8 @@ ground_paint green_valley()
 
 ground_paint autumn_moor()
 {
-    return {.dry = paint(.64f, .54f, .36f),
+    return {.heath = paint(.47f, .32f, .21f),
+            .dry = paint(.64f, .54f, .36f),
             .middling = paint(.53f, .46f, .30f),
             .lush = paint(.44f, .43f, .26f),
             .dark = paint(.38f, .29f, .20f),
@@ -85,6 +88,7 @@ country thornmere()
               .farmed_from = 2250,
               .rough_share = 0,
               .wooded = .30f,
+              .heath = .15f,
               .scrub = .6f,
               .conifers = .15f,
               .leaves = summer_leaves(),
@@ -177,6 +181,7 @@ country harrowmoor()
     c.farmed_from = 900;
     c.rough_share = .42f;
     c.wooded = .34f;
+    c.heath = .9f;
     c.scrub = .9f;
     c.conifers = .3f;
     c.leaves = autumn_leaves();

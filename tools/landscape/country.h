@@ -33,6 +33,7 @@ struct farm_plan {
 
 // Colours of the ground without light.
 struct ground_paint {
+    vec3 heath;                              // bracken and heather, where they grow
     vec3 dry, middling, lush, dark, straw;   // of rough grass
     vec3 bare, soil;                         // of tracks and broken ground
     std::array<vec3, 7> crops;
@@ -65,6 +66,7 @@ struct country {
     float farmed_from;          // distance at which rough grass gives way to fields, metres
     float rough_share;          // of rough ground among the fields, 0 to 1
     float wooded;               // share of the fields that are woods, 0 to 1
+    float heath;                // how much of the rough ground bracken and heather cover, 0 to 1
     float scrub;                // how thick bushes stand on the rough ground, 0 to 1
     float conifers;             // share of conifers in the woods
     std::vector<vec3> leaves;   // colours of foliage, drawn among

@@ -77,6 +77,10 @@ layered rough_grass(const country& land, const ground_spot& s, const texture& t)
     const float tussocks =
         fractal(s.x / 40 + 9, s.y / 40, 214, 2) + .6f * t.tufts + .5f * t.stems + .35f * t.blades;
     g.lay(p.dark, .65f * coarse * smooth(.35f, 1.1f, tussocks));
+    const float bracken =
+        fractal(s.x / 150, s.y / 150, land.seed + 221, 3) + .35f * t.clumps + .35f * t.tufts + .30f * t.stems;
+    g.lay(p.heath * (1 + .25f * t.stems + .2f * t.blades), .8f * land.heath * smooth(.10f, .55f, bracken),
+          -.03f);
     const float seeding = noise(s.x / 30, s.y / 30, 219) + .7f * t.stems + .6f * t.blades + .5f * t.specks;
     g.lay(p.straw, .55f * smooth(.35f, 1.2f, seeding));
     return g;
@@ -214,8 +218,7 @@ surface cover(const country& land, const ground_map& map, const ground_spot& s)
     const float off_river = land.river_width > 0 ? map.to_river(s.x, s.y) - land.river_width / 2 : 1000;
     if (off_river < 16) lay_bank(land, s, t, off_river, g);
     lay_ways(land, map, s, t, rough, g);
-    const bool bridge = map.to_road(s.x, s.y) < 3.2f;
-    if (off_river < 0 && !bridge) {
+    if (off_river < 0) {
         const float ripples = .03f * t.tufts + .04f * t.stems;
         return {paint(.20f, .23f, .19f) * (1 + ripples), land.night ? .58f : .27f, material::water};
     }

@@ -23,7 +23,7 @@ bool in_the_way(const world& w, float x, float y)
 vec3 leaf_colour(const country& land, growth kind, float x, float y, chance& c)
 {
     const float strength = c.between(.80f, 1.22f);
-    if (kind == growth::conifer) return paint(.34f, .43f, .27f) * (.85f * strength);
+    if (kind == growth::conifer) return paint(.35f, .41f, .24f) * (.80f * strength);
     if (kind == growth::bare) return paint(.52f, .46f, .40f) * strength;
     // Neighbours are often of one kind.
     const float stand = clamp01(.5f + .9f * noise(x / 55, y / 55, land.seed + 83));
@@ -222,7 +222,7 @@ void add_tree(world& w, chance& c, float x, float y, growth kind, float height, 
 void mark_ways(world& w)
 {
     for (const path& p : w.land.tracks) w.map.tracks.mark_distance(winding(p), track_unit);
-    for (const path& p : w.land.roads) w.map.roads.mark_distance(winding(p, .5f), track_unit);
+    for (const path& p : w.land.roads) w.map.roads.mark_distance(winding(p, road_wander), track_unit);
     if (w.land.river_width > 0) w.map.river.mark_distance(winding(w.land.river, 2), river_unit);
     chance c(w.land.seed + 424242);
     constexpr int trails = 40;

@@ -31,8 +31,9 @@ struct cumulus {
         d += .32f * noise3(x * s * 2.3f + 5, y * s * 2.3f, p.z * s * 2.3f) +
              .20f * noise3(x * s * 5.1f, y * s * 5.1f + 7, p.z * s * 5.1f) +
              .11f * noise3(x * s * 11, y * s * 11 + 3, p.z * s * 11) +
-             .06f * noise3(x * s * 23, y * s * 23 + 3, p.z * s * 23);
-        return clamp01((d - needed) * 3.4f);
+             .07f * noise3(x * s * 23, y * s * 23 + 3, p.z * s * 23) +
+             .045f * noise3(x * s * 47, y * s * 47 + 9, p.z * s * 47);
+        return clamp01((d - needed) * 4.6f);
     }
 };
 

@@ -39,6 +39,8 @@ struct world {
     std::vector<panel> panels;
 };
 
+inline constexpr float road_wander = .5f;   // against that of a track
+
 // Marks tracks, roads and the river on the map.
 void mark_ways(world&);
 // Farms and the hamlet with its church.
