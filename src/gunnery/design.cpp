@@ -196,7 +196,7 @@ void visual_display(gunnery_screen& s)
     add(f, s.Lblcharge, label({240, 1140, 900, 300}, "CHRG", colour::live), &s.Frame2);
     add(f, s.Lblpred,
         label({1515, 1140, 900, 300}, "PRED", colour::live, text_size::normal, alignment::right), &s.Frame2);
-    caption(s, &s.Frame2, image({330, 1545, 1995, 990}, ":ammo_dial"));
+    caption(s, &s.Frame2, image({150, 1530, 2355, 1035}, ":ammo_dial"));
     add(f, s.Lblammotype, bold(label({480, 1680, 900, 330}, "", colour::live)), &s.Frame2);
     caption(s, &s.Frame2,
             label({inner, 2580, 2475, 270}, "AMMUNITION", colour::dim, text_size::small, alignment::centre));

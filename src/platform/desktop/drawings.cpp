@@ -398,17 +398,17 @@ void emblem(QPainter& p, const QRectF& at)
 
 // The set-up screen ----------------------------------------------------------------------------------------
 
-// A range target of light rings; its middle is dark, for the red number that stands on it.
+// A range target with a light rim; the rest is dark, for the red number that stands on it.
 void practice_target(QPainter& p, const QRectF& at)
 {
     const drawing_space space(p, centred_square(at), {100, 100});
-    constexpr QColor paper(0xd9, 0xd2, 0xb8), ink(0x14, 0x15, 0x0f);
-    p.setPen(Qt::NoPen);
-    for (const auto& [radius, c] :
-         {std::pair{47, paper.darker(170)}, {45, paper}, {40, ink}, {37, paper}, {32, ink}}) {
-        p.setBrush(c);
-        p.drawEllipse(QPointF(50, 50), radius, radius);
-    }
+    constexpr QColor paper(0xd9, 0xd2, 0xb8), ink(0x14, 0x15, 0x0f), faint(0x3a, 0x39, 0x2d);
+    p.setPen(QPen(paper, 5));
+    p.setBrush(ink);
+    p.drawEllipse(QPointF(50, 50), 44, 44);
+    p.setPen(QPen(faint, 2));
+    p.setBrush(Qt::NoBrush);
+    p.drawEllipse(QPointF(50, 50), 31, 31);
 }
 
 // The last of the practice targets: a red disc with its word.
@@ -532,20 +532,19 @@ void target_ground(QPainter& p, const QRectF& at)
 // The recess of the ammunition selector: a scale with a stop for each caption that is shown in it.
 void ammunition_dial(QPainter& p, const QRectF& at)
 {
-    const drawing_space space(p, at, {133, 66});
+    const drawing_space space(p, at, {157, 69});
     p.setPen(QPen(QColor(furniture::edge), 1));
     p.setBrush(QColor(furniture::field));
-    p.drawRoundedRect(QRectF(0.5, 0.5, 132, 65), 5, 5);
-    constexpr QPointF middle(66.5, 18);
-    constexpr double radius = 40;
+    p.drawRoundedRect(QRectF(0.5, 0.5, 156, 68), 5, 5);
+    constexpr QPointF middle(78.5, 20);
+    constexpr QSizeF radius(66, 43);
     p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(shade(colour::dim), 1.2, Qt::SolidLine, Qt::RoundCap));
-    p.drawArc(QRectF(middle.x() - 52, middle.y() - radius, 104, 2 * radius), 180 * 16, 180 * 16);
-    for (const QPointF& stop :
-         {middle - QPointF(52, 0), middle + QPointF(52, 0), middle + QPointF(0, radius)}) {
-        p.setBrush(shade(colour::dim));
-        p.drawEllipse(stop, 2.2, 2.2);
-    }
+    p.setPen(QPen(QColor(furniture::edge).lighter(130), 1.2));
+    p.drawArc(QRectF(middle - QPointF(radius.width(), radius.height()), radius * 2), 180 * 16, 180 * 16);
+    p.setPen(Qt::NoPen);
+    p.setBrush(shade(colour::dim));
+    for (const auto& [right, down] : {std::pair{-1, 0}, {1, 0}, {0, 1}})
+        p.drawEllipse(middle + QPointF(right * radius.width(), down * radius.height()), 2.4, 2.4);
 }
 
 // An engagement in which nothing was selected.
