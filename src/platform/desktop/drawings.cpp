@@ -521,11 +521,11 @@ void target_ground(QPainter& p, const QRectF& at)
     p.fillRect(QRectF(0, horizon, 305, 217 - horizon),
                upright(horizon, 217, {{0, QColor(0xa0, 0xa4, 0x78)}, {1, QColor(0x66, 0x6f, 0x46)}}));
     p.setPen(Qt::NoPen);
-    for (int i = 0; i < 260; ++i) {   // tufts, longer and farther apart the nearer they are
+    for (int i = 0; i < 460; ++i) {   // tufts, longer and farther apart the nearer they are
         const double deep = std::fmod(i * 0.618034, 1), near = deep * deep;
-        const double x = std::fmod(i * 97.31, 305);
-        p.setBrush(i % 2 == 0 ? QColor(0x4f, 0x5a, 0x34, 70) : QColor(0xb9, 0xb4, 0x82, 60));
-        p.drawEllipse(QPointF(x, horizon + 3 + near * (214 - horizon)), 3 + 9 * near, 0.5 + 0.9 * near);
+        const double x = std::fmod(i * 97.31 + 40 * std::sin(i * 1.3), 305);
+        p.setBrush(i % 2 == 0 ? QColor(0x4f, 0x5a, 0x34, 56) : QColor(0xb9, 0xb4, 0x82, 48));
+        p.drawEllipse(QPointF(x, horizon + 3 + near * (214 - horizon)), 1.5 + 3.5 * near, 0.4 + 0.5 * near);
     }
 }
 
