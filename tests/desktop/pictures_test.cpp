@@ -228,6 +228,17 @@ TEST_P(explosion, flashes_burns_and_goes_up_in_smoke)
     EXPECT_LT(change(shown(15)), 20);
 }
 
+TEST(hot_explosion, has_no_colour_and_is_brighter_than_the_ground)
+{
+    QImage canvas(64, 64, QImage::Format_RGB32);
+    canvas.fill(QColor(90, 90, 90));
+    QPainter p(&canvas);
+    for (const char* frame : {"3", "10"})
+        draw_named(p, std::string(":hotexplosion") + frame, QRectF(canvas.rect()));
+    EXPECT_TRUE(canvas.allGray());
+    EXPECT_GT(qGray(canvas.pixel(32, 40)), 120);
+}
+
 TEST_P(explosion, is_never_cut_off_at_the_edge_of_its_square)
 {
     for (int frame = 0; frame <= 15; ++frame) {
