@@ -116,7 +116,7 @@ private:
     {
         QWidget* box = QApplication::activeModalWidget();
         if (auto* files = qobject_cast<QFileDialog*>(box)) {
-            files->selectFile(QString::fromStdString(t_.shared.rootpath) + '/' + wanted_file_);
+            files->selectFile(QString::fromStdString(t_.shared.rootpath + '/' + wanted_file_));
             static_cast<QDialog&>(*files).accept();
         } else if (auto* question = qobject_cast<QMessageBox*>(box)) {
             if (!box_picture_.isEmpty()) save(box_picture_, box->grab().toImage());
@@ -466,10 +466,10 @@ private:
              {beside(s.imgtargetpointer, 900, 500), on(place_of(s.Frame4).center() + QPointF(450, 2600)),
               on_head(s.Frame3), on_head(s.Frame2), on_head(s.Frame1), right_of(s.cmdround4),
               on_head(s.Frame7)});
-        click(s.Lbltgtnumber[4]);
+        click(s.Lbltgtnumber[1]);
         take_part("marks", s.window, place_of(s.Frame1), 380,
                   {beside(s.Imgreptarget, -1500, 700), beside(s.Imglaze, -1500, -300),
-                   beside(s.Imagepoa, 1500, -500), beside(s.Imgfos, 1300, 600)});
+                   beside(s.Imagepoa, -1500, -300), beside(s.Imgfos, -500, 800)});
         click(s.cmdnew);
     }
 
@@ -525,6 +525,7 @@ private:
         click(t_.startsim.cmdeditrange);
         wanted_file_ = "visualrange.arf";
         click(s.Cmdopen);
+        s.outcome.Caption = wanted_file_ + " is open";   // without the folder of this machine
         click(s.Lbltargetnum[7]);
         take("editor", s.window,
              {on_head(s.Frame5), on_head(s.Frame3, 0.5), on_head(s.Frame4),
@@ -534,7 +535,8 @@ private:
     }
 
     QString folder_;
-    QString box_picture_, wanted_file_;
+    QString box_picture_;
+    std::string wanted_file_;
     bool whole_ = true;
     QTimer hands_;
     desktop_machine pc_;
