@@ -1,5 +1,6 @@
 #include "platform/desktop/help.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
@@ -7,9 +8,12 @@
 #include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTextBrowser>
+#include <QTextObjectInterface>
+#include <algorithm>
 
 #include "platform/desktop/look.h"
 
@@ -83,6 +87,39 @@ private:
     }
 };
 
+// Draws pictures smooth at whatever size the page and the screen give them, and none wider than the page.
+class picture_drawing final : public QObject, public QTextObjectInterface {
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+
+public:
+    using QObject::QObject;
+
+    QSizeF intrinsicSize(QTextDocument* page, int, const QTextFormat& format) override
+    {
+        const QSizeF natural = picture(*page, format).size();
+        if (natural.isEmpty()) return {0, 0};
+        const double wanted = format.toImageFormat().width();
+        const double room = std::max(1.0, page->textWidth() - 2 * page->documentMargin());
+        const double width = std::min(wanted > 0 ? wanted : natural.width(), room);
+        return {width, width * natural.height() / natural.width()};
+    }
+
+    void drawObject(QPainter* p, const QRectF& at, QTextDocument* page, int,
+                    const QTextFormat& format) override
+    {
+        p->setRenderHint(QPainter::SmoothPixmapTransform);
+        p->drawImage(at, picture(*page, format));
+    }
+
+private:
+    static QImage picture(const QTextDocument& page, const QTextFormat& format)
+    {
+        return page.resource(QTextDocument::ImageResource, QUrl(format.toImageFormat().name()))
+            .value<QImage>();
+    }
+};
+
 }   // namespace
 
 help_window::help_window(const QIcon& icon)
@@ -100,6 +137,7 @@ help_window::help_window(const QIcon& icon)
     text_->setFrameShape(QFrame::NoFrame);
     text_->document()->setDocumentMargin(22);
     text_->document()->setDefaultStyleSheet(page_style());
+    text_->document()->documentLayout()->registerHandler(QTextFormat::ImageObject, new picture_drawing(this));
     auto* page = new QVBoxLayout(this);
     auto* row = new QHBoxLayout;
     page->addWidget(text_);
@@ -197,3 +235,5 @@ void help_window::open_file(const std::string& path)
 }
 
 }   // namespace vorn
+
+#include "help.moc"
