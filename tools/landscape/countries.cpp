@@ -18,7 +18,7 @@ ground_paint chalk_summer()
             .straw = paint(.72f, .67f, .47f),
             .bare = paint(.80f, .76f, .66f),
             .soil = paint(.58f, .51f, .39f),
-            .crops = {paint(.45f, .51f, .26f), paint(.42f, .49f, .23f), paint(.72f, .66f, .43f),
+            .crops = {paint(.47f, .51f, .28f), paint(.44f, .49f, .25f), paint(.72f, .66f, .43f),
                       paint(.56f, .50f, .38f), paint(.50f, .54f, .29f), paint(.65f, .62f, .38f),
                       paint(.36f, .44f, .21f)},
             .woodfloor = paint(.21f, .25f, .14f)};
@@ -34,25 +34,25 @@ ground_paint green_valley()
             .straw = paint(.66f, .64f, .42f),
             .bare = paint(.68f, .62f, .50f),
             .soil = paint(.50f, .42f, .32f),
-            .crops = {paint(.41f, .51f, .24f), paint(.36f, .46f, .21f), paint(.70f, .65f, .40f),
-                      paint(.54f, .45f, .32f), paint(.46f, .54f, .27f), paint(.60f, .60f, .34f),
-                      paint(.32f, .42f, .20f)},
+            .crops = {paint(.44f, .50f, .26f), paint(.39f, .46f, .23f), paint(.70f, .65f, .40f),
+                      paint(.54f, .45f, .32f), paint(.48f, .53f, .28f), paint(.60f, .60f, .34f),
+                      paint(.36f, .42f, .22f)},
             .woodfloor = paint(.18f, .23f, .12f)};
 }
 
 ground_paint autumn_moor()
 {
-    return {.heath = paint(.47f, .32f, .21f),
+    return {.heath = paint(.46f, .34f, .21f),
             .dry = paint(.64f, .54f, .36f),
             .middling = paint(.53f, .46f, .30f),
             .lush = paint(.44f, .43f, .26f),
             .dark = paint(.38f, .29f, .20f),
             .straw = paint(.72f, .64f, .45f),
-            .bare = paint(.62f, .55f, .45f),
+            .bare = paint(.60f, .54f, .42f),
             .soil = paint(.46f, .36f, .26f),
             .crops = {paint(.47f, .47f, .26f), paint(.46f, .50f, .25f), paint(.74f, .66f, .45f),
-                      paint(.47f, .36f, .25f), paint(.53f, .50f, .29f), paint(.68f, .59f, .38f),
-                      paint(.50f, .39f, .27f)},
+                      paint(.44f, .35f, .24f), paint(.53f, .50f, .29f), paint(.68f, .59f, .38f),
+                      paint(.47f, .39f, .26f)},
             .woodfloor = paint(.40f, .29f, .19f)};
 }
 
@@ -173,7 +173,7 @@ country harrowmoor()
     c.name = "HARROWMOOR FELL";
     c.seed = 3300;
     c.towards_sun = low_sun;
-    c.sunlight = {2.55f, 2.14f, 1.60f};
+    c.sunlight = {2.52f, 2.20f, 1.68f};
     c.skylight = {.42f, .47f, .56f};
     c.ground = autumn_moor();
     c.sky = {paint(.45f, .55f, .68f), paint(.84f, .85f, .84f), paint(.92f, .89f, .83f), .66f, .6f};

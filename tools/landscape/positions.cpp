@@ -17,8 +17,8 @@ constexpr float nearest = 600, farthest = 2500;   // metres
 // fourteen under 1600 m among the first nineteen, for the coax and for FIN.
 constexpr float looked_for[wanted] = {900,  2300, 1250, 700,  1500, 1050, 2050, 820,  1400, 1150,
                                       1750, 650,  1200, 2400, 980,  1550, 750,  1900, 1100, 2200};
-constexpr float too_far_off[] = {380, 800,
-                                 1900};   // metres from the range looked for; wider where nothing is found
+// Metres from the range looked for; each is tried when the one before finds nothing.
+constexpr float too_far_off[] = {380, 800, 1900};
 
 // The aim point in the sight's window and the window itself, twips.
 struct sight_window {
@@ -31,17 +31,12 @@ struct box {
     float left, right, top, bottom;   // pixels
 };
 
-const vorn::sight_numbers& numbers_of(const country& land)
-{
-    return land.sight == vorn::sight_kind::visual ? vorn::visualsight : vorn::thermalsight;
-}
-
 // Where the aim can be laid by hand with the window still full of picture, room to spare on all sides.
 box in_reach(const country& land)
 {
     const bool visual = land.sight == vorn::sight_kind::visual;
     const sight_window& w = visual ? visual_window : thermal_window;
-    const vorn::limit_numbers& keys = numbers_of(land).keylimits;
+    const vorn::limit_numbers& keys = numbers_of(land.sight).keylimits;
     const auto twip = real(vorn::twips_per_pixel);
     const float width = real(land.width) * twip, height = real(land.height) * twip;
     const float across = std::max(real(keys.across), w.width), down = std::max(real(keys.down), w.height);
@@ -57,10 +52,10 @@ box in_reach(const country& land)
 bool stands_in_the_open(const country& land, const rendered& r, int x, int y, float range)
 {
     const auto twip = real(vorn::twips_per_pixel);
-    const int half =
-        static_cast<int>((target_side(land.sight, range) / 2 + real(numbers_of(land).right.step)) / twip);
+    const int half = static_cast<int>(
+        (target_side(land.sight, range) / 2 + real(numbers_of(land.sight).right.step)) / twip);
     const int side = static_cast<int>(target_side(land.sight, range) / twip);
-    const int slip = static_cast<int>(real(numbers_of(land).down.step) / twip);
+    const int slip = static_cast<int>(real(numbers_of(land.sight).down.step) / twip);
     for (int i = -half; i <= half; i += 2) {
         for (int j = -slip; j <= slip; j += 2) {
             const std::size_t k = r.at(x + i, y + j);
@@ -138,7 +133,7 @@ std::string range_file(const country& land, const std::vector<position>& positio
     vorn::practice_state p;
     p.rangename = land.name;
     p.rangepicture = land.picture;
-    p.rangetype = numbers_of(land).resultmode;
+    p.rangetype = numbers_of(land.sight).resultmode;
     const std::string icons = std::string("/target icons/") + land.icons;
     p.targeticon1 = icons + "1.ico";
     p.targeticon2 = icons + "2.ico";

@@ -215,32 +215,36 @@ void draw_plant(strip& s, const plant& p)
         }
 }
 
-// Still water shows what stands on its far bank upside down, and the sky above that.
+// What still water shows in a row below its far bank: what stands on the bank upside down, then the bank's
+// own dark edge, then the sky.
+vec3 reflected(const strip& s, int x, int y, int bank)
+{
+    constexpr float kept = .80f, edge = 6 * fine;   // of the light; rows
+    // A ripple shifts what is seen by a row or two.
+    const int shift = static_cast<int>(2.5f * noise(real(s.first * fine + x) / 9, real(y) / 1.7f, 611));
+    const std::size_t other = s.at(x, std::max(0, 2 * bank - y - 1 + shift));
+    if (s.made_of[other] == material::plant || s.made_of[other] == material::building)
+        return s.light[other] * kept;
+    const float down = -s.elevation(real(y) + .5f);
+    const vec3 above = sky::plain(s.w.land, down * .55f) * .85f;
+    return mix(s.light[s.at(x, bank - 1)] * .6f, above, smooth(.1f, 1, real(y - bank) / edge));
+}
+
 void mirror(strip& s, int x)
 {
     const country& land = s.w.land;
+    const float bearing = s.bearing(real(x) + .5f);
     for (int y = 1; y < s.rows; ++y) {
         if (s.made_of[s.at(x, y)] != material::water) continue;
         const int bank = y;
         for (; y < s.rows && s.made_of[s.at(x, y)] == material::water; ++y) {
             const std::size_t k = s.at(x, y);
-            const float down = -s.elevation(real(y) + .5f);
-            // A ripple shifts what is seen by a row or two.
-            const int shift =
-                static_cast<int>(2.5f * noise(real(s.first * fine + x) / 9, real(y) / 1.7f, 611));
-            const int from = std::max(0, 2 * bank - y - 1 + shift);
-            const std::size_t other = s.at(x, from);
-            const bool bank_shown =
-                s.made_of[other] == material::plant || s.made_of[other] == material::building;
-            const float off = real(y - bank) / (6 * fine);
-            vec3 seen = sky::plain(land, down * .55f) * .85f;
-            if (bank_shown)
-                seen = s.light[other] * .80f;
-            else if (off < 1)
-                seen = mix(s.light[s.at(x, bank - 1)] * .6f, seen, smooth(.1f, 1, off));
+            const float range = s.range[k], down = -s.elevation(real(y) + .5f);
+            // The flatter it is looked at, the more it shines.
             const float shine = .42f + .45f * std::pow(1 - std::min(1.f, down * 2), 3.f);
-            const float light = land.night ? 1 : cloud_shadow(land, 0, s.range[k]);
-            s.light[k] = through_air(mix(s.light[k] * (.9f * light + .1f), seen, shine), s.range[k]);
+            const float light = cloud_shadow(land, range * std::sin(bearing), range * std::cos(bearing));
+            s.light[k] =
+                through_air(mix(s.light[k] * (.9f * light + .1f), reflected(s, x, y, bank), shine), range);
         }
     }
 }
