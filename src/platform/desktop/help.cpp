@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QTextObjectInterface>
@@ -131,7 +132,7 @@ help_window::help_window(const QIcon& icon)
     setModal(false);
     setPalette(form_palette());
     setFont(text_font(text_size::normal, false, 1.1));
-    resize(860, 700);
+    resize(QSize(860, 700).boundedTo(screen()->availableSize()));
     setMinimumSize(480, 320);
     text_->setOpenLinks(false);
     text_->setFrameShape(QFrame::NoFrame);
