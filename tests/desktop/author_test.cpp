@@ -133,10 +133,10 @@ TEST_F(author, pictures_that_are_no_use_leave_the_window_bare)
     QFile whole(VORN_SOURCE_DIR "/data/ranges/visualrange.vrp");
     ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
     const QByteArray jpeg = whole.readAll();
-    QByteArray huge = jpeg.left(4000);   // its head says 60000 x 60000
-    const auto size = huge.indexOf(QByteArray("\x08\x49\x10\xc7", 4));
-    ASSERT_GT(size, 0);
-    huge.replace(size, 4, QByteArray("\xea\x60\xea\x60", 4));
+    QByteArray huge = jpeg.left(4000);            // its head says 60000 x 60000
+    const auto head = huge.indexOf("\xff\xc0");   // its length, its depth, and then the size
+    ASSERT_GT(head, 0);
+    huge.replace(head + 5, 4, "\xea\x60\xea\x60");
     for (const QByteArray& bytes : {QByteArray(), QByteArray("GIF89a"), huge, jpeg.left(300)}) {
         put(bytes);
         new_range(file.toStdString());
