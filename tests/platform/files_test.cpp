@@ -127,7 +127,7 @@ TEST(screens_on_a_bad_disk, a_vanished_folder_ends_no_program)
 {
     drill d(sight_kind::visual);
     fs::remove_all(d.data.ranges());
-    d.pc.answers = {{true}, {true}, {true}};
+    d.pc.answers.assign(6, {true});   // yes to each box, and no other range is found
     d.pc.click(d.t.startsim.Cmdstart);
     EXPECT_EQ(front(d.pc), &d.t.startsim.window);
     EXPECT_FALSE(d.pc.ended);
