@@ -17,6 +17,8 @@ constexpr const char* reading =
     "The cross is the middle of the target. The other marks show laser, aim and round against it.\n\n"
     "Laser, and aim of the visual sight, stand upside down: below the cross is too high.\n\n"
     "Aim and strike apart: range, wind or the lay. The same way each round: no correction was put on.\n\n"
+    "The round is measured from the target's upper left corner: in the middle of the target it stands half a "
+    "target to the right of the cross and below.\n\n"
     "A mark at the edge lies further out.";
 
 void buttons(S& s)

@@ -199,6 +199,7 @@ void visual_display(gunnery_screen& s)
     add(f, s.Lblcharge, label({240, 1140, 900, 300}, "CHRG", colour::live), &s.Frame2);
     add(f, s.Lblpred,
         label({1515, 1140, 900, 300}, "PRED", colour::live, text_size::normal, alignment::right), &s.Frame2);
+    caption(s, &s.Frame2, image({150, 1530, 2355, 1035}, ":ammo_dial"));
     add(f, s.Lblammotype, bold(label({480, 1680, 900, 330}, "", colour::live)), &s.Frame2);
     caption(s, &s.Frame2,
             label({inner, 2580, 2475, 270}, "AMMUNITION", colour::dim, text_size::small, alignment::centre));
@@ -218,10 +219,10 @@ void thermal_display(gunnery_screen& s)
 
 void explosion(gunnery_screen& s)
 {
+    const std::string drawing = s.visual() ? ":explosion" : ":hotexplosion";
     int n = 0;
     for (screen_object& frame : s.Imgexp)
-        add(s.window, frame, hidden(image({0, 0, 480, 480}, ":explosion" + std::to_string(n++))),
-            &s.Picrange);
+        add(s.window, frame, hidden(image({0, 0, 480, 480}, drawing + std::to_string(n++))), &s.Picrange);
     add(s.window, s.Imgexplode, hidden(image({0, 0, 480, 480})), &s.Picrange);
 }
 
@@ -234,7 +235,10 @@ void range_and_target(gunnery_screen& s, rectangle window, rectangle range)
         add(f, *o, hidden(image({0, 0, 480, 480}, ":target")), &s.Picrange);
     add(f, s.Imgtargets, hidden(image({0, 0, 480, 480})), &s.Picrange);
     explosion(s);
-    add(f, s.ammo, hidden(shape({0, 0, 30, 30}, shape_kind::filled_ellipse, colour::tracer)), &s.Picrange);
+    add(f, s.ammo,
+        hidden(shape({0, 0, 30, 30}, shape_kind::filled_ellipse,
+                     s.visual() ? colour::tracer : colour::hottracer)),
+        &s.Picrange);
 }
 
 // The scales run at about 200 twips to 100 metres, the drop of a HESH round; they do nothing.

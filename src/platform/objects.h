@@ -25,8 +25,9 @@ enum class colour {
     darkred,     // half red
     white,
     black,
-    sight,    // marks of the sight picture, readable over sky and ground
-    tracer,   // a round in flight
+    sight,       // marks of the sight picture, readable over sky and ground
+    tracer,      // a round in flight
+    hottracer,   // the same by its heat
 };
 
 enum class alignment { left, centre, right };

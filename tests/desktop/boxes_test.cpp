@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -118,6 +119,79 @@ TEST_F(help, opens_html_under_any_name_and_follows_links_within_the_file_alone)
     EXPECT_EQ(page()->source().fragment(), "fire");
     page()->backward();
     EXPECT_EQ(page()->source().fragment(), "");
+}
+
+TEST_F(help, shows_pictures_of_its_own_folder_wherever_that_lies_and_no_others)
+{
+    const auto has = [this](const char* name) {
+        return !page()->loadResource(QTextDocument::ImageResource, QUrl(name)).value<QImage>().isNull();
+    };
+    QImage dot(3, 3, QImage::Format_RGB32);
+    dot.fill(Qt::red);
+    open(one);
+    for (const char* place : {"here", "moved"}) {
+        QDir().mkpath(folder.filePath(QString(place) + "/ranges/help"));
+        ASSERT_TRUE(dot.save(folder.filePath(QString(place) + "/ranges/help/dot.jpg")));
+        ASSERT_TRUE(dot.save(folder.filePath(QString(place) + "/secret.jpg")));
+        write(QString(place) + "/ranges/vorn.HLP", "<p>a <img src='help/dot.jpg'></p>");
+        pc.run([&] { pc.show_help(std::string(place) + "/ranges/vorn.HLP"); });
+        EXPECT_TRUE(has("help/dot.jpg")) << place;
+        EXPECT_FALSE(has("../secret.jpg")) << place;
+        EXPECT_FALSE(has("/dev/zero")) << place;
+    }
+}
+
+TEST_F(help, finds_words_round_the_end_of_the_page)
+{
+    write("vorn.HLP", "<p>laze, then lay, then fire</p>");
+    open(one);
+    pc.run([&] { pc.show_help("vorn.HLP"); });
+    auto* sought = page()->window()->findChild<QLineEdit*>();
+    ASSERT_NE(sought, nullptr);
+    sought->setText("then");
+    std::vector<int> found;
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(sought, Qt::Key_Return);
+        found.push_back(page()->textCursor().selectionStart());
+    }
+    EXPECT_EQ(found, (std::vector<int>{6, 16, 6}));
+    sought->setText("nowhere");
+    QTest::keyClick(sought, Qt::Key_Return);
+    EXPECT_EQ(page()->textCursor().selectionStart(), 6);
+    EXPECT_TRUE(page()->window()->isVisible()) << "Enter searches and presses nothing else";
+}
+
+TEST_F(help, says_so_when_the_file_is_none_that_can_be_shown)
+{
+    write("deep.HLP", QByteArray("<table><tr><td>").repeated(30000));
+    QDir().mkpath(folder.filePath("folder.HLP"));
+    open(one);
+    for (const char* name : {"deep.HLP", "folder.HLP", "/dev/zero"}) {
+        pc.run([&] { pc.show_help(name); });
+        EXPECT_TRUE(page()->toPlainText().contains("can't be opened")) << name;
+    }
+}
+
+TEST_F(help, lays_damaged_pages_out_and_goes_on)
+{
+    QFile seed(VORN_SOURCE_DIR "/tests/fuzz/seeds/help/page.HLP");
+    ASSERT_TRUE(seed.open(QIODevice::ReadOnly));
+    const QByteArray whole = seed.readAll();
+    open(one);
+    std::minstd_rand chance(3);
+    for (int i = 0; i < 150; ++i) {
+        QByteArray page = whole;
+        for (int n = 0; n < 4; ++n) {
+            const auto at = static_cast<qsizetype>(chance()) % page.size();
+            if (n % 2 == 0) page[at] = static_cast<char>(chance());
+            if (n % 2 == 1) page.remove(at, static_cast<qsizetype>(chance()) % 40);
+        }
+        write("vorn.HLP", page);
+        pc.run([&] { pc.show_help("vorn.HLP"); });
+    }
+    write("vorn.HLP", whole);
+    pc.run([&] { pc.show_help("vorn.HLP"); });
+    EXPECT_TRUE(page()->toPlainText().contains("a link"));
 }
 
 TEST_F(help, says_so_when_there_is_no_file)

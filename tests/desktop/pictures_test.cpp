@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
+#include <QImageReader>
 #include <QTemporaryDir>
 #include <QtEndian>
 
@@ -98,6 +100,26 @@ TEST_F(pictures, that_cannot_be_had_say_why)
     EXPECT_EQ(reason("text.bmp"), "It is not a picture that can be read.");
     EXPECT_EQ(reason("empty.png"), "It is not a picture that can be read.");
     EXPECT_EQ(reason("huge.bmp"), "The picture is too large.");
+}
+
+// To the last pixel and without a word from the decoder.
+TEST_F(pictures, of_the_shipped_ranges_are_whole)
+{
+    static int complaints;
+    complaints = 0;
+    const QtMessageHandler before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) { ++complaints; });
+    int found = 0;
+    for (const QFileInfo& file :
+         QDir(VORN_SOURCE_DIR "/data/ranges").entryInfoList({"*.vrp", "*.trp"}, QDir::Files)) {
+        QImageReader reader(file.filePath());
+        reader.setDecideFormatFromContent(true);
+        EXPECT_FALSE(reader.read().isNull()) << file.fileName().toStdString();
+        EXPECT_EQ(complaints, 0) << file.fileName().toStdString();
+        ++found;
+    }
+    qInstallMessageHandler(before);
+    EXPECT_GE(found, 5);
 }
 
 TEST_F(pictures, a_cut_off_photograph_still_has_its_size)
@@ -204,6 +226,17 @@ TEST_P(explosion, flashes_burns_and_goes_up_in_smoke)
     EXPECT_LT(top(shown(10)), top(shown(3)) - .1) << "smoke rises";
     EXPECT_LT(change(shown(14)), 40) << "nearly gone when it is taken away";
     EXPECT_LT(change(shown(15)), 20);
+}
+
+TEST(hot_explosion, has_no_colour_and_is_brighter_than_the_ground)
+{
+    QImage canvas(64, 64, QImage::Format_RGB32);
+    canvas.fill(QColor(90, 90, 90));
+    QPainter p(&canvas);
+    for (const char* frame : {"3", "10"})
+        draw_named(p, std::string(":hotexplosion") + frame, QRectF(canvas.rect()));
+    EXPECT_TRUE(canvas.allGray());
+    EXPECT_GT(qGray(canvas.pixel(32, 40)), 120);
 }
 
 TEST_P(explosion, is_never_cut_off_at_the_edge_of_its_square)

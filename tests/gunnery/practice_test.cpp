@@ -2,7 +2,9 @@
 // state of the system, on both sights, by keys, buttons and stick. The record must say what he did.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <filesystem>
 
 #include "gunner.h"
 
@@ -128,6 +130,60 @@ TEST_P(practice, is_killed_to_the_last_target_and_the_record_says_how)
     expect_score(d, all, all, sum / all, sum / all * all * 2);
 }
 
+// Every position of every shipped range in turn: a target there can be seen, laid on and killed.
+class shipped_range_shoot : public testing::TestWithParam<std::string> {};
+
+std::vector<std::string> shipped_ranges()
+{
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(VORN_SOURCE_DIR "/data/ranges"))
+        if (entry.path().extension() == ".arf") files.push_back(entry.path().filename().string());
+    return files;
+}
+INSTANTIATE_TEST_SUITE_P(all, shipped_range_shoot, testing::ValuesIn(shipped_ranges()),
+                         [](const auto& file) { return std::filesystem::path(file.param).stem().string(); });
+
+// Fires at this position and those that follow it, as many as a practice of so many blocks has targets.
+void shoot_in_turn(const std::string& file, sight_kind sight, std::size_t first, int16 blocks)
+{
+    drill d(sight, VORN_SOURCE_DIR "/data");
+    practice_state& p = d.t.shared;
+    p.rangefile = p.rootpath + '/' + file;
+    p.engagementtype = 3;   // HESH: it takes any range
+    p.targettime = 500;
+    p.targetblocks = blocks;
+    p.fulldebrief = false;
+    gunner g(d, controls::keyboard);
+    d.set_up();
+    const practice_state range = p;
+    // Whatever position is drawn is the next in turn.
+    d.t.luck.source = [&p, &range, first, other = chance{}]() mutable {
+        const std::size_t turn =
+            std::min(first - 1 + static_cast<std::size_t>(p.engagement), std::size_t{19});
+        p.targetx.fill(range.targetx[turn]);
+        p.targety.fill(range.targety[turn]);
+        p.targetrange.fill(range.targetrange[turn]);
+        return Rnd(other);
+    };
+    g.fire_practice();
+    ASSERT_EQ(g.notes.size(), static_cast<std::size_t>(blocks) * 3);
+    for (std::size_t e = 1; e <= g.notes.size(); ++e) {
+        SCOPED_TRACE("position " + std::to_string(first - 1 + e));
+        EXPECT_TRUE(g.notes[e - 1].hit);
+        EXPECT_EQ(p.recx[e], range.targetx[first - 1 + e]);
+    }
+}
+
+TEST_P(shipped_range_shoot, every_target_on_it_can_be_killed)
+{
+    headless_machine pc;
+    practice_state head;
+    ASSERT_EQ(read_range_head(pc, VORN_SOURCE_DIR "/data/ranges/" + GetParam(), head), "");
+    const sight_kind sight = head.rangetype == "THERMAL" ? sight_kind::thermal : sight_kind::visual;
+    shoot_in_turn(GetParam(), sight, 1, 5);
+    shoot_in_turn(GetParam(), sight, 14, 2);
+}
+
 // Two presses of the switch, on the strike and on the target, answer the wind.
 TEST(hesh_practice, a_corrected_round_kills_in_any_wind)
 {
@@ -165,7 +221,7 @@ TEST(timed_practice, scores_what_was_hit_and_books_the_rest_as_missed)
     p.engagementtype = 3;
     p.systemstatus = 3;
     p.targettime = 20;
-    p.killarea = 4;
+    p.killarea = 8;   // small: some need a second round
     p.targetblocks = 5;
     p.fulldebrief = false;
     gunner g(d, controls::keyboard);

@@ -97,7 +97,7 @@ void lamp_green(QPainter& p, const QRectF& at)
     draw_lamp(p, at, QColor(0x4f, 0xd1, 0x4a), true);
 }
 
-// The reticle and the tank that the title, the emblem and the icon share -----------------------------------
+// The reticle and the tank that the title and the emblem share -------------------------------------------
 
 void draw_reticle(QPainter& p, const QPointF& centre, double radius, const QColor& c, double line)
 {
@@ -125,117 +125,158 @@ QPainterPath tank()
 {
     QPainterPath t;
     t.setFillRule(Qt::WindingFill);   // its pieces overlap
-    t.addPolygon(outline{{0, 11.2}, {1.6, 11.2}, {46, 10.4}, {46, 13.4}, {1.6, 12.8}, {0, 12.8}});
-    t.addRoundedRect(QRectF(17, 10.3, 8, 3.3), 0.8, 0.8);
-    t.addPolygon(outline{{38.5, 15},
-                         {42.5, 8.6},
-                         {47, 7.2},
-                         {60, 6},
-                         {61, 4.1},
-                         {67.5, 4.1},
-                         {68.5, 6.1},
-                         {76, 6.4},
-                         {78, 5.2},
-                         {88, 5.6},
-                         {89.5, 8},
-                         {90, 14},
-                         {86, 16.5},
+    t.addPolygon(outline{{0, 10.3}, {1.8, 10.3}, {1.8, 10.7}, {44, 10.1}, {44, 13.5}, {1.8, 12.6}, {0, 13}});
+    t.addRoundedRect(QRectF(15, 9.7, 8.5, 4), 1, 1);   // fume extractor
+    t.addPolygon(outline{{38, 15.6},
+                         {38.5, 10},
+                         {41.5, 8.4},
+                         {47, 6.6},
+                         {58, 5.6},
+                         {60, 3.6},
+                         {66.5, 3.4},
+                         {68, 5.7},
+                         {77, 6},
+                         {78, 4.9},
+                         {90, 5.3},
+                         {91.5, 7},
+                         {91, 13},
+                         {87, 16.5},
                          {40, 16.5}});
-    t.addRect(QRectF(56, 3.4, 6, 0.7));      // the commander's machine gun
-    t.addRect(QRectF(84.6, -5, 0.35, 11));   // aerials
+    t.addRect(QRectF(52, 2.6, 9, 0.6));   // the commander's machine gun
+    t.addRect(QRectF(59.6, 2.4, 2.2, 2));
+    t.addPolygon(outline{{44, 7.6}, {44.6, 5.6}, {49, 5}, {49.5, 6.6}});   // sight
+    for (const double x : {44.5, 46.5, 48.5})                              // smoke dischargers
+        t.addPolygon(outline{{x, 10.4}, {x - 1.6, 7.4}, {x - 0.4, 7}, {x + 1.2, 10}});
+    t.addRect(QRectF(84.6, -6, 0.3, 12));   // aerials
     t.addRect(QRectF(80.4, -3, 0.3, 9));
-    t.addPolygon(
-        outline{{24, 21.5}, {31, 17.2}, {38, 16}, {95, 16}, {99.5, 18.2}, {100, 22.5}, {97, 27}, {27, 27}});
-    t.addPolygon(outline{{24.5, 22}, {99.5, 22}, {94.5, 30.5}, {89, 33.4}, {33, 33.4}, {28.5, 31}});
+    t.addPolygon(outline{{23, 21.4},
+                         {31, 17},
+                         {38, 15.6},
+                         {71, 15.6},
+                         {72, 14.8},
+                         {96, 15},
+                         {99.5, 17.4},
+                         {100, 22.5},
+                         {97, 27},
+                         {27, 27}});
+    t.addPolygon(outline{{23.6, 22.4},
+                         {99.6, 22.4},
+                         {99.6, 26},
+                         {95, 31.6},
+                         {90, 33.4},
+                         {33, 33.4},
+                         {28, 31.4},
+                         {23.6, 25.6}});
     return t;
 }
 
-// Dark as it stands, with its road wheels just to be told apart.
-void place_tank(QPainter& p, const QPointF& ground, double width, const QColor& c)
+// Against the light: dark, with a bright edge where it comes from. A negative width turns its gun to the
+// right.
+void place_tank(QPainter& p, const QPointF& ground, double width, const QColor& c, const QColor& light)
 {
     p.save();
     p.translate(ground);
-    p.scale(width / 100, width / 100);
+    p.scale(width / 100, std::abs(width) / 100);
     p.translate(-62, -33.4);
-    p.fillPath(tank(), c);
-    p.setPen(QPen(c.lighter(165), 0.5));
+    p.fillPath(tank().translated(std::copysign(0.25, width), -0.45), light);
+    p.fillPath(tank(), upright(4, 33, {{0, c.lighter(118)}, {1, c}}));
     p.setBrush(Qt::NoBrush);
-    for (int i = 0; i < 6; ++i) p.drawEllipse(QPointF(35.5 + i * 10.2, 29), 3.6, 3.6);
-    p.drawLine(QPointF(30, 24.2), QPointF(96, 24.2));
+    p.setPen(QPen(c.lighter(170), 0.5));
+    p.drawLine(QPointF(25, 23.2), QPointF(98.5, 23.2));   // edge of the skirt
+    p.setPen(QPen(c.darker(140), 0.6));
+    for (int i = 1; i < 6; ++i) p.drawLine(QPointF(27 + 12 * i, 18.4), QPointF(27 + 12 * i, 23));
+    p.setPen(QPen(c.lighter(160), 0.5));
+    p.setBrush(c.darker(120));
+    for (int i = 0; i < 6; ++i) {
+        const QPointF hub(35.5 + i * 10.2, 28.9);
+        p.drawEllipse(hub, 3.9, 3.9);
+        p.drawEllipse(hub, 1.3, 1.3);
+    }
     p.restore();
 }
 
-void icon(QPainter& p, const QRectF& at)
-{
-    const drawing_space space(p, centred_square(at), {100, 100});
-    p.setPen(Qt::NoPen);
-    p.setBrush(upright(0, 100, {{0, QColor(0x5b, 0x60, 0x48)}, {1, shade(colour::ground).darker(130)}}));
-    p.drawRoundedRect(QRectF(2, 2, 96, 96), 20, 20);
-    draw_reticle(p, {50, 50}, 33, shade(colour::live), 6);
-}
-
 // The title screen -----------------------------------------------------------------------------------------
+
+constexpr QPointF setting_sun(690, 411);
+constexpr QColor last_light(0xf3, 0xbd, 0x74);
 
 struct ridge {
     double height;           // of its mean line, pixels from the top of 768
     double swell;            // how far it rises and falls
     double length, offset;   // of its longest fold, pixels
-    QRgb crest, foot;
+    double rough;            // of its skyline, pixels
+    QRgb crest, foot;        // mist lies at the foot of the far ones
 };
 
 // From the farthest to the nearest.
 constexpr std::array<ridge, 5> ridges{{
-    {418, 16, 420, 130, 0xff8a6f52, 0xff7d674e},
-    {444, 22, 310, 40, 0xff6b5a43, 0xff5c5040},
-    {478, 26, 520, 300, 0xff4d4735, 0xff413d2f},
-    {532, 30, 700, 90, 0xff34342a, 0xff2a2b22},
-    {628, 34, 900, 520, 0xff20211a, 0xff12130e},
+    {420, 17, 430, 130, 1.2, 0xff9a7750, 0xffd09a5a},
+    {446, 20, 330, 40, 1.6, 0xff705a40, 0xffa07a4e},
+    {482, 24, 560, 300, 1.3, 0xff4b4433, 0xff65543b},
+    {536, 26, 760, 90, 1.6, 0xff302f25, 0xff33302a},
+    {634, 28, 980, 520, 2.2, 0xff1a1b14, 0xff0d0e0a},
 }};
 
 double crest(const ridge& r, double x)
 {
     const double turn = 6.28318530718 * (x + r.offset) / r.length;
-    return r.height -
-           r.swell * (0.6 * std::sin(turn) + 0.28 * std::sin(2.3 * turn + 1.1) + 0.12 * std::sin(5.9 * turn));
+    const double folds =
+        0.6 * std::sin(turn) + 0.28 * std::sin(2.3 * turn + 1.1) + 0.12 * std::sin(5.9 * turn);
+    const double rough = std::sin(x / 9.7 + r.offset) + 0.7 * std::sin(x / 4.3) + 0.5 * std::sin(x / 2.3 + 1);
+    return r.height - r.swell * folds - r.rough * 0.5 * rough;
 }
 
 void draw_ridge(QPainter& p, const ridge& r)
 {
     QPainterPath land(QPointF(-4, 772));
-    for (double x = -4; x <= 1028; x += 4) land.lineTo(x, crest(r, x));
+    for (double x = -4; x <= 1028; x += 2) land.lineTo(x, crest(r, x));
     land.lineTo(1028, 772);
-    p.fillPath(land,
-               upright(r.height - r.swell, r.height + 110, {{0, QColor(r.crest)}, {1, QColor(r.foot)}}));
+    p.fillPath(land, upright(r.height - r.swell, r.height + 90, {{0, QColor(r.crest)}, {1, QColor(r.foot)}}));
 }
 
-// A hedge of round crowns along part of a crest.
-void draw_hedge(QPainter& p, const ridge& r, double from, double to, double size)
+// A wood or hedge along part of a crest: crowns of all sizes, gathered and thinned out as chance has it.
+void draw_trees(QPainter& p, const ridge& r, double from, double to, double size)
 {
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(r.crest).darker(122));
     int n = 0;
-    for (double x = from; x < to; x += size * 0.8, ++n) {
-        const double big = size * (0.7 + 0.3 * std::sin(n * 2.7));
-        p.drawEllipse(QPointF(x, crest(r, x) - big * 0.35), big, big * 0.8);
+    for (double x = from; x < to; x += size * (0.3 + 0.16 * std::sin(n * 1.9)), ++n) {
+        const double big = size * (0.42 + 0.2 * std::sin(n * 2.7) + 0.2 * std::sin(n * 0.31));
+        const double up = size * 0.3 * (1 + std::sin(n * 5.1));
+        p.drawEllipse(QPointF(x, crest(r, x) - big * 0.5 - up), big, big * 0.85);
+        p.drawRect(QRectF(x - size * 0.06, crest(r, x) - up - big * 0.4, size * 0.12, up + big));
+    }
+}
+
+// Blades against what lies behind, in tufts.
+void draw_grass(QPainter& p, const ridge& r)
+{
+    p.setPen(QPen(QColor(r.crest), 1));
+    int n = 0;
+    for (double x = 0; x < 1024; x += 1.7 + 1.2 * std::sin(n * 2.3), ++n) {
+        const double tall = 3 + 3 * std::sin(n * 0.61) + 3 * std::sin(n * 0.083) + 2 * std::sin(n * 4.7);
+        if (tall > 1)
+            p.drawLine(QPointF(x, crest(r, x) + 2), QPointF(x + 2 * std::sin(n * 3.1), crest(r, x) - tall));
     }
 }
 
 void draw_dusk(QPainter& p)
 {
-    p.fillRect(QRectF(-4, -4, 1032, 776), upright(0, 440,
-                                                  {{0, QColor(0x15, 0x1b, 0x1f)},
-                                                   {0.35, QColor(0x2d, 0x33, 0x32)},
-                                                   {0.66, QColor(0x6d, 0x5a, 0x41)},
-                                                   {0.88, QColor(0xcf, 0x8d, 0x45)},
-                                                   {1, QColor(0xf0, 0xb8, 0x66)}}));
-    QRadialGradient sun(690, 410, 430);
-    sun.setColorAt(0, QColor(255, 216, 140, 190));
-    sun.setColorAt(0.12, QColor(255, 196, 110, 120));
-    sun.setColorAt(1, QColor(255, 170, 80, 0));
-    p.fillRect(QRectF(-4, -4, 1032, 776), sun);
+    const QRectF all(-4, -4, 1032, 776);
+    p.fillRect(all, upright(0, 440,
+                            {{0, QColor(0x14, 0x1a, 0x20)},
+                             {0.35, QColor(0x2f, 0x36, 0x38)},
+                             {0.64, QColor(0x70, 0x5d, 0x46)},
+                             {0.87, QColor(0xcf, 0x8d, 0x45)},
+                             {1, QColor(0xf2, 0xbe, 0x6e)}}));
+    QRadialGradient glow(setting_sun, 430);
+    glow.setColorAt(0, QColor(255, 222, 150, 210));
+    glow.setColorAt(0.12, QColor(255, 196, 110, 120));
+    glow.setColorAt(1, QColor(255, 170, 80, 0));
+    p.fillRect(all, glow);
 }
 
-// A long cloud without an edge: one soft ellipse of many.
+// A patch of cloud without an edge.
 void draw_wisp(QPainter& p, const QPointF& at, const QSizeF& size, const QColor& c)
 {
     p.save();
@@ -251,18 +292,35 @@ void draw_wisp(QPainter& p, const QPointF& at, const QSizeF& size, const QColor&
     p.restore();
 }
 
-// Bands of cloud, dark above and lit from below, nearer to each other towards the horizon.
+// Banks of cloud, dark above and lit from below, smaller and nearer to each other towards the horizon.
 void draw_clouds(QPainter& p)
 {
-    for (int i = 0; i < 46; ++i) {
-        const double deep = i / 46.0;
-        const double x = std::fmod(i * 271.0 + 140 * std::sin(i * 1.7), 1150) - 60;
-        const double y = 150 + 225 * (1 - (1 - deep) * (1 - deep));
-        const QSizeF size(420 - 170 * deep + 90 * std::sin(i * 2.3), 30 - 20 * deep + 6 * std::sin(i * 3.1));
-        draw_wisp(p, {x, y}, size, QColor(38, 38, 38, 120));
-        draw_wisp(p, {x + 10, y + size.height() * 0.3}, size * 0.8,
-                  QColor(236, 158, 88, 34 + static_cast<int>(50 * deep)));
+    constexpr int banks = 22, patches = 9;
+    for (int i = 0; i < banks; ++i) {
+        const double deep = (i + 0.5) / banks, size = 1 - 0.72 * deep;
+        const QPointF middle(std::fmod(i * 397.0 + 60 * std::sin(i * 1.7), 1180) - 80,
+                             130 + 255 * (1 - (1 - deep) * (1 - deep)));
+        for (int k = 0; k < patches; ++k) {
+            const double n = i * patches + k;
+            const QPointF at = middle + QPointF(190 * std::sin(n * 2.1), 15 * std::sin(n * 3.7)) * size;
+            const QSizeF patch = QSizeF(190 + 90 * std::sin(n * 1.3), 26 + 10 * std::sin(n * 2.9)) * size;
+            draw_wisp(p, at + QPointF(6, 7) * size, patch,
+                      QColor(240, 164, 92, 20 + static_cast<int>(34 * deep)));
+            draw_wisp(p, at, patch, QColor(40, 40, 42, 84));
+        }
     }
+}
+
+void draw_sun(QPainter& p)
+{
+    constexpr double radius = 21;
+    QRadialGradient disc(setting_sun, radius);
+    disc.setColorAt(0, QColor(255, 246, 214));
+    disc.setColorAt(0.86, QColor(255, 226, 150));
+    disc.setColorAt(1, QColor(255, 214, 130, 0));
+    p.setPen(Qt::NoPen);
+    p.setBrush(disc);
+    p.drawEllipse(setting_sun, radius, radius);
 }
 
 void draw_shade_bands(QPainter& p)
@@ -271,8 +329,8 @@ void draw_shade_bands(QPainter& p)
                                                   {{0, QColor(10, 11, 8, 190)},
                                                    {0.2, QColor(10, 11, 8, 60)},
                                                    {0.3, QColor(10, 11, 8, 0)},
-                                                   {0.74, QColor(10, 11, 8, 0)},
-                                                   {0.84, QColor(10, 11, 8, 150)},
+                                                   {0.76, QColor(10, 11, 8, 0)},
+                                                   {0.86, QColor(10, 11, 8, 150)},
                                                    {1, QColor(10, 11, 8, 225)}}));
     QRadialGradient corners(512, 400, 700);
     corners.setColorAt(0.55, QColor(0, 0, 0, 0));
@@ -280,22 +338,27 @@ void draw_shade_bands(QPainter& p)
     p.fillRect(QRectF(-4, -4, 1032, 776), corners);
 }
 
+// Our tank lies in wait to the left; what it aims at stands on the third ridge, before the sun.
 void title(QPainter& p, const QRectF& at)
 {
+    constexpr double target = 690, own = 262;
     const drawing_space space(p, at, {1024, 768});
     p.setClipRect(QRectF(0, 0, 1024, 768));
     draw_dusk(p);
+    draw_sun(p);
     draw_clouds(p);
     for (std::size_t i = 0; i < ridges.size(); ++i) {
         const ridge& r = ridges[i];
         // Before their ridge, so that it hides what they stand in.
-        if (i == 2) place_tank(p, {690, crest(r, 690) + 3}, 56, QColor(0x2a, 0x28, 0x1e));
-        if (i == 3) place_tank(p, {300, crest(r, 300) + 9}, 270, QColor(0x13, 0x14, 0x0f));
-        if (i == 1) draw_hedge(p, r, 130, 330, 5);
-        if (i == 2) draw_hedge(p, r, 790, 1000, 8);
+        if (i == 1) draw_trees(p, r, 90, 330, 6), draw_trees(p, r, 480, 560, 5);
+        if (i == 2) draw_trees(p, r, 800, 1030, 10), draw_trees(p, r, -5, 60, 10);
+        if (i == 2) place_tank(p, {target, crest(r, target) + 3}, 58, QColor(0x2a, 0x26, 0x1c), last_light);
+        if (i == 3) draw_trees(p, r, 925, 1030, 13), draw_trees(p, r, 540, 576, 10);
+        if (i == 3) place_tank(p, {own, crest(r, own) + 15}, -290, QColor(0x17, 0x18, 0x12), last_light);
+        if (i == 4) draw_grass(p, r);
         draw_ridge(p, r);
     }
-    draw_reticle(p, {690, crest(ridges[2], 690) - 9}, 86, with_alpha(shade(colour::live), 0.72), 1.6);
+    draw_reticle(p, {target, crest(ridges[2], target) - 9}, 86, with_alpha(shade(colour::live), 0.8), 1.6);
     draw_shade_bands(p);
 }
 
@@ -308,7 +371,7 @@ void draw_emblem_land(QPainter& p)
         land.lineTo(x, 140 - 7 * std::sin(x / 95 + 1.9) - 2 * std::sin(x / 31));
     land.lineTo(590, 173);
     p.fillPath(land, QColor(0x17, 0x18, 0x12));
-    place_tank(p, {470, 138}, 176, QColor(0x17, 0x18, 0x12));
+    place_tank(p, {470, 138}, 176, QColor(0x17, 0x18, 0x12), last_light);
 }
 
 void emblem(QPainter& p, const QRectF& at)
@@ -335,20 +398,17 @@ void emblem(QPainter& p, const QRectF& at)
 
 // The set-up screen ----------------------------------------------------------------------------------------
 
-// A round target with rings, dark enough for the red number that stands on it.
+// A range target with a light rim; the rest is dark, for the red number that stands on it.
 void practice_target(QPainter& p, const QRectF& at)
 {
     const drawing_space space(p, centred_square(at), {100, 100});
-    p.setPen(QPen(QColor(furniture::edge).lighter(135), 3));
-    p.setBrush(QColor(0x12, 0x13, 0x0d));
-    p.drawEllipse(QPointF(50, 50), 46, 46);
+    constexpr QColor paper(0xd9, 0xd2, 0xb8), ink(0x14, 0x15, 0x0f), faint(0x3a, 0x39, 0x2d);
+    p.setPen(QPen(paper, 5));
+    p.setBrush(ink);
+    p.drawEllipse(QPointF(50, 50), 44, 44);
+    p.setPen(QPen(faint, 2));
     p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(QColor(furniture::edge), 2));
-    p.drawEllipse(QPointF(50, 50), 34, 34);
-    for (const auto& [x, y] : {std::pair{50, 4}, {50, 86}, {4, 50}, {86, 50}}) {
-        const bool upright = x == 50;
-        p.drawLine(QPointF(x, y), QPointF(x + (upright ? 0 : 10), y + (upright ? 10 : 0)));
-    }
+    p.drawEllipse(QPointF(50, 50), 31, 31);
 }
 
 // The last of the practice targets: a red disc with its word.
@@ -444,16 +504,47 @@ void strip_pointer(QPainter& p, const QRectF& at)
     p.drawPath(path);
 }
 
-// Country behind the target of the debrief, plain enough for the marks: its ground line is that of the
-// target.
+// Country behind the target of the debrief, plain enough for the marks: grass up to a misty skyline.
 void target_ground(QPainter& p, const QRectF& at)
 {
     const drawing_space space(p, at, {305, 217});
-    constexpr double horizon = 96;
-    p.fillRect(QRectF(0, 0, 305, horizon),
-               upright(0, horizon, {{0, QColor(0x8f, 0xa5, 0xb4)}, {1, QColor(0xc4, 0xcc, 0xc4)}}));
+    constexpr double horizon = 78;
+    p.setClipRect(QRectF(0, 0, 305, 217));
+    p.fillRect(QRectF(0, 0, 305, horizon + 2),
+               upright(0, horizon, {{0, QColor(0x8b, 0xa3, 0xb6)}, {1, QColor(0xcb, 0xd2, 0xca)}}));
+    QPainterPath hills(QPointF(-2, horizon + 4));
+    for (double x = -2; x <= 307; x += 3)
+        hills.lineTo(x, horizon - 9 - 6 * std::sin(x / 58 + 1) - 2.5 * std::sin(x / 21));
+    hills.lineTo(307, horizon + 4);
+    p.fillPath(hills, upright(horizon - 18, horizon,
+                              {{0, QColor(0x90, 0xa3, 0x9c)}, {1, QColor(0xa7, 0xb1, 0x97)}}));
     p.fillRect(QRectF(0, horizon, 305, 217 - horizon),
-               upright(horizon, 217, {{0, QColor(0x98, 0x9c, 0x72)}, {1, QColor(0x62, 0x6a, 0x44)}}));
+               upright(horizon, 217, {{0, QColor(0xa0, 0xa4, 0x78)}, {1, QColor(0x66, 0x6f, 0x46)}}));
+    p.setPen(Qt::NoPen);
+    for (int i = 0; i < 460; ++i) {   // tufts, longer and farther apart the nearer they are
+        const double deep = std::fmod(i * 0.618034, 1), near = deep * deep;
+        const double x = std::fmod(i * 97.31 + 40 * std::sin(i * 1.3), 305);
+        p.setBrush(i % 2 == 0 ? QColor(0x4f, 0x5a, 0x34, 56) : QColor(0xb9, 0xb4, 0x82, 48));
+        p.drawEllipse(QPointF(x, horizon + 3 + near * (214 - horizon)), 1.5 + 3.5 * near, 0.4 + 0.5 * near);
+    }
+}
+
+// The recess of the ammunition selector: a scale with a stop for each caption that is shown in it.
+void ammunition_dial(QPainter& p, const QRectF& at)
+{
+    const drawing_space space(p, at, {157, 69});
+    p.setPen(QPen(QColor(furniture::edge), 1));
+    p.setBrush(QColor(furniture::field));
+    p.drawRoundedRect(QRectF(0.5, 0.5, 156, 68), 5, 5);
+    constexpr QPointF middle(78.5, 20);
+    constexpr QSizeF radius(66, 43);
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(QColor(furniture::edge).lighter(130), 1.2));
+    p.drawArc(QRectF(middle - QPointF(radius.width(), radius.height()), radius * 2), 180 * 16, 180 * 16);
+    p.setPen(Qt::NoPen);
+    p.setBrush(shade(colour::dim));
+    for (const auto& [right, down] : {std::pair{-1, 0}, {1, 0}, {0, 1}})
+        p.drawEllipse(middle + QPointF(right * radius.width(), down * radius.height()), 2.4, 2.4);
 }
 
 // An engagement in which nothing was selected.
@@ -547,7 +638,6 @@ constexpr named_drawing drawings[] = {
     {":keys", keys},
     {":title", title},
     {":emblem", emblem},
-    {":icon", icon},
     {":practice", practice_target},
     {":stop", stop_disc},
     {":program", program},
@@ -556,6 +646,7 @@ constexpr named_drawing drawings[] = {
     {":mark_aim", mark_aim},
     {":mark_fall", mark_fall},
     {":pointer", strip_pointer},
+    {":ammo_dial", ammunition_dial},
     {":blank", blank_ammo},
     {":target_ground", target_ground},
     {":stick_field", stick_field},

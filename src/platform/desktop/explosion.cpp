@@ -25,10 +25,29 @@ picture with_smaller_copies(const QImage& frame)
     return {"explosion", frame.width() * twips_per_pixel, frame.height() * twips_per_pixel, pixels};
 }
 
-std::vector<picture> read_frames()
+QImage read_sheet()
 {
-    const QImage sheet =
-        QImage(":/pictures/explosion.png").convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    return QImage(":/pictures/explosion.png").convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+// Fire is white, and the smoke that is black to the eye is still warmer than the ground.
+QImage by_heat(QImage sheet)
+{
+    constexpr int smoke = 150;   // of 255
+    for (int y = 0; y < sheet.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(sheet.scanLine(y));
+        for (int x = 0; x < sheet.width(); ++x) {
+            const QRgb c = line[x];
+            const int brightest = std::max({qRed(c), qGreen(c), qBlue(c)});
+            const int heat = (qAlpha(c) * smoke + brightest * (255 - smoke)) / 255;
+            line[x] = qRgba(heat, heat, heat, qAlpha(c));
+        }
+    }
+    return sheet;
+}
+
+std::vector<picture> frames_of(const QImage& sheet)
+{
     const QSize size = sheet.size() / frames_in_row;
     std::vector<picture> found;
     for (int i = 0; i < frames && !sheet.isNull(); ++i) {
@@ -38,13 +57,24 @@ std::vector<picture> read_frames()
     return found;
 }
 
+void draw_frame(QPainter& p, const std::vector<picture>& all, const QRectF& at, int frame)
+{
+    if (frame >= 0 && frame < static_cast<int>(all.size()))
+        draw_picture(p, all[static_cast<std::size_t>(frame)], at.toRect());
+}
+
 }   // namespace
 
 void draw_explosion(QPainter& p, const QRectF& at, int frame)
 {
-    static const std::vector<picture> all = read_frames();
-    if (frame >= 0 && frame < static_cast<int>(all.size()))
-        draw_picture(p, all[static_cast<std::size_t>(frame)], at.toRect());
+    static const std::vector<picture> all = frames_of(read_sheet());
+    draw_frame(p, all, at, frame);
+}
+
+void draw_hot_explosion(QPainter& p, const QRectF& at, int frame)
+{
+    static const std::vector<picture> all = frames_of(by_heat(read_sheet()));
+    draw_frame(p, all, at, frame);
 }
 
 }   // namespace vorn

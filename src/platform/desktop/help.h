@@ -2,7 +2,11 @@
 #pragma once
 
 #include <QDialog>
+#include <QTextDocument>
 
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
 class QPushButton;
 class QTextBrowser;
 
@@ -15,11 +19,17 @@ public:
     void open_file(const std::string& path);
 
 private:
-    QPushButton* add_button(const QString& caption);
-    void connect_buttons();
+    QPushButton* add_button(QHBoxLayout&, const QString& caption);
+    void add_roads(QHBoxLayout&);
+    void add_search(QHBoxLayout&);
     void add_zoom_keys();
+    void follow(const QUrl& link);
+    // Goes on to the next place of the words sought, round the end of the page; says when there is none.
+    void search(QTextDocument::FindFlags);
 
     QTextBrowser* text_;
+    QLineEdit* sought_;
+    QLabel* outcome_;
 };
 
 }   // namespace vorn

@@ -19,7 +19,7 @@ struct role_shades {
 };
 
 // In the order of the roles. A red that is readable as text is too pale to put white numbers on.
-constexpr std::array<role_shades, 11> shades{{
+constexpr std::array<role_shades, 12> shades{{
     {0xff272a21, 0xff272a21},   // ground
     {0xffe9e4d3, 0xffe9e4d3},   // text
     {0xffffcf70, 0xffffcf70},   // highlight
@@ -31,6 +31,7 @@ constexpr std::array<role_shades, 11> shades{{
     {0xff0b0c09, 0xff0b0c09},   // black
     {0xffe2f08c, 0xff2b3a1a},   // sight
     {0xffffa53c, 0xffffa53c},   // tracer
+    {0xfff2f2f2, 0xfff2f2f2},   // hottracer
 }};
 
 // In the order small, normal, large; pixels at the designed size.
@@ -249,14 +250,8 @@ QPalette object_palette(colour fore, colour back)
 QIcon window_icon()
 {
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
-        QPixmap pixels(size, size);
-        pixels.fill(Qt::transparent);
-        QPainter p(&pixels);
-        p.setRenderHint(QPainter::Antialiasing);
-        draw_named(p, ":icon", QRectF(0, 0, size, size));
-        icon.addPixmap(pixels);
-    }
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QString(":/icons/vorn-%1.png").arg(size), QSize(size, size));
     return icon;
 }
 

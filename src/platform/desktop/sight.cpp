@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/desktop/drawing_space.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/pictures.h"
 
@@ -50,28 +51,31 @@ static void draw_shape(QPainter& p, const object_fields& o, const QRect& at, dou
     draw_outline(p, o.Shape, r);
 }
 
-// A round in flight glows: a white core in an orange light that reaches beyond it. However far away, it is
-// seen.
-static void draw_tracer(QPainter& p, const QRect& at, double scale)
+// A round in flight glows: a white core in a light that reaches beyond it, orange to the eye. However far
+// away, it is seen.
+static void draw_tracer(QPainter& p, const QColor& c, const QRect& at, double scale)
 {
     constexpr double smallest = 1.4,
                      beyond = 1.5;   // radius and reach of the light, pixels at the designed size
     const double radius = std::max(at.width() / 2.0, smallest * scale);
     const double light = radius * 1.35 + beyond * scale;
     const QPointF middle = QRectF(at).center();
+    const QColor faint = c.darker(115);
     QRadialGradient glow(middle, light);
-    glow.setColorAt(0, QColor(255, 252, 232));
-    glow.setColorAt(0.3, QColor(255, 240, 180));
-    glow.setColorAt(0.55, mixed(shade(colour::tracer), QColor(255, 220, 120), 0.3));
-    QColor faint = shade(colour::tracer).darker(115);
-    faint.setAlpha(110);
-    glow.setColorAt(0.78, faint);
-    faint.setAlpha(0);
-    glow.setColorAt(1, faint);
+    glow.setColorAt(0, mixed(c, Qt::white, 0.93));
+    glow.setColorAt(0.3, mixed(c, Qt::white, 0.6));
+    glow.setColorAt(0.55, mixed(c, Qt::white, 0.15));
+    glow.setColorAt(0.78, with_alpha(faint, 0.43));
+    glow.setColorAt(1, with_alpha(faint, 0));
     p.setRenderHint(QPainter::Antialiasing);
     p.setPen(Qt::NoPen);
     p.setBrush(glow);
     p.drawEllipse(middle, light, light);
+}
+
+static bool is_tracer(const object_fields& o)
+{
+    return o.ForeColor == colour::tracer || o.ForeColor == colour::hottracer;
 }
 
 Qt::Alignment text_alignment(const object_fields& o)
@@ -102,7 +106,7 @@ void draw_object(QPainter& p, const object_fields& o, const QRect& at, double sc
 {
     if (o.kind == object_kind::image) draw_picture(p, o.Picture, at);
     if (o.kind == object_kind::shape)
-        o.ForeColor == colour::tracer ? draw_tracer(p, at, scale) : draw_shape(p, o, at, scale);
+        is_tracer(o) ? draw_tracer(p, shade(o.ForeColor), at, scale) : draw_shape(p, o, at, scale);
     if (o.kind == object_kind::label) draw_label(p, o, at, scale);
 }
 

@@ -8,6 +8,7 @@
 
 #include "platform/desktop/explosion.h"
 #include "platform/desktop/look.h"
+#include "platform/desktop/pictures.h"
 
 namespace vorn {
 
@@ -182,17 +183,11 @@ void reversionary_hesh(QPainter& p, const QRectF& at)
 
 // Target ----------------------------------------------------------------------------------------------------
 
-// A hessian screen on posts, for a range that names no picture.
+// For a range that names no picture: the tank that the shipped ranges have.
 void plain_target(QPainter& p, const QRectF& at)
 {
-    const space s{p, at, {480, 480}};
-    p.setPen(Qt::NoPen);
-    p.setBrush(QColor(70, 55, 38));
-    for (const double x : {90.0, 360.0}) p.drawRect(QRectF(s.point(x, 240), s.point(x + 30, 480)));
-    p.setBrush(QColor(150, 120, 82));
-    p.drawRect(QRectF(s.point(30, 120), s.point(450, 380)));
-    p.setBrush(QColor(60, 62, 44));
-    p.drawRect(QRectF(s.point(130, 200), s.point(350, 330)));
+    static const loaded_picture tank = read_picture("target", ":/pictures/target.ico");
+    if (tank.result) draw_picture(p, *tank.result, at.toRect());
 }
 
 struct mark {
@@ -213,8 +208,10 @@ struct series {
     std::string_view name;
     void (*paint)(QPainter&, const QRectF&, int);
 };
-constexpr std::array<series, 3> numbered{
-    {{":graticule", graticule}, {":stadia", stadia}, {":explosion", draw_explosion}}};
+constexpr std::array<series, 4> numbered{{{":graticule", graticule},
+                                          {":stadia", stadia},
+                                          {":explosion", draw_explosion},
+                                          {":hotexplosion", draw_hot_explosion}}};
 
 }   // namespace
 

@@ -1,0 +1,111 @@
+// What is to be drawn: a picture of a range and the country on it. A country is data; countries.cpp holds
+// all.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "geometry.h"
+#include "gunnery/sight.h"
+
+namespace landscape {
+
+struct belt_plan {
+    path line;
+    float width;      // metres
+    float height;     // of its trees, metres
+    float conifers;   // their share
+};
+struct copse_plan {
+    point middle;
+    float radius, height, conifers;
+};
+struct hedge_plan {
+    path line;
+    float height;
+};
+struct farm_plan {
+    point place;
+    float angle;   // radians
+};
+
+// Colours of the ground without light.
+struct ground_paint {
+    vec3 heath;                              // bracken and heather, where they grow
+    vec3 dry, middling, lush, dark, straw;   // of rough grass
+    vec3 bare, soil;                         // of tracks and broken ground
+    std::array<vec3, 7> crops;
+    vec3 woodfloor;
+};
+
+struct sky_paint {
+    vec3 zenith, horizon, haze_band;
+    float cover;   // of cumulus: 0 none, 1 nearly closed
+    float veil;    // of high cloud, 0 to 1
+};
+
+struct country {
+    const char* picture;   // file name
+    const char* range;     // file name of the range file
+    const char* name;      // of the range, at most 20 characters
+    const char* icons;     // first part of the icons' names
+    vorn::sight_kind sight;
+    bool night;
+    int width, height;   // of the picture, pixels
+    int quality;         // of the JPEG, 1 to 100
+    std::uint32_t seed;
+
+    vec3 towards_sun;   // always from the upper left, behind the gunner
+    vec3 sunlight, skylight;
+    ground_paint ground;
+    sky_paint sky;
+
+    float folds;                // height of the folds in the ground, metres
+    float farmed_from;          // distance at which rough grass gives way to fields, metres
+    float rough_share;          // of rough ground among the fields, 0 to 1
+    float wooded;               // share of the fields that are woods, 0 to 1
+    float heath;                // how much of the rough ground bracken and heather cover, 0 to 1
+    float scrub;                // how thick bushes stand on the rough ground, 0 to 1
+    float conifers;             // share of conifers in the woods
+    std::vector<vec3> leaves;   // colours of foliage, drawn among
+    float bare_trees;           // share of trees that have lost their leaves
+
+    std::vector<path> tracks{}, roads{};
+    path river{};
+    float river_width = 0;   // metres
+    std::vector<belt_plan> belts{};
+    std::vector<copse_plan> copses{};
+    std::vector<hedge_plan> hedges{};
+    std::vector<farm_plan> farms{};
+    bool hamlet = false;
+    point hamlet_at{};
+};
+
+// All ranges that the trainer ships with.
+const std::vector<country>& countries();
+
+// How a picture looks at its country: a cylinder around the gunner's eye.
+struct view {
+    int width, height;   // pixels
+    float pixel;         // radians
+    float horizon;       // row at eye height
+
+    float bearing(float x) const { return (x - real(width) / 2) * pixel; }
+    float elevation(float y) const { return (horizon - y) * pixel; }
+    float row(float elevation) const { return horizon - elevation / pixel; }
+    float column(float bearing) const { return bearing / pixel + real(width) / 2; }
+};
+
+// At full size, or `scale` times smaller for a quick look.
+view view_of(const country&, int scale);
+
+// The row, in pixels from the top of the full picture, at which a target's foot stands so that the range that
+// the range author proposes for its upper left corner is this one (metres).
+float agreeing_row(const country&, float range);
+
+// The side of a target's square at a range, twips, with the usual target size.
+float target_side(vorn::sight_kind, float range);
+
+}   // namespace landscape

@@ -1,0 +1,91 @@
+#include "fields.h"
+
+#include "noise.h"
+
+namespace landscape {
+
+namespace {
+
+constexpr float depth_of_row = 190, width_of_field = 240;   // metres
+constexpr float turn = .42f;                                // of the rows against the view, radians
+constexpr float crooked = .30f;                             // of a row, how far boundaries stray
+
+// Where the line before `i` runs, in units of one row; the lines stray but never cross.
+float line(int i, int row, std::uint32_t seed)
+{
+    return real(i) + .5f * (scatter(i, row, seed) - .5f);
+}
+
+struct span {
+    int number;
+    float low, high;   // where it begins and ends
+};
+
+span span_at(float v, int row, std::uint32_t seed)
+{
+    int i = whole(v);
+    if (v < line(i, row, seed)) i -= 1;
+    if (v >= line(i + 1, row, seed)) i += 1;
+    return {i, line(i, row, seed), line(i + 1, row, seed)};
+}
+
+}   // namespace
+
+field field_at(const country& land, float x, float y)
+{
+    const std::uint32_t seed = land.seed + 40;
+    const float cosine = std::cos(turn), sine = std::sin(turn);
+    const float u = (x * cosine + y * sine) / width_of_field + crooked * noise(x / 620, y / 620, seed + 1);
+    const float v = (y * cosine - x * sine) / depth_of_row + crooked * noise(x / 560, y / 560, seed + 2) +
+                    .04f * noise(x / 130, y / 130, seed + 3);
+    const span row = span_at(v, 0, seed + 4);
+    const float leaning = .5f * (scatter(row.number, 0, seed + 5) - .5f) * (v - row.low);
+    const float shifted = u * (.75f + .6f * scatter(row.number, 0, seed + 6)) + leaning;
+    const span piece = span_at(shifted, row.number, seed + 7);
+
+    field f{};
+    const float scale = width_of_field / (.75f + .6f * scatter(row.number, 0, seed + 6));
+    const float sides[4] = {(v - row.low) * depth_of_row, (row.high - v) * depth_of_row,
+                            (shifted - piece.low) * scale, (piece.high - shifted) * scale};
+    const std::uint32_t borders[4] = {hash(row.number, 1, seed), hash(row.number + 1, 1, seed),
+                                      hash(piece.number, row.number * 2 + 7, seed),
+                                      hash(piece.number + 1, row.number * 2 + 7, seed)};
+    f.edge = sides[0];
+    f.border = borders[0];
+    for (int i = 1; i < 4; ++i)
+        if (sides[i] < f.edge) {
+            f.edge = sides[i];
+            f.border = borders[i];
+        }
+    f.id = hash(piece.number, row.number, seed + 8);
+    const float angle =
+        turn + ((f.id & 1) != 0U ? 0 : 1.5708f) + .2f * (scatter(piece.number, row.number, 3) - .5f);
+    f.along_x = std::cos(angle);
+    f.along_y = std::sin(angle);
+    // Woods keep together: fields next to one another have nearly the same rank.
+    const float together = .5f + .9f * noise(real(piece.number) * .43f, real(row.number) * .39f, seed + 9);
+    f.wood = clamp01(.65f * together + .35f * scatter(piece.number, row.number, seed + 10));
+    return f;
+}
+
+bool wooded(const country& land, const field& f, float x, float y)
+{
+    constexpr float hamlet_land = 230;   // metres around its middle
+    if (land.hamlet && std::hypot(x - land.hamlet_at.x, y - land.hamlet_at.y) < hamlet_land) return false;
+    // More of the far slopes than of the floor.
+    const float share = land.wooded * (.55f + .9f * smooth(1300, 2300, std::hypot(x, y)));
+    return f.wood < .12f + .6f * share;
+}
+
+float roughness(const country& land, float x, float y)
+{
+    const float range = std::sqrt(x * x + y * y);
+    const float edge = land.farmed_from + .12f * land.farmed_from * noise(x / 420, y / 420, land.seed + 61);
+    const float near = 1 - smooth(edge - 12, edge + 12, range);
+    if (land.rough_share <= 0 || range > 3200) return near;
+    const field f = field_at(land, x, y);
+    const bool rough = real(f.id >> 8 & 255) / 255 < land.rough_share;
+    return std::max(near, rough ? smooth(0, 3, f.edge) : 0.f);
+}
+
+}   // namespace landscape

@@ -1,0 +1,106 @@
+#include "noise.h"
+
+#include "geometry.h"
+
+namespace landscape {
+
+std::uint32_t hash(int x, int y, std::uint32_t seed)
+{
+    std::uint32_t h = static_cast<std::uint32_t>(x) * 0x85ebca6bU ^
+                      static_cast<std::uint32_t>(y) * 0xc2b2ae35U ^ seed * 0x27d4eb2fU;
+    h ^= h >> 15;
+    h *= 0x2c1b3c6dU;
+    h ^= h >> 12;
+    h *= 0x297a2d39U;
+    return h ^ h >> 15;
+}
+
+float scatter(int x, int y, std::uint32_t seed)
+{
+    return real(hash(x, y, seed) >> 8) * (1.f / 16777216);
+}
+
+// The slope that a hash stands for, taken along x and y: sixteen directions.
+static float slope(std::uint32_t h, float x, float y)
+{
+    static constexpr float way[16][2] = {{1, 0},  {.924f, .383f},   {.707f, .707f},   {.383f, .924f},
+                                         {0, 1},  {-.383f, .924f},  {-.707f, .707f},  {-.924f, .383f},
+                                         {-1, 0}, {-.924f, -.383f}, {-.707f, -.707f}, {-.383f, -.924f},
+                                         {0, -1}, {.383f, -.924f},  {.707f, -.707f},  {.924f, -.383f}};
+    return way[h & 15][0] * x + way[h & 15][1] * y;
+}
+
+static float fade(float t)
+{
+    return t * t * t * (t * (t * 6 - 15) + 10);
+}
+
+float noise(float x, float y, std::uint32_t seed)
+{
+    const int left = whole(x), top = whole(y);
+    x -= real(left);
+    y -= real(top);
+    const float a = slope(hash(left, top, seed), x, y), b = slope(hash(left + 1, top, seed), x - 1, y);
+    const float c = slope(hash(left, top + 1, seed), x, y - 1);
+    const float d = slope(hash(left + 1, top + 1, seed), x - 1, y - 1);
+    return 1.5f * mix(mix(a, b, fade(x)), mix(c, d, fade(x)), fade(y));
+}
+
+float fractal(float x, float y, std::uint32_t seed, int octaves, float gain)
+{
+    float sum = 0, height = 1;
+    for (int i = 0; i < octaves; ++i) {
+        sum += height * noise(x, y, seed + static_cast<std::uint32_t>(i) * 17);
+        height *= gain;
+        // Turned as well as shrunk, so that the lattices of the octaves never fall together.
+        const float turned = x * 1.62f - y * 1.18f + 11.3f;
+        y = x * 1.18f + y * 1.62f - 7.7f;
+        x = turned;
+    }
+    return sum;
+}
+
+float noise3(float x, float y, float z)
+{
+    const int left = whole(x), top = whole(y), low = whole(z);
+    const auto ease = [](float t) { return t * t * (3 - 2 * t); };
+    const float u = ease(x - real(left)), v = ease(y - real(top)), w = ease(z - real(low));
+    const auto layer = [&](int up) {
+        const auto seed = static_cast<std::uint32_t>((low + up) * 7919 + 13);
+        return mix(mix(scatter(left, top, seed), scatter(left + 1, top, seed), u),
+                   mix(scatter(left, top + 1, seed), scatter(left + 1, top + 1, seed), u), v);
+    };
+    return mix(layer(0), layer(1), w) * 2 - 1;
+}
+
+chance::chance(std::uint64_t start) : state_(start * 0x9E3779B97F4A7C15U + 88172645463325252U)
+{
+    for (int i = 0; i < 8; ++i) unit();
+}
+
+float chance::unit()
+{
+    state_ ^= state_ << 13;
+    state_ ^= state_ >> 7;
+    state_ ^= state_ << 17;
+    return real(state_ >> 40) * (1.f / 16777216);
+}
+
+float chance::between(float low, float high)
+{
+    return low + (high - low) * unit();
+}
+
+float chance::bell()
+{
+    float sum = 0;
+    for (int i = 0; i < 6; ++i) sum += unit();
+    return (sum - 3) * 1.41f;
+}
+
+int chance::below(int count)
+{
+    return static_cast<int>(unit() * real(count));
+}
+
+}   // namespace landscape

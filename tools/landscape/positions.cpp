@@ -1,0 +1,157 @@
+#include "positions.h"
+
+#include <cmath>
+#include <optional>
+
+#include "noise.h"
+#include "platform/objects.h"
+#include "ranges/rangefile.h"
+
+namespace landscape {
+
+namespace {
+
+constexpr int wanted = 20;
+constexpr float nearest = 600, farthest = 2500;   // metres
+// The range looked for at each position, from left to right: near and far in turn, eleven under 1300 m and
+// fourteen under 1600 m among the first nineteen, for the coax and for FIN.
+constexpr float looked_for[wanted] = {900,  2300, 1250, 700,  1500, 1050, 2050, 820,  1400, 1150,
+                                      1750, 650,  1200, 2400, 980,  1550, 750,  1900, 1100, 2200};
+constexpr float too_far_off[] = {380, 800,
+                                 1900};   // metres from the range looked for; wider where nothing is found
+
+// The aim point in the sight's window and the window itself, twips.
+struct sight_window {
+    float aim_x, aim_y, width, height;
+};
+constexpr sight_window visual_window{4525, 1140, 8850, 6615}, thermal_window{4700, 2600, 9465, 5775};
+constexpr float spare = 1000;   // twips, for aiming off in the wind and over the target
+
+struct box {
+    float left, right, top, bottom;   // pixels
+};
+
+const vorn::sight_numbers& numbers_of(const country& land)
+{
+    return land.sight == vorn::sight_kind::visual ? vorn::visualsight : vorn::thermalsight;
+}
+
+// Where the aim can be laid by hand with the window still full of picture, room to spare on all sides.
+box in_reach(const country& land)
+{
+    const bool visual = land.sight == vorn::sight_kind::visual;
+    const sight_window& w = visual ? visual_window : thermal_window;
+    const vorn::limit_numbers& keys = numbers_of(land).keylimits;
+    const auto twip = real(vorn::twips_per_pixel);
+    const float width = real(land.width) * twip, height = real(land.height) * twip;
+    const float across = std::max(real(keys.across), w.width), down = std::max(real(keys.down), w.height);
+    // A lay for the range takes the visual picture down by two twips a metre; the drop of the degraded
+    // thermal sight takes it up by half a twip a metre, before it is laid down again.
+    const float above = visual ? 2 * farthest : 0, below = visual ? 0 : farthest / 2;
+    return {(w.aim_x - real(keys.near) + spare) / twip, (w.aim_x + width - across - spare) / twip,
+            (w.aim_y - real(keys.near) + above + spare) / twip, (w.aim_y + height - down - below) / twip};
+}
+
+// Whether a target's foot can stand here. The commander's lay takes the picture a step further than the
+// target, so the ground must be open so far around as well.
+bool stands_in_the_open(const country& land, const rendered& r, int x, int y, float range)
+{
+    const auto twip = real(vorn::twips_per_pixel);
+    const int half =
+        static_cast<int>((target_side(land.sight, range) / 2 + real(numbers_of(land).right.step)) / twip);
+    const int side = static_cast<int>(target_side(land.sight, range) / twip);
+    const int slip = static_cast<int>(real(numbers_of(land).down.step) / twip);
+    for (int i = -half; i <= half; i += 2) {
+        for (int j = -slip; j <= slip; j += 2) {
+            const std::size_t k = r.at(x + i, y + j);
+            if (r.made_of[k] != material::ground) return false;
+            if (std::fabs(r.range[k] - range) > .12f * range) return false;   // a crest
+        }
+        for (int j = slip; j <= side; j += 2) {
+            const std::size_t k = r.at(x + i, y - j);
+            if (r.made_of[k] >= material::plant && r.range[k] < range) return false;   // something before it
+        }
+    }
+    return true;
+}
+
+float cost(const country& land, const position& p, float range, chance& c)
+{
+    const float proposed = proposed_range(land, p);
+    const float disagrees = proposed > 0 ? std::fabs(proposed - p.range) : 1000;
+    return std::fabs(p.range - range) + .6f * disagrees + 40 * c.unit();
+}
+
+std::optional<position> best_between(const country& land, const rendered& r, const box& reach, int left,
+                                     int right, float range, float within, chance& c)
+{
+    std::optional<position> best;
+    float least = 0;
+    for (int y = static_cast<int>(reach.top); y < static_cast<int>(reach.bottom); y += 3)
+        for (int x = left; x < right; x += 5) {
+            const float there = r.range[r.at(x, y)];
+            if (there < nearest || there > farthest || std::fabs(there - range) > within) continue;
+            const position p{x, y, std::round(there)};
+            const float costs = cost(land, p, range, c);
+            if (best && costs >= least) continue;
+            if (!stands_in_the_open(land, r, x, y, there)) continue;
+            best = p;
+            least = costs;
+        }
+    return best;
+}
+
+}   // namespace
+
+std::vector<position> choose_positions(const country& land, const rendered& r)
+{
+    const box reach = in_reach(land);
+    chance c(land.seed + 12345);
+    std::vector<position> chosen;
+    const float slot = (reach.right - reach.left) / wanted;
+    // Between two neighbours is always room for a target's width.
+    const float apart = real(vorn::largest_target) / real(vorn::twips_per_pixel) / 2;
+    for (int i = 0; i < wanted; ++i) {
+        const float left = reach.left + slot * real(i);
+        std::optional<position> p;
+        for (const float within : too_far_off)
+            if (!p)
+                p = best_between(land, r, reach, static_cast<int>(left + apart),
+                                 static_cast<int>(left + slot - apart), looked_for[i], within, c);
+        if (p) chosen.push_back(*p);
+    }
+    return chosen;
+}
+
+float proposed_range(const country& land, const position& p)
+{
+    const float height = real(land.height) * real(vorn::twips_per_pixel);
+    const float corner = real(p.y) * real(vorn::twips_per_pixel) - target_side(land.sight, p.range);
+    const float top = std::floor(height / 3), bottom = 3 * std::floor(height / 4);
+    if (corner <= top || corner >= bottom) return 0;
+    const float m = 50 - std::floor((corner - top) / std::floor((bottom - top) / 40));
+    return m * m + 500;
+}
+
+std::string range_file(const country& land, const std::vector<position>& positions)
+{
+    vorn::practice_state p;
+    p.rangename = land.name;
+    p.rangepicture = land.picture;
+    p.rangetype = numbers_of(land).resultmode;
+    const std::string icons = std::string("/target icons/") + land.icons;
+    p.targeticon1 = icons + "1.ico";
+    p.targeticon2 = icons + "2.ico";
+    p.targeticon3 = icons + "3.ico";
+    for (std::size_t entry = 1; const position& at : positions) {
+        const float side = target_side(land.sight, at.range);
+        const auto twip = real(vorn::twips_per_pixel);
+        p.targetx[entry] = static_cast<std::int32_t>(std::lround(real(at.x) * twip - side / 2));
+        p.targety[entry] = static_cast<std::int32_t>(std::lround(real(at.y) * twip - side));
+        p.targetrange[entry] = static_cast<std::int16_t>(at.range);
+        entry += 1;
+    }
+    return vorn::range_file_bytes(p);
+}
+
+}   // namespace landscape

@@ -1,0 +1,151 @@
+#include "sky.h"
+
+#include "noise.h"
+#include "workers.h"
+
+namespace landscape {
+
+namespace {
+
+constexpr int coarser = 2;                 // than the picture
+constexpr float base = 1100, top = 1750;   // of the cumulus, metres
+constexpr float farthest = 60000;          // metres
+constexpr int samples = 40;                // along a line of sight
+
+struct cumulus {
+    float threshold;
+    float drift;   // so that each country has clouds of its own
+
+    // How dense the cloud is at a place, 0 to 1.
+    float density(vec3 p) const
+    {
+        const float up = (p.z - base) / (top - base);
+        if (up < 0 || up > 1) return 0;
+        constexpr float s = 1.f / 900;
+        const float x = p.x + drift, y = p.y;
+        const float profile = smooth(0, .08f, up) * (1 - std::pow(up, 1.5f) * 1.1f);
+        const float needed = threshold + .55f * (1 - profile);
+        float d = .75f * noise3(x * s * .45f + 3.3f, y * s * .45f, 1.7f) +
+                  .60f * noise3(x * s, y * s, p.z * s * .8f);
+        if (d + .70f < needed) return 0;
+        d += .32f * noise3(x * s * 2.3f + 5, y * s * 2.3f, p.z * s * 2.3f) +
+             .20f * noise3(x * s * 5.1f, y * s * 5.1f + 7, p.z * s * 5.1f) +
+             .11f * noise3(x * s * 11, y * s * 11 + 3, p.z * s * 11) +
+             .07f * noise3(x * s * 23, y * s * 23 + 3, p.z * s * 23) +
+             .045f * noise3(x * s * 47, y * s * 47 + 9, p.z * s * 47);
+        return clamp01((d - needed) * 4.6f);
+    }
+};
+
+struct seen_cloud {
+    vec3 light;
+    float through = 1;   // what the sky behind still sends
+    float distance = 0;
+};
+
+seen_cloud march(const country& land, const cumulus& clouds, vec3 direction, float jitter)
+{
+    seen_cloud c;
+    const float from = base / direction.z, to = std::min(top / direction.z, farthest);
+    if (from > farthest * .75f) return c;
+    const float step = (to - from) / samples;
+    float weight = 0, distance = 0;
+    for (int i = 0; i < samples && c.through > .02f; ++i) {
+        const float t = from + (real(i) + jitter) * step;
+        const vec3 p = direction * t;
+        const float d = clouds.density(p);
+        if (d <= 0) continue;
+        const float alpha = 1 - std::exp(-std::min(step, 160.f) * .0136f * d);
+        float above = 0;
+        for (const float metres : {90.f, 180.f, 270.f})
+            above += clouds.density(p + land.towards_sun * metres);
+        const float sunlit = std::exp(-above * 1.05f) * .85f + .15f;
+        const float up = (p.z - base) / (top - base);
+        const vec3 light = land.sunlight * (.42f * sunlit) + land.skylight * (.85f * (.45f + .55f * up));
+        c.light = c.light + light * (c.through * alpha);
+        distance += t * c.through * alpha;
+        weight += c.through * alpha;
+        c.through *= 1 - alpha;
+    }
+    if (weight <= 0) return c;
+    c.distance = distance / weight;
+    const float air = 1 - std::exp(-c.distance / 26000);
+    c.light = mix(c.light, mix(land.sky.horizon, land.sky.haze_band, .5f) * weight, air);
+    return c;
+}
+
+vec3 veiled(const country& land, vec3 direction, float elevation, vec3 colour)
+{
+    const float t = 7000 / direction.z;
+    const float x = direction.x * t / 5200 + real(land.seed % 97), y = direction.y * t / 9000;
+    const float threads = fractal(x + .6f * noise(x * .7f, y * .7f, 401), y, 402, 5, .55f);
+    const float share = land.sky.veil * smooth(0, .9f, threads) * smooth(.02f, .15f, elevation);
+    return mix(colour, paint(.93f, .95f, .97f), share);
+}
+
+vec3 along(const country& land, const cumulus& clouds, float bearing, float elevation, float jitter)
+{
+    vec3 colour = sky::plain(land, elevation);
+    if (elevation < .008f) return colour;
+    const vec3 direction{std::sin(bearing) * std::cos(elevation), std::cos(bearing) * std::cos(elevation),
+                         std::sin(elevation)};
+    colour = veiled(land, direction, elevation, colour);
+    const seen_cloud c = march(land, clouds, direction, jitter);
+    return mix(colour, colour * c.through + c.light, smooth(.008f, .022f, elevation));
+}
+
+}   // namespace
+
+vec3 sky::plain(const country& land, float elevation)
+{
+    const float e = std::max(0.f, elevation);
+    const vec3 clear = mix(land.sky.horizon, land.sky.zenith, 1 - std::exp(-e * 4.2f));
+    return mix(clear, land.sky.haze_band, .55f * std::exp(-e * 16));
+}
+
+sky::sky(const country& land, const view& v)
+    : columns_(v.width / coarser + 3),
+      rows_(static_cast<int>(v.horizon + .05f / v.pixel) / coarser + 3),
+      pixels_(index(columns_) * index(rows_))
+{
+    const cumulus clouds{.62f - .75f * land.sky.cover, real(land.seed % 89) * 1000};
+    share_out(rows_, [&](int y) {
+        for (int x = 0; x < columns_; ++x) {
+            const float px = real((x - 1) * coarser), py = real((y - 1) * coarser);
+            const float jitter = .3f + .4f * scatter(x, y, 9);
+            pixels_[index(y) * index(columns_) + index(x)] =
+                along(land, clouds, v.bearing(px), v.elevation(py), jitter);
+        }
+    });
+    // A light blur takes away what is left of the jitter.
+    const std::vector<vec3> sharp = pixels_;
+    for (int y = 1; y < rows_ - 1; ++y)
+        for (int x = 1; x < columns_ - 1; ++x) {
+            vec3 sum;
+            for (int j = -1; j <= 1; ++j)
+                for (int i = -1; i <= 1; ++i)
+                    sum = sum + sharp[index(y + j) * index(columns_) + index(x + i)] *
+                                    ((i != 0 ? 1.f : 2.f) * (j != 0 ? 1.f : 2.f) / 16);
+            pixels_[index(y) * index(columns_) + index(x)] = sum;
+        }
+}
+
+vec3 sky::at(float x, float y) const
+{
+    const float u = std::clamp(x / coarser + 1, 0.f, real(columns_) - 1.01f);
+    const float v = std::clamp(y / coarser + 1, 0.f, real(rows_) - 1.01f);
+    const int i = static_cast<int>(u), j = static_cast<int>(v);
+    const vec3* p = &pixels_[index(j) * index(columns_) + index(i)];
+    const float s = u - real(i), t = v - real(j);
+    return mix(mix(p[0], p[1], s), mix(p[columns_], p[columns_ + 1], s), t);
+}
+
+float sky_warmth(const country& land, float bearing, float elevation)
+{
+    const float e = std::max(0.f, elevation);
+    const float clouds = fractal(std::sin(bearing) * 6, e * 22, land.seed + 8, 4) * smooth(0, .1f, e);
+    const float still = land.night ? .08f : .15f;
+    return still + .16f * std::exp(-e * 12) + (land.night ? .02f : .04f) * clouds;
+}
+
+}   // namespace landscape

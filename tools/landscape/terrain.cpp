@@ -1,0 +1,79 @@
+#include "terrain.h"
+
+#include "noise.h"
+
+namespace landscape {
+
+namespace {
+
+constexpr float spacing = 4;   // of the table of the bowl, metres
+constexpr float bowl_end = 3400;
+constexpr float rim = 2650;                 // here the bowl begins to flatten out
+constexpr float earth_twice = 2 * 7.4e6f;   // the earth's diameter, allowing for refraction, metres
+constexpr float river_bed = 3.5f;           // below the floor of the valley
+constexpr float far_from = 3400, far_to = 12000;
+
+}   // namespace
+
+terrain::terrain(const country& land, const ground_map& map) : land_(land), map_(map)
+{
+    const view full = view_of(land, 1);
+    const auto depth = [&](float range) {
+        return range * std::tan(full.elevation(agreeing_row(land, range))) + range * range / earth_twice;
+    };
+    const float plateau = depth(3000);
+    for (float range = 0; range <= bowl_end + spacing; range += spacing) {
+        bowl_.push_back(mix(depth(std::min(range, 3000.f)), plateau, smooth(rim, 3300, range)));
+    }
+}
+
+float terrain::bowl(float range) const
+{
+    const float at = std::min(range, bowl_end) / spacing;
+    const std::size_t i = static_cast<std::size_t>(at);
+    return mix(bowl_[i], bowl_[i + 1], at - real(i));
+}
+
+float terrain::folds(float x, float y, float range) const
+{
+    const std::uint32_t seed = land_.seed;
+    const float wx = x + 60 * noise(x / 500, y / 500, seed + 91),
+                wy = y + 60 * noise(x / 500, y / 500, seed + 92);
+    const float near = smooth(150, 800, range), far = 1 - .5f * smooth(2400, 3200, range);
+    const float swell = fractal(wx / 760 + 3.1f, wy / 760 + 7.7f, seed + 1, 4, .42f);
+    // Dry valleys: creases where a slow noise goes through zero.
+    const float crease = 1 - std::fabs(noise(wx / 520 + 2.2f, wy / 700 + 1.1f, seed + 7));
+    const float hummocks = 3.2f * noise(wx / 170, wy / 170, seed + 8);
+    return near * far * (land_.folds * (swell - .55f * crease * crease * crease) + hummocks);
+}
+
+static float far_hills(float x, float y, std::uint32_t seed, float range)
+{
+    const float far = smooth(far_from, far_to, range);
+    if (far <= 0) return 0;
+    const float ridge = 1 - std::fabs(noise(x / 3600 + .3f, y / 3600, seed + 31));
+    const float high = ridge * ridge * (.55f + .45f * noise(x / 2600 + 5, y / 2600, seed + 33));
+    return far * (60 + 360 * high + 45 * noise(x / 1100, y / 1100, seed + 35) +
+                  12 * noise(x / 300, y / 300, seed + 36));
+}
+
+float terrain::height(float x, float y) const
+{
+    const float range = std::sqrt(x * x + y * y);
+    float floor = bowl(range);
+    float h = floor + folds(x, y, range) + far_hills(x, y, land_.seed, range);
+    if (range < 4000) h += .45f * noise(x / 38, y / 38, 5) + .15f * noise(x / 9, y / 9, 6);
+    if (land_.river_width > 0) {
+        const float off = map_.to_river(x, y) - land_.river_width / 2;
+        h = mix(floor - river_bed, h, smooth(1, 110, off));
+    }
+    return h - range * range / earth_twice;
+}
+
+vec3 terrain::normal(float x, float y, float height_there, float reach) const
+{
+    return unit(
+        {(height_there - height(x + reach, y)) / reach, (height_there - height(x, y + reach)) / reach, 1});
+}
+
+}   // namespace landscape

@@ -1,0 +1,124 @@
+#include "solid.h"
+
+#include <cstddef>
+#include <numbers>
+
+namespace {
+
+// Newell's sum: right for any flat outline, dented or not, and fair for one that is bent a little.
+vec3 normal_of(const std::vector<vec3>& corners)
+{
+    vec3 sum{0, 0, 0};
+    for (std::size_t i = 0; i < corners.size(); ++i)
+        sum = sum + cross(corners[i], corners[(i + 1) % corners.size()]);
+    return unit(sum);
+}
+
+void add_face(solid& to, const std::vector<vec3>& corners, const material& m)
+{
+    to.push_back({corners, normal_of(corners), m, true});
+}
+
+// Two ends with as many corners each, and what lies between them.
+solid joined(const std::vector<vec3>& one, const std::vector<vec3>& other, const material& m)
+{
+    solid s;
+    add_face(s, one, m);
+    add_face(s, other, m);
+    for (std::size_t i = 0; i < one.size(); ++i) {
+        const std::size_t next = (i + 1) % one.size();
+        add_face(s, {one[i], one[next], other[next], other[i]}, m);
+    }
+    return s;
+}
+
+}   // namespace
+
+solid across(const std::vector<point>& side_outline, span y, const material& m)
+{
+    std::vector<vec3> right, left;
+    for (const point& p : side_outline) {
+        right.push_back({p.x, y.from, p.y});
+        left.push_back({p.x, y.to, p.y});
+    }
+    return joined(right, left, m);
+}
+
+solid between(const std::vector<point>& lower, double lower_z, const std::vector<point>& upper,
+              double upper_z, const material& m)
+{
+    std::vector<vec3> bottom, top;
+    for (const point& p : lower) bottom.push_back({p.x, p.y, lower_z});
+    for (const point& p : upper) top.push_back({p.x, p.y, upper_z});
+    return joined(bottom, top, m);
+}
+
+solid box(span x, span y, span z, const material& m)
+{
+    return across({{x.from, z.from}, {x.to, z.from}, {x.to, z.to}, {x.from, z.to}}, y, m);
+}
+
+solid rod(vec3 from, vec3 to, double from_radius, double to_radius, const material& m)
+{
+    constexpr int corners = 20;
+    const vec3 along = unit(to - from);
+    const vec3 aside = unit(cross(along, std::abs(along.z) < .9 ? vec3{0, 0, 1} : vec3{1, 0, 0}));
+    const vec3 over = cross(aside, along);
+    std::vector<vec3> one, other;
+    for (int i = 0; i < corners; ++i) {
+        const double angle = 2 * std::numbers::pi * i / corners;
+        const vec3 out = aside * std::cos(angle) + over * std::sin(angle);
+        one.push_back(from + out * from_radius);
+        other.push_back(to + out * to_radius);
+    }
+    return joined(one, other, m);
+}
+
+void add(solid& to, const solid& what)
+{
+    to.insert(to.end(), what.begin(), what.end());
+}
+
+void add_pair(solid& to, const solid& what)
+{
+    add(to, what);
+    for (face f : what) {
+        for (vec3& c : f.corners) c.y = -c.y;
+        f.normal.y = -f.normal.y;
+        to.push_back(f);
+    }
+}
+
+solid turned(solid s, double degrees)
+{
+    const double angle = degrees * std::numbers::pi / 180, c = std::cos(angle), n = std::sin(angle);
+    const auto turn = [&](vec3& v) { v = {v.x * c - v.y * n, v.x * n + v.y * c, v.z}; };
+    for (face& f : s) {
+        for (vec3& corner : f.corners) turn(corner);
+        turn(f.normal);
+    }
+    return s;
+}
+
+solid laid_down(solid s)
+{
+    const auto lay = [](vec3& v) { v = {v.z, v.y, v.x}; };
+    for (face& f : s) {
+        for (vec3& corner : f.corners) lay(corner);
+        lay(f.normal);
+    }
+    return s;
+}
+
+solid moved(solid s, vec3 by)
+{
+    for (face& f : s)
+        for (vec3& corner : f.corners) corner = corner + by;
+    return s;
+}
+
+solid slender(solid s)
+{
+    for (face& f : s) f.counts = false;
+    return s;
+}
