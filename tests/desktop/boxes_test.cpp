@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <random>
 
 #include "desk.h"
 #include "platform/desktop/boxes.h"
