@@ -143,10 +143,10 @@ void target_details(S& s)
     object_fields details = image({1440, 960, 1695, 1695}, ":target");
     details.ToolTipText = "LAY OF MBS";
     add(s.window, s.Imgtargetdetails, std::move(details), &s.Frame1);
-    add(s.window, s.Lbltargetvis,
-        hidden(bold(label({90, 3600, 4515, 330}, "TARGET NOT VISIBLE ON THIS SHOOT", colour::red,
-                          text_size::normal, alignment::centre))),
-        &s.Frame1);
+    object_fields notseen = bold(label({90, 3600, 4515, 330}, "TARGET NOT VISIBLE ON THIS SHOOT", colour::red,
+                                       text_size::normal, alignment::centre));
+    notseen.BackColor = colour::black;
+    add(s.window, s.Lbltargetvis, hidden(std::move(notseen)), &s.Frame1);
     round_buttons(s);
     legend(s);
     add(s.window, s.Shape1, hidden(shape({2040, 1560, 75, 75}, shape_kind::filled_ellipse, colour::white)),

@@ -66,9 +66,10 @@ void practice_buttons(gunnery_screen& s, const layout& l)
     s.Cmdtarget.Visible = s.Cmdtarget.design->Visible = false;
     caption(s, &s.Frame3,
             label({inner, 2850, l.button_width, 240}, "Lay speed", colour::dim, text_size::small));
-    add(f, s.HScspeed,
-        slider({inner, 3120, l.button_width, 330}, 1, s.visual() ? 160 : 20, s.visual() ? 110 : 3, 10),
-        &s.Frame3);
+    object_fields speed =
+        slider({inner, 3120, l.button_width, 330}, 1, s.visual() ? 160 : 20, s.visual() ? 110 : 3, 10);
+    speed.AccessibleName = "Lay speed";
+    add(f, s.HScspeed, std::move(speed), &s.Frame3);
     // Nothing reads the thermal bar: it is there, and doesn't pretend to work.
     s.HScspeed.Enabled = s.HScspeed.design->Enabled = s.visual();
     f.exit_button = &s.CMDEXIT;
@@ -136,14 +137,16 @@ void gunners_buttons(gunnery_screen& s, const layout& l)
         screen_object& o;
         double left, top;
         const char* drawing;
-    } arrows[] = {{s.Cmdup, middle, 300, ":arrow_up"},
-                  {s.Cmdleft, middle - arrow, 300 + arrow, ":arrow_left"},
-                  {s.Cmdright, middle + arrow, 300 + arrow, ":arrow_right"},
-                  {s.Cmddown, middle, 300 + 2 * arrow, ":arrow_down"}};
+        const char* name;
+    } arrows[] = {{s.Cmdup, middle, 300, ":arrow_up", "View up"},
+                  {s.Cmdleft, middle - arrow, 300 + arrow, ":arrow_left", "View left"},
+                  {s.Cmdright, middle + arrow, 300 + arrow, ":arrow_right", "View right"},
+                  {s.Cmddown, middle, 300 + 2 * arrow, ":arrow_down", "View down"}};
     for (const auto& a : arrows) {
         object_fields b =
             button({a.left, a.top, arrow, arrow}, "", &a.o == &s.Cmdleft ? tip(s, "TRAVERSE CONTROLS") : "");
         b.Picture.source = a.drawing;
+        b.AccessibleName = a.name;
         add(f, a.o, std::move(b), &s.Frmmousecon);
     }
     const auto put = [&](screen_object& o, int row, column c, const char* words, const char* hint) {

@@ -80,12 +80,47 @@ file_text read_file(const machine& m, const std::string& path)
     return {std::move(text), {}};
 }
 
-std::string write_file(const machine& m, const std::string& path, const std::string& text)
+static bool write_whole(std::ofstream& out, const std::string& text)
 {
-    std::ofstream out(m.working_directory / from_utf8(path), std::ios::binary | std::ios::trunc);
     out << text;
     out.close();
-    return out ? std::string() : "The file can't be written.";
+    return static_cast<bool>(out);
+}
+
+enum class replaced { done, failed, not_possible };
+
+// Written beside the file and put in its place when it is whole: a disk that fills up on the way takes
+// nothing from what was there.
+static replaced replace_file(const fs::path& file, const std::string& text)
+{
+    std::error_code failed;
+    fs::path part = file;
+    part += ".part";
+    std::ofstream out(part, std::ios::binary | std::ios::trunc);
+    if (!out.is_open()) return replaced::not_possible;
+    bool whole = write_whole(out, text);
+    if (whole && fs::exists(file, failed))
+        fs::permissions(part, fs::status(file, failed).permissions(), failed);
+    if (whole) fs::rename(part, file, failed);
+    whole = whole && !failed;
+    if (!whole) fs::remove(part, failed);
+    return whole ? replaced::done : replaced::failed;
+}
+
+// In a folder where no file can be made an old one may still be written over; and what is no plain file is
+// never replaced by one.
+std::string write_file(const machine& m, const std::string& path, const std::string& text)
+{
+    constexpr const char* reason = "The file can't be written.";
+    std::error_code failed;
+    fs::path file = m.working_directory / from_utf8(path);
+    if (fs::is_symlink(file, failed)) file = fs::weakly_canonical(file, failed);
+    if (fs::is_regular_file(file, failed) || !fs::exists(file, failed)) {
+        const replaced r = replace_file(file, text);
+        if (r != replaced::not_possible) return r == replaced::done ? "" : reason;
+    }
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    return write_whole(out, text) ? "" : reason;
 }
 
 std::string delete_file(const machine& m, const std::string& path)

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <random>
 
 #include "desk.h"
 #include "platform/desktop/boxes.h"
@@ -170,6 +171,28 @@ TEST_F(help, says_so_when_the_file_is_none_that_can_be_shown)
         pc.run([&] { pc.show_help(name); });
         EXPECT_TRUE(page()->toPlainText().contains("can't be opened")) << name;
     }
+}
+
+TEST_F(help, lays_damaged_pages_out_and_goes_on)
+{
+    QFile seed(VORN_SOURCE_DIR "/tests/fuzz/seeds/help/page.HLP");
+    ASSERT_TRUE(seed.open(QIODevice::ReadOnly));
+    const QByteArray whole = seed.readAll();
+    open(one);
+    std::minstd_rand chance(3);
+    for (int i = 0; i < 150; ++i) {
+        QByteArray page = whole;
+        for (int n = 0; n < 4; ++n) {
+            const auto at = static_cast<qsizetype>(chance()) % page.size();
+            if (n % 2 == 0) page[at] = static_cast<char>(chance());
+            if (n % 2 == 1) page.remove(at, static_cast<qsizetype>(chance()) % 40);
+        }
+        write("vorn.HLP", page);
+        pc.run([&] { pc.show_help("vorn.HLP"); });
+    }
+    write("vorn.HLP", whole);
+    pc.run([&] { pc.show_help("vorn.HLP"); });
+    EXPECT_TRUE(page()->toPlainText().contains("a link"));
 }
 
 TEST_F(help, says_so_when_there_is_no_file)

@@ -30,9 +30,22 @@ desktop_machine::~desktop_machine()
     windows_.clear();
 }
 
-double desktop_machine::now() const
+static double worlds_clock()
 {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+double desktop_machine::now() const
+{
+    return set_to_ + (worlds_clock() - set_at_) * speed_;
+}
+
+void desktop_machine::set_speed(double times)
+{
+    set_to_ = now();
+    set_at_ = worlds_clock();
+    speed_ = times;
+    arm();
 }
 
 // Events --------------------------------------------------------------------------------------------------
@@ -100,7 +113,7 @@ void desktop_machine::arm()
 {
     const double next = next_tick(*this);
     if (std::isinf(next)) return clock_.stop();
-    clock_.start(static_cast<int>(std::ceil(std::max(0.0, next - now()) * 1000)));
+    clock_.start(static_cast<int>(std::ceil(std::max(0.0, next - now()) / speed_ * 1000)));
 }
 
 // The gunner's keys that waited for a move come before the ticks that fell due in it, as they would have done
@@ -127,7 +140,7 @@ void desktop_machine::pace(double seconds)
     if (move_->clock < move_->next_frame) return;
     sync();
     for (const form* f : screens.shown) window(*f)->paint_now();
-    std::this_thread::sleep_for(std::chrono::duration<double>(move_->clock - now()));
+    std::this_thread::sleep_for(std::chrono::duration<double>((move_->clock - now()) / speed_));
     move_->next_frame = std::max(move_->clock, now()) + frame;
 }
 

@@ -38,6 +38,9 @@ public:
     loaded_picture load_picture(const std::string& path) override;
     std::string print(const std::vector<printed_line>&) override;
 
+    // Lets the clock go so many times as fast as the world's, for one who can't wait for a practice to go by.
+    void set_speed(double times);
+
     // Runs an event to its end, and shows what it has changed.
     void run(const std::function<void()>& event);
     // Shows what has changed since the last time.
@@ -90,6 +93,7 @@ private:
     stick stick_;
     screen_object* held_mouse_ = nullptr;
     QTimer clock_;
+    double set_to_ = 0, set_at_ = 0, speed_ = 1;   // the clock's time and the world's when its speed was set
     std::optional<counted_move> move_;
     bool keys_waited_ = false;   // a counted move has kept events waiting
     bool ending_ = false;

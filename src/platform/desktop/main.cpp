@@ -1,11 +1,19 @@
 #include <QApplication>
+#include <QStandardPaths>
 #include <QTimer>
 
 #include "flow/intro.h"
+#include "platform/desktop/data_directory.h"
 #include "platform/desktop/desktop_machine.h"
 #include "trainer.h"
 
 namespace fs = std::filesystem;
+
+static fs::path own_directory()
+{
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return data.isEmpty() ? fs::path() : fs::path(data.toStdString()) / "vorn";
+}
 
 // The directory that holds the folder "ranges": installed beside the program, or, in a build tree, that of
 // the sources above it.
@@ -17,7 +25,8 @@ static std::string program_directory()
     const fs::path program = QCoreApplication::applicationDirPath().toStdString();
     std::error_code failed;
     const fs::path installed = (program / "../share/vorn").lexically_normal();
-    if (fs::is_directory(installed / "ranges", failed)) return installed.string();
+    if (fs::is_directory(installed / "ranges", failed))
+        return vorn::data_directory(installed, own_directory()).string();
     fs::path above = program;
     for (int i = 0; i <= 4; ++i, above = above.parent_path())
         if (fs::is_directory(above / "data/ranges", failed)) return (above / "data").string();

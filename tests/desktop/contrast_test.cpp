@@ -1,0 +1,78 @@
+// Every text on every screen can be read: against what lies behind it, 4.5 to 1 and more.
+#include <cmath>
+
+#include "desk.h"
+#include "flow/intro.h"
+#include "platform/desktop/look.h"
+#include "trainer.h"
+
+namespace vorn::testing_desk {
+
+// Relative luminance and contrast as the guidelines for accessible content define them.
+double luminance(const QColor& c)
+{
+    const auto linear = [](double v) {
+        return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(c.redF()) + 0.7152 * linear(c.greenF()) + 0.0722 * linear(c.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const double x = luminance(a) + 0.05, y = luminance(b) + 0.05;
+    return std::max(x, y) / std::min(x, y);
+}
+
+// What lies behind an object: its own back colour, or that of what holds it.
+QColor behind(const screen_object& object)
+{
+    if (object.kind == object_kind::button) return furniture::face;
+    if (object.kind == object_kind::textbox) return furniture::field;
+    if (object.BackColor != colour::ground) return back_shade(object.BackColor);
+    for (const screen_object* o = object.parent; o != nullptr; o = o->parent) {
+        if (o->kind == object_kind::frame) return furniture::panel;
+        if (o->kind == object_kind::sight) return shade(colour::black);
+    }
+    return shade(colour::ground);
+}
+
+TEST(contrast, of_each_text_on_each_screen_is_enough)
+{
+    desktop_machine pc;
+    trainer t(pc);
+    form* const screens[] = {&t.startsim.window, &t.simulator.window, &t.thermal.window,
+                             &t.results.window,  &t.rauthor.window,   &t.joycal.window};
+    int texts = 0;
+    for (const form* f : screens)
+        for (const screen_object* o : f->objects) {
+            const bool text = o->kind != object_kind::image && o->kind != object_kind::shape;
+            // Numbers over a picture and the marks of the sight have a dark rim of their own.
+            const bool rimmed = o->ForeColor == colour::darkred || o->ForeColor == colour::sight;
+            if (!text || rimmed) continue;
+            const QColor ink = shade(
+                o->kind == object_kind::frame && o->ForeColor == colour::text ? colour::dim : o->ForeColor);
+            const QColor ground = o->kind == object_kind::frame ? QColor(furniture::panel) : behind(*o);
+            EXPECT_GE(contrast(ink, ground), 4.5)
+                << f->name << ": " << o->Caption << o->Text << o->AccessibleName << ' '
+                << ink.name().toStdString() << " on " << ground.name().toStdString();
+            ++texts;
+        }
+    EXPECT_GT(texts, 250);
+}
+
+// What a screen reader says of whatever can be worked.
+TEST(names, are_given_to_everything_that_can_be_worked)
+{
+    desktop_machine pc;
+    trainer t(pc);
+    for (const form* f : {&t.intro.window, &t.startsim.window, &t.simulator.window, &t.thermal.window,
+                          &t.results.window, &t.rauthor.window, &t.joycal.window})
+        for (const screen_object* o : f->objects) {
+            const bool worked = o->Click || o->Change || o->MouseDown || o->kind == object_kind::textbox ||
+                                o->kind == object_kind::option || o->kind == object_kind::checkbox;
+            const bool named = !o->Caption.empty() || !o->AccessibleName.empty() || !o->ToolTipText.empty();
+            EXPECT_TRUE(!worked || named) << f->name << " at " << o->Left << ' ' << o->Top;
+        }
+}
+
+}   // namespace vorn::testing_desk

@@ -1,0 +1,66 @@
+// Where the trainer works when the installed data can't be written.
+#include "platform/desktop/data_directory.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <fstream>
+#include <sstream>
+
+namespace vorn {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct data_places : testing::Test {
+    QTemporaryDir temporary;
+    const fs::path folder = temporary.path().toStdString();
+    const fs::path installed = folder / "installed", own = folder / "own";
+
+    data_places()
+    {
+        put(installed / "ranges/visualrange.arf", "range");
+        put(installed / "ranges/target icons/target1.ico", "icon");
+    }
+    static void put(const fs::path& file, const std::string& text)
+    {
+        fs::create_directories(file.parent_path());
+        std::ofstream(file) << text;
+    }
+    static std::string get(const fs::path& file)
+    {
+        std::ostringstream text;
+        text << std::ifstream(file).rdbuf();
+        return text.str();
+    }
+};
+
+TEST_F(data_places, what_can_be_written_is_used_where_it_is)
+{
+    EXPECT_EQ(data_directory(installed, own), installed);
+    EXPECT_FALSE(fs::exists(own));
+}
+
+TEST_F(data_places, a_copy_is_filled_with_what_it_lacks_and_nothing_of_the_users_is_touched)
+{
+    fs::permissions(installed / "ranges/visualrange.arf", fs::perms::owner_read);
+    ASSERT_TRUE(fill_directory(installed / "ranges", own / "ranges"));
+    EXPECT_EQ(get(own / "ranges/target icons/target1.ico"), "icon");
+    put(own / "ranges/visualrange.arf", "the user's");
+    put(own / "ranges/smith.vrn", "record");
+    fs::remove(own / "ranges/target icons/target1.ico");
+    ASSERT_TRUE(fill_directory(installed / "ranges", own / "ranges"));
+    EXPECT_EQ(get(own / "ranges/visualrange.arf"), "the user's");
+    EXPECT_EQ(get(own / "ranges/smith.vrn"), "record");
+    EXPECT_EQ(get(own / "ranges/target icons/target1.ico"), "icon");
+}
+
+TEST_F(data_places, a_place_that_cannot_be_filled_is_told)
+{
+    put(own, "a file in the way");
+    EXPECT_FALSE(fill_directory(installed / "ranges", own / "ranges"));
+    EXPECT_FALSE(fill_directory(folder / "nothing", own / "ranges"));
+}
+
+}   // namespace
+}   // namespace vorn

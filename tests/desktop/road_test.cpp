@@ -1,0 +1,150 @@
+// The whole road through the program, as an instructor and his student take it on one morning: every screen,
+// by mouse, keys, dialogs and stick, from the title to the exit.
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QTemporaryDir>
+
+#include "debrief/resultsfile.h"
+#include "platform/files.h"
+#include "virtual_stick.h"
+#include "whole_trainer.h"
+
+namespace vorn::testing_desk {
+
+class whole_road : public engagement {
+protected:
+    void choose(const QString& file)
+    {
+        when_box<QFileDialog>([file](QFileDialog& d) {
+            d.selectFile(file);
+            static_cast<QDialog&>(d).accept();
+        });
+    }
+    // The waits of a practice at a fraction of their time, the gunner's own work at the world's.
+    bool wait_fast(const std::function<bool()>& what)
+    {
+        pc.set_speed(12);
+        const bool came = wait_for(what, 30000);
+        pc.set_speed(1);
+        return came;
+    }
+    void fire_on_target()
+    {
+        QTest::keyClick(handle(), Qt::Key_E);
+        lay_on();
+        QTest::keyClick(handle(), Qt::Key_A);
+        QTest::keyPress(handle(), Qt::Key_S);
+        EXPECT_TRUE(wait_fast([&] { return !s.layready; }));
+        QTest::keyRelease(handle(), Qt::Key_S);
+        EXPECT_TRUE(wait_fast([&] { return s.Imgloaded.Visible; }));
+        QTest::keyClick(handle(), Qt::Key_D);
+    }
+    // Kills the odd targets and lets the even ones go by.
+    void fight()
+    {
+        for (int target = 1; target <= 6; ++target) {
+            ASSERT_TRUE(wait_fast([&] { return s.targetcalled && s.Imgtargets.Visible; })) << target;
+            ASSERT_EQ(t.shared.engagement, target);
+            if (target % 2 == 1) fire_on_target();
+            if (target == 6) answer_yes();   // DEBRIEF FIRER ?
+            ASSERT_TRUE(wait_fast([&] { return t.shared.engagement != target || front(pc) != &s.window; }));
+        }
+    }
+    void set_up_and_fight()
+    {
+        when_box<QMessageBox>([](QMessageBox& box) { box.accept(); });
+        pc.run([&] { start_program(t); });
+        click_on(t.intro.lblstart);
+        for (const screen_object* o : {&t.startsim.Optcon2, &t.startsim.Opteng4, &t.startsim.Opttime2})
+            click_on(*o);
+        answer_yes();
+        click_on(t.startsim.Cmdstart);
+        ASSERT_EQ(front(pc), &s.window);
+        ASSERT_TRUE(wait_for([&] { return pc.window(s.window)->isActiveWindow(); }));
+        pc.run([&] { set_slider(s.HScspeed, 20); });   // a fine lay
+        click_on(s.Cmdstartsim);
+        ASSERT_NO_FATAL_FAILURE(fight());
+        ASSERT_EQ(front(pc), &t.results.window);
+    }
+    void debrief()
+    {
+        EXPECT_EQ(t.results.Lbltarget.Caption, "YES");
+        click_on(t.results.Lbltgtnumber[2]);
+        EXPECT_EQ(t.results.Lbltarget.Caption, "NO");
+        choose(folder.filePath("smith"));
+        click_on(t.results.Cmdsave);
+        practice_state read;
+        ASSERT_TRUE(take_results(*read_file(pc, folder.filePath("smith.vrn").toStdString()).text, read));
+        EXPECT_EQ(read.rechit, t.shared.rechit);
+        when_box<QMessageBox>([this](QMessageBox& box) {
+            choose(folder.filePath("report.pdf"));
+            box.button(QMessageBox::Yes)->click();
+        });
+        click_on(t.results.Cmdprint);
+        EXPECT_GT(QFileInfo(folder.filePath("report.pdf")).size(), 5000);
+        click_on(t.results.cmdnew);
+        ASSERT_EQ(front(pc), &t.startsim.window);
+    }
+    void make_a_range()
+    {
+        rauthor_screen& a = t.rauthor;
+        answer_yes();
+        click_on(t.startsim.cmdeditrange);
+        when_box<QInputDialog>([this](QInputDialog& box) {
+            box.setTextValue("NEW GROUND");
+            when_box<QMessageBox>([this](QMessageBox& question) {
+                choose(VORN_SOURCE_DIR "/data/ranges/visualrange.vrp");
+                question.button(QMessageBox::No)->click();
+            });
+            box.accept();
+        });
+        click_on(a.cmdnew);
+        for (int n = 1; n <= 20; ++n) {
+            QTest::mousePress(widget_of(a.cmdright), Qt::LeftButton);
+            QTest::qWait(30);
+            QTest::mouseRelease(widget_of(a.cmdright), Qt::LeftButton);
+            click_on(a.Lbltargetnum[n]);
+            click_on(a.Lblsavetarget);
+        }
+        choose(folder.filePath("ground"));
+        click_on(a.Cmdsave);
+        click_on(a.Cmdstart);
+        EXPECT_EQ(t.startsim.Lblrangename.Caption, "NEW GROUND          ");
+    }
+    void calibrate()
+    {
+        virtual_stick stick(pc);
+        stick.plug();
+        click_on(t.startsim.cmdstick);
+        ASSERT_TRUE(wait_for([&] { return pc.window(t.joycal.window)->isActiveWindow(); }));
+        click_on(t.joycal.Cmdstart);
+        for (int n = 0; n < 3; ++n) {
+            stick.button(n, true);
+            stick.button(n, false);
+        }
+        click_on(t.joycal.Cmdfinish);
+        EXPECT_TRUE(t.shared.joycalibrated);
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(whole_road, leads_through_every_screen)
+{
+    ASSERT_NO_FATAL_FAILURE(set_up_and_fight());
+    const auto& hit = t.shared.rechit;
+    EXPECT_EQ(std::vector<std::string>(hit.begin() + 1, hit.begin() + 7),
+              (std::vector<std::string>{"YES", "NO", "YES", "NO", "YES", "NO"}));
+    ASSERT_NO_FATAL_FAILURE(debrief());
+    make_a_range();
+    ASSERT_NO_FATAL_FAILURE(calibrate());
+    pc.leave = [] { std::_Exit(42); };
+    EXPECT_EXIT(
+        {
+            answer_yes();
+            click_on(t.startsim.Cmdexit);
+        },
+        testing::ExitedWithCode(42), "");
+}
+
+}   // namespace vorn::testing_desk

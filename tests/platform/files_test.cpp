@@ -1,0 +1,139 @@
+// Writing a file: what was there stays until the new one is whole.
+#include "platform/files.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "data_folder.h"
+#include "drill.h"
+
+namespace vorn {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A disk with room for so many bytes a file, as far as this process goes.
+class small_disk {
+public:
+    explicit small_disk(rlim_t bytes) : old_handler_(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &old_);
+        const rlimit small{bytes, old_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    small_disk(const small_disk&) = delete;
+    small_disk& operator=(const small_disk&) = delete;
+    ~small_disk()
+    {
+        setrlimit(RLIMIT_FSIZE, &old_);
+        std::signal(SIGXFSZ, old_handler_);
+    }
+
+private:
+    rlimit old_{};
+    void (*old_handler_)(int);
+};
+
+struct writing : testing::Test {
+    data_folder data;
+    headless_machine pc;
+
+    writing() { pc.working_directory = data.ranges(); }
+    std::size_t files() const
+    {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(data.ranges()), {}));
+    }
+};
+
+TEST_F(writing, a_full_disk_takes_nothing_from_what_was_there)
+{
+    const std::string old(300, 'o'), fresh(5000, 'f');
+    data.put("own.vrn", old);
+    const std::size_t before = files();
+    {
+        const small_disk disk(1000);
+        EXPECT_NE(write_file(pc, "own.vrn", fresh), "");
+        EXPECT_NE(write_file(pc, "new.vrn", fresh), "");
+    }
+    EXPECT_EQ(data.get("own.vrn"), old);
+    EXPECT_EQ(files(), before) << "and leaves nothing behind";
+    EXPECT_EQ(write_file(pc, "own.vrn", fresh), "");
+    EXPECT_EQ(data.get("own.vrn"), fresh);
+    EXPECT_EQ(files(), before);
+}
+
+TEST_F(writing, links_are_followed_and_what_is_no_file_stays_what_it_is)
+{
+    data.put("real.vrn", "old");
+    fs::create_symlink(data.ranges() + "/real.vrn", data.ranges() + "/link.vrn");
+    EXPECT_EQ(write_file(pc, "link.vrn", "new"), "");
+    EXPECT_TRUE(fs::is_symlink(data.ranges() + "/link.vrn"));
+    EXPECT_EQ(data.get("real.vrn"), "new");
+    EXPECT_NE(write_file(pc, "target icons", "x"), "");
+    EXPECT_TRUE(fs::is_directory(data.ranges() + "/target icons"));
+    EXPECT_NE(write_file(pc, "/dev/full", "x"), "");
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+    EXPECT_NE(write_file(pc, "no folder/own.vrn", "x"), "");
+}
+
+// Each button of each screen that reads or writes a file, with a disk, a folder or a file that has gone wrong
+// between the screen and the click.
+TEST(screens_on_a_bad_disk, answer_in_order_and_lose_nothing)
+{
+    drill d(sight_kind::visual);
+    headless_machine& pc = d.pc;
+    trainer& t = d.t;
+    const auto path = [&](const char* name) { return d.data.ranges() + "/" + name; };
+    const char* const places[] = {"wavs", "no folder/own.xyz", "/dev/full", "visualrange.vrp"};
+    for (const char* place : places) {
+        const std::string file = place[0] == '/' ? place : path(place);
+        const std::string was = d.data.get("visualrange.vrp");
+        const small_disk disk(10);
+        for (screen_object* o : {&t.startsim.cmdopenset, &t.startsim.cmdsaveset}) {
+            pc.files = {file};
+            pc.click(*o);
+        }
+        pc.answers = {{true}};
+        pc.click(t.startsim.cmdeditrange);
+        for (int n = 1; n < positions; ++n) t.rauthor.Lbltargetnum[n].BackColor = colour::red;
+        pc.type(t.rauthor.Textname, "A NAME THAT IS LONG");
+        for (screen_object* o : {&t.rauthor.Cmdsave, &t.rauthor.Cmdopen, &t.rauthor.Imgtarget[1]}) {
+            pc.files = {file};
+            pc.click(*o);
+            if (o == &t.rauthor.Cmdsave) {
+                EXPECT_NE(t.rauthor.outcome.Caption.find("could not be saved"), std::string::npos) << place;
+            }
+        }
+        pc.click(t.rauthor.Cmdstart);
+        pc.answers = {{true}};
+        pc.click(t.startsim.Cmddebrief);
+        for (screen_object* o : {&t.results.Cmdsave, &t.results.Cmdopen}) {
+            const std::size_t told = pc.boxes.size();
+            pc.files = {file};
+            pc.click(*o);
+            EXPECT_GT(pc.boxes.size(), told) << place;
+        }
+        pc.click(t.results.cmdnew);
+        EXPECT_EQ(front(pc), &t.startsim.window) << place;
+        EXPECT_EQ(d.data.get("visualrange.vrp"), was) << place;
+    }
+    EXPECT_FALSE(pc.ended);
+}
+
+// The folder of the ranges is gone between the set-up and the practice: a message, and back to the set-up.
+TEST(screens_on_a_bad_disk, a_vanished_folder_ends_no_program)
+{
+    drill d(sight_kind::visual);
+    fs::remove_all(d.data.ranges());
+    d.pc.answers.assign(6, {true});   // yes to each box, and no other range is found
+    d.pc.click(d.t.startsim.Cmdstart);
+    EXPECT_EQ(front(d.pc), &d.t.startsim.window);
+    EXPECT_FALSE(d.pc.ended);
+    d.pc.click(d.t.startsim.Cmdhelpon);
+    EXPECT_FALSE(d.pc.ended);
+}
+
+}   // namespace
+}   // namespace vorn

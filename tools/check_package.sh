@@ -1,0 +1,85 @@
+#!/usr/bin/env bash
+# Installs the Debian package into a clean system, runs the trainer there as an ordinary user, and removes it.
+#
+#   tools/check_package.sh [PACKAGE]
+#
+# As root, on Debian, with debootstrap. Without a package it builds one. Takes some minutes and a gigabyte, so no
+# test calls it.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+source tools/setup.sh
+
+mirror=${DEBIAN_MIRROR:-$(awk '/^(deb|URIs:)/ { for (i = 2; i <= NF; ++i) if ($i ~ /^http/) { print $i; exit } }' \
+    /etc/apt/sources.list /etc/apt/sources.list.d/* 2>/dev/null)}
+suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
+root=$(mktemp -d)
+trap 'umount -q "$root/proc" || true; rm -rf "$root"' EXIT
+
+install_missing debootstrap "${build_packages[@]}" dpkg-dev desktop-file-utils appstream file
+if [ $# -eq 0 ]; then
+    build release
+    (cd build/release && cpack -G DEB >/dev/null)
+    set -- build/release/vorn_*.deb
+fi
+package=$(realpath "$1")
+
+in_root() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 "$@"; }
+files_of_root() { (cd "$root" && find . -xdev \( -path ./proc -o -path ./tmp -o -path ./var/cache -o -path ./var/lib -o -path ./var/log -o -path ./home \) -prune -o -print | sort); }
+
+say "a clean $suite from $mirror"
+debootstrap --variant=minbase "$suite" "$root" "$mirror" >/dev/null
+cp /etc/apt/sources.list "$root/etc/apt/" 2>/dev/null || true
+mkdir -p "$root/etc/apt/sources.list.d" "$root/etc/apt/apt.conf.d"
+cp -r /etc/apt/sources.list.d/. "$root/etc/apt/sources.list.d/" 2>/dev/null || true
+cp -r /etc/apt/apt.conf.d/. "$root/etc/apt/apt.conf.d/" 2>/dev/null || true
+cp /etc/resolv.conf "$root/etc/" 2>/dev/null || true
+mount -t proc proc "$root/proc"
+in_root apt-get update -q >/dev/null
+in_root apt-get install -q -y --no-install-recommends xvfb xauth xdotool openbox man-db shared-mime-info >/dev/null
+
+say "what the package needs is installed first, so that what it leaves can be told"
+cp "$package" "$root/tmp/vorn.deb"
+needs=$(dpkg-deb -f "$package" Depends | tr ',' '\n' | sed 's/|.*//; s/(.*//; s/ //g' | tr '\n' ' ')
+# shellcheck disable=SC2086
+in_root apt-get install -q -y --no-install-recommends $needs >/dev/null
+files_of_root >"$root/tmp/before"
+
+say "installing"
+in_root dpkg -i /tmp/vorn.deb >/dev/null
+desktop-file-validate "$root/usr/share/applications/vorn.desktop"
+appstreamcli validate --no-net "$root/usr/share/metainfo/org.vorn.vorn.metainfo.xml"
+in_root man -l /usr/share/man/man1/vorn.1 >/dev/null
+[ "$(in_root sh -c 'touch /tmp/x.arf && update-mime-database /usr/share/mime && grep -c "x-vorn" /usr/share/mime/globs2')" -eq 3 ]
+
+say "an ordinary user starts it, saves a practice and leaves"
+in_root useradd -m student
+cat >"$root/tmp/session" <<'SESSION'
+set -eu
+export XDG_RUNTIME_DIR=/tmp/run-student && mkdir -p -m 700 $XDG_RUNTIME_DIR
+openbox & sleep 1
+vorn & program=$!
+await() { for _ in $(seq 100); do xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 && return; sleep 0.1; done; echo "no window $1"; exit 1; }
+await "V. O. R. N." && sleep 1
+xdotool key Return && sleep 1                    # the first box
+xdotool key Return                               # START has the keyboard
+await "PRACTICE EDITOR" && sleep 1
+window=$(xdotool search --onlyvisible --name "PRACTICE EDITOR" | head -1)
+xdotool mousemove --window "$window" 188 30 click 1   # SAVE PRACTICE
+await "SAVE PRACTICE SETUP" && sleep 1
+xdotool type "student.prf" && xdotool key Return && sleep 1
+xdotool mousemove --window "$window" 1000 30 click 1  # EXIT
+sleep 1 && xdotool key alt+y
+for _ in $(seq 50); do kill -0 $program 2>/dev/null || exit 0; sleep 0.1; done
+echo "the program goes on"; exit 1
+SESSION
+in_root su student -c 'xvfb-run -a -s "-screen 0 1280x1024x24" bash /tmp/session'
+for file in student.prf visualrange.arf vorn.HLP; do
+    [ -s "$root/home/student/.local/share/vorn/ranges/$file" ] || { say "no $file in the user's data"; exit 1; }
+done
+
+say "removing"
+in_root dpkg --purge vorn >/dev/null
+files_of_root >"$root/tmp/after"
+diff "$root/tmp/before" "$root/tmp/after" | grep -v -e '/etc/passwd' -e '/etc/group' -e '/etc/shadow' -e '/etc/gshadow' \
+    -e '/etc/subuid' -e '/etc/subgid' -e '/usr/share/mime' -e '/var/mail' | grep '^[<>]' && { say "it leaves traces"; exit 1; }
+say "the package is sound: $(basename "$package"), $(du -h "$package" | cut -f1)"
