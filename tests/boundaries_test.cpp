@@ -29,8 +29,7 @@ TEST(boundaries, the_toolkit_is_known_to_the_desktop_alone)
 {
     EXPECT_EQ(includes("src", "(Q[A-Z]|Qt|SDL)"), std::vector<std::string>());
     EXPECT_EQ(includes("tests", "(Q[A-Z]|Qt|SDL)"), std::vector<std::string>());
-    EXPECT_FALSE(includes("tests", "gtest").empty())
-        << "the search finds what it looks for";
+    EXPECT_FALSE(includes("tests", "gtest").empty()) << "the search finds what it looks for";
 }
 
 TEST(boundaries, state_and_platform_know_nothing_above_them)

@@ -9,10 +9,10 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
 
-mirror=${DEBIAN_MIRROR:-$(awk '/^(deb|URIs:)/ { for (i = 2; i <= NF; ++i) if ($i ~ /^http/) { print $i; exit } }' \
-    /etc/apt/sources.list /etc/apt/sources.list.d/* 2>/dev/null)}
+sources=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sources.list.d/*.sources 2>/dev/null || true)
+mirror=${DEBIAN_MIRROR:-$(awk '/^(deb|URIs:)/ { for (i = 2; i <= NF; ++i) if ($i ~ /^http/) { print $i; exit } }' <<<"$sources")}
 suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
-root=$(mktemp -d)
+root=$(mktemp -d) && chmod 755 "$root"   # the ordinary user of that system reads it
 trap 'umount -q "$root/proc" || true; rm -rf "$root"' EXIT
 
 install_missing debootstrap "${build_packages[@]}" dpkg-dev desktop-file-utils appstream file

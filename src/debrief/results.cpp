@@ -40,7 +40,8 @@ void results_arrival(trainer& t)
 void save_record(trainer& t)
 {
     t.shared.resultsfile = left(t.shared.studentdetails.text(), 6) + ".vrn";
-    const auto chosen = t.pc.choose_file({"SAVE", filter, t.shared.rootpath, t.shared.resultsfile, true, "vrn"});
+    const auto chosen =
+        t.pc.choose_file({"SAVE", filter, t.shared.rootpath, t.shared.resultsfile, true, "vrn"});
     if (!chosen) return say(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     t.shared.resultsfile = *chosen;
     t.results.Cmddelete.Enabled = true;

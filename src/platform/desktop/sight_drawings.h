@@ -1,5 +1,6 @@
 // The marks of both sights as drawings: scales and graticule of the visual sight, marks of the thermal one,
-// and the plain target. Vectors, so that they are sharp at every scale; only explosion and target are pictures.
+// and the plain target. Vectors, so that they are sharp at every scale; only explosion and target are
+// pictures.
 #pragma once
 
 #include <QPainter>
