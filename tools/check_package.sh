@@ -59,9 +59,11 @@ export XDG_RUNTIME_DIR=/tmp/run-student && mkdir -p -m 700 $XDG_RUNTIME_DIR
 openbox & sleep 1
 vorn & program=$!
 await() { for _ in $(seq 100); do xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 && return; sleep 0.1; done; echo "no window $1"; exit 1; }
-await "V. O. R. N." && sleep 1
-xdotool key Return && sleep 1                    # the first box
-xdotool key Return                               # START has the keyboard
+await "V. O. R. N."
+for _ in $(seq 10); do                           # one Return for the first box, one for START, whenever they come
+    sleep 2 && xdotool search --onlyvisible --name "PRACTICE EDITOR" >/dev/null 2>&1 && break
+    xdotool key Return
+done
 await "PRACTICE EDITOR" && sleep 1
 window=$(xdotool search --onlyvisible --name "PRACTICE EDITOR" | head -1)
 xdotool mousemove --window "$window" 188 30 click 1   # SAVE PRACTICE
