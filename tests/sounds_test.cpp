@@ -171,38 +171,4 @@ TEST(crew, speaks_at_one_level_and_ends_before_the_next_line)
     EXPECT_LE(highest - lowest, 2);
 }
 
-// A mix-up of files or words shows in this: each call is a recording of its own.
-TEST(crew, says_something_else_in_each_file)
-{
-    std::vector<std::vector<double>> calls;
-    for (const std::string& name : spoken) calls.push_back(read_sound(name).samples);
-    std::sort(calls.begin(), calls.end());
-    EXPECT_EQ(std::adjacent_find(calls.begin(), calls.end()), calls.end());
-}
-
-TEST(coax, fires_without_a_break_for_as_long_as_a_trigger_is_held)
-{
-    const sound s = read_sound("coax");
-    ASSERT_GE(seconds(s), 8);
-    const auto step = static_cast<std::size_t>(s.rate / 5);   // two rounds and more
-    for (std::size_t at = 0; at < static_cast<std::size_t>(8 * s.rate); at += step)
-        EXPECT_GT(decibels(std::sqrt(power(s.samples, at, at + step))), -25)
-            << static_cast<double>(at) / s.rate;
-}
-
-// Much of a voice is high where an explosion is dull, and the steps from sample to sample show what is high.
-TEST(explosion, carries_the_commanders_report_or_none)
-{
-    const auto steps = [](const std::string& name) {
-        const sound s = read_sound(name);
-        std::vector<double> differences(s.samples.size());
-        std::adjacent_difference(s.samples.begin(), s.samples.end(), differences.begin());
-        return power(differences, static_cast<std::size_t>(.5 * s.rate),
-                     static_cast<std::size_t>(1.2 * s.rate));
-    };
-    ASSERT_GT(seconds(read_sound("explode")), 1.2);
-    ASSERT_GT(seconds(read_sound("explode1")), 1.2);
-    EXPECT_GT(steps("explode"), 4 * steps("explode1"));
-}
-
 }   // namespace

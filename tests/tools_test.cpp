@@ -92,25 +92,6 @@ TEST_P(shipped_range, has_targets_near_and_far_for_every_nature)
     }
 }
 
-// By hand from any position to any other, with the picture on all sides of the window when the sight is on
-// the target, and as far above it as the gun is laid for the range.
-TEST_P(shipped_range, can_be_laid_on_all_over)
-{
-    const gunnery_screen& s = d_->screen();
-    const limit_numbers& keys = s.numbers.keylimits;
-    const double width = s.Imgrange.Width, height = s.Imgrange.Height;
-    for (std::size_t i = 1; i < positions; ++i) {
-        SCOPED_TRACE(i);
-        const double x = range_.targetx[i] + side(i) / 2, y = range_.targety[i] + side(i) / 2;
-        const double left = s.mbs1.Left - x, top = s.mbs1.Top - y;
-        EXPECT_LT(left, keys.near);
-        EXPECT_GT(left, 1 - width + std::max(keys.across, s.Picrange.Width));
-        EXPECT_LT(top + (s.visual() ? 2.0 * range_.targetrange[i] : 0), keys.near);
-        EXPECT_GT(top - (s.visual() ? 0 : range_.targetrange[i] / 2.0),
-                  1 - height + std::max(keys.down, s.Picrange.Height));
-    }
-}
-
 // The icons: each of their pictures is there, the bitmap of 32 pixels is looked at.
 constexpr int small = 32;
 
@@ -161,59 +142,10 @@ TEST(shipped_icons, are_whole_and_the_hot_ones_have_no_colour)
         const std::string name = file.stem().string();
         const bool hot = name.starts_with("thermal") || name.ends_with("_hot");
         int coloured = 0;
-        for (std::size_t at = head.bitmap; at < head.bitmap + 4 * small * small; at += 4)
+        for (std::size_t at = head.bitmap; at < head.bitmap + std::size_t{4} * small * small; at += 4)
             coloured += bytes[at] != bytes[at + 1] || bytes[at] != bytes[at + 2];
         EXPECT_EQ(coloured == 0, hot);
     }
-}
-
-// Sights and debrief take the middle of the square for the middle of the target.
-TEST(shipped_icons, of_the_ranges_fill_their_squares)
-{
-    headless_machine pc;
-    for (const char* name : {"target1", "target2", "target3", "thermal1", "thermal2", "thermal3"}) {
-        SCOPED_TRACE(name);
-        const std::string bytes = read_file(pc, root + "/target icons/" + name + ".ico").text.value();
-        const std::size_t from = head_of(bytes).bitmap;
-        double across = 0, up = 0, count = 0;
-        for (std::size_t i = 0; i < small * small; ++i) {   // rows from the bottom
-            if (number_at(bytes, from + 4 * i + 3, 1) < 128) continue;
-            across += static_cast<double>(i % small) + .5;
-            up += static_cast<double>(i / small) + .5;
-            ++count;
-        }
-        EXPECT_NEAR(across / count / small, .5, .12);
-        EXPECT_NEAR(up / count / small, .5, .12);
-        EXPECT_GT(count / small / small, .4);
-    }
-}
-
-// By the road a user takes, so that the names by which the screens know the shipped files count as well.
-TEST(shipped_data, carries_a_practice_on_either_sight)
-{
-    headless_machine pc;
-    pc.default_directory = program_directory;
-    trainer t(pc);
-    pc.event([&] { start_program(t); });
-    pc.click(t.intro.lblstart);
-    pc.click(t.startsim.Optcon2);
-    EXPECT_EQ(t.shared.rangetype, "VISUAL");
-    for (gunnery_screen* s : {&t.simulator, &t.thermal}) {
-        t.shared.rectime.fill(0);
-        pc.answers = {{true, 0}};
-        pc.click(t.startsim.Cmdstart);
-        ASSERT_EQ(front(pc), &s->window);
-        pc.click(s->Cmdstartsim);
-        pc.advance(300);
-        EXPECT_FALSE(s->simrunning);
-        EXPECT_EQ(std::count(t.shared.rectime.begin() + 1, t.shared.rectime.begin() + 7, 100), 6);
-        EXPECT_GE(*std::min_element(t.shared.recrange.begin() + 1, t.shared.recrange.begin() + 7), 600);
-        pc.click(s->Cmdmain);
-        pc.click(t.startsim.Optmode2);
-    }
-    EXPECT_EQ(t.shared.resultmode, "THERMAL");
-    pc.click(t.startsim.Cmdhelpon);
-    EXPECT_TRUE(file_exists(pc, pc.of_kind("help").at(0)));
 }
 
 }   // namespace

@@ -152,7 +152,7 @@ fault loadrange(trainer& t, gunnery_screen& s)
     if (!reason.empty()) return {t.shared.rangefile, reason};
     const std::string picturefile = t.shared.rangepicture.trimmed();
     if (picturefile.empty()) return {t.shared.rangefile, "It names no picture."};
-    const fault f = loadinto(t, s.Imgrange, picturefile);
+    fault f = loadinto(t, s.Imgrange, picturefile);
     if (!f.reason.empty()) return f;
     s.Imgrange.Width = s.Imgrange.Picture.width;
     s.Imgrange.Height = s.Imgrange.Picture.height;

@@ -36,12 +36,6 @@ struct calibration : testing::Test {
             steps += o->Visible ? '*' : '.';
         return steps + (s.Cmdfinish.Enabled ? " finish" : "");
     }
-    std::string lit() const
-    {
-        std::string lamps;
-        for (const screen_object& o : s.Lblbutton) lamps += o.BackColor == colour::red ? '*' : '.';
-        return lamps;
-    }
     // A move event with the readings as they are.
     void move(long x, long y)
     {
@@ -64,18 +58,6 @@ TEST_F(calibration, each_button_is_a_step_and_the_instructions_pile_up)
     pc.click(s.Cmdstart);
     EXPECT_EQ(shown(), "*...");
     EXPECT_EQ(p.joyxcentre, 32767.5) << "until the next button";
-}
-
-TEST_F(calibration, the_lamps_follow_the_first_four_buttons)
-{
-    for (const auto& [button, down, lamps] : {std::tuple{1, true, "*..."},
-                                              {4, true, "*..*"},
-                                              {5, true, "*..*"},
-                                              {0, true, "*..*"},
-                                              {1, false, "...*"}}) {
-        pc.stick_button(button, down);
-        EXPECT_EQ(lit(), lamps) << button;
-    }
 }
 
 TEST_F(calibration, the_dot_rests_in_the_dead_band_and_goes_by_full_hundreds_beyond_it)

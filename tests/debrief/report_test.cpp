@@ -88,19 +88,6 @@ TEST(report, a_whole_practice_line_by_line)
     EXPECT_EQ(texts_of(two), two_on_paper);
 }
 
-TEST(report, the_heading_ends_before_the_students_details)
-{
-    bool heading = true;
-    for (const printed_line& l : report_lines(two)) {
-        if (l.text.find("STUDENT DETAILS") == 0) heading = false;
-        EXPECT_EQ(l.face, "MS Sans Serif");
-        EXPECT_EQ(l.size, heading ? 16 : 10) << l.text;
-        EXPECT_EQ(l.bold, heading) << l.text;
-        EXPECT_EQ(l.underline, heading) << l.text;
-    }
-    EXPECT_FALSE(heading);
-}
-
 TEST(report, hits_average_and_score)
 {
     const fired ten_seconds{"FULL", "COAX", "YES", 10};
@@ -122,31 +109,12 @@ TEST(report, hits_average_and_score)
                                                  "SCORE......................" + std::string(c.score)}));
 }
 
-TEST(report, an_engagement_that_never_closed_has_empty_lines)
-{
-    const texts all = texts_of(practice_of({{"TLS ONLY", "", "", 0}}));
-    EXPECT_EQ(texts(all.begin() + 9, all.begin() + 14),
-              (texts{"TARGET NUMBER..............0", "SYSTEM STATUS..............TLS ONLY",
-                     "AMMO TYPE..................", "TARGET DESTROYED...........",
-                     "TIME TAKEN.................0"}));
-    EXPECT_EQ(texts_of(practice_of({})).size(), 9U + 6U);
-}
-
 struct report_out : testing::Test {
     data_folder data;
     headless_machine pc;
 
     report_out() { pc.working_directory = data.ranges(); }
 };
-
-TEST_F(report_out, goes_to_the_printer_and_says_where_there_is_none)
-{
-    EXPECT_EQ(print_report(pc, two), "");
-    EXPECT_EQ(pc.of_kind("printed"), two_on_paper);
-    pc.printer = false;
-    EXPECT_NE(print_report(pc, two), "");
-    EXPECT_EQ(pc.of_kind("printed").size(), two_on_paper.size());
-}
 
 TEST_F(report_out, goes_to_a_text_file_with_one_label_of_its_own)
 {

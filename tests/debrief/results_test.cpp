@@ -288,43 +288,5 @@ TEST_F(debrief, the_road_goes_on_to_the_same_practice_or_a_new_one)
     EXPECT_TRUE(p.debriefonly);
 }
 
-TEST(debrief_alone, cannot_replay_what_was_not_fired)
-{
-    drill d(sight_kind::visual);
-    results_screen& s = d.t.results;
-    d.pc.answers = {{true}};
-    d.pc.click(d.t.startsim.Cmddebrief);
-    d.pc.wait(1);
-    EXPECT_EQ(front(d.pc), &s.window);
-    d.pc.click(s.cmdnew);
-    d.pc.answers = {{true}};
-    d.pc.click(d.t.startsim.Cmddebrief);
-    EXPECT_FALSE(s.Cmdreplay.Enabled);
-    EXPECT_EQ(s.Lblsystem.Caption, "") << "there is no practice to show";
-}
-
-// What the gunner saw of each round is what the debrief shows of it.
-TEST(thermal_debrief, shows_what_the_gunner_saw)
-{
-    drill d(sight_kind::thermal, VORN_SOURCE_DIR "/data");
-    practice_state& p = d.t.shared;
-    p.targettime = 500;
-    gunner g(d, controls::keyboard);
-    d.set_up();
-    d.pc.answers.push_back({true});
-    g.fire_practice();
-    results_screen& s = d.t.results;
-    ASSERT_EQ(front(d.pc), &s.window);
-    for (int e = 1; e <= 6; ++e) {
-        d.pc.click(s.Lbltgtnumber[e]);
-        const engagement_note& n = g.notes[static_cast<std::size_t>(e - 1)];
-        EXPECT_EQ(s.Lblammo.Caption, n.order);
-        EXPECT_EQ(s.Lbltarget.Caption, "YES");
-        ASSERT_GT(s.markerscale, 0);
-        EXPECT_NEAR((s.Shape1.Left - s.Imagepoa.Left) / s.markerscale, n.aims[0].x, 0.51);
-        EXPECT_NEAR((s.Shape1.Top - s.Imgfos.Top) / s.markerscale, n.falls[0].y, 0.51);
-    }
-}
-
 }   // namespace
 }   // namespace vorn

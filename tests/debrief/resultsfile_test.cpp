@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "drill.h"
 #include "platform/files.h"
 
@@ -112,83 +110,6 @@ TEST(results_file, each_field_has_its_line)
     for (const auto& t : told) EXPECT_EQ(lines[t.line - 1], t.text) << "line " << t.line;
 }
 
-TEST(results_file, its_length_goes_neither_by_the_engagements_nor_by_what_was_never_filled)
-{
-    practice_state p;
-    p.targetcount = 6;
-    p.resultrange = "A NAME OF MORE THAN TWENTY CHARACTERS";
-    p.resultpicture = std::string(70, 'p');
-    const std::vector<std::string> lines = lines_of(results_file_bytes(p));
-    ASSERT_EQ(lines.size(), 520U);
-    EXPECT_EQ(lines[0], '"' + std::string(30, ' ') + '"');
-    EXPECT_EQ(lines[2], "\"A NAME OF MORE THAN \"");
-    EXPECT_EQ(lines[3], '"' + std::string(60, 'p') + '"');
-    for (const std::size_t empty : {5U, 7U, 9U, 24U, 72U, 88U}) EXPECT_EQ(lines[empty - 1], "\"\"") << empty;
-    for (const std::size_t zero : {25U, 104U, 168U, 201U, 520U}) EXPECT_EQ(lines[zero - 1], "0") << zero;
-}
-
-TEST(results_file, row_0_is_kept_and_row_16_is_neither_written_nor_read)
-{
-    const practice_state written = marked_record(0);
-    practice_state read = marked_record(9000);
-    const practice_state before = read;
-    ASSERT_TRUE(take_results(results_file_bytes(written), read));
-    EXPECT_EQ(read.recammo[0], written.recammo[0]);
-    EXPECT_EQ(read.recfally[0], written.recfally[0]);
-    EXPECT_EQ(read.recfally[15], written.recfally[15]);
-    EXPECT_EQ(read.recsystem[16], before.recsystem[16]);
-    EXPECT_EQ(read.recy[16], before.recy[16]);
-    EXPECT_EQ(read.recfally[16], before.recfally[16]);
-}
-
-struct any_record {
-    std::minstd_rand luck{11};
-    bool wide = false;   // with characters beyond Latin-1
-
-    std::string text()
-    {
-        static const char* const texts[] = {"",          "FIN",           "FULL",
-                                            "LAZE ONLY", "M\xc3\xbcller", "a,b",
-                                            "quoted \"", "75 \xc2\xb5m",  "\xe5\xb1\xb1"};
-        return texts[luck() % (wide ? 9 : 8)];
-    }
-    int whole() { return static_cast<int>(luck() % 65536) - 32768; }
-
-    practice_state next()
-    {
-        wide = !wide;
-        practice_state p;
-        p.studentdetails = text() + "_" + text();
-        p.targetcount = static_cast<int>(luck() % 16);
-        for (std::string* s : {&p.resultrange, &p.resultpicture, &p.resultmode, &p.resulticon1,
-                               &p.resulticon2, &p.resulticon3})
-            *s = text();
-        for (std::size_t e = 0; e < engagement_rows; ++e) fill(p, e);
-        return p;
-    }
-    void fill(practice_state& p, std::size_t e)
-    {
-        for (auto* t : {&p.recsystem, &p.recammo, &p.rechit}) (*t)[e] = text();
-        for (auto* t :
-             {&p.rectarget, &p.recrounds, &p.rectime, &p.recwidth, &p.recrange, &p.reclazex, &p.reclazey})
-            (*t)[e] = whole();
-        for (auto* t : {&p.recx, &p.recy}) (*t)[e] = whole() * 65535;
-        for (auto* t : {&p.recaimx, &p.recaimy, &p.recfallx, &p.recfally})
-            for (int16& round : (*t)[e]) round = whole();
-    }
-};
-
-TEST(results_file, what_is_read_and_written_again_is_the_same)
-{
-    any_record records;
-    practice_state read;
-    for (int i = 0; i < 100; ++i) {
-        const std::string bytes = results_file_bytes(records.next());
-        ASSERT_TRUE(take_results(bytes, read)) << i;
-        ASSERT_EQ(results_file_bytes(read), bytes) << i;
-    }
-}
-
 TEST(results_file, a_cut_file_fails_and_leaves_what_came_before_the_cut)
 {
     const practice_state written = marked_record(0);
@@ -210,18 +131,6 @@ TEST(results_file, a_cut_file_fails_and_leaves_what_came_before_the_cut)
     practice_state read = old;
     EXPECT_TRUE(take_results(whole.substr(0, whole.size() - 2), read)) << "but for the last line's end";
     EXPECT_TRUE(take_results(whole + "\"more\"\r\n", read));
-}
-
-TEST(results_file, the_head_ends_before_the_icons)
-{
-    practice_state p;
-    item_reader items(results_file_bytes(marked_record(0)));
-    ASSERT_TRUE(take_results_head(items, p));
-    EXPECT_EQ(p.resultmode, "THERMAL");
-    EXPECT_EQ(p.resulticon1, "");
-    ASSERT_TRUE(take_results_rest(items, p));
-    EXPECT_EQ(p.resulticon1, "/a.ico");
-    EXPECT_EQ(p.recfally[15], marked_record(0).recfally[15]);
 }
 
 TEST(results_file, items_that_do_not_fit_their_fields_are_failures)
@@ -254,84 +163,6 @@ TEST(results_file, items_that_do_not_fit_their_fields_are_failures)
     practice_state p;
     ASSERT_TRUE(take_results(with_line(whole, 1, "\"A name and number beyond thirty characters\""), p));
     EXPECT_EQ(p.studentdetails.text(), "A name and number beyond thirt");
-}
-
-struct results_on_disk : testing::Test {
-    data_folder data;
-    headless_machine pc;
-    practice_state p = marked_record(0);
-
-    results_on_disk() { pc.working_directory = data.ranges(); }
-    // By the steps of the debrief screen.
-    bool reads(const std::string& file, practice_state& into) const
-    {
-        const file_text found = read_file(pc, file);
-        return found.text && take_results(*found.text, into);
-    }
-};
-
-TEST_F(results_on_disk, a_file_can_be_saved_read_and_saved_over)
-{
-    data.put("own.vrn", std::string(100000, 'x'));
-    ASSERT_EQ(write_results(pc, data.ranges() + "/own.vrn", p), "");
-    EXPECT_EQ(data.get("own.vrn"), results_file_bytes(p));
-    practice_state read;
-    ASSERT_TRUE(reads("own.vrn", read));
-    read.targetcount = 6;
-    ASSERT_EQ(write_results(pc, data.ranges() + "/own.vrn", read), "");
-    EXPECT_EQ(lines_of(data.get("own.vrn"))[1], "6");
-    data.remove("own.vrn");
-    EXPECT_FALSE(reads("own.vrn", read));
-}
-
-TEST_F(results_on_disk, wrong_files_and_paths_are_failures_and_nothing_worse)
-{
-    std::string binary;
-    for (int i = 0; i < 100000; ++i) binary += static_cast<char>(i * 7919 >> 3);
-    for (const std::string& bytes :
-         {std::string(), binary, std::string(5'000'000, '"'), std::string(520, '\n'),
-          range_file_bytes(plain_range(sight_kind::visual))}) {
-        data.put("wrong.vrn", bytes);
-        EXPECT_FALSE(reads("wrong.vrn", p));
-    }
-    EXPECT_FALSE(reads(data.ranges(), p)) << "a folder";
-    EXPECT_NE(write_results(pc, data.ranges(), p), "") << "a folder";
-    EXPECT_NE(write_results(pc, data.ranges() + "/no folder/x.vrn", p), "");
-    EXPECT_NE(write_results(pc, "", p), "");
-}
-
-// The gunner lases a FIN target, loads, aims and fires one round, which kills.
-TEST(results_file_of_a_drill, tells_what_was_fired_and_where_it_fell)
-{
-    drill d(sight_kind::visual);
-    d.present(6);
-    d.tap('E');
-    d.pc.wait(9);
-    d.t.luck.source = [] { return 0.5; };
-    d.target_at(4525 + 64 - 200, 1700 - 150);
-    d.tap('D');
-    d.pc.wait(2);
-    ASSERT_EQ(write_results(d.pc, d.data.ranges() + "/drill.vrn", d.t.shared), "");
-    const std::vector<std::string> lines = lines_of(d.data.get("drill.vrn"));
-    ASSERT_EQ(lines.size(), 520U);
-    const auto line = [&](std::size_t n) { return lines[n - 1]; };
-    EXPECT_EQ(line(1), "\"nameless_000                  \"");
-    EXPECT_EQ(line(2), "6");
-    EXPECT_EQ(line(3), '"' + d.t.shared.rangename.text() + '"');
-    EXPECT_EQ(line(4), '"' + d.t.shared.rangepicture.text() + '"');
-    EXPECT_EQ(line(5), "\"VISUAL\"");
-    EXPECT_EQ(line(9 + 1), "\"FULL\"");
-    EXPECT_EQ(line(25 + 1), "1");
-    EXPECT_EQ(line(41 + 1), "1");
-    EXPECT_EQ(line(57 + 1), "\"FIN\"");
-    EXPECT_EQ(line(73 + 1), "\"YES\"");
-    EXPECT_EQ(line(121 + 1), "1100");
-    EXPECT_EQ(line(137 + 1), "51000");
-    EXPECT_EQ(line(153 + 1), "15500");
-    EXPECT_EQ(line(361 + 5 + 1), "-200");
-    EXPECT_EQ(line(441 + 5 + 1), "-150");
-    EXPECT_EQ(line(361 + 5 + 2), "0") << "no second round";
-    EXPECT_EQ(line(25 + 2), "0") << "the second target hasn't come";
 }
 
 }   // namespace

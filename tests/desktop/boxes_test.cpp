@@ -76,26 +76,6 @@ TEST_F(boxes, an_input_box_proposes_a_text_and_gives_what_stands_in_it)
     EXPECT_EQ(pc.input_box("NEW RANGE", "ENTER NAME", "NO NAME"), std::nullopt);
 }
 
-TEST_F(boxes, a_file_dialog_takes_any_name_as_it_is_typed)
-{
-    write("taken.arf", "old");
-    open(one);
-    EXPECT_EQ(choose("absent.arf", false), in_folder("absent.arf"));
-    EXPECT_EQ(choose("taken.arf", true), in_folder("taken.arf"));
-    EXPECT_EQ(choose("bare", true), in_folder("bare"));
-    answer(Qt::Key_Escape);
-    EXPECT_EQ(pc.choose_file({"SAVE", "", "", "x.arf", true}), std::nullopt);
-}
-
-TEST(file_filters, come_in_pairs_of_name_and_patterns)
-{
-    EXPECT_EQ(name_filters("Range Files (*.arf)|*.arf|"), QStringList{"Range Files (*.arf)"});
-    EXPECT_EQ(name_filters("VRP/TRP pictures (*.vrp)|*.vrp|(*.trp)|*.trp|"),
-              (QStringList{"VRP/TRP pictures (*.vrp)", "(*.trp)"}));
-    EXPECT_EQ(name_filters("Icons|*.ico;*.cur"), QStringList{"Icons (*.ico *.cur)"});
-    EXPECT_TRUE(name_filters("").isEmpty());
-}
-
 // Help is beside the screens, not over them.
 struct help : boxes {
     QTextBrowser* page() const
@@ -193,17 +173,6 @@ TEST_F(help, lays_damaged_pages_out_and_goes_on)
     write("vorn.HLP", whole);
     pc.run([&] { pc.show_help("vorn.HLP"); });
     EXPECT_TRUE(page()->toPlainText().contains("a link"));
-}
-
-TEST_F(help, says_so_when_there_is_no_file)
-{
-    open(one);
-    pc.run([&] { pc.show_help("absent.HLP"); });
-    ASSERT_NE(page(), nullptr);
-    EXPECT_TRUE(page()->toPlainText().contains("absent.HLP"));
-    write("absent.HLP", "<p>here now</p>");
-    pc.run([&] { pc.show_help("absent.HLP"); });
-    EXPECT_EQ(page()->toPlainText(), "here now");
 }
 
 }   // namespace vorn::testing_desk

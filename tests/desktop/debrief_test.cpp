@@ -1,16 +1,13 @@
-// The debrief on the real widgets: a record from a file, its marks at their places, and the report as a PDF.
-#include <QDir>
+// The debrief on the real widgets: a record from a file, its marks at their places.
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 
-#include "debrief/report.h"
 #include "debrief/resultsfile.h"
 #include "desk.h"
 #include "flow/intro.h"
-#include "platform/desktop/printing.h"
 #include "trainer.h"
 
 namespace vorn::testing_desk {
@@ -97,30 +94,14 @@ TEST_F(debrief, shows_each_mark_at_its_place_and_a_far_one_at_the_edge)
         EXPECT_NEAR(middle(s.Imgfos).y() - target.y(), pixels(80 * 4), 1.5);
         EXPECT_NEAR(middle(s.Imglaze).x() - target.x(), pixels(-20 * 4), 1.5);
         EXPECT_TRUE(w().widget(s.cmdround2)->isVisible());
-        w().grab().save(QString("debrief_%1x.png").arg(scale));
         click(s.Lbltgtnumber[2]);
         EXPECT_LT(s.Imgfos.Left, -30000);
         EXPECT_TRUE(w().widget(s.Frame1)->rect().contains(w().widget(s.Imgfos)->geometry()));
-        w().grab().save(QString("debrief_far_%1x.png").arg(scale));
     }
     click(s.Lbltgtnumber[3]);
     EXPECT_EQ(s.Lbltarget.Caption, "NO");
     EXPECT_EQ(widget<QLineEdit>(s.Txtstudent).text().trimmed(), "SMITH_123");
     EXPECT_TRUE(widget<QLineEdit>(s.Txtstudent).isReadOnly());
-}
-
-TEST_F(debrief, prints_to_a_pdf_when_there_is_no_printer)
-{
-    open_record();
-    const QString pdf = QDir().absoluteFilePath("report.pdf");
-    QFile::remove(pdf);
-    EXPECT_EQ(print_to_pdf(pdf, report_lines(t.shared)), "");
-    QFile f(pdf);
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    const QByteArray bytes = f.readAll();
-    EXPECT_TRUE(bytes.startsWith("%PDF-"));
-    EXPECT_GT(bytes.size(), 5000);
-    EXPECT_NE(print_to_pdf(folder.filePath("none/report.pdf"), report_lines(t.shared)), "");
 }
 
 }   // namespace vorn::testing_desk

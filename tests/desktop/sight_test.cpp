@@ -74,17 +74,6 @@ TEST_P(sight, has_no_seam_between_pictures_that_meet_or_at_its_edge)
     EXPECT_EQ(strange, 0);
 }
 
-TEST_P(sight, shows_a_move_when_the_handler_is_done)
-{
-    screen_object& target = image(0, 0, 300, Qt::red);
-    open_scaled();
-    EXPECT_EQ(at(110, 110), QColor(Qt::red));
-    pc.run([&] { target.Left = target.Top = 1500; });
-    seen = window(one).grab().toImage();
-    EXPECT_NE(at(110, 110), QColor(Qt::red));
-    EXPECT_EQ(at(210, 210), QColor(Qt::red));
-}
-
 TEST_P(sight, marks_stand_out_before_light_and_dark)
 {
     image(0, 0, 1500, Qt::white);

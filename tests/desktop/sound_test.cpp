@@ -87,18 +87,6 @@ TEST_F(sound, plays_a_file_whole_and_cuts_it_off_at_a_stop)
     EXPECT_FALSE(contains(played(), samples(burst.end() - 2000, burst.end())));
 }
 
-TEST_F(sound, a_new_sound_takes_the_place_of_the_last)
-{
-    sound_channel channel;
-    const samples tail = ramp(9000, 1000), second = ramp(5000, 3000);
-    samples first = ramp(-20000, 600000);
-    first.insert(first.end(), tail.begin(), tail.end());
-    channel.play(wave("long.wav", first));
-    channel.play(wave("second.wav", second));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return contains(played(), second); }));
-    EXPECT_FALSE(contains(played(), tail)) << "the last one was heard to its end";
-}
-
 TEST_F(sound, what_cannot_be_played_is_passed_over)
 {
     sound_channel channel;

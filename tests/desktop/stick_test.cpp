@@ -24,18 +24,6 @@ protected:
     virtual_stick stick{pc};
 };
 
-TEST_F(joystick, its_buttons_go_to_the_screen_in_front)
-{
-    open(one);
-    plug();
-    stick.button(0, true);
-    stick.button(0, false);
-    stick.button(3, true);
-    stick.button(4, true);   // the screens know what a fifth is worth
-    stick.button(3, false);
-    EXPECT_EQ(log, (list{"down 1", "up 1", "down 4", "down 5", "up 4"}));
-}
-
 TEST_F(joystick, off_its_centre_it_tells_its_place_again_and_again)
 {
     open(one);

@@ -87,28 +87,6 @@ TEST_F(timing, a_counted_move_is_seen_as_it_goes_and_keeps_all_events_waiting)
     EXPECT_EQ(log[1], "tick");
 }
 
-TEST_F(timing, a_move_owes_nothing_for_the_time_before_it)
-{
-    screen_object& sight = one.put(object_kind::sight, 0, 0, 6000, 6000);
-    screen_object& shot = one.put(object_kind::image, 0, 0, 150, 150, &sight);
-    open(one);
-    paint_count painted(*window(one).widget(sight));
-    const auto move = [&] {
-        for (int i = 0; i < 200; ++i) {
-            shot.Top += 1;
-            pc.pace(0.001);
-        }
-    };
-    pc.run([&] {
-        move();
-        const double end = pc.now() + 0.25;
-        while (pc.now() < end) std::this_thread::yield();   // a file is read, say
-        painted.seen = 0;
-        move();
-    });
-    EXPECT_GE(painted.seen, 3) << "it must not rush to make up for the pause";
-}
-
 TEST_F(timing, pending_events_are_handled_in_the_midst_of_a_handler)
 {
     int others = 0;

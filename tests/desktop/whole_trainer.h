@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QMessageBox>
-#include <QPixmap>
 #include <QPushButton>
 #include <cmath>
 
@@ -45,12 +44,11 @@ protected:
     trainer t{pc};
 };
 
-// A FIN engagement by real keys, from the order to the kill and the score. Each step leaves a picture.
+// A gunner at the visual sight who lays on by real keys.
 class engagement : public whole_trainer {
 protected:
     gunnery_screen& s = t.simulator;
 
-    void save(const char* step) { pc.window(s.window)->grab().save(QString("engagement_%1.png").arg(step)); }
     QWindow* handle() { return pc.window(s.window)->windowHandle(); }
     // Holds a direction until the target's centre has come over the line of the dot.
     void nudge(double (*off)(const gunnery_screen&), Qt::Key less, Qt::Key more)
@@ -70,21 +68,6 @@ protected:
         }
         EXPECT_LE(std::abs(aimacross(s)), 30);
         EXPECT_LE(std::abs(aimdown(s)), 30);
-    }
-    void to_the_target()
-    {
-        to_the_sight(s);
-        t.shared.engagementtype = 4;
-        t.shared.targettime = 500;
-        t.shared.fulldebrief = false;
-        pc.run([&] { set_slider(s.HScspeed, 20); });   // a fine lay
-        click_on(s.Cmdstartsim);
-        ASSERT_TRUE(wait_for([&] { return s.lblcrew.Caption == "FIN TANK "; }));
-        save("1_order");
-        ASSERT_TRUE(wait_for([&] { return s.targetcalled && s.Imgtargets.Visible && s.Timloading.Enabled; }));
-        QTest::keyClick(handle(), Qt::Key_E);
-        lay_on();
-        save("2_laid_on");
     }
 };
 

@@ -54,24 +54,6 @@ TEST_F(windows, a_screen_over_another_leaves_it_where_it_is)
     EXPECT_EQ(window(one).geometry(), place);
 }
 
-TEST_F(windows, a_screen_comes_back_as_it_was_left_or_as_it_was_loaded)
-{
-    screen_object& label = one.put(object_kind::label, 0, 0, 1500, 300);
-    one.f.load = [&] { label.Caption = "0"; };
-    open(one);
-    pc.run([&] { label.Caption = "9"; });
-    pc.run([&] {
-        hide(pc, one.f);
-        show(pc, one.f);
-    });
-    EXPECT_EQ(widget<QLabel>(label).text(), "9");
-    pc.run([&] {
-        unload(pc, one.f);
-        show(pc, one.f);
-    });
-    EXPECT_EQ(widget<QLabel>(label).text(), "0");
-}
-
 TEST_F(windows, the_form_scales_as_a_whole_and_stays_in_the_middle)
 {
     screen_object& frame = one.put(object_kind::frame, 1500, 3000, 6000, 3000);
@@ -84,18 +66,6 @@ TEST_F(windows, the_form_scales_as_a_whole_and_stays_in_the_middle)
         EXPECT_EQ(window(one).widget(label)->geometry(), QRect(at(20), at(40), at(100), at(20)));
         EXPECT_EQ(window(one).widget(label)->font().pixelSize(), at(13));
         EXPECT_EQ(window(one).widget(check)->style()->pixelMetric(QStyle::PM_IndicatorWidth), at(14));
-    }
-}
-
-TEST_F(windows, neighbours_meet_at_every_scale)
-{
-    std::vector<screen_object*> row;
-    for (int i = 0; i < 20; ++i) row.push_back(&one.put(object_kind::label, 305 + i * 155, 0, 155, 300));
-    for (const int width : {700, 811, 1024, 1375}) {
-        open(one, width, 1200);
-        for (std::size_t i = 1; i < row.size(); ++i)
-            EXPECT_EQ(window(one).widget(*row[i - 1])->geometry().right() + 1,
-                      window(one).widget(*row[i])->x());
     }
 }
 

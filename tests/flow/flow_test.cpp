@@ -82,15 +82,6 @@ TEST_F(program, asks_for_its_directory_when_the_default_one_fails)
     EXPECT_FALSE(third.ended);
 }
 
-TEST_F(program, ends_when_the_user_does_not_look_for_the_directory)
-{
-    pc.default_directory = "/none";
-    pc.answers = {{true}, {false}};
-    pc.event([this] { start_program(t); });
-    EXPECT_TRUE(pc.ended);
-    EXPECT_TRUE(pc.dialogs.empty());
-}
-
 TEST_F(program, the_exit_boxes_stand_as_written_and_end_the_program_on_a_yes_alone)
 {
     to_setup();
@@ -136,15 +127,6 @@ TEST_F(program, an_uncalibrated_joystick_closes_both_roads)
     EXPECT_EQ(t.shared.studentdetails.text(), "SMITH_123                     ");
 }
 
-TEST_F(program, the_mouse_keeps_the_keyboard_that_was_chosen_before_it)
-{
-    to_setup();
-    pc.click(t.startsim.Optcon3);
-    EXPECT_TRUE(t.shared.keyboardselected && t.shared.mouseselected && !t.shared.joyselected);
-    pc.click(t.startsim.Optcon1);
-    EXPECT_TRUE(t.shared.keyboardselected && t.shared.joyselected && !t.shared.mouseselected);
-}
-
 TEST_F(program, a_quick_start_is_a_visual_exercise_that_leads_back_to_the_title)
 {
     to_setup();
@@ -175,41 +157,6 @@ TEST_F(program, a_quick_start_is_a_visual_exercise_that_leads_back_to_the_title)
     pc.click(t.intro.lblstart);
     EXPECT_TRUE(t.shared.fulldebrief);
     EXPECT_EQ(t.shared.targetblocks, 3);
-}
-
-TEST_F(program, a_missing_default_range_asks_for_another_and_a_no_ends_it)
-{
-    data.remove("visualrange.arf");
-    begin();
-    pc.answers = {{true}, {false}};
-    pc.files = {data.ranges() + "/Thermalrange.arf"};
-    pc.click(t.intro.lblstart);
-    EXPECT_NE(last_box().find("CANT FIND CORRECT RANGE FILE DO YOU WISH TO LOCATE ONE ?"), std::string::npos);
-    EXPECT_EQ(t.startsim.Lblrangename.Caption, "PLAIN THERMAL       ");
-    EXPECT_EQ(t.shared.practicemode, 2);
-    EXPECT_EQ(t.startsim.Optmode1.Value, 1) << "the options stay as they were";
-    pc.click(t.startsim.Optmode2);
-    EXPECT_EQ(t.startsim.Optmode2.Value, 0) << "the range's own type gives the mode now";
-    data.remove("Thermalrange.arf");
-    pc.click(t.startsim.Cmdopenrange);   // cancelled: nothing happens
-    EXPECT_FALSE(pc.ended);
-    pc.files = {data.ranges() + "/Thermalrange.arf"};
-    pc.click(t.startsim.Cmdopenrange);
-    EXPECT_TRUE(pc.ended);
-}
-
-TEST_F(program, a_data_directory_without_ranges_is_reported)
-{
-    to_setup();
-    const std::size_t boxes = pc.boxes.size();
-    std::filesystem::remove_all(data.ranges());
-    pc.click(t.startsim.Optcon2);
-    pc.answers = {{true}, {true}, {true}, {true}};
-    pc.click(t.startsim.cmdgame);
-    ASSERT_EQ(pc.boxes.size(), boxes + 3) << "the practice, the folder, the range";
-    EXPECT_NE(pc.boxes[boxes].text.find("Visualrange.arf"), std::string::npos);
-    EXPECT_NE(pc.boxes[boxes + 1].text.find(data.ranges()), std::string::npos);
-    EXPECT_EQ(front_screen(), "startsim");
 }
 
 }   // namespace

@@ -108,21 +108,6 @@ TEST_P(gun, chance_scatters_a_round_within_its_bounds)
     }
 }
 
-TEST_P(gun, rounds_beyond_the_fourth_write_over_it)
-{
-    for (int n = 1; n <= 6; ++n) {
-        as(fin_tank);
-        d.target_at(-1000 - 10 * n, -2000 - n);
-        d.tap('D');
-        EXPECT_EQ(p.recrounds[1], std::min(n, 3));
-        const auto row = static_cast<std::size_t>(std::min(n, 4));
-        EXPECT_NEAR(p.recfallx[1][row], -1000 - 10 * n - s.ammo.Left, 0.5);
-        EXPECT_NEAR(p.recfally[1][row], -2000 - n - s.ammo.Top, 0.5);
-    }
-    EXPECT_EQ(p.recaimx[1][1] - p.recaimx[1][4], 50) << "the sixth round's aim stands in row 4";
-    for (const auto* a : {&p.recaimx, &p.recaimy, &p.recfallx, &p.recfally}) EXPECT_EQ((*a)[1][0], 0);
-}
-
 TEST_P(gun, hesh_takes_the_wind_and_the_correction)
 {
     as(hesh_bmp);
@@ -167,49 +152,6 @@ TEST_P(gun, wrong_round_no_target_and_no_round)
     EXPECT_FALSE(s.gunloaded || s.Timloading.Enabled);
     d.tap('D');
     EXPECT_EQ(p.recrounds[1], 1);
-}
-
-TEST_P(gun, with_voices_off_the_sights_differ_in_the_wrong_round_and_the_explosion)
-{
-    p.voiceson = false;
-    const struct {
-        int nature;
-        const char* line;
-        const char* file;
-    } wrong[] = {{fin_tank, "COMMANDER : SELECT FIN", "selectfin.wav"},
-                 {hesh_bmp, "COMMANDER : SELECT HESH", "selechesh.wav"},
-                 {coax_transport, "COMMANDER : SELECT COAX", "selectcoax.wav"}};
-    for (const auto& w : wrong) {
-        as(w.nature);
-        s.ammoselected = (w.nature + 1) % 3;
-        d.pc.log.clear();
-        d.tap('D');
-        EXPECT_EQ(d.crew(), w.line);
-        EXPECT_EQ(d.pc.of_kind("sound"),
-                  visual ? std::vector<std::string>{} : std::vector<std::string>{w.file});
-        EXPECT_FALSE(s.voicebusy);
-    }
-    as(fin_tank);
-    d.target_at(fall_left() - 200, fall_top() - 150);
-    d.pc.log.clear();
-    d.tap('D');
-    EXPECT_EQ(d.pc.of_kind("sound"),
-              (std::vector<std::string>{"fire.wav", visual ? "explode1.wav" : "explode.wav"}));
-}
-
-TEST_P(gun, a_held_call_is_over_so_long_after_the_first_of_two)
-{
-    s.nature = hesh_bmp;
-    d.tap('D');   // the wrong round
-    d.pc.wait(2);
-    d.tap('D');
-    d.pc.wait(visual ? 1.9 : 0.9);
-    EXPECT_TRUE(s.voicebusy);
-    d.pc.wait(0.2);
-    EXPECT_FALSE(s.voicebusy);
-    d.tap('D');   // the count begins anew
-    d.pc.wait(visual ? 3.9 : 2.9);
-    EXPECT_TRUE(s.voicebusy);
 }
 
 TEST_P(gun, a_running_call_holds_back_effects_and_the_release_ends_coax_alone)
@@ -272,13 +214,6 @@ TEST_P(gun, the_loader_keeps_his_peace_after_a_coax_burst_and_his_line_comes_all
     }
 }
 
-TEST_P(gun, selecting_again_steps_on_and_the_visual_record_says_so)
-{
-    d.tap('E');
-    EXPECT_EQ(s.Lblammotype.Caption, "DST");
-    EXPECT_EQ(p.recammo[1], visual ? "DST" : "FIN");
-}
-
 TEST_P(gun, the_deselect_keeps_a_round_for_the_target_that_is_up_and_a_correction_till_correct)
 {
     const struct {
@@ -299,18 +234,6 @@ TEST_P(gun, the_deselect_keeps_a_round_for_the_target_that_is_up_and_a_correctio
         EXPECT_FLOAT_EQ(s.heshcorrection, c.correction);
         EXPECT_FALSE(s.ammoarmed || s.heshcorrecting);
     }
-}
-
-TEST_P(gun, loads_again_after_a_miss)
-{
-    d.target_at(-9000, -9000);
-    d.tap('D');
-    EXPECT_FALSE(s.gunloaded);
-    d.pc.wait(visual ? 2.9 : 3.9);
-    EXPECT_FALSE(s.gunloaded);
-    d.pc.wait(0.2);
-    EXPECT_TRUE(s.gunloaded);
-    EXPECT_EQ(d.pc.of_kind("sound").back(), "loaded.wav");
 }
 
 // The order on the thermal sight and the lay on the visual one start the loader.
@@ -414,65 +337,6 @@ TEST(input, keys_need_their_option_and_most_of_them_a_practice)
     d.t.shared.keyboardselected = false;
     d.tap('Q');
     EXPECT_EQ(s.Lblammotype.Caption, "DST");
-}
-
-TEST(input, stick_buttons_do_the_main_work)
-{
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
-    d.set_up();
-    d.t.shared.joyselected = true;
-    d.pc.stick_button(3, true);
-    EXPECT_FALSE(s.lazed);
-    d.pc.click(s.Cmdstartsim);
-    d.pc.stick_button(2, true);
-    EXPECT_EQ(s.Lblammotype.Caption, "") << "no weapon can be chosen from the stick";
-    d.tap('E');
-    d.pc.stick_button(2, true);
-    EXPECT_EQ(s.Lblammotype.Caption, "DST");
-    d.pc.stick_button(3, true);
-    EXPECT_TRUE(s.lazed);
-    d.pc.stick_button(4, true);
-    EXPECT_TRUE(s.timautolay.Enabled);
-    d.pc.stick_button(4, false);
-    EXPECT_FALSE(s.timautolay.Enabled);
-    d.pc.wait(12);   // a FIN target is up and the gun is loaded
-    s.lazed = false;
-    for (const int other : {0, 5, -1, 32767}) {
-        d.pc.stick_button(other, true);
-        d.pc.stick_button(other, false);
-        EXPECT_TRUE(s.gunloaded && s.Lblammotype.Caption == "DST") << other;
-        EXPECT_FALSE(s.lazed || s.timautolay.Enabled) << other;
-    }
-    d.pc.stick_button(1, true);
-    EXPECT_FALSE(s.gunloaded);
-}
-
-TEST(input, screen_buttons_follow_the_practice)
-{
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
-    d.t.shared.mouseselected = true;
-    d.set_up();
-    d.pc.click(s.Cmdselectmain);
-    EXPECT_EQ(s.Lblammotype.Caption, "");
-    d.start();
-    d.pc.wait(8);
-    d.pc.click(s.Cmdselectmain);
-    EXPECT_TRUE(s.Cmdlaze.Enabled && s.Cmdfire.Enabled && s.Cmdmaingun.Enabled);
-    EXPECT_FALSE(s.Cmdcoax.Enabled || s.Cmdselectmain.Enabled);
-    d.pc.press(s.Cmdlaze);
-    EXPECT_TRUE(s.Cmdautolay.Enabled && s.lazed);
-    d.pc.press(s.Cmdautolay);
-    EXPECT_TRUE(s.autolaydown && s.timautolay.Enabled);
-    const double left = s.Imgrange.Left;
-    d.pc.press(s.Cmdright);
-    d.pc.wait(0.1);
-    d.pc.release(s.Cmdright);
-    EXPECT_LT(s.Imgrange.Left, left);
-    d.pc.click(s.Cmdoff);
-    EXPECT_TRUE(s.Cmdcoax.Enabled && s.Cmdselectmain.Enabled && s.Cmdlaze.Enabled);
-    EXPECT_FALSE(s.Cmdautolay.Enabled || s.Cmdfire.Enabled);
 }
 
 }   // namespace

@@ -222,62 +222,6 @@ TEST(pause, with_a_target_up_the_wait_runs_beside_it_and_gives_a_fresh_order)
     EXPECT_FALSE(d.t.shared.paused);
 }
 
-TEST(pause, a_resume_in_the_wait_after_the_last_target_but_one_ends_the_practice_in_order)
-{
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
-    d.start();
-    d.pc.advance(36 + 4 * 34 + 2);   // five targets gone
-    d.pc.click(s.Cmdpausesim);
-    d.pc.click(s.Cmdpausesim);   // the sixth comes at once, and again with the order that still waits
-    EXPECT_LT(d.to_the_end(), 60);
-    EXPECT_FALSE(s.Imgtargets.Visible);
-    EXPECT_FALSE(s.Timtarget.Enabled);
-    EXPECT_FALSE(s.Timpause.Enabled);
-}
-
-TEST(pause, a_count_that_the_resume_has_brought_past_the_wait_still_leads_to_an_order)
-{
-    drill d(sight_kind::visual);
-    d.start();
-    d.pc.advance(5);
-    d.pc.click(d.screen().Cmdpausesim);
-    d.pc.click(d.screen().Cmdpausesim);
-    d.pc.advance(1);   // the target of no order goes down with the same tick, and the wait of 5 s begins at 6
-    EXPECT_EQ(d.crew(), "STOP DESELECT !!");
-    d.pc.advance(2);
-    EXPECT_EQ(d.crew().substr(0, 9), "FIN TANK ");
-}
-
-TEST(pause, the_button_of_a_screen_loaded_anew_says_what_a_click_will_do)
-{
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
-    d.start();
-    d.pc.click(s.Cmdpausesim);
-    d.pc.click(s.Cmdmain);
-    d.start();
-    EXPECT_EQ(s.Cmdpausesim.Caption, "PAUSE OFF");
-    d.pc.click(s.Cmdpausesim);
-    EXPECT_EQ(s.Cmdpausesim.Caption, "PAUSE SIM");
-    d.pc.click(s.Cmdmain);
-    d.set_up();
-    EXPECT_EQ(s.Cmdpausesim.Caption, "&PAUSE SIM");
-}
-
-TEST(pause, one_left_over_from_the_practice_before_holds_nothing)
-{
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
-    d.start();
-    d.pc.click(s.Cmdpausesim);
-    d.pc.click(s.Cmdstopsim);
-    d.start();
-    d.pc.advance(8 + 5);
-    EXPECT_TRUE(s.Imgtargets.Visible);
-    EXPECT_EQ(d.crew(), "LOADED....  FIRE");
-}
-
 TEST(degrading, nine_targets_worsen_by_thirds)
 {
     const struct {
@@ -386,26 +330,6 @@ TEST(target_time, till_destroyed_shows_no_time_until_the_last_fifty_seconds)
     EXPECT_EQ(d.screen().Label1.Caption, "49");
     d.pc.advance(49);
     EXPECT_FALSE(d.screen().Imgtargets.Visible);
-}
-
-TEST(score, hits_count_from_the_order_and_the_box_tells_them)
-{
-    drill d(sight_kind::visual);
-    d.t.shared.fulldebrief = false;
-    d.start();
-    d.pc.advance(7 + 11);
-    d.pc.event([&] { recordhit(d.t, d.screen()); });
-    EXPECT_EQ(d.screen().lblhits.Caption, "1");
-    EXPECT_EQ(d.screen().Lblavetime.Caption, "12");
-    d.pc.advance(1);
-    EXPECT_FALSE(d.screen().Imgtargets.Visible);
-    EXPECT_EQ(d.moments("STOP DESELECT !!").size(), 0U);
-    EXPECT_EQ(d.t.shared.rechit[1], "YES");
-    EXPECT_EQ(d.t.shared.rectime[1], 12);
-    d.pc.click(d.screen().Cmdstopsim);
-    EXPECT_EQ(d.pc.boxes.back().text,
-              "WELL DONE YOUR SCORE IS..\n\rNUMBER OF TARGETS = 1\n\rNUMBER OF HITS = 1\n\r"
-              "AVERAGE TIME = 12\n\rSCORE = 400");
 }
 
 TEST(score, a_stop_in_the_second_after_a_hit_takes_no_miss_off_the_next_practice)
@@ -523,53 +447,6 @@ TEST_F(mid_lay, a_pause_holds_the_loader_too)
     d.pc.click(s.Cmdpausesim);
     d.pc.advance(4);
     EXPECT_EQ(d.crew(), "LOADED....  FIRE");
-}
-
-TEST_F(mid_lay, a_call_cut_off_by_the_return_holds_back_no_later_effect)
-{
-    act([&] { d.pc.click(s.Cmdmain); });
-    ASSERT_TRUE(s.voicebusy);
-    d.set_up();
-    EXPECT_FALSE(s.voicebusy);
-}
-
-TEST_F(mid_lay, an_exit_runs_nothing_after_it)
-{
-    d.pc.answers = {{true}, {true}};
-    act([&] { d.pc.click(s.CMDEXIT); });
-    EXPECT_TRUE(d.pc.ended);
-    EXPECT_EQ(d.crew(), "FIN TANK ");
-    EXPECT_FALSE(s.targetcalled);
-}
-
-TEST_F(mid_lay, an_exit_thought_better_of_goes_on)
-{
-    d.pc.answers = {{true}, {false, 20}};
-    act([&] { d.pc.click(s.CMDEXIT); });
-    d.pc.advance(15);
-    EXPECT_TRUE(s.Imgtargets.Visible);
-    EXPECT_EQ(s.targetnumber, 1);
-    EXPECT_TRUE(s.targetcalled);
-}
-
-TEST(hostile_range, a_practice_runs_to_its_end)
-{
-    for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal}) {
-        drill d(kind);
-        practice_state range = plain_range(kind);
-        for (std::size_t i = 0; i < positions; ++i) {
-            range.targetx[i] = i % 2 == 0 ? 2'000'000'000 : -2'000'000'000;
-            range.targety[i] = i % 3 == 0 ? -2'147'483'647 : 30'000;
-            range.targetrange[i] = 32767;
-        }
-        range.targetrange[7] = 5000;   // too far for FIN and COAX alike, but the nearest there is
-        d.data.put_range(kind == sight_kind::visual ? "visualrange.arf" : "Thermalrange.arf", range);
-        d.start();
-        d.to_the_end();
-        EXPECT_EQ(d.t.shared.recrange[1], 5000);
-        EXPECT_EQ(d.t.shared.recrange[3], 5000);
-        EXPECT_EQ(d.t.shared.rechit[6], "NO");
-    }
 }
 
 }   // namespace

@@ -61,22 +61,6 @@ TEST(screen_reset, a_hidden_panel_stays_hidden_until_the_screen_is_unloaded)
     EXPECT_FALSE(thermal.screen().Frame4.Visible);
 }
 
-TEST(screen_reset, crew_lines_and_voices_go_on_when_the_line_is_hidden)
-{
-    drill d(sight_kind::visual);
-    d.t.shared.infocrew = false;
-    d.t.shared.soundson = false;
-    d.start();
-    d.pc.advance(7);
-    EXPECT_EQ(d.crew(), "FIN TANK ");
-    EXPECT_TRUE(d.screen().voicebusy);
-    EXPECT_TRUE(d.pc.of_kind("sound").empty());
-    d.pc.advance(3);
-    EXPECT_TRUE(d.screen().voicebusy);
-    d.pc.advance(1);
-    EXPECT_FALSE(d.screen().voicebusy);
-}
-
 TEST(screen_reset, the_picture_stays_where_the_last_practice_left_it)
 {
     drill d(sight_kind::visual);
@@ -152,16 +136,6 @@ INSTANTIATE_TEST_SUITE_P(
                    [](data_folder& f) { f.put("visualrange.arf", f.get("visualrange.arf").substr(0, 400)); },
                    "Visualrange.arf\n\rIt is not a whole range file."}),
     [](const auto& info) { return info.param.name; });
-
-TEST(screen_reset, a_range_without_icons_keeps_the_pictures_there_are)
-{
-    drill d(sight_kind::visual);
-    d.data.put_range("visualrange.arf",
-                     range_with([](auto& r) { r.targeticon1 = r.targeticon2 = r.targeticon3 = ""; }));
-    d.start();
-    d.pc.advance(8);
-    EXPECT_EQ(d.screen().Imgtargets.Picture.source, ":target");
-}
 
 }   // namespace
 }   // namespace vorn

@@ -99,24 +99,6 @@ TEST_P(traverse, the_stick_is_a_rate_and_lopsided_by_a_twip)
     EXPECT_DOUBLE_EQ(s.Imgrange.Left, stopped);
 }
 
-TEST(visual_traverse, two_opposite_keys_share_the_acceleration)
-{
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
-    d.set_up();
-    const double left = s.Imgrange.Left;
-    d.pc.key_down('H');
-    d.pc.key_down('J');
-    d.pc.wait(2 * tick + 0.001);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Left, left - 82);   // 41 a pair, the way of the last press
-    d.pc.key_up('H');
-    d.pc.wait(3 * tick);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Left, left - 82 - (1 + 2 + 3));
-    d.pc.key_up('J');
-    d.hold('H', 2 * tick + 0.001);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Left, left - 88 + 21 + 22);
-}
-
 // A target at 1100 metres is up, 385 twips wide, and the main armament is selected.
 struct visual_laser : testing::Test {
     drill d{sight_kind::visual};
@@ -192,20 +174,6 @@ TEST_F(visual_laser, a_degraded_system_gives_less)
     EXPECT_FALSE(s.lazed);
 }
 
-TEST_F(visual_laser, near_entries_of_the_table_are_raised_until_the_range_is_read_again)
-{
-    d.t.shared.targetrange[6] = 450;
-    d.tap('W');
-    d.tap('A');   // no weapon: the range, and no mark
-    EXPECT_EQ(s.Lblrange.Caption, "600");
-    EXPECT_EQ(d.t.shared.targetrange[6], 600);
-    EXPECT_FALSE(s.laze.Visible);
-    EXPECT_FALSE(s.layready);
-    EXPECT_TRUE(s.Cmdautolay.Enabled);
-    d.pc.click(s.Cmdstopsim);
-    EXPECT_EQ(d.t.shared.targetrange[6], 1100);
-}
-
 TEST_F(visual_laser, fin_is_laid_after_a_second_and_goes_a_step_further)
 {
     s.currentrange = 1000;
@@ -275,17 +243,6 @@ TEST_F(visual_laser, the_lead_for_the_wind_is_taken_as_the_autolay_is_pressed_in
     }
     d.tap('W');
     EXPECT_FLOAT_EQ(s.leadperstep, 0);
-}
-
-TEST_F(visual_laser, coax_is_laid_by_twice_the_range)
-{
-    d.tap('Q');
-    d.tap('A');
-    s.autolaycount = 0;
-    const double range = s.Imgrange.Top;
-    d.hold('S', 2.1);
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + 21 * 110);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 20 * 110);
 }
 
 struct thermal_laser : testing::Test {

@@ -36,40 +36,6 @@ struct two_screens : testing::Test {
     using list = std::vector<std::string>;
 };
 
-TEST_F(two_screens, an_options_action_runs_only_when_it_becomes_selected)
-{
-    pc.click(one);
-    EXPECT_EQ(taken(), list{});
-    pc.click(two);
-    EXPECT_EQ(taken(), list{"two"});
-    EXPECT_EQ(one.Value, 0);
-    group.Enabled = false;
-    pc.click(one);
-    EXPECT_EQ(taken(), list{}) << "a disabled frame takes no clicks";
-    select_option(one);
-    EXPECT_EQ(taken(), list{"one"}) << "but code selects inside it";
-    group.Enabled = true;
-    group.Visible = false;
-    pc.click(two);
-    EXPECT_EQ(taken(), list{});
-}
-
-TEST_F(two_screens, sliders_and_boxes_report_changes_alone)
-{
-    pc.slide(bar, 0);
-    pc.slide(bar, 9);
-    pc.slide(bar, 3);
-    EXPECT_EQ(taken(), list{"bar 3"});
-    pc.click(box);
-    EXPECT_EQ(box.Value, 1);
-    unload(pc, a);
-    pc.click(box);
-    EXPECT_EQ(taken(), list{"box"});
-    load(pc, a);
-    EXPECT_EQ(box.Value, 0) << "design values again";
-    EXPECT_EQ(bar.Value, 0);
-}
-
 TEST_F(two_screens, an_arrival_waits_for_the_handler_that_showed_the_screen)
 {
     pc.answers = {{true, 5}};
@@ -143,25 +109,6 @@ TEST_F(two_screens, a_late_timer_ticks_once_and_never_inside_itself)
     };
     pc.advance(10);
     EXPECT_EQ(deepest, 1);
-}
-
-TEST_F(two_screens, a_box_blocks_its_handler_and_not_the_clock)
-{
-    pc.event([this] { start(clock); });
-    pc.answers = {{true, 2.5}};
-    pc.event([this] {
-        pc.message_box({"x", ""});
-        told.push_back("answered");
-    });
-    EXPECT_EQ(taken(), (list{"tick", "tick", "answered"}));
-}
-
-TEST_F(two_screens, one_millisecond_means_as_fast_as_the_service_goes)
-{
-    clock.Interval = 1;
-    pc.event([this] { start(clock); });
-    pc.advance(1.601);
-    EXPECT_EQ(taken().size(), 100U);
 }
 
 }   // namespace

@@ -318,21 +318,6 @@ TEST_F(author, a_range_that_breaks_off_is_shown_as_far_as_it_goes)
     EXPECT_EQ(s.Lblwide.Caption, "135");
 }
 
-TEST_F(author, changes_icons_and_keeps_those_that_load)
-{
-    d.data.put("target icons/own.ico", picture_head(64, 64));
-    pc.files = {path("target icons/own.ico")};
-    pc.click(s.Imgtarget[2]);
-    EXPECT_EQ(pc.dialogs.back().title, "OPEN TARGETS");
-    EXPECT_EQ(s.Imgtarget[2].Picture.width, 960);
-    EXPECT_EQ(icon_path(pc, p.rootpath, p.targeticon2), path("target icons/own.ico"));
-    const std::string kept = p.targeticon2;
-    pc.files = {path("visualrange.arf")};
-    pc.click(s.Imgtarget[2]);
-    EXPECT_EQ(p.targeticon2, kept);
-    EXPECT_EQ(s.Imgtarget[2].Picture.width, 960);
-}
-
 TEST_F(author, comes_up_over_the_set_up_and_keeps_its_work)
 {
     new_range("OWN", false, "moor.vrp");

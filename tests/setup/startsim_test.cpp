@@ -183,26 +183,6 @@ TEST_F(setup, hints_name_frames_at_once_and_buttons_after_a_rest)
     EXPECT_FALSE(s.Lblhelp.Visible) << "the rest counts anew";
 }
 
-TEST_F(setup, a_practice_with_the_joystick_waits_for_its_calibration)
-{
-    pc.answers = {{true}};
-    pc.click(s.Cmdstart);
-    EXPECT_EQ(pc.boxes.back().text,
-              "YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST");
-    EXPECT_EQ(front(pc), &s.window);
-    pc.click(s.Optcon2);
-    pc.click(s.Optcontroller2);
-    pc.click(s.Opttargets2);
-    pc.answers = {{true}};
-    pc.click(s.Cmdstart);
-    EXPECT_EQ(front(pc), &t.simulator.window);
-    EXPECT_EQ(p.targetcount, 9);
-    pc.click(t.simulator.Cmdmain);
-    EXPECT_TRUE(p.fulldebrief) << "though the option still shows the quick score";
-    EXPECT_EQ(s.Optcontroller2.Value, 1);
-    EXPECT_EQ(s.Opttargets2.Value, 1);
-}
-
 // Programmed practices -------------------------------------------------------------------------------------
 
 TEST_F(setup, a_programmed_practice_chooses_its_options_and_its_words)

@@ -7,32 +7,6 @@
 namespace vorn {
 namespace {
 
-TEST(item_text, what_is_written_reads_back)
-{
-    item_writer w;
-    w.put("");
-    w.put("a, \"quoted\"\r\nname  ");
-    w.put(true);
-    w.put(false);
-    w.put(int16(-32768));
-    w.put(std::int32_t{2147483647});
-    EXPECT_EQ(w.file_bytes(),
-              "\"\"\r\n\"a, 'quoted'  name  \"\r\n#TRUE#\r\n#FALSE#\r\n-32768\r\n2147483647\r\n");
-    item_reader r(w.file_bytes());
-    std::string empty = "x", text;
-    bool yes = false, no = true;
-    int16 small;
-    std::int32_t large = 0;
-    EXPECT_TRUE(r.take(empty) && r.take(text) && r.take(yes) && r.take(no) && r.take(small) && r.take(large));
-    EXPECT_EQ(empty, "");
-    EXPECT_EQ(text, "a, 'quoted'  name  ");
-    EXPECT_TRUE(yes);
-    EXPECT_FALSE(no);
-    EXPECT_EQ(small, -32768);
-    EXPECT_EQ(large, 2147483647);
-    EXPECT_FALSE(r.take(text));
-}
-
 TEST(item_text, items_end_at_any_line_end_and_at_commas_outside_quotes)
 {
     item_reader r("1,2\n 3 \r\"a,b\"\r\n4");

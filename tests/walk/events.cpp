@@ -33,10 +33,7 @@ int random_key(walker& w)
     return w.now_and_then(0.85) ? w.any_of(gunners_keys) : w.between(0, 255);
 }
 
-void some_key_down(walker& w)
-{
-    w.key_down(random_key(w));
-}
+constexpr auto some_key_down = [](walker& w) { w.key_down(random_key(w)); };
 
 void tap_some_key(walker& w)
 {
@@ -57,40 +54,13 @@ void hold_some_key(walker& w)
     w.key_down(code);
 }
 
-void stray_key_up(walker& w)
-{
-    w.stray_key_up(random_key(w));
-}
-
-void let_go(walker& w)
-{
-    w.let_go_one();
-}
-
-void let_go_all(walker& w)
-{
-    w.let_go_all();
-}
-
-void wait_a_little(walker& w)
-{
-    w.wait(w.part() * 0.06);
-}
-
-void wait_a_moment(walker& w)
-{
-    w.wait(w.part());
-}
-
-void wait_some_seconds(walker& w)
-{
-    w.wait(w.part() * 6);
-}
-
-void wait_a_minute(walker& w)
-{
-    w.wait_a_minute();
-}
+constexpr auto stray_key_up = [](walker& w) { w.stray_key_up(random_key(w)); };
+constexpr auto let_go = [](walker& w) { w.let_go_one(); };
+constexpr auto let_go_all = [](walker& w) { w.let_go_all(); };
+constexpr auto wait_a_little = [](walker& w) { w.wait(w.part() * 0.06); };
+constexpr auto wait_a_moment = [](walker& w) { w.wait(w.part()); };
+constexpr auto wait_some_seconds = [](walker& w) { w.wait(w.part() * 6); };
+constexpr auto wait_a_minute = [](walker& w) { w.wait_a_minute(); };
 
 bool works(const screen_object* o)
 {
@@ -128,10 +98,7 @@ void type_anything(walker& w)
         if (o->kind == object_kind::textbox && w.now_and_then(0.5)) w.type(*o, w.any_of(texts));
 }
 
-void close_window(walker& w)
-{
-    w.close_window();
-}
+constexpr auto close_window = [](walker& w) { w.close_window(); };
 
 void bring_to_the_front(walker& w)
 {
@@ -141,17 +108,11 @@ void bring_to_the_front(walker& w)
     w.activate(*w.any_of(forms));
 }
 
-void something_later(walker& w)
-{
-    w.later(w.part() * 3, sudden_event);
-}
+constexpr auto something_later = [](walker& w) { w.later(w.part() * 3, sudden_event); };
 
 // On a gunnery screen ------------------------------------------------------------------------------------
 
-void gunner(walker& w)
-{
-    gunners_step(w, *w.gunnery());
-}
+constexpr auto gunner = [](walker& w) { gunners_step(w, *w.gunnery()); };
 
 constexpr screen_object gunnery_screen::*gunners_buttons[] = {
     &gunnery_screen::Cmdup,         &gunnery_screen::Cmdleft,    &gunnery_screen::Cmdright,
@@ -181,92 +142,31 @@ void some_stick_button(walker& w)
     w.stick_down(button);
 }
 
-void pause(walker& w)
-{
-    w.click(w.gunnery()->Cmdpausesim);
-}
+constexpr auto pause_sim = [](walker& w) { w.click(w.gunnery()->Cmdpausesim); };
+constexpr auto stop_sim = [](walker& w) { w.click(w.gunnery()->Cmdstopsim); };
+constexpr auto back_to_setup = [](walker& w) { w.click(w.gunnery()->Cmdmain); };
+constexpr auto show_next_target = [](walker& w) { w.click(w.gunnery()->Cmdtarget); };
+constexpr auto leave_program = [](walker& w) { w.click(w.gunnery()->CMDEXIT); };
+constexpr auto lay_speed = [](walker& w) { w.slide(w.gunnery()->HScspeed, w.between(-3, 170)); };
 
-void stop(walker& w)
-{
-    w.click(w.gunnery()->Cmdstopsim);
-}
-
-void back_to_setup(walker& w)
-{
-    w.click(w.gunnery()->Cmdmain);
-}
-
-void show_next_target(walker& w)
-{
-    w.click(w.gunnery()->Cmdtarget);
-}
-
-void leave_program(walker& w)
-{
-    w.click(w.gunnery()->CMDEXIT);
-}
-
-void lay_speed(walker& w)
-{
-    w.slide(w.gunnery()->HScspeed, w.between(-3, 170));
-}
-
-constexpr event_row gunnery_events[] = {{7000, gunner},
-                                        {120, some_key_down},
-                                        {120, tap_some_key},
-                                        {60, hold_some_key},
-                                        {40, stray_key_up},
-                                        {300, let_go},
-                                        {100, let_go_all},
-                                        {200, some_button},
-                                        {150, some_stick_move},
-                                        {100, some_stick_button},
-                                        {600, wait_a_little},
-                                        {200, wait_a_moment},
-                                        {40, wait_some_seconds},
-                                        {10, wait_a_minute},
-                                        {20, click_anything},
-                                        {20, lay_speed},
-                                        {40, pause},
-                                        {6, stop},
-                                        {3, back_to_setup},
-                                        {40, show_next_target},
-                                        {4, leave_program},
-                                        {4, close_window},
-                                        {10, bring_to_the_front},
-                                        {100, something_later}};
+constexpr event_row gunnery_events[] = {
+    {7000, gunner},           {120, some_key_down},     {120, tap_some_key},
+    {60, hold_some_key},      {40, stray_key_up},       {300, let_go},
+    {100, let_go_all},        {200, some_button},       {150, some_stick_move},
+    {100, some_stick_button}, {600, wait_a_little},     {200, wait_a_moment},
+    {40, wait_some_seconds},  {10, wait_a_minute},      {20, click_anything},
+    {20, lay_speed},          {40, pause_sim},          {6, stop_sim},
+    {3, back_to_setup},       {40, show_next_target},   {4, leave_program},
+    {4, close_window},        {10, bring_to_the_front}, {100, something_later}};
 
 // On the title and the set-up ----------------------------------------------------------------------------
 
-void start_practice(walker& w)
-{
-    w.click(w.t().startsim.Cmdstart);
-}
-
-void load_range(walker& w)
-{
-    w.click(w.t().startsim.Cmdopenrange);
-}
-
-void edit_range(walker& w)
-{
-    w.click(w.t().startsim.cmdeditrange);
-}
-
-void quick_start(walker& w)
-{
-    w.click(w.t().startsim.cmdgame);
-}
-
-void open_calibration(walker& w)
-{
-    w.click(w.t().startsim.cmdstick);
-}
-
-void plug_or_pull(walker& w)
-{
-    w.plug_stick(w.now_and_then(0.8));
-}
+constexpr auto start_practice = [](walker& w) { w.click(w.t().startsim.Cmdstart); };
+constexpr auto load_range = [](walker& w) { w.click(w.t().startsim.Cmdopenrange); };
+constexpr auto edit_range = [](walker& w) { w.click(w.t().startsim.cmdeditrange); };
+constexpr auto quick_start = [](walker& w) { w.click(w.t().startsim.cmdgame); };
+constexpr auto open_calibration = [](walker& w) { w.click(w.t().startsim.cmdstick); };
+constexpr auto plug_or_pull = [](walker& w) { w.plug_stick(w.now_and_then(0.8)); };
 
 void some_method(walker& w)
 {
@@ -330,11 +230,7 @@ constexpr event_row setup_events[] = {
     {4, type_anything},       {4, tap_some_key},    {4, let_go_all},         {8, wait_a_moment},
     {1, wait_a_minute},       {1, close_window},    {1, bring_to_the_front}, {2, something_later},
     {8, open_calibration},    {2, plug_or_pull}};
-
-void go_on(walker& w)
-{
-    w.click(w.t().intro.lblstart);
-}
+constexpr auto go_on = [](walker& w) { w.click(w.t().intro.lblstart); };
 
 constexpr event_row other_events[] = {
     {10, move_over_anything}, {40, go_on},        {20, click_anything}, {4, tap_some_key},
@@ -343,10 +239,7 @@ constexpr event_row other_events[] = {
 
 // On the debrief -----------------------------------------------------------------------------------------
 
-void some_engagement(walker& w)
-{
-    w.click(w.t().results.Lbltgtnumber[w.between(1, 15)]);
-}
+constexpr auto some_engagement = [](walker& w) { w.click(w.t().results.Lbltgtnumber[w.between(1, 15)]); };
 
 void some_round(walker& w)
 {
@@ -355,15 +248,8 @@ void some_round(walker& w)
     w.click(*w.any_of(rounds));
 }
 
-void new_shoot(walker& w)
-{
-    w.click(w.t().results.cmdnew);
-}
-
-void replay(walker& w)
-{
-    w.click(w.t().results.Cmdreplay);
-}
+constexpr auto new_shoot = [](walker& w) { w.click(w.t().results.cmdnew); };
+constexpr auto replay = [](walker& w) { w.click(w.t().results.Cmdreplay); };
 
 constexpr event_row debrief_events[] = {
     {10, move_over_anything}, {40, some_engagement}, {20, some_round}, {20, new_shoot},    {20, replay},
@@ -372,15 +258,8 @@ constexpr event_row debrief_events[] = {
 
 // On the range author ------------------------------------------------------------------------------------
 
-void some_position(walker& w)
-{
-    w.click(w.t().rauthor.Lbltargetnum[w.between(1, 20)]);
-}
-
-void place_position(walker& w)
-{
-    w.click(w.t().rauthor.Lblsavetarget);
-}
+constexpr auto some_position = [](walker& w) { w.click(w.t().rauthor.Lbltargetnum[w.between(1, 20)]); };
+constexpr auto place_position = [](walker& w) { w.click(w.t().rauthor.Lblsavetarget); };
 
 void some_arrow(walker& w)
 {
@@ -390,10 +269,7 @@ void some_arrow(walker& w)
     w.press(*w.any_of(arrows));
 }
 
-void range_by_hand(walker& w)
-{
-    w.click(w.t().rauthor.Lbltargetrange);
-}
+constexpr auto range_by_hand = [](walker& w) { w.click(w.t().rauthor.Lbltargetrange); };
 
 void some_disk_work(walker& w)
 {
@@ -402,10 +278,7 @@ void some_disk_work(walker& w)
     w.click(*w.any_of(buttons));
 }
 
-void back_from_author(walker& w)
-{
-    w.click(w.t().rauthor.Cmdstart);
-}
+constexpr auto back_from_author = [](walker& w) { w.click(w.t().rauthor.Cmdstart); };
 
 constexpr event_row author_events[] = {
     {20, some_position},  {20, place_position},  {20, some_arrow},        {10, let_go},
@@ -415,10 +288,7 @@ constexpr event_row author_events[] = {
 
 // On the calibration -------------------------------------------------------------------------------------
 
-void start_calibration(walker& w)
-{
-    w.click(w.t().joycal.Cmdstart);
-}
+constexpr auto start_calibration = [](walker& w) { w.click(w.t().joycal.Cmdstart); };
 
 void finish_calibration(walker& w)
 {
@@ -434,8 +304,8 @@ constexpr event_row calibration_events[] = {
 
 // What takes no time, and so may come in the midst of a handler.
 constexpr event_row sudden_gunnery_events[] = {{30, some_key_down}, {20, let_go},          {10, stray_key_up},
-                                               {15, some_button},   {10, some_stick_move}, {8, pause},
-                                               {4, stop},           {3, back_to_setup},    {1, leave_program},
+                                               {15, some_button},   {10, some_stick_move}, {8, pause_sim},
+                                               {4, stop_sim},       {3, back_to_setup},    {1, leave_program},
                                                {1, close_window},   {4, click_anything},   {3, lay_speed}};
 constexpr event_row sudden_other_events[] = {{10, some_key_down}, {10, let_go}, {10, click_anything}};
 
@@ -458,7 +328,8 @@ void sudden_event(walker& w)
 
 void event_in_lay(walker& w)
 {
-    static constexpr event_row rows[] = {{85, sudden_event}, {6, stop}, {5, back_to_setup}, {4, pause}};
+    static constexpr event_row rows[] = {
+        {85, sudden_event}, {6, stop_sim}, {5, back_to_setup}, {4, pause_sim}};
     w.gunnery() != nullptr ? happen(w, rows) : sudden_event(w);
 }
 

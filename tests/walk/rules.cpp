@@ -29,81 +29,72 @@ using screen = gunnery_screen;
 
 constexpr screen_rule always[] = {
     {"positions are drawn from the range",
-     [](const trainer&, const screen& s) {
-         return within(s.targetindex, 0, 19) && within(s.currenttarget, 0, 19);
-     }},
+     [](auto&, auto& s) { return within(s.targetindex, 0, 19) && within(s.currenttarget, 0, 19); }},
     {"no more targets are shown than the practice has",
-     [](const trainer& t, const screen& s) { return within(s.targetnumber, 0, t.shared.targetblocks * 3); }},
+     [](auto& t, auto& s) { return within(s.targetnumber, 0, t.shared.targetblocks * 3); }},
     {"natures and the cycle of rounds stay in their tables",
-     [](const trainer&, const screen& s) {
+     [](auto&, auto& s) {
          return within(s.nature, 0, 2) && within(s.ammoselected, 0, 2) && within(s.ammoindex, 0, 2);
      }},
-    {"rows of the record for an aim are 0 to 4",
-     [](const trainer&, const screen& s) { return within(s.aimrow, 0, 4); }},
-    {"the explosion has sixteen pictures",
-     [](const trainer&, const screen& s) { return within(s.explodeframe, 0, 15); }},
+    {"rows of the record for an aim are 0 to 4", [](auto&, auto& s) { return within(s.aimrow, 0, 4); }},
+    {"the explosion has sixteen pictures", [](auto&, auto& s) { return within(s.explodeframe, 0, 15); }},
     {"counts are never negative",
-     [](const trainer&, const screen& s) {
+     [](auto&, auto& s) {
          return s.targetticks >= 0 && s.loadcount >= 0 && s.pausecount >= 0 && s.hits >= 0 &&
                 s.hittime >= 0 && s.coaxhits >= 0;
      }},
-    {"waits are 0 to 7 seconds", [](const trainer&, const screen& s) { return within(s.targetwait, 0, 7); }},
-    {"the correction has two presses",
-     [](const trainer&, const screen& s) { return within(s.correctstep, 0, 2); }},
+    {"waits are 0 to 7 seconds", [](auto&, auto& s) { return within(s.targetwait, 0, 7); }},
+    {"the correction has two presses", [](auto&, auto& s) { return within(s.correctstep, 0, 2); }},
     {"the autolay is counted to its hold",
-     [](const trainer&, const screen& s) { return within(s.autolaycount, 0, s.numbers.layhold); }},
+     [](auto&, auto& s) { return within(s.autolaycount, 0, s.numbers.layhold); }},
     {"a call is counted to its end",
-     [](const trainer&, const screen& s) { return within(s.voicecount, 0, s.numbers.heldticks - 1); }},
-    {"the charge is counted to its end",
-     [](const trainer&, const screen& s) { return within(s.chargecount, 0, 1); }},
-    {"no burst hits oftener than kills",
-     [](const trainer&, const screen& s) { return within(s.coaxhits, 0, 5); }},
+     [](auto&, auto& s) { return within(s.voicecount, 0, s.numbers.heldticks - 1); }},
+    {"the charge is counted to its end", [](auto&, auto& s) { return within(s.chargecount, 0, 1); }},
+    {"no burst hits oftener than kills", [](auto&, auto& s) { return within(s.coaxhits, 0, 5); }},
     {"numbers are finite",
-     [](const trainer&, const screen& s) {
+     [](auto&, auto& s) {
          return std::isfinite(s.relayed) && std::isfinite(s.leadperstep) && std::isfinite(s.heshcorrection) &&
                 std::isfinite(s.correctfrom) && std::isfinite(s.correctto);
      }},
     {"a target that is up is square and of a target's size",
-     [](const trainer&, const screen& s) {
+     [](auto&, auto& s) {
          const double w = s.Imgtargets.Width;
          return !s.Imgtargets.Visible ||
                 (w >= smallest_target && w <= largest_target && s.Imgtargets.Height == w);
      }},
     {"a target that is up has a round, a row of the record and a number",
-     [](const trainer& t, const screen& s) {
+     [](auto& t, auto& s) {
          return !s.Imgtargets.Visible || (within(t.shared.roundnumber, 1, 4) &&
                                           within(t.shared.engagement, 1, 15) && s.targetnumber >= 1);
      }},
-    {"crew lines don't grow without end",
-     [](const trainer&, const screen& s) { return s.lblcrew.Caption.size() < 100; }},
+    {"crew lines don't grow without end", [](auto&, auto& s) { return s.lblcrew.Caption.size() < 100; }},
     {"there is a range picture of some size",
-     [](const trainer&, const screen& s) { return s.Imgrange.Width > 0 && s.Imgrange.Height > 0; }},
+     [](auto&, auto& s) { return s.Imgrange.Width > 0 && s.Imgrange.Height > 0; }},
 };
 
 constexpr screen_rule when_idle[] = {
-    {"Timer1 runs as long as the screen is loaded",
-     [](const trainer&, const screen& s) { return s.Timer1.Enabled; }},
+    {"Timer1 runs as long as the screen is loaded", [](auto&, auto& s) { return s.Timer1.Enabled; }},
     {"the explosion is seen exactly while Timexplode runs",
-     [](const trainer&, const screen& s) { return s.Imgexplode.Visible == s.Timexplode.Enabled; }},
+     [](auto&, auto& s) { return s.Imgexplode.Visible == s.Timexplode.Enabled; }},
     {"no round is in the air but a burst's tracer",
-     [](const trainer&, const screen& s) { return !s.ammo.Visible || s.Timcoax.Enabled; }},
+     [](auto&, auto& s) { return !s.ammo.Visible || s.Timcoax.Enabled; }},
     {"the visual screen knows of its burst",
-     [](const trainer&, const screen& s) { return !s.visual() || s.coaxrunning == s.Timcoax.Enabled; }},
+     [](auto&, auto& s) { return !s.visual() || s.coaxrunning == s.Timcoax.Enabled; }},
     {"a call is held exactly while Timvoice runs",
-     [](const trainer&, const screen& s) { return s.voicebusy == s.Timvoice.Enabled; }},
+     [](auto&, auto& s) { return s.voicebusy == s.Timvoice.Enabled; }},
     {"START SIM is enabled exactly while no practice runs",
-     [](const trainer&, const screen& s) { return s.Cmdstartsim.Enabled != s.simrunning; }},
+     [](auto&, auto& s) { return s.Cmdstartsim.Enabled != s.simrunning; }},
     {"the hits shown are the hits counted",
-     [](const trainer&, const screen& s) { return s.lblhits.Caption == std::to_string(s.hits); }},
+     [](auto&, auto& s) { return s.lblhits.Caption == std::to_string(s.hits); }},
     {"a target that is up has been called",
-     [](const trainer&, const screen& s) { return !s.Imgtargets.Visible || s.targetcalled; }},
+     [](auto&, auto& s) { return !s.Imgtargets.Visible || s.targetcalled; }},
     {"nothing of a practice goes on when it is over, but what the instructor has asked for",
-     [](const trainer&, const screen& s) {
+     [](auto&, auto& s) {
          return s.simrunning || !s.visual() || s.Cmdtarget.Visible ||
                 !(s.Timpause.Enabled || s.Timtarget.Enabled || s.Timloading.Enabled || s.Imgtargets.Visible);
      }},
     {"no weapon answers to the mouse when no practice runs",
-     [](const trainer&, const screen& s) {
+     [](auto&, auto& s) {
          const screen_object* weapons[] = {&s.Cmdcoax, &s.Cmdoff, &s.Cmdselectmain, &s.Cmdmaingun,
                                            &s.Cmdlaze};
          // A resume enables these two; the thermal screen takes one outside a practice too.
@@ -112,41 +103,34 @@ constexpr screen_rule when_idle[] = {
                                                                       [](auto* o) { return o->Enabled; }));
      }},
     {"each target has the row of the record of its number",
-     [](const trainer& t, const screen& s) {
-         return t.shared.engagement == s.targetnumber + (s.Imgtargets.Visible ? 0 : 1);
-     }},
+     [](auto& t, auto& s) { return t.shared.engagement == s.targetnumber + (s.Imgtargets.Visible ? 0 : 1); }},
     {"the bar sets the speed of the visual lay",
-     [](const trainer&, const screen& s) { return !s.visual() || s.layspeed == s.HScspeed.Value; }},
+     [](auto&, auto& s) { return !s.visual() || s.layspeed == s.HScspeed.Value; }},
     {"keyboard card and mouse panel don't lie over each other",
-     [](const trainer&, const screen& s) { return !s.Frmcon.Visible || !s.Frmmousecon.Visible; }},
+     [](auto&, auto& s) { return !s.Frmcon.Visible || !s.Frmmousecon.Visible; }},
     {"the pause button says what it will do",
-     [](const trainer& t, const screen& s) {
-         return one_of(s.Cmdpausesim.Caption, {"PAUSE OFF"}) == t.shared.paused;
-     }},
+     [](auto& t, auto& s) { return one_of(s.Cmdpausesim.Caption, {"PAUSE OFF"}) == t.shared.paused; }},
 };
 
 constexpr screen_rule with_hands_off[] = {
     {"no direction timer runs with everything let go",
-     [](const trainer&, const screen& s) {
+     [](auto&, auto& s) {
          return !s.Timleft.Enabled && !s.Timright.Enabled && !s.Timup.Enabled && !s.Timdown.Enabled;
      }},
     {"no step is left with everything let go",
-     [](const trainer&, const screen& s) {
-         return s.traversestep == 0 && s.elevatestep == 0 && s.traverseaccel == 0;
-     }},
-    {"no burst goes on with the trigger let go",
-     [](const trainer&, const screen& s) { return !s.Timcoax.Enabled; }},
+     [](auto&, auto& s) { return s.traversestep == 0 && s.elevatestep == 0 && s.traverseaccel == 0; }},
+    {"no burst goes on with the trigger let go", [](auto&, auto& s) { return !s.Timcoax.Enabled; }},
 };
 
 constexpr screen_rule unless_halted[] = {
     {"a practice goes on by itself or waits for SHOW NEXT TARGET",
-     [](const trainer&, const screen& s) {
+     [](auto&, auto& s) {
          return !s.simrunning || s.Timpause.Enabled || s.Timtarget.Enabled || s.Cmdtarget.Enabled;
      }},
     // A resume on the thermal screen can bring a target up outside a practice, and a pause there stops the
     // loader.
     {"an empty gun is being loaded while a target is up",
-     [](const trainer& t, const screen& s) {
+     [](auto& t, auto& s) {
          return t.shared.paused || !s.simrunning || !s.Imgtargets.Visible || s.gunloaded || s.targethit ||
                 s.Timloading.Enabled;
      }},
@@ -154,13 +138,13 @@ constexpr screen_rule unless_halted[] = {
 
 constexpr screen_rule unless_resumed[] = {
     {"wait and target take turns",
-     [](const trainer&, const screen& s) {
+     [](auto&, auto& s) {
          return s.Cmdtarget.Visible || !s.Timpause.Enabled || !(s.Timtarget.Enabled || s.Imgtargets.Visible);
      }},
     {"a target stands for its time at most",
-     [](const trainer&, const screen& s) { return !s.Imgtargets.Visible || s.targetticks <= s.targetlife; }},
+     [](auto&, auto& s) { return !s.Imgtargets.Visible || s.targetticks <= s.targetlife; }},
     {"a target that was hit goes down with the next tick",
-     [](const trainer&, const screen& s) {
+     [](auto&, auto& s) {
          return s.Cmdtarget.Visible || !s.Imgtargets.Visible || !s.targethit || s.targetticks >= s.targetlife;
      }},
 };
@@ -209,15 +193,12 @@ bool shows_step(const joycal_screen& s)
 
 constexpr calibration_rule calibration_rules[] = {
     {"steps are taken once START was clicked",
-     [](const trainer&, const joycal_screen& s) { return s.calstarted == (s.calstep > 0); }},
-    {"the instructions are those of the steps",
-     [](const trainer&, const joycal_screen& s) { return shows_step(s); }},
+     [](auto&, auto& s) { return s.calstarted == (s.calstep > 0); }},
+    {"the instructions are those of the steps", [](auto&, auto& s) { return shows_step(s); }},
     {"the dot stays in its field",
-     [](const trainer&, const joycal_screen& s) {
-         return within_field(s.dot.Left) && within_field(s.dot.Top);
-     }},
+     [](auto&, auto& s) { return within_field(s.dot.Left) && within_field(s.dot.Top); }},
     {"what is said of the joystick is true",
-     [](const trainer& t, const joycal_screen& s) {
+     [](auto& t, auto& s) {
          return one_of(s.Lblstick.Caption, {"JOYSTICK CONNECTED"}) == t.pc.joystick_present();
      }},
 };
@@ -355,30 +336,11 @@ std::string first_of(std::initializer_list<std::string> all)
 void describe(std::ostream& out, const gunnery_screen& s)
 {
     if (s.window.state == form_state::not_loaded) return;
-    const auto timers = [&](const timer& c, const char* name) {
-        if (c.Enabled) out << ' ' << name;
-    };
     out << "\n  " << s.window.name << ": running " << s.simrunning << " target " << s.targetnumber << " up "
         << s.Imgtargets.Visible << " called " << s.targetcalled << " hit " << s.targethit << " nature "
         << s.nature << " ticks " << s.targetticks << '/' << s.targetlife << " wait " << s.pausecount << '/'
-        << s.targetwait << " loaded " << s.gunloaded << " loadcount " << s.loadcount << " armed "
-        << s.ammoarmed << " \"" << s.Lblammotype.Caption << "\" crew \"" << s.lblcrew.Caption << "\" hits "
-        << s.hits << "\n  target at " << s.Imgtargets.Left << ' ' << s.Imgtargets.Top << ' '
-        << s.Imgtargets.Width << " range picture at " << s.Imgrange.Left << ' ' << s.Imgrange.Top
-        << " timers";
-    for (const auto& [c, name] : {std::pair{&s.Timpause, "pause"},
-                                  {&s.Timtarget, "target"},
-                                  {&s.Timloading, "loading"},
-                                  {&s.Timvoice, "voice"},
-                                  {&s.Timchrg, "chrg"},
-                                  {&s.Timleft, "left"},
-                                  {&s.Timright, "right"},
-                                  {&s.Timup, "up"},
-                                  {&s.Timdown, "down"},
-                                  {&s.timautolay, "autolay"},
-                                  {&s.Timcoax, "coax"},
-                                  {&s.Timexplode, "explode"}})
-        timers(*c, name);
+        << s.targetwait << " loaded " << s.gunloaded << " armed " << s.ammoarmed << " crew \""
+        << s.lblcrew.Caption << '"';
 }
 
 }   // namespace

@@ -7,7 +7,7 @@
 
 #include "platform/objects.h"
 
-struct _SDL_Joystick;
+struct _SDL_Joystick;   // NOLINT(bugprone-reserved-identifier): the name that SDL gives it
 
 namespace vorn {
 
