@@ -26,8 +26,8 @@ protected:
 
     std::string path(const char* name) const { return folder.filePath(name).toStdString(); }
 
-    // A mono wave file at the channel's own rate, so that its samples come out as they are.
-    std::string wave(const char* name, const samples& s) const
+    // A mono wave file; at the channel's own rate its samples come out as they are.
+    std::string wave(const char* name, const samples& s, quint32 rate = 44100) const
     {
         const auto bytes = static_cast<quint32>(s.size() * 2);
         QByteArray b("RIFF");
@@ -35,7 +35,7 @@ protected:
         number(36 + bytes, 4);
         b += "WAVEfmt ";
         for (const auto& [n, size] :
-             {std::pair{16U, 4}, {1U, 2}, {1U, 2}, {44100U, 4}, {88200U, 4}, {2U, 2}, {16U, 2}})
+             {std::pair{16U, 4}, {1U, 2}, {1U, 2}, {rate, 4}, {rate * 2, 4}, {2U, 2}, {16U, 2}})
             number(n, size);
         b += "data";
         number(bytes, 4);
@@ -94,7 +94,9 @@ TEST_F(sound, what_cannot_be_played_is_passed_over)
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
     broken.write("RIFF\xff\xff\xff\x7fWAVEfmt and no more");
     broken.close();
-    for (const std::string& file : {path("none.wav"), path("broken.wav"), path(""), std::string()})
+    const std::string days = wave("days.wav", ramp(0, 100000), 1);   // a second a sample
+    for (const std::string& file : {path("none.wav"), path("broken.wav"), path(""), std::string(), days,
+                                    wave("never.wav", ramp(0, 9), 0)})
         channel.play(file);
     EXPECT_FALSE(channel.playing());
     channel.play(wave("shot.wav", ramp(0, 9000)));
