@@ -6,6 +6,14 @@
 
 namespace vorn {
 
+std::vector<std::string> shipped_ranges()
+{
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(VORN_SOURCE_DIR "/data/ranges"))
+        if (entry.path().extension() == ".arf") files.push_back(entry.path().filename().string());
+    return files;
+}
+
 double draw_of(int position)
 {
     return (position - 0.5) / 19;
@@ -72,8 +80,7 @@ std::vector<double> drill::moments(const std::string& line)
 {
     std::vector<double> found;
     for (const logged& l : pc.log)
-        if (l.kind == "caption" && l.text.compare(0, line.size(), line) == 0 && l.text.size() == line.size())
-            found.push_back(l.time);
+        if (l.kind == "caption" && l.text == line) found.push_back(l.time);
     return found;
 }
 

@@ -12,6 +12,8 @@
 
 namespace vorn {
 
+// The files of the ranges that the trainer ships with.
+std::vector<std::string> shipped_ranges();
 // The number that makes the next draw of a position come out as this one.
 double draw_of(int position);
 
@@ -34,7 +36,7 @@ struct drill {
     void hold(int key, double seconds);
     // Runs until the practice is over; gives the seconds that took.
     double to_the_end();
-    // The moments of the crew lines that begin so.
+    // The moments of the crew lines that say so.
     std::vector<double> moments(const std::string& line);
 
     sight_kind kind;

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <utility>
@@ -11,24 +10,6 @@
 namespace vorn {
 
 namespace {
-
-// What works the gun: a key, a button of the screen, and a button of the stick where it has one.
-struct hand_row {
-    char key;
-    screen_object gunnery_screen::*button;
-    int stick;
-};
-constexpr std::array<hand_row, 11> hands{{{'H', &gunnery_screen::Cmdleft, 0},
-                                          {'J', &gunnery_screen::Cmdright, 0},
-                                          {'U', &gunnery_screen::Cmdup, 0},
-                                          {'N', &gunnery_screen::Cmddown, 0},
-                                          {'Q', &gunnery_screen::Cmdcoax, 0},
-                                          {'W', &gunnery_screen::Cmdoff, 0},
-                                          {'E', &gunnery_screen::Cmdselectmain, 0},
-                                          {'R', &gunnery_screen::Cmdmaingun, 2},
-                                          {'A', &gunnery_screen::Cmdlaze, 3},
-                                          {'S', &gunnery_screen::Cmdautolay, 4},
-                                          {'D', &gunnery_screen::Cmdfire, 1}}};
 
 constexpr double centre = 32768;   // where the stick rests
 constexpr double event = 0.016;    // seconds between its moves
@@ -42,12 +23,12 @@ long deflected(double middle, double factor, int sign, int twips)
 
 }   // namespace
 
-gunner::gunner(drill& d, controls c) : d_(d), s_(d.screen()), controls_(c)
+gunner::gunner(drill& d, device by) : d_(d), s_(d.screen()), by_(by)
 {
     practice_state& p = d.t.shared;
-    p.keyboardselected = c != controls::mouse;
-    p.mouseselected = c == controls::mouse;
-    p.joyselected = c == controls::stick;
+    p.keyboardselected = by != device::mouse;
+    p.mouseselected = by == device::mouse;
+    p.joyselected = by == device::stick;
     if (!p.joycalibrated) {
         p.joycalibrated = true;
         p.joyxcentre = p.joyycentre = centre;
@@ -102,10 +83,10 @@ bool gunner::await(const std::function<bool()>& seen, double seconds)
 
 void gunner::work(hand h, bool down)
 {
-    const hand_row& row = hands.at(static_cast<std::size_t>(h));
+    const hand_row& row = row_of(h);
     screen_object& button = s_.*row.button;
-    if (controls_ == controls::stick && row.stick != 0) return d_.pc.stick_button(row.stick, down);
-    if (controls_ != controls::mouse) return down ? d_.pc.key_down(row.key) : d_.pc.key_up(row.key);
+    if (by_ == device::stick && row.stick != 0) return d_.pc.stick_button(row.stick, down);
+    if (by_ != device::mouse) return down ? d_.pc.key_down(row.key) : d_.pc.key_up(row.key);
     if (down && button.Click) return d_.pc.click(button);
     down ? d_.pc.press(button) : d_.pc.release(button);
 }
@@ -119,7 +100,7 @@ void gunner::tap(hand h)
 // A direction, for a while. The stick is held off its centre, gently for a short while.
 void gunner::hold(hand h, double seconds)
 {
-    if (controls_ != controls::stick) {
+    if (by_ != device::stick) {
         work(h, true);
         d_.pc.wait(seconds);
         return work(h, false);

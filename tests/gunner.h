@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "drill.h"
+#include "hands.h"
 
 namespace vorn {
 
@@ -15,9 +16,6 @@ namespace vorn {
 struct spot {
     double x = 0, y = 0;
 };
-
-enum class controls { keyboard, mouse, stick };
-enum class hand { left, right, up, down, coax, off, mainarm, ammo, laze, lay, fire };
 
 // What he noted of one engagement.
 struct engagement_note {
@@ -33,7 +31,7 @@ struct engagement_note {
 
 class gunner {
 public:
-    gunner(drill&, controls);
+    gunner(drill&, device);
     // From the click on START SIM until it can be clicked again.
     void fire_practice();
 
@@ -71,7 +69,7 @@ private:
 
     drill& d_;
     gunnery_screen& s_;
-    controls controls_;
+    device by_;
     std::size_t heard_ = 0;      // how far he has listened for orders
     std::size_t order_at_ = 0;   // where in the log the last order stands
     spot mark_;                  // where the mark was last seen

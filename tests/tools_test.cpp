@@ -9,23 +9,12 @@
 
 #include "drill.h"
 #include "platform/files.h"
-#include "platform/headless/headless_machine.h"
-#include "ranges/rangefile.h"
-#include "trainer.h"
 
 namespace vorn {
 namespace {
 
 const std::string program_directory = VORN_SOURCE_DIR "/data";
 const std::string root = program_directory + "/ranges";
-
-std::vector<std::string> shipped_ranges()
-{
-    std::vector<std::string> files;
-    for (const auto& entry : std::filesystem::directory_iterator(root))
-        if (entry.path().extension() == ".arf") files.push_back(entry.path().filename().string());
-    return files;
-}
 
 // A range that the trainer ships with, on the screen of its sight.
 class shipped_range : public testing::TestWithParam<std::string> {
@@ -121,18 +110,11 @@ icon_head head_of(const std::string& bytes)
     return found;
 }
 
-std::vector<std::filesystem::path> shipped_icons()
-{
-    std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(root + "/target icons"))
-        files.push_back(entry.path());
-    return files;
-}
-
 TEST(shipped_icons, are_whole_and_the_hot_ones_have_no_colour)
 {
     headless_machine pc;
-    for (const auto& file : shipped_icons()) {
+    for (const auto& entry : std::filesystem::directory_iterator(root + "/target icons")) {
+        const std::filesystem::path& file = entry.path();
         SCOPED_TRACE(file.string());
         const loaded_picture icon = pc.load_picture(file.string());
         ASSERT_TRUE(icon.result) << icon.reason;
@@ -145,6 +127,27 @@ TEST(shipped_icons, are_whole_and_the_hot_ones_have_no_colour)
         for (std::size_t at = head.bitmap; at < head.bitmap + std::size_t{4} * small * small; at += 4)
             coloured += bytes[at] != bytes[at + 1] || bytes[at] != bytes[at + 2];
         EXPECT_EQ(coloured == 0, hot);
+    }
+}
+
+// Sights and debrief take the middle of the square for the middle of the target.
+TEST(shipped_icons, of_the_ranges_fill_their_squares)
+{
+    headless_machine pc;
+    for (const char* name : {"target1", "target2", "target3", "thermal1", "thermal2", "thermal3"}) {
+        SCOPED_TRACE(name);
+        const std::string bytes = read_file(pc, root + "/target icons/" + name + ".ico").text.value();
+        const std::size_t from = head_of(bytes).bitmap;
+        double across = 0, up = 0, count = 0;
+        for (std::size_t i = 0; i < std::size_t{small} * small; ++i) {   // rows from the bottom
+            if (number_at(bytes, from + 4 * i + 3, 1) < 128) continue;
+            across += static_cast<double>(i % small) + .5;
+            up += static_cast<double>(i / small) + .5;
+            ++count;
+        }
+        EXPECT_NEAR(across / count / small, .5, .12);
+        EXPECT_NEAR(up / count / small, .5, .12);
+        EXPECT_GT(count / small / small, .4);
     }
 }
 

@@ -75,11 +75,19 @@ TEST_F(program, asks_for_its_directory_when_the_default_one_fails)
     trainer v(third);
     third.answers = {{true}, {true}};
     third.event([&] { start_program(v); });
-    EXPECT_FALSE(third.ended);
     EXPECT_EQ(third.dialogs.size(), 1U);
     EXPECT_EQ(v.shared.rootpath, "");
     third.click(v.intro.lblexit);   // unanswered means no
     EXPECT_FALSE(third.ended);
+}
+
+TEST_F(program, ends_when_the_user_does_not_look_for_the_directory)
+{
+    pc.default_directory = "/none";
+    pc.answers = {{true}, {false}};
+    pc.event([this] { start_program(t); });
+    EXPECT_TRUE(pc.ended);
+    EXPECT_TRUE(pc.dialogs.empty());
 }
 
 TEST_F(program, the_exit_boxes_stand_as_written_and_end_the_program_on_a_yes_alone)
@@ -112,7 +120,6 @@ TEST_F(program, an_uncalibrated_joystick_closes_both_roads)
     pc.click(t.startsim.Cmdstart);
     EXPECT_EQ(last_box(),
               "YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST");
-    EXPECT_EQ(front_screen(), "startsim");
     pc.click(t.startsim.cmdgame);
     EXPECT_EQ(front_screen(), "startsim");
     EXPECT_FALSE(t.shared.quickstart);
@@ -133,7 +140,6 @@ TEST_F(program, a_quick_start_is_a_visual_exercise_that_leads_back_to_the_title)
     t.shared.voiceson = false;
     pc.click(t.startsim.Optmode2);
     pc.click(t.startsim.Optcon2);
-    pc.click(t.startsim.Optmode1);
     pc.click(t.startsim.cmdgame);
     gunnery_screen& s = t.simulator;
     EXPECT_EQ(front_screen(), "simulator");
@@ -141,7 +147,6 @@ TEST_F(program, a_quick_start_is_a_visual_exercise_that_leads_back_to_the_title)
     EXPECT_TRUE(s.lbltargetnum.Visible && s.Imgname.Visible && s.Frame3.Visible);
     EXPECT_FALSE(s.Frmcon.Visible || s.Frmsys.Visible || s.Frmmousecon.Visible);
     EXPECT_TRUE(t.shared.voiceson);
-    EXPECT_EQ(t.shared.targetblocks, 3);
     pc.click(s.Cmdstartsim);
     pc.advance(8);
     EXPECT_EQ(s.lbltargetnum.Caption, "TARGET 1 OF 9");
@@ -152,11 +157,23 @@ TEST_F(program, a_quick_start_is_a_visual_exercise_that_leads_back_to_the_title)
     EXPECT_EQ(front_screen(), "simulator");
     pc.click(s.Cmdmain);
     EXPECT_EQ(front_screen(), "intro");
-    EXPECT_EQ(pc.working_directory, data.program());
     EXPECT_FALSE(t.shared.fulldebrief);
     pc.click(t.intro.lblstart);
     EXPECT_TRUE(t.shared.fulldebrief);
-    EXPECT_EQ(t.shared.targetblocks, 3);
+}
+
+TEST_F(program, a_data_directory_without_ranges_is_reported)
+{
+    to_setup();
+    const std::size_t boxes = pc.boxes.size();
+    std::filesystem::remove_all(data.ranges());
+    pc.click(t.startsim.Optcon2);
+    pc.answers.assign(4, {true});
+    pc.click(t.startsim.cmdgame);
+    ASSERT_EQ(pc.boxes.size(), boxes + 3) << "the practice, the folder, the range";
+    EXPECT_NE(pc.boxes[boxes].text.find("Visualrange.arf"), std::string::npos);
+    EXPECT_NE(pc.boxes[boxes + 1].text.find(data.ranges()), std::string::npos);
+    EXPECT_EQ(front_screen(), "startsim");
 }
 
 }   // namespace

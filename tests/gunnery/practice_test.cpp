@@ -17,7 +17,7 @@ struct shoot {
     sight_kind sight;
     int engagements;   // 1 mixed, 2 coax, 3 HESH, 4 FIN
     system_set system;
-    controls by;
+    device by;
 };
 
 std::string name_of(const testing::TestParamInfo<shoot>& i)
@@ -38,32 +38,34 @@ std::vector<shoot> all_shoots()
         for (int nature = 1; nature <= 4; ++nature)
             for (const system_set s :
                  {system_set::full, system_set::laze, system_set::tls, system_set::degrading})
-                all.push_back({sight, nature, s, static_cast<controls>(all.size() % 3)});
+                all.push_back({sight, nature, s, static_cast<device>(all.size() % 3)});
     return all;
 }
 
+// On the shipped data, with as much time as a target takes, and without a debrief.
+struct long_drill : drill {
+    long_drill(sight_kind sight, int engagements) : drill(sight, VORN_SOURCE_DIR "/data")
+    {
+        t.shared.engagementtype = engagements;
+        t.shared.targettime = 500;
+        t.shared.fulldebrief = false;
+    }
+};
+
 struct practice : testing::TestWithParam<shoot> {
-    drill d{GetParam().sight, VORN_SOURCE_DIR "/data"};
+    long_drill d{GetParam().sight, GetParam().engagements};
     practice_state& p = d.t.shared;
     gunnery_screen& s = d.screen();
 
     practice()
     {
         const shoot& set = GetParam();
-        p.engagementtype = set.engagements;
         p.selfdegrading = set.system == system_set::degrading;
         p.systemstatus = p.selfdegrading ? 1 : static_cast<int>(set.system) + 1;
         p.targetblocks = p.selfdegrading ? 3 : 2;
-        p.targettime = 500;
-        p.fulldebrief = false;
     }
 };
 INSTANTIATE_TEST_SUITE_P(all, practice, testing::ValuesIn(all_shoots()), name_of);
-
-int at(const per_round<int16>& a, std::size_t e, std::size_t r)
-{
-    return a[e][r];
-}
 
 // Row by row what the gunner noted; a fifth round writes over the fourth.
 void expect_rounds(const practice_state& p, bool visual, std::size_t e, const engagement_note& n)
@@ -72,10 +74,10 @@ void expect_rounds(const practice_state& p, bool visual, std::size_t e, const en
     EXPECT_EQ(p.recrounds[e], std::min<int>(static_cast<int>(n.aims.size()), 3));
     for (std::size_t row = 1; row <= std::min<std::size_t>(n.aims.size(), 4); ++row) {
         const std::size_t i = row == 4 ? n.aims.size() - 1 : row - 1;
-        EXPECT_NEAR(at(p.recaimx, e, row), n.aims[i].x, 0.51);
-        EXPECT_NEAR(at(p.recaimy, e, row), visual ? n.aims[i].y : -n.aims[i].y, 0.51);
-        EXPECT_NEAR(at(p.recfallx, e, row), n.falls[i].x, 0.51) << "row " << row;
-        EXPECT_NEAR(at(p.recfally, e, row), n.falls[i].y, 0.51) << "row " << row;
+        EXPECT_NEAR(p.recaimx[e][row], n.aims[i].x, 0.51);
+        EXPECT_NEAR(p.recaimy[e][row], visual ? n.aims[i].y : -n.aims[i].y, 0.51);
+        EXPECT_NEAR(p.recfallx[e][row], n.falls[i].x, 0.51) << "row " << row;
+        EXPECT_NEAR(p.recfally[e][row], n.falls[i].y, 0.51) << "row " << row;
     }
 }
 
@@ -104,11 +106,10 @@ void expect_kill(const practice_state& p, const gunnery_screen& s, std::size_t e
 void expect_score(const drill& d, int targets, int hits, int average, int score)
 {
     const std::string text = d.pc.boxes.back().text + '\n';
-    const std::pair<const char*, int> lines[] = {{"NUMBER OF TARGETS = ", targets},
-                                                 {"NUMBER OF HITS = ", hits},
-                                                 {"AVERAGE TIME = ", average},
-                                                 {"SCORE = ", score}};
-    for (const auto& [words, n] : lines)
+    for (const auto& [words, n] : {std::pair{"NUMBER OF TARGETS = ", targets},
+                                   {"NUMBER OF HITS = ", hits},
+                                   {"AVERAGE TIME = ", average},
+                                   {"SCORE = ", score}})
         EXPECT_NE(text.find(words + std::to_string(n) + '\n'), std::string::npos)
             << words << n << " in " << text;
 }
@@ -133,27 +134,17 @@ TEST_P(practice, is_killed_to_the_last_target_and_the_record_says_how)
 // Every position of every shipped range in turn: a target there can be seen, laid on and killed.
 class shipped_range_shoot : public testing::TestWithParam<std::string> {};
 
-std::vector<std::string> shipped_ranges()
-{
-    std::vector<std::string> files;
-    for (const auto& entry : std::filesystem::directory_iterator(VORN_SOURCE_DIR "/data/ranges"))
-        if (entry.path().extension() == ".arf") files.push_back(entry.path().filename().string());
-    return files;
-}
 INSTANTIATE_TEST_SUITE_P(all, shipped_range_shoot, testing::ValuesIn(shipped_ranges()),
                          [](const auto& file) { return std::filesystem::path(file.param).stem().string(); });
 
 // Fires at this position and those that follow it, as many as a practice of so many blocks has targets.
 void shoot_in_turn(const std::string& file, sight_kind sight, std::size_t first, int16 blocks)
 {
-    drill d(sight, VORN_SOURCE_DIR "/data");
+    long_drill d(sight, 3);   // HESH: it takes any range
     practice_state& p = d.t.shared;
     p.rangefile = p.rootpath + '/' + file;
-    p.engagementtype = 3;   // HESH: it takes any range
-    p.targettime = 500;
     p.targetblocks = blocks;
-    p.fulldebrief = false;
-    gunner g(d, controls::keyboard);
+    gunner g(d, device::key);
     d.set_up();
     const practice_state range = p;
     // Whatever position is drawn is the next in turn.
@@ -191,14 +182,10 @@ TEST(hesh_practice, a_corrected_round_kills_in_any_wind)
         for (const int wind : {-3, -2, 2, 3}) {
             SCOPED_TRACE(testing::Message()
                          << (sight == sight_kind::visual ? "visual " : "thermal ") << wind);
-            drill d(sight, VORN_SOURCE_DIR "/data");
-            practice_state& p = d.t.shared;
-            p.engagementtype = 3;
-            p.windbias = wind;
-            p.targettime = 500;
-            p.heshcorrectall = true;
-            p.fulldebrief = false;
-            gunner g(d, wind % 2 == 0 ? controls::keyboard : controls::stick);
+            long_drill d(sight, 3);
+            d.t.shared.windbias = wind;
+            d.t.shared.heshcorrectall = true;
+            gunner g(d, wind % 2 == 0 ? device::key : device::stick);
             d.set_up();
             g.fire_practice();
             ASSERT_EQ(g.notes.size(), 6U);
@@ -216,15 +203,13 @@ TEST(hesh_practice, a_corrected_round_kills_in_any_wind)
 // In the time that an instructor sets, some targets get away; hits, misses and the score must say so.
 TEST(timed_practice, scores_what_was_hit_and_books_the_rest_as_missed)
 {
-    drill d(sight_kind::visual, VORN_SOURCE_DIR "/data");
+    long_drill d(sight_kind::visual, 3);
     practice_state& p = d.t.shared;
-    p.engagementtype = 3;
     p.systemstatus = 3;
     p.targettime = 20;
     p.killarea = 4;   // small: some need a second round
     p.targetblocks = 5;
-    p.fulldebrief = false;
-    gunner g(d, controls::keyboard);
+    gunner g(d, device::key);
     d.set_up();
     g.fire_practice();
     ASSERT_EQ(g.notes.size(), 15U);

@@ -76,6 +76,8 @@ TEST_F(writing, links_are_followed_and_what_is_no_file_stays_what_it_is)
     EXPECT_NE(write_file(pc, "/dev/full", "x"), "");
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
     EXPECT_NE(write_file(pc, "no folder/own.vrn", "x"), "");
+    data.put("own.vrn", std::string(5'000'000, '"'));
+    EXPECT_FALSE(read_file(pc, "own.vrn").text);
 }
 
 // Each button of each screen that reads or writes a file, with a disk, a folder or a file that has gone wrong

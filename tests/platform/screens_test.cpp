@@ -71,26 +71,6 @@ TEST_F(two_screens, a_screen_that_comes_to_the_front_arrives)
     EXPECT_EQ(taken(), list{"quit"});
 }
 
-TEST_F(two_screens, timers_start_fresh_when_switched_on_from_off_and_only_then)
-{
-    pc.event([this] { start(clock); });
-    pc.advance(0.9);
-    pc.event([this] { start(clock); });
-    pc.advance(0.2);
-    EXPECT_EQ(taken(), list{"tick"});
-    pc.event([this] {
-        stop(clock);
-        start(clock);
-    });
-    pc.advance(0.95);
-    EXPECT_EQ(taken(), list{});
-    pc.advance(0.1);
-    EXPECT_EQ(taken(), list{"tick"});
-    pc.event([this] { unload(pc, a); });
-    pc.advance(5);
-    EXPECT_EQ(taken(), list{});
-}
-
 TEST_F(two_screens, a_late_timer_ticks_once_and_never_inside_itself)
 {
     pc.event([this] { start(clock); });

@@ -26,11 +26,9 @@ void happen(walker& w, const event_row (&rows)[N])
 
 // On any screen ------------------------------------------------------------------------------------------
 
-constexpr int gunners_keys[] = {'U', 'H', 'J', 'N', 'Q', 'W', 'E', 'R', 'A', 'S', 'D'};
-
 int random_key(walker& w)
 {
-    return w.now_and_then(0.85) ? w.any_of(gunners_keys) : w.between(0, 255);
+    return w.now_and_then(0.85) ? w.any_of(hands).key : w.between(0, 255);
 }
 
 constexpr auto some_key_down = [](walker& w) { w.key_down(random_key(w)); };
@@ -55,7 +53,7 @@ void hold_some_key(walker& w)
 }
 
 constexpr auto stray_key_up = [](walker& w) { w.stray_key_up(random_key(w)); };
-constexpr auto let_go = [](walker& w) { w.let_go_one(); };
+constexpr auto let_go_of_one = [](walker& w) { w.let_go_one(); };
 constexpr auto let_go_all = [](walker& w) { w.let_go_all(); };
 constexpr auto wait_a_little = [](walker& w) { w.wait(w.part() * 0.06); };
 constexpr auto wait_a_moment = [](walker& w) { w.wait(w.part()); };
@@ -112,18 +110,12 @@ constexpr auto something_later = [](walker& w) { w.later(w.part() * 3, sudden_ev
 
 // On a gunnery screen ------------------------------------------------------------------------------------
 
-constexpr auto gunner = [](walker& w) { gunners_step(w, *w.gunnery()); };
-
-constexpr screen_object gunnery_screen::*gunners_buttons[] = {
-    &gunnery_screen::Cmdup,         &gunnery_screen::Cmdleft,    &gunnery_screen::Cmdright,
-    &gunnery_screen::Cmddown,       &gunnery_screen::Cmdcoax,    &gunnery_screen::Cmdoff,
-    &gunnery_screen::Cmdselectmain, &gunnery_screen::Cmdmaingun, &gunnery_screen::Cmdlaze,
-    &gunnery_screen::Cmdautolay,    &gunnery_screen::Cmdfire};
+constexpr auto gunners_move = [](walker& w) { gunners_step(w, *w.gunnery()); };
 
 // Enabled or not: what takes no input must not answer.
 void some_button(walker& w)
 {
-    screen_object& o = w.gunnery()->*w.any_of(gunners_buttons);
+    screen_object& o = w.gunnery()->*w.any_of(hands).button;
     w.now_and_then(0.4) ? w.click(o) : w.press(o);
 }
 
@@ -142,22 +134,20 @@ void some_stick_button(walker& w)
     w.stick_down(button);
 }
 
-constexpr auto pause_sim = [](walker& w) { w.click(w.gunnery()->Cmdpausesim); };
-constexpr auto stop_sim = [](walker& w) { w.click(w.gunnery()->Cmdstopsim); };
+constexpr auto pause_or_resume = [](walker& w) { w.click(w.gunnery()->Cmdpausesim); };
+constexpr auto stop_practice = [](walker& w) { w.click(w.gunnery()->Cmdstopsim); };
 constexpr auto back_to_setup = [](walker& w) { w.click(w.gunnery()->Cmdmain); };
 constexpr auto show_next_target = [](walker& w) { w.click(w.gunnery()->Cmdtarget); };
 constexpr auto leave_program = [](walker& w) { w.click(w.gunnery()->CMDEXIT); };
 constexpr auto lay_speed = [](walker& w) { w.slide(w.gunnery()->HScspeed, w.between(-3, 170)); };
 
 constexpr event_row gunnery_events[] = {
-    {7000, gunner},           {120, some_key_down},     {120, tap_some_key},
-    {60, hold_some_key},      {40, stray_key_up},       {300, let_go},
-    {100, let_go_all},        {200, some_button},       {150, some_stick_move},
-    {100, some_stick_button}, {600, wait_a_little},     {200, wait_a_moment},
-    {40, wait_some_seconds},  {10, wait_a_minute},      {20, click_anything},
-    {20, lay_speed},          {40, pause_sim},          {6, stop_sim},
-    {3, back_to_setup},       {40, show_next_target},   {4, leave_program},
-    {4, close_window},        {10, bring_to_the_front}, {100, something_later}};
+    {7000, gunners_move},    {120, some_key_down},     {120, tap_some_key},      {60, hold_some_key},
+    {40, stray_key_up},      {300, let_go_of_one},     {100, let_go_all},        {200, some_button},
+    {150, some_stick_move},  {100, some_stick_button}, {600, wait_a_little},     {200, wait_a_moment},
+    {40, wait_some_seconds}, {10, wait_a_minute},      {20, click_anything},     {20, lay_speed},
+    {40, pause_or_resume},   {6, stop_practice},       {3, back_to_setup},       {40, show_next_target},
+    {4, leave_program},      {4, close_window},        {10, bring_to_the_front}, {100, something_later}};
 
 // On the title and the set-up ----------------------------------------------------------------------------
 
@@ -230,6 +220,7 @@ constexpr event_row setup_events[] = {
     {4, type_anything},       {4, tap_some_key},    {4, let_go_all},         {8, wait_a_moment},
     {1, wait_a_minute},       {1, close_window},    {1, bring_to_the_front}, {2, something_later},
     {8, open_calibration},    {2, plug_or_pull}};
+
 constexpr auto go_on = [](walker& w) { w.click(w.t().intro.lblstart); };
 
 constexpr event_row other_events[] = {
@@ -281,7 +272,7 @@ void some_disk_work(walker& w)
 constexpr auto back_from_author = [](walker& w) { w.click(w.t().rauthor.Cmdstart); };
 
 constexpr event_row author_events[] = {
-    {20, some_position},  {20, place_position},  {20, some_arrow},        {10, let_go},
+    {20, some_position},  {20, place_position},  {20, some_arrow},        {10, let_go_of_one},
     {6, let_go_all},      {20, wait_a_moment},   {4, wait_some_seconds},  {5, range_by_hand},
     {40, some_disk_work}, {8, back_from_author}, {10, click_anything},    {10, move_over_anything},
     {4, type_anything},   {1, close_window},     {2, bring_to_the_front}, {4, something_later}};
@@ -303,11 +294,11 @@ constexpr event_row calibration_events[] = {
     {2, plug_or_pull},      {4, close_window},     {4, bring_to_the_front}, {2, something_later}};
 
 // What takes no time, and so may come in the midst of a handler.
-constexpr event_row sudden_gunnery_events[] = {{30, some_key_down}, {20, let_go},          {10, stray_key_up},
-                                               {15, some_button},   {10, some_stick_move}, {8, pause_sim},
-                                               {4, stop_sim},       {3, back_to_setup},    {1, leave_program},
-                                               {1, close_window},   {4, click_anything},   {3, lay_speed}};
-constexpr event_row sudden_other_events[] = {{10, some_key_down}, {10, let_go}, {10, click_anything}};
+constexpr event_row sudden_gunnery_events[] = {
+    {30, some_key_down},   {20, let_go_of_one},  {10, stray_key_up},  {15, some_button},
+    {10, some_stick_move}, {8, pause_or_resume}, {4, stop_practice},  {3, back_to_setup},
+    {1, leave_program},    {1, close_window},    {4, click_anything}, {3, lay_speed}};
+constexpr event_row sudden_other_events[] = {{10, some_key_down}, {10, let_go_of_one}, {10, click_anything}};
 
 }   // namespace
 
@@ -329,7 +320,7 @@ void sudden_event(walker& w)
 void event_in_lay(walker& w)
 {
     static constexpr event_row rows[] = {
-        {85, sudden_event}, {6, stop_sim}, {5, back_to_setup}, {4, pause_sim}};
+        {85, sudden_event}, {6, stop_practice}, {5, back_to_setup}, {4, pause_or_resume}};
     w.gunnery() != nullptr ? happen(w, rows) : sudden_event(w);
 }
 

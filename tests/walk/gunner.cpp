@@ -10,26 +10,7 @@ namespace vorn {
 
 namespace {
 
-// One of the gunner's controls by its key, its button on the screen and its number on the stick.
-struct control {
-    int key;
-    screen_object gunnery_screen::*button;
-    int stick;      // 0: none
-    bool clicked;   // the button answers to a click
-};
-constexpr control up{'U', &gunnery_screen::Cmdup, 0, false};
-constexpr control left{'H', &gunnery_screen::Cmdleft, 0, false};
-constexpr control right{'J', &gunnery_screen::Cmdright, 0, false};
-constexpr control down{'N', &gunnery_screen::Cmddown, 0, false};
-constexpr control coax{'Q', &gunnery_screen::Cmdcoax, 0, true};
-constexpr control off{'W', &gunnery_screen::Cmdoff, 0, true};
-constexpr control mainarm{'E', &gunnery_screen::Cmdselectmain, 0, true};
-constexpr control rounds{'R', &gunnery_screen::Cmdmaingun, 2, true};
-constexpr control laser{'A', &gunnery_screen::Cmdlaze, 3, false};
-constexpr control autolay{'S', &gunnery_screen::Cmdautolay, 4, false};
-constexpr control trigger{'D', &gunnery_screen::Cmdfire, 1, false};
-
-device device_for(walker& w, const gunnery_screen& s, const control& c)
+device device_for(walker& w, const gunnery_screen& s, const hand_row& c)
 {
     const practice_state& p = w.t().shared;
     const bool button = p.mouseselected && takes_input(s.*c.button);
@@ -39,38 +20,36 @@ device device_for(walker& w, const gunnery_screen& s, const control& c)
     return stick && !(button && w.now_and_then(0.5)) ? device::stick : device::mouse;
 }
 
-void go_down(walker& w, gunnery_screen& s, device by, const control& c)
+void go_down(walker& w, gunnery_screen& s, device by, const hand_row& c)
 {
     if (by == device::key) return w.key_down(c.key);
     if (by == device::stick) return w.stick_down(c.stick);
-    c.clicked ? w.click(s.*c.button) : w.press(s.*c.button);
+    (s.*c.button).Click ? w.click(s.*c.button) : w.press(s.*c.button);
 }
 
-void go_up(walker& w, gunnery_screen& s, device by, const control& c)
+void go_up(walker& w, gunnery_screen& s, device by, const hand_row& c)
 {
-    w.let_go(by,
-             by == device::key     ? c.key
-             : by == device::stick ? c.stick
-                                   : 0,
-             by == device::mouse ? &(s.*c.button) : nullptr);
+    if (by == device::mouse) return w.let_go(by, 0, &(s.*c.button));
+    w.let_go(by, by == device::key ? c.key : c.stick, nullptr);
 }
 
 using steps = std::deque<std::function<void()>>;
 
 // Down now, and up after a while, with what is done meanwhile between.
-void hold(walker& w, gunnery_screen& s, const control& c, double seconds, const steps& meanwhile = {})
+void hold(walker& w, gunnery_screen& s, hand h, double seconds, const steps& meanwhile = {})
 {
+    const hand_row& c = row_of(h);
     const device by = device_for(w, s, c);
     steps& intent = w.run->intent;
     if (seconds > 0) intent.push_back([&w, seconds] { w.wait(seconds); });
     for (const auto& step : meanwhile) intent.push_back(step);
-    intent.push_back([&w, &s, by, c] { go_up(w, s, by, c); });
+    intent.push_back([&w, &s, &c, by] { go_up(w, s, by, c); });
     go_down(w, s, by, c);
 }
 
-void tap(walker& w, gunnery_screen& s, const control& c)
+void tap(walker& w, gunnery_screen& s, hand h)
 {
-    hold(w, s, c, 0);
+    hold(w, s, h, 0);
 }
 
 // Where the next round will come down, beside the aim point, in twips.
@@ -127,38 +106,39 @@ void steer(walker& w, gunnery_screen& s, const offset& to)
     const double downward = aimdown(s) - to.down;
     if (w.t().shared.joyselected && w.now_and_then(0.5)) return steer_by_stick(w, across, downward);
     if (std::abs(across) > std::abs(downward))
-        return hold(w, s, across > 0 ? right : left, seconds_for(s, std::abs(across)));
-    hold(w, s, downward > 0 ? down : up, seconds_for(s, std::abs(downward)));
+        return hold(w, s, across > 0 ? hand::right : hand::left, seconds_for(s, std::abs(across)));
+    hold(w, s, downward > 0 ? hand::down : hand::up, seconds_for(s, std::abs(downward)));
 }
 
 void chooseround(walker& w, gunnery_screen& s)
 {
     const bool coaxarmed = s.Lblammotype.Caption == "COAX";
     const bool coaxwanted = s.nature == coax_transport;
-    if (!s.ammoarmed) return tap(w, s, coaxwanted ? coax : mainarm);
-    if (coaxarmed != coaxwanted || s.heshcorrecting) return tap(w, s, w.now_and_then(0.9) ? off : laser);
-    tap(w, s, rounds);
+    if (!s.ammoarmed) return tap(w, s, coaxwanted ? hand::coax : hand::mainarm);
+    if (coaxarmed != coaxwanted || s.heshcorrecting)
+        return tap(w, s, w.now_and_then(0.9) ? hand::off : hand::laze);
+    tap(w, s, hand::ammo);
 }
 
 void shoot(walker& w, gunnery_screen& s)
 {
     const bool burst = s.nature == coax_transport;
-    hold(w, s, trigger, burst ? 0.05 + w.part() * 0.4 : 0);
+    hold(w, s, hand::fire, burst ? 0.05 + w.part() * 0.4 : 0);
     // A HESH round that went wide is corrected by two presses with a traverse between them.
     if (s.nature != hesh_bmp || !s.heshcorrecting || !w.now_and_then(0.5)) return;
-    w.run->intent.push_back([&w, &s] { tap(w, s, rounds); });
+    w.run->intent.push_back([&w, &s] { tap(w, s, hand::ammo); });
     w.run->intent.push_back([&w, &s] { steer(w, s, {static_cast<double>(s.windoffset), aimdown(s)}); });
-    w.run->intent.push_back([&w, &s] { tap(w, s, rounds); });
+    w.run->intent.push_back([&w, &s] { tap(w, s, hand::ammo); });
 }
 
 // Held until the lay has run; a HESH round may go with it still held.
 void holdautolay(walker& w, gunnery_screen& s)
 {
-    if (w.now_and_then(0.05)) return tap(w, s, autolay);
+    if (w.now_and_then(0.05)) return tap(w, s, hand::lay);
     const double whole = (s.numbers.layhold + 1) * 0.5 + 0.05;
     const bool firesin = s.gunloaded && w.now_and_then(0.5);
-    if (!firesin) return hold(w, s, autolay, whole);
-    hold(w, s, autolay, whole, {[&w, &s] { tap(w, s, trigger); }});
+    if (!firesin) return hold(w, s, hand::lay, whole);
+    hold(w, s, hand::lay, whole, {[&w, &s] { tap(w, s, hand::fire); }});
 }
 
 bool fire_control_works(const walker& w, const gunnery_screen& s)
@@ -174,14 +154,14 @@ void fight(walker& w, gunnery_screen& s)
         w.lased_target = -1;
     }
     if (s.ammoselected != s.nature || !s.ammoarmed)
-        return w.now_and_then(0.1) ? tap(w, s, trigger)
+        return w.now_and_then(0.1) ? tap(w, s, hand::fire)
                                    : chooseround(w, s);   // too soon, and the wrong round
     if (!w.by_hand && fire_control_works(w, s)) {
         if (s.layready && w.lased_target == s.targetnumber) return holdautolay(w, s);
         if (w.lased_target != s.targetnumber) {
             if (!lies_on(s, {})) return steer(w, s, {});
             w.lased_target = s.targetnumber;
-            return tap(w, s, laser);
+            return tap(w, s, hand::laze);
         }
     }
     if (!lies_on(s, fall(w.t(), s))) return steer(w, s, fall(w.t(), s));
@@ -199,7 +179,7 @@ void ambush(walker& w, const gunnery_screen& s)
 void await(walker& w, gunnery_screen& s)
 {
     if (s.Timtarget.Enabled && !s.Timtarget.fresh && w.now_and_then(0.3)) return ambush(w, s);
-    if (s.ammoarmed && w.now_and_then(0.15)) return tap(w, s, off);
+    if (s.ammoarmed && w.now_and_then(0.15)) return tap(w, s, hand::off);
     w.wait(0.3 + w.part() * 1.5);
 }
 

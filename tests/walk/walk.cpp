@@ -37,24 +37,14 @@ void walker::take_log()
         const char* kind;
         const char* words;
         const char* name;
-    } told[] = {{"caption", "FIN TANK ", "orders"},
-                {"caption", "HESH BMP ", "orders"},
-                {"caption", "COAX TRANSPORT ", "orders"},
-                {"caption", "COMMANDER :- FIN TANK  !!", "orders"},
-                {"caption", "COMMADER :- HESH BMP !!", "orders"},
-                {"caption", "COMMANDER :- COAX TRANSPORT !!", "orders"},
-                {"caption", "COMMANDER : SELECT FIN", "wrong rounds"},
+    } told[] = {{"caption", "COMMANDER : SELECT FIN", "wrong rounds"},
                 {"caption", "COMMANDER : SELECT HESH", "wrong rounds"},
                 {"caption", "COMMANDER : SELECT COAX", "wrong rounds"},
                 {"caption", "STOP DESELECT !!", "targets missed"},
                 {"caption", "PAUSE OFF", "pauses"},
                 {"box", "RATING IS", "ratings"},
-                {"box", "EXIT ?", "exits asked"},
                 {"box", "CAN'T BE SET UP", "unusable ranges"},
-                {"box", "LOCATE ONE", "ranges asked for"},
-                {"box", "LOOK FOR IT", "data asked for"},
-                {"box", "CALIBRATE", "refusals of the stick"},
-                {"help", "", "helps"}};
+                {"box", "CALIBRATE", "refusals of the stick"}};
     for (const logged& l : std::exchange(pc().log, {})) {
         if (l.kind == "caption" && l.text.ends_with(" is saved")) count("ranges saved");
         if (l.kind == "caption" && l.text.ends_with(" is open")) count("ranges opened");

@@ -8,10 +8,16 @@ namespace vorn {
 
 namespace {
 
-struct counted_up {
-    int& n;
-    explicit counted_up(int& number) : n(number) { ++n; }
-    ~counted_up() { --n; }
+// While there is one, a box is up.
+struct open_box {
+    walked_machine& pc;
+    explicit open_box(walker& w) : pc(w.pc())
+    {
+        w.let_go_all();
+        pc.open_boxes += 1;
+        pc.boxes_asked += 1;
+    }
+    ~open_box() { pc.open_boxes -= 1; }
 };
 
 }   // namespace
@@ -64,9 +70,7 @@ static void count_end(walker& w, const std::string& text)
 bool walked_machine::message_box(const message& box)
 {
     count_end(walker_, box.text);
-    walker_.let_go_all();
-    const counted_up open(open_boxes);
-    boxes_asked += 1;
+    const open_box open(walker_);
     const bool yes = walker_.now_and_then(chance_of_yes(box.text));
     answers = {{yes, time_to_answer(walker_)}};
     if (box.buttons == box_buttons::yes_no) walker_.note(yes ? "  answers yes" : "  answers no");
@@ -76,9 +80,7 @@ bool walked_machine::message_box(const message& box)
 std::optional<std::string> walked_machine::input_box(const std::string& title, const std::string& prompt,
                                                      const std::string& proposed)
 {
-    walker_.let_go_all();
-    const counted_up open(open_boxes);
-    boxes_asked += 1;
+    const open_box open(walker_);
     if (walker_.now_and_then(0.7)) inputs = {std::to_string(walker_.between(-1, 99))};
     return headless_machine::input_box(title, prompt, proposed);
 }
@@ -103,9 +105,7 @@ static const char* some_file(walker& w, const file_dialog& dialog)
 
 std::optional<std::string> walked_machine::choose_file(const file_dialog& dialog)
 {
-    walker_.let_go_all();
-    const counted_up open(open_boxes);
-    boxes_asked += 1;
+    const open_box open(walker_);
     const std::string name = some_file(walker_, dialog);
     walker_.note("  chooses " + name);
     if (walker_.now_and_then(0.8)) files = {walker_.data.ranges() + "/" + name};
@@ -141,14 +141,8 @@ glance glance_at(walker& w)
 {
     const gunnery_screen* s = w.gunnery();
     if (s == nullptr) return {};
-    return {s,
-            s->gunloaded,
-            s->Timcoax.Enabled,
-            s->simrunning,
-            s->Timtarget.ticking && w.pc().open_boxes == 0,
-            s->hits,
-            s->resets,
-            s->heshcorrection};
+    const bool inlay = s->Timtarget.ticking && w.pc().open_boxes == 0;
+    return {s, s->gunloaded, s->Timcoax.Enabled, s->simrunning, inlay, s->hits, s->resets, s->heshcorrection};
 }
 
 void count_shot(walker& w, const glance& before)
@@ -159,9 +153,8 @@ void count_shot(walker& w, const glance& before)
     const bool burst = !before.bursting && s.Timcoax.Enabled;
     if (!round && !burst) return;
     const std::string nature = natures[burst ? 2 : static_cast<int>(s.nature)];
-    w.count(s.window.name + " " + nature + " fired");
     if (s.hits > before.hits) w.count(s.window.name + " " + nature + " kills");
-    if (w.t().shared.joyselected) w.count("fired with the joystick selected");
+    if (w.t().shared.joyselected) w.count("fired by stick");
     if (round && s.hits == before.hits) w.count("misses");
     if (round && s.relayed > 0) w.count("re-lays");
 }
@@ -172,7 +165,6 @@ void count_done(walker& w, const glance& before)
     if (s == nullptr || w.pc().ended) return;
     const bool gone = s->resets != before.resets;
     const bool unloaded = s->window.state == form_state::not_loaded;
-    if (before.inlay) w.count("events in a lay");
     if (before.inlay && gone) w.count(unloaded ? "unloads in a lay" : "stops in a lay");
     if (before.running && unloaded) w.count("practices left");
     if (s->heshcorrection != before.corrected && s->heshcorrection != 0) w.count("corrections");
@@ -201,7 +193,7 @@ void walker::instantly(const std::string& what, const std::function<void()>& act
         failure = "no move holds up the program for longer than some seconds";
 }
 
-static const std::string& name_of(const screen_object& o)
+const std::string& name_of(const screen_object& o)
 {
     return !o.Caption.empty() ? o.Caption : !o.Picture.source.empty() ? o.Picture.source : o.ToolTipText;
 }
@@ -216,20 +208,10 @@ void walker::key_down(int code)
     instantly(name, [&] { pc().key_down(code); });
 }
 
-void walker::stray_key_up(int code)
-{
-    instantly("stray key up " + std::to_string(code), [&] { pc().key_up(code); });
-}
-
 void walker::stick_down(int number_)
 {
     run->held.push_back({device::stick, number_, nullptr, front_form()});
     instantly("stick button " + std::to_string(number_), [&] { pc().stick_button(number_, true); });
-}
-
-void walker::stray_stick_up(int number_)
-{
-    instantly("stray stick button up " + std::to_string(number_), [&] { pc().stick_button(number_, false); });
 }
 
 // There is one mouse.
@@ -262,37 +244,12 @@ void walker::let_go(device by, int code, const screen_object* button)
 
 void walker::let_go_one()
 {
-    if (run->held.empty()) return;
-    const held_input h = any_of(run->held);
-    let_go(h.by, h.code, h.button);
+    if (!run->held.empty()) let_go(any_of(run->held));
 }
 
 void walker::let_go_all()
 {
-    while (!run->held.empty()) {
-        const held_input h = run->held.back();
-        let_go(h.by, h.code, h.button);
-    }
-}
-
-void walker::click(screen_object& o)
-{
-    instantly("click " + name_of(o), [&] { pc().click(o); });
-}
-
-void walker::move_over(screen_object& o)
-{
-    instantly("move over " + name_of(o), [&] { pc().event(o.MouseMove); });
-}
-
-void walker::slide(screen_object& o, int position)
-{
-    instantly("slide to " + std::to_string(position), [&] { pc().slide(o, position); });
-}
-
-void walker::type(screen_object& o, const std::string& text)
-{
-    instantly("type " + text, [&] { pc().type(o, text); });
+    while (!run->held.empty()) let_go(run->held.back());
 }
 
 void walker::stick(long x, long y)
@@ -330,18 +287,13 @@ void walker::wait_a_minute()
     const int resets = watched ? s->resets : 0, target = watched ? int{s->targetnumber} : 0;
     wait(60);
     if (!watched || pc().ended || gunnery() != s || s->resets != resets || halted()) return;
-    count("minutes of a practice left to itself");
+    count("minutes left to itself");
     if (failure.empty() && s->targetnumber == target) failure = "a practice left to itself goes on";
 }
 
 void walker::close_window()
 {
     if (form* f = front_form()) instantly("close the window", [&] { pc().close_window(*f); });
-}
-
-void walker::activate(form& f)
-{
-    instantly("bring to the front " + f.name, [&] { pc().activate(f); });
 }
 
 void walker::later(double seconds, void (*action)(walker&))

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "data_folder.h"
+#include "hands.h"
 #include "platform/headless/headless_machine.h"
 #include "trainer.h"
 
@@ -30,8 +31,6 @@ public:
 private:
     walker& walker_;
 };
-
-enum class device { key, stick, mouse };
 
 // Whoever saw it go down hears when it is let go.
 struct held_input {
@@ -57,6 +56,9 @@ struct run_of_program {
     bool resumed = false;       // there was a resume since the last reset
 };
 
+// What stands on an object, to tell it by.
+const std::string& name_of(const screen_object&);
+
 struct walker {
     explicit walker(unsigned seed);
 
@@ -79,23 +81,46 @@ struct walker {
 
     // What a user does.
     void key_down(int code);
-    void stray_key_up(int code);
+    void stray_key_up(int code)
+    {
+        instantly("stray key up " + std::to_string(code), [&] { pc().key_up(code); });
+    }
     void stick_down(int number);
-    void stray_stick_up(int number);
+    void stray_stick_up(int number_)
+    {
+        instantly("stray stick button up " + std::to_string(number_),
+                  [&] { pc().stick_button(number_, false); });
+    }
     void press(screen_object&);
     void let_go(device, int code, const screen_object*);
+    void let_go(const held_input h) { let_go(h.by, h.code, h.button); }
     void let_go_one();
     void let_go_all();
-    void click(screen_object&);
-    void move_over(screen_object&);
-    void slide(screen_object&, int position);
-    void type(screen_object&, const std::string& text);
+    void click(screen_object& o)
+    {
+        instantly("click " + name_of(o), [&] { pc().click(o); });
+    }
+    void move_over(screen_object& o)
+    {
+        instantly("move over " + name_of(o), [&] { pc().event(o.MouseMove); });
+    }
+    void slide(screen_object& o, int position)
+    {
+        instantly("slide to " + std::to_string(position), [&] { pc().slide(o, position); });
+    }
+    void type(screen_object& o, const std::string& text)
+    {
+        instantly("type " + text, [&] { pc().type(o, text); });
+    }
     void stick(long x, long y);
     void plug_stick(bool in);
     void wait(double seconds);
     void wait_a_minute();   // and sees whether a practice goes on
     void close_window();
-    void activate(form&);
+    void activate(form& f)
+    {
+        instantly("bring to the front " + f.name, [&] { pc().activate(f); });
+    }
     // Something at a moment from now, in the midst of whatever then runs.
     void later(double seconds, void (*action)(walker&));
 
