@@ -142,7 +142,8 @@ TEST(shipped_icons, of_the_ranges_fill_their_squares)
         for (std::size_t i = 0; i < std::size_t{small} * small; ++i) {   // rows from the bottom
             if (number_at(bytes, from + 4 * i + 3, 1) < 128) continue;
             across += static_cast<double>(i % small) + .5;
-            up += static_cast<double>(i / small) + .5;
+            const std::size_t row = i / small;
+            up += static_cast<double>(row) + .5;
             ++count;
         }
         EXPECT_NEAR(across / count / small, .5, .12);

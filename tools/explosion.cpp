@@ -190,6 +190,7 @@ std::vector<puff> cloud()
     constexpr int fire_puffs = 34, dust_puffs = 44;
     dice d{881726454633252527};
     std::vector<puff> puffs;
+    puffs.reserve(fire_puffs + dust_puffs);
     for (int i = 0; i < fire_puffs; ++i) puffs.push_back(fire_puff(d));
     for (int i = 0; i < dust_puffs; ++i) puffs.push_back(dust_puff(d));
     return puffs;
@@ -623,7 +624,8 @@ int main(int count, char** arguments)
         std::fprintf(stderr, "usage: explosion FILE\n");
         return 2;
     }
-    constexpr std::size_t width = frames_in_row * side, height = frames / frames_in_row * side;
+    constexpr std::size_t width = std::size_t{frames_in_row} * side;
+    constexpr std::size_t height = std::size_t{frames / frames_in_row} * side;
     png_picture sheet{width, height, std::vector<std::uint8_t>(width * height * 4)};
     for (int frame = 0; frame < frames; ++frame) put_frame(sheet, frame);
     std::ofstream file(arguments[1], std::ios::binary);

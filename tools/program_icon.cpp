@@ -217,7 +217,8 @@ void paint_pixel(const std::vector<layer>& layers, point from, double side, std:
     constexpr int grid = 8;
     int sum[3] = {}, met = 0;
     for (int n = 0; n < grid * grid; ++n) {
-        const point at{from.x + (n % grid + .5) / grid * side, from.y + (n / grid + .5) / grid * side};
+        const int row = n / grid;
+        const point at{from.x + (n % grid + .5) / grid * side, from.y + (row + .5) / grid * side};
         const auto top = std::find_if(layers.rbegin(), layers.rend(),
                                       [&](const layer& l) { return covers(*l.drawn, at); });
         if (top == layers.rend()) continue;
@@ -236,12 +237,15 @@ void paint_pixel(const std::vector<layer>& layers, point from, double side, std:
 std::string painted(const std::vector<shape>& shapes, std::size_t size)
 {
     std::vector<layer> layers;
+    layers.reserve(shapes.size());
     for (const shape& s : shapes) layers.push_back({&s, heights(s)});
     png_picture picture{size, size, std::vector<std::uint8_t>(size * size * 4)};
     const double side = 100.0 / static_cast<double>(size);
-    for (std::size_t i = 0; i < size * size; ++i)
-        paint_pixel(layers, {static_cast<double>(i % size) * side, static_cast<double>(i / size) * side},
-                    side, &picture.rgba[i * 4]);
+    for (std::size_t i = 0; i < size * size; ++i) {
+        const std::size_t row = i / size;
+        paint_pixel(layers, {static_cast<double>(i % size) * side, static_cast<double>(row) * side}, side,
+                    &picture.rgba[i * 4]);
+    }
     return png(picture);
 }
 

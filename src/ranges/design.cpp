@@ -90,7 +90,8 @@ void number_buttons(S& s)
     caption(s, &s.Frame4, label({180, 1320, 3000, 270}, "TARGET PLACED", colour::dim));
     for (int n = 1; n < positions; ++n) {
         const std::string number = std::to_string(n);
-        const rectangle at{180 + 684.0 * ((n - 1) % 5), 1620.0 + 435 * ((n - 1) / 5), 624, 375};
+        const int row = (n - 1) / 5;
+        const rectangle at{180 + 684.0 * ((n - 1) % 5), 1620.0 + 435 * row, 624, 375};
         object_fields f =
             label(at, number, n == 1 ? colour::white : colour::text, text_size::normal, alignment::centre);
         f.bold = n == 1;

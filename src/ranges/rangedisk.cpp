@@ -128,7 +128,7 @@ std::string readrange(trainer& t)
     const file_text file = read_file(t.pc, s.authorfile);
     if (!file.text) return file.reason;
     item_reader items(*file.text);
-    const std::string failed = readhead(t, items);
+    std::string failed = readhead(t, items);
     if (!failed.empty()) return failed;
     for (std::size_t i = 0; i < positions; ++i) {
         if (!take_range_entry(items, i, t.shared)) return breaks_off;

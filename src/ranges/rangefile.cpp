@@ -90,7 +90,7 @@ std::string range_file_bytes(const practice_state& p)
 
 std::string write_range(const machine& m, const std::string& file, practice_state& p)
 {
-    const std::string failed = write_file(m, file, range_file_bytes(p));
+    std::string failed = write_file(m, file, range_file_bytes(p));
     if (failed.empty()) p.rangefile = file;
     return failed;
 }

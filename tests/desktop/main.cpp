@@ -3,6 +3,7 @@
 #include <QApplication>
 
 // What the font library keeps until the process ends.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the name that the sanitizer looks for
 extern "C" const char* __lsan_default_suppressions()
 {
     return "leak:libfontconfig\n";

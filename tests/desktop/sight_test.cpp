@@ -26,7 +26,8 @@ struct sight : desk, testing::WithParamInterface<double> {
     }
     void open_scaled()
     {
-        open(one, static_cast<int>(1024 * GetParam() + 0.5), static_cast<int>(768 * GetParam() + 0.5));
+        open(one, static_cast<int>(std::lround(1024 * GetParam())),
+             static_cast<int>(std::lround(768 * GetParam())));
         seen = window(one).grab().toImage();
     }
     // The colour at a point of the form, in designed pixels.

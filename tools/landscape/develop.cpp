@@ -9,7 +9,7 @@ namespace {
 
 std::uint8_t byte_of(float v)
 {
-    return static_cast<std::uint8_t>(clamp01(v) * 255 + .5f);
+    return static_cast<std::uint8_t>(std::lround(clamp01(v) * 255));
 }
 
 // Rolls off the brightest light and gives the rest a little more contrast.
@@ -21,14 +21,14 @@ float toned(float light)
 }
 
 // Blurs a row or a column: `count` values, `apart` from one another.
-void blur_line(const float* from, float* to, int count, int apart)
+void blur_line(const float* from, float* to, int count, std::ptrdiff_t apart)
 {
     constexpr float sigma = 1.25f;   // pixels
     constexpr int reach = 3;
     float weight[reach + 1], sum = 0;
     for (int i = 0; i <= reach; ++i) {
         weight[i] = std::exp(-real(i * i) / (2 * sigma * sigma));
-        sum += (i == 0 ? 1 : 2) * weight[i];
+        sum += (i == 0 ? 1.f : 2.f) * weight[i];
     }
     for (int k = 0; k < count; ++k) {
         float v = 0;
@@ -85,6 +85,7 @@ std::vector<std::uint8_t> thermal_image(const rendered& r)
     chance c(777);
     const std::vector<float> rows = row_offsets(r.height, c);
     std::vector<float> columns;
+    columns.reserve(index(r.width));
     for (int x = 0; x < r.width; ++x) columns.push_back(.003f * c.bell());
     std::vector<std::uint8_t> bytes;
     for (int y = 0; y < r.height; ++y)

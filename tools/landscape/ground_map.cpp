@@ -46,7 +46,7 @@ void map_layer::mark_distance(const path& line, float unit)
                 const float t = clamp01((x * dx + y * dy) / square);
                 const float bytes = std::hypot(x - t * dx, y - t * dy) / unit;
                 std::uint8_t& there = bytes_[index(j) * columns + index(i)];
-                if (bytes < there) there = static_cast<std::uint8_t>(bytes);
+                if (bytes < static_cast<float>(there)) there = static_cast<std::uint8_t>(bytes);
             }
     }
 }
