@@ -118,9 +118,11 @@ TEST_F(calibration, the_dot_stays_in_its_field_whatever_the_stick_says)
     EXPECT_GT(p.joyxfactor, 1e18);
 }
 
-TEST_F(calibration, can_be_begun_without_a_joystick)
+TEST_F(calibration, says_whether_there_is_a_joystick_and_begins_without_one)
 {
+    EXPECT_EQ(s.Lblstick.Caption, "JOYSTICK CONNECTED");
     pc.plug_stick(false);
+    EXPECT_NE(s.Lblstick.Caption, "JOYSTICK CONNECTED");
     pc.click(s.Cmdstart);
     press(1);
     EXPECT_EQ(shown(), "*...");

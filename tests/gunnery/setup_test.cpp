@@ -61,6 +61,18 @@ TEST(screen_reset, a_hidden_panel_stays_hidden_until_the_screen_is_unloaded)
     EXPECT_FALSE(thermal.screen().Frame4.Visible);
 }
 
+TEST(screen_reset, calls_are_held_though_neither_line_nor_sound_comes_of_them)
+{
+    drill d(sight_kind::visual);
+    d.t.shared.infocrew = d.t.shared.soundson = false;
+    d.start();
+    d.pc.advance(7);
+    EXPECT_EQ(d.crew(), "FIN TANK ");
+    EXPECT_TRUE(d.screen().voicebusy && d.pc.of_kind("sound").empty());
+    d.pc.advance(4);
+    EXPECT_FALSE(d.screen().voicebusy);
+}
+
 TEST(screen_reset, the_picture_stays_where_the_last_practice_left_it)
 {
     drill d(sight_kind::visual);
