@@ -1,6 +1,8 @@
 # What is installed where, and the Debian package: `cmake --build --preset release && (cd build/release && cpack)`.
 install(TARGETS vorn RUNTIME DESTINATION bin)
-install(DIRECTORY data/ranges DESTINATION share/vorn)
+# What somebody has saved beside the shipped files, in a tree that he fires in, is his own.
+install(DIRECTORY data/ranges DESTINATION share/vorn
+        PATTERN "*.prf" EXCLUDE PATTERN "*.vrn" EXCLUDE PATTERN "*.pdf" EXCLUDE PATTERN "*.part" EXCLUDE)
 install(FILES packaging/vorn.desktop DESTINATION share/applications)
 install(FILES packaging/org.vorn.vorn.metainfo.xml DESTINATION share/metainfo)
 install(FILES packaging/vorn-mime.xml DESTINATION share/mime/packages RENAME vorn.xml)
@@ -17,8 +19,8 @@ set(CPACK_PACKAGE_NAME vorn)
 set(CPACK_PACKAGE_CONTACT "the V.O.R.N. team <vorn@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Gunnery trainer for the gunner's station of a main battle tank")
 set(CPACK_PACKAGE_DESCRIPTION "Sets a practice up, fires it under a simulated commander and loader, scores it, debriefs it
- round by round, prints the record and makes new ranges. Visual and thermal sight, FIN, HESH and coax, by
- keyboard, mouse or joystick.")
+round by round, prints the record and makes new ranges. Visual and thermal sight, FIN, HESH and coax, by keyboard,
+mouse or joystick.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -26,8 +28,9 @@ set(CPACK_DEBIAN_PACKAGE_SECTION education)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # The libraries with the versions that the program was linked with, where Debian's tool is there to tell them.
 find_program(dpkg_shlibdeps dpkg-shlibdeps)
+find_program(file_program file)
 set(fonts "fonts-liberation2 | fonts-liberation")
-if(dpkg_shlibdeps)
+if(dpkg_shlibdeps AND file_program)
     set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "${fonts}")
 else()

@@ -13,7 +13,7 @@ sources=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sour
 mirror=${DEBIAN_MIRROR:-$(awk '/^(deb|URIs:)/ { for (i = 2; i <= NF; ++i) if ($i ~ /^http/) { print $i; exit } }' <<<"$sources")}
 suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
 root=$(mktemp -d) && chmod 755 "$root"   # the ordinary user of that system reads it
-trap 'umount -q "$root/proc" || true; rm -rf "$root"' EXIT
+trap 'umount -ql "$root/proc" || true; rm -rf --one-file-system "$root"' EXIT
 
 install_missing debootstrap "${build_packages[@]}" dpkg-dev desktop-file-utils appstream file
 if [ $# -eq 0 ]; then

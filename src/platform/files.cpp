@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 #include <iterator>
 #include <system_error>
@@ -90,14 +91,21 @@ static bool write_whole(std::ofstream& out, const std::string& text)
 enum class replaced { done, failed, not_possible };
 
 // Written beside the file and put in its place when it is whole: a disk that fills up on the way takes
-// nothing from what was there.
+// nothing from what was there. What the user has closed to himself is not replaced. Only a folder that is
+// closed to him makes it not possible.
 static replaced replace_file(const fs::path& file, const std::string& text)
 {
     std::error_code failed;
+    if (fs::exists(file, failed) && !std::fstream(file, std::ios::in | std::ios::out).is_open())
+        return replaced::failed;
     fs::path part = file;
     part += ".part";
+    if (fs::exists(part, failed) && !fs::is_regular_file(part, failed)) return replaced::failed;
+    errno = 0;
     std::ofstream out(part, std::ios::binary | std::ios::trunc);
-    if (!out.is_open()) return replaced::not_possible;
+    if (!out.is_open())
+        return errno == EACCES || errno == EPERM || errno == EROFS ? replaced::not_possible
+                                                                   : replaced::failed;
     bool whole = write_whole(out, text);
     if (whole && fs::exists(file, failed))
         fs::permissions(part, fs::status(file, failed).permissions(), failed);
@@ -119,6 +127,7 @@ std::string write_file(const machine& m, const std::string& path, const std::str
         const replaced r = replace_file(file, text);
         if (r != replaced::not_possible) return r == replaced::done ? "" : reason;
     }
+    if (fs::is_fifo(file, failed)) return reason;   // it would wait for a reader
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
     return write_whole(out, text) ? "" : reason;
 }

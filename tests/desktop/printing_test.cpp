@@ -4,6 +4,7 @@
 #include <QPdfWriter>
 #include <QTemporaryDir>
 
+#include "platform/desktop/desktop_machine.h"
 #include "platform/desktop/printing.h"
 
 namespace vorn {
@@ -38,6 +39,8 @@ TEST_F(printing, says_so_when_the_printer_cannot_be_used)
 {
     QPdfWriter printer(folder.filePath("no/such/folder/report.pdf"));
     EXPECT_NE(print_lines(printer, {{"ENGAGEMENT 1", "", 10, true, false}}), "");
+    desktop_machine pc;
+    EXPECT_NE(print_to_pdf(pc, "/dev/full", {{"ENGAGEMENT 1", "", 10, true, false}}), "");
 }
 
 }   // namespace vorn

@@ -40,7 +40,7 @@ void hold_bounds(verdict& v, const practice_state& p, const gunnery_screen& s)
 {
     v.hold(within(s.targetindex, 0, 19) && within(s.currenttarget, 0, 19),
            "positions are drawn from the range");
-    v.hold(within(s.targetnumber, 0, p.targetblocks * 3), "no more targets are shown than the practice has");
+    v.hold(within(s.targetnumber, 0, p.targetblocks * 3L), "no more targets are shown than the practice has");
     v.hold(within(s.nature, 0, 2) && within(s.ammoselected, 0, 2) && within(s.ammoindex, 0, 2),
            "natures and the cycle of rounds stay in their tables");
     v.hold(within(s.aimrow, 0, 4), "rows of the record for an aim are 0 to 4");
@@ -171,7 +171,7 @@ void hold_on_author(verdict& v, const rauthor_screen& s, const walk_moment& m)
     v.on = &s.window;
     const bool moves = s.Timex.Enabled || s.Timex1.Enabled || s.Timey.Enabled || s.Timey1.Enabled;
     v.hold(!moves || !m.idle || !m.hands_off, "the view stands still with everything let go");
-    v.hold(within(s.target, 1, positions - 1), "a position is being edited");
+    v.hold(within(static_cast<long>(s.target), 1, long{positions} - 1), "a position is being edited");
     v.hold(finite({s.pointx, s.pointy}), "a point is being marked");
     v.hold(s.Image1.Width == 14000 && s.Image1.Height == 5000, "the overview keeps its size");
 }

@@ -20,7 +20,10 @@ static bool copy_missing(const fs::path& from, const fs::path& to)
     fs::path part = to;
     part += ".part";
     fs::create_directories(to.parent_path(), failed);
-    if (!fs::copy_file(from, part, fs::copy_options::overwrite_existing, failed)) return false;
+    if (!fs::copy_file(from, part, fs::copy_options::overwrite_existing, failed)) {
+        fs::remove(part, failed);
+        return false;
+    }
     // Installed files may be for reading alone; these are the user's.
     fs::permissions(part, fs::perms::owner_write, fs::perm_options::add, failed);
     fs::rename(part, to, failed);
@@ -40,7 +43,9 @@ bool fill_directory(const fs::path& from, const fs::path& to)
 fs::path data_directory(const fs::path& installed, const fs::path& own)
 {
     if (own.empty() || can_write(installed / "ranges")) return installed;
-    return fill_directory(installed / "ranges", own / "ranges") ? own : installed;
+    // What the user has saved is in his own copy: once there is one it is used, whole or not.
+    const bool begun = can_write(own / "ranges");
+    return fill_directory(installed / "ranges", own / "ranges") || begun ? own : installed;
 }
 
 }   // namespace vorn

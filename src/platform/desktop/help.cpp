@@ -52,9 +52,9 @@ bool too_deep(const QString& page)
 {
     int depth = 0, deepest = 0;
     for (qsizetype at = page.indexOf('<'); at >= 0; at = page.indexOf('<', at + 1)) {
-        const QStringView tag = QStringView(page).mid(at + 1, 6);
-        if (tag.startsWith(u"table", Qt::CaseInsensitive)) deepest = std::max(deepest, ++depth);
-        if (tag.startsWith(u"/table", Qt::CaseInsensitive)) --depth;
+        const QString tag = page.mid(at + 1, 40).trimmed();   // blanks before the name are none to the reader
+        if (tag.startsWith("table", Qt::CaseInsensitive)) deepest = std::max(deepest, ++depth);
+        if (tag.startsWith("/table", Qt::CaseInsensitive)) depth = std::max(0, depth - 1);
     }
     return deepest > deepest_table;
 }
@@ -126,6 +126,7 @@ private:
 help_window::help_window(const QIcon& icon)
     : text_(new help_browser(this)), sought_(new QLineEdit(this)), outcome_(new QLabel(this))
 {
+    text_->setAccessibleName("Manual");
     setWindowTitle("V.O.R.N. Help");
     setWindowIcon(icon);
     setWindowFlags(Qt::Window);
@@ -227,8 +228,9 @@ void help_window::open_file(const std::string& path)
 {
     const QUrl file = QUrl::fromLocalFile(QString::fromStdString(path));
     text_->clearHistory();
+    const bool again = text_->source().adjusted(QUrl::RemoveFragment) == file;
     text_->setSource(file, QTextDocument::HtmlResource);
-    text_->reload();   // the file may have changed since it was last open
+    if (again) text_->reload();   // the file may have changed since it was last open
     text_->setFocus();
     show();
     raise();

@@ -14,6 +14,7 @@ namespace {
 constexpr qint64 largest_picture_mb =
     512;   // decoded; a larger one is refused rather than let the machine swap
 constexpr std::size_t most_icon_sizes = 64;
+constexpr int largest_icon = 1024;   // pixels a side; of an icon's images those beyond are passed over
 
 bool too_large(const QSize& s)
 {
@@ -33,6 +34,7 @@ std::vector<QImage> read_sizes(QImageReader& reader)
     std::vector<QImage> sizes;
     const bool icon = reader.imageCount() > 1 && !reader.supportsAnimation();
     do {
+        if (icon && std::max(reader.size().width(), reader.size().height()) > largest_icon) continue;
         QImage image = reader.read();
         if (!image.isNull()) sizes.push_back(drawable(std::move(image)));
     } while (icon && sizes.size() < most_icon_sizes && reader.jumpToNextImage());

@@ -1,5 +1,6 @@
 #include "platform/desktop/printing.h"
 
+#include <QBuffer>
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
@@ -8,6 +9,7 @@
 #include <QPrinterInfo>
 
 #include "platform/desktop/desktop_machine.h"
+#include "platform/files.h"
 
 namespace vorn {
 
@@ -40,14 +42,25 @@ std::string print_lines(QPagedPaintDevice& printer, const std::vector<printed_li
     return page.end() ? std::string() : "The printer has stopped.";
 }
 
-std::string print_to_pdf(const QString& file, const std::vector<printed_line>& lines)
+static std::string pdf_bytes(const std::vector<printed_line>& lines)
 {
-    QPdfWriter pdf(file);
-    pdf.setResolution(300);
-    pdf.setPageSize(QPageSize(QPageSize::A4));
-    pdf.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
-    const std::string reason = print_lines(pdf, lines);
-    return reason.empty() ? reason : "The file can't be written.";
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter pdf(&bytes);
+        pdf.setResolution(300);
+        pdf.setPageSize(QPageSize(QPageSize::A4));
+        pdf.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
+        if (!print_lines(pdf, lines).empty()) return {};
+    }
+    return bytes.data().toStdString();
+}
+
+// Made whole in memory first: a disk that is full takes no earlier report.
+std::string print_to_pdf(const machine& m, const std::string& file, const std::vector<printed_line>& lines)
+{
+    const std::string bytes = pdf_bytes(lines);
+    return bytes.empty() ? "The pages can't be drawn." : write_file(m, file, bytes);
 }
 
 // On a machine without a printer the same lines go to a PDF, if the user names one.
@@ -58,8 +71,8 @@ std::string desktop_machine::print(const std::vector<printed_line>& lines)
         return print_lines(printer, lines);
     }
     const auto file = choose_file({"THERE IS NO PRINTER: SAVE AS PDF", "PDF Files (*.pdf)|*.pdf|",
-                                   working_directory.string(), "report.pdf", true});
-    return file ? print_to_pdf(QString::fromStdString(*file), lines) : std::string();
+                                   working_directory.string(), "report.pdf", true, "pdf"});
+    return file ? print_to_pdf(*this, *file, lines) : std::string();
 }
 
 }   // namespace vorn

@@ -1,7 +1,6 @@
 // Printing of plain lines, from top to bottom, page after page.
 #pragma once
 
-#include <QString>
 #include <string>
 #include <vector>
 
@@ -14,7 +13,7 @@ namespace vorn {
 // Gives the reason when the printer can't be used, empty when all is printed.
 std::string print_lines(QPagedPaintDevice&, const std::vector<printed_line>&);
 
-// The same into a PDF file of A4 pages.
-std::string print_to_pdf(const QString& file, const std::vector<printed_line>&);
+// The same into a PDF file of A4 pages, which takes the place of an old one when it is whole.
+std::string print_to_pdf(const machine&, const std::string& file, const std::vector<printed_line>&);
 
 }   // namespace vorn

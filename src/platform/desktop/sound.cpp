@@ -16,6 +16,7 @@ namespace {
 constexpr int rate = 44100;
 constexpr int sample_bytes = 2;   // one 16-bit sample
 constexpr std::uintmax_t largest_wave = 32'000'000;
+constexpr int slowest_wave = 1000, fastest_wave = 400'000;   // samples a second
 constexpr double longest_wave = 600;   // seconds; a file of few samples a second says that it lasts for days
 
 double seconds_now()
@@ -60,9 +61,11 @@ std::optional<std::vector<Uint8>> wave_of(const std::string& file)
     Uint8* bytes = nullptr;
     Uint32 size = 0;
     if (SDL_LoadWAV(file.c_str(), &format, &bytes, &size) == nullptr) return std::nullopt;
+    const bool sane = format.freq >= slowest_wave && format.freq <= fastest_wave && format.channels <= 8;
     const double bytes_a_second =
         static_cast<double>(format.freq) * format.channels * (SDL_AUDIO_BITSIZE(format.format) / 8.0);
-    auto samples = size <= bytes_a_second * longest_wave ? converted(format, bytes, size) : std::nullopt;
+    auto samples =
+        sane && size <= bytes_a_second * longest_wave ? converted(format, bytes, size) : std::nullopt;
     SDL_FreeWAV(bytes);
     return samples;
 }
