@@ -145,9 +145,11 @@ TEST_F(help, finds_words_round_the_end_of_the_page)
 TEST_F(help, says_so_when_the_file_is_none_that_can_be_shown)
 {
     write("deep.HLP", QByteArray("<table><tr><td>").repeated(30000));
+    write("stray.HLP", QByteArray("</table>").repeated(500) + QByteArray("< table><tr><td>").repeated(400));
+    write("wide.HLP", "<table><tr><td rowspan='3' colspan=\"99999\"><table><tr><td>in");
     QDir().mkpath(folder.filePath("folder.HLP"));
     open(one);
-    for (const char* name : {"deep.HLP", "folder.HLP", "/dev/zero"}) {
+    for (const char* name : {"deep.HLP", "stray.HLP", "wide.HLP", "folder.HLP", "/dev/zero"}) {
         pc.run([&] { pc.show_help(name); });
         EXPECT_TRUE(page()->toPlainText().contains("can't be opened")) << name;
     }

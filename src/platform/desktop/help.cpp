@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QShortcut>
 #include <QTextBrowser>
@@ -37,6 +38,14 @@ QString page_style()
 {
     return QString("a { color: %1 } h1, h2, h3 { color: %2 } p, li { line-height: 125% }")
         .arg(shade(colour::live).name(), shade(colour::highlight).name());
+}
+
+// A cell over thousands of columns or rows would keep the layout busy for minutes.
+bool too_wide(const QString& page)
+{
+    static const QRegularExpression span("(col|row)span\\s*=\\s*[\"']?\\s*0*[0-9]{4}",
+                                         QRegularExpression::CaseInsensitiveOption);
+    return page.contains(span);
 }
 
 // A file that can be read at one go; neither a device, which may never end, nor a folder.
@@ -71,7 +80,7 @@ public:
         if (type != QTextDocument::HtmlResource) return {};
         const QByteArray bytes = contents(file);
         const QString page = QString::fromUtf8(bytes);
-        return bytes.isEmpty() || too_deep(page) ? missing_page(file) : page;
+        return bytes.isEmpty() || too_deep(page) || too_wide(page) ? missing_page(file) : page;
     }
 
 private:

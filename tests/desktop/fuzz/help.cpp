@@ -28,7 +28,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static viewer v;
+    static viewer& v = *new viewer;   // outlives all, or it would go after the fonts that it needs
     const QString name = v.folder.filePath("vorn.HLP");
     QFile file(name);
     if (!file.open(QIODevice::WriteOnly)) return 0;
