@@ -81,6 +81,25 @@ TEST_P(shipped_range, has_targets_near_and_far_for_every_nature)
     }
 }
 
+// By hand from any position to any other, with the picture on all sides of the window when the sight is on
+// the target, and as far above it as the gun is laid for the range.
+TEST_P(shipped_range, can_be_laid_on_all_over)
+{
+    const gunnery_screen& s = d_->screen();
+    const limit_numbers& keys = s.numbers.keylimits;
+    const double width = s.Imgrange.Width, height = s.Imgrange.Height;
+    for (std::size_t i = 1; i < positions; ++i) {
+        SCOPED_TRACE(i);
+        const double x = range_.targetx[i] + side(i) / 2, y = range_.targety[i] + side(i) / 2;
+        const double left = s.mbs1.Left - x, top = s.mbs1.Top - y;
+        EXPECT_LT(left, keys.near);
+        EXPECT_GT(left, 1 - width + std::max(keys.across, s.Picrange.Width));
+        EXPECT_LT(top + (s.visual() ? 2.0 * range_.targetrange[i] : 0), keys.near);
+        EXPECT_GT(top - (s.visual() ? 0 : range_.targetrange[i] / 2.0),
+                  1 - height + std::max(keys.down, s.Picrange.Height));
+    }
+}
+
 // The icons: each of their pictures is there, the bitmap of 32 pixels is looked at.
 constexpr int small = 32;
 

@@ -23,15 +23,6 @@ struct boxes : desk {
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(content);
     }
-    std::optional<std::string> choose(const char* typed, bool save)
-    {
-        when_box<QFileDialog>([=](QFileDialog& d) {
-            d.findChild<QLineEdit*>("fileNameEdit")->setText(typed);
-            QTest::keyClick(d.windowHandle(), Qt::Key_Return);
-        });
-        return pc.choose_file({"OPEN", "Range Files (*.arf)|*.arf|", ".", "", save});
-    }
-    std::string in_folder(const char* name) const { return folder.filePath(name).toStdString(); }
 
     QTemporaryDir folder;
 };

@@ -60,6 +60,10 @@ TEST_F(data_places, a_place_that_cannot_be_filled_is_told)
     put(own, "a file in the way");
     EXPECT_FALSE(fill_directory(installed / "ranges", own / "ranges"));
     EXPECT_FALSE(fill_directory(folder / "nothing", own / "ranges"));
+    EXPECT_EQ(data_directory(folder / "nothing", own), folder / "nothing");
+    fs::remove(own);
+    put(own / "ranges/smith.vrn", "record");
+    EXPECT_EQ(data_directory(folder / "nothing", own), own) << "what the user has saved is there";
 }
 
 }   // namespace

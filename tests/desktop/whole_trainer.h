@@ -26,20 +26,6 @@ protected:
     {
         return QTest::qWaitFor(what, milliseconds);
     }
-    void to_the_sight(gunnery_screen& s)
-    {
-        when_box<QMessageBox>([](QMessageBox& box) { box.accept(); });
-        pc.run([&] { start_program(t); });
-        ASSERT_EQ(front(pc), &t.intro.window);
-        click_on(t.intro.lblstart);
-        ASSERT_EQ(front(pc), &t.startsim.window);
-        click_on(t.startsim.Optcon2);
-        if (!s.visual()) click_on(t.startsim.Optmode2);
-        answer_yes();
-        click_on(t.startsim.Cmdstart);
-        ASSERT_EQ(front(pc), &s.window);
-        ASSERT_TRUE(wait_for([&] { return pc.window(s.window)->isVisible(); }));
-    }
 
     trainer t{pc};
 };

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <csignal>
 
@@ -76,6 +77,11 @@ TEST_F(writing, links_are_followed_and_what_is_no_file_stays_what_it_is)
     EXPECT_NE(write_file(pc, "/dev/full", "x"), "");
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
     EXPECT_NE(write_file(pc, "no folder/own.vrn", "x"), "");
+    ASSERT_EQ(mkfifo((data.ranges() + "/pipe.vrn").c_str(), 0600), 0);
+    EXPECT_NE(write_file(pc, "pipe.vrn", "x"), "") << "and nobody waits for a reader";
+    fs::create_directory(data.ranges() + "/real.vrn.part");
+    EXPECT_NE(write_file(pc, "real.vrn", "newer"), "");
+    EXPECT_EQ(data.get("real.vrn"), "new") << "no room beside it: the old one stays";
     data.put("own.vrn", std::string(5'000'000, '"'));
     EXPECT_FALSE(read_file(pc, "own.vrn").text);
 }
