@@ -67,7 +67,41 @@ void make_intro(trainer& t)
     s.window.arrival = [&t] { finddata(t); };
 }
 
-void start_program(trainer& t)
+static void open_in_setup(trainer& t, void (*open)(trainer&, const std::string&), const std::string& file)
+{
+    show(t.pc, t.startsim.window);
+    open(t, file);
+}
+
+static void open_in_debrief(trainer& t, const std::string& file)
+{
+    t.shared.debriefonly = true;
+    show(t.pc, t.results.window);
+    openrecord(t, file);
+}
+
+// The road that a user takes who opens a file from his desktop.
+static void open_given(trainer& t, const std::string& file)
+{
+    finddata(t);
+    change_directory(t.pc, t.shared.rootpath);
+    const std::string ending = name_ending(file);
+    const bool known = ending == ".arf" || ending == ".prf" || ending == ".vrn";
+    if (!known || !file_exists(t.pc, file)) {
+        t.pc.message_box(
+            {lines({known ? "THAT FILE COULD NOT BE OPENED"
+                          : "ONLY RANGES (.arf), PRACTICES (.prf) AND RECORDS (.vrn) CAN BE OPENED",
+                    file}),
+             "V.O.R.N."});
+        return;
+    }
+    hide(t.pc, t.intro.window);
+    if (ending == ".arf") open_in_setup(t, openrange, file);
+    if (ending == ".prf") open_in_setup(t, openpractice, file);
+    if (ending == ".vrn") open_in_debrief(t, file);
+}
+
+void start_program(trainer& t, const std::string& file)
 {
     t.shared.debriefonly = false;
     t.pc.message_box({lines({"MOBILE TURRET DRILL CONSOLE ", "                         by",
@@ -76,13 +110,14 @@ void start_program(trainer& t)
     show(t.pc, t.intro.window);
     load(t.pc, t.startsim.window);
     load(t.pc, t.results.window);
+    if (!file.empty()) open_given(t, file);
 }
 
 // A file inside the folder "ranges" is taken as well: it is the folder that people recognise, and the program
 // directory itself may hold no file to point at.
 static std::filesystem::path directory_of(const std::string& file)
 {
-    const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+    const std::filesystem::path folder = from_utf8(file).parent_path();
     return folder.filename() == "ranges" ? folder.parent_path() : folder;
 }
 
@@ -94,17 +129,17 @@ static void askfordata(trainer& t)
     if (!look) t.pc.end_program();
     const auto chosen = t.pc.choose_file(
         {"CHOOSE A FILE IN THE PROGRAM DIRECTORY", "All Files (*.*)|*|", t.shared.rootpath, "", false});
-    if (!chosen || !change_directory(t.pc, directory_of(*chosen).string())) return;
+    if (!chosen || !change_directory(t.pc, to_utf8(directory_of(*chosen)))) return;
     t.pc.default_directory =
-        t.pc.working_directory.string();   // so that the title screen asks once, not each time
-    t.shared.rootpath = t.pc.working_directory.string() + path_separator + "ranges";
+        to_utf8(t.pc.working_directory);   // so that the title screen asks once, not each time
+    t.shared.rootpath = to_utf8(t.pc.working_directory) + path_separator + "ranges";
 }
 
 void finddata(trainer& t)
 {
     const bool entered = !t.pc.default_directory.empty() && change_directory(t.pc, t.pc.default_directory);
     if (!entered) return askfordata(t);
-    t.shared.rootpath = t.pc.working_directory.string() + path_separator + "ranges";
+    t.shared.rootpath = to_utf8(t.pc.working_directory) + path_separator + "ranges";
 }
 
 void confirmexit(trainer& t, const std::string& firstline, const std::string& title)

@@ -12,12 +12,12 @@ namespace fs = std::filesystem;
 
 static constexpr std::uintmax_t largest_text_file = 4'000'000;
 
-static fs::path from_utf8(const std::string& s)
+fs::path from_utf8(const std::string& s)
 {
     return fs::path(std::u8string(s.begin(), s.end()));
 }
 
-static std::string to_utf8(const fs::path& p)
+std::string to_utf8(const fs::path& p)
 {
     const std::u8string s = p.u8string();
     return std::string(s.begin(), s.end());
@@ -59,6 +59,11 @@ std::string find_path(const machine& m, const std::string& path)
         found = is_there(next) ? next : entry_like(found, part);
     }
     return to_utf8(found);
+}
+
+std::string name_ending(const std::string& path)
+{
+    return lower(to_utf8(from_utf8(path).extension()));
 }
 
 bool file_exists(const machine& m, const std::string& path)

@@ -11,6 +11,9 @@ namespace vorn {
 
 inline constexpr char path_separator = static_cast<char>(std::filesystem::path::preferred_separator);
 
+std::filesystem::path from_utf8(const std::string& path);
+std::string to_utf8(const std::filesystem::path&);
+
 // The file that a stored path names: as written where that exists; otherwise, where '/' separates, '\' counts
 // as one too, and each part that isn't found is looked for without regard to case. Always absolute.
 std::string find_path(const machine&, const std::string& path);
@@ -23,6 +26,8 @@ struct file_text {
 
 // Reads a whole text file, at most four million bytes, and nothing but a plain file.
 file_text read_file(const machine&, const std::string& path);
+// The ending of a file's name, in small letters and with its dot; empty where there is none.
+std::string name_ending(const std::string& path);
 // Creates or replaces a file; gives the reason when it can't, empty when it did.
 std::string write_file(const machine&, const std::string& path, const std::string& text);
 // Deletes a plain file, by its name exactly as written; gives the reason when it can't, empty when it did.

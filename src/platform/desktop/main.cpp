@@ -1,10 +1,12 @@
 #include <QApplication>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QTimer>
 
 #include "flow/intro.h"
 #include "platform/desktop/data_directory.h"
 #include "platform/desktop/desktop_machine.h"
+#include "platform/files.h"
 #include "trainer.h"
 
 namespace fs = std::filesystem;
@@ -12,7 +14,7 @@ namespace fs = std::filesystem;
 static fs::path own_directory()
 {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return data.isEmpty() ? fs::path() : fs::path(data.toStdString()) / "vorn";
+    return data.isEmpty() ? fs::path() : vorn::from_utf8(data.toStdString()) / "vorn";
 }
 
 // The directory that holds the folder "ranges": installed beside the program, or, in a build tree, that of
@@ -22,16 +24,22 @@ static std::string program_directory()
 #ifdef Q_OS_WIN
     return "C:\\Program Files\\V.O.R.N";
 #else
-    const fs::path program = QCoreApplication::applicationDirPath().toStdString();
+    const fs::path program = vorn::from_utf8(QCoreApplication::applicationDirPath().toStdString());
     std::error_code failed;
     const fs::path installed = (program / "../share/vorn").lexically_normal();
     if (fs::is_directory(installed / "ranges", failed))
-        return vorn::data_directory(installed, own_directory()).string();
+        return vorn::to_utf8(vorn::data_directory(installed, own_directory()));
     fs::path above = program;
     for (int i = 0; i <= 4; ++i, above = above.parent_path())
-        if (fs::is_directory(above / "data/ranges", failed)) return (above / "data").string();
-    return installed.string();
+        if (fs::is_directory(above / "data/ranges", failed)) return vorn::to_utf8(above / "data");
+    return vorn::to_utf8(installed);
 #endif
+}
+
+// The file that the user starts the program with, as when he opens one from his desktop.
+static std::string given_file(const QStringList& arguments)
+{
+    return arguments.size() < 2 ? std::string() : QFileInfo(arguments[1]).absoluteFilePath().toStdString();
 }
 
 int main(int argc, char** argv)
@@ -41,6 +49,7 @@ int main(int argc, char** argv)
     vorn::desktop_machine machine;
     machine.default_directory = program_directory();
     vorn::trainer trainer(machine);
-    QTimer::singleShot(0, &app, [&] { machine.run([&] { vorn::start_program(trainer); }); });
+    const std::string file = given_file(QApplication::arguments());
+    QTimer::singleShot(0, &app, [&] { machine.run([&] { vorn::start_program(trainer, file); }); });
     return QApplication::exec();
 }

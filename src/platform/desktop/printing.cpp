@@ -71,7 +71,7 @@ std::string desktop_machine::print(const std::vector<printed_line>& lines)
         return print_lines(printer, lines);
     }
     const auto file = choose_file({"THERE IS NO PRINTER: SAVE AS PDF", "PDF Files (*.pdf)|*.pdf|",
-                                   working_directory.string(), "report.pdf", true, "pdf"});
+                                   to_utf8(working_directory), "report.pdf", true, "pdf"});
     return file ? print_to_pdf(*this, *file, lines) : std::string();
 }
 
