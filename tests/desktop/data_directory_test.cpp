@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <chrono>
 #include <fstream>
 #include <sstream>
 
@@ -53,6 +54,33 @@ TEST_F(data_places, a_copy_is_filled_with_what_it_lacks_and_nothing_of_the_users
     EXPECT_EQ(get(own / "ranges/visualrange.arf"), "the user's");
     EXPECT_EQ(get(own / "ranges/smith.vrn"), "record");
     EXPECT_EQ(get(own / "ranges/target icons/target1.ico"), "icon");
+}
+
+TEST_F(data_places, a_new_version_renews_what_the_user_has_left_as_it_came_but_no_range)
+{
+    const char* const names[] = {"vorn.HLP", "wavs/fire.wav", "target icons/target1.ico", "visualrange.arf"};
+    const auto install = [&](const char* text, std::chrono::hours age) {
+        for (const char* name : names) {
+            put(installed / "ranges" / name, text);
+            fs::last_write_time(installed / "ranges" / name, fs::file_time_type::clock::now() - age);
+        }
+        ASSERT_TRUE(fill_directory(installed / "ranges", own / "ranges"));
+    };
+    install("first", std::chrono::hours(100));
+    put(own / "ranges/wavs/fire.wav", "the user's");
+    fs::remove(own / "ranges/target icons/target1.ico");
+    install("second", std::chrono::hours(50));
+    EXPECT_EQ(get(own / "ranges/vorn.HLP"), "second");
+    EXPECT_EQ(get(own / "ranges/wavs/fire.wav"), "the user's");
+    EXPECT_EQ(get(own / "ranges/target icons/target1.ico"), "second");
+    EXPECT_EQ(get(own / "ranges/visualrange.arf"), "first")
+        << "a range of the user's may stand on its picture";
+    install("third", std::chrono::hours(70));   // an older build is put back
+    EXPECT_EQ(get(own / "ranges/vorn.HLP"), "third");
+    EXPECT_EQ(get(own / "ranges/wavs/fire.wav"), "the user's");
+    put(own / "ranges/.copied", "not a list");
+    install("fourth", std::chrono::hours(1));
+    EXPECT_EQ(get(own / "ranges/vorn.HLP"), "third") << "whether it is the user's is not known";
 }
 
 TEST_F(data_places, a_place_that_cannot_be_filled_is_told)
