@@ -60,6 +60,39 @@ TEST(contrast, of_each_text_on_each_screen_is_enough)
     EXPECT_GT(texts, 250);
 }
 
+// The words of the title stand on its picture, those of the manual on the page of its viewer.
+TEST(contrast, of_the_title_and_of_the_manual_is_enough)
+{
+    desktop_machine pc;
+    trainer t(pc);
+    pc.default_directory = VORN_SOURCE_DIR "/data";
+    screen_object* const words[] = {&t.intro.Label1, &t.intro.lblstart, &t.intro.lblabout, &t.intro.lblhelp,
+                                    &t.intro.lblexit};
+    pc.run([&] {
+        show(pc, t.intro.window);
+        for (screen_object* o : words) o->Visible = false;
+        t.intro.Label2.Visible = false;
+    });
+    const QImage picture = pc.window(t.intro.window)->grab().toImage();
+    const double scale = picture.width() / form_width;
+    for (const screen_object* o : words) {
+        int pale = 0, all = 0;
+        for (double y = o->Top * scale; y < (o->Top + o->Height) * scale; ++y)
+            for (double x = o->Left * scale; x < (o->Left + o->Width) * scale; ++x, ++all)
+                for (const colour ink : {o->ForeColor, colour::highlight})
+                    pale += contrast(shade(ink), picture.pixelColor(int(x), int(y))) < 4.5;
+        EXPECT_EQ(pale, 0) << o->Caption << ", pixels of " << all;
+    }
+    pc.show_help(VORN_SOURCE_DIR "/data/ranges/vorn.HLP");
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w->windowTitle() == "V.O.R.N. Help") {
+            const QPalette page = w->palette();
+            for (const QColor& ink :
+                 {page.color(QPalette::Text), shade(colour::live), shade(colour::highlight)})
+                EXPECT_GE(contrast(ink, page.color(QPalette::Base)), 4.5) << ink.name().toStdString();
+        }
+}
+
 // What a screen reader says of whatever can be worked.
 TEST(names, are_given_to_everything_that_can_be_worked)
 {
