@@ -168,4 +168,15 @@ TEST_F(help, lays_damaged_pages_out_and_goes_on)
     EXPECT_TRUE(page()->toPlainText().contains("a link"));
 }
 
+TEST_F(help, says_so_when_there_is_no_file)
+{
+    open(one);
+    pc.run([&] { pc.show_help("absent.HLP"); });
+    ASSERT_NE(page(), nullptr);
+    EXPECT_TRUE(page()->toPlainText().contains("absent.HLP"));
+    write("absent.HLP", "<p>here now</p>");
+    pc.run([&] { pc.show_help("absent.HLP"); });
+    EXPECT_EQ(page()->toPlainText(), "here now");
+}
+
 }   // namespace vorn::testing_desk

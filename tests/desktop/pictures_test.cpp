@@ -7,10 +7,12 @@
 #include <QImageReader>
 #include <QTemporaryDir>
 #include <QtEndian>
+#include <set>
 
 #include "platform/desktop/desktop_machine.h"
 #include "platform/desktop/drawings.h"
 #include "platform/desktop/pictures.h"
+#include "trainer.h"
 
 namespace vorn {
 
@@ -133,25 +135,37 @@ TEST_F(pictures, an_icon_has_its_largest_size_and_is_drawn_from_the_next_that_su
     EXPECT_EQ(drawn_from(*p.result, 33), QSize(48, 48));
     EXPECT_EQ(drawn_from(*p.result, 200), QSize(64, 64));
     EXPECT_TRUE(image_for(*p.result, QSize(16, 16))->hasAlphaChannel());
+
+    write("huge.ico", icon_file({16, 3000}));   // the second image is larger than the head of the file says
+    const loaded_picture without = pc.load_picture("huge.ico");
+    ASSERT_TRUE(without.result) << without.reason;
+    EXPECT_EQ(drawn_from(*without.result, 48), QSize(16, 16)) << "the rest of it serves";
 }
 
+// Whatever a screen names instead of a file is painted, within its place.
 TEST(drawings, exist_for_each_name_the_screens_use_and_for_no_other)
 {
-    const auto drawn = [](const char* name) {
-        QImage canvas(173, 200, QImage::Format_ARGB32_Premultiplied);
+    desktop_machine pc;
+    trainer t(pc);
+    const auto painted = [](const std::string& name, const QSize& size) {
+        QImage canvas(size, QImage::Format_ARGB32_Premultiplied);
         canvas.fill(Qt::transparent);
+        const QImage empty = canvas;
         QPainter p(&canvas);
         draw_picture(p, picture{name, 0, 0, nullptr}, canvas.rect());
         p.end();
-        QImage empty(canvas.size(), canvas.format());
-        empty.fill(Qt::transparent);
         return canvas != empty;
     };
-    for (const char* name : {":arrow_up", ":arrow_down", ":arrow_left", ":arrow_right", ":lamp_off",
-                             ":lamp_main", ":lamp_coax", ":lamp_ready", ":keys", ":title", ":emblem"})
-        EXPECT_TRUE(drawn(name)) << name;
-    EXPECT_FALSE(drawn(":nothing"));
-    EXPECT_FALSE(drawn(""));
+    std::set<std::string> names;
+    for (const form* f : {&t.intro.window, &t.startsim.window, &t.simulator.window, &t.thermal.window,
+                          &t.results.window, &t.rauthor.window, &t.joycal.window})
+        for (const screen_object* o : f->objects)
+            if (is_drawing(o->Picture) && names.insert(o->Picture.source).second) {
+                EXPECT_TRUE(painted(o->Picture.source, QSize(60, 50))) << o->Picture.source;
+            }
+    EXPECT_GT(names.size(), 70U);
+    EXPECT_FALSE(painted(":nothing", QSize(60, 50)));
+    EXPECT_FALSE(painted("", QSize(60, 50)));
 }
 
 // Frames of the explosion before a plain meadow: a flash, a fire, smoke that goes; the hot one in grey.

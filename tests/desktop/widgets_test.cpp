@@ -106,6 +106,33 @@ TEST_F(objects, an_option_runs_once_when_it_becomes_the_chosen_one_of_its_frame)
     EXPECT_TRUE(chosen(b));
 }
 
+TEST_F(objects, what_a_handler_takes_back_is_not_seen)
+{
+    screen_object& check = one.put(kind::checkbox, 0, 0, 1500, 300);
+    screen_object& slider = one.put(kind::slider, 0, 600, 1500, 300);
+    screen_object& text = one.put(kind::textbox, 0, 1200, 1500, 300);
+    screen_object& first = option(1800, nullptr);
+    screen_object& second = option(2400, nullptr);
+    slider.Max = 10;
+    first.Value = 1;
+    check.Click = [&] { check.Value = 0; };
+    slider.Change = [&] { slider.Value = 3; };
+    text.Change = [&] { text.Text = "ONE"; };
+    second.Click = [&] {
+        first.Value = 1;
+        second.Value = 0;
+    };
+    open(one);
+    click(check);
+    click(second);
+    widget<QSlider>(slider).setValue(9);
+    QTest::keyClicks(&widget<QLineEdit>(text), "o");
+    EXPECT_FALSE(widget<QCheckBox>(check).isChecked());
+    EXPECT_TRUE(chosen(first) && !chosen(second));
+    EXPECT_EQ(widget<QSlider>(slider).value(), 3);
+    EXPECT_EQ(widget<QLineEdit>(text).text(), "ONE");
+}
+
 TEST_F(objects, a_slider_runs_on_a_new_position_alone_whoever_moves_it)
 {
     screen_object& slider = one.put(kind::slider, 0, 600, 1500, 300);

@@ -11,14 +11,14 @@ namespace vorn {
 
 namespace {
 
-constexpr qint64 largest_picture_mb =
-    512;   // decoded; a larger one is refused rather than let the machine swap
+constexpr int largest_picture_mb = 512;   // decoded; a larger one is refused rather than let the machine swap
 constexpr std::size_t most_icon_sizes = 64;
-constexpr int largest_icon = 1024;   // pixels a side; of an icon's images those beyond are passed over
+constexpr int largest_icon_mb = 8;   // decoded; of an icon's images those beyond are passed over, by what
+                                     // they hold rather than by the size that the head of the file gives them
 
 bool too_large(const QSize& s)
 {
-    return qint64{4} * s.width() * s.height() > largest_picture_mb * 1024 * 1024;
+    return qint64{4} * s.width() * s.height() > qint64{largest_picture_mb} * 1024 * 1024;
 }
 
 // Formats that the painter draws without converting each line anew.
@@ -33,11 +33,12 @@ std::vector<QImage> read_sizes(QImageReader& reader)
 {
     std::vector<QImage> sizes;
     const bool icon = reader.imageCount() > 1 && !reader.supportsAnimation();
+    QImageReader::setAllocationLimit(icon ? largest_icon_mb : largest_picture_mb);
     do {
-        if (icon && std::max(reader.size().width(), reader.size().height()) > largest_icon) continue;
         QImage image = reader.read();
         if (!image.isNull()) sizes.push_back(drawable(std::move(image)));
     } while (icon && sizes.size() < most_icon_sizes && reader.jumpToNextImage());
+    QImageReader::setAllocationLimit(largest_picture_mb);   // it holds for the whole program
     std::stable_sort(sizes.begin(), sizes.end(),
                      [](const QImage& a, const QImage& b) { return a.width() < b.width(); });
     return sizes;
@@ -50,7 +51,6 @@ loaded_picture read_picture(const std::string& source, const std::string& path)
     const QFileInfo file(QString::fromStdString(path));
     if (!file.exists()) return {std::nullopt, "The file does not exist."};
     if (!file.isFile()) return {std::nullopt, "It is not a file."};
-    QImageReader::setAllocationLimit(largest_picture_mb);
     QImageReader reader(file.filePath());
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(false);
