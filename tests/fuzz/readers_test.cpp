@@ -66,7 +66,7 @@ private:
 
 struct file_reader : testing::TestWithParam<reader> {};
 INSTANTIATE_TEST_SUITE_P(all, file_reader,
-                         testing::Values(reader{"items", "range", fuzz_items, 20000},
+                         testing::Values(reader{"items", "items", fuzz_items, 20000},
                                          reader{"range", "range", fuzz_range, 20000},
                                          reader{"practice", "practice", fuzz_practice, 1500},
                                          reader{"results", "results", fuzz_results, 3000}),
