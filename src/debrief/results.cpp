@@ -15,7 +15,6 @@ namespace vorn {
 namespace {
 
 constexpr const char* filter = "VORN Files (*.vrn)|*.vrn|";
-constexpr const char* not_opened = "THAT FILE COULD NOT BE OPENED";
 
 void say(trainer& t, const std::string& words, const std::string& title = {})
 {
@@ -74,10 +73,8 @@ void cmdopen_click(trainer& t)
     results_screen& s = t.results;
     s.Cmdopen.Enabled = false;
     const auto chosen = t.pc.choose_file({"OPEN", filter, t.shared.rootpath, "", false});
-    if (chosen)
-        openrecord(t, *chosen);
-    else
-        say(t, not_opened);
+    if (chosen) t.shared.resultsfile = *chosen;
+    if (!chosen || !read_record(t)) say(t, "THAT FILE COULD NOT BE OPENED");
     s.Cmdopen.Enabled = true;
 }
 
@@ -139,12 +136,6 @@ void make_results_hints(results_screen& s)
 }
 
 }   // namespace
-
-void openrecord(trainer& t, const std::string& file)
-{
-    t.shared.resultsfile = file;
-    if (!read_record(t)) say(t, not_opened);
-}
 
 void showdetails(trainer& t)
 {

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <deque>
-#include <string>
 
 #include "platform/objects.h"
 
@@ -47,8 +46,5 @@ struct results_screen {
 };
 
 void make_results(trainer&);
-
-// Shows the record of this file; tells the user when it can't be read.
-void openrecord(trainer&, const std::string& file);
 
 }   // namespace vorn

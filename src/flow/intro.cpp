@@ -67,41 +67,7 @@ void make_intro(trainer& t)
     s.window.arrival = [&t] { finddata(t); };
 }
 
-static void open_in_setup(trainer& t, void (*open)(trainer&, const std::string&), const std::string& file)
-{
-    show(t.pc, t.startsim.window);
-    open(t, file);
-}
-
-static void open_in_debrief(trainer& t, const std::string& file)
-{
-    t.shared.debriefonly = true;
-    show(t.pc, t.results.window);
-    openrecord(t, file);
-}
-
-// The road that a user takes who opens a file from his desktop.
-static void open_given(trainer& t, const std::string& file)
-{
-    finddata(t);
-    change_directory(t.pc, t.shared.rootpath);
-    const std::string ending = name_ending(file);
-    const bool known = ending == ".arf" || ending == ".prf" || ending == ".vrn";
-    if (!known || !file_exists(t.pc, file)) {
-        t.pc.message_box(
-            {lines({known ? "THAT FILE COULD NOT BE OPENED"
-                          : "ONLY RANGES (.arf), PRACTICES (.prf) AND RECORDS (.vrn) CAN BE OPENED",
-                    file}),
-             "V.O.R.N."});
-        return;
-    }
-    hide(t.pc, t.intro.window);
-    if (ending == ".arf") open_in_setup(t, openrange, file);
-    if (ending == ".prf") open_in_setup(t, openpractice, file);
-    if (ending == ".vrn") open_in_debrief(t, file);
-}
-
-void start_program(trainer& t, const std::string& file)
+void start_program(trainer& t)
 {
     t.shared.debriefonly = false;
     t.pc.message_box({lines({"MOBILE TURRET DRILL CONSOLE ", "                         by",
@@ -110,7 +76,6 @@ void start_program(trainer& t, const std::string& file)
     show(t.pc, t.intro.window);
     load(t.pc, t.startsim.window);
     load(t.pc, t.results.window);
-    if (!file.empty()) open_given(t, file);
 }
 
 // A file inside the folder "ranges" is taken as well: it is the folder that people recognise, and the program

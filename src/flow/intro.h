@@ -19,9 +19,8 @@ struct intro_screen {
 
 void make_intro(trainer&);
 
-// The start of the program: to the title screen, or, with the absolute path of a range, a practice or a
-// record, to the screen that opens it. To be run as one event: the arrival at that screen follows it.
-void start_program(trainer&, const std::string& file = {});
+// The start of the program. To be run as one event: the arrival at the title screen follows it.
+void start_program(trainer&);
 
 // Makes the program directory the working directory and finds the data below it; asks the user when the
 // default directory can't be entered.

@@ -56,7 +56,10 @@ file_dialog practice_dialog(const trainer& t, bool save)
 void cmdopenset_click(trainer& t)
 {
     const auto chosen = t.pc.choose_file(practice_dialog(t, false));
-    if (chosen) openpractice(t, *chosen);
+    if (!chosen) return;
+    t.startsim.practicefile = *chosen;
+    const file_text file = read_file(t.pc, *chosen);
+    if (file.text) apply_practice(t, *file.text);
 }
 
 void cmdsaveset_click(trainer& t)
@@ -68,13 +71,6 @@ void cmdsaveset_click(trainer& t)
 }
 
 }   // namespace
-
-void openpractice(trainer& t, const std::string& file)
-{
-    t.startsim.practicefile = file;
-    const file_text read = read_file(t.pc, file);
-    if (read.text) apply_practice(t, *read.text);
-}
 
 std::string practice_file_bytes(const startsim_screen& s)
 {

@@ -12,7 +12,10 @@ void cmdopenrange_click(trainer& t)
 {
     const auto chosen =
         t.pc.choose_file({"OPEN RANGE SETUP", "Range Files (*.arf)|*.arf|", t.shared.rootpath, "", false});
-    if (chosen) openrange(t, *chosen);
+    if (!chosen) return;
+    t.shared.rangefile = *chosen;
+    readrangehead(t);
+    t.startsim.Frmmode.Enabled = false;   // from now on the range's own type gives the mode
 }
 
 void optmode_click(trainer& t, int mode, const char* range, const char* summary)
@@ -50,13 +53,6 @@ void askforrange(trainer& t)
 }
 
 }   // namespace
-
-void openrange(trainer& t, const std::string& file)
-{
-    t.shared.rangefile = file;
-    readrangehead(t);
-    t.startsim.Frmmode.Enabled = false;   // from now on the range's own type gives the mode
-}
 
 void readrangehead(trainer& t)
 {

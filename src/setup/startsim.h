@@ -65,12 +65,6 @@ struct startsim_screen {
 
 void make_startsim(trainer&);
 
-// Takes a range for the next practice, and from then on the mode from its type. When it can't be read the
-// user is asked for another.
-void openrange(trainer&, const std::string& file);
-// Sets the options as a practice file says; one that can't be read changes nothing.
-void openpractice(trainer&, const std::string& file);
-
 // Reads name and type of the range of the practice and takes the mode from the type. When it can't be read
 // the user is asked for another; a no ends the program.
 void readrangehead(trainer&);

@@ -90,7 +90,12 @@ TEST_F(data_places, a_place_that_cannot_be_filled_is_told)
     EXPECT_FALSE(fill_directory(folder / "nothing", own / "ranges"));
     EXPECT_EQ(data_directory(folder / "nothing", own), folder / "nothing");
     fs::remove(own);
-    put(own / "ranges/smith.vrn", "record");
+    put(own / "ranges/wavs", "a file in the way of a folder");
+    put(installed / "ranges/wavs/fire.wav", "sound");
+    EXPECT_FALSE(fill_directory(installed / "ranges", own / "ranges"));
+    EXPECT_EQ(data_directory(folder / "nothing", own), folder / "nothing") << "a copy that was never whole";
+    fs::remove(own / "ranges/wavs");
+    ASSERT_TRUE(fill_directory(installed / "ranges", own / "ranges"));
     EXPECT_EQ(data_directory(folder / "nothing", own), own) << "what the user has saved is there";
 }
 

@@ -1,11 +1,8 @@
 // From the first box to a gunnery screen and back, and what is told when something is missing.
 #include <gtest/gtest.h>
 
-#include "debrief/resultsfile.h"
 #include "drill.h"
 #include "flow/intro.h"
-#include "platform/files.h"
-#include "setup/setup.h"
 
 namespace vorn {
 namespace {
@@ -52,46 +49,6 @@ TEST_F(program, comes_up_through_its_box_to_the_title_screen)
     EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::text);
     pc.click(t.intro.lblhelp);
     EXPECT_EQ(pc.of_kind("help"), std::vector<std::string>{data.ranges() + "/vorn.HLP"});
-}
-
-TEST_F(program, begins_with_the_file_that_it_is_opened_with)
-{
-    begin();
-    t.shared.studentdetails = "GUNNER_123";
-    t.shared.resultmode = "THERMAL";
-    const std::string record = data.program() + "/fired.VRN", practice = data.program() + "/own.prf";
-    ASSERT_EQ(write_results(pc, record, t.shared), "");
-    pc.click(t.intro.lblstart);
-    pc.click(t.startsim.Opteng3);
-    ASSERT_EQ(write_file(pc, practice, practice_file_bytes(t.startsim)), "");
-    const auto opened = [this](const std::string& file,
-                               const std::function<void(trainer&, headless_machine&)>& look) {
-        headless_machine other;
-        other.default_directory = data.program();
-        trainer u(other);
-        other.event([&] { start_program(u, file); });
-        look(u, other);
-    };
-    opened(data.ranges() + "/Thermalrange.arf", [](trainer& u, headless_machine& m) {
-        EXPECT_EQ(front(m), &u.startsim.window);
-        EXPECT_EQ(u.startsim.lblrangetype.Caption, "THERMAL");
-        EXPECT_FALSE(u.startsim.Frmmode.Enabled);
-    });
-    opened(practice, [](trainer& u, headless_machine& m) {
-        EXPECT_EQ(front(m), &u.startsim.window);
-        EXPECT_TRUE(u.startsim.Opteng3.Value);
-    });
-    opened(record, [&](trainer& u, headless_machine& m) {
-        EXPECT_EQ(front(m), &u.results.window);
-        EXPECT_EQ(u.results.Txtstudent.Text.substr(0, 10), "GUNNER_123");
-        EXPECT_FALSE(u.results.Cmdreplay.Enabled) << "there is no practice to replay";
-        EXPECT_EQ(u.shared.resultsfile, record);
-    });
-    for (const char* file : {"/none.vrn", "/visualrange.vrp"})
-        opened(data.ranges() + file, [&](trainer& u, headless_machine& m) {
-            EXPECT_EQ(front(m), &u.intro.window) << file;
-            EXPECT_NE(m.boxes.back().text.find(file), std::string::npos);
-        });
 }
 
 TEST_F(program, asks_for_its_directory_when_the_default_one_fails)

@@ -1,8 +1,10 @@
 #include "platform/desktop/data_directory.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <fstream>
 #include <map>
+#include <string>
 #include <system_error>
 
 #include "platform/files.h"
@@ -31,10 +33,30 @@ static copied_times read_times(const fs::path& folder)
     return times;
 }
 
-static void write_times(const fs::path& folder, const copied_times& times)
+// By way of a file of another name, as all that is written here, so that what has the right name is whole;
+// two programs that start at once have a name each.
+static fs::path part_of(fs::path file)
 {
-    std::ofstream file(folder / times_file);
+    return file += '.' + std::to_string(QCoreApplication::applicationPid()) + ".part";
+}
+
+static bool put_in_place(const fs::path& part, const fs::path& file)
+{
+    std::error_code failed, ignored;
+    fs::rename(part, file, failed);
+    if (failed) fs::remove(part, ignored);
+    return !failed;
+}
+
+static bool write_times(const fs::path& folder, const copied_times& times)
+{
+    const fs::path part = part_of(folder / times_file);
+    std::ofstream file(part);
     for (const auto& [name, time] : times) file << time << ' ' << name << '\n';
+    file.close();
+    std::error_code ignored;
+    if (!file) fs::remove(part, ignored);
+    return file && put_in_place(part, folder / times_file);
 }
 
 // Nanoseconds from some fixed moment; 0 for what isn't there.
@@ -45,22 +67,19 @@ static long long time_of(const fs::path& file)
     return failed ? 0 : static_cast<long long>(time.time_since_epoch().count());
 }
 
-// By way of a file of another name, so that what has the right name is whole.
 static bool copy_whole(const fs::path& from, const fs::path& to)
 {
-    std::error_code failed;
-    fs::path part = to;
-    part += ".part";
+    std::error_code failed, ignored;
+    const fs::path part = part_of(to);
     fs::create_directories(to.parent_path(), failed);
     if (!fs::copy_file(from, part, fs::copy_options::overwrite_existing, failed)) {
-        fs::remove(part, failed);
+        fs::remove(part, ignored);
         return false;
     }
     // Installed files may be for reading alone; these are the user's.
-    fs::permissions(part, fs::perms::owner_write, fs::perm_options::add, failed);
-    fs::last_write_time(part, fs::last_write_time(from, failed), failed);
-    fs::rename(part, to, failed);
-    return !failed;
+    fs::permissions(part, fs::perms::owner_write, fs::perm_options::add, ignored);
+    fs::last_write_time(part, fs::last_write_time(from, ignored), ignored);
+    return put_in_place(part, to);
 }
 
 // A range is not: the user may have made one of his own on the same picture, and its targets would then stand
@@ -89,24 +108,24 @@ bool fill_directory(const fs::path& from, const fs::path& to)
     const copied_times before = times;
     for (fs::recursive_directory_iterator i(from, failed), end; !failed && i != end; i.increment(failed)) {
         if (!i->is_regular_file(failed)) continue;
-        const fs::path relative = i->path().lexically_relative(from);
-        const std::string name = to_utf8(relative);
-        if (!lacks(i->path(), to / relative, name, times)) continue;
-        if (copy_whole(i->path(), to / relative))
-            times[name] = time_of(i->path());
-        else
-            whole = false;
+        const fs::path own = to / i->path().lexically_relative(from);
+        const std::string name = to_utf8(own.lexically_relative(to));
+        if (lacks(i->path(), own, name, times)) whole &= copy_whole(i->path(), own);
+        if (time_of(own) == time_of(i->path())) times[name] = time_of(own);
     }
-    if (times != before) write_times(to, times);
-    return whole && !failed;
+    whole = whole && !failed;
+    // The list is there once the copy has been whole, and not before.
+    if (times != before && (whole || !before.empty())) whole &= write_times(to, times);
+    return whole;
 }
 
 fs::path data_directory(const fs::path& installed, const fs::path& own)
 {
     if (own.empty() || can_write(installed / "ranges")) return installed;
-    // What the user has saved is in his own copy: once there is one it is used, whole or not.
-    const bool begun = can_write(own / "ranges");
-    return fill_directory(installed / "ranges", own / "ranges") || begun ? own : installed;
+    // What the user has saved is in his own copy: once it has been whole it is used, whatever it lacks now.
+    std::error_code failed;
+    const bool was_whole = fs::exists(own / "ranges" / times_file, failed);
+    return fill_directory(installed / "ranges", own / "ranges") || was_whole ? own : installed;
 }
 
 }   // namespace vorn

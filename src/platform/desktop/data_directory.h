@@ -8,8 +8,8 @@ namespace vorn {
 
 // The directory that holds the folder "ranges": `installed` when its ranges can be written, else `own`, which
 // is filled with what it lacks of the installed files. What the user has changed there stays as he left it.
-// Where that fails, on a full disk or without a home, a copy that was begun is used all the same, since what
-// he has saved is there, and else `installed`: a practice only reads.
+// Where that fails, on a full disk or without a home, a copy that has once been whole is used all the same,
+// since what he has saved is there, and else `installed`: a practice only reads.
 std::filesystem::path data_directory(const std::filesystem::path& installed,
                                      const std::filesystem::path& own);
 

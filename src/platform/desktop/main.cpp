@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QFileInfo>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -36,12 +35,6 @@ static std::string program_directory()
 #endif
 }
 
-// The file that the user starts the program with, as when he opens one from his desktop.
-static std::string given_file(const QStringList& arguments)
-{
-    return arguments.size() < 2 ? std::string() : QFileInfo(arguments[1]).absoluteFilePath().toStdString();
-}
-
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
@@ -49,7 +42,6 @@ int main(int argc, char** argv)
     vorn::desktop_machine machine;
     machine.default_directory = program_directory();
     vorn::trainer trainer(machine);
-    const std::string file = given_file(QApplication::arguments());
-    QTimer::singleShot(0, &app, [&] { machine.run([&] { vorn::start_program(trainer, file); }); });
+    QTimer::singleShot(0, &app, [&] { machine.run([&] { vorn::start_program(trainer); }); });
     return QApplication::exec();
 }
