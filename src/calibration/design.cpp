@@ -65,8 +65,16 @@ void readings(S& s)
     double at = row(1);
     for (const auto& r : rows) {
         caption(s, &s.Frmreadings, label({240, at + 180, 1260, box - 360}, r.words, colour::dim));
-        for (const auto& [o, left] : {std::pair{&r.x, first}, {&r.y, second}})
-            add(s.window, *o, plate({left, at, width, box}, "", colour::live, colour::black), &s.Frmreadings);
+        const struct {
+            screen_object& o;
+            double left;
+            const char* axis;
+        } pair[] = {{r.x, first, " X"}, {r.y, second, " Y"}};
+        for (const auto& [o, left, axis] : pair)
+            add(s.window, o,
+                named(plate({left, at, width, box}, "", colour::live, colour::black),
+                      std::string(r.words) + axis),
+                &s.Frmreadings);
         at += row(1) - row(0);
     }
     for (screen_object* o : {&s.Lblxmax, &s.Lblymax})

@@ -51,7 +51,7 @@ void engagement_list(S& s)
         const std::string number = std::to_string(e);
         add(s.window, s.Imgtgtnumber[e], image(at, ":blank"), &s.Frame4);
         object_fields f = label(at, number, colour::darkred, text_size::normal, alignment::centre);
-        f.AccessibleName = "Engagement " + number;
+        f.AccessibleName = "Engagement";
         if (e == 1) f.ToolTipText = "ENGAGEMENT  NUMBER ";
         add(s.window, s.Lbltgtnumber[e], std::move(f), &s.Frame4);
     }
@@ -96,6 +96,7 @@ void information(S& s)
         caption(s, &s.Frame2, label({240, top + 60, 2400, 330}, r.words, colour::dim));
         object_fields f = bold(label({2760, top, 2235, 450}, "", colour::live, text_size::large));
         f.ToolTipText = r.tip;
+        f.AccessibleName = r.words;
         add(s.window, r.value, std::move(f), &s.Frame2);
         top += 675;
     }
@@ -126,7 +127,7 @@ void round_buttons(S& s)
     for (int r = 1; screen_object * o : {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4}) {
         object_fields f = hidden(button({left, 4035, 780, 450}, std::to_string(r)));
         if (r == 1) f.ToolTipText = "ROUND NUMBER";
-        f.AccessibleName = "Round " + std::to_string(r);
+        f.AccessibleName = "Round";
         add(s.window, *o, std::move(f), &s.Frame1);
         left += 870;
         ++r;

@@ -1,6 +1,8 @@
 // How a gunnery screen is laid out. Left the control panel, right the sight; twips.
-#include "platform/design.h"
+#include <string_view>
+
 #include "gunnery/gunnery.h"
+#include "platform/design.h"
 
 namespace vorn {
 
@@ -92,8 +94,9 @@ void information(gunnery_screen& s, const layout& l)
     for (const auto& row : rows) {
         caption(s, &s.Frmsys, label({inner, top, 1740, 270}, row.words));
         add(f, row.value,
-            bold(label({l.inner_width - 690, top, 600, 270}, row.first, colour::live, text_size::normal,
-                       alignment::right)),
+            named(bold(label({l.inner_width - 690, top, 600, 270}, row.first, colour::live, text_size::normal,
+                             alignment::right)),
+                  row.words),
             &s.Frmsys);
         top += 285;
     }
@@ -120,8 +123,11 @@ void lights(gunnery_screen& s, const layout& l)
     for (const auto& row : rows) {
         const rectangle lamp{l.inner_width - 480, top, 300, 300};
         caption(s, &panel, label({180, top + 15, 1500, 270}, row.words));
-        add(f, row.beneath, image(lamp, row.beneath_lamp), &panel);
-        add(f, row.upper, image(lamp, row.upper_lamp), &panel);
+        for (const auto& [o, drawing] :
+             {std::pair{&row.beneath, row.beneath_lamp}, {&row.upper, row.upper_lamp}}) {
+            const bool dark = std::string_view(drawing) == ":lamp_off";
+            add(f, *o, named(image(lamp, drawing), std::string(row.words) + (dark ? " off" : " on")), &panel);
+        }
         top += 330;
     }
     s.Imgloaded.Visible = s.Imgloaded.design->Visible = false;
@@ -194,13 +200,15 @@ void visual_display(gunnery_screen& s)
     caption(s, &s.Frame2,
             label({inner, 300, 2475, 270}, "RANGE", colour::dim, text_size::small, alignment::centre));
     add(f, s.Lblrange,
-        bold(label({inner, 570, 2475, 480}, "", colour::live, text_size::large, alignment::centre)),
+        named(bold(label({inner, 570, 2475, 480}, "", colour::live, text_size::large, alignment::centre)),
+              "RANGE"),
         &s.Frame2);
     add(f, s.Lblcharge, label({240, 1140, 900, 300}, "CHRG", colour::live), &s.Frame2);
     add(f, s.Lblpred,
         label({1515, 1140, 900, 300}, "PRED", colour::live, text_size::normal, alignment::right), &s.Frame2);
     caption(s, &s.Frame2, image({150, 1530, 2355, 1035}, ":ammo_dial"));
-    add(f, s.Lblammotype, bold(label({480, 1680, 900, 330}, "", colour::live)), &s.Frame2);
+    add(f, s.Lblammotype, named(bold(label({480, 1680, 900, 330}, "", colour::live)), "AMMUNITION"),
+        &s.Frame2);
     caption(s, &s.Frame2,
             label({inner, 2580, 2475, 270}, "AMMUNITION", colour::dim, text_size::small, alignment::centre));
 }
@@ -209,7 +217,7 @@ void thermal_display(gunnery_screen& s)
 {
     form& f = s.window;
     const auto at = [](int place) { return rectangle{3630.0 + place * 1577, 7770, 1560, 450}; };
-    add(f, s.Lblammotype, bold(label(at(0), "", colour::live)));
+    add(f, s.Lblammotype, named(bold(label(at(0), "", colour::live)), "AMMUNITION"));
     caption(s, nullptr, label(at(1), "PRED ", colour::dim));
     caption(s, nullptr, label(at(2), "THERMAL", colour::dim));
     add(f, s.Lblcharge, hidden(label(at(3), "CHRG", colour::live)));

@@ -108,6 +108,11 @@ inline void put_buttons(form& f, rectangle first, double step, std::initializer_
 }
 
 // Changes to a row that few rows need.
+inline object_fields named(object_fields f, std::string name)
+{
+    f.AccessibleName = std::move(name);
+    return f;
+}
 inline object_fields hidden(object_fields f)
 {
     f.Visible = false;

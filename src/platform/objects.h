@@ -80,7 +80,7 @@ struct object_fields {
     std::string Text;        // text box
     bool ReadOnly = false;   // text box: shows, and takes no typing
     std::string ToolTipText;
-    std::string AccessibleName;   // what a screen reader calls it, where neither caption nor tip says it
+    std::string AccessibleName;   // what a screen reader says before the caption, or for want of one
     colour ForeColor = colour::text;
     colour BackColor = colour::ground;
     picture Picture;                         // image; a button shows it instead of its caption

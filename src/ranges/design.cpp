@@ -97,7 +97,7 @@ void number_buttons(S& s)
         f.bold = n == 1;
         f.BackColor = colour::darkred;
         if (n == 1) f.ToolTipText = "TARGET NUMBER";
-        f.AccessibleName = "Target number " + number;
+        f.AccessibleName = "Target number";
         add(s.window, s.Lbltargetnum[n], std::move(f), &s.Frame4);
     }
 }
@@ -148,7 +148,8 @@ void range_info(S& s)
         object_fields words = label({180, top + 60, 1500, 300}, r.words, colour::dim);
         words.ToolTipText = r.tip;
         caption(s, &s.Frame6, std::move(words));
-        add(s.window, r.value, bold(label({1740, top, 1860, 420}, r.first, colour::live, text_size::large)),
+        add(s.window, r.value,
+            named(bold(label({1740, top, 1860, 420}, r.first, colour::live, text_size::large)), r.tip),
             &s.Frame6);
         top += 570;
     }

@@ -90,6 +90,7 @@ void imgtarget_click(trainer& t, std::size_t icon)
 void showplaced(rauthor_screen& s, std::size_t position)
 {
     s.Lbltargetnum[position].BackColor = colour::red;
+    s.Lbltargetnum[position].AccessibleName = "Placed, target number";
 }
 
 bool loadicons(trainer& t)

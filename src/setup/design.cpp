@@ -39,12 +39,6 @@ void step(S& s, screen_object& frame, const char* number)
                        alignment::right)));
 }
 
-object_fields named(object_fields f, const char* name)
-{
-    f.AccessibleName = name;
-    return f;
-}
-
 // A frame of options one below the other.
 struct option_row {
     screen_object S::*option;
@@ -93,7 +87,7 @@ void practice_targets(S& s)
         const std::string number = std::to_string(n);
         object_fields f =
             label(at, n == 12 ? "" : number, colour::darkred, text_size::normal, alignment::centre);
-        f.AccessibleName = "Practice " + number;
+        f.AccessibleName = n == 12 ? "Practice 12" : "Practice";
         if (n == 1) f.ToolTipText = "PRACTICES";
         add(s.window, s.Lblpractice[n], std::move(f), &s.Frame13);
     }
@@ -139,9 +133,11 @@ void wind(S& s)
     add(s.window, s.Frame6, frame({edge, 4410, 7620, 1950}, "Wind Bias", "WIND BIAS"), &s.Frmoptions);
     add(s.window, s.HScrwind, named(slider({240, 480, 7140, 330}, -3, 3, 0), "Wind Bias"), &s.Frame6);
     caption(s, &s.Frame6, label({240, 1080, 1080, 300}, "Direction =", colour::dim));
-    add(s.window, s.lblwinddir, bold(label({1320, 1080, 1200, 300}, "None", colour::live)), &s.Frame6);
+    add(s.window, s.lblwinddir,
+        named(bold(label({1320, 1080, 1200, 300}, "None", colour::live)), "Direction"), &s.Frame6);
     caption(s, &s.Frame6, label({3900, 1080, 1080, 300}, "Strenght =", colour::dim));
-    add(s.window, s.Lblwindstr, bold(label({4980, 1080, 1200, 300}, "None", colour::live)), &s.Frame6);
+    add(s.window, s.Lblwindstr, named(bold(label({4980, 1080, 1200, 300}, "None", colour::live)), "Strength"),
+        &s.Frame6);
 }
 
 void firing_options(S& s)
@@ -189,9 +185,11 @@ void range_frame(S& s)
     add(s.window, s.Frame9, frame({9960, 870, 5280, 1740}, "Range"));
     step(s, s.Frame9, "3");
     caption(s, &s.Frame9, label({180, 360, 1380, 300}, "Current range", colour::dim));
-    add(s.window, s.Lblrangename, bold(label({1620, 360, 3480, 300}, "", colour::live)), &s.Frame9);
+    add(s.window, s.Lblrangename,
+        named(bold(label({1620, 360, 3480, 300}, "", colour::live)), "Current range"), &s.Frame9);
     caption(s, &s.Frame9, label({180, 720, 1380, 300}, "Rangetype", colour::dim));
-    add(s.window, s.lblrangetype, bold(label({1620, 720, 3480, 300}, "", colour::live)), &s.Frame9);
+    add(s.window, s.lblrangetype, named(bold(label({1620, 720, 3480, 300}, "", colour::live)), "Range type"),
+        &s.Frame9);
     const auto at = [](int n) { return rectangle{edge + n * 1710.0, 1170, 1650, 450}; };
     add(s.window, s.Cmdopenrange, button(at(0), "Load Range", "LOAD RANGE"), &s.Frame9);
     add(s.window, s.cmdeditrange, button(at(1), "Edit Range", "EDIT RANGE"), &s.Frame9);

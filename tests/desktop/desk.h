@@ -45,6 +45,18 @@ struct screen {
     }
 };
 
+// Every widget that takes the focus by Tab, from the one that has it, until the round is complete.
+inline std::vector<QWidget*> tab_round(QWidget& window)
+{
+    std::vector<QWidget*> round;
+    QWidget* first = QApplication::focusWidget();
+    do {
+        round.push_back(QApplication::focusWidget());
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    } while (QApplication::focusWidget() != first && round.size() < 200);
+    return round;
+}
+
 class desk : public testing::Test {
 protected:
     // Shows a screen in a window of this size, 1024 x 768 being the designed one.

@@ -204,22 +204,23 @@ void set_font(QWidget& w, const object_fields& o, double scale)
     w.setFont(title ? text_font(text_size::small, true, scale) : text_font(o.size, o.bold, scale));
 }
 
-// A tip also tells a screen reader what a thing without a caption and a name of its own is for.
-void set_tip(QWidget& w, const object_fields& o)
+// What a screen reader says: the name of the object and what stands in it. A tip tells what a thing without a
+// caption is for, but not what a label says that is empty for the moment.
+void set_name(QWidget& w, const object_fields& o)
 {
-    const QString tip = QString::fromStdString(o.ToolTipText);
-    w.setToolTip(tip);
-    if (!o.AccessibleName.empty())
-        w.setAccessibleName(QString::fromStdString(o.AccessibleName));
-    else if (o.Caption.empty())
-        w.setAccessibleName(tip);
+    std::string name = o.AccessibleName;
+    if (!name.empty() && !o.Caption.empty()) name += ' ' + o.Caption;
+    if (name.empty() && o.Caption.empty() && o.kind != object_kind::label) name = o.ToolTipText;
+    w.setAccessibleName(QString::fromStdString(name));
 }
 
 void set_looks(QWidget& w, const difference& d, double scale)
 {
     if (d.in(&object_fields::ForeColor) || d.in(&object_fields::BackColor)) set_colours(w, d.is);
     if (d.in(&object_fields::size) || d.in(&object_fields::bold)) set_font(w, d.is, scale);
-    if (d.in(&object_fields::ToolTipText)) set_tip(w, d.is);
+    if (d.in(&object_fields::ToolTipText)) w.setToolTip(QString::fromStdString(d.is.ToolTipText));
+    const bool named = d.in(&object_fields::AccessibleName) || d.in(&object_fields::ToolTipText);
+    if (named || d.in(&object_fields::Caption)) set_name(w, d.is);
     if (d.in(&object_fields::Enabled)) w.setEnabled(d.is.Enabled);
     if (d.in(&object_fields::Visible)) w.setVisible(d.is.Visible);
 }
