@@ -28,14 +28,14 @@ void timhelp_tick(const hint_panel& p)
     p.ticks = rest_ticks;   // the next button's hint comes at once
 }
 
-void end_rest(const hint_panel& p)
-{
-    p.ticks = 0;
-    stop(p.clock);
-    p.label.Visible = false;
-}
-
 }   // namespace
+
+void end_rest(screen_object& label, timer& clock, int& ticks)
+{
+    ticks = 0;
+    stop(clock);
+    label.Visible = false;
+}
 
 void make_hints(const hint_panel& p, std::initializer_list<hint> frames, std::initializer_list<hint> buttons)
 {
@@ -44,7 +44,7 @@ void make_hints(const hint_panel& p, std::initializer_list<hint> frames, std::in
     for (const hint& h : buttons) h.over->MouseMove = [p, h] { show_hint_later(p, *h.over, h.text); };
     p.window.MouseMove = [p] {
         p.bar.Caption = p.bare_text;
-        end_rest(p);
+        end_rest(p.label, p.clock, p.ticks);
     };
 }
 
@@ -52,7 +52,7 @@ void end_hints_over(const hint_panel& p, screen_object& o)
 {
     o.MouseMove = [p, told = o.MouseMove] {
         if (told) told();
-        end_rest(p);
+        end_rest(p.label, p.clock, p.ticks);
     };
 }
 

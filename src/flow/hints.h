@@ -24,6 +24,9 @@ struct hint_panel {
     const char* bare_text;   // in the bar over the bare screen
 };
 
+// Nobody rests on a button any more: also when a screen comes up anew, since the hint of the button that led
+// away from it would still stand there.
+void end_rest(screen_object& label, timer& clock, int& ticks);
 // Over this object, too, the rest by the buttons ends.
 void end_hints_over(const hint_panel&, screen_object&);
 void make_hints(const hint_panel&, std::initializer_list<hint> frames, std::initializer_list<hint> buttons);

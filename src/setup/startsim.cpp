@@ -54,6 +54,7 @@ void cmddebrief_click(trainer& t)
 
 void startsim_arrival(trainer& t)
 {
+    end_rest(t.startsim.Lblhelp, t.startsim.Timhelp, t.startsim.hintticks);
     t.shared.fulldebrief = true;   // whatever the option shows: a quick start has switched it off
     if (!change_directory(t.pc, t.shared.rootpath))
         t.pc.message_box({lines({"THE FOLDER OF THE RANGES CAN'T BE OPENED", t.shared.rootpath}), "V.O.R.N.",
@@ -96,6 +97,8 @@ void make_startsim_hints(startsim_screen& s)
          {&s.Cmddebrief, "Debrief a practice"},
          {&s.Cmdabout, "Info on the program"},
          {&s.Cmdexit, "Exit from VORN"}});
+    // The bare screen between the buttons and these is a narrow strip.
+    for (screen_object* o : {&s.Frame2, &s.Frame13, &s.Frame9}) end_hints_over(panel, *o);
 }
 
 }   // namespace

@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTextBrowser>
-#include <QToolTip>
 #include <random>
 
 #include "desk.h"
@@ -53,29 +52,6 @@ TEST_F(boxes, answer_yes_only_to_yes)
     EXPECT_FALSE(ask([](QMessageBox& b) { b.button(QMessageBox::No)->click(); }));
     EXPECT_FALSE(ask([](QMessageBox& b) { QTest::keyClick(b.windowHandle(), Qt::Key_Escape); }));
     EXPECT_FALSE(ask([](QMessageBox& b) { b.close(); }));
-}
-
-TEST_F(boxes, let_no_tool_tip_come_up_behind_them)
-{
-    screen_object& button = one.put(object_kind::button, 300, 300, 1500, 450);
-    button.ToolTipText = "Start";
-    open(one);
-    const auto rest_on_it = [&] {
-        QHelpEvent tip(QEvent::ToolTip, QPoint(5, 5), window(one).widget(button)->mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(window(one).widget(button), &tip);
-        return QToolTip::isVisible();
-    };
-    when_box<QMessageBox>([&](QMessageBox& box) {
-        EXPECT_FALSE(rest_on_it());
-        box.accept();
-    });
-    pc.message_box({"START ?", "", box_buttons::yes_no});
-    EXPECT_TRUE(rest_on_it());
-    pc.run([&] {
-        hide(pc, one.f);
-        show(pc, two.f);
-    });
-    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }
 
 TEST_F(boxes, an_input_box_proposes_a_text_and_gives_what_stands_in_it)

@@ -168,6 +168,10 @@ TEST_F(setup, hints_name_frames_at_once_and_buttons_after_a_rest)
     pc.event(s.cmdgame.MouseMove);
     pc.wait(0.5);
     EXPECT_FALSE(s.Lblhelp.Visible) << "the rest counts anew";
+    pc.wait(1.5);
+    EXPECT_TRUE(s.Lblhelp.Visible);
+    pc.event(s.Frame13.MouseMove);
+    EXPECT_FALSE(s.Lblhelp.Visible);
 }
 
 TEST_F(setup, keeps_its_options_over_a_practice)
@@ -176,9 +180,12 @@ TEST_F(setup, keeps_its_options_over_a_practice)
     pc.click(s.Optcontroller2);
     pc.click(s.Opttargets2);
     pc.answers = {{true}};
+    pc.event(s.Cmdstart.MouseMove);
+    pc.wait(2);
     pc.click(s.Cmdstart);
     EXPECT_EQ(p.targetcount, 9);
     pc.click(t.simulator.Cmdmain);
+    EXPECT_FALSE(s.Lblhelp.Visible || s.Timhelp.Enabled) << "the mouse is no longer on START PRACTICE";
     EXPECT_TRUE(p.fulldebrief) << "though the option still shows the quick score";
     EXPECT_TRUE(s.Optcontroller2.Value == 1 && s.Opttargets2.Value == 1);
 }

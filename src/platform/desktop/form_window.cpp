@@ -72,7 +72,7 @@ void form_window::make_object(screen_object& o)
     } else {
         make_widget(s, holder == nullptr ? this : holder->widget,
                     [this](const std::function<void()>& event) { pc_.run(event); });
-        if (has_hooks(o) || hears_moves(o) || !o.ToolTipText.empty()) s.widget->installEventFilter(this);
+        if (has_hooks(o) || hears_moves(o)) s.widget->installEventFilter(this);
         if (auto* b = qobject_cast<QAbstractButton*>(s.widget)) hold_by_key(*b, o);
     }
     draw_fields(s, style_.scale, true);
@@ -259,8 +259,6 @@ bool form_window::mouse_event(screen_object& o, QEvent& e)
 
 bool form_window::eventFilter(QObject* watched, QEvent* e)
 {
-    // A tip that came up behind a box would stay when the box leads to another screen.
-    if (e->type() == QEvent::ToolTip) return QApplication::activeModalWidget() != nullptr;
     if (e->type() < QEvent::MouseButtonPress || e->type() > QEvent::MouseMove) return false;
     const auto same = [&](const auto& s) { return s->widget == watched && !in_sight(*s->object); };
     const auto found = std::find_if(objects_.begin(), objects_.end(), same);

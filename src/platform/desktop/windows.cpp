@@ -1,5 +1,4 @@
 // Which windows are on the desk, where, and in which order: follows the screens that the program has shown.
-#include <QToolTip>
 #include <QWindow>
 #include <algorithm>
 
@@ -65,7 +64,6 @@ void desktop_machine::place_windows()
 {
     if (shown_ == screens.shown) return;
     const std::vector<form*> before = std::exchange(shown_, screens.shown);
-    QToolTip::hideText();   // it would go with its screen, and come up again with it
     const bool replaced =
         std::any_of(before.begin(), before.end(), [&](form* f) { return !among(shown_, f); });
     for (form* f : shown_)
