@@ -76,6 +76,24 @@ TEST_F(objects, a_hidden_or_disabled_frame_takes_what_it_holds_along)
     EXPECT_EQ(log.size(), 1U);
 }
 
+TEST_F(objects, the_focus_of_a_button_that_is_disabled_goes_to_no_other)
+{
+    screen_object& start = one.put(kind::button, 0, 0, 1500, 300);
+    screen_object& help = one.put(kind::button, 1500, 0, 1500, 300);
+    help.Click = [&] { log.push_back("help"); };
+    start.Click = [&] { start.Enabled = false; };
+    open(one);
+    window(one).widget(start)->setFocus();
+    press(one, Qt::Key_Space);
+    release(one, Qt::Key_Space);
+    press(one, Qt::Key_Space);
+    release(one, Qt::Key_Space);
+    EXPECT_FALSE(start.Enabled);
+    EXPECT_TRUE(log.empty());
+    press(one, Qt::Key_Tab);
+    EXPECT_TRUE(window(one).widget(help)->hasFocus());
+}
+
 TEST_F(objects, an_option_runs_once_when_it_becomes_the_chosen_one_of_its_frame)
 {
     screen_object& left = one.put(kind::frame, 0, 0, 3000, 6000);

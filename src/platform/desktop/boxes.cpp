@@ -1,8 +1,10 @@
 // Message boxes, the input box and the file dialogs: the platform's own, over the screen that asks.
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QTreeView>
 
 #include "platform/desktop/boxes.h"
 #include "platform/desktop/desktop_machine.h"
@@ -82,6 +84,8 @@ static void prepare(QFileDialog& d, const file_dialog& asked)
     d.setDefaultSuffix(QString::fromStdString(asked.suffix));
     d.setNameFilters(name_filters(asked.filter));
     if (!asked.proposed.empty()) d.selectFile(QString::fromStdString(asked.proposed));
+    if (const auto* list = d.findChild<QTreeView*>())   // there is none in a dialog of the desktop's own
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
 }
 
 std::optional<std::string> desktop_machine::choose_file(const file_dialog& asked)

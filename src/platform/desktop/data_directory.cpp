@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <chrono>
+#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <string>
@@ -23,6 +25,12 @@ static bool can_write(const fs::path& folder)
 using copied_times = std::map<std::string, long long>;
 
 static constexpr const char* times_file = ".copied";
+
+static bool was_whole(const fs::path& folder)
+{
+    std::error_code failed;
+    return fs::exists(folder / times_file, failed);
+}
 
 static copied_times read_times(const fs::path& folder)
 {
@@ -59,12 +67,28 @@ static bool write_times(const fs::path& folder, const copied_times& times)
     return file && put_in_place(part, folder / times_file);
 }
 
+// What a program that was killed has left.
+static void remove_old_parts(const fs::path& folder)
+{
+    std::error_code failed, ignored;
+    for (fs::recursive_directory_iterator i(folder, failed), end; !failed && i != end; i.increment(failed)) {
+        const auto age = fs::file_time_type::clock::now() - i->last_write_time(ignored);
+        if (i->path().extension() == ".part" && age > std::chrono::hours(24)) fs::remove(i->path(), ignored);
+    }
+}
+
 // Nanoseconds from some fixed moment; 0 for what isn't there.
 static long long time_of(const fs::path& file)
 {
     std::error_code failed;
     const fs::file_time_type time = fs::last_write_time(file, failed);
     return failed ? 0 : static_cast<long long>(time.time_since_epoch().count());
+}
+
+// Some disks keep no time more exactly than to two seconds.
+static bool same_time(long long a, long long b)
+{
+    return std::abs(a - b) <= 2'000'000'000;
 }
 
 static bool copy_whole(const fs::path& from, const fs::path& to)
@@ -96,8 +120,8 @@ static bool lacks(const fs::path& installed, const fs::path& own, const std::str
     std::error_code failed;
     if (!fs::exists(own, failed)) return true;
     const auto copied = times.find(name);
-    const bool untouched = copied != times.end() && time_of(own) == copied->second;
-    return untouched && is_renewed(name) && time_of(installed) != copied->second;
+    const bool untouched = copied != times.end() && same_time(time_of(own), copied->second);
+    return untouched && is_renewed(name) && !same_time(time_of(installed), copied->second);
 }
 
 bool fill_directory(const fs::path& from, const fs::path& to)
@@ -111,11 +135,13 @@ bool fill_directory(const fs::path& from, const fs::path& to)
         const fs::path own = to / i->path().lexically_relative(from);
         const std::string name = to_utf8(own.lexically_relative(to));
         if (lacks(i->path(), own, name, times)) whole &= copy_whole(i->path(), own);
-        if (time_of(own) == time_of(i->path())) times[name] = time_of(own);
+        if (same_time(time_of(own), time_of(i->path()))) times[name] = time_of(i->path());
     }
     whole = whole && !failed;
     // The list is there once the copy has been whole, and not before.
-    if (times != before && (whole || !before.empty())) whole &= write_times(to, times);
+    const bool listed = was_whole(to);
+    if (listed ? times != before : whole) whole &= write_times(to, times);
+    remove_old_parts(to);
     return whole;
 }
 
@@ -123,9 +149,8 @@ fs::path data_directory(const fs::path& installed, const fs::path& own)
 {
     if (own.empty() || can_write(installed / "ranges")) return installed;
     // What the user has saved is in his own copy: once it has been whole it is used, whatever it lacks now.
-    std::error_code failed;
-    const bool was_whole = fs::exists(own / "ranges" / times_file, failed);
-    return fill_directory(installed / "ranges", own / "ranges") || was_whole ? own : installed;
+    const bool begun = was_whole(own / "ranges");
+    return fill_directory(installed / "ranges", own / "ranges") || begun ? own : installed;
 }
 
 }   // namespace vorn

@@ -45,6 +45,13 @@ void line(QPainterPath& path, const QPointF& from, const QPointF& to)
     path.lineTo(to);
 }
 
+// The height at which a level line of this width covers whole pixels: in a row of lines none is paler than
+// the next.
+double level(double y, double width)
+{
+    return std::round(y - width / 2) + width / 2;
+}
+
 void figure(const space& s, const QPointF& middle, double pixels, const QString& text)
 {
     QFont font = text_font(text_size::small, true, 1);
@@ -87,9 +94,10 @@ void ticks(QPainter& p, const QRectF& at)
     constexpr double top = 2430;
     QPainterPath path;
     for (int hundreds = 7; hundreds <= 20; ++hundreds) {
-        const double y = aim + drop * hundreds - top;
         const double half = hundreds % 2 == 0 ? 120 : 75;
-        line(path, s.point(127 - half, y), s.point(127 + half, y));
+        const QPointF middle = s.point(127, aim + drop * hundreds - top);
+        const double y = level(middle.y(), std::max(1.0, s.scale()));
+        line(path, {middle.x() - half * s.across(), y}, {middle.x() + half * s.across(), y});
     }
     stroke(s, path, 1);
 }

@@ -214,6 +214,14 @@ void set_name(QWidget& w, const object_fields& o)
     w.setAccessibleName(QString::fromStdString(name));
 }
 
+// The focus goes to no neighbour, where the next press of the space bar would work a button that nobody
+// chose.
+void set_enabled(QWidget& w, bool enabled)
+{
+    if (!enabled && w.hasFocus()) w.window()->setFocus();
+    w.setEnabled(enabled);
+}
+
 void set_looks(QWidget& w, const difference& d, double scale)
 {
     if (d.in(&object_fields::ForeColor) || d.in(&object_fields::BackColor)) set_colours(w, d.is);
@@ -221,7 +229,7 @@ void set_looks(QWidget& w, const difference& d, double scale)
     if (d.in(&object_fields::ToolTipText)) w.setToolTip(QString::fromStdString(d.is.ToolTipText));
     const bool named = d.in(&object_fields::AccessibleName) || d.in(&object_fields::ToolTipText);
     if (named || d.in(&object_fields::Caption)) set_name(w, d.is);
-    if (d.in(&object_fields::Enabled)) w.setEnabled(d.is.Enabled);
+    if (d.in(&object_fields::Enabled)) set_enabled(w, d.is.Enabled);
     if (d.in(&object_fields::Visible)) w.setVisible(d.is.Visible);
 }
 
