@@ -9,7 +9,7 @@ build release
 # Elsewhere than on a window system of X or Wayland a program finds its display by itself.
 if [ "$(uname -s)" = Linux ] && [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
     say "V.O.R.N. is built, but there is no display to show it on: neither DISPLAY nor WAYLAND_DISPLAY is set." \
-        "Run this from a desktop session, or start build/release/vorn there."
+        "Run this on a desktop, or start build/release/vorn there."
     exit 1
 fi
 exec build/release/vorn "$@"

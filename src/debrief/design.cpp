@@ -3,6 +3,7 @@
 #include "platform/design.h"
 #include "debrief/debrief.h"
 #include "debrief/results.h"
+#include "flow/hints.h"
 
 namespace vorn {
 
@@ -197,12 +198,8 @@ void design_results(results_screen& s)
     caption(s, &s.captions.back(), label({180, 390, 2790, 3300}, reading, colour::dim, text_size::small));
     thermal_marks(s);
     buttons(s);
-    add(s.window, s.Lblinfo,
-        label({120, 10560, 15120, 600}, "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS",
-              colour::highlight, text_size::normal, alignment::centre));
-    object_fields hint = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
-    hint.BackColor = colour::black;
-    add(s.window, s.lblhelp, hidden(std::move(hint)));
+    lay_out_hints(s.window, s.Lblinfo, {120, 10560, 15120, 600},
+                  "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS", s.lblhelp);
 }
 
 }   // namespace vorn

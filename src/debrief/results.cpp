@@ -14,16 +14,12 @@ namespace vorn {
 
 namespace {
 
+constexpr const char* title = "V. O. R. N.";
 constexpr const char* filter = "VORN Files (*.vrn)|*.vrn|";
 
 void say(trainer& t, const std::string& words, const std::string& title = {})
 {
     t.pc.message_box({words, title});
-}
-
-bool asked(trainer& t, const std::string& words)
-{
-    return t.pc.message_box({words, "V. O. R. N.", box_buttons::yes_no, box_sign::question});
 }
 
 // Coming up, each time the screen is shown.
@@ -82,7 +78,7 @@ void cmdopen_click(trainer& t)
 void cmdprint_click(trainer& t)
 {
     if (t.shared.resultsfile.empty()) return say(t, "NO FILE IS OPEN TO PRINT");
-    if (!asked(t, "DO YOU WISH TO PRINT A RECORD OF " + t.shared.resultsfile)) return;
+    if (!asked(t, "DO YOU WISH TO PRINT A RECORD OF " + t.shared.resultsfile, title)) return;
     const std::string reason = print_report(t.pc, t.shared);
     if (!reason.empty()) say(t, lines({"THE RECORD COULD NOT BE PRINTED", reason}), "V. O. R. N.");
 }
@@ -91,7 +87,7 @@ void cmdprint_click(trainer& t)
 void cmddelete_click(trainer& t)
 {
     if (t.shared.resultsfile.empty()) return say(t, "NO FILE IS OPEN TO DELETE");
-    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile)) return;
+    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile, title)) return;
     const std::string reason = delete_file(t.pc, t.shared.resultsfile);
     if (!reason.empty())
         return say(t, lines({"THAT FILE COULD NOT BE DELETED", t.shared.resultsfile, reason}), "V. O. R. N.");

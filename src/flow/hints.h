@@ -4,7 +4,7 @@
 
 #include <initializer_list>
 
-#include "platform/objects.h"
+#include "platform/design.h"
 
 namespace vorn {
 
@@ -24,6 +24,8 @@ struct hint_panel {
     const char* bare_text;   // in the bar over the bare screen
 };
 
+// Where the bar stands, with its first words, and how the label looks that floats beside a button.
+void lay_out_hints(form&, screen_object& bar, const rectangle& at, const char* words, screen_object& label);
 // Nobody rests on a button any more: also when a screen comes up anew, since the hint of the button that led
 // away from it would still stand there.
 void end_rest(screen_object& label, timer& clock, int& ticks);

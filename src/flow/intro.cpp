@@ -88,10 +88,11 @@ static std::filesystem::path directory_of(const std::string& file)
 
 static void askfordata(trainer& t)
 {
-    const bool look = t.pc.message_box({lines({"V.O.R N.", blankline, "THE PROGRAM DIRECTORY CAN'T BE FOUND",
-                                               "DO YOU WISH TO LOOK FOR IT ?"}),
-                                        "V.O.R.N.", box_buttons::yes_no, box_sign::question});
-    if (!look) t.pc.end_program();
+    if (!asked(t,
+               lines({"V.O.R N.", blankline, "THE PROGRAM DIRECTORY CAN'T BE FOUND",
+                      "DO YOU WISH TO LOOK FOR IT ?"}),
+               "V.O.R.N."))
+        t.pc.end_program();
     const auto chosen = t.pc.choose_file(
         {"CHOOSE A FILE IN THE PROGRAM DIRECTORY", "All Files (*.*)|*|", t.shared.rootpath, "", false});
     if (!chosen || !change_directory(t.pc, to_utf8(directory_of(*chosen)))) return;
@@ -107,11 +108,14 @@ void finddata(trainer& t)
     t.shared.rootpath = to_utf8(t.pc.working_directory) + path_separator + "ranges";
 }
 
+bool asked(trainer& t, const std::string& question, const std::string& title)
+{
+    return t.pc.message_box({question, title, box_buttons::yes_no, box_sign::question});
+}
+
 void confirmexit(trainer& t, const std::string& firstline, const std::string& title)
 {
-    if (t.pc.message_box({lines({firstline, blankline, "ARE YOU SURE YOU WANT TO EXIT ?"}), title,
-                          box_buttons::yes_no, box_sign::question}))
-        t.pc.end_program();
+    if (asked(t, lines({firstline, blankline, "ARE YOU SURE YOU WANT TO EXIT ?"}), title)) t.pc.end_program();
 }
 
 void openhelp(trainer& t)

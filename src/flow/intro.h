@@ -26,6 +26,8 @@ void start_program(trainer&);
 // default directory can't be entered.
 void finddata(trainer&);
 
+// A question with Yes and No; true for yes.
+bool asked(trainer&, const std::string& question, const std::string& title);
 // Asks whether to end the program, and ends it on a yes.
 void confirmexit(trainer&, const std::string& firstline, const std::string& title);
 // Opens the help file at its contents.

@@ -73,8 +73,7 @@ void showscore(trainer& t, const gunnery_screen& s, const result& r)
 
 static bool wantsdebrief(trainer& t)
 {
-    return t.shared.fulldebrief &&
-           t.pc.message_box({"DEBRIEF FIRER ?", "DEBRIEF", box_buttons::yes_no, box_sign::question});
+    return t.shared.fulldebrief && asked(t, "DEBRIEF FIRER ?", "DEBRIEF");
 }
 
 // A range that can't be read any more leads back to the set-up instead: the user has then been told.

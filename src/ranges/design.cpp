@@ -1,6 +1,7 @@
 // How the range author is laid out: the work above, from left to right in the order in which a position is
 // marked, and the whole range below. Twips.
 #include "platform/design.h"
+#include "flow/hints.h"
 #include "ranges/author.h"
 #include "ranges/rauthor.h"
 
@@ -189,12 +190,8 @@ void design_rauthor(rauthor_screen& s)
             label({180, 4320, 14760, 540}, instructions, colour::text, text_size::normal, alignment::centre));
     overview(s);
     buttons(s);
-    add(s.window, s.Lblinfo,
-        label({120, 10950, 15120, 450}, "PLACE MOUSE OVER A CONTROL FOR DESCRIPTION OF ITS FUNCTION",
-              colour::highlight, text_size::normal, alignment::centre));
-    object_fields hint = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
-    hint.BackColor = colour::black;
-    add(s.window, s.lblhelp, hidden(std::move(hint)));
+    lay_out_hints(s.window, s.Lblinfo, {120, 10950, 15120, 450},
+                  "PLACE MOUSE OVER A CONTROL FOR DESCRIPTION OF ITS FUNCTION", s.lblhelp);
 }
 
 }   // namespace vorn

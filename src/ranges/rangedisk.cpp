@@ -17,11 +17,6 @@ constexpr const char* standby_picture = "range1.vrp";
 constexpr double too_narrow = 20000;
 constexpr double high_enough = 6000;
 
-bool asked(trainer& t, const std::string& words, const std::string& title)
-{
-    return t.pc.message_box({words, title, box_buttons::yes_no, box_sign::question});
-}
-
 // The path as it was chosen, as long as the range file can hold it; a longer one from the folder of the
 // ranges on, which the practice finds as well. False where the file can hold neither.
 bool keeppicturepath(trainer& t)

@@ -3,6 +3,7 @@
 // those of the instructions. Tab goes the same way and ends at the buttons along the top. Twips.
 #include <tuple>
 
+#include "flow/hints.h"
 #include "platform/design.h"
 #include "setup/setup.h"
 #include "setup/startsim.h"
@@ -306,12 +307,8 @@ void design_startsim(startsim_screen& s)
     controls(s);
     advanced_options(s);
     buttons(s);
-    add(s.window, s.Lblinfo,
-        label({120, 11040, 15120, 390}, "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS",
-              colour::highlight, text_size::normal, alignment::centre));
-    object_fields hint = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
-    hint.BackColor = colour::black;
-    add(s.window, s.Lblhelp, hidden(std::move(hint)));
+    lay_out_hints(s.window, s.Lblinfo, {120, 11040, 15120, 390},
+                  "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS", s.Lblhelp);
 }
 
 }   // namespace vorn

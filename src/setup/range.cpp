@@ -35,20 +35,18 @@ void command3_click(trainer& t)
 // The author may change the range, and with it the mode.
 void cmdeditrange_click(trainer& t)
 {
-    if (!t.pc.message_box({lines({"V.O.R N.", blankline, " LOAD THE RANGE EDITOR ?"}), "V.O.R.N.",
-                           box_buttons::yes_no, box_sign::question}))
-        return;
+    if (!asked(t, lines({"V.O.R N.", blankline, " LOAD THE RANGE EDITOR ?"}), "V.O.R.N.")) return;
     show(t.pc, t.rauthor.window);
     t.startsim.Frmmode.Enabled = false;
 }
 
 void askforrange(trainer& t)
 {
-    const bool locate = t.pc.message_box(
-        {lines({"V.O.R N.", blankline, "CANT FIND CORRECT RANGE FILE DO YOU WISH TO LOCATE ONE ?",
-                "(Selecting NO will terminate VORN)"}),
-         "V.O.R.N.", box_buttons::yes_no, box_sign::question});
-    if (!locate) t.pc.end_program();
+    if (!asked(t,
+               lines({"V.O.R N.", blankline, "CANT FIND CORRECT RANGE FILE DO YOU WISH TO LOCATE ONE ?",
+                      "(Selecting NO will terminate VORN)"}),
+               "V.O.R.N."))
+        t.pc.end_program();
     cmdopenrange_click(t);
 }
 

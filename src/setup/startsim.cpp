@@ -10,11 +10,6 @@ namespace vorn {
 
 namespace {
 
-bool asked(trainer& t, const std::string& text)
-{
-    return t.pc.message_box({text, "V.O.R.N.", box_buttons::yes_no, box_sign::question});
-}
-
 // What has come up over this screen goes with it: beside a practice its RETURN would lead to a second one.
 void leavefor(trainer& t, form& next)
 {
@@ -27,8 +22,10 @@ void leavefor(trainer& t, form& next)
 void cmdstart_click(trainer& t)
 {
     startsim_screen& s = t.startsim;
-    if (!asked(t, lines({"V.O.R N.", blankline, "     START SIMULATOR ?    ", "",
-                         " (THIS WILL TAKE A MOMENT) "})))
+    if (!asked(
+            t,
+            lines({"V.O.R N.", blankline, "     START SIMULATOR ?    ", "", " (THIS WILL TAKE A MOMENT) "}),
+            "V.O.R.N."))
         return;
     if (joystickrefused(t)) return;
     t.shared.studentdetails = s.Txtname.Text + "_" + s.Txtnum.Text;
@@ -47,7 +44,7 @@ void cmdgame_click(trainer& t)
 
 void cmddebrief_click(trainer& t)
 {
-    if (!asked(t, lines({"V.O.R N.", blankline, "STARTING THE DEBRIEF SCREEN !"}))) return;
+    if (!asked(t, lines({"V.O.R N.", blankline, "STARTING THE DEBRIEF SCREEN !"}), "V.O.R.N.")) return;
     leavefor(t, t.results.window);
     t.shared.debriefonly = true;
 }
