@@ -1,13 +1,46 @@
 # What is installed where, and the Debian package: `cmake --build --preset release && (cd build/release && cpack)`.
 install(TARGETS vorn RUNTIME DESTINATION bin)
-# What somebody has saved beside the shipped files, in a tree that he fires in, is his own.
-install(DIRECTORY data/ranges DESTINATION share/vorn
-        PATTERN "*.prf" EXCLUDE PATTERN "*.vrn" EXCLUDE PATTERN "*.pdf" EXCLUDE PATTERN "*.part" EXCLUDE)
+# What the trainer ships with and nothing else: what somebody has made beside it, in a tree that he fires in, is his own.
+install(FILES data/ranges/vorn.HLP
+              data/ranges/visualrange.arf data/ranges/visualrange.vrp data/ranges/valley.arf data/ranges/valley.vrp
+              data/ranges/range1.arf data/ranges/range1.vrp data/ranges/Thermalrange.arf data/ranges/thermalrange.trp
+              data/ranges/valnight.arf data/ranges/valnight.trp
+        DESTINATION share/vorn/ranges)
+install(DIRECTORY data/ranges/help data/ranges/wavs "data/ranges/target icons" DESTINATION share/vorn/ranges
+        FILES_MATCHING PATTERN "*.jpg" PATTERN "*.wav" PATTERN "*.ico" PATTERN "NOTICE.txt")
 install(FILES packaging/vorn.desktop DESTINATION share/applications)
 install(FILES packaging/org.vorn.vorn.metainfo.xml DESTINATION share/metainfo)
 install(FILES packaging/vorn-mime.xml DESTINATION share/mime/packages RENAME vorn.xml)
-install(FILES packaging/vorn.1 DESTINATION share/man/man1)
-install(FILES LICENSE DESTINATION share/doc/vorn RENAME copyright)
+
+# Debian has its man pages and changelogs compressed, and the terms of all that is in a package in one file.
+find_program(gzip_program gzip)
+if(gzip_program)
+    foreach(name vorn.1 changelog)
+        add_custom_command(OUTPUT ${name}.gz DEPENDS packaging/${name} VERBATIM
+            COMMAND ${gzip_program} -9nc ${CMAKE_SOURCE_DIR}/packaging/${name} > ${name}.gz)
+    endforeach()
+    add_custom_target(compressed_texts ALL DEPENDS vorn.1.gz changelog.gz)
+    install(FILES ${CMAKE_BINARY_DIR}/vorn.1.gz DESTINATION share/man/man1)
+    install(FILES ${CMAKE_BINARY_DIR}/changelog.gz DESTINATION share/doc/vorn)
+else()
+    install(FILES packaging/vorn.1 DESTINATION share/man/man1)
+    install(FILES packaging/changelog DESTINATION share/doc/vorn)
+endif()
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS LICENSE data/ranges/wavs/NOTICE.txt)
+file(READ LICENSE licence)
+file(READ data/ranges/wavs/NOTICE.txt terms_of_voices)
+file(CONFIGURE OUTPUT copyright @ONLY CONTENT [[
+V.O.R.N. was made by the V.O.R.N. team: the program, its texts, ranges, pictures and sounds, but for the voices of the
+crew. It comes under these terms:
+
+@licence@
+----------------------------------------------------------------------
+
+The voices of the crew, in /usr/share/vorn/ranges/wavs, come under the terms told in NOTICE.txt there:
+
+@terms_of_voices@]])
+install(FILES ${CMAKE_BINARY_DIR}/copyright DESTINATION share/doc/vorn)
+
 install(FILES docs/oddities.md docs/SPEED.md DESTINATION share/doc/vorn)
 install(FILES data/icons/vorn.svg DESTINATION share/icons/hicolor/scalable/apps)
 foreach(size 16 24 32 48 64 128 256)
@@ -18,9 +51,10 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vorn)
 set(CPACK_PACKAGE_CONTACT "the V.O.R.N. team <vorn@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Gunnery trainer for the gunner's station of a main battle tank")
-set(CPACK_PACKAGE_DESCRIPTION "Sets a practice up, fires it under a simulated commander and loader, scores it, debriefs it
-round by round, prints the record and makes new ranges. Visual and thermal sight, FIN, HESH and coax, by keyboard,
-mouse or joystick.")
+set(CPACK_PACKAGE_DESCRIPTION
+"Sets a practice up, fires it under a simulated commander and loader, scores
+it, debriefs it round by round, prints the record and makes new ranges.
+Visual and thermal sight, FIN, HESH and coax, by keyboard, mouse or joystick.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
