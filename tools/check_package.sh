@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian package into a clean system, runs the trainer there as an ordinary user, and removes it.
+# Installs the Debian package into a clean system, runs the trainer there as an ordinary user, installs a newer one over
+# it, and removes it.
 #
 #   tools/check_package.sh [PACKAGE]
 #
@@ -15,13 +16,19 @@ suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
 root=$(mktemp -d) && chmod 755 "$root"   # the ordinary user of that system reads it
 trap 'umount -ql "$root/proc" || true; rm -rf --one-file-system "$root"' EXIT
 
-install_missing debootstrap "${build_packages[@]}" dpkg-dev desktop-file-utils appstream file
+install_missing debootstrap "${build_packages[@]}" dpkg-dev desktop-file-utils appstream file lintian
 if [ $# -eq 0 ]; then
     build release
     (cd build/release && cpack -G DEB >/dev/null)
     set -- build/release/vorn_*.deb
 fi
 package=$(realpath "$1")
+lintian --fail-on error "$package"
+if git rev-parse 2>/dev/null; then   # of the data, all that git holds and nothing that was made beside it
+    diff <(git ls-files data/ranges | sed 's,^data,./usr/share/vorn,' | sort) \
+        <(dpkg-deb --fsys-tarfile "$package" | tar -t | grep '^./usr/share/vorn/.*[^/]$' | sort) ||
+        { say "the data in the package isn't what the trainer ships with"; exit 1; }
+fi
 
 in_root() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 "$@"; }
 files_of_root() { (cd "$root" && find . -xdev \( -path ./proc -o -path ./tmp -o -path ./var/cache -o -path ./var/lib -o -path ./var/log -o -path ./home \) -prune -o -print | sort); }
@@ -48,12 +55,14 @@ say "installing"
 in_root dpkg -i /tmp/vorn.deb >/dev/null
 desktop-file-validate "$root/usr/share/applications/vorn.desktop"
 appstreamcli validate --no-net "$root/usr/share/metainfo/org.vorn.vorn.metainfo.xml"
-in_root man -l /usr/share/man/man1/vorn.1 >/dev/null
-[ "$(in_root sh -c 'touch /tmp/x.arf && update-mime-database /usr/share/mime && grep -c "x-vorn" /usr/share/mime/globs2')" -eq 3 ]
+in_root man -l /usr/share/man/man1/vorn.1.gz >/dev/null
+types() { in_root update-mime-database /usr/share/mime && grep -c x-vorn "$root/usr/share/mime/globs2" || true; }
+[ "$(types)" -eq 3 ] || { say "its types of files aren't known"; exit 1; }
 
 say "an ordinary user starts it, saves a practice and leaves"
 in_root useradd -m student
-cat >"$root/tmp/session" <<'SESSION'
+# Starts the trainer, goes on to the practice editor, saves a practice if one is named, and leaves.
+cat >"$root/tmp/visit" <<'VISIT'
 set -eu
 export XDG_RUNTIME_DIR=/tmp/run-student && mkdir -p -m 700 $XDG_RUNTIME_DIR
 openbox & sleep 1
@@ -66,22 +75,41 @@ for _ in $(seq 10); do                           # one Return for the first box,
 done
 await "PRACTICE EDITOR" && sleep 1
 window=$(xdotool search --onlyvisible --name "PRACTICE EDITOR" | head -1)
-xdotool mousemove --window "$window" 188 30 click 1   # SAVE PRACTICE
-await "SAVE PRACTICE SETUP" && sleep 1
-xdotool type "student.prf" && xdotool key Return && sleep 1
+if [ $# -gt 0 ]; then
+    xdotool mousemove --window "$window" 188 30 click 1   # SAVE PRACTICE
+    await "SAVE PRACTICE SETUP" && sleep 1
+    xdotool type "$1" && xdotool key Return && sleep 1
+fi
 xdotool mousemove --window "$window" 1000 30 click 1  # EXIT
 sleep 1 && xdotool key alt+y
 for _ in $(seq 50); do kill -0 $program 2>/dev/null || exit 0; sleep 0.1; done
 echo "the program goes on"; exit 1
-SESSION
-in_root su student -c 'xvfb-run -a -s "-screen 0 1280x1024x24" bash /tmp/session'
+VISIT
+visit() { in_root su student -c "xvfb-run -a -s '-screen 0 1280x1024x24' bash /tmp/visit $*"; }
+home=$root/home/student own=$root/home/student/.local/share/vorn/ranges
+visit student.prf
 for file in student.prf visualrange.arf vorn.HLP; do
-    [ -s "$root/home/student/.local/share/vorn/ranges/$file" ] || { say "no $file in the user's data"; exit 1; }
+    [ -s "$own/$file" ] || { say "no $file in the user's data"; exit 1; }
 done
+
+say "a newer version is installed over it, and he starts that"
+in_root su student -c "cd ~/.local/share/vorn/ranges && cp wavs/coax.wav wavs/fire.wav && cp student.prf ~"
+newer=$root/tmp/newer
+dpkg-deb -R "$package" "$newer"
+sed -i 's/^Version: .*/&+1/' "$newer/DEBIAN/control"
+echo '<!-- newer -->' >>"$newer/usr/share/vorn/ranges/vorn.HLP"
+find "$newer/usr/share/vorn" -type f -exec touch {} +
+dpkg-deb --root-owner-group -b "$newer" "$newer.deb" >/dev/null
+in_root dpkg -i /tmp/newer.deb >/dev/null
+visit
+cmp "$newer/usr/share/vorn/ranges/vorn.HLP" "$own/vorn.HLP" || { say "his manual is still the old one"; exit 1; }
+cmp "$home/student.prf" "$own/student.prf" || { say "his practice is not as he saved it"; exit 1; }
+cmp "$own/wavs/coax.wav" "$own/wavs/fire.wav" || { say "the sound he had changed is not his any more"; exit 1; }
 
 say "removing"
 in_root dpkg --purge vorn >/dev/null
+[ "$(types)" -eq 0 ] && [ ! -e "$root/usr/share/mime/packages/vorn.xml" ] || { say "its types of files are still known"; exit 1; }
 files_of_root >"$root/tmp/after"
 diff "$root/tmp/before" "$root/tmp/after" | grep -v -e '/etc/passwd' -e '/etc/group' -e '/etc/shadow' -e '/etc/gshadow' \
-    -e '/etc/subuid' -e '/etc/subgid' -e '/usr/share/mime' -e '/var/mail' | grep '^[<>]' && { say "it leaves traces"; exit 1; }
+    -e '/etc/subuid' -e '/etc/subgid' -e '/var/mail' | grep '^[<>]' && { say "it leaves traces"; exit 1; }
 say "the package is sound: $(basename "$package"), $(du -h "$package" | cut -f1)"
