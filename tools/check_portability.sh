@@ -6,7 +6,9 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
 
-install_missing "${build_packages[@]}" "${test_packages[@]}" clang libclang-rt-14-dev g++-mingw-w64-x86-64-posix
+install_missing "${build_packages[@]}" "${test_packages[@]}" clang g++-mingw-w64-x86-64-posix
+# What the fuzzers link with: on Debian a package apart, which has the version in its name.
+install_missing "libclang-rt-$(clang -dumpversion | cut -d. -f1)-dev"
 build clang
 ctest --preset clang -j "$(getconf _NPROCESSORS_ONLN)" -E random_walk
 build mingw
