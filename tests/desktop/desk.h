@@ -59,6 +59,10 @@ inline std::vector<QWidget*> tab_round(QWidget& window)
 
 class desk : public testing::Test {
 protected:
+    desk()
+    {
+        pc.printer_present = [] { return false; };
+    }
     // Shows a screen in a window of this size, 1024 x 768 being the designed one.
     void open(screen& s, int width = 1024, int height = 768)
     {

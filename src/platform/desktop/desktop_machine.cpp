@@ -1,6 +1,7 @@
 #include "platform/desktop/desktop_machine.h"
 
 #include <QApplication>
+#include <QPrinterInfo>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
@@ -15,7 +16,11 @@ namespace vorn {
 static constexpr double frame = 1.0 / 60;      // seconds
 static constexpr double longest_delay = 0.1;   // a move later than this starts its time anew rather than rush
 
-desktop_machine::desktop_machine() : leave([] { std::_Exit(EXIT_SUCCESS); }), keyboard_(*this), stick_(*this)
+desktop_machine::desktop_machine()
+    : leave([] { std::_Exit(EXIT_SUCCESS); }),
+      printer_present([] { return !QPrinterInfo::availablePrinters().isEmpty(); }),
+      keyboard_(*this),
+      stick_(*this)
 {
     prepare_fonts();
     icon_ = window_icon();

@@ -65,6 +65,8 @@ public:
 
     // The end of the process, which a test may want to see.
     std::function<void()> leave;
+    // Whether there is a printer: a test prints on nobody's.
+    std::function<bool()> printer_present;
 
 private:
     // A counted move under way.

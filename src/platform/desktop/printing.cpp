@@ -6,7 +6,6 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
-#include <QPrinterInfo>
 
 #include "platform/desktop/desktop_machine.h"
 #include "platform/files.h"
@@ -66,7 +65,7 @@ std::string print_to_pdf(const machine& m, const std::string& file, const std::v
 // On a machine without a printer the same lines go to a PDF, if the user names one.
 std::string desktop_machine::print(const std::vector<printed_line>& lines)
 {
-    if (!QPrinterInfo::availablePrinters().isEmpty()) {
+    if (printer_present()) {
         QPrinter printer(QPrinter::HighResolution);
         return print_lines(printer, lines);
     }
