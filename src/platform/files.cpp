@@ -120,6 +120,17 @@ static replaced replace_file(const fs::path& file, const std::string& text)
     return whole ? replaced::done : replaced::failed;
 }
 
+// In place, where no file can be made beside it; one that doesn't take the text gets back what it held.
+static bool write_over(const fs::path& file, const std::string& old, const std::string& text)
+{
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    if (write_whole(out, text)) return true;
+    if (old.empty()) return false;
+    out = std::ofstream(file, std::ios::binary | std::ios::trunc);
+    write_whole(out, old);
+    return false;
+}
+
 // In a folder where no file can be made an old one may still be written over; and what is no plain file is
 // never replaced by one.
 std::string write_file(const machine& m, const std::string& path, const std::string& text)
@@ -133,8 +144,8 @@ std::string write_file(const machine& m, const std::string& path, const std::str
         if (r != replaced::not_possible) return r == replaced::done ? "" : reason;
     }
     if (fs::is_fifo(file, failed)) return reason;   // it would wait for a reader
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    return write_whole(out, text) ? "" : reason;
+    const std::string old = read_file(m, to_utf8(file)).text.value_or("");
+    return write_over(file, old, text) ? "" : reason;
 }
 
 std::string delete_file(const machine& m, const std::string& path)

@@ -1,4 +1,5 @@
 // The debrief on the real widgets: a record from a file, its marks at their places.
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -102,6 +103,37 @@ TEST_F(debrief, shows_each_mark_at_its_place_and_a_far_one_at_the_edge)
     EXPECT_EQ(s.Lbltarget.Caption, "NO");
     EXPECT_EQ(widget<QLineEdit>(s.Txtstudent).text().trimmed(), "SMITH_123");
     EXPECT_TRUE(widget<QLineEdit>(s.Txtstudent).isReadOnly());
+}
+
+TEST_F(debrief, without_a_printer_the_report_goes_to_a_file_or_nowhere)
+{
+    open_record();
+    // Yes to each box, and a name for the file or none; gives what was told after the question.
+    const auto print_to = [&](const QString& name) {
+        QStringList told;
+        QTimer hands;
+        QObject::connect(&hands, &QTimer::timeout, &hands, [&] {
+            QWidget* up = QApplication::activeModalWidget();
+            if (auto* box = qobject_cast<QMessageBox*>(up)) {
+                told << box->text();
+                box->buttons().first()->click();
+            }
+            auto* file = qobject_cast<QFileDialog*>(up);
+            if (file != nullptr && name.isEmpty()) file->reject();
+            if (file != nullptr && !name.isEmpty()) {
+                file->selectFile(folder.filePath(name));
+                static_cast<QDialog*>(file)->accept();
+            }
+        });
+        hands.start(2);
+        click(s.Cmdprint);
+        return told.mid(1);
+    };
+    EXPECT_EQ(print_to(""), QStringList());
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(t.shared.rootpath) + "/report.pdf"));
+    QDir(folder.path()).mkdir("report.pdf.part");   // no room for it
+    EXPECT_EQ(print_to("report.pdf"),
+              QStringList("THE RECORD COULD NOT BE PRINTED\nThe file can't be written."));
 }
 
 }   // namespace vorn::testing_desk

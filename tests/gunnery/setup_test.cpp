@@ -98,6 +98,12 @@ practice_state range_with(const std::function<void(practice_state&)>& change)
 
 TEST(screen_reset, a_fault_of_the_range_is_told_and_leads_back_to_the_set_up)
 {
+    const auto folder_for = [](const char* name) {
+        return [name](data_folder& f) {
+            f.remove(name);
+            std::filesystem::create_directory(f.ranges() + '/' + name);
+        };
+    };
     const practice_state pictureless = range_with([](auto& r) { r.rangepicture = ""; });
     const struct {
         std::function<void(data_folder&)> make;
@@ -106,6 +112,8 @@ TEST(screen_reset, a_fault_of_the_range_is_told_and_leads_back_to_the_set_up)
         {[](data_folder& f) { f.remove("visualrange.vrp"); }, "visualrange.vrp\n\rThe file does not exist."},
         {[](data_folder& f) { f.put("visualrange.vrp", "no picture at all"); }, "It is not a picture"},
         {[](data_folder& f) { f.remove("target icons/target3.ico"); }, "TARGET3.ICO"},
+        {folder_for("visualrange.vrp"), "visualrange.vrp\n\rIt is not a picture"},
+        {folder_for("target icons/target3.ico"), "target3.ico\n\rIt is not a picture"},
         {[&](data_folder& f) { f.put_range("visualrange.arf", pictureless); }, "It names no picture."},
         {[](data_folder& f) { f.put("visualrange.arf", f.get("visualrange.arf").substr(0, 400)); },
          "Visualrange.arf\n\rIt is not a whole range file."}};
@@ -122,8 +130,10 @@ TEST(screen_reset, a_fault_of_the_range_is_told_and_leads_back_to_the_set_up)
         EXPECT_EQ(front(d.pc), &d.t.startsim.window);
         d.pc.advance(30);
         // Mended, it works again.
-        for (const char* file : {"visualrange.arf", "visualrange.vrp", "target icons/target3.ico"})
+        for (const char* file : {"visualrange.arf", "visualrange.vrp", "target icons/target3.ico"}) {
+            d.data.remove(file);
             d.data.put(file, whole.get(file));
+        }
         d.set_up();
         EXPECT_EQ(front(d.pc), &d.screen().window);
     }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 
@@ -35,6 +36,24 @@ public:
 private:
     rlimit old_{};
     void (*old_handler_)(int);
+};
+
+// Root, to whom every file is open, is nobody for a while.
+class nobody {
+public:
+    nobody()
+    {
+        if (root_ && seteuid(65534) != 0) ADD_FAILURE();
+    }
+    nobody(const nobody&) = delete;
+    nobody& operator=(const nobody&) = delete;
+    ~nobody()
+    {
+        if (root_ && seteuid(0) != 0) ADD_FAILURE();
+    }
+
+private:
+    bool root_ = geteuid() == 0;
 };
 
 struct writing : testing::Test {
@@ -86,6 +105,33 @@ TEST_F(writing, links_are_followed_and_what_is_no_file_stays_what_it_is)
     EXPECT_FALSE(read_file(pc, "own.vrn").text);
 }
 
+TEST_F(writing, what_is_closed_to_the_user_is_told_and_stays)
+{
+    const auto put = [&](const char* name, const char* what, mode_t mode) {
+        data.put(name, what);
+        chmod((data.ranges() + '/' + name).c_str(), mode);
+    };
+    fs::create_directory(data.ranges() + "/shut");
+    put("shut/open.vrn", "old", 0666);
+    put("shut/closed.vrn", "old", 0444);
+    put("dark.vrn", "old", 0000);
+    put("shut", "", 0555);
+    {
+        const nobody user;
+        const small_disk disk(1000);
+        EXPECT_EQ(read_file(pc, "dark.vrn").reason, "The file can't be read.");
+        for (const char* name : {"shut/open.vrn", "shut/closed.vrn", "shut/new.vrn"})
+            EXPECT_EQ(write_file(pc, name, std::string(2000, 'n')), "The file can't be written.") << name;
+        EXPECT_EQ(delete_file(pc, "shut/open.vrn"), "The file can't be deleted.");
+        EXPECT_EQ(data.get("shut/open.vrn") + data.get("shut/closed.vrn"), "oldold");
+        EXPECT_EQ(write_file(pc, "shut/open.vrn", "new"), "");
+    }
+    EXPECT_EQ(data.get("shut/open.vrn"), "new") << "it needs no room beside it";
+    EXPECT_FALSE(fs::exists(data.ranges() + "/shut/new.vrn"));
+    EXPECT_EQ(delete_file(pc, "shut"), "It is not a file.");
+    put("shut", "", 0755);
+}
+
 // Each button of each screen that reads or writes a file, with a disk, a folder or a file that has gone wrong
 // between the screen and the click.
 TEST(screens_on_a_bad_disk, answer_in_order_and_lose_nothing)
@@ -94,10 +140,14 @@ TEST(screens_on_a_bad_disk, answer_in_order_and_lose_nothing)
     headless_machine& pc = d.pc;
     trainer& t = d.t;
     const auto path = [&](const char* name) { return d.data.ranges() + "/" + name; };
-    const char* const places[] = {"wavs", "no folder/own.xyz", "/dev/full", "visualrange.vrp"};
+    pc.printer = false;
+    const char* const places[] = {"wavs", "target icons", "no folder/own.xyz", "/dev/full",
+                                  "visualrange.vrp"};
     for (const char* place : places) {
         const std::string file = place[0] == '/' ? place : path(place);
         const std::string was = d.data.get("visualrange.vrp");
+        const bool whole = file == path("visualrange.vrp");   // a picture, but nothing else
+        const bool kept = whole || file == place;   // not to be deleted, the machine's own least of all
         const small_disk disk(10);
         for (screen_object* o : {&t.startsim.cmdopenset, &t.startsim.cmdsaveset}) {
             pc.files = {file};
@@ -114,14 +164,25 @@ TEST(screens_on_a_bad_disk, answer_in_order_and_lose_nothing)
                 EXPECT_NE(t.rauthor.outcome.Caption.find("could not be saved"), std::string::npos) << place;
             }
         }
+        pc.inputs = {"NEW"};
+        pc.files = {file};
+        pc.click(t.rauthor.cmdnew);
+        EXPECT_EQ(t.rauthor.outcome.Caption.find("could not be loaded") == std::string::npos, whole) << place;
+        EXPECT_EQ(t.rauthor.Imagerange.Visible, whole) << place;
         pc.click(t.rauthor.Cmdstart);
         pc.answers = {{true}};
         pc.click(t.startsim.Cmddebrief);
-        for (screen_object* o : {&t.results.Cmdsave, &t.results.Cmdopen}) {
-            const std::size_t told = pc.boxes.size();
+        const std::pair<screen_object*, std::string> buttons[] = {
+            {&t.results.Cmdsave, "THERE WAS A SERIOUS ERROR SAVING THAT FILE"},
+            {&t.results.Cmdopen, "THAT FILE COULD NOT BE OPENED"},
+            {&t.results.Cmdprint, "THE RECORD COULD NOT BE PRINTED\n\rThere is no printer."},
+            {&t.results.Cmddelete, kept ? "ARE YOU SURE YOU WISH TO DELETE " + file
+                                        : "THAT FILE COULD NOT BE DELETED\n\r" + file + "\n\r"}};
+        for (const auto& [o, told] : buttons) {
             pc.files = {file};
+            pc.answers = {{o != &t.results.Cmddelete || !kept}};
             pc.click(*o);
-            EXPECT_GT(pc.boxes.size(), told) << place;
+            EXPECT_EQ(pc.boxes.back().text.rfind(told, 0), 0U) << place << pc.boxes.back().text;
         }
         pc.click(t.results.cmdnew);
         EXPECT_EQ(front(pc), &t.startsim.window) << place;

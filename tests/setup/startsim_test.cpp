@@ -367,8 +367,8 @@ TEST_F(setup, a_range_that_cannot_be_read_is_asked_for_until_there_is_one)
 {
     data.remove("Thermalrange.arf");
     data.put("two.arf", "\"NAME\"\r\n\"picture\"\r\n");
-    pc.answers = {{true}, {true}};
-    pc.files = {path("two.arf"), path("visualrange.arf")};
+    pc.answers = {{true}, {true}, {true}};
+    pc.files = {path("target icons"), path("two.arf"), path("visualrange.arf")};
     pc.click(s.Optmode2);
     EXPECT_EQ(
         pc.boxes.back().text,
