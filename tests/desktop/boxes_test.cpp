@@ -105,10 +105,12 @@ TEST_F(help, shows_pictures_of_its_own_folder_wherever_that_lies_and_no_others)
         QDir().mkpath(folder.filePath(QString(place) + "/ranges/help"));
         ASSERT_TRUE(dot.save(folder.filePath(QString(place) + "/ranges/help/dot.jpg")));
         ASSERT_TRUE(dot.save(folder.filePath(QString(place) + "/secret.jpg")));
+        ASSERT_TRUE(dot.save(folder.filePath(QString(place) + "/ranges/help/stray.jpg"), "PPM"));
         write(QString(place) + "/ranges/vorn.HLP", "<p>a <img src='help/dot.jpg'></p>");
         pc.run([&] { pc.show_help(std::string(place) + "/ranges/vorn.HLP"); });
         EXPECT_TRUE(has("help/dot.jpg")) << place;
         EXPECT_FALSE(has("../secret.jpg")) << place;
+        EXPECT_FALSE(has("help/stray.jpg")) << "no picture of a kind that the program knows";
         EXPECT_FALSE(has("/dev/zero")) << place;
     }
 }

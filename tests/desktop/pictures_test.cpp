@@ -97,11 +97,34 @@ TEST_F(pictures, that_cannot_be_had_say_why)
     qToLittleEndian(qint32{12000}, huge.data() + 18);
     qToLittleEndian(qint32{12000}, huge.data() + 22);
     write("huge.bmp", huge);
+    write("stray.jpg", "P3 1 1 255 1 2 3\n");
+    write("drawn.vrp", "<svg xmlns='http://www.w3.org/2000/svg' width='2000' height='900'/>");
+    EXPECT_EQ(reason("stray.jpg"), "It is not a picture that can be read.") << "though the toolkit could";
+    EXPECT_EQ(reason("drawn.vrp"), "It is not a picture that can be read.");
     EXPECT_EQ(reason("absent.jpg"), "The file does not exist.");
     EXPECT_EQ(reason("."), "It is not a file.");
     EXPECT_EQ(reason("text.bmp"), "It is not a picture that can be read.");
     EXPECT_EQ(reason("empty.png"), "It is not a picture that can be read.");
     EXPECT_EQ(reason("huge.bmp"), "The picture is too large.");
+}
+
+TEST_F(pictures, that_break_off_are_shown_as_far_as_they_go_or_refused)
+{
+    QImage noise(64, 64, QImage::Format_RGB32);
+    for (int i = 0; i < 64 * 64; ++i) noise.setPixel(i % 64, i / 64, static_cast<uint>(qHash(i)));
+    const QByteArray whole = encoded(noise, "JPG");
+    write("whole.jpg", whole);
+    write("cut.jpg", whole.first(whole.size() / 2));
+    write("cut.png", encoded(noise, "PNG").first(4000));
+    const auto strip = [&](const char* name, const QRect& r) {
+        const loaded_picture p = pc.load_picture(name);
+        EXPECT_TRUE(p.result && p.result->height == 64 * 15) << p.reason;
+        return p.result ? image_for(*p.result, QSize(64, 64))->copy(r) : QImage();
+    };
+    const QRect above(0, 8, 64, 1), below(0, 60, 63, 1);
+    EXPECT_EQ(strip("cut.jpg", above), strip("whole.jpg", above));
+    EXPECT_EQ(strip("cut.jpg", below), strip("cut.jpg", below.translated(1, 0))) << "bare, of one colour";
+    EXPECT_EQ(pc.load_picture("cut.png").reason, "It is not a picture that can be read.");
 }
 
 // To the last pixel and without a word from the decoder.
@@ -130,6 +153,10 @@ TEST_F(pictures, an_icon_has_its_largest_size_and_is_drawn_from_the_next_that_su
     const loaded_picture p = pc.load_picture("target1.ico");
     ASSERT_TRUE(p.result) << p.reason;
     EXPECT_EQ(p.result->width, 960);
+    QByteArray cursor = icon_file({32});
+    cursor[2] = 2;
+    write("target2.ico", cursor);
+    EXPECT_TRUE(pc.load_picture("target2.ico").result);
     EXPECT_EQ(drawn_from(*p.result, 11), QSize(16, 16));
     EXPECT_EQ(drawn_from(*p.result, 16), QSize(16, 16));
     EXPECT_EQ(drawn_from(*p.result, 33), QSize(48, 48));

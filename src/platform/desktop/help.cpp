@@ -18,6 +18,7 @@
 #include <algorithm>
 
 #include "platform/desktop/look.h"
+#include "platform/desktop/pictures.h"
 
 namespace vorn {
 
@@ -90,7 +91,11 @@ private:
         if (!QFileInfo(file).canonicalFilePath().startsWith(folder)) return {};
         QByteArray bytes = contents(file);
         QBuffer buffer(&bytes);
-        QImageReader reader(&buffer);
+        buffer.open(QIODevice::ReadOnly);
+        const QByteArray format = picture_format(buffer);
+        if (format.isEmpty()) return {};
+        QImageReader reader(&buffer, format);
+        reader.setAutoDetectImageFormat(false);
         const QSize size = reader.size();
         return size.width() <= largest_picture && size.height() <= largest_picture ? QVariant(reader.read())
                                                                                    : QVariant();

@@ -1,9 +1,12 @@
 #include "platform/desktop/pictures.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <algorithm>
 #include <cmath>
+#include <string_view>
+#include <utility>
 
 #include "platform/desktop/drawings.h"
 
@@ -46,13 +49,28 @@ std::vector<QImage> read_sizes(QImageReader& reader)
 
 }   // namespace
 
+QByteArray picture_format(QIODevice& file)
+{
+    using namespace std::string_view_literals;
+    constexpr std::pair<std::string_view, const char*> heads[] = {
+        {"\x89PNG\r\n\x1a\n"sv, "png"}, {"\xFF\xD8"sv, "jpeg"}, {"BM"sv, "bmp"}, {"GIF8"sv, "gif"},
+        {"\0\0\1\0"sv, "ico"},          {"\0\0\2\0"sv, "cur"}};
+    const QByteArray head = file.peek(8);
+    for (const auto& [begin, format] : heads)
+        if (head.startsWith(begin)) return format;
+    return {};
+}
+
 loaded_picture read_picture(const std::string& source, const std::string& path)
 {
     const QFileInfo file(QString::fromStdString(path));
     if (!file.exists()) return {std::nullopt, "The file does not exist."};
     if (!file.isFile()) return {std::nullopt, "It is not a file."};
-    QImageReader reader(file.filePath());
-    reader.setDecideFormatFromContent(true);
+    QFile bytes(file.filePath());
+    const QByteArray format = bytes.open(QIODevice::ReadOnly) ? picture_format(bytes) : QByteArray();
+    if (format.isEmpty()) return {std::nullopt, "It is not a picture that can be read."};
+    QImageReader reader(&bytes, format);
+    reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(false);
     if (too_large(reader.size())) return {std::nullopt, "The picture is too large."};
     auto pixels = std::make_shared<decoded_picture>();

@@ -15,6 +15,11 @@ struct decoded_picture final : picture_pixels {
     std::vector<QImage> sizes;
 };
 
+// The toolkit's name of the format, by the first bytes: one of those that the program knows, or empty.
+// Whatever other formats the toolkit has been taught on this machine, no picture from elsewhere is decoded by
+// them.
+QByteArray picture_format(QIODevice&);
+
 // Reads a picture from an absolute path. Its natural size is 15 twips to a pixel of its largest image,
 // whatever density the file claims.
 loaded_picture read_picture(const std::string& source, const std::string& path);
