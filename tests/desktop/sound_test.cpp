@@ -1,6 +1,7 @@
 // The sound channel through SDL's disk driver, which writes the very samples that were played.
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
+#include <sys/stat.h>
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -26,16 +27,17 @@ protected:
 
     std::string path(const char* name) const { return folder.filePath(name).toStdString(); }
 
-    // A mono wave file; at the channel's own rate its samples come out as they are.
-    std::string wave(const char* name, const samples& s, quint32 rate = 44100) const
+    // A wave file; mono and at the sound channel's own rate its samples come out as they are.
+    std::string wave(const char* name, const samples& s, quint32 rate = 44100, quint32 channels = 1) const
     {
         const auto bytes = static_cast<quint32>(s.size() * 2);
         QByteArray b("RIFF");
         const auto number = [&b](quint32 n, int size) { b.append(reinterpret_cast<const char*>(&n), size); };
         number(36 + bytes, 4);
         b += "WAVEfmt ";
+        const quint32 frame = 2 * channels;
         for (const auto& [n, size] :
-             {std::pair{16U, 4}, {1U, 2}, {1U, 2}, {rate, 4}, {rate * 2, 4}, {2U, 2}, {16U, 2}})
+             {std::pair{16U, 4}, {1U, 2}, {channels, 2}, {rate, 4}, {rate * frame, 4}, {frame, 2}, {16U, 2}})
             number(n, size);
         b += "data";
         number(bytes, 4);
@@ -95,10 +97,16 @@ TEST_F(sound, what_cannot_be_played_is_passed_over)
     broken.write("RIFF\xff\xff\xff\x7fWAVEfmt and no more");
     broken.close();
     const std::string days = wave("days.wav", ramp(0, 100000), 1);   // a second a sample
-    for (const std::string& file : {path("none.wav"), path("broken.wav"), path(""), std::string(), days,
-                                    wave("never.wav", ramp(0, 9), 0)})
+    const std::string large = wave("large.wav", ramp(0, 90000));
+    ASSERT_TRUE(QFile::resize(folder.filePath("large.wav"), 32'000'001));
+    ASSERT_EQ(mkfifo(path("pipe.wav").c_str(), 0600), 0);   // nobody ever writes to it
+    for (const std::string& file :
+         {path("none.wav"), path("broken.wav"), path(""), std::string(), days, large, path("pipe.wav"),
+          wave("never.wav", ramp(0, 9), 0), wave("fast.wav", ramp(0, 90000), 400'001),
+          wave("crowd.wav", ramp(0, 90000), 44100, 9)}) {
         channel.play(file);
-    EXPECT_FALSE(channel.playing());
+        EXPECT_FALSE(channel.playing()) << file;
+    }
     channel.play(wave("shot.wav", ramp(0, 9000)));
     EXPECT_TRUE(channel.playing());
 }
