@@ -48,7 +48,11 @@ static void take_place(form_window& w, const form_window& before, bool aside)
     const Qt::WindowStates kept = before.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen);
     const QRect normal = kept == Qt::WindowNoState ? before.geometry() : before.normalGeometry();
     w.setWindowState(kept);
-    if (normal.isValid()) w.setGeometry(aside ? normal.translated(step_aside) : normal);
+    if (!normal.isValid()) return;
+    w.setGeometry(aside ? normal.translated(step_aside) : normal);
+    // A window that stands there already, where the desktop once put it, keeps its place as one that was
+    // chosen: the desktop would put it somewhere else.
+    if (QWindow* handle = w.windowHandle()) handle->setGeometry(handle->geometry());
 }
 
 void desktop_machine::open_window(form_window& w, const form_window* before, bool over_it)
