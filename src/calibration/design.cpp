@@ -99,7 +99,8 @@ void steps(S& s)
 {
     add(s.window, s.Frminfo, frame({120, 5355, 15120, 6045}, "CALIBRATION"));
     caption(s, &s.Frminfo,
-            label({840, 450, 13980, 450}, "CLICK ON START TO BEGIN, AND AGAIN TO BEGIN ANEW", colour::dim,
+            label({840, 450, 13980, 450},
+                  "CLICK ON START TO BEGIN, AND AGAIN TO BEGIN ANEW. ESC LEAVES THIS SCREEN", colour::dim,
                   text_size::large));
     const struct {
         screen_object& o;

@@ -55,6 +55,8 @@ void showjoystick(const trainer& t, S& s)
     s.Lblstick.ForeColor = there ? colour::dim : colour::highlight;
 }
 
+constexpr int escape_key = 27;
+
 void joycal_load(trainer& t, S& s)
 {
     s.calstarted = false;
@@ -149,6 +151,9 @@ void make_joycal(trainer& t)
     design_joycal(s);
     s.window.load = [&t, &s] { joycal_load(t, s); };
     s.window.closed = [&t, &s] { unload(t.pc, s.window); };
+    s.window.KeyDown = [&t, &s](int code) {
+        if (code == escape_key) unload(t.pc, s.window);
+    };
     s.window.JoystickChanged = [&t, &s] { showjoystick(t, s); };
     s.window.ButtonDown = [&t, &s](int button) { joystk_buttondown(t, s, button); };
     s.window.ButtonUp = [&s](int button) { lightbutton(s, button, colour::darkred); };

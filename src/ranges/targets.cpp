@@ -45,6 +45,10 @@ void lblsavetarget_click(trainer& t)
     t.shared.targetx[n] = static_cast<std::int32_t>(rounded(s.pointx));
     t.shared.targety[n] = static_cast<std::int32_t>(rounded(s.pointy));
     t.shared.targetrange[n] = range_of(s.Lbltgtrange.Caption).value_or(int16());
+    s.outcome.Caption = t.shared.targetrange[n] > 0
+                            ? ""
+                            : "Target " + std::to_string(n) +
+                                  " has no range yet: move the cursor, or TARGET RANGE, and save it again";
 }
 
 void lbltargetrange_click(trainer& t)

@@ -142,7 +142,8 @@ TEST_F(calibration, closed_by_its_frame_calibrates_nothing_and_leads_back_to_the
     EXPECT_EQ(front(pc), &d.t.startsim.window);
     EXPECT_TRUE(p.joycalibrated);
     open();
-    pc.close_window(s.window);
+    pc.key_down(27);
+    EXPECT_EQ(front(pc), &d.t.startsim.window) << "by Esc as well";
     EXPECT_TRUE(p.joycalibrated) << "an old calibration stands";
 }
 

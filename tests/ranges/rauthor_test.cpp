@@ -65,12 +65,15 @@ TEST_F(author, makes_a_range_from_nothing_saves_it_and_fires_on_it)
 {
     EXPECT_FALSE(d.t.startsim.Frmmode.Enabled);
     new_range("WET MOOR", false, "moor.vrp");
+    place(1);
+    EXPECT_NE(s.outcome.Caption.find("no range yet"), std::string::npos) << "000 is no range";
     for (int n = 1; n <= 20; ++n) {
         move(n % 2 == 0 ? s.cmdright : s.cmdleft, n);
         if (n == 3) move(s.cmdup, 4);
         enter_range(std::to_string(700 + 50 * n));
         place(n);
     }
+    EXPECT_EQ(s.outcome.Caption, "");
     save("moor.arf");
     EXPECT_EQ(pc.dialogs.back().proposed, "WET MO.arf");
     EXPECT_EQ(p.rangefile, path("moor.arf"));

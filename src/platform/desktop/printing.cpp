@@ -1,11 +1,13 @@
 #include "platform/desktop/printing.h"
 
 #include <QBuffer>
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
+#include <QStandardPaths>
 
 #include "platform/desktop/desktop_machine.h"
 #include "platform/files.h"
@@ -69,8 +71,11 @@ std::string desktop_machine::print(const std::vector<printed_line>& lines)
         QPrinter printer(QPrinter::HighResolution);
         return print_lines(printer, lines);
     }
-    const auto file = choose_file({"THERE IS NO PRINTER: SAVE AS PDF", "PDF Files (*.pdf)|*.pdf|",
-                                   to_utf8(working_directory), "report.pdf", true, "pdf"});
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const auto file =
+        choose_file({"THERE IS NO PRINTER: SAVE AS PDF", "PDF Files (*.pdf)|*.pdf|",
+                     QFileInfo(documents).isDir() ? documents.toStdString() : to_utf8(working_directory),
+                     "report.pdf", true, "pdf"});
     return file ? print_to_pdf(*this, *file, lines) : std::string();
 }
 

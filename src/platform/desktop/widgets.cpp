@@ -218,7 +218,7 @@ void set_name(QWidget& w, const object_fields& o)
 // chose.
 void set_enabled(QWidget& w, bool enabled)
 {
-    if (!enabled && w.hasFocus()) w.window()->setFocus();
+    if (!enabled && w.window()->focusWidget() == &w) w.window()->setFocus();
     w.setEnabled(enabled);
 }
 

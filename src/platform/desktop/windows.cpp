@@ -1,4 +1,5 @@
 // Which windows are on the desk, where, and in which order: follows the screens that the program has shown.
+#include <QScreen>
 #include <QWindow>
 #include <algorithm>
 
@@ -42,6 +43,14 @@ QWidget* desktop_machine::front_window() const
     return w != nullptr && w->isVisible() ? w : nullptr;
 }
 
+// As far as the screen has room, the frame of the window included.
+static QRect stepped_aside(const QRect& at, const form_window& before)
+{
+    const QRect room = before.screen()->availableGeometry(), framed = before.frameGeometry();
+    const QPoint free = room.bottomRight() - framed.bottomRight();
+    return at.translated(std::clamp(free.x(), 0, step_aside.x()), std::clamp(free.y(), 0, step_aside.y()));
+}
+
 // Puts a window where the one before it is, so that the screens follow each other in one place.
 static void take_place(form_window& w, const form_window& before, bool aside)
 {
@@ -49,7 +58,7 @@ static void take_place(form_window& w, const form_window& before, bool aside)
     const QRect normal = kept == Qt::WindowNoState ? before.geometry() : before.normalGeometry();
     w.setWindowState(kept);
     if (!normal.isValid()) return;
-    w.setGeometry(aside ? normal.translated(step_aside) : normal);
+    w.setGeometry(aside ? stepped_aside(normal, before) : normal);
     // A window that stands there already, where the desktop once put it, keeps its place as one that was
     // chosen: the desktop would put it somewhere else.
     if (QWindow* handle = w.windowHandle()) handle->setGeometry(handle->geometry());
