@@ -1,13 +1,12 @@
 # What is installed where, and the Debian package: `cmake --build --preset release && (cd build/release && cpack)`.
 install(TARGETS vorn RUNTIME DESTINATION bin)
 # What the trainer ships with and nothing else: what somebody has made beside it, in a tree that he fires in, is his own.
-install(FILES data/ranges/vorn.HLP
-              data/ranges/visualrange.arf data/ranges/visualrange.vrp data/ranges/valley.arf data/ranges/valley.vrp
-              data/ranges/range1.arf data/ranges/range1.vrp data/ranges/Thermalrange.arf data/ranges/thermalrange.trp
-              data/ranges/valnight.arf data/ranges/valnight.trp
-        DESTINATION share/vorn/ranges)
-install(DIRECTORY data/ranges/help data/ranges/wavs "data/ranges/target icons" DESTINATION share/vorn/ranges
-        FILES_MATCHING PATTERN "*.jpg" PATTERN "*.wav" PATTERN "*.ico" PATTERN "NOTICE.txt")
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS packaging/shipped)
+file(STRINGS packaging/shipped shipped)
+foreach(name ${shipped})
+    cmake_path(GET name PARENT_PATH folder)
+    install(FILES "data/ranges/${name}" DESTINATION "share/vorn/ranges/${folder}")
+endforeach()
 install(FILES packaging/vorn.desktop DESTINATION share/applications)
 install(FILES packaging/org.vorn.vorn.metainfo.xml DESTINATION share/metainfo)
 install(FILES packaging/vorn-mime.xml DESTINATION share/mime/packages RENAME vorn.xml)

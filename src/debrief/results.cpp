@@ -14,7 +14,7 @@ namespace vorn {
 
 namespace {
 
-constexpr const char* title = "V. O. R. N.";
+constexpr const char* box_title = "V. O. R. N.";
 constexpr const char* filter = "VORN Files (*.vrn)|*.vrn|";
 
 void say(trainer& t, const std::string& words, const std::string& title = {})
@@ -78,19 +78,19 @@ void cmdopen_click(trainer& t)
 void cmdprint_click(trainer& t)
 {
     if (t.shared.resultsfile.empty()) return say(t, "NO FILE IS OPEN TO PRINT");
-    if (!asked(t, "DO YOU WISH TO PRINT A RECORD OF " + t.shared.resultsfile, title)) return;
+    if (!asked(t, "DO YOU WISH TO PRINT A RECORD OF " + t.shared.resultsfile, box_title)) return;
     const std::string reason = print_report(t.pc, t.shared);
-    if (!reason.empty()) say(t, lines({"THE RECORD COULD NOT BE PRINTED", reason}), "V. O. R. N.");
+    if (!reason.empty()) say(t, lines({"THE RECORD COULD NOT BE PRINTED", reason}), box_title);
 }
 
 // A cancelled save leaves a name that no file has; the user is told rather than left to think it was deleted.
 void cmddelete_click(trainer& t)
 {
     if (t.shared.resultsfile.empty()) return say(t, "NO FILE IS OPEN TO DELETE");
-    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile, title)) return;
+    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile, box_title)) return;
     const std::string reason = delete_file(t.pc, t.shared.resultsfile);
     if (!reason.empty())
-        return say(t, lines({"THAT FILE COULD NOT BE DELETED", t.shared.resultsfile, reason}), "V. O. R. N.");
+        return say(t, lines({"THAT FILE COULD NOT BE DELETED", t.shared.resultsfile, reason}), box_title);
     t.shared.resultsfile.clear();
     t.results.Txtstudent.Text.clear();
 }
@@ -168,7 +168,6 @@ void make_results(trainer& t)
     results_screen& s = t.results;
     design_results(s);
     make_engagements(t);
-    make_results_hints(s);
     s.window.arrival = [&t] { results_arrival(t); };
     s.Cmdsave.Click = [&t] { save_record(t); };
     s.Cmdopen.Click = [&t] { cmdopen_click(t); };
@@ -176,8 +175,9 @@ void make_results(trainer& t)
     s.Cmddelete.Click = [&t] { cmddelete_click(t); };
     s.cmdnew.Click = [&t] { cmdnew_click(t); };
     s.Cmdreplay.Click = [&t] { cmdreplay_click(t); };
-    s.Cmdexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", "V. O. R. N."); };
+    s.Cmdexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", box_title); };
     s.Cmdhelpon.Click = [&t] { openhelp(t); };
+    make_results_hints(s);
 }
 
 }   // namespace vorn

@@ -49,7 +49,13 @@ void make_hints(const hint_panel& p, std::initializer_list<hint> frames, std::in
 {
     add(p.window, p.clock, interval, [p] { timhelp_tick(p); });
     for (const hint& h : frames) h.over->MouseMove = [p, text = h.text] { p.bar.Caption = text; };
-    for (const hint& h : buttons) h.over->MouseMove = [p, h] { show_hint_later(p, *h.over, h.text); };
+    for (const hint& h : buttons) {
+        h.over->MouseMove = [p, h] { show_hint_later(p, *h.over, h.text); };
+        h.over->Click = [p, click = h.over->Click] {   // or it would come up behind the box that asks
+            end_rest(p.label, p.clock, p.ticks);
+            if (click) click();
+        };
+    }
     p.window.MouseMove = [p] {
         p.bar.Caption = p.bare_text;
         end_rest(p.label, p.clock, p.ticks);

@@ -31,6 +31,7 @@ void lay_out_hints(form&, screen_object& bar, const rectangle& at, const char* w
 void end_rest(screen_object& label, timer& clock, int& ticks);
 // Over this object, too, the rest by the buttons ends.
 void end_hints_over(const hint_panel&, screen_object&);
+// Once the buttons have their handlers.
 void make_hints(const hint_panel&, std::initializer_list<hint> frames, std::initializer_list<hint> buttons);
 
 }   // namespace vorn

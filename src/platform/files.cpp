@@ -144,8 +144,9 @@ std::string write_file(const machine& m, const std::string& path, const std::str
         if (r != replaced::not_possible) return r == replaced::done ? "" : reason;
     }
     if (fs::is_fifo(file, failed)) return reason;   // it would wait for a reader
-    const std::string old = read_file(m, to_utf8(file)).text.value_or("");
-    return write_over(file, old, text) ? "" : reason;
+    const std::optional<std::string> old = read_file(m, to_utf8(file)).text;
+    if (!old && fs::is_regular_file(file, failed)) return reason;   // it could not be given back
+    return write_over(file, old.value_or(""), text) ? "" : reason;
 }
 
 std::string delete_file(const machine& m, const std::string& path)

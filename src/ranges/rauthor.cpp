@@ -20,6 +20,7 @@ void rauthor_load(rauthor_screen& s)
 void rauthor_arrival(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
+    end_rest(s.lblhelp, s.Timhelp, s.hintticks);
     // The set-up has read the head of its own range meanwhile: what is shown here is what a save writes.
     if (!s.authorpicture.empty()) t.shared.rangepicture = s.authorpicture;
     showmiddle(s);
@@ -28,7 +29,6 @@ void rauthor_arrival(trainer& t)
 
 void cmdstart_click(trainer& t)
 {
-    t.rauthor.window.MouseMove();   // the rest by the button ends, and the hint with it
     hide(t.pc, t.rauthor.window);
     show(t.pc, t.startsim.window);
 }
@@ -67,12 +67,12 @@ void make_rauthor(trainer& t)
     make_targets(t);
     make_rangedisk(t);
     design_rauthor(s);
-    make_rauthor_hints(s);
     s.window.load = [&s] { rauthor_load(s); };
     s.window.arrival = [&t] { rauthor_arrival(t); };
     s.Cmdstart.Click = [&t] { cmdstart_click(t); };
     s.Cmdexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", "SIMULATOR"); };
     s.Command1.Click = [&t] { openhelp(t); };
+    make_rauthor_hints(s);
 }
 
 }   // namespace vorn

@@ -48,7 +48,7 @@ void lblsavetarget_click(trainer& t)
     s.outcome.Caption = t.shared.targetrange[n] > 0
                             ? ""
                             : "Target " + std::to_string(n) +
-                                  " has no range yet: move the cursor, or TARGET RANGE, and save it again";
+                                  " has no range yet: move up or down, or TARGET RANGE, and save it again";
 }
 
 void lbltargetrange_click(trainer& t)

@@ -108,7 +108,6 @@ void make_startsim(trainer& t)
     make_practices(t);
     make_practicefile(t);
     make_rangechoice(t);
-    make_startsim_hints(s);
     s.window.load = [&t] { set_defaults(t.shared); };
     s.window.arrival = [&t] { startsim_arrival(t); };
     s.Cmdstart.Click = [&t] { cmdstart_click(t); };
@@ -118,6 +117,7 @@ void make_startsim(trainer& t)
     s.Cmdabout.Click = [&s] { s.Image1.Visible = !s.Image1.Visible; };
     s.Cmdhelpon.Click = [&t] { openhelp(t); };
     s.Cmdexit.Click = [&t] { confirmexit(t, "V.O.R N.", "V.O.R.N."); };
+    make_startsim_hints(s);
 }
 
 }   // namespace vorn

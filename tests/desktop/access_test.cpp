@@ -89,13 +89,16 @@ TEST(contrast, of_the_title_and_of_the_manual_is_enough)
         EXPECT_EQ(pale, 0) << o->Caption << ", pixels of " << all;
     }
     pc.show_help(VORN_SOURCE_DIR "/data/ranges/vorn.HLP");
+    int manuals = 0;
     for (QWidget* w : QApplication::topLevelWidgets())
-        if (w->windowTitle() == "V.O.R.N. Help") {
+        if (w->windowTitle() == "V.O.R.N. Help" && w->isVisible()) {
             const QPalette page = w->palette();
+            ++manuals;
             for (const QColor& ink :
                  {page.color(QPalette::Text), shade(colour::live), shade(colour::highlight)})
                 EXPECT_GE(contrast(ink, page.color(QPalette::Base)), 4.5) << ink.name().toStdString();
         }
+    EXPECT_EQ(manuals, 1);
 }
 
 QString heard(const desktop_machine& pc, const screen_object& o)

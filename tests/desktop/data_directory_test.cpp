@@ -70,11 +70,15 @@ TEST_F(data_places, a_new_version_renews_what_the_user_has_left_as_it_came_but_n
     put(own / "ranges/wavs/fire.wav", "the user's");
     fs::remove(own / "ranges/target icons/target1.ico");
     const fs::path left_over = own / "ranges/wavs/fire.wav.77.part", kept_roughly = own / "ranges/vorn.HLP";
-    put(left_over, "half");
-    fs::last_write_time(left_over, fs::file_time_type::clock::now() - std::chrono::hours(30));
+    const fs::path practice = own / "ranges/monday.part";
+    for (const fs::path& file : {left_over, practice}) {
+        put(file, "half");
+        fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(30));
+    }
     fs::last_write_time(kept_roughly, fs::last_write_time(kept_roughly) + std::chrono::seconds(1));
     install("second", std::chrono::hours(50));
     EXPECT_FALSE(fs::exists(left_over)) << "of a program that was killed";
+    EXPECT_TRUE(fs::exists(practice)) << "a name of the user's";
     EXPECT_EQ(get(own / "ranges/vorn.HLP"), "second");
     EXPECT_EQ(get(own / "ranges/wavs/fire.wav"), "the user's");
     EXPECT_EQ(get(own / "ranges/target icons/target1.ico"), "second");

@@ -11,6 +11,7 @@
 
 #include "platform/desktop/desktop_machine.h"
 #include "platform/desktop/drawings.h"
+#include "platform/desktop/look.h"
 #include "platform/desktop/pictures.h"
 #include "trainer.h"
 
@@ -193,6 +194,19 @@ TEST(drawings, exist_for_each_name_the_screens_use_and_for_no_other)
     EXPECT_GT(names.size(), 70U);
     EXPECT_FALSE(painted(":nothing", QSize(60, 50)));
     EXPECT_FALSE(painted("", QSize(60, 50)));
+}
+
+// Neighbours between two rows of pixels would be paler than those on one.
+TEST(drawings, of_a_scale_have_marks_of_one_brightness)
+{
+    QImage canvas(17, 185, QImage::Format_RGB32);
+    canvas.fill(Qt::black);
+    QPainter p(&canvas);
+    draw_named(p, ":ticks", QRectF(canvas.rect()));
+    const int full = qGreen(shade(colour::sight).rgb());
+    int marks = 0;
+    for (int y = 0; y < canvas.height(); ++y) marks += qGreen(canvas.pixel(8, y)) > full * 9 / 10;
+    EXPECT_EQ(marks, 14);
 }
 
 // Frames of the explosion before a plain meadow: a flash, a fire, smoke that goes; the hot one in grey.

@@ -90,8 +90,12 @@ TEST_F(objects, the_focus_of_a_button_that_is_disabled_goes_to_no_other)
     release(one, Qt::Key_Space);
     EXPECT_FALSE(start.Enabled);
     EXPECT_TRUE(log.empty());
+    pc.run([&] { start.Enabled = true; });
+    EXPECT_TRUE(window(one).widget(start)->hasFocus()) << "it has the focus again";
+    pc.run([&] { start.Enabled = false; });
     press(one, Qt::Key_Tab);
-    EXPECT_TRUE(window(one).widget(help)->hasFocus());
+    pc.run([&] { start.Enabled = true; });
+    EXPECT_TRUE(window(one).widget(help)->hasFocus()) << "the user has gone on";
 }
 
 TEST_F(objects, an_option_runs_once_when_it_becomes_the_chosen_one_of_its_frame)

@@ -114,18 +114,21 @@ TEST_F(writing, what_is_closed_to_the_user_is_told_and_stays)
     fs::create_directory(data.ranges() + "/shut");
     put("shut/open.vrn", "old", 0666);
     put("shut/closed.vrn", "old", 0444);
+    put("shut/unread.vrn", "old", 0222);
     put("dark.vrn", "old", 0000);
+    for (const std::string& folder : {data.program(), data.ranges()}) chmod(folder.c_str(), 0755);
     put("shut", "", 0555);
     {
         const nobody user;
         const small_disk disk(1000);
         EXPECT_EQ(read_file(pc, "dark.vrn").reason, "The file can't be read.");
-        for (const char* name : {"shut/open.vrn", "shut/closed.vrn", "shut/new.vrn"})
+        for (const char* name : {"shut/open.vrn", "shut/closed.vrn", "shut/new.vrn", "shut/unread.vrn"})
             EXPECT_EQ(write_file(pc, name, std::string(2000, 'n')), "The file can't be written.") << name;
         EXPECT_EQ(delete_file(pc, "shut/open.vrn"), "The file can't be deleted.");
         EXPECT_EQ(data.get("shut/open.vrn") + data.get("shut/closed.vrn"), "oldold");
         EXPECT_EQ(write_file(pc, "shut/open.vrn", "new"), "");
     }
+    EXPECT_EQ(data.get("shut/unread.vrn"), "old");
     EXPECT_EQ(data.get("shut/open.vrn"), "new") << "it needs no room beside it";
     EXPECT_FALSE(fs::exists(data.ranges() + "/shut/new.vrn"));
     EXPECT_EQ(delete_file(pc, "shut"), "It is not a file.");

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <string>
 #include <system_error>
 
@@ -67,13 +68,16 @@ static bool write_times(const fs::path& folder, const copied_times& times)
     return file && put_in_place(part, folder / times_file);
 }
 
-// What a program that was killed has left.
+// What a program that was killed has left: names as part_of makes them, and no file of the user's that ends
+// so.
 static void remove_old_parts(const fs::path& folder)
 {
+    static const std::regex left_over(R"(.*\.\d+\.part)");
     std::error_code failed, ignored;
     for (fs::recursive_directory_iterator i(folder, failed), end; !failed && i != end; i.increment(failed)) {
         const auto age = fs::file_time_type::clock::now() - i->last_write_time(ignored);
-        if (i->path().extension() == ".part" && age > std::chrono::hours(24)) fs::remove(i->path(), ignored);
+        const bool old = i->is_regular_file(ignored) && age > std::chrono::hours(24);
+        if (old && std::regex_match(to_utf8(i->path().filename()), left_over)) fs::remove(i->path(), ignored);
     }
 }
 
@@ -134,8 +138,10 @@ bool fill_directory(const fs::path& from, const fs::path& to)
         if (!i->is_regular_file(failed)) continue;
         const fs::path own = to / i->path().lexically_relative(from);
         const std::string name = to_utf8(own.lexically_relative(to));
-        if (lacks(i->path(), own, name, times)) whole &= copy_whole(i->path(), own);
-        if (same_time(time_of(own), time_of(i->path()))) times[name] = time_of(i->path());
+        const bool copied = lacks(i->path(), own, name, times) && copy_whole(i->path(), own);
+        whole &= copied || !lacks(i->path(), own, name, times);
+        // One that an earlier start has copied and not noted has exactly this time.
+        if (copied || time_of(own) == time_of(i->path())) times[name] = time_of(i->path());
     }
     whole = whole && !failed;
     // The list is there once the copy has been whole, and not before.

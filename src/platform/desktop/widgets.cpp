@@ -214,12 +214,20 @@ void set_name(QWidget& w, const object_fields& o)
     w.setAccessibleName(QString::fromStdString(name));
 }
 
-// The focus goes to no neighbour, where the next press of the space bar would work a button that nobody
-// chose.
+// The focus of what is disabled goes to no neighbour, where the next press of the space bar would work a
+// button that nobody chose; it comes back unless the user has gone on meanwhile.
 void set_enabled(QWidget& w, bool enabled)
 {
-    if (!enabled && w.window()->focusWidget() == &w) w.window()->setFocus();
+    constexpr const char* had_focus = "had_focus";
+    QWidget& window = *w.window();
+    if (!enabled && window.focusWidget() == &w) {
+        w.setProperty(had_focus, true);
+        window.setFocus();
+    }
     w.setEnabled(enabled);
+    if (!enabled || !w.property(had_focus).toBool()) return;
+    w.setProperty(had_focus, {});
+    if (window.focusWidget() == nullptr || window.focusWidget() == &window) w.setFocus();
 }
 
 void set_looks(QWidget& w, const difference& d, double scale)
