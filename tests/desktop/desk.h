@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -111,18 +110,6 @@ protected:
     void answer(Qt::Key key)
     {
         when_box<QDialog>([key](QDialog& box) { QTest::keyClick(box.windowHandle(), key); });
-    }
-
-    // Text that doesn't fit its place would be cut.
-    static void expect_labels_whole(const QWidget& w, double scale)
-    {
-        for (const auto* label : w.findChildren<QLabel*>()) {
-            if (!label->isVisible()) continue;
-            const QRect needed =
-                label->fontMetrics().boundingRect(label->rect(), Qt::TextWordWrap, label->text());
-            EXPECT_LE(needed.height(), label->height() + 1) << label->text().toStdString() << " at " << scale;
-            EXPECT_LE(needed.width(), label->width() + 1) << label->text().toStdString() << " at " << scale;
-        }
     }
 
     std::vector<std::string> log;   // what the screens have been told, in order

@@ -84,10 +84,10 @@ TEST_F(objects, the_focus_of_a_button_that_is_disabled_goes_to_no_other)
     start.Click = [&] { start.Enabled = false; };
     open(one);
     window(one).widget(start)->setFocus();
-    press(one, Qt::Key_Space);
-    release(one, Qt::Key_Space);
-    press(one, Qt::Key_Space);
-    release(one, Qt::Key_Space);
+    for (int i = 0; i < 2; ++i) {
+        press(one, Qt::Key_Space);
+        release(one, Qt::Key_Space);
+    }
     EXPECT_FALSE(start.Enabled);
     EXPECT_TRUE(log.empty());
     pc.run([&] { start.Enabled = true; });
@@ -133,24 +133,15 @@ TEST_F(objects, what_a_handler_takes_back_is_not_seen)
     screen_object& check = one.put(kind::checkbox, 0, 0, 1500, 300);
     screen_object& slider = one.put(kind::slider, 0, 600, 1500, 300);
     screen_object& text = one.put(kind::textbox, 0, 1200, 1500, 300);
-    screen_object& first = option(1800, nullptr);
-    screen_object& second = option(2400, nullptr);
     slider.Max = 10;
-    first.Value = 1;
     check.Click = [&] { check.Value = 0; };
     slider.Change = [&] { slider.Value = 3; };
     text.Change = [&] { text.Text = "ONE"; };
-    second.Click = [&] {
-        first.Value = 1;
-        second.Value = 0;
-    };
     open(one);
     click(check);
-    click(second);
     widget<QSlider>(slider).setValue(9);
     QTest::keyClicks(&widget<QLineEdit>(text), "o");
     EXPECT_FALSE(widget<QCheckBox>(check).isChecked());
-    EXPECT_TRUE(chosen(first) && !chosen(second));
     EXPECT_EQ(widget<QSlider>(slider).value(), 3);
     EXPECT_EQ(widget<QLineEdit>(text).text(), "ONE");
 }
