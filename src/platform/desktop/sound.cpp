@@ -34,6 +34,17 @@ SDL_AudioSpec channel_format()
     return format;
 }
 
+void say_nothing(const char*, int, const char*, int, const char*, ...) {}
+
+// On a machine without a sound card the library of Linux would fill the terminal with its reasons at each
+// try.
+void quieten_alsa()
+{
+    void* library = SDL_LoadObject("libasound.so.2");   // there is none elsewhere
+    void* set = library == nullptr ? nullptr : SDL_LoadFunction(library, "snd_lib_error_set_handler");
+    if (set != nullptr) reinterpret_cast<int (*)(decltype(&say_nothing))>(set)(say_nothing);
+}
+
 struct stream_closer {
     void operator()(SDL_AudioStream* s) const { SDL_FreeAudioStream(s); }
 };
@@ -92,6 +103,7 @@ bool sound_channel::ready()
     if (seconds_now() < retry_at_) return false;
     retry_at_ = seconds_now() + retry_seconds;
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");   // or it would take the signals that end the program
+    if (SDL_WasInit(SDL_INIT_AUDIO) == 0) quieten_alsa();
     if (SDL_WasInit(SDL_INIT_AUDIO) == 0 && SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
     const SDL_AudioSpec wanted = channel_format();
     device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
