@@ -54,6 +54,22 @@ TEST_F(windows, a_screen_over_another_leaves_it_where_it_is)
     EXPECT_EQ(window(one).geometry(), place);
 }
 
+TEST_F(windows, a_screen_that_is_loaded_anew_has_its_first_focus)
+{
+    screen_object& begin = one.put(object_kind::button, 0, 0, 1500, 300);
+    screen_object& leave = one.put(object_kind::button, 1500, 0, 1500, 300);
+    open(one);
+    EXPECT_TRUE(window(one).widget(begin)->hasFocus());
+    window(one).widget(leave)->setFocus();
+    pc.run([&] {
+        unload(pc, one.f);
+        show(pc, two.f);
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window(one).isVisible(); }));
+    open(one);
+    EXPECT_TRUE(window(one).widget(begin)->hasFocus());
+}
+
 TEST_F(windows, the_form_scales_as_a_whole_and_stays_in_the_middle)
 {
     screen_object& frame = one.put(object_kind::frame, 1500, 3000, 6000, 3000);

@@ -1,6 +1,7 @@
 #include "platform/desktop/printing.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
@@ -72,10 +73,9 @@ std::string desktop_machine::print(const std::vector<printed_line>& lines)
         return print_lines(printer, lines);
     }
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    const auto file =
-        choose_file({"THERE IS NO PRINTER: SAVE AS PDF", "PDF Files (*.pdf)|*.pdf|",
-                     QFileInfo(documents).isDir() ? documents.toStdString() : to_utf8(working_directory),
-                     "report.pdf", true, "pdf"});
+    const QString place = QFileInfo(documents).isDir() ? documents : QDir::homePath();
+    const auto file = choose_file({"THERE IS NO PRINTER: SAVE AS PDF", "PDF Files (*.pdf)|*.pdf|",
+                                   place.toStdString(), "report.pdf", true, "pdf"});
     return file ? print_to_pdf(*this, *file, lines) : std::string();
 }
 

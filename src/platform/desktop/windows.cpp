@@ -96,7 +96,12 @@ void desktop_machine::place_windows()
 void desktop_machine::hide_leaving()
 {
     for (form_window* w : std::exchange(leaving_, {}))
-        if (w->model.state != form_state::shown) w->hide();
+        if (w->model.state != form_state::shown) {
+            w->hide();
+            // A screen that is loaded anew begins with the focus as at the first time.
+            QWidget* focus = w->model.state == form_state::not_loaded ? w->focusWidget() : nullptr;
+            if (focus != nullptr) focus->clearFocus();
+        }
 }
 
 }   // namespace vorn
