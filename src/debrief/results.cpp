@@ -26,7 +26,6 @@ void say(trainer& t, const std::string& words, const std::string& title = {})
 void results_arrival(trainer& t)
 {
     results_screen& s = t.results;
-    end_rest(s.lblhelp, s.Timhelp, s.hintticks);
     if (t.shared.debriefonly) s.Cmdreplay.Enabled = false;   // nothing enables it again
     s.Frame1.Visible = true;
     showdetails(t);

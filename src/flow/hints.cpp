@@ -30,12 +30,12 @@ void timhelp_tick(const hint_panel& p)
 
 }   // namespace
 
-void lay_out_hints(form& f, screen_object& bar, const rectangle& at, const char* words, screen_object& beside)
+void lay_out_hints(form& f, screen_object& bar, const rectangle& at, const char* words, screen_object& hint)
 {
     add(f, bar, label(at, words, colour::highlight, text_size::normal, alignment::centre));
-    object_fields hint = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
-    hint.BackColor = colour::black;
-    add(f, beside, hidden(std::move(hint)));
+    object_fields look = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
+    look.BackColor = colour::black;
+    add(f, hint, hidden(std::move(look)));
 }
 
 void end_rest(screen_object& label, timer& clock, int& ticks)

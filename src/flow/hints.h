@@ -24,10 +24,9 @@ struct hint_panel {
     const char* bare_text;   // in the bar over the bare screen
 };
 
-// Where the bar stands, with its first words, and how the label looks that floats beside a button.
-void lay_out_hints(form&, screen_object& bar, const rectangle& at, const char* words, screen_object& label);
-// Nobody rests on a button any more: also when a screen comes up anew, since the hint of the button that led
-// away from it would still stand there.
+// Where the bar stands, with its first words, and how the hint looks that floats beside a button.
+void lay_out_hints(form&, screen_object& bar, const rectangle& at, const char* words, screen_object& hint);
+// Nobody rests on a button any more: its hint, shown or still to come, goes.
 void end_rest(screen_object& label, timer& clock, int& ticks);
 // Over this object, too, the rest by the buttons ends.
 void end_hints_over(const hint_panel&, screen_object&);

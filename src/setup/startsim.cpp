@@ -51,7 +51,6 @@ void cmddebrief_click(trainer& t)
 
 void startsim_arrival(trainer& t)
 {
-    end_rest(t.startsim.Lblhelp, t.startsim.Timhelp, t.startsim.hintticks);
     t.shared.fulldebrief = true;   // whatever the option shows: a quick start has switched it off
     if (!change_directory(t.pc, t.shared.rootpath))
         t.pc.message_box({lines({"THE FOLDER OF THE RANGES CAN'T BE OPENED", t.shared.rootpath}), "V.O.R.N.",

@@ -138,8 +138,9 @@ bool fill_directory(const fs::path& from, const fs::path& to)
         if (!i->is_regular_file(failed)) continue;
         const fs::path own = to / i->path().lexically_relative(from);
         const std::string name = to_utf8(own.lexically_relative(to));
-        const bool copied = lacks(i->path(), own, name, times) && copy_whole(i->path(), own);
-        whole &= copied || !lacks(i->path(), own, name, times);
+        const bool lacking = lacks(i->path(), own, name, times);
+        const bool copied = lacking && copy_whole(i->path(), own);
+        whole &= copied == lacking;
         // One that an earlier start has copied and not noted has exactly this time.
         if (copied || time_of(own) == time_of(i->path())) times[name] = time_of(i->path());
     }

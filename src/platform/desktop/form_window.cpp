@@ -1,8 +1,9 @@
 #include "platform/desktop/form_window.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
