@@ -51,3 +51,15 @@ build() {
     done
     cmake --preset "$1" && cmake --build --preset "$1" -j "$(getconf _NPROCESSORS_ONLN)"
 }
+
+# Builds the fuzzers and lets each run for some seconds. They take clang and the library that its fuzzers link with, on
+# Debian a package apart that has clang's version in its name; a machine that has neither and can't get them goes without.
+run_fuzzers() {
+    install_missing clang
+    command -v clang++ >/dev/null || { say "there is no clang++: the fuzzers are left out."; return 0; }
+    install_missing "libclang-rt-$(clang++ -dumpversion | cut -d. -f1)-dev"
+    ls "$(clang++ -print-resource-dir)"/lib/*/libclang_rt.fuzzer*.a >/dev/null 2>&1 ||
+        { say "clang++ has no library for fuzzers: they are left out."; return 0; }
+    cmake --preset fuzz && cmake --build --preset fuzz -j "$(getconf _NPROCESSORS_ONLN)" --target fuzzers &&
+        ctest --preset fuzz
+}
