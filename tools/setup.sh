@@ -5,13 +5,13 @@ say() { printf 'vorn: %s\n' "$*" >&2; }
 
 # Debian's names. qt6-base-dev brings the Qt libraries that the program runs on, libsdl2-dev that of SDL2; a bare
 # machine has no font at all, and the screens are laid out for this one.
-build_packages=(g++ cmake make qt6-base-dev libsdl2-dev)
+build_packages=(g++ cmake make qt6-base-dev qt6-svg-dev libsdl2-dev)
 run_packages=(fonts-liberation2)
 test_packages=(libgtest-dev)
 
 say_needs() {
     say "$1"
-    say "The build needs: a C++20 compiler, CMake 3.22 or later, make, Qt 6 (Core, Gui, Widgets, PrintSupport"
+    say "The build needs: a C++20 compiler, CMake 3.22 or later, make, Qt 6 (Core, Gui, Widgets, PrintSupport, Svg"
     say "and, for the tests, Test), SDL2, the Liberation fonts, and for the tests GoogleTest."
     say "On Debian 12 these are: ${build_packages[*]} ${run_packages[*]} ${test_packages[*]}"
     say "Going on with what is here."

@@ -116,9 +116,9 @@ void lights(gunnery_screen& s, const layout& l)
         const char* upper_lamp;
         screen_object& beneath;
         const char* beneath_lamp;
-    } rows[] = {{"MAIN", s.Imghesh, ":lamp_off", s.Imgheshon, ":lamp_main"},
-                {"COAX", s.Imgcoax, ":lamp_off", s.Imgcoaxon, ":lamp_coax"},
-                {"GUN READY ", s.Imgloaded, ":lamp_ready", s.Imgunloaded, ":lamp_off"}};
+    } rows[] = {{"MAIN", s.Imghesh, ":lamp_off", s.Imgheshon, ":lamp_amber"},
+                {"COAX", s.Imgcoax, ":lamp_off", s.Imgcoaxon, ":lamp_amber"},
+                {"GUN READY ", s.Imgloaded, ":lamp_green", s.Imgunloaded, ":lamp_off"}};
     double top = 300;
     for (const auto& row : rows) {
         const rectangle lamp{l.inner_width - 480, top, 300, 300};

@@ -1,4 +1,4 @@
-// Drawings of the machine's own, painted from lines and fills at whatever size is asked for.
+// Pictures that are built into the program: the SVG files of data/pictures, and the marks of the sights.
 #pragma once
 
 #include <QPainter>
@@ -8,10 +8,10 @@
 
 namespace vorn {
 
-// Whether the picture is one of these rather than a file.
+// Whether the picture is built in rather than loaded from a file.
 bool is_drawing(const picture&);
 
-// Paints the drawing of this name (":arrow_up", ":lamp_ready", ...); an unknown name paints nothing.
+// Paints the picture of this name (":arrow_up", ":lamp_green", ":marker7"); an unknown name paints nothing.
 void draw_named(QPainter&, const std::string& name, const QRectF& at);
 
 }   // namespace vorn

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/desktop/drawing_space.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/pictures.h"
 
@@ -60,13 +59,15 @@ static void draw_tracer(QPainter& p, const QColor& c, const QRect& at, double sc
     const double radius = std::max(at.width() / 2.0, smallest * scale);
     const double light = radius * 1.35 + beyond * scale;
     const QPointF middle = QRectF(at).center();
-    const QColor faint = c.darker(115);
+    QColor faint = c.darker(115), gone = faint;
+    faint.setAlphaF(0.43f);
+    gone.setAlpha(0);
     QRadialGradient glow(middle, light);
     glow.setColorAt(0, mixed(c, Qt::white, 0.93));
     glow.setColorAt(0.3, mixed(c, Qt::white, 0.6));
     glow.setColorAt(0.55, mixed(c, Qt::white, 0.15));
-    glow.setColorAt(0.78, with_alpha(faint, 0.43));
-    glow.setColorAt(1, with_alpha(faint, 0));
+    glow.setColorAt(0.78, faint);
+    glow.setColorAt(1, gone);
     p.setRenderHint(QPainter::Antialiasing);
     p.setPen(Qt::NoPen);
     p.setBrush(glow);
