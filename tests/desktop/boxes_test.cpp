@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <QWheelEvent>
 #include <random>
 
 #include "desk.h"
@@ -75,6 +76,12 @@ struct help : boxes {
             if (w->isVisible() && w->windowTitle().contains("Help")) return w->findChild<QTextBrowser*>();
         return nullptr;
     }
+    QPushButton* button(const QString& caption) const
+    {
+        for (auto* b : page()->window()->findChildren<QPushButton*>())
+            if (b->text() == caption) return b;
+        return nullptr;
+    }
 };
 
 TEST_F(help, opens_html_under_any_name_and_follows_links_within_the_file_alone)
@@ -91,6 +98,48 @@ TEST_F(help, opens_html_under_any_name_and_follows_links_within_the_file_alone)
     EXPECT_EQ(page()->source().fragment(), "fire");
     page()->backward();
     EXPECT_EQ(page()->source().fragment(), "");
+    emit page()->anchorClicked(page()->source().resolved(QUrl("#fire")));
+    page()->window()->close();
+    pc.run([&] { pc.show_help("vorn.HLP"); });
+    EXPECT_FALSE(page()->isBackwardAvailable() || button("&Back")->isEnabled()) << "a fresh opening";
+    emit page()->anchorClicked(page()->source().resolved(QUrl("#fire")));
+    EXPECT_TRUE(button("&Back")->isEnabled());
+    button("&Contents")->click();
+    EXPECT_EQ(page()->source().fragment(), "");
+}
+
+TEST_F(help, grows_and_shrinks_by_keys_and_wheel_and_stays_readable)
+{
+    write("vorn.HLP", "<h1>Contents</h1><p>laze, then lay, then fire</p>");
+    open(one);
+    pc.run([&] { pc.show_help("vorn.HLP"); });
+    ASSERT_TRUE(QTest::qWaitForWindowActive(page()->window()));
+    const auto height = [&] { return page()->document()->size().height(); };
+    const auto ctrl = [&](Qt::Key k) {
+        QTest::keyClick(page()->window()->windowHandle(), k, Qt::ControlModifier);
+    };
+    const auto wheel = [&](int notches) {
+        const QPointF at(50, 50);
+        QWheelEvent e(at, page()->mapToGlobal(at), {}, {0, notches * 120}, Qt::NoButton, Qt::ControlModifier,
+                      Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(page()->viewport(), &e);
+    };
+    const double normal = height();
+    ctrl(Qt::Key_Plus);
+    const double larger = height();
+    EXPECT_GT(larger, normal);
+    ctrl(Qt::Key_Equal);
+    EXPECT_GT(height(), larger);
+    ctrl(Qt::Key_0);
+    EXPECT_EQ(height(), normal);
+    ctrl(Qt::Key_Minus);
+    EXPECT_LT(height(), normal);
+    wheel(2);
+    EXPECT_EQ(height(), larger);
+    wheel(-50);
+    EXPECT_GE(page()->document()->defaultFont().pointSizeF(), 6);
+    wheel(100);
+    EXPECT_LE(page()->document()->defaultFont().pointSizeF(), 40);
 }
 
 TEST_F(help, shows_pictures_of_its_own_folder_wherever_that_lies_and_no_others)

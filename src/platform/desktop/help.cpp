@@ -15,6 +15,7 @@
 #include <QShortcut>
 #include <QTextBrowser>
 #include <QTextObjectInterface>
+#include <QWheelEvent>
 #include <algorithm>
 
 #include "platform/desktop/look.h"
@@ -27,6 +28,7 @@ namespace {
 constexpr qint64 largest_help_file = 4'000'000;
 constexpr int largest_picture = 4000;   // pixels each way
 constexpr int deepest_table = 20;       // tables in tables; laying them out takes twice the time for each
+constexpr double normal_text = 10.5, smallest_text = 7, largest_text = 32;   // points
 
 QString missing_page(const QString& file)
 {
@@ -69,6 +71,18 @@ bool too_deep(const QString& page)
     return deepest > deepest_table;
 }
 
+void set_text_size(QTextBrowser& browser, double points)
+{
+    QFont font = browser.font();
+    font.setPointSizeF(std::clamp(points, smallest_text, largest_text));
+    browser.setFont(font);
+}
+
+void zoom(QTextBrowser& browser, double by)
+{
+    set_text_size(browser, browser.font().pointSizeF() + by);
+}
+
 // Reads the help file as HTML, and pictures of its own folder and those below; nothing else.
 class help_browser final : public QTextBrowser {
 public:
@@ -82,6 +96,13 @@ public:
         const QByteArray bytes = contents(file);
         const QString page = QString::fromUtf8(bytes);
         return bytes.isEmpty() || too_deep(page) || too_wide(page) ? missing_page(file) : page;
+    }
+
+protected:
+    void wheelEvent(QWheelEvent* e) override
+    {
+        if (!e->modifiers().testFlag(Qt::ControlModifier)) return QTextBrowser::wheelEvent(e);
+        zoom(*this, e->angleDelta().y() / 120.0);   // of a notch of the wheel
     }
 
 private:
@@ -147,6 +168,7 @@ help_window::help_window(const QIcon& icon)
     setModal(false);
     setPalette(form_palette());
     setFont(text_font(text_size::normal, false, 1.1));
+    set_text_size(*text_, normal_text);
     resize(QSize(860, 700).boundedTo(screen()->availableSize()));
     setMinimumSize(480, 320);
     text_->setOpenLinks(false);
@@ -210,12 +232,12 @@ void help_window::add_search(QHBoxLayout& row)
 
 void help_window::add_zoom_keys()
 {
-    const auto zoom = [this](const QKeySequence& keys, int by) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, text_, [this, by] { text_->zoomIn(by); });
+    const auto add = [this](const char* keys, auto action) {
+        connect(new QShortcut(QKeySequence(keys), this), &QShortcut::activated, text_, action);
     };
-    zoom(QKeySequence("Ctrl++"), 1);
-    zoom(QKeySequence("Ctrl+="), 1);
-    zoom(QKeySequence("Ctrl+-"), -1);
+    for (const char* keys : {"Ctrl++", "Ctrl+="}) add(keys, [this] { zoom(*text_, 1); });
+    add("Ctrl+-", [this] { zoom(*text_, -1); });
+    add("Ctrl+0", [this] { set_text_size(*text_, normal_text); });
 }
 
 // Within the file alone.
@@ -241,10 +263,10 @@ void help_window::search(QTextDocument::FindFlags flags)
 void help_window::open_file(const std::string& path)
 {
     const QUrl file = QUrl::fromLocalFile(QString::fromStdString(path));
-    text_->clearHistory();
     const bool again = text_->source().adjusted(QUrl::RemoveFragment) == file;
     text_->setSource(file, QTextDocument::HtmlResource);
     if (again) text_->reload();   // the file may have changed since it was last open
+    text_->clearHistory();        // the page that is open now is the first one, to which Contents leads
     text_->setFocus();
     show();
     raise();
