@@ -63,6 +63,35 @@ TEST_F(joystick, pulled_out_it_lets_its_buttons_go_and_comes_back)
     EXPECT_EQ(log.back(), "down 2");
 }
 
+TEST_F(joystick, of_several_the_one_with_two_axes_is_taken_or_the_one_that_moves)
+{
+    virtual_stick throttle{pc}, other{pc};
+    open(one);
+    throttle.plug(1);
+    EXPECT_FALSE(pc.joystick_present()) << "no stick";
+    plug();
+    other.plug();
+    EXPECT_TRUE(pc.joystick_present());
+    stick.axis(0, 9000);
+    EXPECT_EQ(pc.joystick_reading(13), 32768 + 9000);
+    throttle.axis(0, 32767);
+    other.axis(0, 8000);
+    EXPECT_EQ(pc.joystick_reading(13), 32768 + 9000) << "the other one was hardly moved";
+    stick.button(0, true);
+    other.axis(0, 30000);
+    EXPECT_EQ(pc.joystick_reading(13), 32768 + 9000) << "a button of this one is held";
+    stick.button(0, false);
+    other.axis(0, -30000);
+    EXPECT_EQ(pc.joystick_reading(13), 32768 - 30000);
+    stick.axis(0, 0);
+    EXPECT_EQ(pc.joystick_reading(13), 32768 - 30000);
+    stick.axis(0, -32768);
+    EXPECT_EQ(pc.joystick_reading(13), 0) << "and back, though the other one doesn't lie at its centre";
+    stick.unplug();
+    pc.joystick().poll();
+    EXPECT_EQ(pc.joystick_reading(13), 32768 - 30000) << "the one that is left";
+}
+
 TEST_F(joystick, a_box_takes_buttons_and_moves_away)
 {
     open(one);

@@ -18,10 +18,10 @@ public:
     virtual_stick(const virtual_stick&) = delete;
     virtual_stick& operator=(const virtual_stick&) = delete;
 
-    void plug()
+    void plug(int axes = 2)
     {
         pc.joystick().poll();   // the toolkit is up from here on
-        index = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_FLIGHT_STICK, 2, 6, 0);
+        const int index = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_FLIGHT_STICK, axes, 6, 0);
         ASSERT_GE(index, 0) << SDL_GetError();
         device = SDL_JoystickOpen(index);
         pc.joystick().poll();
@@ -30,6 +30,9 @@ public:
     void unplug()
     {
         if (device == nullptr) return;
+        // Its index may be another by now, since each one that goes moves those behind it up.
+        int index = 0;
+        while (SDL_JoystickGetDeviceInstanceID(index) != SDL_JoystickInstanceID(device)) ++index;
         SDL_JoystickDetachVirtual(index);
         SDL_JoystickClose(std::exchange(device, nullptr));
     }
@@ -46,7 +49,6 @@ public:
 
 private:
     desktop_machine& pc;
-    int index = -1;
     SDL_Joystick* device = nullptr;
 };
 

@@ -4,6 +4,8 @@
 #include <SDL.h>
 
 #include <QApplication>
+#include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 #include "platform/desktop/desktop_machine.h"
@@ -14,6 +16,7 @@ namespace {
 
 constexpr long top_end = 65535;
 constexpr long centre = 32768;       // SDL's 0
+constexpr int taking = 16384;        // half of the way from the centre: no drift, no hand that brushes it
 constexpr int look_interval = 500;   // milliseconds, while nothing is plugged in
 constexpr int start_delay = 400;     // the first look waits until the first window stands
 constexpr int move_interval = static_cast<int>(timer_floor * 1000);
@@ -35,7 +38,7 @@ stick::stick(desktop_machine& pc) : pc_(pc), last_x_(centre), last_y_(centre)
 
 stick::~stick()
 {
-    if (device_ != nullptr) SDL_JoystickClose(device_);
+    for (const open_device& d : open_) SDL_JoystickClose(d.handle);
     if (SDL_WasInit(SDL_INIT_JOYSTICK) != 0) SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
 }
 
@@ -46,22 +49,65 @@ void stick::begin()
     if (SDL_WasInit(SDL_INIT_JOYSTICK) == 0) SDL_InitSubSystem(SDL_INIT_JOYSTICK);
 }
 
-void stick::attach(int index)
+// A throttle or a box of switches has no two axes and is no stick.
+static bool has_two_axes(const stick::open_device& d)
 {
-    if (device_ != nullptr) return;
-    device_ = SDL_JoystickOpen(index);
-    if (device_ == nullptr) return;
-    clock_.setInterval(move_interval);
-    tell_change();
+    return SDL_JoystickNumAxes(d.handle) >= 2;
 }
 
-// What was held is let go: nobody else will do it.
-void stick::detach()
+std::vector<stick::open_device>::iterator stick::open_one(int id)
+{
+    return std::find_if(open_.begin(), open_.end(),
+                        [id](const open_device& d) { return SDL_JoystickInstanceID(d.handle) == id; });
+}
+
+// What was held on the last one is let go: nobody else will do it.
+void stick::choose(SDL_Joystick* device)
 {
     release_all();
-    SDL_JoystickClose(std::exchange(device_, nullptr));
-    clock_.setInterval(look_interval);
-    tell_change();
+    const bool was_present = present();
+    device_ = device;
+    for (open_device& d : open_)
+        d.lay_at = {SDL_JoystickGetAxis(d.handle, 0), SDL_JoystickGetAxis(d.handle, 1)};
+    clock_.setInterval(present() ? move_interval : look_interval);
+    if (present() != was_present) tell_change();
+}
+
+void stick::choose_first()
+{
+    const auto usable = std::find_if(open_.begin(), open_.end(), has_two_axes);
+    choose(usable == open_.end() ? nullptr : usable->handle);
+}
+
+void stick::open_new()
+{
+    for (int i = 0; i < SDL_NumJoysticks(); ++i) {
+        if (open_one(SDL_JoystickGetDeviceInstanceID(i)) != open_.end()) continue;
+        SDL_Joystick* device = SDL_JoystickOpen(i);
+        if (device == nullptr) continue;
+        SDL_JoystickUpdate();   // brings the places of its axes
+        open_.push_back({device, {SDL_JoystickGetAxis(device, 0), SDL_JoystickGetAxis(device, 1)}});
+        if (device_ == nullptr) choose_first();
+    }
+}
+
+void stick::close(int id)
+{
+    const auto gone = open_one(id);
+    if (gone == open_.end()) return;
+    SDL_Joystick* device = gone->handle;
+    open_.erase(gone);
+    if (device == device_) choose_first();
+    SDL_JoystickClose(device);
+}
+
+// Another stick that is moved takes over, unless a button of this one is held.
+void stick::take_axis(int id, std::size_t number, int value)
+{
+    const auto other = open_one(id);
+    const bool held = std::any_of(held_.begin(), held_.end(), [](const form* f) { return f != nullptr; });
+    if (held || other == open_.end() || other->handle == device_ || !has_two_axes(*other)) return;
+    if (std::abs(value - other->lay_at.at(number)) >= taking) choose(other->handle);
 }
 
 void stick::tell_change()
@@ -73,11 +119,12 @@ void stick::take_events()
 {
     SDL_Event e;
     while (SDL_PollEvent(&e) != 0) {
-        if (device_ == nullptr) continue;
-        const bool ours = e.jdevice.which == SDL_JoystickInstanceID(device_);
-        if (e.type == SDL_JOYDEVICEREMOVED && ours) detach();
-        if ((e.type == SDL_JOYBUTTONDOWN || e.type == SDL_JOYBUTTONUP) &&
-            e.jbutton.which == SDL_JoystickInstanceID(device_))
+        if (e.type == SDL_JOYDEVICEADDED) look_ = true;
+        if (e.type == SDL_JOYDEVICEREMOVED) close(e.jdevice.which);
+        if (e.type == SDL_JOYAXISMOTION && e.jaxis.axis < 2)
+            take_axis(e.jaxis.which, e.jaxis.axis, e.jaxis.value);
+        const bool press = e.type == SDL_JOYBUTTONDOWN || e.type == SDL_JOYBUTTONUP;
+        if (press && device_ != nullptr && e.jbutton.which == SDL_JoystickInstanceID(device_))
             button(e.jbutton.button, e.type == SDL_JOYBUTTONDOWN);
     }
 }
@@ -87,8 +134,8 @@ void stick::poll()
     begin();
     if (clock_.interval() == start_delay) clock_.setInterval(look_interval);
     take_events();
-    // At each look: one that could not be opened when it was plugged in may be ready by now.
-    for (int i = 0; device_ == nullptr && i < SDL_NumJoysticks(); ++i) attach(i);
+    // Without one at each look: what could not be opened when it was plugged in may be ready by now.
+    if (std::exchange(look_, false) || device_ == nullptr) open_new();
     deliver_move();
 }
 

@@ -1,9 +1,10 @@
-// The joystick: the first stick or pad that is plugged in, at any time. Its buttons and first two axes go to
-// the screen in front.
+// The joystick: of those that are plugged in, at any time, the first one with two axes, or the one that was
+// moved last. Its buttons and first two axes go to the screen in front.
 #pragma once
 
 #include <QTimer>
 #include <array>
+#include <vector>
 
 #include "platform/objects.h"
 
@@ -27,18 +28,29 @@ public:
     void poll();
     void release_all();
 
+    struct open_device {
+        _SDL_Joystick* handle;
+        std::array<int, 2> lay_at;   // its axes when the one in use was chosen
+    };
+
 private:
     void begin();
     void take_events();
-    void attach(int index);
-    void detach();
+    void open_new();
+    void close(int id);
+    void choose(_SDL_Joystick*);
+    void choose_first();
+    void take_axis(int id, std::size_t number, int value);
+    std::vector<open_device>::iterator open_one(int id);
     void tell_change();
     void button(std::size_t number, bool down);
     void deliver_move();
     long axis(int number) const;
 
     desktop_machine& pc_;
-    _SDL_Joystick* device_ = nullptr;
+    std::vector<open_device> open_;
+    _SDL_Joystick* device_ = nullptr;   // the one in use, of the open ones
+    bool look_ = true;                  // there may be one that isn't open yet
     QTimer clock_;
     std::array<form*, 32> held_{};   // which screen has each button down
     long last_x_, last_y_;           // as told last
