@@ -107,8 +107,8 @@ void lights(gunnery_screen& s, const layout& l)
     form& f = s.window;
     const rectangle at{inner, 6000, l.inner_width, 1350};
     screen_object& panel = s.visual() ? s.Frame5 : s.Frame4;
-    add(f, panel, frame(at, ""), &s.Frame1);
-    if (s.visual()) add(f, s.Frame4, hidden(frame(at, "")), &s.Frame1);
+    add(f, panel, named(frame(at, ""), "Lights"), &s.Frame1);
+    if (s.visual()) add(f, s.Frame4, named(hidden(frame(at, "")), "Lights"), &s.Frame1);
     // Hiding the upper picture shows the one beneath.
     const struct {
         const char* words;

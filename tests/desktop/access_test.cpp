@@ -93,9 +93,14 @@ TEST(contrast, of_the_title_and_of_the_manual_is_enough)
         EXPECT_GE(contrast(ink, page.color(QPalette::Base)), 4.5) << ink.name().toStdString();
 }
 
+QAccessibleInterface* interface(const desktop_machine& pc, const screen_object& o)
+{
+    return QAccessible::queryAccessibleInterface(pc.window(*o.owner)->widget(o));
+}
+
 QString heard(const desktop_machine& pc, const screen_object& o)
 {
-    return QAccessible::queryAccessibleInterface(pc.window(*o.owner)->widget(o))->text(QAccessible::Name);
+    return interface(pc, o)->text(QAccessible::Name);
 }
 
 TEST(keyboard_and_reader, have_a_way_to_and_a_name_for_whatever_can_be_worked)
@@ -118,6 +123,16 @@ TEST(keyboard_and_reader, have_a_way_to_and_a_name_for_whatever_can_be_worked)
             EXPECT_TRUE(reached.contains(pc.window(*f)->widget(*o)) || in_group || !takes_input(*o))
                 << f->name << ": " << heard(pc, *o).toStdString();
         }
+    }
+    EXPECT_EQ(heard(pc, t.startsim.Frmsystem), "System") << "not OPTIONS, in which it lies";
+    EXPECT_EQ(heard(pc, t.simulator.Frame5), "Lights");
+    EXPECT_EQ(interface(pc, t.results.Imgrange)->role(), QAccessible::Graphic);
+    EXPECT_EQ(interface(pc, t.rauthor.Imgtarget[1])->role(), QAccessible::Button);
+    pc.run([&] { show(pc, t.simulator.window); });
+    for (const bool on : {false, true}) {
+        pc.run([&] { t.simulator.Imghesh.Visible = !on; });
+        EXPECT_EQ(interface(pc, t.simulator.Imghesh)->state().invisible, on);
+        EXPECT_EQ(interface(pc, t.simulator.Imgheshon)->state().invisible, !on) << "it lies beneath";
     }
     pc.run([&] {
         t.results.lbltargetrange.Caption = "1200";

@@ -115,6 +115,61 @@ TEST_F(keys, a_held_return_neither_answers_a_box_nor_presses_a_button_again)
     EXPECT_EQ(log, (words{"click", "answered"}));
 }
 
+TEST_F(keys, of_the_gun_do_not_answer_a_box)
+{
+    double seconds = 100;
+    pc.world_clock = [&] { return seconds; };
+    // Whether No goes down: the toolkit shows it so before it closes the box.
+    const auto answered = [&](const std::function<void(QMessageBox&)>& act) {
+        bool no = false;
+        when_box<QMessageBox>([&](QMessageBox& box) {
+            act(box);
+            no = box.button(QMessageBox::No)->isDown();
+            box.reject();
+        });
+        pc.message_box({"DEBRIEF FIRER ?", "SIMULATOR", box_buttons::yes_no});
+        return no;
+    };
+    const auto tap = [](QMessageBox& box, Qt::KeyboardModifiers m = {}) {
+        QTest::keyClick(box.windowHandle(), Qt::Key_N, m);
+    };
+    open(one);
+    EXPECT_FALSE(answered([&](QMessageBox& box) {
+        tap(box);
+        seconds += 0.9;
+        tap(box);
+    })) << "too soon";
+    EXPECT_TRUE(answered([&](QMessageBox& box) { tap(box, Qt::AltModifier); }));
+    press(one, Qt::Key_N);
+    EXPECT_FALSE(answered([&](QMessageBox& box) {
+        seconds += 1.1;
+        QTest::keyPress(box.windowHandle(), Qt::Key_N);
+    })) << "it was held when the box came";
+    release(one, Qt::Key_N);
+    EXPECT_TRUE(answered([&](QMessageBox& box) {
+        seconds += 1.1;
+        when_box<QMessageBox>([](QMessageBox& over) { over.accept(); },
+                              [&] { return QApplication::activeModalWidget() != &box; });
+        pc.message_box({"NO SUCH FILE", "RANGE"});
+        tap(box);
+    })) << "a letter answers a box that has been seen, whatever came over it";
+}
+
+TEST_F(keys, a_held_space_bar_types_on_in_a_text_and_presses_a_button_once)
+{
+    screen_object& text = one.put(object_kind::textbox, 0, 0, 1500, 300);
+    screen_object& button = one.put(object_kind::button, 0, 600, 1500, 300);
+    button.Click = [&] { log.push_back("click"); };
+    open(one);
+    for (const screen_object* o : {&text, &button}) {
+        window(one).widget(*o)->setFocus();
+        for (int i = 0; i < 3; ++i) QTest::keyPress(s_handle(one), ' ');
+        release(one, Qt::Key_Space);
+    }
+    EXPECT_EQ(text.Text, "   ");
+    EXPECT_EQ(log, words{"click"});
+}
+
 TEST(virtual_keys, are_named_by_what_is_on_the_key_and_elsewhere_by_their_place)
 {
     constexpr Qt::KeyboardModifiers plain{}, pad = Qt::KeypadModifier, shift = Qt::ShiftModifier;

@@ -197,6 +197,25 @@ TEST_F(objects, labels_and_pictures_with_a_click_are_worked_by_mouse_and_keyboar
     EXPECT_EQ(log.size(), 4U) << "'&' names an access key in buttons alone";
 }
 
+TEST_F(objects, the_caption_of_an_option_is_narrowed_rather_than_cut)
+{
+    screen_object& o = one.put(kind::option, 0, 0, 1500, 330);
+    o.Caption = "Self degrading";
+    o.Enabled = false;   // without the frame of the focus
+    open(one);
+    auto& button = widget<QRadioButton>(o);
+    const int mark = button.style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth);
+    const int mark_and_text = mark + 6 + button.fontMetrics().horizontalAdvance("Self degrading");
+    pc.run([&] { o.Width = (mark_and_text - 6) * twips_per_pixel; });
+    const QImage seen = button.grab().toImage();
+    const auto blank = [&](int x) {
+        for (int y = 0; y < seen.height(); ++y)
+            if (seen.pixel(x, y) != seen.pixel(x, 0)) return false;
+        return true;
+    };
+    EXPECT_TRUE(blank(seen.width() - 1) && !blank(seen.width() - 7));
+}
+
 struct mouse : objects {
     screen_object& button = one.put(kind::button, 1500, 1500, 1500, 600);
     void hook()
@@ -260,6 +279,25 @@ TEST_F(mouse, a_box_that_opens_under_the_hand_ends_the_hold_and_leaves_no_button
     QTest::mousePress(window(one).widget(button), Qt::LeftButton);
     EXPECT_EQ(log, (std::vector<std::string>{"down", "up", "box gone"}));
     EXPECT_FALSE(widget<QPushButton>(button).isDown());
+}
+
+TEST_F(mouse, a_slider_that_is_held_when_a_box_comes_is_let_go)
+{
+    screen_object& slider = one.put(kind::slider, 0, 3000, 3000, 300);
+    slider.Max = 100;
+    slider.MouseMove = [] {};
+    open(one);
+    auto& bar = widget<QSlider>(slider);
+    const auto at = [&](int x) { return QPoint(x, bar.height() / 2); };
+    QTest::mousePress(&bar, Qt::LeftButton, {}, at(3));
+    QTest::mouseMove(&bar, at(100));
+    EXPECT_GT(slider.Value, 30);
+    answer(Qt::Key_Escape);
+    pc.run([&] { pc.message_box({"ARE YOU SURE ?", "V.O.R.N."}); });
+    const int left_at = slider.Value;
+    QTest::mouseMove(&bar, at(180));
+    EXPECT_EQ(slider.Value, left_at);
+    EXPECT_FALSE(bar.isSliderDown());
 }
 
 TEST_F(mouse, moves_are_told_to_what_is_under_the_mouse_and_to_the_bare_form)

@@ -1,10 +1,12 @@
 // Message boxes, the input box and the file dialogs: the platform's own, over the screen that asks.
 #include <QDir>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QTreeView>
+#include <utility>
 
 #include "platform/desktop/boxes.h"
 #include "platform/desktop/desktop_machine.h"
@@ -45,7 +47,9 @@ bool desktop_machine::message_box(const message& asked)
     box.setIcon(icon_of(asked.sign));
     box.setStandardButtons(asked.buttons == box_buttons::ok ? QMessageBox::Ok
                                                             : QMessageBox::Yes | QMessageBox::No);
+    const double beneath = std::exchange(box_came_, world_clock());
     const int answer = box.exec();
+    box_came_ = beneath;
     return answer == QMessageBox::Yes || asked.buttons == box_buttons::ok;
 }
 
@@ -84,8 +88,14 @@ static void prepare(QFileDialog& d, const file_dialog& asked)
     d.setDefaultSuffix(QString::fromStdString(asked.suffix));
     d.setNameFilters(name_filters(asked.filter));
     if (!asked.proposed.empty()) d.selectFile(QString::fromStdString(asked.proposed));
-    if (const auto* list = d.findChild<QTreeView*>())   // there is none in a dialog of the desktop's own
-        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    auto* list = d.findChild<QTreeView*>();   // there is none in a dialog of the desktop's own
+    auto* files = d.findChild<QFileSystemModel*>();
+    if (list == nullptr || files == nullptr) return;
+    // As wide as the first folder needs, and from then on as the user drags them.
+    const auto fit = [list] {
+        for (int column = 0; column < list->header()->count(); ++column) list->resizeColumnToContents(column);
+    };
+    QObject::connect(files, &QFileSystemModel::directoryLoaded, list, fit, Qt::SingleShotConnection);
 }
 
 std::optional<std::string> desktop_machine::choose_file(const file_dialog& asked)

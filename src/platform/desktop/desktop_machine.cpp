@@ -8,6 +8,7 @@
 #include <thread>
 #include <utility>
 
+#include "platform/desktop/access.h"
 #include "platform/desktop/pictures.h"
 #include "platform/files.h"
 
@@ -16,13 +17,20 @@ namespace vorn {
 static constexpr double frame = 1.0 / 60;      // seconds
 static constexpr double longest_delay = 0.1;   // a move later than this starts its time anew rather than rush
 
+static double steady_seconds()
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
 desktop_machine::desktop_machine()
     : leave([] { std::_Exit(EXIT_SUCCESS); }),
-      printer_present([] { return !QPrinterInfo::availablePrinters().isEmpty(); }),
+      world_clock(steady_seconds),
+      printer_present([] { return !QPrinterInfo::availablePrinterNames().isEmpty(); }),
       keyboard_(*this),
       stick_(*this)
 {
     prepare_fonts();
+    describe_pictures();
     icon_ = window_icon();
     clock_.setTimerType(Qt::PreciseTimer);
     clock_.setSingleShot(true);
@@ -35,20 +43,15 @@ desktop_machine::~desktop_machine()
     windows_.clear();
 }
 
-static double worlds_clock()
-{
-    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-}
-
 double desktop_machine::now() const
 {
-    return set_to_ + (worlds_clock() - set_at_) * speed_;
+    return set_to_ + (world_clock() - set_at_) * speed_;
 }
 
 void desktop_machine::set_speed(double times)
 {
     set_to_ = now();
-    set_at_ = worlds_clock();
+    set_at_ = world_clock();
     speed_ = times;
     arm();
 }
@@ -100,6 +103,7 @@ void desktop_machine::release_input()
     keyboard_.release_all();
     stick_.release_all();
     release_mouse();
+    for (const auto& w : windows_) w->release_sliders();
 }
 
 void desktop_machine::end_program()

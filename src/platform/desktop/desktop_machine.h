@@ -58,6 +58,8 @@ public:
     // Takes the windows of screens that are gone from the desk, once their successor is seen.
     void hide_leaving();
 
+    // Seconds for which the message box in front has been up.
+    double box_age() const { return world_clock() - box_came_; }
     stick& joystick() { return stick_; }
     form_window* window(const form&) const;
     form_window* window_of(const QObject* handle) const;   // by the handle of the window system
@@ -65,6 +67,8 @@ public:
 
     // The end of the process, which a test may want to see.
     std::function<void()> leave;
+    // Seconds of the world, whatever the speed of the machine's own clock; a test may set it.
+    std::function<double()> world_clock;
     // Whether there is a printer: a test prints on nobody's.
     std::function<bool()> printer_present;
 
@@ -96,6 +100,7 @@ private:
     screen_object* held_mouse_ = nullptr;
     QTimer clock_;
     double set_to_ = 0, set_at_ = 0, speed_ = 1;   // the clock's time and the world's when its speed was set
+    double box_came_ = 0;                          // the moment of the world at which the message box came up
     std::optional<counted_move> move_;
     bool keys_waited_ = false;   // a counted move has kept events waiting
     bool ending_ = false;

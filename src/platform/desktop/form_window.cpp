@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QSlider>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
@@ -199,6 +200,17 @@ void form_window::paintEvent(QPaintEvent*)
 void form_window::showEvent(QShowEvent*)
 {
     seen_ = false;
+}
+
+// A slider whose release goes to another window would follow the mouse, or go on paging, with no button held.
+void form_window::release_sliders()
+{
+    for (QSlider* s : findChildren<QSlider*>()) {
+        const QPointF nowhere(-1, -1);
+        QMouseEvent up(QEvent::MouseButtonRelease, nowhere, s->mapToGlobal(nowhere), Qt::LeftButton,
+                       Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(s, &up);
+    }
 }
 
 void form_window::toggle_full_screen()

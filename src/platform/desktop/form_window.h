@@ -24,6 +24,7 @@ public:
     // Puts what has been drawn on the screen at once, without an event being handled.
     void paint_now();
     void toggle_full_screen();
+    void release_sliders();
     QWidget* widget(const screen_object&) const;
     double scale() const { return style_.scale; }
 

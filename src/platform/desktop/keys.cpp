@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLibrary>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QTextEdit>
 #include <array>
 #include <cstring>
 #include <utility>
@@ -13,6 +15,9 @@
 namespace vorn {
 
 namespace {
+
+// A letter that comes sooner after a box was meant for the gun. Seconds.
+constexpr double letters_wait = 1;
 
 // The longest time between two reports of a held key; one that comes later was let go unseen meanwhile.
 constexpr quint64 longest_repeat = 1500;
@@ -53,10 +58,25 @@ quint32 identity(const QKeyEvent& e)
     return e.nativeScanCode() != 0 ? e.nativeScanCode() : static_cast<quint32>(e.key());
 }
 
+// Where a text is edited or read, Space is a blank or turns the page, as often as it repeats.
+bool in_text()
+{
+    const QWidget* focus = QApplication::focusWidget();
+    return qobject_cast<const QLineEdit*>(focus) != nullptr ||
+           qobject_cast<const QTextEdit*>(focus) != nullptr;
+}
+
 bool answers(const QKeyEvent& e)
 {
-    return e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter || e.key() == Qt::Key_Space ||
-           e.key() == Qt::Key_Escape;
+    return e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter || e.key() == Qt::Key_Escape ||
+           (e.key() == Qt::Key_Space && !in_text());
+}
+
+// A bare letter chooses the button of a box that has it as its access key.
+bool bare_letter(const QKeyEvent& e)
+{
+    const bool letter = is_letter(virtual_key(e)) || (!e.text().isEmpty() && e.text().front().isLetter());
+    return letter && !(e.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier));
 }
 
 }   // namespace
@@ -128,6 +148,7 @@ bool keyboard::pressed(form_window* w, const QKeyEvent& e)
     k.last = e.timestamp();
     if (w == nullptr) {
         const bool box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr;
+        if (box && bare_letter(e) && pc_.box_age() < letters_wait) return true;
         return held && (box || answers(e));
     }
     if (e.key() == Qt::Key_F11) {

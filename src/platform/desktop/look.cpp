@@ -211,6 +211,16 @@ QFont text_font(text_size size, bool bold, double scale)
     return font;
 }
 
+QFont narrowed(const QFont& font, QString caption, int room)
+{
+    constexpr double narrowest = 0.85;
+    const double wide = QFontMetricsF(font).horizontalAdvance(caption.remove('&'));
+    QFont fitting = font;
+    const double line = room - 2;   // the toolkit breaks a line that fills its room to the last pixel
+    if (wide > line && wide * narrowest <= line) fitting.setStretch(static_cast<int>(100 * line / wide));
+    return fitting;
+}
+
 void prepare_fonts()
 {
     QFont::insertSubstitutions(type_face, {"Arimo", "Arial", "Helvetica", "Nimbus Sans", "DejaVu Sans"});
@@ -295,6 +305,16 @@ QRect form_style::subElementRect(SubElement element, const QStyleOption* option,
 {
     if (element == SE_RadioButtonClickRect || element == SE_CheckBoxClickRect) return option->rect;
     return QProxyStyle::subElementRect(element, option, widget);
+}
+
+// The captions of options and check boxes.
+void form_style::drawItemText(QPainter* p, const QRect& at, int flags, const QPalette& palette, bool enabled,
+                              const QString& text, QPalette::ColorRole role) const
+{
+    const QFont font = p->font();
+    p->setFont(narrowed(font, text, at.width()));
+    QProxyStyle::drawItemText(p, at, flags, palette, enabled, text, role);
+    p->setFont(font);
 }
 
 using primitive_drawing = void (*)(QPainter&, const QStyleOption&, double);

@@ -31,6 +31,8 @@ QColor mixed(const QColor& a, const QColor& b, double part_of_b);
 double line_height(text_size);
 // Font of a text size where `scale` pixels go to the designed one.
 QFont text_font(text_size, bool bold, double scale);
+// A caption that is only just too wide for its line is narrowed a little rather than broken in two or cut.
+QFont narrowed(const QFont&, QString caption, int room);
 // Names what to use where the type face isn't installed; once, before the first window.
 void prepare_fonts();
 
@@ -46,6 +48,8 @@ public:
 
     int pixelMetric(PixelMetric, const QStyleOption*, const QWidget*) const override;
     int styleHint(StyleHint, const QStyleOption*, const QWidget*, QStyleHintReturn*) const override;
+    void drawItemText(QPainter*, const QRect&, int flags, const QPalette&, bool enabled, const QString&,
+                      QPalette::ColorRole) const override;
     QRect subElementRect(SubElement, const QStyleOption*, const QWidget*) const override;
     void drawPrimitive(PrimitiveElement, const QStyleOption*, QPainter*, const QWidget*) const override;
     void drawComplexControl(ComplexControl, const QStyleOptionComplex*, QPainter*,

@@ -15,6 +15,8 @@
 
 namespace vorn {
 
+static const char* const job_name = "V.O.R.N. practice report";   // in the queue of the printer
+
 static QFont printed_font(const printed_line& l)
 {
     QFont font(l.face.empty() ? QString("MS Sans Serif") : QString::fromStdString(l.face));
@@ -70,6 +72,7 @@ std::string desktop_machine::print(const std::vector<printed_line>& lines)
 {
     if (printer_present()) {
         QPrinter printer(QPrinter::HighResolution);
+        printer.setDocName(job_name);
         return print_lines(printer, lines);
     }
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);

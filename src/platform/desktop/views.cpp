@@ -49,17 +49,6 @@ void push_button::paint_picture(QPainter& p)
     draw_picture(p, fields_.Picture, QRect(corner, box));
 }
 
-// A caption that is only just too wide for its line is narrowed a little rather than broken in two.
-static QFont narrowed(const QFont& font, QString caption, int room)
-{
-    constexpr double narrowest = 0.85;
-    const double wide = QFontMetricsF(font).horizontalAdvance(caption.remove('&'));
-    QFont fitting = font;
-    const double line = room - 2;   // the toolkit breaks a line that fills its room to the last pixel
-    if (wide > line && wide * narrowest <= line) fitting.setStretch(static_cast<int>(100 * line / wide));
-    return fitting;
-}
-
 void push_button::paintEvent(QPaintEvent*)
 {
     QPainter p(this);

@@ -205,11 +205,13 @@ void set_font(QWidget& w, const object_fields& o, double scale)
 }
 
 // What a screen reader says: the name of the object and what stands in it. A tip tells what a thing without a
-// caption is for, but not what a label says that is empty for the moment.
+// caption is for, but not what a label says that is empty for the moment. A frame without a name would be
+// heard by that of the frame around it.
 void set_name(QWidget& w, const object_fields& o)
 {
     std::string name = o.AccessibleName;
     if (!name.empty() && !o.Caption.empty()) name += ' ' + o.Caption;
+    if (name.empty() && o.kind == object_kind::frame) name = o.Caption;
     if (name.empty() && o.Caption.empty() && o.kind != object_kind::label) name = o.ToolTipText;
     w.setAccessibleName(QString::fromStdString(name));
 }

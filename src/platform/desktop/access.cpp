@@ -1,0 +1,54 @@
+#include "platform/desktop/access.h"
+
+#include <QAccessibleWidget>
+#include <algorithm>
+
+#include "platform/desktop/views.h"
+
+namespace vorn {
+
+namespace {
+
+class described_picture final : public QAccessibleWidget {
+public:
+    explicit described_picture(picture_view& view) : QAccessibleWidget(&view, QAccessible::Graphic) {}
+
+    // Its own name alone: the toolkit would make up for a missing one by that of the frame around it.
+    QString text(QAccessible::Text which) const override
+    {
+        return which == QAccessible::Name ? widget()->accessibleName() : QAccessibleWidget::text(which);
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State s = QAccessibleWidget::state();
+        if (covered()) s.invisible = true;
+        return s;
+    }
+
+private:
+    // Of two lamps in one place the upper one is seen.
+    bool covered() const
+    {
+        const QObjectList& siblings = widget()->parentWidget()->children();
+        const auto above = std::find(siblings.begin(), siblings.end(), widget()) + 1;
+        return std::any_of(above, siblings.end(), [this](QObject* o) {
+            const auto* view = dynamic_cast<const picture_view*>(o);
+            return view != nullptr && view->isVisible() && view->geometry() == widget()->geometry();
+        });
+    }
+};
+
+QAccessibleInterface* description(const QString&, QObject* o)
+{
+    auto* view = dynamic_cast<picture_view*>(o);
+    return view != nullptr && view->focusPolicy() == Qt::NoFocus ? new described_picture(*view) : nullptr;
+}
+
+}   // namespace
+
+void describe_pictures()
+{
+    QAccessible::installFactory(description);
+}
+
+}   // namespace vorn
