@@ -116,6 +116,12 @@ void cmdcoax_click(trainer& t, gunnery_screen& s)
     t.shared.recammo[row(t)] = "COAX";
 }
 
+void emptygun(gunnery_screen& s)
+{
+    s.gunloaded = false;
+    s.Imgloaded.Visible = false;
+}
+
 void deselect_visual(gunnery_screen& s)
 {
     s.autolayheld = false;
@@ -137,7 +143,7 @@ void deselect_thermal(gunnery_screen& s)
 void cmdoff_click(const trainer& t, gunnery_screen& s)
 {
     s.visual() ? deselect_visual(s) : deselect_thermal(s);
-    if (!s.Imgtargets.Visible) s.gunloaded = false;
+    if (!s.Imgtargets.Visible) emptygun(s);
     s.ammoarmed = false;
     s.heshcorrecting = false;
     if (t.shared.heshcorrectall) s.heshcorrection = 0;
@@ -391,8 +397,7 @@ void keyfire(trainer& t, gunnery_screen& s)
     recordaim(t, s);
     if (s.nature != coax_transport) {
         if (s.visual()) playsound(t, s, "fire.wav");
-        s.gunloaded = false;
-        s.Imgloaded.Visible = false;
+        emptygun(s);
     }
     t.shared.roundnumber = std::min(t.shared.roundnumber + 1, 4);
     t.shared.recrounds[row(t)] = t.shared.roundnumber - 1;

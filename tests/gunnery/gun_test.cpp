@@ -263,13 +263,14 @@ TEST_P(gun, the_deselect_keeps_a_round_for_the_target_that_is_up_and_a_correctio
         {true, true, true, 0}, {true, false, true, 40}, {false, true, false, 0}, {false, false, false, 40}};
     for (const auto& c : cases) {
         d.tap('E');
-        s.gunloaded = true;
+        s.gunloaded = s.Imgloaded.Visible = true;
         s.heshcorrection = 40;
         s.heshcorrecting = true;
         s.Imgtargets.Visible = c.up;
         p.heshcorrectall = c.all;
         d.tap('W');
         EXPECT_EQ(s.gunloaded, c.loaded);
+        EXPECT_EQ(s.Imgloaded.Visible, c.loaded) << "GUN READY";
         EXPECT_FLOAT_EQ(s.heshcorrection, c.correction);
         EXPECT_FALSE(s.ammoarmed || s.heshcorrecting);
     }
