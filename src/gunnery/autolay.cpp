@@ -132,7 +132,7 @@ void thermal_autolay(trainer& t, gunnery_screen& s)
     if (s.autolayheld) return playmark(t, s, kind);
     s.autolayheld = true;   // let go too early: the sight goes over to the reversionary mark
     s.imgbam.Visible = false;
-    reversionarydrop(t, s);
+    reversionarydrop(s);
 }
 
 void timautolay_tick(trainer& t, gunnery_screen& s)

@@ -48,8 +48,8 @@ void keylaze(trainer&, gunnery_screen&);
 // The target's centre against the aim point, twips; positive to the right and below.
 double aimacross(const gunnery_screen&);
 double aimdown(const gunnery_screen&);
-// The thermal sight drops to its reversionary mark: picture and target go up by half the range.
-void reversionarydrop(trainer&, gunnery_screen&);
+// The thermal sight drops to its reversionary mark: picture and target jump up by half the range.
+void reversionarydrop(gunnery_screen&);
 
 // autolay.cpp
 void make_autolay(trainer&, gunnery_screen&);

@@ -6,8 +6,7 @@ namespace vorn {
 
 namespace {
 
-constexpr double jump_seconds = 0.25;   // the drop of the thermal sight is seen as little more than a jump
-constexpr int nearest_range = 600;      // metres, of the visual laser
+constexpr int nearest_range = 600;   // metres, of the visual laser
 
 bool betweensides(const gunnery_screen& s)
 {
@@ -127,7 +126,7 @@ void degraded_laze(trainer& t, gunnery_screen& s)
 {
     showrange(t, s);
     t.shared.recwidth[static_cast<std::size_t>(t.shared.engagement)] = s.Imgtargets.Width;
-    reversionarydrop(t, s);
+    reversionarydrop(s);
 }
 
 // The charge comes back on the second tick. Nothing tests it: the laser can be fired again at once.
@@ -151,15 +150,14 @@ double aimdown(const gunnery_screen& s)
     return s.Imgtargets.Height / 2 + s.Imgtargets.Top - s.mbs1.Top;
 }
 
-void reversionarydrop(trainer& t, gunnery_screen& s)
+void reversionarydrop(gunnery_screen& s)
 {
     const bool fin = s.Lblammotype.Caption == "FIN" || s.Lblammotype.Caption == "DST";
     (fin ? s.Imgrevfin : s.Imgrevhesh).Visible = true;
-    const double top = s.Imgtargets.Top;
-    count(t.pc, top, top - s.currentrange / 2.0, -5, jump_seconds, [&](double) {
-        movepicture(s, &object_fields::Top, -5);
-        s.Imglam.Visible = false;
-    });
+    const double top = s.Imgtargets.Top, step = -5;
+    const int all = counts(top, top - s.currentrange / 2.0, step);
+    movepicture(s, &object_fields::Top, all * step);
+    if (all > 0) s.Imglam.Visible = false;
 }
 
 void keylaze(trainer& t, gunnery_screen& s)

@@ -339,8 +339,10 @@ TEST_F(thermal_laser, degraded_each_press_drops_the_sight)
         d.t.shared.systemstatus = status;
         d.pc.wait(1);
         d.target_at(4600, 2500);
+        const double from = d.pc.now();
         d.tap('A');
         d.tap('A');
+        EXPECT_EQ(d.pc.now(), from) << "it jumps";
         EXPECT_EQ(s.Lblrange.Caption, shown);
         EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 2500 - 2 * 111 * 5);
         EXPECT_FALSE(s.lazed || s.imgbam.Visible || s.Imglam.Visible);
