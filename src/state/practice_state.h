@@ -74,7 +74,7 @@ struct practice_state {
     bool paused = false;
 
     // The running engagement.
-    int engagement = 0;     // row of the record for the target now up
+    int engagement = 1;     // row of the record for the target now up
     int roundnumber = 0;    // row of the round now being fired, 1 to 4
     float killradius = 0;   // twips
 

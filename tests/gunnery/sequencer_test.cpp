@@ -35,6 +35,7 @@ TEST(visual_practice, six_targets_come_at_their_times_and_go_down_as_misses)
         EXPECT_EQ(d.t.shared.recwidth[i],
                   static_cast<int>(range < 2200 ? std::min(480.0, rounded(660 - range / 4.0)) : 160));
     }
+    EXPECT_EQ(d.t.shared.recsystem[0], "") << "no practice fills row 0";
     EXPECT_EQ(d.crew(), "");
     EXPECT_TRUE(d.screen().Cmdstartsim.Enabled && !d.screen().Cmdstopsim.Enabled);
 }

@@ -189,7 +189,7 @@ bool sane_row(const practice_state& p, std::size_t i)
 
 void hold_in_state(verdict& v, const practice_state& p)
 {
-    v.hold(within(p.engagement, 0, 16), "engagement is a row of the record");
+    v.hold(within(p.engagement, 1, 16), "engagement is a row of the record");
     v.hold(within(p.roundnumber, 0, 4), "roundnumber is a row of the record");
     v.hold(within(p.systemstatus, 0, 3), "the system has states 0 to 3");
     v.hold(within(p.practicemode, 0, 2), "a practice is visual or thermal");
