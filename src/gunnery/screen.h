@@ -1,4 +1,4 @@
-// A gunnery screen: its objects, its timers and its variables. Visual and thermal are one struct; what
+// A gunnery screen: its variables, its objects and its timers. Visual and thermal are one struct; what
 // differs between them in number is a row of sight.h.
 #pragma once
 
@@ -13,7 +13,76 @@ namespace vorn {
 
 enum nature_of_target { fin_tank = 0, hesh_bmp = 1, coax_transport = 2 };
 
-struct gunnery_screen {
+// The variables of a screen by the moment at which they begin anew. A longer life begins the shorter ones
+// with it: `static_cast<since_reset&>(s) = {}` begins a practice and its first target.
+
+struct since_target {            // until it goes down
+    bool targetcalled = false;   // the commander has laid the gun near the target
+    bool targethit = false;
+    bool hasfired = false;   // a round has gone at this target
+};
+
+struct since_reset : since_target {
+    // The sequencer and the score.
+    bool simrunning = false;
+    int16 targetnumber;   // targets presented so far
+    int16 pausecount;     // Timpause ticks so far
+    int16 hits;
+    int16 hittime;   // sum of targetticks over the hits
+
+    // The gun and the fire control.
+    bool gunloaded = false;
+    bool ammoarmed = false;     // a weapon is selected
+    bool layready = false;      // autolay may run once
+    bool coaxrunning = false;   // visual
+    float leadperstep = 0;      // sideways move per twip of lay, for the wind; visual
+};
+
+struct since_load : since_reset {
+    // The sequencer. The time of the last order outlives the reset: the score box is worked out from it.
+    int currenttarget = 0;   // position of the target now up
+    int currentrange = 0;    // metres
+    int16 targetticks;       // since the order, which counts as the first
+    int16 targetlife;        // targetticks at which the target goes down
+    int16 targetwait;        // Timpause ticks before the next order
+    int windoffset = 0;      // twips, in the fall of shot; the visual reset clears it
+
+    // The traverse: base steps in twips, not 0 while a direction is held, and the ticks that a move has
+    // lasted.
+    int16 traversestep, elevatestep;
+    int16 traverseaccel;   // one counter for all four directions; visual
+
+    // The fire control.
+    int layspeed = 3;           // twips a step of the autolay, until a reset has read the slider; visual
+    bool lazed = false;         // a range has been taken and the next round may use it
+    int chargecount = 0;        // Timchrg ticks; visual
+    int autolaycount = 0;       // timautolay ticks, kept from one press to the next
+    bool autolayheld = false;   // the input has been held for the full count
+    bool autolaydown = false;   // it is held down now; visual
+    double relayed = 0;         // twips that the last re-lay moved; visual
+    std::string rangesuffix;    // letter behind the range; thermal
+
+    // The gun.
+    int ammoselected = 0;                   // nature of the selected round, compared with that of the target
+    int16 ammoindex;                        // place in the cycle FIN, DST, HESH
+    int16 loadcount;                        // Timloading ticks
+    int16 spreadx, spready;                 // of the round in flight, twips
+    int aimrow = 0;                         // row of the record that took the aim of the round in flight
+    bool heshcorrecting = false;            // the first HESH round has gone: the switch takes the correction
+    int correctstep = 0;                    // presses of the switch in the correction, 0 to 2
+    float correctfrom = 0, correctto = 0;   // the picture's Left at the first and the second press
+    float heshcorrection = 0;               // sideways correction put on by the gunner, twips
+    int explodeframe = 0;
+    int coaxhits = 0;         // bursts that have hit since the last kill
+    bool coaxfired = false;   // the coax has fired since the last deselect; visual
+
+    // Crew voice and sound. The unload stops the timer that would end a held call.
+    std::string soundfile;
+    bool voicebusy = false;   // a spoken call is held to be running
+    int voicecount = 0;       // Timvoice ticks
+};
+
+struct gunnery_screen : since_load {
     explicit gunnery_screen(sight_kind k)
         : kind(k), numbers(k == sight_kind::visual ? visualsight : thermalsight)
     {
@@ -75,64 +144,11 @@ struct gunnery_screen {
     timer Timer1, Timpause, Timtarget, Timloading, Timvoice, Timchrg;
     timer Timleft, Timright, Timup, Timdown, timautolay, Timcoax, Timexplode;
 
-    // The sequencer.
-    int targetindex = 0;         // candidate position, 1 to 19, redrawn on every tick of Timer1
-    int currenttarget = 0;       // position of the target now up
-    int currentrange = 0;        // metres
-    int16 targetticks;           // since the order, which counts as the first
-    int16 targetlife;            // targetticks at which the target goes down
-    int16 targetnumber;          // targets presented so far
-    int16 targetwait;            // Timpause ticks before the next order
-    int16 pausecount;            // Timpause ticks so far
-    int16 nature;                // of the target: nature_of_target
-    int ordercount = 0;          // step of the Mixed pattern; never goes back
-    bool targetcalled = false;   // the commander has laid the gun near the target
-    bool targethit = false;
-    bool simrunning = false;
-    int windoffset = 0;      // twips, in the fall of shot
-    bool hasfired = false;   // a round has gone at this target
-    int resets = 0;          // resets and unloads so far: tells a handler that its practice is gone
-
-    // The traverse: base steps in twips, not 0 while a direction is held, and the ticks that a move has
-    // lasted.
-    int16 traversestep, elevatestep;
-    int16 traverseaccel;   // one counter for all four directions; visual
-
-    // The gun and the fire control.
-    int layspeed = 0;   // twips a step of the autolay; visual
-    bool gunloaded = false;
-    bool ammoarmed = false;                 // a weapon is selected
-    bool lazed = false;                     // a range has been taken and the next round may use it
-    bool layready = false;                  // autolay may run once
-    int chargecount = 0;                    // Timchrg ticks; visual
-    int autolaycount = 0;                   // timautolay ticks, kept from one press to the next
-    bool autolayheld = false;               // the input has been held for the full count
-    bool autolaydown = false;               // it is held down now; visual
-    double relayed = 0;                     // twips that the last re-lay moved; visual
-    int ammoselected = 0;                   // nature of the selected round, compared with that of the target
-    int16 ammoindex;                        // place in the cycle FIN, DST, HESH
-    int16 spreadx, spready;                 // of the round in flight, twips
-    bool heshcorrecting = false;            // the first HESH round has gone: the switch takes the correction
-    int correctstep = 0;                    // presses of the switch in the correction, 0 to 2
-    float correctfrom = 0, correctto = 0;   // the picture's Left at the first and the second press
-    float heshcorrection = 0;               // sideways correction put on by the gunner, twips
-    int aimrow = 0;                         // row of the record that took the aim of the round in flight
-    int explodeframe = 0;
-    int coaxhits = 0;           // bursts that have hit since the last kill
-    bool coaxrunning = false;   // visual
-    float leadperstep = 0;      // sideways move per twip of lay, for the wind; visual
-    bool coaxfired = false;     // the coax has fired since the last deselect; visual
-    int16 loadcount;            // Timloading ticks
-    std::string rangesuffix;    // letter behind the range; thermal
-
-    // Crew voice and sound.
-    std::string soundfile;
-    bool voicebusy = false;   // a spoken call is held to be running
-    int voicecount = 0;       // Timvoice ticks
-
-    // The score.
-    int16 hits;
-    int16 hittime;   // sum of targetticks over the hits
+    // What nothing brings back to its start.
+    int targetindex = 0;   // candidate position, 1 to 19, redrawn on every tick of Timer1
+    int ordercount = 0;    // step of the Mixed pattern
+    int16 nature;          // of the target: nature_of_target. The 19th Mixed order keeps that of the 18th
+    int resets = 0;        // resets and unloads so far: tells a handler that its practice is gone
 };
 
 }   // namespace vorn

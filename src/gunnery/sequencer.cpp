@@ -229,13 +229,11 @@ void waitfornext(trainer& t, gunnery_screen& s)
 void taketargetdown(trainer& t, gunnery_screen& s)
 {
     s.Imgtargets.Visible = false;
-    s.hasfired = false;
     if (s.visual()) stop(s.Timloading);
     if (!s.targethit) recordmiss(t, s);
-    s.targethit = false;
+    static_cast<since_target&>(s) = {};
     t.shared.engagement += 1;
     stop(s.Timtarget);
-    s.targetcalled = false;
     if (s.targetnumber + 1 > targetsinall(t)) {
         cmdstopsim_click(t, s);
         stop(s.Timpause);

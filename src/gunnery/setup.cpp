@@ -92,21 +92,10 @@ void resetreadouts(gunnery_screen& s)
 void resetstate(gunnery_screen& s)
 {
     s.resets += 1;
-    s.hasfired = false;
-    s.gunloaded = false;
-    s.simrunning = false;
-    s.ammoarmed = false;
-    s.layready = false;
-    s.hits = 0;
-    s.hittime = 0;
-    s.pausecount = 0;
-    s.targetnumber = 0;
-    s.targethit = false;   // stopped before a target that was hit went down: the next one isn't hit by that
+    static_cast<since_reset&>(s) = {};
     if (!s.visual()) return;
-    s.coaxrunning = false;
     s.layspeed = s.HScspeed.Value;
     s.windoffset = 0;
-    s.leadperstep = 0;
 }
 
 // The visual screen marks the row that the practice just ended has moved on to, the thermal one row 1.
@@ -187,16 +176,7 @@ void giveup(trainer& t, gunnery_screen& s, const fault& f)
 void load_gunnery(gunnery_screen& s)
 {
     s.resets += 1;
-    s.targetnumber = 0;
-    s.traversestep = 0;
-    s.elevatestep = 0;
-    s.traverseaccel = 0;
-    s.lazed = false;
-    s.layready = false;
-    s.autolaydown = false;
-    s.voicebusy = false;   // the unload has stopped the timer that would have ended the call
-    s.voicecount = 0;
-    if (s.visual()) s.layspeed = 3;
+    static_cast<since_load&>(s) = {};
     start(s.Timer1);
 }
 

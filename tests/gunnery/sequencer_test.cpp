@@ -302,23 +302,25 @@ TEST(commander, calls_the_range_in_hundreds_and_a_near_one_in_two_hundreds)
     }
 }
 
-TEST(mixed, the_cycle_goes_on_across_practices_and_ends_in_fin)
+TEST(mixed, the_cycle_goes_on_across_practices_and_screens_and_ends_in_fin)
 {
     drill d(sight_kind::visual);
-    d.t.shared.targetblocks = 5;
-    d.start();
-    d.to_the_end();
+    for (const int blocks : {3, 3, 5}) {
+        d.t.shared.targetblocks = blocks;
+        d.start();
+        d.to_the_end();
+        d.pc.click(d.screen().Cmdmain);
+    }
     EXPECT_EQ(d.t.shared.rectarget[15], 15);
     EXPECT_EQ(d.t.shared.rectarget[16], 0) << "the row that it moved on to after its last target";
-    d.start();
-    d.to_the_end();
     std::string natures;
     for (const logged& l : d.pc.log)
         if (l.text == "FIN TANK " || l.text == "HESH BMP " || l.text == "COAX TRANSPORT ")
             natures += l.text.front();
     EXPECT_EQ(natures,
-              "FHCFHCFHCFHCFHC"
-              "FHCCFFFFFFFFFFF");
+              "FHCFHCFHC"
+              "FHCFHCFHC"
+              "CFFFFFFFFFFFFFF");
 }
 
 TEST(target_time, till_destroyed_shows_no_time_until_the_last_fifty_seconds)

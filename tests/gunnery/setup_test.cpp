@@ -61,6 +61,62 @@ TEST(screen_reset, a_hidden_panel_stays_hidden_until_the_screen_is_unloaded)
     EXPECT_FALSE(thermal.screen().Frame4.Visible);
 }
 
+// What comes of a HESH round that is lased, laid too short, fired and half corrected. It leaves all of the
+// fire control in use, and an early lay and a coax burst besides.
+std::vector<std::string> hesh_shoot(drill& d)
+{
+    gunnery_screen& s = d.screen();
+    d.pc.log.clear();
+    d.t.luck.source = [] { return draw_of(6); };
+    d.start();
+    d.pc.wait(8.5);
+    EXPECT_TRUE(s.Imgtargets.Visible);
+    d.t.luck.source = [] { return 0.5; };
+    std::vector<std::string> seen;
+    const auto look = [&] {
+        for (const screen_object* o : {&s.Lblammotype, &s.Lblrange, &s.lblcrew, &s.Label2})
+            seen.push_back(o->Caption);
+        for (const double at : {s.Imgtargets.Top - s.Imgrange.Top, s.Imgtargets.Left - s.Imgrange.Left,
+                                s.ammo.Left, s.ammo.Top, s.laze.Top, s.imgbam.Top})
+            seen.push_back(std::to_string(at));
+    };
+    for (const char key : {'Q', 'W', 'E', 'R', 'R'}) d.tap(key);
+    look();
+    d.pc.wait(9);   // loaded
+    d.target_at(s.mbs1.Left - 100, s.mbs1.Top - 100);
+    d.tap('A');
+    d.hold('S', 1.2);
+    look();
+    d.tap('A');
+    d.pc.key_down('S');   // and held until the screen has gone
+    d.pc.wait(2.6);
+    look();
+    d.tap('D');
+    look();
+    d.tap('R');
+    look();
+    for (const std::string& sound : d.pc.of_kind("sound")) seen.push_back(sound);
+    return seen;
+}
+
+// The first one leaves all of its fire control in use. The load puts the picture back as well, so that the
+// two can be compared.
+TEST(screen_load, a_new_screen_shoots_as_the_first_one_did)
+{
+    for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal}) {
+        drill d(kind);
+        d.t.shared.engagementtype = 3;
+        d.t.shared.windbias = 2;
+        const std::vector<std::string> first = hesh_shoot(d);
+        EXPECT_TRUE(d.screen().heshcorrecting);
+        d.pc.click(d.screen().Cmdmain);
+        d.pc.key_up('S');
+        EXPECT_EQ(hesh_shoot(d), first);
+        d.pc.click(d.screen().Cmdstopsim);
+        EXPECT_TRUE(d.screen().heshcorrecting) << "a reset leaves the correction open";
+    }
+}
+
 TEST(screen_reset, calls_are_held_though_neither_line_nor_sound_comes_of_them)
 {
     drill d(sight_kind::visual);
