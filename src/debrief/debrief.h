@@ -13,12 +13,16 @@ void design_results(results_screen&);
 
 // engagement.cpp: the list of engagements and what is shown of the chosen one.
 void make_engagements(trainer&);
+// Loads the icons that the record names; false when one can't be loaded. Its place then has the picture that
+// is built in.
+bool loadstock(trainer&);
 // The pictures of the list, and engagement 1 chosen.
 void fillengagements(trainer&);
 
 // results.cpp: shows the record's head.
 void showdetails(trainer&);
-// Loads the picture of the record's range and puts it on the strip; false when it can't be loaded.
+// Puts the picture of the record's range on the strip, or the placeholder for want of it; false when the
+// record names one that can't be loaded.
 bool showrange(trainer&);
 
 }   // namespace vorn

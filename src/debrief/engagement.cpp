@@ -23,15 +23,6 @@ std::size_t row(const results_screen& s)
     return static_cast<std::size_t>(s.selectedengagement);
 }
 
-void load_stock(trainer& t, screen_object& holder, const std::string& targeticon,
-                const std::string& resulticon)
-{
-    if (targeticon.empty()) return;
-    loaded_picture loaded = t.pc.load_picture(icon_path(t.pc, t.shared.rootpath, resulticon));
-    holder.Picture =
-        loaded.result ? std::move(*loaded.result) : holder.design->Picture;   // never another record's
-}
-
 // "DST" has no picture of its own: the place keeps the one that it had.
 void show_in_list(const practice_state& p, results_screen& s, int e)
 {
@@ -114,7 +105,8 @@ void show_round_buttons(const practice_state& p, results_screen& s)
 void point_at_target(const practice_state& p, results_screen& s)
 {
     const std::size_t e = row(s);
-    s.imgtargetpointer.Visible = s.overviewscalex > 0 && s.overviewscaley > 0;
+    const bool ownpicture = s.originalrange.Picture != s.originalrange.design->Picture;
+    s.imgtargetpointer.Visible = ownpicture && s.overviewscalex > 0 && s.overviewscaley > 0;
     if (!s.imgtargetpointer.Visible) return;
     s.imgtargetpointer.Left = s.Imgrange.Left + static_cast<double>(p.recx[e]) / s.overviewscalex;
     s.imgtargetpointer.Top = s.Imgrange.Top + static_cast<double>(p.recy[e]) / s.overviewscaley;
@@ -168,14 +160,33 @@ void cmdround_click(trainer& t, std::size_t round)
 
 }   // namespace
 
-void fillengagements(trainer& t)
+bool loadstock(trainer& t)
 {
     results_screen& s = t.results;
     const practice_state& p = t.shared;
-    load_stock(t, s.Imgfin, p.targeticon1, p.resulticon1);
-    load_stock(t, s.Imghesh, p.targeticon2, p.resulticon2);
-    load_stock(t, s.Imgcoax, p.targeticon3, p.resulticon3);
-    for (int e = 1; e <= rows; ++e) show_in_list(p, s, e);
+    const struct {
+        screen_object& holder;
+        const std::string& targeticon;
+        const std::string& resulticon;
+    } stock[] = {{s.Imgfin, p.targeticon1, p.resulticon1},
+                 {s.Imghesh, p.targeticon2, p.resulticon2},
+                 {s.Imgcoax, p.targeticon3, p.resulticon3}};
+    bool all = true;
+    for (const auto& [holder, targeticon, resulticon] : stock) {
+        if (targeticon.empty()) continue;
+        holder.Picture = holder.design->Picture;   // never another record's
+        if (resulticon.empty()) continue;
+        loaded_picture loaded = t.pc.load_picture(icon_path(t.pc, p.rootpath, resulticon));
+        if (loaded.result) holder.Picture = std::move(*loaded.result);
+        all = all && loaded.result;
+    }
+    return all;
+}
+
+void fillengagements(trainer& t)
+{
+    results_screen& s = t.results;
+    for (int e = 1; e <= rows; ++e) show_in_list(t.shared, s, e);
     lbltgtnumber_click(t, 1);
 }
 

@@ -30,7 +30,9 @@ void results_arrival(trainer& t)
     s.Frame1.Visible = true;
     showdetails(t);
     showrange(t);
-    if (t.shared.targetcount > 0) fillengagements(t);
+    if (t.shared.targetcount <= 0) return;
+    loadstock(t);
+    fillengagements(t);
 }
 
 void save_record(trainer& t)
@@ -45,8 +47,8 @@ void save_record(trainer& t)
         say(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
 }
 
-// The record, and then the screen anew from it. A picture that can't be loaded counts as a failure of the
-// read.
+// The record, and then the screen anew from it. A picture or an icon that it names and that can't be loaded
+// counts as a failure of the read.
 bool read_record(trainer& t)
 {
     results_screen& s = t.results;
@@ -59,7 +61,7 @@ bool read_record(trainer& t)
     if (!take_results_rest(items, t.shared)) return false;
     s.Cmdopen.Enabled = true;
     showdetails(t);
-    if (!showrange(t)) return false;
+    if (!showrange(t) || !loadstock(t)) return false;
     fillengagements(t);
     return true;
 }
@@ -146,20 +148,19 @@ bool showrange(trainer& t)
 {
     results_screen& s = t.results;
     const std::string file = without_padding(t.shared.resultpicture);
-    bool loaded = true;
-    if (!file.empty()) {
-        loaded_picture found = t.pc.load_picture(file);
-        loaded = found.result.has_value();
-        if (loaded) s.originalrange.Picture = std::move(*found.result);
-    }
-    s.Imgrange.Picture = s.originalrange.Picture;
-    if (s.originalrange.Picture.width > 0) {
+    loaded_picture found;
+    if (!file.empty()) found = t.pc.load_picture(file);
+    static_cast<object_fields&>(s.originalrange) = *s.originalrange.design;   // never another record's
+    s.imgtargetpointer.Visible = false;
+    if (found.result) {
+        s.originalrange.Picture = std::move(*found.result);
         s.originalrange.Width = s.originalrange.Picture.width;
         s.originalrange.Height = s.originalrange.Picture.height;
     }
+    s.Imgrange.Picture = s.originalrange.Picture;
     s.overviewscalex = static_cast<std::int32_t>(rounded(s.originalrange.Width / s.Imgrange.Width));
     s.overviewscaley = static_cast<std::int32_t>(rounded(s.originalrange.Height / s.Imgrange.Height));
-    return loaded && !file.empty();
+    return found.result || file.empty();
 }
 
 void make_results(trainer& t)

@@ -209,16 +209,47 @@ TEST_F(debrief, what_cannot_be_opened_or_saved_is_told)
         EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED") << name;
         EXPECT_TRUE(s.Cmdopen.Enabled);
     }
-    practice_state r;
-    r.resultpicture = "no such picture.vrp";
-    r.targetcount = 6;
-    r.rectarget[1] = 7;
-    put("nopicture.vrn", r);
-    open("nopicture.vrn");
-    EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED");
-    EXPECT_EQ(p.rectarget[1], 7) << "the record itself has been read";
     save("no such folder/own.vrn");
     EXPECT_EQ(said(), "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+}
+
+// A picture or an icon that a record names belongs to it; one that names none is whole without.
+TEST_F(debrief, a_record_is_never_shown_with_the_pictures_of_another)
+{
+    practice_state r;
+    r.targetcount = 6;
+    r.resulticon2 = "/target icons/target2.ico";
+    r.resultpicture = "no such picture.vrp";
+    r.rectime[1] = 100;
+    r.rectarget[1] = 7;
+    put("nopicture.vrn", r);
+    r.resultpicture = "";
+    put("bare.vrn", r);
+    r.resultpicture = "visualrange.vrp";
+    r.resulticon2 = "/target icons/none.ico";
+    put("noicon.vrn", r);
+    const struct {
+        const char* file;
+        bool opens, strip, icon;
+    } cases[] = {{"nopicture.vrn", false, false, true},
+                 {"bare.vrn", true, false, true},
+                 {"noicon.vrn", false, true, false}};
+    fire_and_stop();
+    save("own.vrn");
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.file);
+        open("own.vrn");
+        ASSERT_TRUE(s.imgtargetpointer.Visible && s.Imghesh.Picture.width > 0);
+        d.pc.boxes.clear();
+        open(c.file);
+        EXPECT_EQ(d.pc.boxes.size(), c.opens ? 0U : 1U);
+        EXPECT_TRUE(c.opens || said() == "THAT FILE COULD NOT BE OPENED");
+        EXPECT_EQ(p.rectarget[1], 7) << "the record itself has been read";
+        EXPECT_EQ(s.Imgrange.Picture.width > 0, c.strip);
+        EXPECT_EQ(s.overviewscalex, c.strip ? 4 : 3);
+        EXPECT_FALSE(s.imgtargetpointer.Visible);
+        EXPECT_EQ(s.Imghesh.Picture.width > 0, c.icon);
+    }
 }
 
 TEST_F(debrief, print_and_delete_need_a_file_and_a_yes)
