@@ -79,11 +79,14 @@ void start_program(trainer& t)
 }
 
 // A file inside the folder "ranges" is taken as well: it is the folder that people recognise, and the program
-// directory itself may hold no file to point at.
+// directory itself may hold no file to point at. It may be called "ranges" too: then it has the other below
+// it.
 static std::filesystem::path directory_of(const std::string& file)
 {
     const std::filesystem::path folder = from_utf8(file).parent_path();
-    return folder.filename() == "ranges" ? folder.parent_path() : folder;
+    std::error_code failed;
+    const bool inside = folder.filename() == "ranges" && !is_directory(folder / "ranges", failed);
+    return inside ? folder.parent_path() : folder;
 }
 
 static void askfordata(trainer& t)
@@ -103,8 +106,7 @@ static void askfordata(trainer& t)
 
 void finddata(trainer& t)
 {
-    const bool entered = !t.pc.default_directory.empty() && change_directory(t.pc, t.pc.default_directory);
-    if (!entered) return askfordata(t);
+    if (!change_directory(t.pc, t.pc.default_directory)) return askfordata(t);
     t.shared.rootpath = to_utf8(t.pc.working_directory) + path_separator + "ranges";
 }
 

@@ -93,6 +93,17 @@ static bool write_whole(std::ofstream& out, const std::string& text)
     return static_cast<bool>(out);
 }
 
+// A name beside a file that nothing there has.
+static fs::path untaken(const fs::path& file)
+{
+    for (int n = 0;; ++n) {
+        fs::path part = file;
+        part += ".part" + (n == 0 ? "" : std::to_string(n));
+        std::error_code failed;
+        if (fs::symlink_status(part, failed).type() == fs::file_type::not_found || failed) return part;
+    }
+}
+
 enum class replaced { done, failed, not_possible };
 
 // Written beside the file and put in its place when it is whole: a disk that fills up on the way takes
@@ -103,9 +114,7 @@ static replaced replace_file(const fs::path& file, const std::string& text)
     std::error_code failed;
     if (fs::exists(file, failed) && !std::fstream(file, std::ios::in | std::ios::out).is_open())
         return replaced::failed;
-    fs::path part = file;
-    part += ".part";
-    if (fs::exists(part, failed) && !fs::is_regular_file(part, failed)) return replaced::failed;
+    const fs::path part = untaken(file);
     errno = 0;
     std::ofstream out(part, std::ios::binary | std::ios::trunc);
     if (!out.is_open())
@@ -160,6 +169,7 @@ std::string delete_file(const machine& m, const std::string& path)
 
 bool change_directory(machine& m, const std::string& folder)
 {
+    if (folder.empty()) return false;
     std::error_code failed;
     const fs::path found = from_utf8(find_path(m, folder));
     if (!fs::is_directory(found, failed)) return false;

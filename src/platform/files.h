@@ -33,7 +33,7 @@ std::string write_file(const machine&, const std::string& path, const std::strin
 // Deletes a plain file, by its name exactly as written; gives the reason when it can't, empty when it did.
 std::string delete_file(const machine&, const std::string& path);
 
-// Makes a folder the working directory; false, and no change, when it can't be entered.
+// Makes a folder the working directory; false, and no change, when it can't be entered or has no name.
 bool change_directory(machine&, const std::string& folder);
 
 }   // namespace vorn

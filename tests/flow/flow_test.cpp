@@ -79,6 +79,20 @@ TEST_F(program, asks_for_its_directory_when_the_default_one_fails)
     EXPECT_EQ(v.shared.rootpath, "");
     third.click(v.intro.lblexit);   // unanswered means no
     EXPECT_FALSE(third.ended);
+    const std::size_t boxes = third.boxes.size();
+    third.answers = {{true}, {true}};
+    third.click(v.intro.lblstart);
+    EXPECT_EQ(third.boxes[boxes].text.substr(0, 40), "THE FOLDER OF THE RANGES CAN'T BE OPENED");
+
+    const std::string named_alike = data.program() + "/ranges/ranges";   // and holds the ranges below itself
+    std::filesystem::create_directory(named_alike);
+    headless_machine fourth;
+    fourth.default_directory = "/none";
+    trainer w(fourth);
+    fourth.answers = {{true}, {true}};
+    fourth.files = {data.ranges() + "/visualrange.arf"};
+    fourth.event([&] { start_program(w); });
+    EXPECT_EQ(w.shared.rootpath, named_alike);
 }
 
 TEST_F(program, ends_when_the_user_does_not_look_for_the_directory)

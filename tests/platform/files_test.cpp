@@ -99,8 +99,11 @@ TEST_F(writing, links_are_followed_and_what_is_no_file_stays_what_it_is)
     ASSERT_EQ(mkfifo((data.ranges() + "/pipe.vrn").c_str(), 0600), 0);
     EXPECT_NE(write_file(pc, "pipe.vrn", "x"), "") << "and nobody waits for a reader";
     fs::create_directory(data.ranges() + "/real.vrn.part");
-    EXPECT_NE(write_file(pc, "real.vrn", "newer"), "");
-    EXPECT_EQ(data.get("real.vrn"), "new") << "no room beside it: the old one stays";
+    data.put("real.vrn.part1", "the user's own");
+    fs::create_symlink("nowhere", data.ranges() + "/real.vrn.part2");
+    EXPECT_EQ(write_file(pc, "real.vrn", "newer"), "");
+    EXPECT_EQ(data.get("real.vrn") + data.get("real.vrn.part1"), "newerthe user's own");
+    EXPECT_FALSE(fs::exists(data.ranges() + "/nowhere") || fs::exists(data.ranges() + "/real.vrn.part3"));
     data.put("own.vrn", std::string(5'000'000, '"'));
     EXPECT_FALSE(read_file(pc, "own.vrn").text);
 }
