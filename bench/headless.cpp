@@ -1,7 +1,10 @@
 // How fast a whole practice of 15 targets runs on the machine without a screen, on the shipped visual range.
 #include <benchmark/benchmark.h>
 
+#include "flow/intro.h"
+#include "gunnery/screen.h"
 #include "platform/headless/headless_machine.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace {

@@ -15,6 +15,7 @@
 #include "gunnery/gunnery.h"
 #include "platform/desktop/desktop_machine.h"
 #include "platform/files.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace {

@@ -1,10 +1,34 @@
 #include "trainer.h"
 
+#include "calibration/joycal.h"
+#include "debrief/results.h"
+#include "flow/intro.h"
 #include "gunnery/gunnery.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 
 namespace vorn {
 
-trainer::trainer(machine& m) : pc(m)
+struct trainer::all_screens {
+    intro_screen intro;
+    startsim_screen startsim;
+    gunnery_screen simulator{sight_kind::visual};
+    gunnery_screen thermal{sight_kind::thermal};
+    results_screen results;
+    rauthor_screen rauthor;
+    joycal_screen joycal;
+};
+
+trainer::trainer(machine& m)
+    : pc(m),
+      screens_(std::make_unique<all_screens>()),
+      intro(screens_->intro),
+      startsim(screens_->startsim),
+      simulator(screens_->simulator),
+      thermal(screens_->thermal),
+      results(screens_->results),
+      rauthor(screens_->rauthor),
+      joycal(screens_->joycal)
 {
     make_intro(*this);
     make_startsim(*this);
@@ -14,5 +38,7 @@ trainer::trainer(machine& m) : pc(m)
     make_rauthor(*this);
     make_joycal(*this);
 }
+
+trainer::~trainer() = default;
 
 }   // namespace vorn

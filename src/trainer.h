@@ -1,35 +1,45 @@
-// The program as a whole: the shared practice state, the screens, the source of chance and the machine it
-// all runs on. Everything hangs on one trainer, which is handed to each operation, so that there can be two.
+// The program as a whole: the shared practice state, the screens, the random numbers and the machine it runs
+// on. Everything belongs to one trainer, which is passed to each operation, so a program can have two.
 #pragma once
 
-#include "calibration/joycal.h"
-#include "debrief/results.h"
-#include "flow/intro.h"
-#include "gunnery/screen.h"
+#include <memory>
+
 #include "platform/machine.h"
-#include "ranges/rauthor.h"
-#include "setup/startsim.h"
 #include "state/numbers.h"
 #include "state/practice_state.h"
 
 namespace vorn {
 
+struct intro_screen;
+struct startsim_screen;
+struct gunnery_screen;
+struct results_screen;
+struct rauthor_screen;
+struct joycal_screen;
+
 struct trainer {
     explicit trainer(machine&);
     trainer(const trainer&) = delete;
     trainer& operator=(const trainer&) = delete;
+    ~trainer();
 
     machine& pc;
     practice_state shared;
     chance luck;
 
-    intro_screen intro;
-    startsim_screen startsim;
-    gunnery_screen simulator{sight_kind::visual};
-    gunnery_screen thermal{sight_kind::thermal};
-    results_screen results;
-    rauthor_screen rauthor;
-    joycal_screen joycal;
+private:
+    struct all_screens;
+    const std::unique_ptr<all_screens> screens_;
+
+public:
+    // A source that uses a screen includes that screen's header.
+    intro_screen& intro;         // flow/intro.h
+    startsim_screen& startsim;   // setup/startsim.h
+    gunnery_screen& simulator;   // gunnery/screen.h, the visual sight
+    gunnery_screen& thermal;     // the thermal sight
+    results_screen& results;     // debrief/results.h
+    rauthor_screen& rauthor;     // ranges/rauthor.h
+    joycal_screen& joycal;       // calibration/joycal.h
 };
 
 }   // namespace vorn

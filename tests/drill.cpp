@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "flow/intro.h"
 #include "gunnery/gunnery.h"
+#include "setup/startsim.h"
 
 namespace vorn {
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data_folder.h"
+#include "gunnery/screen.h"
 #include "platform/headless/headless_machine.h"
 #include "ranges/rangefile.h"
 #include "trainer.h"

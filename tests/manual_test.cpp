@@ -6,8 +6,14 @@
 #include <regex>
 #include <set>
 
+#include "calibration/joycal.h"
+#include "debrief/results.h"
+#include "flow/intro.h"
+#include "gunnery/screen.h"
 #include "platform/files.h"
 #include "platform/headless/headless_machine.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn {

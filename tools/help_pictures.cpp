@@ -17,10 +17,14 @@
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
 
+#include "calibration/joycal.h"
+#include "debrief/results.h"
 #include "flow/intro.h"
 #include "gunnery/gunnery.h"
 #include "platform/desktop/desktop_machine.h"
 #include "ranges/rangefile.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn {

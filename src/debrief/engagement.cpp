@@ -1,6 +1,7 @@
 #include <array>
 
 #include "debrief/debrief.h"
+#include "debrief/results.h"
 #include "ranges/rangefile.h"
 #include "trainer.h"
 

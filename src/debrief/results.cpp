@@ -5,9 +5,11 @@
 #include "debrief/debrief.h"
 #include "debrief/report.h"
 #include "debrief/resultsfile.h"
+#include "flow/boxes.h"
 #include "flow/hints.h"
-#include "flow/intro.h"
+#include "gunnery/screen.h"
 #include "platform/files.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn {

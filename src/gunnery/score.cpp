@@ -1,6 +1,7 @@
 #include <algorithm>
 
-#include "flow/intro.h"
+#include "debrief/results.h"
+#include "flow/boxes.h"
 #include "gunnery/gunnery.h"
 #include "trainer.h"
 

@@ -1,6 +1,8 @@
+#include "flow/boxes.h"
 #include "flow/intro.h"
 #include "gunnery/gunnery.h"
 #include "ranges/rangefile.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn {

@@ -1,7 +1,8 @@
-#include "flow/intro.h"
+#include "flow/boxes.h"
 #include "platform/files.h"
 #include "ranges/author.h"
 #include "ranges/rangefile.h"
+#include "ranges/rauthor.h"
 #include "state/item_text.h"
 #include "trainer.h"
 

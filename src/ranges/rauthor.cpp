@@ -1,8 +1,9 @@
 #include "ranges/rauthor.h"
 
+#include "flow/boxes.h"
 #include "flow/hints.h"
-#include "flow/intro.h"
 #include "ranges/author.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn {

@@ -1,9 +1,10 @@
 #include <charconv>
 #include <string>
 
-#include "flow/intro.h"
+#include "flow/boxes.h"
 #include "ranges/author.h"
 #include "ranges/rangefile.h"
+#include "ranges/rauthor.h"
 #include "trainer.h"
 
 namespace vorn {

@@ -1,5 +1,6 @@
 #include "platform/objects.h"
 #include "setup/setup.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn {

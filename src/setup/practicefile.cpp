@@ -1,5 +1,6 @@
 #include "platform/files.h"
 #include "setup/setup.h"
+#include "setup/startsim.h"
 #include "state/item_text.h"
 #include "trainer.h"
 

@@ -1,6 +1,7 @@
 #include <array>
 
 #include "setup/setup.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn {

@@ -1,7 +1,9 @@
-#include "flow/intro.h"
+#include "flow/boxes.h"
 #include "platform/files.h"
 #include "ranges/rangefile.h"
+#include "ranges/rauthor.h"
 #include "setup/setup.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn {

@@ -1,8 +1,12 @@
 #include "setup/startsim.h"
 
+#include "calibration/joycal.h"
+#include "debrief/results.h"
+#include "flow/boxes.h"
 #include "flow/hints.h"
-#include "flow/intro.h"
+#include "gunnery/screen.h"
 #include "platform/files.h"
+#include "ranges/rauthor.h"
 #include "setup/setup.h"
 #include "trainer.h"
 

@@ -10,9 +10,6 @@
 
 namespace vorn {
 
-// The line break of message boxes: line feed, then carriage return.
-inline constexpr const char* crlf = "\n\r";
-
 inline constexpr int positions = 21;   // of a range: entries 0 to 20
 inline constexpr int engagement_rows =
     17;                                // rows 1 to 15 for targets, one more to move on to after the last

@@ -4,7 +4,10 @@
 
 #include <limits>
 
+#include "calibration/joycal.h"
 #include "gunner.h"
+#include "gunnery/screen.h"
+#include "setup/startsim.h"
 
 namespace vorn {
 namespace {

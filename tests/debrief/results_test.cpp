@@ -1,9 +1,12 @@
 // The debrief screen: from the end of a practice through its engagements, and with records from files.
 #include <gtest/gtest.h>
 
+#include "debrief/results.h"
 #include "debrief/resultsfile.h"
 #include "drill.h"
 #include "gunner.h"
+#include "gunnery/screen.h"
+#include "setup/startsim.h"
 
 namespace vorn {
 namespace {

@@ -4,11 +4,16 @@
 #include <cmath>
 #include <set>
 
+#include "calibration/joycal.h"
+#include "debrief/results.h"
 #include "desk.h"
 #include "flow/intro.h"
+#include "gunnery/screen.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/widgets.h"
 #include "ranges/author.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn::testing_desk {

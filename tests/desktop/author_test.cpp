@@ -11,6 +11,8 @@
 #include "desk.h"
 #include "flow/intro.h"
 #include "ranges/rangefile.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn::testing_desk {

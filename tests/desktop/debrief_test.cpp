@@ -6,9 +6,11 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 
+#include "debrief/results.h"
 #include "debrief/resultsfile.h"
 #include "desk.h"
 #include "flow/intro.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn::testing_desk {

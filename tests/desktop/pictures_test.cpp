@@ -9,10 +9,16 @@
 #include <QtEndian>
 #include <set>
 
+#include "calibration/joycal.h"
+#include "debrief/results.h"
+#include "flow/intro.h"
+#include "gunnery/screen.h"
 #include "platform/desktop/desktop_machine.h"
 #include "platform/desktop/drawings.h"
 #include "platform/desktop/look.h"
 #include "platform/desktop/pictures.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn {

@@ -5,9 +5,14 @@
 #include <QLabel>
 #include <QTemporaryDir>
 
+#include "calibration/joycal.h"
+#include "debrief/results.h"
 #include "debrief/resultsfile.h"
+#include "flow/intro.h"
 #include "platform/files.h"
 #include "ranges/rangefile.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 #include "virtual_stick.h"
 #include "whole_trainer.h"
 

@@ -7,6 +7,7 @@
 
 #include "desk.h"
 #include "flow/intro.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn::testing_desk {

@@ -3,6 +3,8 @@
 
 #include "drill.h"
 #include "flow/intro.h"
+#include "gunnery/screen.h"
+#include "setup/startsim.h"
 
 namespace vorn {
 namespace {

@@ -9,6 +9,7 @@
 #include "platform/headless/headless_machine.h"
 #include "ranges/rangefile.h"
 #include "setup/setup.h"
+#include "setup/startsim.h"
 #include "state/item_text.h"
 #include "trainer.h"
 

@@ -6,6 +6,7 @@
 
 #include "drill.h"
 #include "gunnery/gunnery.h"
+#include "setup/startsim.h"
 
 namespace vorn {
 namespace {

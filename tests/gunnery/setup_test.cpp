@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "drill.h"
+#include "setup/startsim.h"
 
 namespace vorn {
 namespace {

@@ -9,7 +9,10 @@
 #include <csignal>
 
 #include "data_folder.h"
+#include "debrief/results.h"
 #include "drill.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 
 namespace vorn {
 namespace {

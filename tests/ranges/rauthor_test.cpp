@@ -3,6 +3,8 @@
 
 #include "drill.h"
 #include "platform/files.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 #include "state/item_text.h"
 
 namespace vorn {

@@ -4,7 +4,10 @@
 #include <algorithm>
 
 #include "drill.h"
+#include "flow/intro.h"
+#include "gunnery/screen.h"
 #include "setup/setup.h"
+#include "setup/startsim.h"
 
 namespace vorn {
 namespace {

@@ -2,7 +2,12 @@
 #include <algorithm>
 #include <iterator>
 
+#include "calibration/joycal.h"
+#include "debrief/results.h"
+#include "flow/intro.h"
 #include "gunnery/gunnery.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 #include "walk/walker.h"
 
 namespace vorn {

@@ -1,4 +1,10 @@
 #include "walk/rules.h"
+#include "calibration/joycal.h"
+#include "debrief/results.h"
+#include "flow/intro.h"
+#include "gunnery/screen.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 
 #include <algorithm>
 #include <cmath>

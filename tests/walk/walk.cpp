@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "debrief/results.h"
+#include "flow/intro.h"
+#include "gunnery/screen.h"
+#include "ranges/rauthor.h"
 #include "walk/rules.h"
 #include "walk/walker.h"
 

@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include "calibration/joycal.h"
 #include "drill.h"
+#include "gunnery/screen.h"
+#include "setup/startsim.h"
 #include "walk/rules.h"
 
 namespace vorn {

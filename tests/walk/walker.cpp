@@ -1,4 +1,5 @@
 #include "walk/walker.h"
+#include "gunnery/screen.h"
 
 #include <algorithm>
 

@@ -3,7 +3,10 @@
 #include <cstdio>
 #include <cstring>
 
+#include "flow/intro.h"
+#include "gunnery/screen.h"
 #include "platform/headless/headless_machine.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace {

@@ -1,0 +1,38 @@
+#include "flow/boxes.h"
+
+#include "platform/files.h"
+#include "trainer.h"
+
+namespace vorn {
+
+bool asked(trainer& t, const std::string& question, const std::string& title)
+{
+    return t.pc.message_box({question, title, box_buttons::yes_no, box_sign::question});
+}
+
+void confirmexit(trainer& t, const std::string& firstline, const std::string& title)
+{
+    if (asked(t, lines({firstline, blankline, "ARE YOU SURE YOU WANT TO EXIT ?"}), title)) t.pc.end_program();
+}
+
+void openhelp(trainer& t)
+{
+    t.pc.show_help(t.shared.rootpath + path_separator + "vorn.HLP");
+}
+
+bool joystickrefused(trainer& t)
+{
+    if (!t.shared.joyselected || t.shared.joycalibrated) return false;
+    t.pc.message_box(
+        {"YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST", ""});
+    return true;
+}
+
+std::string lines(std::initializer_list<std::string> text)
+{
+    std::string all;
+    for (const std::string& line : text) all += (all.empty() && &line == text.begin() ? "" : crlf) + line;
+    return all;
+}
+
+}   // namespace vorn
