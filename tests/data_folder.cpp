@@ -68,10 +68,10 @@ practice_state plain_range(sight_kind kind)
     r.targeticon1 = "/target icons/target1.ico";
     r.targeticon2 = "\\target icons\\target2.ico";
     r.targeticon3 = "/target icons/TARGET3.ICO";
-    for (std::size_t i = 1; i < positions; ++i) {
+    for (int i = 1; i < positions; ++i) {
         r.targetx[i] = visual ? 51000 : 9480;
         r.targety[i] = visual ? 15500 : 5620;
-        r.targetrange[i] = 500 + 100 * static_cast<int>(i);
+        r.targetrange[i] = 500 + 100 * i;
     }
     return r;
 }

@@ -34,7 +34,7 @@ protected:
         return range;
     }
     // As the sight sizes its target there.
-    double side(std::size_t i) const
+    double side(int i) const
     {
         const sight_numbers& n = d_->kind == sight_kind::visual ? visualsight : thermalsight;
         const double metres = range_.targetrange[i];
@@ -71,10 +71,10 @@ TEST_P(shipped_range, has_targets_near_and_far_for_every_nature)
     EXPECT_GE(under(1300), 8) << "for the coax";
     EXPECT_GE(under(1600), 12) << "for FIN";
     EXPECT_LE(under(1600), 16) << "the far ones are missing";
-    for (std::size_t i = 1; i < positions; ++i) {
+    for (int i = 1; i < positions; ++i) {
         EXPECT_GE(range_.targetrange[i], 600) << i;
         EXPECT_LE(range_.targetrange[i], 2500) << i;
-        for (std::size_t k = 1; k < i; ++k)
+        for (int k = 1; k < i; ++k)
             EXPECT_FALSE(std::abs(range_.targetx[i] - range_.targetx[k]) < std::max(side(i), side(k)) &&
                          std::abs(range_.targety[i] - range_.targety[k]) < std::max(side(i), side(k)))
                 << i << " overlaps " << k;
@@ -88,7 +88,7 @@ TEST_P(shipped_range, can_be_laid_on_all_over)
     const gunnery_screen& s = d_->screen();
     const limit_numbers& keys = s.numbers.keylimits;
     const double width = s.Imgrange.Width, height = s.Imgrange.Height;
-    for (std::size_t i = 1; i < positions; ++i) {
+    for (int i = 1; i < positions; ++i) {
         SCOPED_TRACE(i);
         const double x = range_.targetx[i] + side(i) / 2, y = range_.targety[i] + side(i) / 2;
         const double left = s.mbs1.Left - x, top = s.mbs1.Top - y;

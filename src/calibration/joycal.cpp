@@ -1,7 +1,6 @@
 #include "calibration/joycal.h"
 
 #include <algorithm>
-#include <array>
 
 #include "trainer.h"
 
@@ -30,21 +29,20 @@ constexpr axis_row axes[] = {{7, 14, &practice_state::joyycentre, &practice_stat
                              {5, 13, &practice_state::joyxcentre, &practice_state::joyxfactor, &S::Lblxmax,
                               &S::Lblxmin, &S::Lblx, &S::Lblxfactor, &object_fields::Left}};
 
-std::array<screen_object*, 4> instructions(S& s)
+table<screen_object*, 4> instructions(S& s)
 {
-    return {&s.Lblinfo1, &s.Lblinfo2, &s.Lblinfo3, &s.Lblinfo4};
+    return {{&s.Lblinfo1, &s.Lblinfo2, &s.Lblinfo3, &s.Lblinfo4}};
 }
 
 // What is to be done now stands out from what has been done.
 void markinstruction(S& s)
 {
     const auto all = instructions(s);
-    for (std::size_t i = 0; i < all.size(); ++i) {
+    for (int i = 0; i < all.size(); ++i) {
         all[i]->ForeColor = colour::text;
         s.Lblstep[i].Visible = all[i]->Visible;
     }
-    if (s.calstep > 0)
-        all[static_cast<std::size_t>(std::min<int>(s.calstep, 4) - 1)]->ForeColor = colour::live;
+    if (s.calstep > 0) all[std::min<int>(s.calstep, 4) - 1]->ForeColor = colour::live;
 }
 
 void showjoystick(const trainer& t, S& s)
@@ -92,7 +90,7 @@ void nextstep(trainer& t, S& s)
     s.calstep += 1;
     if (s.calstep == 2)
         for (const axis_row& a : axes) takecentre(t, s, a);
-    if (s.calstep <= 4) instructions(s)[static_cast<std::size_t>(s.calstep - 1)]->Visible = true;
+    if (s.calstep <= 4) instructions(s)[s.calstep - 1]->Visible = true;
     if (s.calstep == 4) s.Cmdfinish.Enabled = true;
     markinstruction(s);
 }

@@ -19,15 +19,15 @@ round_buttons roundbuttons(results_screen& s)
     return {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4};
 }
 
-std::size_t row(const results_screen& s)
+int row(const results_screen& s)
 {
-    return static_cast<std::size_t>(s.selectedengagement);
+    return s.selectedengagement;
 }
 
 // "DST" has no picture of its own: the place keeps the one that it had.
 void show_in_list(const practice_state& p, results_screen& s, int e)
 {
-    const std::string& ammo = p.recammo[static_cast<std::size_t>(e)];
+    const std::string& ammo = p.recammo[e];
     const screen_object* stock = ammo == "FIN"    ? &s.Imgfin
                                  : ammo == "COAX" ? &s.Imgcoax
                                  : ammo == "HESH" ? &s.Imghesh
@@ -49,7 +49,7 @@ void show_sight_marks(results_screen& s)
 
 void show_facts(const practice_state& p, results_screen& s)
 {
-    const std::size_t e = row(s);
+    const int e = row(s);
     const auto number = [](int n) { return std::to_string(n); };
     constexpr std::size_t longest = 20;   // a file may hold anything
     s.Lblsystem.Caption = left(p.recsystem[e], longest);
@@ -71,9 +71,9 @@ void place(screen_object& mark, double left, double top)
     mark.Top = top;
 }
 
-void place_markers(const practice_state& p, results_screen& s, std::size_t round)
+void place_markers(const practice_state& p, results_screen& s, int round)
 {
-    const std::size_t e = row(s);
+    const int e = row(s);
     const double scale = s.markerscale;
     const double left = s.Shape1.Left, top = s.Shape1.Top;
     place(s.Imagepoa, left - p.recaimx[e][round] * scale, top + p.recaimy[e][round] * scale);
@@ -83,7 +83,7 @@ void place_markers(const practice_state& p, results_screen& s, std::size_t round
 
 void show_markers(const practice_state& p, results_screen& s)
 {
-    const std::size_t e = row(s);
+    const int e = row(s);
     const int width = p.recwidth[e];
     const bool measured = width > 0;
     s.markerscale = measured ? static_cast<std::int32_t>(rounded(s.Imgtargetdetails.Height / width)) : 0;
@@ -105,7 +105,7 @@ void show_round_buttons(const practice_state& p, results_screen& s)
 
 void point_at_target(const practice_state& p, results_screen& s)
 {
-    const std::size_t e = row(s);
+    const int e = row(s);
     const bool ownpicture = s.originalrange.Picture != s.originalrange.design->Picture;
     s.imgtargetpointer.Visible = ownpicture && s.overviewscalex > 0 && s.overviewscaley > 0;
     if (!s.imgtargetpointer.Visible) return;
@@ -141,7 +141,7 @@ void highlight(results_screen& s, int e)
 void lbltgtnumber_click(trainer& t, int e)
 {
     t.results.selectedengagement = e;
-    if (t.shared.rectime[static_cast<std::size_t>(e)] < 1) {
+    if (t.shared.rectime[e] < 1) {
         t.pc.message_box(
             {"YOU DID NOT FIRE THIS ROUND ", "V. O. R. N.", box_buttons::ok, box_sign::information});
         return;
@@ -150,10 +150,10 @@ void lbltgtnumber_click(trainer& t, int e)
     target(t);
 }
 
-void cmdround_click(trainer& t, std::size_t round)
+void cmdround_click(trainer& t, int round)
 {
     results_screen& s = t.results;
-    const std::size_t e = row(s);
+    const int e = row(s);
     place_markers(t.shared, s, round);
     place(s.Imgthermtarget, s.Imgbam.Left + t.shared.recaimx[e][round],
           s.Imgbam.Top - t.shared.recaimy[e][round]);
@@ -195,7 +195,7 @@ void make_engagements(trainer& t)
 {
     results_screen& s = t.results;
     for (int e = 1; e <= rows; ++e) s.Lbltgtnumber[e].Click = [&t, e] { lbltgtnumber_click(t, e); };
-    for (std::size_t r = 1; screen_object * button : roundbuttons(s)) {
+    for (int r = 1; screen_object * button : roundbuttons(s)) {
         button->Click = [&t, r] { cmdround_click(t, r); };
         ++r;
     }

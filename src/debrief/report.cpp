@@ -7,7 +7,7 @@ namespace vorn {
 namespace {
 
 // The heading's lines, of a font of their own, end before the student's details.
-constexpr std::size_t heading_lines = 6;
+constexpr int heading_lines = 6;
 
 // The number of an engagement goes by one name on paper and by another in the text file.
 constexpr const char* on_paper = "TARGET NUMBER..............";
@@ -21,7 +21,7 @@ struct sums {
 sums added_up(const practice_state& p)
 {
     sums s;
-    for (std::size_t e = 1; static_cast<int>(e) <= p.targetcount; ++e) {
+    for (int e = 1; e <= p.targetcount; ++e) {
         s.totaltime += p.rectime[e];
         if (p.rechit[e] == "YES") ++s.hitcount;
     }
@@ -41,7 +41,7 @@ void add(text_lines& to, const text_lines& more)
     to.insert(to.end(), more.begin(), more.end());
 }
 
-void add_engagement(text_lines& lines, const practice_state& p, std::size_t e, const std::string& label)
+void add_engagement(text_lines& lines, const practice_state& p, int e, const std::string& label)
 {
     add(lines, {label + number_text(p.rectarget[e]), "SYSTEM STATUS.............." + p.recsystem[e],
                 "AMMO TYPE.................." + p.recammo[e], "TARGET DESTROYED..........." + p.rechit[e],
@@ -72,7 +72,7 @@ text_lines report(const practice_state& p, const char* label)
                      "STUDENT DETAILS............" + p.studentdetails.text(),
                      "No OF ENGAGEMENTS.........." + number_text(p.targetcount),
                      ""};
-    for (std::size_t e = 1; static_cast<int>(e) <= p.targetcount; ++e) add_engagement(lines, p, e, label);
+    for (int e = 1; e <= p.targetcount; ++e) add_engagement(lines, p, e, label);
     add_summary(lines, p);
     return lines;
 }

@@ -15,7 +15,7 @@ static std::string of_length(const std::string& text)
 template <class table, class visitor>
 static bool each_row(table& t, const visitor& visit)
 {
-    for (std::size_t e = 0; e < stored_rows; ++e)
+    for (int e = 0; e < stored_rows; ++e)
         if (!visit(t[e])) return false;
     return true;
 }

@@ -8,9 +8,9 @@ namespace vorn {
 
 namespace {
 
-std::size_t row(const trainer& t)
+int row(const trainer& t)
 {
-    return static_cast<std::size_t>(t.shared.engagement);
+    return t.shared.engagement;
 }
 
 // The thermal sight goes over from the stadia to the laser aiming mark when a weapon is selected.
@@ -196,7 +196,7 @@ void explode(trainer& t, gunnery_screen& s)
 void timexplode_tick(gunnery_screen& s)
 {
     s.explodeframe += 1;
-    s.Imgexplode.Picture = s.Imgexp[static_cast<std::size_t>(s.explodeframe)].Picture;
+    s.Imgexplode.Picture = s.Imgexp[s.explodeframe].Picture;
     if (s.explodeframe <= 14) return;
     stop(s.Timexplode);
     s.Imgexplode.Visible = false;
@@ -226,7 +226,7 @@ bool inkillbox(const trainer& t, const gunnery_screen& s)
 void recordaim(trainer& t, gunnery_screen& s)
 {
     s.aimrow = t.shared.roundnumber;
-    const auto round = static_cast<std::size_t>(s.aimrow);
+    const auto round = s.aimrow;
     t.shared.recaimx[row(t)][round] = aimacross(s);
     t.shared.recaimy[row(t)][round] = s.visual() ? aimdown(s) : -aimdown(s);
 }
@@ -376,7 +376,7 @@ void firehesh(trainer& t, gunnery_screen& s)
 void assessround(trainer& t, gunnery_screen& s)
 {
     t.shared.killradius = static_cast<float>(s.Imgtargets.Width / std::max(t.shared.killarea, 1));
-    const auto round = static_cast<std::size_t>(s.aimrow);
+    const auto round = s.aimrow;
     t.shared.recfallx[row(t)][round] = s.Imgtargets.Left - s.ammo.Left;
     t.shared.recfally[row(t)][round] = s.Imgtargets.Top - s.ammo.Top;
     if (!s.Imgtargets.Visible) return;

@@ -52,7 +52,7 @@ void callrange(trainer& t, gunnery_screen& s)
     static constexpr call calls[] = {{700, "600"},   {900, "800"},   {1000, "900"},  {1100, "1000"},
                                      {1200, "1100"}, {1300, "1200"}, {1400, "1300"}, {1500, "1400"},
                                      {1600, "1500"}, {1700, "1600"}, {1800, "1700"}, {1900, "1800"}};
-    const int range = t.shared.targetrange[static_cast<std::size_t>(s.currenttarget)];
+    const int range = t.shared.targetrange[s.currenttarget];
     std::string hundreds = "2000";
     for (auto c = std::rbegin(calls); c != std::rend(calls); ++c)
         if (range < c->below) hundreds = c->hundreds;

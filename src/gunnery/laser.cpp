@@ -25,14 +25,14 @@ bool betweenedges(const gunnery_screen& s)
 
 void recordlaze(trainer& t, const gunnery_screen& s)
 {
-    const auto row = static_cast<std::size_t>(t.shared.engagement);
+    const auto row = t.shared.engagement;
     t.shared.reclazex[row] = aimacross(s);
     t.shared.reclazey[row] = aimdown(s);
 }
 
 int16& rangehere(trainer& t, const gunnery_screen& s)
 {
-    return t.shared.targetrange[static_cast<std::size_t>(s.currenttarget)];
+    return t.shared.targetrange[s.currenttarget];
 }
 
 void place(screen_object& mark, double left, double top, double width, double height)
@@ -89,7 +89,7 @@ void marktarget(trainer& t, gunnery_screen& s)
         place(*mark, s.mbs1.Left - (size / 2 - 30), s.mbs1.Top - (size / 2 - 30), size, size);
     s.imgbam.Visible = true;
     s.layready = true;
-    t.shared.recwidth[static_cast<std::size_t>(t.shared.engagement)] = s.Imgtargets.Width;
+    t.shared.recwidth[t.shared.engagement] = s.Imgtargets.Width;
 }
 
 void thermal_mark(trainer& t, gunnery_screen& s)
@@ -125,7 +125,7 @@ void thermal_laze(trainer& t, gunnery_screen& s)
 void degraded_laze(trainer& t, gunnery_screen& s)
 {
     showrange(t, s);
-    t.shared.recwidth[static_cast<std::size_t>(t.shared.engagement)] = s.Imgtargets.Width;
+    t.shared.recwidth[t.shared.engagement] = s.Imgtargets.Width;
     reversionarydrop(s);
 }
 

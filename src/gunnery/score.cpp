@@ -9,7 +9,7 @@ namespace vorn {
 
 void recordhit(trainer& t, gunnery_screen& s)
 {
-    const auto row = static_cast<std::size_t>(t.shared.engagement);
+    const auto row = t.shared.engagement;
     s.targethit = true;
     t.shared.rectarget[row] = t.shared.engagement;
     t.shared.rechit[row] = "YES";

@@ -8,9 +8,9 @@ namespace vorn {
 
 namespace {
 
-std::size_t row(const trainer& t)
+int row(const trainer& t)
 {
-    return static_cast<std::size_t>(t.shared.engagement);
+    return t.shared.engagement;
 }
 
 int targetsinall(const trainer& t)
@@ -127,7 +127,7 @@ void recordsystem(trainer& t, gunnery_screen& s)
 
 int rangeof(const trainer& t, int position)
 {
-    return t.shared.targetrange[static_cast<std::size_t>(position)];
+    return t.shared.targetrange[position];
 }
 
 int nearestposition(const trainer& t)
@@ -167,7 +167,7 @@ void chooseposition(trainer& t, gunnery_screen& s)
 
 void placetarget(trainer& t, gunnery_screen& s)
 {
-    const auto position = static_cast<std::size_t>(s.currenttarget);
+    const auto position = s.currenttarget;
     const double width = s.currentrange < s.numbers.far
                              ? s.numbers.widest - static_cast<double>(s.currentrange) / t.shared.targetsize
                              : smallest_target;

@@ -103,7 +103,7 @@ void resetstate(gunnery_screen& s)
 // The visual screen marks the row that the practice just ended has moved on to, the thermal one row 1.
 void resetrecord(trainer& t, gunnery_screen& s)
 {
-    const auto left_on = static_cast<std::size_t>(t.shared.engagement);
+    const auto left_on = t.shared.engagement;
     t.shared.engagement = 1;
     t.shared.recsystem[s.visual() ? left_on : 1] = "FULL";
     if (!s.visual()) s.rangesuffix = "C";

@@ -11,7 +11,7 @@ void choosestadia(gunnery_screen& s)
     } classes[] = {{380, 500}, {280, 379}, {180, 279}};
     const double height = s.Imgtargets.Height;
     if (height < 180) s.Imgstadia.Picture = s.Imgstadia1[3].Picture;
-    for (std::size_t i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i)
         if (height >= classes[i].from && height <= classes[i].to)
             s.Imgstadia.Picture = s.Imgstadia1[i].Picture;
 }

@@ -36,7 +36,7 @@ area overviewplace(const rauthor_screen&, double x, double y);
 
 // targets.cpp: the twenty positions and the three icons.
 void make_targets(trainer&);
-void showplaced(rauthor_screen&, std::size_t position);
+void showplaced(rauthor_screen&, int position);
 // Gives false when one can't be loaded; those before it stay.
 bool loadicons(trainer&);
 

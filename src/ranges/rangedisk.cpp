@@ -126,7 +126,7 @@ std::string readrange(trainer& t)
     item_reader items(*file.text);
     std::string failed = readhead(t, items);
     if (!failed.empty()) return failed;
-    for (std::size_t i = 0; i < positions; ++i) {
+    for (int i = 0; i < positions; ++i) {
         if (!take_range_entry(items, i, t.shared)) return breaks_off;
         if (i == 0) continue;   // has neither number nor marker
         const area at = overviewplace(s, t.shared.targetx[i], t.shared.targety[i]);
@@ -151,7 +151,7 @@ void cmdopen_click(trainer& t)
 
 bool allplaced(const rauthor_screen& s)
 {
-    for (std::size_t i = 1; i < positions; ++i)
+    for (int i = 1; i < positions; ++i)
         if (s.Lbltargetnum[i].BackColor == colour::darkred) return false;
     return true;
 }

@@ -35,7 +35,7 @@ bool take_range_icons(item_reader& items, practice_state& p)
     return items.take(p.targeticon1) && items.take(p.targeticon2) && items.take(p.targeticon3);
 }
 
-bool take_range_entry(item_reader& items, std::size_t i, practice_state& p)
+bool take_range_entry(item_reader& items, int i, practice_state& p)
 {
     return items.take(p.targetx[i]) && items.take(p.targety[i]) && items.take(p.targetrange[i]);
 }
@@ -47,7 +47,7 @@ static bool take_head(item_reader& items, practice_state& p)
 
 static bool take_entries(item_reader& items, int entries, practice_state& p)
 {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(entries); ++i)
+    for (int i = 0; i < entries; ++i)
         if (!take_range_entry(items, i, p)) return false;
     return true;
 }
@@ -80,7 +80,7 @@ std::string range_file_bytes(const practice_state& p)
     items.put(p.rangepicture.text());
     for (const std::string& text : {p.rangetype, p.targeticon1, p.targeticon2, p.targeticon3})
         items.put(text);
-    for (std::size_t i = 0; i < positions; ++i) {
+    for (int i = 0; i < positions; ++i) {
         items.put(p.targetx[i]);
         items.put(p.targety[i]);
         items.put(p.targetrange[i]);

@@ -29,7 +29,7 @@ bool take_range_name(item_reader&, practice_state&);
 bool take_range_picture(item_reader&, practice_state&);
 bool take_range_type(item_reader&, practice_state&);
 bool take_range_icons(item_reader&, practice_state&);
-bool take_range_entry(item_reader&, std::size_t i, practice_state&);
+bool take_range_entry(item_reader&, int i, practice_state&);
 
 // The file's bytes for the range in hand.
 std::string range_file_bytes(const practice_state&);

@@ -47,7 +47,7 @@ struct rauthor_screen {
     timer Timex, Timex1, Timey, Timey1, Timhelp;
 
     double pointx = 0, pointy = 0;   // the point being marked, twips on the picture: what Lblx and Lbly show
-    std::size_t target = 1;          // the position being edited: what Lbltarget shows
+    int target = 1;                  // the position being edited: what Lbltarget shows
     float authorscalex = 1, authorscaley = 1;             // twips of the picture to one of Image1
     double bandbottom = 0, bandtop = 0, bandheight = 0;   // the ground band, twips on the picture
     int stepx = 0, stepy = 0;                             // twips a tick, of the arrow pressed last

@@ -13,9 +13,9 @@ namespace {
 
 constexpr double marker_aside = 100;   // twips of a marker from the overview's cursor
 
-void lbltargetnum_click(rauthor_screen& s, std::size_t position)
+void lbltargetnum_click(rauthor_screen& s, int position)
 {
-    for (std::size_t i = 1; i < positions; ++i) {
+    for (int i = 1; i < positions; ++i) {
         s.Lbltargetnum[i].ForeColor = i == position ? colour::white : colour::text;
         s.Lbltargetnum[i].bold = i == position;
     }
@@ -39,7 +39,7 @@ std::optional<int16> range_of(const std::string& text)
 void lblsavetarget_click(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
-    const std::size_t n = s.target;
+    const int n = s.target;
     s.Img[n].Left = s.Imgpoint.Left + marker_aside;
     s.Img[n].Top = s.Imgpoint.Top + marker_aside;
     showplaced(s, n);
@@ -64,19 +64,19 @@ void lbltargetrange_click(trainer& t)
     t.pc.message_box({"A RANGE IS A WHOLE NUMBER OF METRES BETWEEN 0 AND 32767", "ALTER RANGE"});
 }
 
-std::string& icontext(practice_state& p, std::size_t icon)
+std::string& icontext(practice_state& p, int icon)
 {
     return icon == 1 ? p.targeticon1 : icon == 2 ? p.targeticon2 : p.targeticon3;
 }
 
-bool loadicon(trainer& t, std::size_t icon, const std::string& path)
+bool loadicon(trainer& t, int icon, const std::string& path)
 {
     loaded_picture loaded = t.pc.load_picture(path);
     if (loaded.result) t.rauthor.Imgtarget[icon].Picture = std::move(*loaded.result);
     return loaded.result.has_value();
 }
 
-void imgtarget_click(trainer& t, std::size_t icon)
+void imgtarget_click(trainer& t, int icon)
 {
     rauthor_screen& s = t.rauthor;
     const auto chosen =
@@ -92,7 +92,7 @@ void imgtarget_click(trainer& t, std::size_t icon)
 
 }   // namespace
 
-void showplaced(rauthor_screen& s, std::size_t position)
+void showplaced(rauthor_screen& s, int position)
 {
     s.Lbltargetnum[position].BackColor = colour::red;
     s.Lbltargetnum[position].AccessibleName = "Placed, target number";
@@ -100,7 +100,7 @@ void showplaced(rauthor_screen& s, std::size_t position)
 
 bool loadicons(trainer& t)
 {
-    for (std::size_t i = 1; i <= 3; ++i)
+    for (int i = 1; i <= 3; ++i)
         if (!loadicon(t, i, icon_path(t.pc, t.shared.rootpath, icontext(t.shared, i)))) return false;
     return true;
 }
@@ -108,9 +108,8 @@ bool loadicons(trainer& t)
 void make_targets(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
-    for (std::size_t i = 1; i < positions; ++i)
-        s.Lbltargetnum[i].Click = [&s, i] { lbltargetnum_click(s, i); };
-    for (std::size_t i = 1; i <= 3; ++i) s.Imgtarget[i].Click = [&t, i] { imgtarget_click(t, i); };
+    for (int i = 1; i < positions; ++i) s.Lbltargetnum[i].Click = [&s, i] { lbltargetnum_click(s, i); };
+    for (int i = 1; i <= 3; ++i) s.Imgtarget[i].Click = [&t, i] { imgtarget_click(t, i); };
     s.Lblsavetarget.Click = [&t] { lblsavetarget_click(t); };
     s.Lbltargetrange.Click = [&t] { lbltargetrange_click(t); };
 }

@@ -18,7 +18,7 @@ constexpr option after_wind[] = {&S::Optsys1,     &S::Optsys2,     &S::Optsys3, 
                                  &S::Opteng1,     &S::Opteng2,     &S::Opteng3,     &S::Opteng4,
                                  &S::Opttargets1, &S::Opttargets2, &S::Opttargets3, &S::Opttargets4,
                                  &S::Opttime1,    &S::Opttime2,    &S::Opttime3,    &S::Opttime4};
-constexpr std::size_t first_line = 1, last_line = 7;
+constexpr int first_line = 1, last_line = 7;
 
 // An option that is set to false is cleared without any action; one that becomes chosen runs its own.
 bool take_option(item_reader& items, screen_object& o)
@@ -79,7 +79,7 @@ std::string practice_file_bytes(const startsim_screen& s)
     for (const option o : before_wind) items.put((s.*o).Value != 0);
     items.put(s.HScrwind.Value);
     for (const option o : after_wind) items.put((s.*o).Value != 0);
-    for (std::size_t i = first_line; i <= last_line; ++i) items.put(s.lblprac[i].Caption);
+    for (int i = first_line; i <= last_line; ++i) items.put(s.lblprac[i].Caption);
     return items.file_bytes();
 }
 
@@ -90,7 +90,7 @@ void apply_practice(trainer& t, const std::string& text)
     if (!take_options(items, s, before_wind) || !take_wind(items, s.HScrwind) ||
         !take_options(items, s, after_wind))
         return;
-    for (std::size_t i = first_line; i <= last_line; ++i)
+    for (int i = first_line; i <= last_line; ++i)
         if (!items.take(s.lblprac[i].Caption)) return;
 }
 

@@ -1,5 +1,3 @@
-#include <array>
-
 #include "setup/setup.h"
 #include "setup/startsim.h"
 #include "trainer.h"
@@ -11,106 +9,53 @@ namespace {
 using S = startsim_screen;
 using option = screen_object S::*;
 
-// What all programmed practices of a kind say in the same words.
-constexpr const char* full = "A FULL SYSTEM";
-constexpr const char* laze = "A  LAZE ONLY ";
+// An option, and the line of the summary that goes with it.
+struct choice {
+    option selects;
+    const char* says;
+};
+constexpr choice visual{&S::Optmode1, "VISUAL PRACTICE"}, thermal{&S::Optmode2, "THERMAL PRACTICE"};
+constexpr choice full{&S::Optsys1, "A FULL SYSTEM"}, laze{&S::Optsys2, "A  LAZE ONLY "};
+constexpr choice fin{&S::Opteng4, "USING ONLY FIN AMMUNITION"},
+    hesh{&S::Opteng3, "USING ONLY HESH AMMUNITION"}, coax{&S::Opteng2, "USING ONLY COAX AMMUNITION"},
+    mixed{&S::Opteng1, "USING ALL NATURES OF AMMO"};
+constexpr option up30 = &S::Opttime3, up40 = &S::Opttime4;
+
 constexpr const char* standard = "STANDARD PRACTICE SHOOT";
 constexpr const char* special = "SPECIAL PRACTICE SHOOT";
-constexpr const char* fin = "USING ONLY FIN AMMUNITION";
-constexpr const char* hesh = "USING ONLY HESH AMMUNITION";
-constexpr const char* coax = "USING ONLY COAX AMMUNITION";
+constexpr const char* thirty = "UP FOR 30 SECS ";
+constexpr const char* thirty2 = " UP FOR 30 SECS ";   // practices 1 and 2 have one blank more
 constexpr const char* no_coax = "THERE WILL BE NO COAX TARGETS";
 constexpr const char* bursts = "2 KILL BURSTS FOR COAX TARGETS";
-constexpr const char* visual = "VISUAL PRACTICE";
-constexpr const char* thermal = "THERMAL PRACTICE";
+
+// All practices but the last say so, although they have nine targets.
 constexpr const char* six = "SIX TARGETS";
-constexpr const char* thirty = "UP FOR 30 SECS ";
-constexpr const char* thirty_at_first = " UP FOR 30 SECS ";
 constexpr const char* automatic = "ALL TARGETS APPEAR AUTOMATICALLY";
 
-// The options of a practice beside Automatic, two bursts and nine targets, which are those of all, and the
-// eight lines of its summary. The lines are fixed: they call the nine targets six and the forty seconds
-// thirty.
+// What a practice selects beside Automatic, two bursts and nine targets, which all have, and what its summary
+// says. The summary is fixed: it may say thirty seconds where forty are selected.
 struct programmed {
-    option mode, system, engagements;
+    choice mode, system;
+    const char* practice;
+    choice engagements;
     int wind;
     option time;
-    std::array<const char*, 8> summary;
+    const char *up, *coax, *targets = six, *targetry = automatic;
 };
 constexpr programmed practices[] = {
-    {&S::Optmode1,
-     &S::Optsys1,
-     &S::Opteng4,
-     0,
-     &S::Opttime4,
-     {full, standard, fin, six, thirty_at_first, automatic, visual, "YOU WILL RECEIVE NO COAX TARGETS"}},
-    {&S::Optmode1,
-     &S::Optsys1,
-     &S::Opteng3,
-     2,
-     &S::Opttime4,
-     {full, standard, hesh, six, thirty_at_first, automatic, visual, no_coax}},
-    {&S::Optmode1,
-     &S::Optsys1,
-     &S::Opteng2,
-     0,
-     &S::Opttime4,
-     {full, standard, coax, six, thirty, automatic, visual, bursts}},
-    {&S::Optmode2,
-     &S::Optsys1,
-     &S::Opteng4,
-     0,
-     &S::Opttime4,
-     {full, standard, fin, six, thirty, automatic, thermal, no_coax}},
-    {&S::Optmode2,
-     &S::Optsys1,
-     &S::Opteng3,
-     -2,
-     &S::Opttime4,
-     {full, standard, hesh, six, thirty, automatic, thermal, no_coax}},
-    {&S::Optmode2,
-     &S::Optsys1,
-     &S::Opteng2,
-     0,
-     &S::Opttime4,
-     {full, standard, coax, six, thirty, automatic, thermal, bursts}},
-    {&S::Optmode1,
-     &S::Optsys2,
-     &S::Opteng4,
-     0,
-     &S::Opttime4,
-     {laze, special, fin, six, thirty, automatic, visual, no_coax}},
-    {&S::Optmode1,
-     &S::Optsys2,
-     &S::Opteng3,
-     2,
-     &S::Opttime4,
-     {laze, special, hesh, six, thirty, automatic, visual, no_coax}},
-    {&S::Optmode1,
-     &S::Optsys2,
-     &S::Opteng2,
-     0,
-     &S::Opttime4,
-     {laze, special, coax, six, thirty, automatic, visual, bursts}},
-    {&S::Optmode2,
-     &S::Optsys2,
-     &S::Opteng4,
-     0,
-     &S::Opttime4,
-     {laze, special, fin, six, thirty, automatic, thermal, no_coax}},
-    {&S::Optmode2,
-     &S::Optsys2,
-     &S::Opteng3,
-     -2,
-     &S::Opttime3,
-     {laze, special, hesh, six, thirty, automatic, thermal, no_coax}},
-    {&S::Optmode1,
-     &S::Optsys1,
-     &S::Opteng1,
-     0,
-     &S::Opttime3,
-     {full, standard, "USING ALL NATURES OF AMMO", "NINE TARGETS", thirty, "TARGETS APPEAR AUTOMATICALLY",
-      visual, "2 KILL BURSTS ON COAX TARGETS"}},
+    {visual, full, standard, fin, 0, up40, thirty2, "YOU WILL RECEIVE NO COAX TARGETS"},
+    {visual, full, standard, hesh, 2, up40, thirty2, no_coax},
+    {visual, full, standard, coax, 0, up40, thirty, bursts},
+    {thermal, full, standard, fin, 0, up40, thirty, no_coax},
+    {thermal, full, standard, hesh, -2, up40, thirty, no_coax},
+    {thermal, full, standard, coax, 0, up40, thirty, bursts},
+    {visual, laze, special, fin, 0, up40, thirty, no_coax},
+    {visual, laze, special, hesh, 2, up40, thirty, no_coax},
+    {visual, laze, special, coax, 0, up40, thirty, bursts},
+    {thermal, laze, special, fin, 0, up40, thirty, no_coax},
+    {thermal, laze, special, hesh, -2, up30, thirty, no_coax},
+    {visual, full, standard, mixed, 0, up30, thirty, "2 KILL BURSTS ON COAX TARGETS", "NINE TARGETS",
+     "TARGETS APPEAR AUTOMATICALLY"},
 };
 
 void highlight(startsim_screen& s, int number)
@@ -127,10 +72,13 @@ void lblpractice_click(trainer& t, int number)
     highlight(s, number);
     t.shared.practicenumber = number;
     const programmed& p = practices[t.shared.practicenumber - 1];
-    for (const option o : {p.mode, &S::Opttarg1, &S::Option2}) select_option(s.*o);
+    for (const option o : {p.mode.selects, &S::Opttarg1, &S::Option2}) select_option(s.*o);
     set_slider(s.HScrwind, p.wind);
-    for (const option o : {p.system, p.engagements, &S::Opttargets2, p.time}) select_option(s.*o);
-    for (std::size_t i = 0; i < p.summary.size(); ++i) s.lblprac[i].Caption = p.summary[i];
+    for (const option o : {p.system.selects, p.engagements.selects, &S::Opttargets2, p.time})
+        select_option(s.*o);
+    const char* summary[] = {p.system.says, p.practice, p.engagements.says, p.targets,
+                             p.up,          p.targetry, p.mode.says,        p.coax};
+    for (int i = 0; const char* line : summary) s.lblprac[i++].Caption = line;
 }
 
 }   // namespace

@@ -50,6 +50,24 @@ private:
     std::int16_t value = 0;
 };
 
+// An array indexed by int, which is how the system numbers its rows, rounds and positions.
+template <class T, int N>
+struct table {
+    static_assert(N > 0);
+    std::array<T, static_cast<std::size_t>(N)> cells{};
+
+    constexpr T& operator[](int i) { return cells[static_cast<std::size_t>(i)]; }
+    constexpr const T& operator[](int i) const { return cells[static_cast<std::size_t>(i)]; }
+    static constexpr int size() { return N; }
+    void fill(const T& value) { cells.fill(value); }
+    constexpr auto begin() { return cells.begin(); }
+    constexpr auto end() { return cells.end(); }
+    constexpr auto begin() const { return cells.begin(); }
+    constexpr auto end() const { return cells.end(); }
+
+    bool operator==(const table&) const = default;
+};
+
 // How many characters a UTF-8 text has, and the first n of them.
 std::size_t length(const std::string& text);
 std::string left(const std::string& text, std::size_t n);

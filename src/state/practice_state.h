@@ -2,7 +2,6 @@
 // run flags, the open range and the record. It lives as long as the program and is read and written in place.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 
@@ -16,9 +15,9 @@ inline constexpr int engagement_rows =
 inline constexpr int round_rows = 5;   // rounds 1 to 4
 
 template <class T>
-using per_engagement = std::array<T, engagement_rows>;
+using per_engagement = table<T, engagement_rows>;
 template <class T>
-using per_round = std::array<std::array<T, round_rows>, engagement_rows>;
+using per_round = table<table<T, round_rows>, engagement_rows>;
 
 struct practice_state {
     // Paths and file names.
@@ -77,11 +76,11 @@ struct practice_state {
 
     // The open range.
     padded<20> rangename;
-    padded<60> rangepicture;                         // path of the picture
-    std::string rangetype;                           // "THERMAL"; anything else is a visual range
-    std::array<std::int32_t, positions> targetx{};   // twips from the picture's left edge
-    std::array<std::int32_t, positions> targety{};   // twips from its top edge
-    std::array<int16, positions> targetrange{};      // metres
+    padded<60> rangepicture;                    // path of the picture
+    std::string rangetype;                      // "THERMAL"; anything else is a visual range
+    table<std::int32_t, positions> targetx{};   // twips from the picture's left edge
+    table<std::int32_t, positions> targety{};   // twips from its top edge
+    table<int16, positions> targetrange{};      // metres
 
     // Head of the record.
     std::string resultpicture;

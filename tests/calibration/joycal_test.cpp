@@ -172,7 +172,7 @@ TEST(practice_by_stick, is_allowed_once_calibrated_and_fired_by_stick_and_button
     g.fire_practice();
     EXPECT_NEAR(p.joyxfactor, 2730.583, 0.001) << "his own calibration";
     ASSERT_EQ(g.notes.size(), 6U);
-    for (std::size_t e = 1; e <= 6; ++e) EXPECT_EQ(p.rechit[e], "YES") << e;
+    for (int e = 1; e <= 6; ++e) EXPECT_EQ(p.rechit[e], "YES") << e;
 }
 
 }   // namespace

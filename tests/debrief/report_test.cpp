@@ -20,16 +20,17 @@ practice_state practice_of(const std::vector<fired>& engagements)
     practice_state p;
     p.studentdetails = "Trooper_24";
     p.targetcount = static_cast<int>(engagements.size());
-    for (std::size_t e = 1; e <= engagements.size(); ++e) {
-        const fired& f = engagements[e - 1];
-        p.rectarget[e] = f.time > 0 ? static_cast<int>(e) : 0;
+    int e = 1;
+    for (const fired& f : engagements) {
+        p.rectarget[e] = f.time > 0 ? e : 0;
         p.recsystem[e] = f.system;
         p.recammo[e] = f.ammo;
         p.rechit[e] = f.hit;
         p.rectime[e] = f.time;
+        e += 1;
     }
     // What an earlier, longer practice has left behind.
-    for (std::size_t e = engagements.size() + 1; e < engagement_rows; ++e) {
+    for (; e < engagement_rows; ++e) {
         p.rechit[e] = "YES";
         p.rectime[e] = 5;
     }

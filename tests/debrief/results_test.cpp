@@ -144,7 +144,7 @@ TEST_F(debrief, facts_that_hide_marks)
     r.targetcount = 9;
     r.resultpicture = "visualrange.vrp";
     r.resultmode = "THERMAL";
-    for (std::size_t e = 1; e <= 9; ++e) {
+    for (int e = 1; e <= 9; ++e) {
         r.rectime[e] = 10;
         r.recwidth[e] = 160;
         r.recsystem[e] = "FULL";

@@ -54,7 +54,7 @@ practice_state marked_record(int first)
     p.resulticon2 = "/b.ico";
     p.resulticon3 = "/c.ico";
     int n = first;
-    for (std::size_t e = 0; e < engagement_rows; ++e) {
+    for (int e = 0; e < engagement_rows; ++e) {
         for (auto* t : {&p.recsystem, &p.recammo, &p.rechit}) (*t)[e] = "t" + std::to_string(++n);
         for (auto* t :
              {&p.rectarget, &p.recrounds, &p.rectime, &p.recwidth, &p.recrange, &p.reclazex, &p.reclazey})

@@ -29,15 +29,15 @@ practice_state record()
     r.resulticon2 = "/target icons/target2.ico";
     r.resulticon3 = "/target icons/target3.ico";
     static constexpr const char* ammo[] = {"FIN", "HESH", "COAX"};
-    for (std::size_t e = 1; e <= 6; ++e) {
+    for (int e = 1; e <= 6; ++e) {
         r.recsystem[e] = e == 4 ? "LAZE ONLY" : "FULL";
-        r.rectarget[e] = static_cast<int>(e);
+        r.rectarget[e] = e;
         r.recammo[e] = ammo[(e - 1) % 3];
         r.rechit[e] = e == 3 ? "NO" : "YES";
-        r.rectime[e] = e == 3 ? 100 : 10 + static_cast<int>(e);
+        r.rectime[e] = e == 3 ? 100 : 10 + e;
         r.recwidth[e] = 385;
         r.recrange[e] = 1100;
-        r.recx[e] = 9000 * static_cast<int>(e);
+        r.recx[e] = 9000 * e;
         r.recy[e] = 15000;
         r.recrounds[e] = 2;
         r.reclazex[e] = 20;

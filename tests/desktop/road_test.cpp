@@ -143,7 +143,7 @@ protected:
         practice_state read;
         ASSERT_EQ(read_range(pc, folder.filePath("ground.arf").toStdString(), all_entries, read), "");
         EXPECT_EQ(read.rangename.trimmed(), "NEW GROUND");
-        for (std::size_t n = 2; n < positions; ++n) EXPECT_GT(read.targetx[n], read.targetx[n - 1]) << n;
+        for (int n = 2; n < positions; ++n) EXPECT_GT(read.targetx[n], read.targetx[n - 1]) << n;
         EXPECT_EQ(read.targetx[20], t.shared.targetx[20]);
     }
     void calibrate()

@@ -68,12 +68,14 @@ struct practice : testing::TestWithParam<shoot> {
 INSTANTIATE_TEST_SUITE_P(all, practice, testing::ValuesIn(all_shoots()), name_of);
 
 // Row by row what the gunner noted; a fifth round writes over the fourth.
-void expect_rounds(const practice_state& p, bool visual, std::size_t e, const engagement_note& n)
+void expect_rounds(const practice_state& p, bool visual, int e, const engagement_note& n)
 {
     ASSERT_EQ(n.falls.size(), n.aims.size()) << "a round that nobody saw";
     EXPECT_EQ(p.recrounds[e], std::min<int>(static_cast<int>(n.aims.size()), 3));
-    for (std::size_t row = 1; row <= std::min<std::size_t>(n.aims.size(), 4); ++row) {
-        const std::size_t i = row == 4 ? n.aims.size() - 1 : row - 1;
+    int row = 0;
+    for (std::size_t i = 0; i < n.aims.size(); ++i) {
+        if (row < 4) row += 1;
+        if (row == 4) i = n.aims.size() - 1;
         EXPECT_NEAR(p.recaimx[e][row], n.aims[i].x, 0.51);
         EXPECT_NEAR(p.recaimy[e][row], visual ? n.aims[i].y : -n.aims[i].y, 0.51);
         EXPECT_NEAR(p.recfallx[e][row], n.falls[i].x, 0.51) << "row " << row;
@@ -82,17 +84,17 @@ void expect_rounds(const practice_state& p, bool visual, std::size_t e, const en
 }
 
 // Nobody clears the first row of the thermal record: its reset says FULL there.
-std::string system_of(const gunnery_screen& s, std::size_t e, const engagement_note& n)
+std::string system_of(const gunnery_screen& s, int e, const engagement_note& n)
 {
     if (!s.visual() && e == 1) return "FULL";
     return n.system == "T" ? "TLS ONLY" : n.system == "L" ? "LAZE ONLY" : "FULL";
 }
 
-void expect_kill(const practice_state& p, const gunnery_screen& s, std::size_t e, const engagement_note& n)
+void expect_kill(const practice_state& p, const gunnery_screen& s, int e, const engagement_note& n)
 {
     EXPECT_TRUE(n.hit);
     EXPECT_EQ(p.rechit[e], "YES");
-    EXPECT_EQ(p.rectarget[e], static_cast<int>(e));
+    EXPECT_EQ(p.rectarget[e], e);
     EXPECT_EQ(p.recammo[e], n.order);
     EXPECT_EQ(p.recsystem[e], system_of(s, e, n));
     // The order counts as the first second; a second that falls into a lay or a flight isn't made up for.
@@ -119,16 +121,15 @@ TEST_P(practice, is_killed_to_the_last_target_and_the_record_says_how)
     gunner g(d, GetParam().by);
     d.set_up();
     g.fire_practice();
-    const auto targets = static_cast<std::size_t>(p.targetblocks * 3);
-    ASSERT_EQ(g.notes.size(), targets);
+    const int targets = p.targetblocks * 3;
+    ASSERT_EQ(std::ssize(g.notes), targets);
     int sum = 0;
-    for (std::size_t e = 1; e <= targets; ++e) {
+    for (int e = 1; const engagement_note& n : g.notes) {
         SCOPED_TRACE("target " + std::to_string(e) + " at " + std::to_string(p.recrange[e]));
-        expect_kill(p, s, e, g.notes[e - 1]);
-        sum += p.rectime[e];
+        expect_kill(p, s, e, n);
+        sum += p.rectime[e++];
     }
-    const int all = static_cast<int>(targets);
-    expect_score(d, all, all, sum / all, sum / all * all * 2);
+    expect_score(d, targets, targets, sum / targets, sum / targets * targets * 2);
 }
 
 // Every position of every shipped range in turn: a target there can be seen, laid on and killed.
@@ -138,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(all, shipped_range_shoot, testing::ValuesIn(shipped_ran
                          [](const auto& file) { return std::filesystem::path(file.param).stem().string(); });
 
 // Fires at this position and those that follow it, as many as a practice of so many blocks has targets.
-void shoot_in_turn(const std::string& file, sight_kind sight, std::size_t first, int16 blocks)
+void shoot_in_turn(const std::string& file, sight_kind sight, int first, int16 blocks)
 {
     long_drill d(sight, 3);   // HESH: it takes any range
     practice_state& p = d.t.shared;
@@ -149,19 +150,19 @@ void shoot_in_turn(const std::string& file, sight_kind sight, std::size_t first,
     const practice_state range = p;
     // Whatever position is drawn is the next in turn.
     d.t.luck.source = [&p, &range, first, other = chance{}]() mutable {
-        const std::size_t turn =
-            std::min(first - 1 + static_cast<std::size_t>(p.engagement), std::size_t{19});
+        const int turn = std::min(first - 1 + p.engagement, 19);
         p.targetx.fill(range.targetx[turn]);
         p.targety.fill(range.targety[turn]);
         p.targetrange.fill(range.targetrange[turn]);
         return Rnd(other);
     };
     g.fire_practice();
-    ASSERT_EQ(g.notes.size(), static_cast<std::size_t>(blocks) * 3);
-    for (std::size_t e = 1; e <= g.notes.size(); ++e) {
+    ASSERT_EQ(std::ssize(g.notes), blocks * 3);
+    for (int e = 1; const engagement_note& n : g.notes) {
         SCOPED_TRACE("position " + std::to_string(first - 1 + e));
-        EXPECT_TRUE(g.notes[e - 1].hit);
+        EXPECT_TRUE(n.hit);
         EXPECT_EQ(p.recx[e], range.targetx[first - 1 + e]);
+        e += 1;
     }
 }
 
@@ -214,11 +215,10 @@ TEST(timed_practice, scores_what_was_hit_and_books_the_rest_as_missed)
     g.fire_practice();
     ASSERT_EQ(g.notes.size(), 15U);
     int hits = 0, sum = 0;
-    for (std::size_t e = 1; e <= 15; ++e) {
-        SCOPED_TRACE(e);
-        const engagement_note& n = g.notes[e - 1];
+    for (int e = 0; const engagement_note& n : g.notes) {
+        SCOPED_TRACE(++e);
         EXPECT_EQ(p.rechit[e], n.hit ? "YES" : "NO");
-        EXPECT_EQ(p.rectarget[e], static_cast<int>(e));
+        EXPECT_EQ(p.rectarget[e], e);
         if (!n.hit) {
             EXPECT_EQ(p.rectime[e], 100);
             continue;

@@ -26,7 +26,7 @@ TEST(visual_practice, six_targets_come_at_their_times_and_go_down_as_misses)
     EXPECT_EQ(d.moments("STOP DESELECT !!"), (moments{36, 70, 104, 138, 172}));
     EXPECT_EQ(d.moments("TARGET STOP...STOP CLEAR GUNS !!"), moments{206});
     EXPECT_EQ(d.moments("LOADED....  FIRE").size(), 6U);
-    for (std::size_t i = 1; i <= 6; ++i) {
+    for (int i = 1; i <= 6; ++i) {
         EXPECT_EQ(d.t.shared.rectarget[i], static_cast<int>(i));
         EXPECT_EQ(d.t.shared.rechit[i], "NO");
         EXPECT_EQ(d.t.shared.rectime[i], 100);
@@ -242,7 +242,7 @@ TEST(degrading, nine_targets_worsen_by_thirds)
         d.start();
         d.to_the_end();
         std::string got;
-        for (std::size_t i = 1; i <= 9; ++i) got += d.t.shared.recsystem[i].front();
+        for (int i = 1; i <= 9; ++i) got += d.t.shared.recsystem[i].front();
         EXPECT_EQ(got, expected);
         EXPECT_EQ(d.screen().Lblsystem.Caption, "T");
     }
@@ -295,7 +295,7 @@ TEST(commander, calls_the_range_in_hundreds_and_a_near_one_in_two_hundreds)
     d.set_up();
     gunnery_screen& s = d.screen();
     for (const auto& c : cases) {
-        d.t.shared.targetrange[static_cast<std::size_t>(s.currenttarget)] = c.range;
+        d.t.shared.targetrange[s.currenttarget] = c.range;
         s.lblcrew.Caption = "FIN TANK ";
         d.pc.event([&] { callrange(d.t, s); });
         EXPECT_EQ(d.crew(), "FIN TANK ON " + std::string(c.call) + " !!!") << c.range;

@@ -184,13 +184,13 @@ void hold_on_author(verdict& v, const rauthor_screen& s, const walk_moment& m)
 
 // The shared state ---------------------------------------------------------------------------------------
 
-bool sane_row(const practice_state& p, std::size_t i)
+bool sane_row(const practice_state& p, int i)
 {
     return one_of(p.recsystem[i], {"", "FULL", "LAZE ONLY", "TLS ONLY"}) &&
            one_of(p.recammo[i], {"", "FIN", "DST", "HESH", "COAX"}) &&
-           one_of(p.rechit[i], {"", "YES", "NO"}) &&
-           (p.rectarget[i] == 0 || p.rectarget[i] == static_cast<int>(i)) && within(p.recrounds[i], 0, 3) &&
-           p.rectime[i] >= 0 && (p.rechit[i] != "NO" || p.rectime[i] == 100) && within(p.recwidth[i], 0, 480);
+           one_of(p.rechit[i], {"", "YES", "NO"}) && (p.rectarget[i] == 0 || p.rectarget[i] == i) &&
+           within(p.recrounds[i], 0, 3) && p.rectime[i] >= 0 &&
+           (p.rechit[i] != "NO" || p.rectime[i] == 100) && within(p.recwidth[i], 0, 480);
 }
 
 void hold_in_state(verdict& v, const practice_state& p)
@@ -205,8 +205,7 @@ void hold_in_state(verdict& v, const practice_state& p)
         v.hold(factor >= 0 && factor <= end / 12, "the dead band comes of the stick's scale");
     v.hold(!p.joycalibrated || (p.joyxcentre == end / 2 && p.joyycentre == end / 2),
            "a calibrated stick has its centre");
-    for (std::size_t i = 0; i < engagement_rows; ++i)
-        v.hold(sane_row(p, i), "each row of the record is sane");
+    for (int i = 0; i < engagement_rows; ++i) v.hold(sane_row(p, i), "each row of the record is sane");
 }
 
 // Screens, objects and timers ----------------------------------------------------------------------------

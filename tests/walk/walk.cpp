@@ -166,7 +166,7 @@ static void put_ranges(walker& w)
     const practice_state plain = plain_range(sight_kind::visual);
     practice_state spread = plain, cold = plain_range(sight_kind::thermal);
     practice_state wild = plain, far = plain, bare = plain;
-    for (std::size_t i = 0; i < positions; ++i) {
+    for (int i = 0; i < positions; ++i) {
         spread.targetx[i] = w.between(6000, 58000);
         spread.targety[i] = w.between(7000, 27000);
         spread.targetrange[i] = w.between(300, 3000);

@@ -47,9 +47,8 @@ static double time_to_answer(walker& w)
 static bool whole_record(const practice_state& p, int targets)
 {
     for (int i = 1; i <= targets; ++i) {
-        const auto row = static_cast<std::size_t>(i);
-        const bool closed = p.rechit[row] == "YES" || p.rechit[row] == "NO";
-        if (!closed || p.rectarget[row] != i || p.recsystem[row].empty()) return false;
+        const bool closed = p.rechit[i] == "YES" || p.rechit[i] == "NO";
+        if (!closed || p.rectarget[i] != i || p.recsystem[i].empty()) return false;
     }
     return true;
 }

@@ -138,7 +138,7 @@ std::string range_file(const country& land, const std::vector<position>& positio
     p.targeticon1 = icons + "1.ico";
     p.targeticon2 = icons + "2.ico";
     p.targeticon3 = icons + "3.ico";
-    for (std::size_t entry = 1; const position& at : positions) {
+    for (int entry = 1; const position& at : positions) {
         const float side = target_side(land.sight, at.range);
         const auto twip = real(vorn::twips_per_pixel);
         p.targetx[entry] = static_cast<std::int32_t>(std::lround(real(at.x) * twip - side / 2));
