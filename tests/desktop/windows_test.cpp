@@ -1,6 +1,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 #include "desk.h"
 
@@ -18,7 +19,7 @@ struct windows : desk {
 
 TEST_F(windows, the_next_screen_takes_the_place_and_state_of_the_last)
 {
-    open(one, 900, 700);
+    open(one, 700, 600);
     window(one).move(40, 30);
     const QRect place = window(one).geometry();
     pc.run([&] {
@@ -95,6 +96,31 @@ TEST_F(windows, only_f11_changes_the_full_screen)
     EXPECT_TRUE(window(one).isFullScreen() && window(one).isVisible());
     press(one, Qt::Key_F11);
     EXPECT_FALSE(window(one).isFullScreen());
+}
+
+TEST_F(windows, full_screen_goes_back_to_what_was_before_also_on_the_next_screen)
+{
+    open(one, 700, 500);
+    window(one).move(60, 50);
+    const QRect place = window(one).geometry();
+    const auto settled = [&] { return !window(one).findChild<QTimer*>()->isActive(); };
+    EXPECT_TRUE(QTest::qWaitFor(settled));
+    // As a window manager does it: the size of the new state comes before the state.
+    window(one).setGeometry(window(one).screen()->availableGeometry());
+    window(one).setWindowState(Qt::WindowMaximized);
+    QTest::keyClick(s_handle(one), Qt::Key_F11);
+    pc.run([&] {
+        show(pc, two.f);
+        hide(pc, one.f);
+    });
+    EXPECT_TRUE(window(two).isFullScreen());
+    QTest::keyClick(s_handle(two), Qt::Key_F11);
+    EXPECT_TRUE(window(two).isMaximized() && !window(two).isFullScreen());
+    EXPECT_EQ(window(two).normalGeometry(), place);
+    window(two).setWindowState(Qt::WindowNoState);
+    window(two).setGeometry(500, 600, 900, 700);   // in part off the screen
+    for (int i = 0; i < 2; ++i) QTest::keyClick(s_handle(two), Qt::Key_F11);
+    EXPECT_TRUE(window(two).screen()->availableGeometry().contains(window(two).geometry()));
 }
 
 TEST_F(windows, the_frame_of_the_window_asks_the_exit_button)

@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QSlider>
-#include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 
@@ -20,6 +20,8 @@ static constexpr QSize designed(static_cast<int>(form_width / twips_per_pixel),
                                 static_cast<int>(form_height / twips_per_pixel));
 static constexpr QSize window_borders(16, 48);   // room left for the frame of the window system
 
+static constexpr Qt::WindowStates filling = Qt::WindowMaximized | Qt::WindowFullScreen;
+
 static QSize first_size(const QScreen* screen)
 {
     if (screen == nullptr) return designed;
@@ -29,7 +31,7 @@ static QSize first_size(const QScreen* screen)
                : designed.scaled(room, Qt::KeepAspectRatio);
 }
 
-form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc)
+form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc), settled_(this)
 {
     setStyle(&style_);
     setPalette(form_palette());
@@ -37,6 +39,11 @@ form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc)
     setMouseTracking(true);
     setMinimumSize(designed / 2);
     setWindowIcon(pc.icon());
+    settled_.setSingleShot(true);
+    settled_.setInterval(300);
+    connect(&settled_, &QTimer::timeout, this, [this] {
+        if (!(windowState() & (filling | Qt::WindowMinimized))) normal_ = geometry();
+    });
     resize(first_size(screen()));
 }
 
@@ -180,6 +187,7 @@ void form_window::place_objects()
 
 void form_window::resizeEvent(QResizeEvent*)
 {
+    settled_.start();
     if (fitted_ != size()) fit_scale();
 }
 
@@ -213,9 +221,72 @@ void form_window::release_sliders()
     }
 }
 
+// Place ---------------------------------------------------------------------------------------------------
+
+// A window that is being maximised may get its new size before its new state, so a place counts as the normal
+// one only when it has been kept for a while.
+void form_window::moveEvent(QMoveEvent*)
+{
+    settled_.start();
+}
+
+// The toolkit's own memory of it takes the size of a maximised window for the normal one.
+QRect form_window::normal_place() const
+{
+    if (!(windowState() & filling)) return geometry();
+    return normal_.isValid() ? normal_ : normalGeometry();
+}
+
+// As it is where it can be seen whole.
+static QRect on_screen(const QRect& at, const QWidget& w)
+{
+    const QScreen* screen = QGuiApplication::screenAt(at.center());
+    const QRect room = (screen != nullptr ? screen : w.screen())->availableGeometry();
+    if (room.contains(at)) return at;
+    const QSize size = at.size().boundedTo(room.size() - window_borders);
+    const QPoint first = room.topLeft() + QPoint(window_borders.width() / 2, window_borders.height() - 8);
+    const QPoint last = room.bottomRight() - QPoint(size.width(), size.height()) - QPoint(8, 8);
+    return {QPoint(std::clamp(at.x(), first.x(), std::max(first.x(), last.x())),
+                   std::clamp(at.y(), first.y(), std::max(first.y(), last.y()))),
+            size};
+}
+
 void form_window::toggle_full_screen()
 {
-    setWindowState(windowState() ^ Qt::WindowFullScreen);
+    normal_ = normal_place();
+    if (!isFullScreen()) {
+        beneath_full_ = windowState() & Qt::WindowMaximized;
+        return setWindowState(Qt::WindowFullScreen);
+    }
+    setWindowState(std::exchange(beneath_full_, {}));
+    if (!isMaximized()) setGeometry(on_screen(normal_, *this));
+}
+
+// As far as the screen has room, the frame of the window included.
+static QRect stepped_aside(const QRect& at, const QWidget& before)
+{
+    constexpr QPoint step(28, 28);
+    const QRect room = before.screen()->availableGeometry(), framed = before.frameGeometry();
+    const QPoint free = room.bottomRight() - framed.bottomRight();
+    return at.translated(std::clamp(free.x(), 0, step.x()), std::clamp(free.y(), 0, step.y()));
+}
+
+void form_window::take_place(const form_window& before, bool aside)
+{
+    const Qt::WindowStates kept = before.windowState() & filling;
+    const QRect place = before.normal_place();
+    beneath_full_ = before.beneath_full_;
+    setWindowState(Qt::WindowNoState);
+    if (place.isValid()) {
+        normal_ = kept != Qt::WindowNoState ? on_screen(place, before)
+                  : aside                   ? stepped_aside(place, before)
+                                            : place;
+        setGeometry(normal_);
+        // A window that stands there already, where the desktop once put it, keeps its place as one that was
+        // chosen: the desktop would put it somewhere else.
+        if (QWindow* handle = windowHandle()) handle->setGeometry(handle->geometry());
+    }
+    setWindowState(kept);
 }
 
 // What the user does --------------------------------------------------------------------------------------

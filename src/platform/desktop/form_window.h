@@ -1,6 +1,7 @@
 // The window of one form: scales it as a whole, and shows its objects as they are.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <memory>
 #include <vector>
@@ -24,6 +25,8 @@ public:
     // Puts what has been drawn on the screen at once, without an event being handled.
     void paint_now();
     void toggle_full_screen();
+    // Puts a window that isn't seen where the one before it is, in the same state.
+    void take_place(const form_window& before, bool aside);
     void release_sliders();
     QWidget* widget(const screen_object&) const;
     double scale() const { return style_.scale; }
@@ -38,8 +41,10 @@ protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
     void showEvent(QShowEvent*) override;
+    void moveEvent(QMoveEvent*) override;
 
 private:
+    QRect normal_place() const;
     void make_new_objects();
     void make_object(screen_object&);
     void hold_by_key(QAbstractButton&, screen_object&);
@@ -54,6 +59,9 @@ private:
     QPoint corner_;   // of the scaled form in the window
     QSize fitted_;    // the window size that the scale was made for
     bool seen_ = false;
+    QRect normal_;                      // its place when it is neither maximised nor fills the screen
+    QTimer settled_;                    // runs out when it hasn't been moved for a while
+    Qt::WindowStates beneath_full_{};   // maximised or not, where it fills the screen
     const screen_object* held_by_key_ = nullptr;   // the button that the space bar holds down
     std::vector<std::unique_ptr<shown_object>> objects_;
 };

@@ -1,13 +1,10 @@
 // Which windows are on the desk, where, and in which order: follows the screens that the program has shown.
-#include <QScreen>
 #include <QWindow>
 #include <algorithm>
 
 #include "platform/desktop/desktop_machine.h"
 
 namespace vorn {
-
-static constexpr QPoint step_aside(28, 28);   // of a screen that comes up over another
 
 static bool among(const std::vector<form*>& forms, const form* f)
 {
@@ -43,31 +40,10 @@ QWidget* desktop_machine::front_window() const
     return w != nullptr && w->isVisible() ? w : nullptr;
 }
 
-// As far as the screen has room, the frame of the window included.
-static QRect stepped_aside(const QRect& at, const form_window& before)
-{
-    const QRect room = before.screen()->availableGeometry(), framed = before.frameGeometry();
-    const QPoint free = room.bottomRight() - framed.bottomRight();
-    return at.translated(std::clamp(free.x(), 0, step_aside.x()), std::clamp(free.y(), 0, step_aside.y()));
-}
-
-// Puts a window where the one before it is, so that the screens follow each other in one place.
-static void take_place(form_window& w, const form_window& before, bool aside)
-{
-    const Qt::WindowStates kept = before.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen);
-    const QRect normal = kept == Qt::WindowNoState ? before.geometry() : before.normalGeometry();
-    w.setWindowState(kept);
-    if (!normal.isValid()) return;
-    w.setGeometry(aside ? stepped_aside(normal, before) : normal);
-    // A window that stands there already, where the desktop once put it, keeps its place as one that was
-    // chosen: the desktop would put it somewhere else.
-    if (QWindow* handle = w.windowHandle()) handle->setGeometry(handle->geometry());
-}
-
 void desktop_machine::open_window(form_window& w, const form_window* before, bool over_it)
 {
     if (w.isVisible()) return;   // it was about to leave
-    if (before != nullptr && before != &w) take_place(w, *before, over_it);
+    if (before != nullptr && before != &w) w.take_place(*before, over_it);
     w.sync();
     w.show();
 }
