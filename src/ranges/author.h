@@ -37,8 +37,9 @@ area overviewplace(const rauthor_screen&, double x, double y);
 // targets.cpp: the twenty positions and the three icons.
 void make_targets(trainer&);
 void showplaced(rauthor_screen&, int position);
-// Gives false when one can't be loaded; those before it stay.
-bool loadicons(trainer&);
+// Shows the icon, 1 to 3, that the range in hand names; false when it can't be loaded and its place stays as
+// it is.
+bool loadicon(trainer&, int icon);
 
 // rangedisk.cpp: a new range, and ranges opened and saved.
 void make_rangedisk(trainer&);

@@ -25,14 +25,10 @@ bool keeppicturepath(trainer& t)
     const std::string& path = t.rauthor.authorfile;
     auto& kept = t.shared.rangepicture;
     kept = path;
-    bool whole = kept.trimmed() == path;
-    const auto below = whole ? std::nullopt : below_folder(t.pc, t.shared.rootpath, path);
-    if (below) {
-        kept = *below;
-        whole = kept.trimmed() == *below;
-    }
-    t.rauthor.authorpicture = kept.text();
-    return whole;
+    if (kept.trimmed() == path) return true;
+    const auto below = below_folder(t.pc, t.shared.rootpath, path);
+    if (below) kept = *below;
+    return below && kept.trimmed() == *below;
 }
 
 enum class taken { yes, no, unsuitable };
@@ -105,7 +101,6 @@ std::string readhead(trainer& t, item_reader& items)
     if (!take_range_name(items, t.shared)) return breaks_off;
     set_text(s.Textname, t.shared.rangename.trimmed());
     if (!take_range_picture(items, t.shared)) return breaks_off;
-    s.authorpicture = t.shared.rangepicture.text();
     const std::string file = t.shared.rangepicture.trimmed();
     loaded_picture loaded = t.pc.load_picture(file);
     if (!loaded.result) return "Its picture " + file + " could not be loaded. " + loaded.reason;
@@ -134,7 +129,8 @@ std::string readrange(trainer& t)
         s.Img[i].Top = at.Top;
         showplaced(s, i);
     }
-    if (!loadicons(t)) return "One of its icons could not be loaded.";
+    for (int icon = 1; icon <= 3; ++icon)
+        if (!loadicon(t, icon)) return "One of its icons could not be loaded.";
     t.shared.rangefile = s.authorfile;
     return {};
 }

@@ -40,11 +40,6 @@ bool take_range_entry(item_reader& items, int i, practice_state& p)
     return items.take(p.targetx[i]) && items.take(p.targety[i]) && items.take(p.targetrange[i]);
 }
 
-static bool take_head(item_reader& items, practice_state& p)
-{
-    return take_range_name(items, p) && take_range_picture(items, p) && take_range_type(items, p);
-}
-
 static bool take_entries(item_reader& items, int entries, practice_state& p)
 {
     for (int i = 0; i < entries; ++i)
@@ -57,20 +52,26 @@ std::string read_range_head(const machine& m, const std::string& file, practice_
     file_text read = read_file(m, file);
     if (!read.text) return read.reason;
     item_reader items(std::move(*read.text));
-    return take_head(items, p) ? "" : damaged;
+    std::string picture;
+    const bool whole = take_range_name(items, p) && items.take(picture) && take_range_type(items, p);
+    return whole ? "" : damaged;
 }
 
 std::string read_range(const machine& m, const std::string& file, int entries, practice_state& p)
 {
     file_text read = read_file(m, file);
     if (!read.text) return read.reason;
-    return take_range(*read.text, entries, p) ? "" : damaged;
+    practice_state whole = p;   // a damaged file takes nothing of the range in hand
+    if (!take_range(*read.text, entries, whole)) return damaged;
+    p = std::move(whole);
+    return {};
 }
 
 bool take_range(const std::string& text, int entries, practice_state& p)
 {
     item_reader items(text);
-    return take_head(items, p) && take_range_icons(items, p) && take_entries(items, entries, p);
+    return take_range_name(items, p) && take_range_picture(items, p) && take_range_type(items, p) &&
+           take_range_icons(items, p) && take_entries(items, entries, p);
 }
 
 std::string range_file_bytes(const practice_state& p)

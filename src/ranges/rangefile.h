@@ -15,11 +15,12 @@ namespace vorn {
 inline constexpr int practice_entries = 20;
 inline constexpr int all_entries = positions;
 
-// Each reader gives the reason when it fails, empty when it didn't; what was read before the failure stays.
+// Each reader gives the reason when it fails, empty when it didn't.
 
-// Name, picture path and type.
+// Name and type. The path of the picture stays that of the range in hand: it belongs to the positions, which
+// a head doesn't bring.
 std::string read_range_head(const machine&, const std::string& file, practice_state&);
-// The six head items and the first entries of the tables.
+// The six head items and the first entries of the tables; all of them, or on a failure none.
 std::string read_range(const machine&, const std::string& file, int entries, practice_state&);
 // The same from a file's text; false when it fails.
 bool take_range(const std::string& text, int entries, practice_state&);

@@ -22,10 +22,8 @@ void rauthor_arrival(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
     end_rest(s.lblhelp, s.Timhelp, s.hintticks);   // a practice begun from the set-up took this screen away
-    // The set-up has read the head of its own range meanwhile: what is shown here is what a save writes.
-    if (!s.authorpicture.empty()) t.shared.rangepicture = s.authorpicture;
     showmiddle(s);
-    loadicons(t);
+    for (int icon = 1; icon <= 3; ++icon) loadicon(t, icon);
 }
 
 void cmdstart_click(trainer& t)

@@ -51,9 +51,8 @@ struct rauthor_screen {
     float authorscalex = 1, authorscaley = 1;             // twips of the picture to one of Image1
     double bandbottom = 0, bandtop = 0, bandheight = 0;   // the ground band, twips on the picture
     int stepx = 0, stepy = 0;                             // twips a tick, of the arrow pressed last
-    std::string authorpicture;   // the picture of the range in hand, as the file names it
-    std::string authorfile;      // path of the picture or file in hand
-    int hintticks = 0;           // ticks of Timhelp since the cursor came to a button
+    std::string authorfile;                               // path of the picture or file in hand
+    int hintticks = 0;   // ticks of Timhelp since the cursor came to a button
 };
 
 void make_rauthor(trainer&);

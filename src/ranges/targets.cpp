@@ -69,7 +69,7 @@ std::string& icontext(practice_state& p, int icon)
     return icon == 1 ? p.targeticon1 : icon == 2 ? p.targeticon2 : p.targeticon3;
 }
 
-bool loadicon(trainer& t, int icon, const std::string& path)
+bool showicon(trainer& t, int icon, const std::string& path)
 {
     loaded_picture loaded = t.pc.load_picture(path);
     if (loaded.result) t.rauthor.Imgtarget[icon].Picture = std::move(*loaded.result);
@@ -83,7 +83,7 @@ void imgtarget_click(trainer& t, int icon)
         t.pc.choose_file({"OPEN TARGETS", "Target Files (*.ico)|*.ico|", t.shared.rootpath, "", false});
     if (!chosen) return;
     s.authorfile = *chosen;
-    if (!loadicon(t, icon, s.authorfile)) {
+    if (!showicon(t, icon, s.authorfile)) {
         s.outcome.Caption = s.authorfile + " could not be loaded as an icon";
         return;
     }
@@ -98,11 +98,9 @@ void showplaced(rauthor_screen& s, int position)
     s.Lbltargetnum[position].AccessibleName = "Placed, target number";
 }
 
-bool loadicons(trainer& t)
+bool loadicon(trainer& t, int icon)
 {
-    for (int i = 1; i <= 3; ++i)
-        if (!loadicon(t, i, icon_path(t.pc, t.shared.rootpath, icontext(t.shared, i)))) return false;
-    return true;
+    return showicon(t, icon, icon_path(t.pc, t.shared.rootpath, icontext(t.shared, icon)));
 }
 
 void make_targets(trainer& t)

@@ -54,12 +54,14 @@ TEST_F(range_files, each_reader_takes_its_own_part_and_no_more)
     EXPECT_EQ(practice(first_lines(whole, 66)), "");
     EXPECT_EQ(read.targetrange[19], 2400);
     EXPECT_EQ(read.targetrange[20], 7);
-    EXPECT_NE(practice(first_lines(whole, 65)), "");
+    EXPECT_NE(practice("\"CUT\"\r\n" + first_lines(whole, 65)), "");
+    EXPECT_EQ(read.rangename.trimmed(), "PLAIN THERMAL") << "a file that breaks off takes nothing in hand";
     data.put("test.arf", first_lines(whole, 68));
     EXPECT_NE(read_range(pc, "test.arf", all_entries, read), "");
     data.put("test.arf", "\"short\"\r\n\"p\"\r\n\"THERMAL\"");
     EXPECT_EQ(read_range_head(pc, "test.arf", read), "");
     EXPECT_EQ(read.rangename.text(), "short               ");
+    EXPECT_EQ(read.rangepicture.trimmed(), "thermalrange.trp") << "that of the range in hand";
     data.put("test.arf", "\"kept\"\r\n\"p\"\r\nTHERMAL");
     EXPECT_NE(read_range_head(pc, "test.arf", read), "");
     EXPECT_EQ(read.rangename.trimmed(), "kept");
