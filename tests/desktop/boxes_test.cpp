@@ -11,7 +11,7 @@
 #include <random>
 
 #include "desk.h"
-#include "platform/desktop/boxes.h"
+#include "platform/desktop/dialogs/boxes.h"
 
 namespace vorn::testing_desk {
 

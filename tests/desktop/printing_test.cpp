@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 
 #include "platform/desktop/desktop_machine.h"
-#include "platform/desktop/printing.h"
+#include "platform/desktop/devices/printing.h"
 
 namespace vorn {
 

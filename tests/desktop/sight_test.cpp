@@ -2,7 +2,7 @@
 #include <memory>
 
 #include "desk.h"
-#include "platform/desktop/pictures.h"
+#include "platform/desktop/drawing/pictures.h"
 
 namespace vorn::testing_desk {
 

@@ -9,7 +9,7 @@
 #include <cstring>
 
 #include "desk.h"
-#include "platform/desktop/sound.h"
+#include "platform/desktop/devices/sound.h"
 
 namespace vorn::testing_desk {
 

@@ -1,5 +1,5 @@
 // The joystick through SDL's virtual one: plugged in and pulled out, its buttons and its axes.
-#include "platform/desktop/stick.h"
+#include "platform/desktop/devices/stick.h"
 #include "desk.h"
 #include "virtual_stick.h"
 

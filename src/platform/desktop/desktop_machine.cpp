@@ -8,8 +8,8 @@
 #include <thread>
 #include <utility>
 
-#include "platform/desktop/access.h"
-#include "platform/desktop/pictures.h"
+#include "platform/desktop/drawing/pictures.h"
+#include "platform/desktop/windows/access.h"
 #include "platform/files.h"
 
 namespace vorn {

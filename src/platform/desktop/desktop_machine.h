@@ -8,11 +8,11 @@
 #include <optional>
 #include <vector>
 
-#include "platform/desktop/form_window.h"
-#include "platform/desktop/help.h"
-#include "platform/desktop/keys.h"
-#include "platform/desktop/sound.h"
-#include "platform/desktop/stick.h"
+#include "platform/desktop/devices/keys.h"
+#include "platform/desktop/devices/sound.h"
+#include "platform/desktop/devices/stick.h"
+#include "platform/desktop/dialogs/help.h"
+#include "platform/desktop/windows/form_window.h"
 #include "platform/machine.h"
 
 namespace vorn {

@@ -4,8 +4,8 @@
 #include <QTemporaryDir>
 #include <cstdint>
 
-#include "platform/desktop/help.h"
-#include "platform/desktop/look.h"
+#include "platform/desktop/dialogs/help.h"
+#include "platform/desktop/windows/look.h"
 
 namespace {
 

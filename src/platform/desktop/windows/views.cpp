@@ -1,4 +1,4 @@
-#include "platform/desktop/views.h"
+#include "platform/desktop/windows/views.h"
 
 #include <QPainter>
 #include <QShortcutEvent>
@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/desktop/drawings.h"
-#include "platform/desktop/look.h"
-#include "platform/desktop/pictures.h"
-#include "platform/desktop/sight.h"
+#include "platform/desktop/drawing/drawings.h"
+#include "platform/desktop/drawing/pictures.h"
+#include "platform/desktop/drawing/sight.h"
+#include "platform/desktop/windows/look.h"
 
 namespace vorn {
 

@@ -1,4 +1,4 @@
-#include "platform/desktop/stick.h"
+#include "platform/desktop/devices/stick.h"
 
 #define SDL_MAIN_HANDLED
 #include <SDL.h>

@@ -1,4 +1,4 @@
-#include "platform/desktop/widgets.h"
+#include "platform/desktop/windows/widgets.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -10,9 +10,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/desktop/look.h"
-#include "platform/desktop/sight.h"
-#include "platform/desktop/views.h"
+#include "platform/desktop/drawing/sight.h"
+#include "platform/desktop/windows/look.h"
+#include "platform/desktop/windows/views.h"
 
 namespace vorn {
 

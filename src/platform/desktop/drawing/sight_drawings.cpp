@@ -1,4 +1,4 @@
-#include "platform/desktop/sight_drawings.h"
+#include "platform/desktop/drawing/sight_drawings.h"
 
 #include <QPainterPath>
 #include <algorithm>
@@ -6,9 +6,9 @@
 #include <charconv>
 #include <cmath>
 
-#include "platform/desktop/explosion.h"
-#include "platform/desktop/look.h"
-#include "platform/desktop/pictures.h"
+#include "platform/desktop/drawing/explosion.h"
+#include "platform/desktop/drawing/pictures.h"
+#include "platform/desktop/windows/look.h"
 
 namespace vorn {
 

@@ -1,4 +1,4 @@
-#include "platform/desktop/sound.h"
+#include "platform/desktop/devices/sound.h"
 
 #define SDL_MAIN_HANDLED
 #include <SDL.h>

@@ -1,4 +1,4 @@
-#include "platform/desktop/printing.h"
+#include "platform/desktop/devices/printing.h"
 
 #include <QBuffer>
 #include <QDir>

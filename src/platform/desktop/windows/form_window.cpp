@@ -1,4 +1,4 @@
-#include "platform/desktop/form_window.h"
+#include "platform/desktop/windows/form_window.h"
 
 #include <QAbstractButton>
 #include <QCloseEvent>

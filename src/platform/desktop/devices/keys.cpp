@@ -1,4 +1,4 @@
-#include "platform/desktop/keys.h"
+#include "platform/desktop/devices/keys.h"
 
 #include <QApplication>
 #include <QKeyEvent>

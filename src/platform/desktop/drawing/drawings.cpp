@@ -1,12 +1,12 @@
-#include "platform/desktop/drawings.h"
+#include "platform/desktop/drawing/drawings.h"
 
 #include <QSvgRenderer>
 #include <algorithm>
 #include <array>
 #include <string_view>
 
-#include "platform/desktop/look.h"
-#include "platform/desktop/sight_drawings.h"
+#include "platform/desktop/drawing/sight_drawings.h"
+#include "platform/desktop/windows/look.h"
 
 namespace vorn {
 

@@ -1,10 +1,10 @@
-#include "platform/desktop/explosion.h"
+#include "platform/desktop/drawing/explosion.h"
 
 #include <algorithm>
 #include <memory>
 #include <vector>
 
-#include "platform/desktop/pictures.h"
+#include "platform/desktop/drawing/pictures.h"
 
 namespace vorn {
 

@@ -1,4 +1,4 @@
-#include "platform/desktop/help.h"
+#include "platform/desktop/dialogs/help.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
@@ -18,8 +18,8 @@
 #include <QWheelEvent>
 #include <algorithm>
 
-#include "platform/desktop/look.h"
-#include "platform/desktop/pictures.h"
+#include "platform/desktop/drawing/pictures.h"
+#include "platform/desktop/windows/look.h"
 
 namespace vorn {
 

@@ -1,4 +1,4 @@
-#include "platform/desktop/look.h"
+#include "platform/desktop/windows/look.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -8,7 +8,7 @@
 #include <array>
 #include <cmath>
 
-#include "platform/desktop/drawings.h"
+#include "platform/desktop/drawing/drawings.h"
 
 namespace vorn {
 

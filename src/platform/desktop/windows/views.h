@@ -5,7 +5,7 @@
 #include <QPixmap>
 #include <QPushButton>
 
-#include "platform/desktop/widgets.h"
+#include "platform/desktop/windows/widgets.h"
 
 namespace vorn {
 

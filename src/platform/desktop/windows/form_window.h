@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
-#include "platform/desktop/look.h"
-#include "platform/desktop/widgets.h"
+#include "platform/desktop/windows/look.h"
+#include "platform/desktop/windows/widgets.h"
 
 class QAbstractButton;
 

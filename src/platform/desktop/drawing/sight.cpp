@@ -1,10 +1,10 @@
-#include "platform/desktop/sight.h"
+#include "platform/desktop/drawing/sight.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "platform/desktop/look.h"
-#include "platform/desktop/pictures.h"
+#include "platform/desktop/drawing/pictures.h"
+#include "platform/desktop/windows/look.h"
 
 namespace vorn {
 

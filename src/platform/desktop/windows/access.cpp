@@ -1,9 +1,9 @@
-#include "platform/desktop/access.h"
+#include "platform/desktop/windows/access.h"
 
 #include <QAccessibleWidget>
 #include <algorithm>
 
-#include "platform/desktop/views.h"
+#include "platform/desktop/windows/views.h"
 
 namespace vorn {
 

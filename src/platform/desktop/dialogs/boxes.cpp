@@ -8,8 +8,8 @@
 #include <QTreeView>
 #include <utility>
 
-#include "platform/desktop/boxes.h"
 #include "platform/desktop/desktop_machine.h"
+#include "platform/desktop/dialogs/boxes.h"
 #include "platform/files.h"
 
 namespace vorn {

@@ -1,4 +1,4 @@
-#include "platform/desktop/pictures.h"
+#include "platform/desktop/drawing/pictures.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/desktop/drawings.h"
+#include "platform/desktop/drawing/drawings.h"
 
 namespace vorn {
 
