@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the tests, with what they need, and runs every one, after the fuzzers, each for some seconds. Arguments go to
-# ctest, and then only the tests run: ./test.sh -R thermal_practice
+# Installs what the tests need, runs each fuzzer for some seconds, then builds and runs all tests. Arguments are passed to
+# ctest, and the fuzzers are then skipped: ./test.sh -R thermal_practice
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 source tools/setup.sh

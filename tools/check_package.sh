@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Installs the Debian package into a clean system, runs the trainer there as an ordinary user, installs a newer one over
-# it, and removes it.
+# Installs the Debian package into a clean system, runs the trainer there as an ordinary user, upgrades the package, and
+# removes it.
 #
 #   tools/check_package.sh [PACKAGE]
 #
-# As root, on Debian, with debootstrap. Without a package it builds one. Takes some minutes and a gigabyte, so no
-# test calls it.
+# Runs as root on Debian and uses debootstrap. Without an argument it builds the package. Needs some minutes and a
+# gigabyte, so the tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
@@ -13,7 +13,7 @@ source tools/setup.sh
 sources=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sources.list.d/*.sources 2>/dev/null || true)
 mirror=${DEBIAN_MIRROR:-$(awk '/^(deb|URIs:)/ { for (i = 2; i <= NF; ++i) if ($i ~ /^http/) { print $i; exit } }' <<<"$sources")}
 suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
-root=$(mktemp -d) && chmod 755 "$root"   # the ordinary user of that system reads it
+root=$(mktemp -d) && chmod 755 "$root"   # readable by the ordinary user in the chroot
 trap 'umount -ql "$root/proc" || true; rm -rf --one-file-system "$root"' EXIT
 
 install_missing debootstrap "${build_packages[@]}" dpkg-dev desktop-file-utils appstream file lintian
@@ -24,16 +24,16 @@ if [ $# -eq 0 ]; then
 fi
 package=$(realpath "$1")
 lintian --fail-on error "$package"
-if git rev-parse 2>/dev/null; then   # of the data, all that git holds and nothing that was made beside it
+if git rev-parse 2>/dev/null; then   # exactly the data that git tracks
     diff <(git ls-files data/ranges | sed 's,^data,./usr/share/vorn,' | sort) \
         <(dpkg-deb --fsys-tarfile "$package" | tar -t | grep '^./usr/share/vorn/.*[^/]$' | sort) ||
-        { say "the data in the package isn't what the trainer ships with"; exit 1; }
+        { say "the data in the package differs from git's"; exit 1; }
 fi
 
 in_root() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 "$@"; }
 files_of_root() { (cd "$root" && find . -xdev \( -path ./proc -o -path ./tmp -o -path ./var/cache -o -path ./var/lib -o -path ./var/log -o -path ./home \) -prune -o -print | sort); }
 
-say "a clean $suite from $mirror"
+say "creating a clean $suite from $mirror"
 debootstrap --variant=minbase "$suite" "$root" "$mirror" >/dev/null
 cp /etc/apt/sources.list "$root/etc/apt/" 2>/dev/null || true
 mkdir -p "$root/etc/apt/sources.list.d" "$root/etc/apt/apt.conf.d"
@@ -44,24 +44,24 @@ mount -t proc proc "$root/proc"
 in_root apt-get update -q >/dev/null
 in_root apt-get install -q -y --no-install-recommends xvfb xauth xdotool openbox man-db shared-mime-info >/dev/null
 
-say "what the package needs is installed first, so that what it leaves can be told"
+say "installing the dependencies first, to find what the package itself leaves behind"
 cp "$package" "$root/tmp/vorn.deb"
 needs=$(dpkg-deb -f "$package" Depends | tr ',' '\n' | sed 's/|.*//; s/(.*//; s/ //g' | tr '\n' ' ')
 # shellcheck disable=SC2086
 in_root apt-get install -q -y --no-install-recommends $needs >/dev/null
 files_of_root >"$root/tmp/before"
 
-say "installing"
+say "installing the package"
 in_root dpkg -i /tmp/vorn.deb >/dev/null
 desktop-file-validate "$root/usr/share/applications/vorn.desktop"
 appstreamcli validate --no-net "$root/usr/share/metainfo/org.vorn.vorn.metainfo.xml"
 in_root man -l /usr/share/man/man1/vorn.1.gz >/dev/null
 types() { in_root update-mime-database /usr/share/mime && grep -c x-vorn "$root/usr/share/mime/globs2" || true; }
-[ "$(types)" -eq 3 ] || { say "its types of files aren't known"; exit 1; }
+[ "$(types)" -eq 3 ] || { say "its MIME types aren't registered"; exit 1; }
 
-say "an ordinary user starts it, saves a practice and leaves"
+say "starting it as an ordinary user, saving a practice, exiting"
 in_root useradd -m student
-# Starts the trainer, goes on to the practice editor, saves a practice if one is named, and leaves.
+# Starts the trainer, goes to the practice editor, saves a practice if one is named, and exits.
 cat >"$root/tmp/visit" <<'VISIT'
 set -eu
 export XDG_RUNTIME_DIR=/tmp/run-student && mkdir -p -m 700 $XDG_RUNTIME_DIR
@@ -69,7 +69,7 @@ openbox & sleep 1
 vorn & program=$!
 await() { for _ in $(seq 100); do xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 && return; sleep 0.1; done; echo "no window $1"; exit 1; }
 await "V. O. R. N."
-for _ in $(seq 10); do                           # one Return for the first box, one for START, whenever they come
+for _ in $(seq 10); do                           # Return closes the first box, another clicks START
     sleep 2 && xdotool search --onlyvisible --name "PRACTICE EDITOR" >/dev/null 2>&1 && break
     xdotool key Return
 done
@@ -83,16 +83,16 @@ fi
 xdotool mousemove --window "$window" 1000 30 click 1  # EXIT
 sleep 1 && xdotool key alt+y
 for _ in $(seq 50); do kill -0 $program 2>/dev/null || exit 0; sleep 0.1; done
-echo "the program goes on"; exit 1
+echo "the program is still running"; exit 1
 VISIT
 visit() { in_root su student -c "xvfb-run -a -s '-screen 0 1280x1024x24' bash /tmp/visit $*"; }
-home=$root/home/student own=$root/home/student/.local/share/vorn/ranges
+home=$root/home/student data=$root/home/student/.local/share/vorn/ranges
 visit student.prf
 for file in student.prf visualrange.arf vorn.HLP; do
-    [ -s "$own/$file" ] || { say "no $file in the user's data"; exit 1; }
+    [ -s "$data/$file" ] || { say "no $file in the user's data"; exit 1; }
 done
 
-say "a newer version is installed over it, and he starts that"
+say "upgrading to a newer version and starting that"
 in_root su student -c "cd ~/.local/share/vorn/ranges && cp wavs/coax.wav wavs/fire.wav && cp student.prf ~"
 newer=$root/tmp/newer
 dpkg-deb -R "$package" "$newer"
@@ -102,14 +102,14 @@ find "$newer/usr/share/vorn" -type f -exec touch {} +
 dpkg-deb --root-owner-group -b "$newer" "$newer.deb" >/dev/null
 in_root dpkg -i /tmp/newer.deb >/dev/null
 visit
-cmp "$newer/usr/share/vorn/ranges/vorn.HLP" "$own/vorn.HLP" || { say "his manual is still the old one"; exit 1; }
-cmp "$home/student.prf" "$own/student.prf" || { say "his practice is not as he saved it"; exit 1; }
-cmp "$own/wavs/coax.wav" "$own/wavs/fire.wav" || { say "the sound he had changed is not his any more"; exit 1; }
+cmp "$newer/usr/share/vorn/ranges/vorn.HLP" "$data/vorn.HLP" || { say "the user still has the old manual"; exit 1; }
+cmp "$home/student.prf" "$data/student.prf" || { say "the practice saved by the user has changed"; exit 1; }
+cmp "$data/wavs/coax.wav" "$data/wavs/fire.wav" || { say "the sound changed by the user was overwritten"; exit 1; }
 
-say "removing"
+say "removing the package"
 in_root dpkg --purge vorn >/dev/null
-[ "$(types)" -eq 0 ] && [ ! -e "$root/usr/share/mime/packages/vorn.xml" ] || { say "its types of files are still known"; exit 1; }
+[ "$(types)" -eq 0 ] && [ ! -e "$root/usr/share/mime/packages/vorn.xml" ] || { say "its MIME types are still registered"; exit 1; }
 files_of_root >"$root/tmp/after"
 diff "$root/tmp/before" "$root/tmp/after" | grep -v -e '/etc/passwd' -e '/etc/group' -e '/etc/shadow' -e '/etc/gshadow' \
-    -e '/etc/subuid' -e '/etc/subgid' -e '/var/mail' | grep '^[<>]' && { say "it leaves traces"; exit 1; }
-say "the package is sound: $(basename "$package"), $(du -h "$package" | cut -f1)"
+    -e '/etc/subuid' -e '/etc/subgid' -e '/var/mail' | grep '^[<>]' && { say "it leaves files behind"; exit 1; }
+say "the package passes: $(basename "$package"), $(du -h "$package" | cut -f1)"
