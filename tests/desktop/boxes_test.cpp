@@ -1,12 +1,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <QTreeView>
 #include <QWheelEvent>
 #include <random>
 
@@ -66,6 +68,26 @@ TEST_F(boxes, an_input_box_proposes_a_text_and_gives_what_stands_in_it)
     EXPECT_EQ(pc.input_box("NEW RANGE", "ENTER NAME", "NO NAME"), "Sennebrücke");
     answer(Qt::Key_Escape);
     EXPECT_EQ(pc.input_box("NEW RANGE", "ENTER NAME", "NO NAME"), std::nullopt);
+}
+
+TEST_F(boxes, columns_of_a_file_dialog_fit_the_names_and_can_be_dragged)
+{
+    write("a range with a name that is longer than any column is wide to begin with.arf", "x");
+    open(one);
+    when_box<QFileDialog>([](QFileDialog& box) {
+        auto* list = box.findChild<QTreeView*>();
+        ASSERT_NE(list, nullptr);
+        const auto fits = [&] { return list->columnWidth(0) > 300; };
+        EXPECT_TRUE(QTest::qWaitFor(fits)) << list->columnWidth(0);
+        const QHeaderView& header = *list->header();
+        const QPoint edge(header.sectionSize(0) - 1, header.height() / 2);
+        QTest::mousePress(header.viewport(), Qt::LeftButton, {}, edge);
+        QTest::mouseMove(header.viewport(), edge - QPoint(100, 0));
+        QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, edge - QPoint(100, 0));
+        EXPECT_NEAR(header.sectionSize(0), edge.x() - 100, 5);
+        box.reject();
+    });
+    pc.choose_file({"OPEN RANGE", "Range Files (*.arf)|*.arf|", folder.path().toStdString(), ""});
 }
 
 // Help is beside the screens, not over them.

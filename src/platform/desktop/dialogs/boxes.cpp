@@ -91,11 +91,12 @@ static void prepare(QFileDialog& d, const file_dialog& asked)
     auto* list = d.findChild<QTreeView*>();   // there is none in a dialog of the desktop's own
     auto* files = d.findChild<QFileSystemModel*>();
     if (list == nullptr || files == nullptr) return;
-    // As wide as the first folder needs, and from then on as the user drags them.
+    // As wide as a folder needs when it is read, and from then on as the user drags them.
+    list->header()->setSectionResizeMode(QHeaderView::Interactive);
     const auto fit = [list] {
         for (int column = 0; column < list->header()->count(); ++column) list->resizeColumnToContents(column);
     };
-    QObject::connect(files, &QFileSystemModel::directoryLoaded, list, fit, Qt::SingleShotConnection);
+    QObject::connect(files, &QFileSystemModel::directoryLoaded, list, fit);
 }
 
 std::optional<std::string> desktop_machine::choose_file(const file_dialog& asked)
