@@ -1,8 +1,9 @@
-// The help viewer: one window beside the screens, on a file that holds HTML whatever its name says.
+// The help viewer: a modeless window that shows an HTML file, whatever the file's name ends in.
 #pragma once
 
 #include <QDialog>
 #include <QTextDocument>
+#include <string>
 
 class QHBoxLayout;
 class QLabel;
@@ -15,21 +16,22 @@ namespace vorn {
 class help_window final : public QDialog {
 public:
     explicit help_window(const QIcon&);
-    // Opens a file at its contents and brings the window to the front.
+    // Opens a file at its top and brings the window to the front. A file that can't be read is reported on
+    // the page.
     void open_file(const std::string& path);
 
 private:
     QPushButton* add_button(QHBoxLayout&, const QString& caption);
-    void add_roads(QHBoxLayout&);
+    void add_navigation(QHBoxLayout&);
     void add_search(QHBoxLayout&);
     void add_zoom_keys();
     void follow(const QUrl& link);
-    // Goes on to the next place of the words sought, round the end of the page; says when there is none.
+    // Selects the next match, wrapping around at the end of the page; reports when there is none.
     void search(QTextDocument::FindFlags);
 
-    QTextBrowser* text_;
-    QLineEdit* sought_;
-    QLabel* outcome_;
+    QTextBrowser* browser_;
+    QLineEdit* search_field_;
+    QLabel* search_result_;
 };
 
 }   // namespace vorn
