@@ -1,21 +1,21 @@
-// Where the trainer works: on the installed data where the user may write there, otherwise on a copy of his
-// own.
+// Where the trainer works: on the installed data if the user may write there, otherwise on the user's own
+// copy.
 #pragma once
 
 #include <filesystem>
 
 namespace vorn {
 
-// The directory that holds the folder "ranges": `installed` when its ranges can be written, else `own`, which
-// is filled with what it lacks of the installed files. What the user has changed there stays as he left it.
-// Where that fails, on a full disk or without a home, a copy that has once been whole is used all the same,
-// since what he has saved is there, and else `installed`: a practice only reads.
+// The directory that contains the folder "ranges": `installed` if its ranges are writable, otherwise `own`,
+// after the files missing there have been copied. Files that the user has changed are kept. When copying
+// fails (full disk, no home directory), `own` is still used if it has once been complete, since the user's
+// saved files are there; otherwise `installed`, which is enough for a practice.
 std::filesystem::path data_directory(const std::filesystem::path& installed,
                                      const std::filesystem::path& own);
 
-// Copies the files below a folder that are missing below another, and anew those that the user has left as
-// they came and that have changed since, but for ranges and their pictures; false when one could not be
-// copied. A copy cut short leaves no file of that name.
+// Copies the files below `from` that are missing below `to`. Replaces those that have changed in `from` since
+// they were copied and that the user has not changed, except ranges and their pictures. False when a file
+// could not be copied. An interrupted copy leaves no incomplete file under the final name.
 bool fill_directory(const std::filesystem::path& from, const std::filesystem::path& to);
 
 }   // namespace vorn

@@ -16,8 +16,7 @@ static fs::path own_directory()
     return data.isEmpty() ? fs::path() : vorn::from_utf8(data.toStdString()) / "vorn";
 }
 
-// The directory that holds the folder "ranges": installed beside the program, or, in a build tree, that of
-// the sources above it.
+// The directory that contains the folder "ranges": the installed one, or in a build tree that of the sources.
 static std::string program_directory()
 {
 #ifdef Q_OS_WIN
@@ -38,7 +37,7 @@ static std::string program_directory()
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);   // the program ends by its exit buttons alone
+    QApplication::setQuitOnLastWindowClosed(false);   // only the exit buttons end the program
     vorn::desktop_machine machine;
     machine.default_directory = program_directory();
     vorn::trainer trainer(machine);

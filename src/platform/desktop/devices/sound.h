@@ -1,11 +1,9 @@
-// The one sound channel, on SDL's audio queue: plays a wave file without blocking and stops at once. A
-// machine without sound, or whose device comes and goes, is silent while there is none and heard again when
-// there is.
+// The one sound channel, on SDL's audio queue: plays a wave file without blocking and stops at once. The
+// audio device may be absent, come or go at any time; without one the channel is silent.
 #pragma once
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 namespace vorn {
 
@@ -16,21 +14,21 @@ public:
     sound_channel(const sound_channel&) = delete;
     sound_channel& operator=(const sound_channel&) = delete;
 
-    // Cuts off what is playing and plays this file; a missing or broken one is passed over in silence.
+    // Stops the current sound and starts this file; a missing or broken file is ignored.
     void play(const std::string& file);
     void stop();
     bool playing() const;
 
-    // Looking for a device takes time and makes some drivers complain aloud: once in so many seconds is
-    // enough.
+    // The shortest time between two attempts to open a device: an attempt is slow, and some drivers print
+    // messages at each.
     double retry_seconds = 5;
 
 private:
-    bool ready();
+    bool open_device();
     void close_device();
 
-    std::uint32_t device_ = 0;   // SDL's number of the open device; 0: none
-    double retry_at_ = 0;        // seconds; before it no device is looked for again
+    std::uint32_t device_ = 0;   // SDL's id of the open device; 0: none
+    double retry_at_ = 0;        // seconds; the earliest time of the next attempt to open one
 };
 
 }   // namespace vorn

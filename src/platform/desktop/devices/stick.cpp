@@ -14,26 +14,46 @@ namespace vorn {
 
 namespace {
 
-constexpr long top_end = 65535;
-constexpr long centre = 32768;       // SDL's 0
-constexpr int taking = 16384;        // half of the way from the centre: no drift, no hand that brushes it
-constexpr int look_interval = 500;   // milliseconds, while nothing is plugged in
-constexpr int start_delay = 400;     // the first look waits until the first window stands
+// SDL's axes run from -32768 to 32767; the system's from 0 to 65535.
+constexpr long axis_max = 65535, centre = 32768;
+constexpr int takeover_distance =
+    16384;   // half of the way to the end: more than drift or an accidental touch
+// Milliseconds.
+constexpr int search_interval = 500;   // while no stick is in use
+constexpr int start_delay = 400;       // until the first window is up: the first search is slow
 constexpr int move_interval = static_cast<int>(timer_floor * 1000);
 
-// A box has the input while it is open, and another program while it is in front.
-bool in_use()
+// Input is delivered only while no modal box is open and this program is active.
+bool accepts_input()
 {
     return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() != nullptr;
 }
 
+// A throttle or a switch box has fewer.
+bool has_two_axes(const stick::open_device& d)
+{
+    return SDL_JoystickNumAxes(d.handle) >= 2;
+}
+
+table<int, 2> axes_of(SDL_Joystick* device)
+{
+    return {SDL_JoystickGetAxis(device, 0), SDL_JoystickGetAxis(device, 1)};
+}
+
+void init_joysticks()
+{
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");   // SDL would handle the signals that end the program
+    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");   // the windows are not SDL's
+    if (SDL_WasInit(SDL_INIT_JOYSTICK) == 0) SDL_InitSubSystem(SDL_INIT_JOYSTICK);
+}
+
 }   // namespace
 
-stick::stick(desktop_machine& pc) : pc_(pc), last_x_(centre), last_y_(centre)
+stick::stick(desktop_machine& pc) : pc_(pc), reported_x_(centre), reported_y_(centre)
 {
-    clock_.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&clock_, &QTimer::timeout, &clock_, [this] { poll(); });
-    clock_.start(start_delay);
+    timer_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { poll(); });
+    timer_.start(start_delay);
 }
 
 stick::~stick()
@@ -42,35 +62,21 @@ stick::~stick()
     if (SDL_WasInit(SDL_INIT_JOYSTICK) != 0) SDL_QuitSubSystem(SDL_INIT_JOYSTICK);
 }
 
-void stick::begin()
-{
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");   // there is no window that SDL knows of
-    if (SDL_WasInit(SDL_INIT_JOYSTICK) == 0) SDL_InitSubSystem(SDL_INIT_JOYSTICK);
-}
-
-// A throttle or a box of switches has no two axes and is no stick.
-static bool has_two_axes(const stick::open_device& d)
-{
-    return SDL_JoystickNumAxes(d.handle) >= 2;
-}
-
-std::vector<stick::open_device>::iterator stick::open_one(int id)
+std::vector<stick::open_device>::iterator stick::find_open(int id)
 {
     return std::find_if(open_.begin(), open_.end(),
                         [id](const open_device& d) { return SDL_JoystickInstanceID(d.handle) == id; });
 }
 
-// What was held on the last one is let go: nobody else will do it.
+// Releases the buttons held on the previous stick, whose own release events are ignored from now on.
 void stick::choose(SDL_Joystick* device)
 {
     release_all();
     const bool was_present = present();
     device_ = device;
-    for (open_device& d : open_)
-        d.lay_at = {SDL_JoystickGetAxis(d.handle, 0), SDL_JoystickGetAxis(d.handle, 1)};
-    clock_.setInterval(present() ? move_interval : look_interval);
-    if (present() != was_present) tell_change();
+    for (open_device& d : open_) d.rest = axes_of(d.handle);
+    timer_.setInterval(present() ? move_interval : search_interval);
+    if (present() != was_present) pc_.run([this] { joystick_changed(pc_); });
 }
 
 void stick::choose_first()
@@ -82,18 +88,18 @@ void stick::choose_first()
 void stick::open_new()
 {
     for (int i = 0; i < SDL_NumJoysticks(); ++i) {
-        if (open_one(SDL_JoystickGetDeviceInstanceID(i)) != open_.end()) continue;
+        if (find_open(SDL_JoystickGetDeviceInstanceID(i)) != open_.end()) continue;
         SDL_Joystick* device = SDL_JoystickOpen(i);
         if (device == nullptr) continue;
-        SDL_JoystickUpdate();   // brings the places of its axes
-        open_.push_back({device, {SDL_JoystickGetAxis(device, 0), SDL_JoystickGetAxis(device, 1)}});
+        SDL_JoystickUpdate();   // reads the positions of its axes
+        open_.push_back({device, axes_of(device)});
         if (device_ == nullptr) choose_first();
     }
 }
 
 void stick::close(int id)
 {
-    const auto gone = open_one(id);
+    const auto gone = find_open(id);
     if (gone == open_.end()) return;
     SDL_Joystick* device = gone->handle;
     open_.erase(gone);
@@ -101,25 +107,20 @@ void stick::close(int id)
     SDL_JoystickClose(device);
 }
 
-// Another stick that is moved takes over, unless a button of this one is held.
-void stick::take_axis(int id, std::size_t number, int value)
+// Another stick that is moved takes over, unless a button of the present one is held.
+void stick::take_axis(int id, int number, int value)
 {
-    const auto other = open_one(id);
+    const auto other = find_open(id);
     const bool held = std::any_of(held_.begin(), held_.end(), [](const form* f) { return f != nullptr; });
     if (held || other == open_.end() || other->handle == device_ || !has_two_axes(*other)) return;
-    if (std::abs(value - other->lay_at.at(number)) >= taking) choose(other->handle);
-}
-
-void stick::tell_change()
-{
-    pc_.run([this] { joystick_changed(pc_); });
+    if (std::abs(value - other->rest[number]) >= takeover_distance) choose(other->handle);
 }
 
 void stick::take_events()
 {
     SDL_Event e;
     while (SDL_PollEvent(&e) != 0) {
-        if (e.type == SDL_JOYDEVICEADDED) look_ = true;
+        if (e.type == SDL_JOYDEVICEADDED) search_ = true;
         if (e.type == SDL_JOYDEVICEREMOVED) close(e.jdevice.which);
         if (e.type == SDL_JOYAXISMOTION && e.jaxis.axis < 2)
             take_axis(e.jaxis.which, e.jaxis.axis, e.jaxis.value);
@@ -131,18 +132,18 @@ void stick::take_events()
 
 void stick::poll()
 {
-    begin();
-    if (clock_.interval() == start_delay) clock_.setInterval(look_interval);
+    init_joysticks();
+    if (timer_.interval() == start_delay) timer_.setInterval(search_interval);
     take_events();
-    // Without one at each look: what could not be opened when it was plugged in may be ready by now.
-    if (std::exchange(look_, false) || device_ == nullptr) open_new();
+    // Without a stick at each poll: one that could not be opened when it was plugged in may be ready by now.
+    if (std::exchange(search_, false) || device_ == nullptr) open_new();
     deliver_move();
 }
 
-void stick::button(std::size_t number, bool down)
+void stick::button(int number, bool down)
 {
     if (number >= held_.size()) return;
-    const int name = static_cast<int>(number) + 1;
+    const int name = number + 1;
     if (!down) {
         form* holder = std::exchange(held_[number], nullptr);
         if (holder != nullptr && holder->ButtonUp && holder->state != form_state::not_loaded)
@@ -150,31 +151,31 @@ void stick::button(std::size_t number, bool down)
         return;
     }
     form* f = front(pc_);
-    if (f == nullptr || !in_use()) return;
+    if (f == nullptr || !accepts_input()) return;
     held_[number] = f;
     if (f->ButtonDown) pc_.run([&] { f->ButtonDown(name); });
 }
 
 void stick::release_all()
 {
-    for (std::size_t i = 0; i < held_.size(); ++i) button(i, false);
+    for (int i = 0; i < held_.size(); ++i) button(i, false);
 }
 
-// While the stick is off its centre it goes on telling where it is: the screens take it for a rate. A screen
-// that comes to the front is told once, and that the stick is back at its centre is told also when it went
-// there behind a box or was pulled out.
+// A deflected stick is reported at each poll, since the screens take its position for a rate. Otherwise the
+// position is reported when it has changed, also behind a box or by unplugging, and once to a screen that
+// comes to the front.
 void stick::deliver_move()
 {
     const form* f = front(pc_);
-    if (f == nullptr || !f->Move || !in_use()) return;
+    if (f == nullptr || !f->Move || !accepts_input()) return;
     const long x = axis(0), y = axis(1);
-    const bool moved = x != last_x_ || y != last_y_;
-    const bool off = x != centre || y != centre;
-    const bool fresh = device_ != nullptr && f != told_;
-    if (!moved && !off && !fresh) return;
-    last_x_ = x;
-    last_y_ = y;
-    told_ = device_ != nullptr ? f : nullptr;
+    const bool moved = x != reported_x_ || y != reported_y_;
+    const bool deflected = x != centre || y != centre;
+    const bool new_screen = device_ != nullptr && f != reported_to_;
+    if (!moved && !deflected && !new_screen) return;
+    reported_x_ = x;
+    reported_y_ = y;
+    reported_to_ = device_ != nullptr ? f : nullptr;
     pc_.run([&] { f->Move(x, y); });
 }
 
@@ -185,17 +186,8 @@ long stick::axis(int number) const
 
 long stick::reading(int number) const
 {
-    switch (number) {
-        case 5:
-        case 7:
-            return top_end;
-        case 13:
-            return axis(0);
-        case 14:
-            return axis(1);
-        default:
-            return 0;
-    }
+    if (number == 5 || number == 7) return axis_max;
+    return number == 13 ? axis(0) : number == 14 ? axis(1) : 0;
 }
 
 }   // namespace vorn

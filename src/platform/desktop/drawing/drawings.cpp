@@ -10,14 +10,14 @@
 
 namespace vorn {
 
-// Pictures of a landscape take the shape of the place where they are shown; all others keep their own.
+// Landscapes are stretched to the rectangle; all other pictures keep their aspect ratio.
 static bool is_stretched(std::string_view name)
 {
     constexpr std::array<std::string_view, 3> landscapes{":title", ":country", ":target_ground"};
     return std::ranges::find(landscapes, name) != landscapes.end();
 }
 
-// Paints data/pictures/NAME.svg, which is built into the program; a name without a file paints nothing.
+// Paints data/pictures/NAME.svg. A name without a file paints nothing.
 static void draw_svg(QPainter& p, std::string_view name, const QRectF& at)
 {
     QSvgRenderer svg(QString(":/pictures/%1.svg").arg(QString::fromUtf8(name.substr(1))));
@@ -29,7 +29,7 @@ static void draw_svg(QPainter& p, std::string_view name, const QRectF& at)
     p.restore();
 }
 
-// The tag of a target position in the range author, with the position's number.
+// The marker of a target position in the range author, with its number.
 static void draw_marker(QPainter& p, std::string_view number, const QRectF& at)
 {
     draw_svg(p, ":marker", at);

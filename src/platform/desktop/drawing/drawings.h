@@ -1,4 +1,5 @@
 // Pictures that are built into the program: the SVG files of data/pictures, and the marks of the sights.
+// Their names begin with a colon.
 #pragma once
 
 #include <QPainter>
@@ -8,10 +9,10 @@
 
 namespace vorn {
 
-// Whether the picture is built in rather than loaded from a file.
+// True when the picture is built in, false when it comes from a file.
 bool is_drawing(const picture&);
 
-// Paints the picture of this name (":arrow_up", ":lamp_green", ":marker7"); an unknown name paints nothing.
+// Paints the picture of this name (":arrow_up", ":lamp_green", ":marker7"). An unknown name paints nothing.
 void draw_named(QPainter&, const std::string& name, const QRectF& at);
 
 }   // namespace vorn

@@ -1,8 +1,8 @@
 #include "platform/desktop/drawing/explosion.h"
 
+#include <QList>
 #include <algorithm>
 #include <memory>
-#include <vector>
 
 #include "platform/desktop/drawing/pictures.h"
 
@@ -11,10 +11,10 @@ namespace vorn {
 namespace {
 
 constexpr int frames = 16, frames_in_row = 4;
-constexpr int smallest = 16;   // pixels; as small as the explosion of the furthest target
+constexpr int smallest = 16;   // pixels; the size of the explosion at the furthest target
 
-// With smaller copies, each half the size of the one before: a painter that shrinks a picture to less than
-// half leaves pixels out.
+// Adds copies of half the size, a quarter and so on: QPainter skips source pixels when it scales a picture to
+// less than half.
 picture with_smaller_copies(const QImage& frame)
 {
     auto pixels = std::make_shared<decoded_picture>();
@@ -30,7 +30,7 @@ QImage read_sheet()
     return QImage(":/pictures/explosion.png").convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
-// Fire is white, and the smoke that is black to the eye is still warmer than the ground.
+// Fire is white; smoke, though black to the eye, is warmer than the ground.
 QImage by_heat(QImage sheet)
 {
     constexpr int smoke = 150;   // of 255
@@ -46,10 +46,10 @@ QImage by_heat(QImage sheet)
     return sheet;
 }
 
-std::vector<picture> frames_of(const QImage& sheet)
+QList<picture> frames_of(const QImage& sheet)
 {
     const QSize size = sheet.size() / frames_in_row;
-    std::vector<picture> found;
+    QList<picture> found;
     for (int i = 0; i < frames && !sheet.isNull(); ++i) {
         const QPoint corner(i % frames_in_row * size.width(), i / frames_in_row * size.height());
         found.push_back(with_smaller_copies(sheet.copy(QRect(corner, size))));
@@ -57,23 +57,22 @@ std::vector<picture> frames_of(const QImage& sheet)
     return found;
 }
 
-void draw_frame(QPainter& p, const std::vector<picture>& all, const QRectF& at, int frame)
+void draw_frame(QPainter& p, const QList<picture>& all, const QRectF& at, int frame)
 {
-    if (frame >= 0 && frame < static_cast<int>(all.size()))
-        draw_picture(p, all[static_cast<std::size_t>(frame)], at.toRect());
+    if (frame >= 0 && frame < all.size()) draw_picture(p, all[frame], at.toRect());
 }
 
 }   // namespace
 
 void draw_explosion(QPainter& p, const QRectF& at, int frame)
 {
-    static const std::vector<picture> all = frames_of(read_sheet());
+    static const QList<picture> all = frames_of(read_sheet());
     draw_frame(p, all, at, frame);
 }
 
 void draw_hot_explosion(QPainter& p, const QRectF& at, int frame)
 {
-    static const std::vector<picture> all = frames_of(by_heat(read_sheet()));
+    static const QList<picture> all = frames_of(by_heat(read_sheet()));
     draw_frame(p, all, at, frame);
 }
 

@@ -1,15 +1,14 @@
-// The explosion at a target: the one drawing that is painted pixels rather than lines and fills. The picture
-// is built into the program, and read when the first frame is asked for.
+// The explosion at a target: frames of a picture that is built into the program and read at the first use.
 #pragma once
 
 #include <QPainter>
 
 namespace vorn {
 
-// Draws frame 0, the first spark, to frame 15, the last of the smoke, over a rectangle of device pixels. Any
-// other frame draws nothing, nor does any frame if the picture can't be read.
+// Draws a frame over a rectangle of device pixels: 0 is the first spark, 15 the last of the smoke. Any other
+// number draws nothing.
 void draw_explosion(QPainter&, const QRectF& at, int frame);
-// The same by its heat, white on grey.
+// The same as a thermal sight shows it: the hotter, the whiter.
 void draw_hot_explosion(QPainter&, const QRectF& at, int frame);
 
 }   // namespace vorn

@@ -9,26 +9,27 @@
 #include "platform/desktop/drawing/explosion.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/windows/look.h"
+#include "state/numbers.h"
 
 namespace vorn {
 
 namespace {
 
-// A mark is thought in twips, from its upper left corner, and drawn at the size it has on the screen.
-struct space {
+// Marks are defined in twips from their top-left corner and drawn at any size.
+struct canvas {
     QPainter& p;
     QRectF at;
-    QSizeF thought;
+    QSizeF size;   // of the mark, twips
 
-    double across() const { return at.width() / thought.width(); }
-    double down() const { return at.height() / thought.height(); }
+    double across() const { return at.width() / size.width(); }
+    double down() const { return at.height() / size.height(); }
     QPointF point(double x, double y) const { return at.topLeft() + QPointF(x * across(), y * down()); }
-    // Pixels to a designed one.
-    double scale() const { return 15 * down(); }
+    // Device pixels for each pixel of the form at 1024 x 768.
+    double scale() const { return twips_per_pixel * down(); }
 };
 
-// Strokes a path with a dark rim, without which it would vanish before sky or ground.
-void stroke(const space& s, const QPainterPath& path, double width = 1.3)
+// Strokes a path with a dark outline, so that it is visible against sky and ground.
+void stroke(const canvas& s, const QPainterPath& path, double width = 1.3)
 {
     const double line = std::max(1.0, width * s.scale());
     s.p.setRenderHint(QPainter::Antialiasing);
@@ -45,14 +46,14 @@ void line(QPainterPath& path, const QPointF& from, const QPointF& to)
     path.lineTo(to);
 }
 
-// The height at which a level line of this width covers whole pixels: in a row of lines none is paler than
-// the next.
+// The nearest y at which a horizontal line of this width covers whole pixels, so that all lines of a scale
+// are equally bright.
 double level(double y, double width)
 {
     return std::round(y - width / 2) + width / 2;
 }
 
-void figure(const space& s, const QPointF& middle, double pixels, const QString& text)
+void figure(const canvas& s, const QPointF& middle, double pixels, const QString& text)
 {
     QFont font = text_font(text_size::small, true, 1);
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels * s.scale()))));
@@ -66,14 +67,14 @@ void figure(const space& s, const QPointF& middle, double pixels, const QString&
 
 // The visual sight ------------------------------------------------------------------------------------------
 
-// How far below the aim point something lies that drops 200 twips for 100 metres, from the top of its column.
+// The aim point, twips from the top of the sight, and the drop of a round for each 100 metres.
 constexpr double aim = 1140, drop = 200;
 
-// Hundreds of metres down a column, each at the drop of its range.
+// A column of figures, hundreds of metres, each at the drop for its range.
 void scale_column(QPainter& p, const QRectF& at, QSizeF size)
 {
-    const space s{p, at, size};
-    constexpr double top = 2520;
+    const canvas s{p, at, size};
+    constexpr double top = 2520;   // of the column in the sight, twips
     for (int hundreds = 8; hundreds <= 23; ++hundreds)
         figure(s, s.point(size.width() / 2, aim + drop * hundreds - top), 9.5, QString::number(hundreds));
 }
@@ -90,8 +91,8 @@ void scale_right(QPainter& p, const QRectF& at)
 
 void ticks(QPainter& p, const QRectF& at)
 {
-    const space s{p, at, {255, 2775}};
-    constexpr double top = 2430;
+    const canvas s{p, at, {255, 2775}};
+    constexpr double top = 2430;   // of the column in the sight, twips
     QPainterPath path;
     for (int hundreds = 7; hundreds <= 20; ++hundreds) {
         const double half = hundreds % 2 == 0 ? 120 : 75;
@@ -102,10 +103,10 @@ void ticks(QPainter& p, const QRectF& at)
     stroke(s, path, 1);
 }
 
-// An aiming mark: a chevron under which the target is held, with its figure below.
+// An aiming mark: a chevron whose tip is laid on the target, with its figure below.
 void chevron(QPainter& p, const QRectF& at, const QString& text)
 {
-    const space s{p, at, {795, 795}};
+    const canvas s{p, at, {795, 795}};
     QPainterPath path;
     path.moveTo(s.point(330, 450));
     path.lineTo(s.point(397, 385));
@@ -114,24 +115,23 @@ void chevron(QPainter& p, const QRectF& at, const QString& text)
     figure(s, s.point(397, 560), 9, text);
 }
 
-// Row by row: aiming off to the sides, then hundreds of metres at about the drop of each row.
+// Mark by mark: the first row aims off to the sides, the others show hundreds of metres at about their drop.
 void graticule(QPainter& p, const QRectF& at, int number)
 {
-    constexpr std::array<const char*, 15> figures{"8",  "4",  "0",  "4",  "8",  "9",  "9", "13",
-                                                  "13", "17", "17", "17", "21", "21", "21"};
-    if (number >= 0 && number < static_cast<int>(figures.size()))
-        chevron(p, at, figures[static_cast<std::size_t>(number)]);
+    static constexpr table<const char*, 15> figures{"8",  "4",  "0",  "4",  "8",  "9",  "9", "13",
+                                                    "13", "17", "17", "17", "21", "21", "21"};
+    if (number >= 0 && number < figures.size()) chevron(p, at, figures[number]);
 }
 
 // The thermal sight -----------------------------------------------------------------------------------------
 
-// Three pairs of bars, a target's height apart.
+// Three pairs of bars; the distance within a pair is the height of a target at a given range.
 void stadia(QPainter& p, const QRectF& at, int number)
 {
-    constexpr std::array<double, 4> heights{430, 330, 230, 165};
-    if (number < 0 || number > 3) return;
-    const space s{p, at, {480, 480}};
-    const double half = heights[static_cast<std::size_t>(number)] / 2;
+    static constexpr table<double, 4> heights{430, 330, 230, 165};
+    if (number < 0 || number >= heights.size()) return;
+    const canvas s{p, at, {480, 480}};
+    const double half = heights[number] / 2;
     QPainterPath path;
     for (const double x : {0.0, 180.0, 360.0})
         for (const double y : {240 - half, 240 + half}) line(path, s.point(x, y), s.point(x + 120, y));
@@ -140,7 +140,7 @@ void stadia(QPainter& p, const QRectF& at, int number)
 
 void laser_mark(QPainter& p, const QRectF& at)
 {
-    const space s{p, at, {480, 480}};
+    const canvas s{p, at, {480, 480}};
     QPainterPath path;
     line(path, s.point(0, 240), s.point(180, 240));
     line(path, s.point(300, 240), s.point(480, 240));
@@ -149,7 +149,7 @@ void laser_mark(QPainter& p, const QRectF& at)
     stroke(s, path, 1.6);
 }
 
-void corner(const space& s, QPainterPath& path, double x, double y, double along)
+void corner(const canvas& s, QPainterPath& path, double x, double y, double along)
 {
     path.moveTo(s.point(x, y + (y > 240 ? -along : along)));
     path.lineTo(s.point(x, y));
@@ -158,7 +158,7 @@ void corner(const space& s, QPainterPath& path, double x, double y, double along
 
 void ballistic_mark(QPainter& p, const QRectF& at)
 {
-    const space s{p, at, {480, 480}};
+    const canvas s{p, at, {480, 480}};
     QPainterPath path;
     for (const double x : {12.0, 468.0})
         for (const double y : {12.0, 468.0}) corner(s, path, x, y, 110);
@@ -171,7 +171,7 @@ void ballistic_mark(QPainter& p, const QRectF& at)
 
 void reversionary_fin(QPainter& p, const QRectF& at)
 {
-    const space s{p, at, {1080, 240}};
+    const canvas s{p, at, {1080, 240}};
     QPainterPath path;
     for (const double x : {0.0, 300.0, 600.0, 900.0}) line(path, s.point(x, 120), s.point(x + 180, 120));
     for (const double x : {10.0, 1070.0}) line(path, s.point(x, 40), s.point(x, 200));
@@ -180,7 +180,7 @@ void reversionary_fin(QPainter& p, const QRectF& at)
 
 void reversionary_hesh(QPainter& p, const QRectF& at)
 {
-    const space s{p, at, {1080, 375}};
+    const canvas s{p, at, {1080, 375}};
     QPainterPath path;
     for (const double y : {15.0, 360.0})
         for (const double x : {0.0, 300.0, 600.0, 900.0}) line(path, s.point(x, y), s.point(x + 180, y));
@@ -191,7 +191,7 @@ void reversionary_hesh(QPainter& p, const QRectF& at)
 
 // Target ----------------------------------------------------------------------------------------------------
 
-// For a range that names no picture: the tank that the shipped ranges have.
+// For a range that names no target picture: the tank of the shipped ranges.
 void plain_target(QPainter& p, const QRectF& at)
 {
     static const loaded_picture tank = read_picture("target", ":/pictures/target.ico");
@@ -211,7 +211,7 @@ constexpr std::array<mark, 8> marks{{{":scale_left", scale_left},
                                      {":revhesh", reversionary_hesh},
                                      {":target", plain_target}}};
 
-// Drawings that come in numbers: the number follows the name.
+// Drawings with a number after the name.
 struct series {
     std::string_view name;
     void (*paint)(QPainter&, const QRectF&, int);

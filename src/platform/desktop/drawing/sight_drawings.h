@@ -1,5 +1,5 @@
-// The marks of both sights as drawings: scales and graticule of the visual sight, marks of the thermal one,
-// and the plain target. Vectors, so that they are sharp at every scale; only explosion and target are
+// The marks of both sights, drawn as vectors so that they are sharp at every scale: scales and graticule of
+// the visual sight, aiming marks of the thermal sight. Also the explosion and the default target, which are
 // pictures.
 #pragma once
 

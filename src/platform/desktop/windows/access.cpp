@@ -13,7 +13,7 @@ class described_picture final : public QAccessibleWidget {
 public:
     explicit described_picture(picture_view& view) : QAccessibleWidget(&view, QAccessible::Graphic) {}
 
-    // Its own name alone: the toolkit would make up for a missing one by that of the frame around it.
+    // Without a name Qt would use that of the frame around it.
     QString text(QAccessible::Text which) const override
     {
         return which == QAccessible::Name ? widget()->accessibleName() : QAccessibleWidget::text(which);
@@ -26,7 +26,7 @@ public:
     }
 
 private:
-    // Of two lamps in one place the upper one is seen.
+    // Of two lamps at the same place only the upper one is visible.
     bool covered() const
     {
         const QObjectList& siblings = widget()->parentWidget()->children();

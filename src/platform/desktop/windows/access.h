@@ -1,10 +1,9 @@
-// What a screen reader is told of the widgets that the toolkit doesn't know.
+// Accessibility of the widgets of our own, for screen readers.
 #pragma once
 
 namespace vorn {
 
-// Pictures that can't be clicked are pictures to a screen reader, and one that lies beneath another isn't
-// there.
+// Reports pictures that can't be clicked as graphics, and one that is covered by another as invisible.
 void describe_pictures();
 
 }   // namespace vorn

@@ -5,10 +5,9 @@
 #include <QStyleOption>
 #include <QWidget>
 #include <algorithm>
-#include <array>
 #include <cmath>
 
-#include "platform/desktop/drawing/drawings.h"
+#include "state/numbers.h"
 
 namespace vorn {
 
@@ -18,8 +17,9 @@ struct role_shades {
     QRgb text, back;
 };
 
-// In the order of the roles. A red that is readable as text is too pale to put white numbers on.
-constexpr std::array<role_shades, 12> shades{{
+// Indexed by `colour`. Text and background differ where a red that is readable as text is too pale as a
+// background for white figures.
+constexpr table<role_shades, 12> shades{{{
     {0xff272a21, 0xff272a21},   // ground
     {0xffe9e4d3, 0xffe9e4d3},   // text
     {0xffffcf70, 0xffffcf70},   // highlight
@@ -32,10 +32,10 @@ constexpr std::array<role_shades, 12> shades{{
     {0xffe2f08c, 0xff2b3a1a},   // sight
     {0xffffa53c, 0xffffa53c},   // tracer
     {0xfff2f2f2, 0xfff2f2f2},   // hottracer
-}};
+}}};
 
-// In the order small, normal, large; pixels at the designed size.
-constexpr std::array<int, 3> text_pixels{11, 13, 20};
+// Indexed by `text_size`: small, normal, large; at scale 1.
+constexpr table<int, 3> text_pixels{{11, 13, 20}};
 
 constexpr const char* type_face = "Liberation Sans";
 
@@ -44,7 +44,7 @@ bool has(const QStyleOption& o, QStyle::StateFlag flag)
     return o.state.testFlag(flag);
 }
 
-// Half a line's width inside the rectangle, so that an outline comes out sharp.
+// The rectangle inset by half a line, so that an outline covers whole pixels.
 QRectF inside(const QRect& r, double line)
 {
     return QRectF(r).adjusted(line / 2, line / 2, -line / 2, -line / 2);
@@ -168,21 +168,16 @@ void draw_slider(QPainter& p, const QStyleOptionSlider& o, const QRect& knob, do
     draw_button_face(p, face, scale);
 }
 
-int scaled(double pixels, double scale)
-{
-    return std::max(1, static_cast<int>(std::lround(pixels * scale)));
-}
-
 }   // namespace
 
 QColor shade(colour role)
 {
-    return QColor(shades.at(static_cast<std::size_t>(role)).text);
+    return QColor(shades[static_cast<int>(role)].text);
 }
 
 QColor back_shade(colour role)
 {
-    return QColor(shades.at(static_cast<std::size_t>(role)).back);
+    return QColor(shades[static_cast<int>(role)].back);
 }
 
 QColor mixed(const QColor& a, const QColor& b, double part_of_b)
@@ -198,26 +193,27 @@ QColor disabled_shade(const QColor& c)
 
 double line_height(text_size size)
 {
-    return text_pixels.at(static_cast<std::size_t>(size)) * 1.17;
+    return text_pixels[static_cast<int>(size)] * 1.17;
 }
 
 QFont text_font(text_size size, bool bold, double scale)
 {
     QFont font(type_face);
-    // Rounded down for the most part: a text that fits at one scale must not outgrow its place at another.
-    const double pixels = text_pixels.at(static_cast<std::size_t>(size)) * scale;
+    // Mostly rounded down, so that a text that fits at scale 1 fits at every scale.
+    const double pixels = text_pixels[static_cast<int>(size)] * scale;
     font.setPixelSize(std::max(5, static_cast<int>(pixels + 0.25)));
     font.setBold(bold);
     return font;
 }
 
-QFont narrowed(const QFont& font, QString caption, int room)
+QFont narrowed(const QFont& font, QString caption, int width)
 {
     constexpr double narrowest = 0.85;
-    const double wide = QFontMetricsF(font).horizontalAdvance(caption.remove('&'));
+    const double natural = QFontMetricsF(font).horizontalAdvance(caption.remove('&'));
+    const double line = width - 2;   // Qt wraps a line that fills its width to the last pixel
     QFont fitting = font;
-    const double line = room - 2;   // the toolkit breaks a line that fills its room to the last pixel
-    if (wide > line && wide * narrowest <= line) fitting.setStretch(static_cast<int>(100 * line / wide));
+    if (natural > line && natural * narrowest <= line)
+        fitting.setStretch(static_cast<int>(100 * line / natural));
     return fitting;
 }
 
@@ -269,28 +265,18 @@ form_style::form_style() : QProxyStyle("Fusion") {}
 
 int form_style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
 {
-    switch (metric) {
-        case PM_ExclusiveIndicatorWidth:
-        case PM_ExclusiveIndicatorHeight:
-        case PM_IndicatorWidth:
-        case PM_IndicatorHeight:
-            return scaled(14, scale);
-        case PM_RadioButtonLabelSpacing:
-        case PM_CheckBoxLabelSpacing:
-            return scaled(6, scale);
-        case PM_SliderThickness:
-        case PM_SliderControlThickness:
-            return scaled(18, scale);
-        case PM_SliderLength:
-            return scaled(11, scale);
-        case PM_DefaultFrameWidth:
-            return scaled(3, scale);
-        case PM_ButtonShiftHorizontal:
-        case PM_ButtonShiftVertical:
-            return 0;
-        default:
-            return QProxyStyle::pixelMetric(metric, option, widget);
-    }
+    struct scaled_metric {
+        PixelMetric metric;
+        int pixels;   // at scale 1
+    };
+    constexpr scaled_metric metrics[] = {
+        {PM_ExclusiveIndicatorWidth, 14}, {PM_ExclusiveIndicatorHeight, 14}, {PM_IndicatorWidth, 14},
+        {PM_IndicatorHeight, 14},         {PM_RadioButtonLabelSpacing, 6},   {PM_CheckBoxLabelSpacing, 6},
+        {PM_SliderThickness, 18},         {PM_SliderControlThickness, 18},   {PM_SliderLength, 11},
+        {PM_DefaultFrameWidth, 3},        {PM_ButtonShiftHorizontal, 0},     {PM_ButtonShiftVertical, 0}};
+    for (const scaled_metric& m : metrics)
+        if (m.metric == metric) return m.pixels == 0 ? 0 : std::max(1, qRound(m.pixels * scale));
+    return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 int form_style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -300,14 +286,14 @@ int form_style::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
 
-// An option is chosen wherever it is clicked, not on its text alone.
+// The whole rectangle of an option can be clicked, not only its text.
 QRect form_style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const
 {
     if (element == SE_RadioButtonClickRect || element == SE_CheckBoxClickRect) return option->rect;
     return QProxyStyle::subElementRect(element, option, widget);
 }
 
-// The captions of options and check boxes.
+// Used for the captions of options and check boxes.
 void form_style::drawItemText(QPainter* p, const QRect& at, int flags, const QPalette& palette, bool enabled,
                               const QString& text, QPalette::ColorRole role) const
 {
@@ -317,35 +303,26 @@ void form_style::drawItemText(QPainter* p, const QRect& at, int flags, const QPa
     p->setFont(font);
 }
 
-using primitive_drawing = void (*)(QPainter&, const QStyleOption&, double);
-
-static primitive_drawing drawing_of(QStyle::PrimitiveElement element)
-{
-    switch (element) {
-        case QStyle::PE_PanelButtonCommand:
-            return draw_button_face;
-        case QStyle::PE_IndicatorRadioButton:
-            return draw_option_mark;
-        case QStyle::PE_IndicatorCheckBox:
-            return draw_check_mark;
-        case QStyle::PE_FrameFocusRect:
-            return draw_focus;
-        case QStyle::PE_PanelLineEdit:
-            return draw_field;
-        default:
-            return nullptr;
-    }
-}
-
 void form_style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* p,
                                const QWidget* widget) const
 {
-    const primitive_drawing draw = drawing_of(element);
-    if (draw == nullptr) return QProxyStyle::drawPrimitive(element, option, p, widget);
-    p->save();
-    p->setRenderHint(QPainter::Antialiasing);
-    draw(*p, *option, scale);
-    p->restore();
+    struct drawing {
+        PrimitiveElement element;
+        void (*draw)(QPainter&, const QStyleOption&, double scale);
+    };
+    constexpr drawing drawings[] = {{PE_PanelButtonCommand, draw_button_face},
+                                    {PE_IndicatorRadioButton, draw_option_mark},
+                                    {PE_IndicatorCheckBox, draw_check_mark},
+                                    {PE_FrameFocusRect, draw_focus},
+                                    {PE_PanelLineEdit, draw_field}};
+    for (const drawing& d : drawings) {
+        if (d.element != element) continue;
+        p->save();
+        p->setRenderHint(QPainter::Antialiasing);
+        d.draw(*p, *option, scale);
+        return p->restore();
+    }
+    QProxyStyle::drawPrimitive(element, option, p, widget);
 }
 
 void form_style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* p,

@@ -1,5 +1,6 @@
-// The look of the screens: every shade and every size of text, and the style that draws buttons, options,
-// sliders, text boxes and frames at the scale of their window. Boxes and dialogs keep the platform's look.
+// The look of the screens: all colours and text sizes, and the style that draws buttons, options, sliders,
+// text boxes and frames at the scale of their window. Message boxes and dialogs have the look of the
+// platform.
 #pragma once
 
 #include <QColor>
@@ -12,36 +13,36 @@
 
 namespace vorn {
 
-// Shades of the furniture, which no screen object names.
+// Colours of the controls; no screen object refers to them.
 namespace furniture {
 inline constexpr QRgb panel = 0xff33372b;   // a frame
 inline constexpr QRgb edge = 0xff4d5242;    // its border
-inline constexpr QRgb field = 0xff1b1d16;   // where something is typed, chosen or slid
+inline constexpr QRgb field = 0xff1b1d16;   // a text box, a check box, the groove of a slider
 inline constexpr QRgb face = 0xff484d3d;    // a button
 inline constexpr QRgb shadow = 0xff14150f;
 }   // namespace furniture
 
 QColor shade(colour role);        // as text or line
-QColor back_shade(colour role);   // as what lies behind
-// The same colour for something that can't be used at the moment: dimmer, yet readable.
+QColor back_shade(colour role);   // as background
+// The colour of a disabled object: dimmer, yet readable.
 QColor disabled_shade(const QColor&);
 QColor mixed(const QColor& a, const QColor& b, double part_of_b);
 
-// Pixels from one line of text to the next at the designed size.
+// The distance of two lines of text in pixels, at scale 1.
 double line_height(text_size);
-// Font of a text size where `scale` pixels go to the designed one.
+// The font of a text size; scale 1 is the form at 1024 x 768.
 QFont text_font(text_size, bool bold, double scale);
-// A caption that is only just too wide for its line is narrowed a little rather than broken in two or cut.
-QFont narrowed(const QFont&, QString caption, int room);
-// Names what to use where the type face isn't installed; once, before the first window.
+// The font, condensed by up to 15 % if that makes the caption fit into this many pixels.
+QFont narrowed(const QFont&, QString caption, int width);
+// Sets the substitutes for typefaces that are not installed. Call it once, before the first window.
 void prepare_fonts();
 
 QPalette form_palette();
-// The palette for one object that has its own text and back colour.
+// The palette of an object with its own text and background colour.
 QPalette object_palette(colour fore, colour back);
 QIcon window_icon();
 
-// One for each window, since each has its own scale.
+// Each window has a style object, since each has its own scale.
 class form_style final : public QProxyStyle {
 public:
     form_style();
@@ -55,10 +56,10 @@ public:
     void drawComplexControl(ComplexControl, const QStyleOptionComplex*, QPainter*,
                             const QWidget*) const override;
 
-    double scale = 1;   // pixels to the designed one
+    double scale = 1;   // 1 is the form at 1024 x 768
 };
 
-// The scale of a widget of a form.
+// The scale of the form that a widget belongs to.
 double scale_of(const QWidget&);
 
 }   // namespace vorn
