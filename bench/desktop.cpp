@@ -1,10 +1,10 @@
-// What the window costs: a repaint of the sight, a look for changes when there are none, and the way from
-// nothing to the first window. Run with a picture as its argument, or it takes that of the shipped visual
-// range.
+// The cost of the window: a repaint of the sight, a sync without changes, and making the first window. The
+// argument is a range picture; the default is the shipped visual range.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QWindow>
+#include <cstdlib>
 #include <deque>
 #include <string>
 
@@ -14,7 +14,7 @@ namespace {
 
 using namespace vorn;
 
-// As much as a gunnery screen holds: a sight with a picture and its marks, and eighty other objects.
+// A screen as large as a gunnery screen: a sight with a picture and marks, and eighty other objects.
 struct busy_screen {
     form f;
     std::deque<screen_object> objects;

@@ -1,4 +1,4 @@
-// How fast a whole practice of 15 targets runs on the machine without a screen, on the shipped visual range.
+// The speed of a whole practice of 15 targets on the headless machine, on the shipped ranges.
 #include <benchmark/benchmark.h>
 
 #include "flow/intro.h"
@@ -11,7 +11,7 @@ namespace {
 
 using namespace vorn;
 
-// From the first box to the score; gives the seconds of the practice's own clock.
+// Plays from the first box to the score. Returns the seconds of virtual time.
 double play(sight_kind kind)
 {
     headless_machine pc;

@@ -1,6 +1,6 @@
 # What is installed where, and the Debian package: `cmake --build --preset release && (cd build/release && cpack)`.
 install(TARGETS vorn RUNTIME DESTINATION bin)
-# What the trainer ships with and nothing else: what somebody has made beside it, in a tree that he fires in, is his own.
+# Only the shipped files: a source tree in which somebody practises also contains that user's own.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS packaging/shipped)
 file(STRINGS packaging/shipped shipped)
 foreach(name ${shipped})
@@ -11,7 +11,7 @@ install(FILES packaging/vorn.desktop DESTINATION share/applications)
 install(FILES packaging/org.vorn.vorn.metainfo.xml DESTINATION share/metainfo)
 install(FILES packaging/vorn-mime.xml DESTINATION share/mime/packages RENAME vorn.xml)
 
-# Debian has its man pages and changelogs compressed, and the terms of all that is in a package in one file.
+# Debian wants compressed man pages and changelogs, and one file with all licence terms.
 find_program(gzip_program gzip)
 if(gzip_program)
     foreach(name vorn.1 changelog)
@@ -29,13 +29,13 @@ set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS LICENSE data/rang
 file(READ LICENSE licence)
 file(READ data/ranges/wavs/NOTICE.txt terms_of_voices)
 file(CONFIGURE OUTPUT copyright @ONLY CONTENT [[
-V.O.R.N. was made by the V.O.R.N. team: the program, its texts, ranges, pictures and sounds, but for the voices of the
-crew. It comes under these terms:
+Program, texts, ranges, pictures and sounds of V.O.R.N., except the voices of the crew, were made by the V.O.R.N. team.
+These are the terms:
 
 @licence@
 ----------------------------------------------------------------------
 
-The voices of the crew, in /usr/share/vorn/ranges/wavs, come under the terms told in NOTICE.txt there:
+The terms of the voices of the crew, in /usr/share/vorn/ranges/wavs (NOTICE.txt there):
 
 @terms_of_voices@]])
 install(FILES ${CMAKE_BINARY_DIR}/copyright DESTINATION share/doc/vorn)
@@ -51,15 +51,16 @@ set(CPACK_PACKAGE_NAME vorn)
 set(CPACK_PACKAGE_CONTACT "the V.O.R.N. team <vorn@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Gunnery trainer for the gunner's station of a main battle tank")
 set(CPACK_PACKAGE_DESCRIPTION
-"Sets a practice up, fires it under a simulated commander and loader, scores
-it, debriefs it round by round, prints the record and makes new ranges.
-Visual and thermal sight, FIN, HESH and coax, by keyboard, mouse or joystick.")
+"A practice is set up, fired under a simulated commander and loader, scored,
+and debriefed round by round; the record can be printed. A range editor makes
+new ranges. Visual and thermal sight; FIN, HESH and coax; keyboard, mouse or
+joystick.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION education)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-# The libraries with the versions that the program was linked with, where Debian's tool is there to tell them.
+# The versions of the libraries come from Debian's tool, where it is installed.
 find_program(dpkg_shlibdeps dpkg-shlibdeps)
 find_program(file_program file)
 set(fonts "fonts-liberation2 | fonts-liberation")
@@ -67,7 +68,7 @@ if(dpkg_shlibdeps AND file_program)
     set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
     set(CPACK_DEBIAN_PACKAGE_DEPENDS "${fonts}")
 else()
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6widgets6, libqt6printsupport6, libsdl2-2.0-0, ${fonts}")
+    set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6widgets6, libqt6printsupport6, libqt6svg6, libsdl2-2.0-0, ${fonts}")
 endif()
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland")
 include(CPack)

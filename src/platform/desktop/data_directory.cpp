@@ -110,8 +110,8 @@ static bool copy_with_time(const fs::path& from, const fs::path& to)
     return rename_to(temporary, to);
 }
 
-// Ranges and their pictures are not: the user may have made a range on the same picture, and its targets
-// would no longer fit the ground.
+// Ranges and their pictures are never updated: the user may have made a range on the same picture, and its
+// targets would no longer fit the ground.
 static bool is_updated(const std::string& name)
 {
     const std::string ending = name_ending(name);
