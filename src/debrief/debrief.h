@@ -8,6 +8,9 @@ namespace vorn {
 struct trainer;
 struct results_screen;
 
+// Side of a marker, twips; its middle is what it marks.
+inline constexpr double mark = 480;
+
 // design.cpp: where everything stands.
 void design_results(results_screen&);
 

@@ -11,15 +11,13 @@ namespace {
 
 using S = results_screen;
 
-constexpr double mark = 480;   // side of a marker; its middle is what it marks
-
 // The record holds the offsets of laze and visual aim the other way up than the marks are placed.
 constexpr const char* reading =
     "The cross is the middle of the target. The other marks show laser, aim and round against it.\n\n"
     "Laser, and aim of the visual sight, stand upside down: below the cross is too high.\n\n"
-    "The round stands half a target to the right and low.\n\n"
-    "Aim and strike apart: range, wind or the lay. The same way each round: no correction was put on.\n\n"
-    "A mark at the edge lies further out.";
+    "The round stands half a target right and low: inside the dashed outline it is a hit.\n\n"
+    "Aim and strike apart: range, wind or lay. The same each round: no correction.\n\n"
+    "Pale: never fired, never lased.\nAt the edge: further out.";
 
 void buttons(S& s)
 {
@@ -145,6 +143,8 @@ void target_details(S& s)
     object_fields details = image({1440, 960, 1695, 1695}, ":target");
     details.ToolTipText = "LAY OF MBS";
     add(s.window, s.Imgtargetdetails, std::move(details), &s.Frame1);
+    add(s.window, s.killbox, hidden(shape({0, 0, 0, 0}, shape_kind::dashed_rectangle, colour::dim)),
+        &s.Frame1);
     object_fields notseen = bold(label({90, 3600, 4515, 330}, "TARGET NOT VISIBLE ON THIS SHOOT", colour::red,
                                        text_size::normal, alignment::centre));
     notseen.BackColor = colour::black;
@@ -194,11 +194,13 @@ void design_results(results_screen& s)
     details(s);
     information(s);
     target_details(s);
-    caption(s, nullptr, frame({12120, 3480, 3120, 3780}, "READING THE MARKS"));
-    caption(s, &s.captions.back(), label({180, 390, 2790, 3300}, reading, colour::dim, text_size::small));
+    caption(s, nullptr, frame({12120, 3480, 3120, 3840}, "READING THE MARKS"));
+    caption(s, &s.captions.back(), label({180, 375, 2850, 3420}, reading, colour::dim, text_size::small));
     thermal_marks(s);
     buttons(s);
-    lay_out_hints(s.window, s.Lblinfo, {120, 10560, 15120, 600},
+    add(s.window, s.outcome,
+        label({120, 11100, 15120, 300}, "", colour::live, text_size::normal, alignment::centre));
+    lay_out_hints(s.window, s.Lblinfo, {120, 10560, 15120, 540},
                   "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS", s.lblhelp);
 }
 

@@ -1,7 +1,9 @@
+#include <algorithm>
 #include <array>
 
 #include "debrief/debrief.h"
 #include "debrief/results.h"
+#include "gunnery/sight.h"
 #include "ranges/rangefile.h"
 #include "trainer.h"
 
@@ -71,6 +73,18 @@ void place(screen_object& mark, double left, double top)
     mark.Top = top;
 }
 
+// The button of the round on view is told from the others.
+void show_round(results_screen& s, int round)
+{
+    for (int r = 1; screen_object * button : roundbuttons(s)) {
+        button->ForeColor = r == round ? colour::live : colour::text;
+        button->bold = r == round;
+        button->AccessibleName = r == round ? "On view, round" : "Round";
+        ++r;
+    }
+}
+
+// A mark is pale where nothing in the record has put it there.
 void place_markers(const practice_state& p, results_screen& s, int round)
 {
     const int e = row(s);
@@ -79,6 +93,21 @@ void place_markers(const practice_state& p, results_screen& s, int round)
     place(s.Imagepoa, left - p.recaimx[e][round] * scale, top + p.recaimy[e][round] * scale);
     place(s.Imglaze, left - p.reclazex[e] * scale, top + p.reclazey[e] * scale);
     place(s.Imgfos, left - p.recfallx[e][round] * scale, top - p.recfally[e][round] * scale);
+    s.Imagepoa.Pale = s.Imgfos.Pale = p.recrounds[e] < 1;
+    s.Imglaze.Pale = p.reclazex[e] == 0 && p.reclazey[e] == 0;
+    show_round(s, round);
+}
+
+// About the middle of the fall's mark. The record doesn't hold the kill area: it is the one that is set now.
+void outline_killbox(const practice_state& p, results_screen& s)
+{
+    const double width = p.recwidth[row(s)];
+    const auto kind = p.resultmode == "THERMAL" ? sight_kind::thermal : sight_kind::visual;
+    const kill_box box = kill_box_of(kind, width, width, width / std::max(p.killarea, 1));
+    const double scale = s.markerscale;
+    place(s.killbox, s.Shape1.Left + mark / 2 + box.left * scale, s.Shape1.Top + mark / 2 + box.top * scale);
+    s.killbox.Width = std::max(box.right - box.left, 0.0) * scale;
+    s.killbox.Height = std::max(box.bottom - box.top, 0.0) * scale;
 }
 
 void show_markers(const practice_state& p, results_screen& s)
@@ -87,10 +116,11 @@ void show_markers(const practice_state& p, results_screen& s)
     const int width = p.recwidth[e];
     const bool measured = width > 0;
     s.markerscale = measured ? static_cast<std::int32_t>(rounded(s.Imgtargetdetails.Height / width)) : 0;
-    for (screen_object* mark : {&s.Imgreptarget, &s.Imglaze, &s.Imgfos}) mark->Visible = measured;
+    for (screen_object* mark : {&s.Imgreptarget, &s.Imglaze, &s.Imgfos, &s.killbox}) mark->Visible = measured;
     s.Imagepoa.Visible = measured && p.recrange[e] <= farthest_seen;
     s.Lbltargetvis.Visible = p.recrange[e] > farthest_seen;
     place_markers(p, s, 1);
+    outline_killbox(p, s);
 }
 
 // An engagement of one round has no round buttons. A further round laid exactly on the target's centre line

@@ -89,9 +89,9 @@ std::vector<printed_line> report_lines(const practice_state& p)
     return printed;
 }
 
-std::string print_report(machine& m, const practice_state& p)
+print_outcome print_report(machine& m, const practice_state& p)
 {
-    return m.print(report_lines(p));
+    return m.print(report_lines(p), p.studentdetails.trimmed());
 }
 
 std::string write_text_report(const machine& m, const practice_state& p)

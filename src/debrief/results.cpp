@@ -30,6 +30,7 @@ void results_arrival(trainer& t)
     results_screen& s = t.results;
     if (t.shared.debriefonly) s.Cmdreplay.Enabled = false;   // nothing enables it again
     s.Frame1.Visible = true;
+    s.outcome.Caption.clear();
     showdetails(t);
     showrange(t);
     if (t.shared.targetcount <= 0) return;
@@ -39,6 +40,7 @@ void results_arrival(trainer& t)
 
 void save_record(trainer& t)
 {
+    t.results.outcome.Caption.clear();
     t.shared.resultsfile = left(t.shared.studentdetails.text(), 6) + ".vrn";
     const auto chosen =
         t.pc.choose_file({"SAVE", filter, t.shared.rootpath, t.shared.resultsfile, true, "vrn"});
@@ -46,7 +48,8 @@ void save_record(trainer& t)
     t.shared.resultsfile = *chosen;
     t.results.Cmddelete.Enabled = true;
     if (!write_results(t.pc, t.shared.resultsfile, t.shared).empty())
-        say(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+        return say(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+    t.results.outcome.Caption = t.shared.resultsfile + " is saved";
 }
 
 // The record, and then the screen anew from it. A picture or an icon that it names and that can't be loaded
@@ -71,6 +74,7 @@ bool read_record(trainer& t)
 void cmdopen_click(trainer& t)
 {
     results_screen& s = t.results;
+    s.outcome.Caption.clear();
     s.Cmdopen.Enabled = false;
     const auto chosen = t.pc.choose_file({"OPEN", filter, t.shared.rootpath, "", false});
     if (chosen) t.shared.resultsfile = *chosen;
@@ -80,20 +84,26 @@ void cmdopen_click(trainer& t)
 
 void cmdprint_click(trainer& t)
 {
+    t.results.outcome.Caption.clear();
     if (t.shared.resultsfile.empty()) return say(t, "NO FILE IS OPEN TO PRINT");
     if (!asked(t, "DO YOU WISH TO PRINT A RECORD OF " + t.shared.resultsfile, box_title)) return;
-    const std::string reason = print_report(t.pc, t.shared);
-    if (!reason.empty()) say(t, lines({"THE RECORD COULD NOT BE PRINTED", reason}), box_title);
+    const print_outcome done = print_report(t.pc, t.shared);
+    if (!done.reason.empty())
+        return say(t, lines({"THE RECORD COULD NOT BE PRINTED", done.reason}), box_title);
+    if (done.broken_off) return;
+    t.results.outcome.Caption = done.file.empty() ? "The report is printed" : done.file + " is saved";
 }
 
 // A cancelled save leaves a name that no file has; the user is told rather than left to think it was deleted.
 void cmddelete_click(trainer& t)
 {
+    t.results.outcome.Caption.clear();
     if (t.shared.resultsfile.empty()) return say(t, "NO FILE IS OPEN TO DELETE");
-    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile, box_title)) return;
+    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile, box_title, true)) return;
     const std::string reason = delete_file(t.pc, t.shared.resultsfile);
     if (!reason.empty())
         return say(t, lines({"THAT FILE COULD NOT BE DELETED", t.shared.resultsfile, reason}), box_title);
+    t.results.outcome.Caption = t.shared.resultsfile + " is deleted";
     t.shared.resultsfile.clear();
     t.results.Txtstudent.Text.clear();
 }

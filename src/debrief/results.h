@@ -32,9 +32,11 @@ struct results_screen {
     // The target and its markers.
     screen_object Frame1, Lblrounds, Cmdround1, cmdround2, Cmdround3, cmdround4;
     screen_object Imgtargetdetails, Shape1, Imgreptarget, Imglaze, Imagepoa, Imgfos, Lbltargetvis, Frame7;
+    screen_object killbox;   // where the fall of a round is a hit
 
     screen_object Frmtherm, Imgthermtarget, Imgbam, Imgrevfin, Imgrevhesh;
 
+    screen_object outcome;   // what was saved, printed or deleted last
     screen_object Lblinfo, lblhelp;
     std::deque<screen_object> captions;   // labels that never change
 

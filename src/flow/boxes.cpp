@@ -5,14 +5,15 @@
 
 namespace vorn {
 
-bool asked(trainer& t, const std::string& question, const std::string& title)
+bool asked(trainer& t, const std::string& question, const std::string& title, bool no_first)
 {
-    return t.pc.message_box({question, title, box_buttons::yes_no, box_sign::question});
+    return t.pc.message_box({question, title, box_buttons::yes_no, box_sign::question, no_first});
 }
 
 void confirmexit(trainer& t, const std::string& firstline, const std::string& title)
 {
-    if (asked(t, lines({firstline, blankline, "ARE YOU SURE YOU WANT TO EXIT ?"}), title)) t.pc.end_program();
+    if (asked(t, lines({firstline, blankline, "ARE YOU SURE YOU WANT TO EXIT ?"}), title, true))
+        t.pc.end_program();
 }
 
 void openhelp(trainer& t)

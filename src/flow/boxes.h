@@ -16,8 +16,8 @@ inline const std::string blankline(19, ' ');
 // The text of a box of several lines.
 std::string lines(std::initializer_list<std::string> text);
 
-// Asks a question with Yes and No; true for yes.
-bool asked(trainer&, const std::string& question, const std::string& title);
+// Asks a question with Yes and No; true for yes. Return answers yes, or no where a yes loses something.
+bool asked(trainer&, const std::string& question, const std::string& title, bool no_first = false);
 // Asks whether to end the program, and ends it on a yes.
 void confirmexit(trainer&, const std::string& firstline, const std::string& title);
 // Opens the help file at its contents.

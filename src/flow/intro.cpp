@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* title = "MOBILE TURRET DRILL CONSOLE CHALLENGER 1 (VER 2.0)";
 constexpr const char* about =
-    "\nV.O.R.N. trains the gunner of a main battle tank at his own station: orders, laying, lasing, fire and "
+    "V.O.R.N. trains the gunner of a main battle tank at his own station: orders, laying, lasing, fire and "
     "correction, on the visual and on the thermal sight, with a score and a debrief of each round.\n\n"
     "Free software under the MIT licence. All pictures, voices and ranges were made for it.";
 
@@ -44,7 +44,7 @@ void lay_out(intro_screen& s)
     add(f, s.Label1,
         bold(label({630, 630, 14100, 600}, title, colour::text, text_size::large, alignment::centre)));
     object_fields text =
-        hidden(label({3480, 2400, 8400, 1470}, about, colour::text, text_size::normal, alignment::centre));
+        hidden(label({3150, 2400, 9060, 1470}, about, colour::text, text_size::normal, alignment::centre));
     text.BackColor = colour::black;
     add(f, s.Lblabout1, std::move(text));
     add(f, s.lblstart, signpost(1080, "START"));
@@ -66,7 +66,7 @@ void make_intro(trainer& t)
     s.lblexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", "V. O. R. N."); };
     for (screen_object* o : {&s.lblstart, &s.lblabout, &s.lblhelp, &s.lblexit})
         o->MouseMove = [o] { o->ForeColor = colour::highlight; };
-    s.Image1.MouseMove = [&s] { unhighlight(s); };
+    s.Image1.MouseMove = s.window.MouseLeave = [&s] { unhighlight(s); };
     s.window.arrival = [&t] { finddata(t); };
 }
 

@@ -212,15 +212,12 @@ bool killed(const trainer& t, gunnery_screen& s)
     return true;
 }
 
-// The margin is taken off all sides; at the top of a thermal target it isn't.
 bool inkillbox(const trainer& t, const gunnery_screen& s)
 {
-    const double margin = t.shared.killradius;
     const screen_object& target = s.Imgtargets;
-    const bool across =
-        s.ammo.Left > target.Left + margin && s.ammo.Left < target.Left + (target.Width - margin);
-    const double top = s.visual() ? target.Top + margin : target.Top;
-    return across && s.ammo.Top > top && s.ammo.Top < target.Top + (target.Height - margin);
+    const kill_box box = kill_box_of(s.kind, target.Width, target.Height, t.shared.killradius);
+    const bool across = s.ammo.Left > target.Left + box.left && s.ammo.Left < target.Left + box.right;
+    return across && s.ammo.Top > target.Top + box.top && s.ammo.Top < target.Top + box.bottom;
 }
 
 void recordaim(trainer& t, gunnery_screen& s)

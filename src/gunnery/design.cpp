@@ -75,6 +75,15 @@ void practice_buttons(gunnery_screen& s, const layout& l)
     // Nothing reads the thermal bar: it is there, and doesn't pretend to work.
     s.HScspeed.Enabled = s.HScspeed.design->Enabled = s.visual();
     f.exit_button = &s.CMDEXIT;
+    constexpr int escape = 27;
+    f.panel_keys = {{'S', true, &s.Cmdstartsim},
+                    {'T', true, &s.Cmdstopsim},
+                    {'P', true, &s.Cmdpausesim},
+                    {'G', true, &s.Cmdtarget},
+                    {escape, false, &s.Cmdmain}};
+    if (!s.visual()) return;   // hides no panel of buttons
+    add(f, s.keynote,
+        hidden(label({2 * inner, 420, l.button_width, 1800}, "", colour::dim, text_size::small)), &s.Frame1);
 }
 
 void information(gunnery_screen& s, const layout& l)

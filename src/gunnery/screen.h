@@ -121,6 +121,7 @@ struct gunnery_screen : since_load {
     screen_object Frame4;           // lights; thermal. On the visual screen an empty frame that nothing shows
     screen_object Frame2;           // display of the visual sight
     screen_object Frmcon, Image1;   // card of the gunner's keys
+    screen_object keynote;          // the keys of the practice's buttons while their panel is hidden; visual
 
     // Practice control.
     screen_object HScspeed;

@@ -23,6 +23,8 @@ void cmdstartsim_click(trainer& t, gunnery_screen& s)
     s.Cmdstopsim.Enabled = true;
     s.Cmdpausesim.Enabled = true;
     s.Cmdstartsim.Enabled = false;
+    s.keynote.Visible = false;
+    s.window.takes_focus = &s.Picrange;   // or the space bar would work the button that is clicked next
     s.simrunning = true;
     s.lblcrew.Caption = "COMMANDER:- ACTION !!";
     say(t, s, "action.wav");
@@ -168,10 +170,7 @@ void chooseposition(trainer& t, gunnery_screen& s)
 void placetarget(trainer& t, gunnery_screen& s)
 {
     const auto position = s.currenttarget;
-    const double width = s.currentrange < s.numbers.far
-                             ? s.numbers.widest - static_cast<double>(s.currentrange) / t.shared.targetsize
-                             : smallest_target;
-    s.Imgtargets.Width = std::clamp(width, smallest_target, largest_target);
+    s.Imgtargets.Width = target_width(s.numbers, s.currentrange, t.shared.targetsize);
     s.Imgtargets.Height = s.Imgtargets.Width;
     s.Imgtargets.Left = s.Imgrange.Left + t.shared.targetx[position];
     s.Imgtargets.Top = s.Imgrange.Top + t.shared.targety[position];

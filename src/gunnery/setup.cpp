@@ -56,6 +56,15 @@ void setuppanels(trainer& t, gunnery_screen& s)
     hidepanels(t.shared, s);
 }
 
+// Where the buttons' panel is hidden its place says which keys work them, until the practice starts.
+void showkeynote(gunnery_screen& s)
+{
+    s.keynote.Visible = !s.Frame3.Visible;
+    s.keynote.Caption = "Alt+S  START SIM\nAlt+T  STOP SIM\nAlt+P  PAUSE SIM\n";
+    if (s.Cmdtarget.Visible) s.keynote.Caption += "Alt+G  SHOW NEXTTARGET\n";
+    s.keynote.Caption += "Esc  RETURNT TO SETUP";
+}
+
 // A pause outlives the screen in which it was made; the button says what a click on it will do.
 void showpause(const practice_state& p, gunnery_screen& s)
 {
@@ -203,6 +212,8 @@ void make_setup(trainer& t, gunnery_screen& s)
 bool screenreset(trainer& t, gunnery_screen& s)
 {
     setuppanels(t, s);
+    showkeynote(s);
+    s.window.takes_focus = s.Frame3.Visible ? &s.Cmdstartsim : &s.Picrange;
     resetrecord(t, s);
     resetcontrols(s);
     showpause(t.shared, s);

@@ -1,6 +1,7 @@
 // The numbers in which the visual and the thermal sight differ. Distances in twips, ranges in metres.
 #pragma once
 
+#include <algorithm>
 #include <limits>
 
 namespace vorn {
@@ -82,5 +83,21 @@ inline constexpr sight_numbers thermalsight{
 // A target's width at a range: larger divisors make larger targets.
 inline constexpr double smallest_target = 160;
 inline constexpr double largest_target = 480;
+inline double target_width(const sight_numbers& n, int metres, int divisor)
+{
+    const int range = std::max(metres, n.nearest);
+    const double width = range < n.far ? n.widest - static_cast<double>(range) / divisor : smallest_target;
+    return std::clamp(width, smallest_target, largest_target);
+}
+
+// Where the corner of a round hits, against the corner of the target; twips, the edges themselves are a miss.
+struct kill_box {
+    double left, right, top, bottom;
+};
+// The margin is taken off all sides; at the top of a thermal target it isn't.
+inline kill_box kill_box_of(sight_kind kind, double width, double height, double margin)
+{
+    return {margin, width - margin, kind == sight_kind::visual ? margin : 0, height - margin};
+}
 
 }   // namespace vorn

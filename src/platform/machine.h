@@ -23,6 +23,7 @@ struct message {
     std::string title;
     box_buttons buttons = box_buttons::ok;
     box_sign sign = box_sign::none;
+    bool no_first = false;   // Return alone answers no
 };
 
 struct file_dialog {
@@ -33,11 +34,18 @@ struct file_dialog {
     bool save = false;
     // When saving: the ending of a name without one, and a file is replaced only when that is confirmed.
     std::string suffix = {};
+    bool picture = false;   // what is opened is a picture: a machine may offer all that it can read
 };
 
 struct loaded_picture {
     std::optional<picture> result;
     std::string reason;   // why there is none
+};
+
+struct print_outcome {
+    std::string reason;   // why nothing could be printed; empty where it was, or the user broke off
+    std::string file;     // where it went, when that is no printer
+    bool broken_off = false;
 };
 
 struct printed_line {
@@ -97,8 +105,8 @@ public:
     // Recognised by content, whatever the name says.
     virtual loaded_picture load_picture(const std::string& path) = 0;
 
-    // Prints on the default printer; gives the reason when it can't, empty when it did.
-    virtual std::string print(const std::vector<printed_line>&) = 0;
+    // Prints on the default printer, or for want of one into a file, whose name begins with this.
+    virtual print_outcome print(const std::vector<printed_line>&, const std::string& name) = 0;
 
     std::filesystem::path working_directory;   // absolute
     std::string default_directory;             // where the program directory is looked for first

@@ -74,12 +74,34 @@ bool takes_input(const screen_object& object)
     return true;
 }
 
+static bool panel_hidden(const screen_object& object)
+{
+    for (const screen_object* o = object.parent; o != nullptr; o = o->parent)
+        if (!o->Visible) return true;
+    return false;
+}
+
+screen_object* button_of_key(const form& f, int code, bool alt)
+{
+    if (f.state != form_state::shown) return nullptr;
+    for (const panel_key& k : f.panel_keys)
+        if (k.code == code && k.alt == alt && k.button->Visible && k.button->Enabled &&
+            panel_hidden(*k.button))
+            return k.button;
+    return nullptr;
+}
+
 void user_click(screen_object& object)
 {
     if (!takes_input(object)) return;
     if (object.kind == object_kind::option) return select_option(object);
     if (object.kind == object_kind::checkbox) object.Value = 1 - object.Value;
     run(object.Click);
+}
+
+void user_click_at(screen_object& object, double x, double y)
+{
+    if (takes_input(object) && object.ClickAt) object.ClickAt(x, y);
 }
 
 void user_slide(screen_object& slider, int position)

@@ -32,7 +32,7 @@ enum class colour {
 
 enum class alignment { left, centre, right };
 enum class text_size { small, normal, large };
-enum class shape_kind { rectangle, ellipse, filled_ellipse };
+enum class shape_kind { rectangle, dashed_rectangle, ellipse, filled_ellipse };
 
 enum class object_kind {
     frame,   // a captioned panel that holds others
@@ -84,6 +84,7 @@ struct object_fields {
     colour ForeColor = colour::text;
     colour BackColor = colour::ground;
     picture Picture;                         // image; a button shows it instead of its caption
+    bool Pale = false;                       // image: drawn faintly
     int Value = 0;                           // option and check box 0 or 1, slider its position
     int Min = 0, Max = 0, LargeChange = 1;   // slider
     alignment Alignment = alignment::left;
@@ -101,8 +102,9 @@ struct screen_object : object_fields {
     screen_object* parent = nullptr;       // none: the form itself
     form* owner = nullptr;
 
-    std::function<void()> Click;    // button, label, option, check box
-    std::function<void()> Change;   // slider, text box
+    std::function<void()> Click;                   // button, label, option, check box
+    std::function<void(double, double)> ClickAt;   // image; twips from its upper left corner
+    std::function<void()> Change;                  // slider, text box
     std::function<void()> MouseDown;
     std::function<void()> MouseUp;
     std::function<void()> MouseMove;   // the mouse is over it
@@ -124,6 +126,13 @@ struct timer {
 void start(timer&);
 void stop(timer&);
 
+// A key, by its virtual key code, that works a button while the panel that holds the button is hidden.
+struct panel_key {
+    int code = 0;
+    bool alt = false;   // with Alt held
+    screen_object* button = nullptr;
+};
+
 enum class form_state { not_loaded, hidden, shown };
 
 // One screen: its objects in the order in which they lie over each other, its timers and what it does.
@@ -135,11 +144,15 @@ struct form {
     std::vector<timer*> timers;
     screen_object* exit_button = nullptr;   // what closing the window by its frame clicks
     std::function<void()> closed;           // or does, on a screen without one
+    std::vector<panel_key> panel_keys;
+    // Set by a handler: what is to have the keyboard once it is done. The machine clears it.
+    const screen_object* takes_focus = nullptr;
 
     std::function<void()> load;      // sets the design values; runs at the first show after an unload
     std::function<void()> arrival;   // the screen has been shown or has come to the front
     std::function<void()> unloaded;
     std::function<void()> MouseMove;    // over the bare screen
+    std::function<void()> MouseLeave;   // the mouse has left the window
     std::function<void(int)> KeyDown;   // virtual key code; seen before the controls see it
     std::function<void(int)> KeyUp;
     std::function<void(int)> ButtonDown;   // joystick, buttons from 1
@@ -163,8 +176,13 @@ void set_text(screen_object& textbox, const std::string& text);
 // Whether the user can work it: it and all that holds it is visible and enabled, on a shown screen.
 bool takes_input(const screen_object&);
 
+// The button that the key works although its panel is hidden; none where the panel is seen, or the button
+// can't be used.
+screen_object* button_of_key(const form&, int code, bool alt);
+
 // What the user does, on either machine; each does nothing where the object takes no input.
 void user_click(screen_object&);
+void user_click_at(screen_object&, double x, double y);
 void user_slide(screen_object& slider, int position);
 void user_types(screen_object& textbox, const std::string& text);
 

@@ -37,6 +37,8 @@ area overviewplace(const rauthor_screen&, double x, double y);
 // targets.cpp: the twenty positions and the three icons.
 void make_targets(trainer&);
 void showplaced(rauthor_screen&, int position);
+// Shows the target at the point, of the size that the range in Lbltgtrange gives it; none without a range.
+void showtarget(rauthor_screen&);
 // Shows the icon, 1 to 3, that the range in hand names; false when it can't be loaded and its place stays as
 // it is.
 bool loadicon(trainer&, int icon);

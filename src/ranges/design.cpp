@@ -43,6 +43,9 @@ void sight_window(S& s)
     caption(s, &s.Picture1,
             label({120, 120, 2795, 720}, bare, colour::dim, text_size::normal, alignment::centre));
     add(s.window, s.Imagerange, image({-width / 2, -height / 2, width, height}, ":country"), &s.Picture1);
+    object_fields target = hidden(image({mark_right, mark_down, 480, 480}));
+    target.Pale = true;
+    add(s.window, s.shown_target, std::move(target), &s.Picture1);
     add(s.window, s.Imgex, image({1200, 960, 480, 480}, ":cursor"), &s.Picture1);
     caption(s, &s.Frame5, label({120, 2970, 3035, 900}, marking, colour::dim, text_size::small));
 }

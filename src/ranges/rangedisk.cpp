@@ -79,8 +79,10 @@ bool newrange(trainer& t)
     if (!name) return false;
     set_text(s.Textname, *name);
     s.Lblrangetype.Caption = asked(t, "WILL THIS BE A THERMAL RANGE ?", "NEW RANGE") ? "THERMAL" : "VISUAL";
-    const auto chosen =
-        t.pc.choose_file({"OPEN PICTURE FOR RANGE", picture_filter, t.shared.rootpath, "", false});
+    showtarget(s);
+    file_dialog dialog{"OPEN PICTURE FOR RANGE", picture_filter, t.shared.rootpath, "", false};
+    dialog.picture = true;
+    const auto chosen = t.pc.choose_file(dialog);
     if (!chosen) return false;
     s.authorfile = *chosen;
     return takepicture(t);
@@ -109,6 +111,7 @@ std::string readhead(trainer& t, item_reader& items)
     proposerange(s);
     if (!take_range_type(items, t.shared)) return breaks_off;
     s.Lblrangetype.Caption = t.shared.rangetype;
+    showtarget(s);
     return take_range_icons(items, t.shared) ? "" : breaks_off;
 }
 

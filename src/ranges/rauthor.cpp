@@ -1,5 +1,7 @@
 #include "ranges/rauthor.h"
 
+#include <algorithm>
+
 #include "flow/boxes.h"
 #include "flow/hints.h"
 #include "ranges/author.h"
@@ -22,6 +24,7 @@ void rauthor_arrival(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
     end_rest(s.lblhelp, s.Timhelp, s.hintticks);   // a practice begun from the set-up took this screen away
+    s.targetsize = std::max(t.shared.targetsize, 1);   // the set-up may have changed it
     showmiddle(s);
     for (int icon = 1; icon <= 3; ++icon) loadicon(t, icon);
 }

@@ -24,6 +24,7 @@ struct rauthor_screen {
     // The sight window: the picture moves behind it. The point being marked is the lower right corner of the
     // fixed cursor.
     screen_object Frame5, Picture1, Imagerange, Imgex;
+    screen_object shown_target;   // the target of the icon chosen last, as it would be seen at the point
 
     screen_object Frame3;         // target selector, and the cross of arrows
     screen_object Imgtarget[4];   // from 1
@@ -46,6 +47,8 @@ struct rauthor_screen {
 
     timer Timex, Timex1, Timey, Timey1, Timhelp;
 
+    int iconnumber = 1;              // the icon clicked last
+    int targetsize = 4;              // the option of that name: divisor of the range in a target's width
     double pointx = 0, pointy = 0;   // the point being marked, twips on the picture: what Lblx and Lbly show
     int target = 1;                  // the position being edited: what Lbltarget shows
     float authorscalex = 1, authorscaley = 1;             // twips of the picture to one of Image1

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "flow/boxes.h"
+#include "gunnery/sight.h"
 #include "ranges/author.h"
 #include "ranges/rangefile.h"
 #include "ranges/rauthor.h"
@@ -59,7 +60,7 @@ void lbltargetrange_click(trainer& t)
     if (!typed) return;
     if (const auto metres = range_of(*typed)) {
         shown.Caption = std::to_string(*metres);
-        return;
+        return showtarget(t.rauthor);
     }
     t.pc.message_box({"A RANGE IS A WHOLE NUMBER OF METRES BETWEEN 0 AND 32767", "ALTER RANGE"});
 }
@@ -73,14 +74,18 @@ bool showicon(trainer& t, int icon, const std::string& path)
 {
     loaded_picture loaded = t.pc.load_picture(path);
     if (loaded.result) t.rauthor.Imgtarget[icon].Picture = std::move(*loaded.result);
+    showtarget(t.rauthor);
     return loaded.result.has_value();
 }
 
 void imgtarget_click(trainer& t, int icon)
 {
     rauthor_screen& s = t.rauthor;
-    const auto chosen =
-        t.pc.choose_file({"OPEN TARGETS", "Target Files (*.ico)|*.ico|", t.shared.rootpath, "", false});
+    s.iconnumber = icon;
+    showtarget(s);
+    file_dialog dialog{"OPEN TARGETS", "Target Files (*.ico)|*.ico|", t.shared.rootpath, "", false};
+    dialog.picture = true;
+    const auto chosen = t.pc.choose_file(dialog);
     if (!chosen) return;
     s.authorfile = *chosen;
     if (!showicon(t, icon, s.authorfile)) {
@@ -96,6 +101,17 @@ void showplaced(rauthor_screen& s, int position)
 {
     s.Lbltargetnum[position].BackColor = colour::red;
     s.Lbltargetnum[position].AccessibleName = "Placed, target number";
+}
+
+void showtarget(rauthor_screen& s)
+{
+    screen_object& target = s.shown_target;
+    const auto metres = range_of(s.Lbltgtrange.Caption);
+    target.Visible = metres && *metres > 0;
+    if (!target.Visible) return;
+    const sight_numbers& sight = s.Lblrangetype.Caption == "THERMAL" ? thermalsight : visualsight;
+    target.Width = target.Height = target_width(sight, *metres, s.targetsize);
+    target.Picture = s.Imgtarget[s.iconnumber].Picture;
 }
 
 bool loadicon(trainer& t, int icon)

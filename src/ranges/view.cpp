@@ -1,3 +1,4 @@
+#include <cmath>
 #include <utility>
 
 #include "ranges/author.h"
@@ -60,6 +61,19 @@ void timey_tick(S& s)
 void timey1_tick(S& s)
 {
     if (spare_below - s.Imagerange.Height + window_height < s.Imagerange.Top) movey(s);
+}
+
+// As far towards a place of the overview as the small steps of the arrows come.
+void moveto(S& s, double x, double y)
+{
+    constexpr int small_step = 100;
+    const auto go = [&s](double off, int S::*step, void (*back)(S&), void (*on)(S&)) {
+        const int arrows = std::exchange(s.*step, off < 0 ? small_step : -small_step);   // one may be held
+        for (double n = rounded(std::abs(off) / small_step); n > 0; --n) (off < 0 ? back : on)(s);
+        s.*step = arrows;
+    };
+    go(x * s.authorscalex - s.pointx, &S::stepx, timex_tick, timex1_tick);
+    go(y * s.authorscaley - s.pointy, &S::stepy, timey_tick, timey1_tick);
 }
 
 // The ground of a range picture: from a third of the way down to three quarters.
@@ -130,10 +144,12 @@ void proposerange(rauthor_screen& s)
     if (step < 1) return;   // a picture of a few lines, from a range file, has no ground to speak of
     const double m = beyond - Int((s.pointy - s.bandtop) / step);
     s.Lbltgtrange.Caption = number_text(m * m + nearest);
+    showtarget(s);
 }
 
 void make_view(rauthor_screen& s)
 {
+    s.Image1.ClickAt = [&s](double x, double y) { moveto(s, x, y); };
     const struct {
         screen_object& button;
         int S::*step;

@@ -149,15 +149,6 @@ void firing_options(S& s)
     constexpr double upper_top = 390, lower_top = upper_top + four + 120;
     const auto upper = [](int column) { return rectangle{edge + column * 1920, upper_top, 1860, four}; };
     const auto lower = [](int column) { return rectangle{edge + column * 2560, lower_top, 2500, three}; };
-    options(s, s.Frmmode, s.Frmoptions, lower(0), "Mode", "",
-            {{&S::Optmode1, "Visual", true}, {&S::Optmode2, "Thermal"}});
-    options(s, s.Frmtargetry, s.Frmoptions, lower(1), "Targetry", "TARGETRY",
-            {{&S::Opttarg1, "Automatic", true}, {&S::Opttarg2, "Manual"}});
-    options(s, s.Frame10, s.Frmoptions, lower(2), " Coax Bursts", "COAX KILLING BURSTS",
-            {{&S::Option2, "2", true},
-             {&S::Option3, "3"},
-             {&S::Option4, "4"},
-             {&S::Option1, "5", false, "", false}});
     options(s, s.Frmsystem, s.Frmoptions, upper(0), "System", "",
             {{&S::Optsys1, "Full System", true},
              {&S::Optsys2, "Lazer only"},
@@ -178,6 +169,15 @@ void firing_options(S& s)
              {&S::Opttime2, "Up for 20 secs"},
              {&S::Opttime3, "Up for 30 secs", true},
              {&S::Opttime4, "Up for 40 secs"}});
+    options(s, s.Frmmode, s.Frmoptions, lower(0), "Mode", "",
+            {{&S::Optmode1, "Visual", true}, {&S::Optmode2, "Thermal"}});
+    options(s, s.Frmtargetry, s.Frmoptions, lower(1), "Targetry", "TARGETRY",
+            {{&S::Opttarg1, "Automatic", true}, {&S::Opttarg2, "Manual"}});
+    options(s, s.Frame10, s.Frmoptions, lower(2), " Coax Bursts", "COAX KILLING BURSTS",
+            {{&S::Option2, "2", true},
+             {&S::Option3, "3"},
+             {&S::Option4, "4"},
+             {&S::Option1, "5", false, "", false}});
     wind(s);
 }
 
@@ -307,7 +307,9 @@ void design_startsim(startsim_screen& s)
     controls(s);
     advanced_options(s);
     buttons(s);
-    lay_out_hints(s.window, s.Lblinfo, {120, 11040, 15120, 390},
+    add(s.window, s.outcome,
+        label({120, 11250, 15120, 240}, "", colour::live, text_size::small, alignment::centre));
+    lay_out_hints(s.window, s.Lblinfo, {120, 10980, 15120, 270},
                   "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS", s.Lblhelp);
 }
 

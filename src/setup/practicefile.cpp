@@ -56,6 +56,7 @@ file_dialog practice_dialog(const trainer& t, bool save)
 
 void cmdopenset_click(trainer& t)
 {
+    t.startsim.outcome.Caption.clear();
     const auto chosen = t.pc.choose_file(practice_dialog(t, false));
     if (!chosen) return;
     t.startsim.practicefile = *chosen;
@@ -65,10 +66,12 @@ void cmdopenset_click(trainer& t)
 
 void cmdsaveset_click(trainer& t)
 {
+    t.startsim.outcome.Caption.clear();
     const auto chosen = t.pc.choose_file(practice_dialog(t, true));
     if (!chosen) return;
     t.startsim.practicefile = *chosen;
-    write_file(t.pc, *chosen, practice_file_bytes(t.startsim));
+    if (write_file(t.pc, *chosen, practice_file_bytes(t.startsim)).empty())
+        t.startsim.outcome.Caption = *chosen + " is saved";
 }
 
 }   // namespace

@@ -55,6 +55,7 @@ void cmddebrief_click(trainer& t)
 
 void startsim_arrival(trainer& t)
 {
+    t.startsim.outcome.Caption.clear();
     t.shared.fulldebrief = true;   // whatever the option shows: a quick start has switched it off
     if (!change_directory(t.pc, t.shared.rootpath))
         t.pc.message_box({lines({"THE FOLDER OF THE RANGES CAN'T BE OPENED", t.shared.rootpath}), "V.O.R.N.",

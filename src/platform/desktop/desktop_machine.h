@@ -36,7 +36,7 @@ public:
     long joystick_reading(int number) override;
     bool joystick_present() override;
     loaded_picture load_picture(const std::string& path) override;
-    std::string print(const std::vector<printed_line>&) override;
+    print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
 
     // Lets the clock go so many times as fast as the world's, for one who can't wait for a practice to go by.
     void set_speed(double times);

@@ -112,9 +112,9 @@ loaded_picture headless_machine::load_picture(const std::string& path)
     return picture_of_file(find_path(*this, path));
 }
 
-std::string headless_machine::print(const std::vector<printed_line>& lines)
+print_outcome headless_machine::print(const std::vector<printed_line>& lines, const std::string&)
 {
-    if (!printer) return "There is no printer.";
+    if (!printer) return {"There is no printer.", {}};
     for (const printed_line& line : lines) note("printed", line.text);
     return {};
 }
@@ -163,10 +163,16 @@ void headless_machine::release(screen_object& o)
     event(o.MouseUp);
 }
 
-void headless_machine::key_down(int code)
+void headless_machine::click_at(screen_object& o, double x, double y)
+{
+    event([&] { user_click_at(o, x, y); });
+}
+
+void headless_machine::key_down(int code, bool alt)
 {
     const form* f = front(*this);
-    if (f != nullptr && f->KeyDown) event([&] { f->KeyDown(code); });
+    if (screen_object* b = f == nullptr ? nullptr : button_of_key(*f, code, alt)) return event(b->Click);
+    if (!alt && f != nullptr && f->KeyDown) event([&] { f->KeyDown(code); });
 }
 
 void headless_machine::key_up(int code)

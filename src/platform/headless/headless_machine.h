@@ -41,7 +41,7 @@ public:
     long joystick_reading(int number) override;
     bool joystick_present() override { return stick_present; }
     loaded_picture load_picture(const std::string& path) override;
-    std::string print(const std::vector<printed_line>&) override;
+    print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
 
     // The script. A question without an answer gets no; an input or a file dialog without one is cancelled.
     std::deque<box_answer> answers;
@@ -64,9 +64,10 @@ public:
     void click(screen_object&);
     void slide(screen_object&, int position);
     void type(screen_object&, const std::string& text);
-    void press(screen_object&);     // mouse button down on it
-    void release(screen_object&);   // and up
-    void key_down(int code);        // to the screen in front
+    void press(screen_object&);                          // mouse button down on it
+    void release(screen_object&);                        // and up
+    void click_at(screen_object&, double x, double y);   // twips from its corner
+    void key_down(int code, bool alt = false);           // to the screen in front
     void key_up(int code);
     void plug_stick(bool in);   // or pulls it out; nothing comes from a stick that isn't there
     void stick(long x, long y);

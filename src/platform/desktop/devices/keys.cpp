@@ -156,7 +156,12 @@ bool keyboard::pressed(form_window* w, const QKeyEvent& e)
         return true;
     }
     const int code = virtual_key(e);
-    const bool access_key = e.modifiers().testFlag(Qt::AltModifier) && is_letter(code);
+    const bool alt = e.modifiers().testFlag(Qt::AltModifier);
+    if (screen_object* button = button_of_key(w->model, code, alt)) {
+        if (!held) pc_.run(button->Click);
+        return true;
+    }
+    const bool access_key = alt && is_letter(code);
     if (code != 0 && !access_key && w->model.state == form_state::shown) tell_form(w->model, code, k);
     return held && answers(e);
 }

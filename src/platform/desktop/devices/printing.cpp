@@ -1,6 +1,7 @@
 #include "platform/desktop/devices/printing.h"
 
 #include <QBuffer>
+#include <QDate>
 #include <QDir>
 #include <QFileInfo>
 #include <QFontMetricsF>
@@ -8,6 +9,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include "platform/desktop/desktop_machine.h"
@@ -67,19 +69,28 @@ std::string print_to_pdf(const machine& m, const std::string& file, const std::v
     return bytes.empty() ? "The pages can't be drawn." : write_file(m, file, bytes);
 }
 
+// The name and the day, without what a file's name can't hold on every system.
+static std::string dated(const std::string& name)
+{
+    QString proposed = QString::fromStdString(name) + ' ' + QDate::currentDate().toString(Qt::ISODate);
+    return proposed.replace(QRegularExpression("[/\\\\:*?\"<>|[:cntrl:]]"), "_").trimmed().toStdString() +
+           ".pdf";
+}
+
 // On a machine without a printer the same lines go to a PDF, if the user names one.
-std::string desktop_machine::print(const std::vector<printed_line>& lines)
+print_outcome desktop_machine::print(const std::vector<printed_line>& lines, const std::string& name)
 {
     if (printer_present()) {
         QPrinter printer(QPrinter::HighResolution);
         printer.setDocName(job_name);
-        return print_lines(printer, lines);
+        return {print_lines(printer, lines), {}};
     }
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString place = QFileInfo(documents).isDir() ? documents : QDir::homePath();
     const auto file = choose_file({"THERE IS NO PRINTER: SAVE AS PDF", "PDF Files (*.pdf)|*.pdf|",
-                                   place.toStdString(), "report.pdf", true, "pdf"});
-    return file ? print_to_pdf(*this, *file, lines) : std::string();
+                                   place.toStdString(), dated(name), true, "pdf"});
+    if (!file) return {{}, {}, true};
+    return {print_to_pdf(*this, *file, lines), *file};
 }
 
 }   // namespace vorn

@@ -10,6 +10,7 @@
 
 #include "platform/desktop/desktop_machine.h"
 #include "platform/desktop/dialogs/boxes.h"
+#include "platform/desktop/drawing/pictures.h"
 #include "platform/files.h"
 
 namespace vorn {
@@ -47,6 +48,7 @@ bool desktop_machine::message_box(const message& asked)
     box.setIcon(icon_of(asked.sign));
     box.setStandardButtons(asked.buttons == box_buttons::ok ? QMessageBox::Ok
                                                             : QMessageBox::Yes | QMessageBox::No);
+    if (asked.no_first) box.setDefaultButton(QMessageBox::No);
     const double beneath = std::exchange(box_came_, world_clock());
     const int answer = box.exec();
     box_came_ = beneath;
@@ -86,7 +88,10 @@ static void prepare(QFileDialog& d, const file_dialog& asked)
         QFileDialog::AnyFile);   // the program itself says what is wrong with a name that isn't there
     d.setOption(QFileDialog::DontConfirmOverwrite, asked.suffix.empty());
     d.setDefaultSuffix(QString::fromStdString(asked.suffix));
-    d.setNameFilters(name_filters(asked.filter));
+    QStringList filters = name_filters(asked.filter);
+    if (asked.picture) filters << QString("All pictures (%1)").arg(picture_patterns);
+    if (!asked.save && !filters.contains("All Files (*)")) filters << "All Files (*)";
+    d.setNameFilters(filters);
     if (!asked.proposed.empty()) d.selectFile(QString::fromStdString(asked.proposed));
     auto* list = d.findChild<QTreeView*>();   // there is none in a dialog of the desktop's own
     auto* files = d.findChild<QFileSystemModel*>();

@@ -20,6 +20,9 @@ struct decoded_picture final : picture_pixels {
 // them.
 QByteArray picture_format(QIODevice&);
 
+// The names that files in those formats usually have, for a file dialog.
+inline constexpr const char* picture_patterns = "*.vrp *.trp *.png *.jpg *.jpeg *.bmp *.gif *.ico *.cur";
+
 // Reads a picture from an absolute path. Its natural size is 15 twips to a pixel of its largest image,
 // whatever density the file claims.
 loaded_picture read_picture(const std::string& source, const std::string& path);

@@ -24,7 +24,7 @@ QRect device_rect(const object_fields& o, double scale)
 
 static void draw_outline(QPainter& p, shape_kind kind, const QRectF& r)
 {
-    if (kind == shape_kind::rectangle)
+    if (kind == shape_kind::rectangle || kind == shape_kind::dashed_rectangle)
         p.drawRect(r);
     else
         p.drawEllipse(r);
@@ -46,7 +46,8 @@ static void draw_shape(QPainter& p, const object_fields& o, const QRect& at, dou
         draw_outline(p, o.Shape, r);
     }
     if (filled) p.setBrush(c);
-    p.setPen(filled ? QPen(Qt::NoPen) : QPen(c, line));
+    const bool dashed = o.Shape == shape_kind::dashed_rectangle;
+    p.setPen(filled ? QPen(Qt::NoPen) : QPen(c, line, dashed ? Qt::DashLine : Qt::SolidLine));
     draw_outline(p, o.Shape, r);
 }
 
@@ -105,7 +106,11 @@ static void draw_label(QPainter& p, const object_fields& o, const QRect& at, dou
 
 void draw_object(QPainter& p, const object_fields& o, const QRect& at, double scale)
 {
-    if (o.kind == object_kind::image) draw_picture(p, o.Picture, at);
+    if (o.kind == object_kind::image) {
+        p.setOpacity(o.Pale ? pale_picture : 1);
+        draw_picture(p, o.Picture, at);
+        p.setOpacity(1);
+    }
     if (o.kind == object_kind::shape)
         is_tracer(o) ? draw_tracer(p, shade(o.ForeColor), at, scale) : draw_shape(p, o, at, scale);
     if (o.kind == object_kind::label) draw_label(p, o, at, scale);

@@ -8,6 +8,9 @@
 
 namespace vorn {
 
+// Opacity of a picture that is pale or can't be used.
+inline constexpr double pale_picture = 0.35;
+
 // Device pixels of an object: both edges are rounded, so that neighbours meet without a seam.
 QRect device_rect(const object_fields&, double scale);
 

@@ -129,6 +129,8 @@ void form_window::sync()
     if (widgets_moved) place_objects();
     const QString title = QString::fromStdString(model.Caption);
     if (windowTitle() != title) setWindowTitle(title);
+    const screen_object* focus = std::exchange(model.takes_focus, nullptr);
+    if (QWidget* w = focus == nullptr ? nullptr : widget(*focus)) w->setFocus();
 }
 
 void form_window::paint_now()
@@ -295,6 +297,8 @@ bool form_window::event(QEvent* e)
 {
     if (e->type() == QEvent::WindowActivate) pc_.activated(model);
     if (e->type() == QEvent::WindowDeactivate) pc_.release_input();
+    if (e->type() == QEvent::Leave && model.MouseLeave && model.state == form_state::shown)
+        pc_.run(model.MouseLeave);
     return QWidget::event(e);
 }
 
@@ -334,6 +338,10 @@ static const screen_object* under_mouse(const screen_object& object)
 // interrupted, since the release went to the box.
 bool form_window::mouse_event(screen_object& o, QEvent& e)
 {
+    if (left_press(e) && o.ClickAt) {
+        const QPointF at = static_cast<const QMouseEvent&>(e).position() / style_.scale * twips_per_pixel;
+        pc_.run([&o, at] { user_click_at(o, at.x(), at.y()); });
+    }
     if (left_press(e)) return (o.MouseDown || o.MouseUp) && takes_input(o) && !pc_.press(o);
     if (left_release(e)) pc_.release_mouse();
     if (e.type() != QEvent::MouseMove) return false;

@@ -1,10 +1,13 @@
 #include "platform/desktop/windows/views.h"
 
+#include <QFocusEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QShortcutEvent>
 #include <QStyleOptionButton>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/desktop/drawing/drawings.h"
 #include "platform/desktop/drawing/pictures.h"
@@ -12,8 +15,6 @@
 #include "platform/desktop/windows/look.h"
 
 namespace vorn {
-
-static constexpr double disabled_picture = 0.35;   // opacity
 
 static bool has_picture(const picture& p)
 {
@@ -44,7 +45,7 @@ void push_button::paint_picture(QPainter& p)
                   .scaled(at.size(), Qt::KeepAspectRatio)
                   .toSize();
     box = box * 0.72;
-    p.setOpacity(isEnabled() ? 1 : disabled_picture);
+    p.setOpacity(isEnabled() ? 1 : pale_picture);
     const QPoint corner((at.width() - box.width()) / 2, (at.height() - box.height()) / 2);
     draw_picture(p, fields_.Picture, QRect(corner, box));
 }
@@ -85,13 +86,13 @@ void text_button::paint_plate(QPainter& p)
     p.drawRoundedRect(rect(), 3 * scale, 3 * scale);
 }
 
-// A number that stands over a picture has a dark rim.
-static void paint_rim(QPainter& p, const QRect& at, int flags, const QString& text, double scale)
+// A number that stands over a picture has a dark plate behind it.
+static void paint_number_plate(QPainter& p, const QRect& at, int flags, const QString& text, double scale)
 {
-    const int rim = std::max(1, static_cast<int>(std::lround(scale)));
-    p.setPen(QColor(0, 0, 0, 220));
-    for (int dx = -rim; dx <= rim; dx += rim)
-        for (int dy = -rim; dy <= rim; dy += rim) p.drawText(at.translated(dx, dy), flags, text);
+    const QRectF words = p.boundingRect(QRectF(at), flags, text);
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(0, 0, 0, 190));
+    p.drawRoundedRect(words.adjusted(-4 * scale, -scale, 4 * scale, scale), 4 * scale, 4 * scale);
 }
 
 void text_button::paintEvent(QPaintEvent*)
@@ -101,13 +102,32 @@ void text_button::paintEvent(QPaintEvent*)
     const bool numbered = fields_.ForeColor == colour::red || fields_.ForeColor == colour::darkred;
     const int flags = static_cast<int>(text_alignment(fields_)) | Qt::TextWordWrap;
     const QString words = QString::fromStdString(fields_.Caption);
-    if (numbered) paint_rim(p, rect(), flags, words, scale_of(*this));
+    if (numbered && !words.isEmpty()) paint_number_plate(p, rect(), flags, words, scale_of(*this));
     p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
     p.drawText(rect(), flags, words);
     if (!hasFocus()) return;
     QStyleOptionButton o;
     initStyleOption(&o);
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &o, &p, this);
+}
+
+text_box::text_box(QWidget* parent) : QLineEdit(parent)
+{
+    setAttribute(Qt::WA_Hover);   // its frame is lit while the mouse is on it, and no longer
+}
+
+void text_box::focusInEvent(QFocusEvent* e)
+{
+    QLineEdit::focusInEvent(e);
+    arrived_ = e->reason() == Qt::MouseFocusReason;
+    if (!std::exchange(entered_, true) && !arrived_) selectAll();   // where the focus is to begin with
+}
+
+// Once the press that brought the focus is over, unless it has dragged over a part.
+void text_box::mouseReleaseEvent(QMouseEvent* e)
+{
+    QLineEdit::mouseReleaseEvent(e);
+    if (std::exchange(arrived_, false) && !hasSelectedText()) selectAll();
 }
 
 picture_view::picture_view(const object_fields& fields, QWidget* parent)
@@ -139,7 +159,7 @@ void picture_view::paintEvent(QPaintEvent*)
         cache_ = rendered(at.size());
         cached_ = fields_.Picture;
     }
-    p.setOpacity(isEnabled() ? 1 : disabled_picture);
+    p.setOpacity(isEnabled() && !fields_.Pale ? 1 : pale_picture);
     p.drawPixmap(at.topLeft(), cache_);
     if (!hasFocus()) return;
     QStyleOption o;

@@ -2,6 +2,7 @@
 // is seen belongs to one moment.
 #pragma once
 
+#include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
 
@@ -34,6 +35,20 @@ protected:
 private:
     void paint_plate(QPainter&);
     const object_fields& fields_;
+};
+
+// A text box that selects all when it is arrived in by mouse, as it does by Tab: what is typed replaces it.
+class text_box final : public QLineEdit {
+public:
+    explicit text_box(QWidget* parent);
+
+protected:
+    void focusInEvent(QFocusEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
+
+private:
+    bool arrived_ = false;   // by the mouse, which is still held
+    bool entered_ = false;   // has had the focus before
 };
 
 // A picture stretched to the object. It keeps its pixels at the size in which they are on the screen.

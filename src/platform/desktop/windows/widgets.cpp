@@ -52,6 +52,7 @@ QWidget* make_image(shown_object& s, QWidget* parent, const event_runner& run)
 {
     auto* view = new picture_view(s.drawn, parent);
     if (s.object->Click) view->setFocusPolicy(Qt::StrongFocus);
+    if (s.object->ClickAt) view->setCursor(Qt::CrossCursor);
     return clicking(view, s, run);
 }
 
@@ -67,7 +68,7 @@ QWidget* make_slider(shown_object& s, QWidget* parent, const event_runner& run)
 
 QWidget* make_textbox(shown_object& s, QWidget* parent, const event_runner& run)
 {
-    auto* box = new QLineEdit(parent);
+    auto* box = new text_box(parent);
     QObject::connect(box, &QLineEdit::textEdited, box, [&s, run](const QString& text) {
         s.drawn.Text = text.toStdString();
         run([&s, typed = s.drawn.Text] { user_types(*s.object, typed); });
@@ -127,7 +128,11 @@ struct difference {
 void set_label(QLabel& l, const object_fields& o)
 {
     l.setText(caption_of(o));
-    l.setAlignment(text_alignment(o));
+    const Qt::Alignment at = text_alignment(o);
+    l.setAlignment(at);
+    constexpr double rim = 15;   // of a plate with a longer text; pixels at the designed size
+    const bool plate = o.BackColor != colour::ground && at.testFlag(Qt::AlignTop);
+    l.setMargin(plate ? static_cast<int>(rim * scale_of(l)) : 0);
 }
 
 // Tab leads to the chosen option of a group and the arrows from there to the others; with none chosen, to
@@ -252,7 +257,7 @@ bool in_sight(const screen_object& o)
 
 bool has_hooks(const screen_object& o)
 {
-    return o.Click || o.MouseDown || o.MouseUp || o.MouseMove;
+    return o.Click || o.ClickAt || o.MouseDown || o.MouseUp || o.MouseMove;
 }
 
 bool hears_moves(const screen_object& object)
