@@ -204,9 +204,8 @@ bool loadstock(trainer& t)
                  {s.Imgcoax, p.targeticon3, p.resulticon3}};
     bool all = true;
     for (const auto& [holder, targeticon, resulticon] : stock) {
-        if (targeticon.empty()) continue;
         holder.Picture = holder.design->Picture;   // never another record's
-        if (resulticon.empty()) continue;
+        if (targeticon.empty() || resulticon.empty()) continue;
         loaded_picture loaded = t.pc.load_picture(icon_path(t.pc, p.rootpath, resulticon));
         if (loaded.result) holder.Picture = std::move(*loaded.result);
         all = all && loaded.result;

@@ -66,7 +66,8 @@ bool read_record(trainer& t)
     if (!take_results_rest(items, t.shared)) return false;
     s.Cmdopen.Enabled = true;
     showdetails(t);
-    if (!showrange(t) || !loadstock(t)) return false;
+    const bool range = showrange(t), icons = loadstock(t);   // each replaces what another record has left
+    if (!range || !icons) return false;
     fillengagements(t);
     return true;
 }

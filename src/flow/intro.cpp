@@ -82,13 +82,13 @@ void start_program(trainer& t)
 }
 
 // A file inside the folder "ranges" is taken as well: it is the folder that people recognise, and the program
-// directory itself may hold no file to point at. It may be called "ranges" too: then it has the other below
-// it.
+// directory itself may hold no file to point at. It may be called "ranges" too: then the manual is in
+// the "ranges" below it.
 static std::filesystem::path directory_of(const std::string& file)
 {
     const std::filesystem::path folder = from_utf8(file).parent_path();
     std::error_code failed;
-    const bool inside = folder.filename() == "ranges" && !is_directory(folder / "ranges", failed);
+    const bool inside = folder.filename() == "ranges" && !exists(folder / "ranges" / "vorn.HLP", failed);
     return inside ? folder.parent_path() : folder;
 }
 

@@ -221,7 +221,7 @@ TEST_F(debrief, a_record_is_never_shown_with_the_pictures_of_another)
 {
     practice_state r;
     r.targetcount = 6;
-    r.resulticon2 = "/target icons/target2.ico";
+    r.resulticon2 = "/target icons/target3.ico";
     r.resultpicture = "no such picture.vrp";
     r.rectime[1] = 100;
     r.rectarget[1] = 7;
@@ -251,7 +251,8 @@ TEST_F(debrief, a_record_is_never_shown_with_the_pictures_of_another)
         EXPECT_EQ(s.Imgrange.Picture.width > 0, c.strip);
         EXPECT_EQ(s.overviewscalex, c.strip ? 4 : 3);
         EXPECT_FALSE(s.imgtargetpointer.Visible);
-        EXPECT_EQ(s.Imghesh.Picture.width > 0, c.icon);
+        EXPECT_EQ(s.Imghesh.Picture.source.ends_with("target3.ico"), c.icon);
+        EXPECT_TRUE(c.icon || s.Imghesh.Picture == s.Imghesh.design->Picture);
     }
 }
 

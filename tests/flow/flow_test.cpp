@@ -88,6 +88,7 @@ TEST_F(program, asks_for_its_directory_when_the_default_one_fails)
 
     const std::string named_alike = data.program() + "/ranges/ranges";   // and holds the ranges below itself
     std::filesystem::create_directory(named_alike);
+    std::ofstream(named_alike + "/vorn.HLP") << "a manual";
     headless_machine fourth;
     fourth.default_directory = "/none";
     trainer w(fourth);
