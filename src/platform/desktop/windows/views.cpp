@@ -89,7 +89,7 @@ void text_button::paint_plate(QPainter& p)
 // A number that stands over a picture has a dark plate behind it.
 static void paint_number_plate(QPainter& p, const QRect& at, int flags, const QString& text, double scale)
 {
-    const QRectF words = p.boundingRect(QRectF(at), flags, text);
+    const QRectF words = p.fontMetrics().boundingRect(at, flags, text);
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(0, 0, 0, 190));
     p.drawRoundedRect(words.adjusted(-4 * scale, -scale, 4 * scale, scale), 4 * scale, 4 * scale);
