@@ -6,7 +6,7 @@
 
 #include "calibration/joycal.h"
 #include "debrief/results.h"
-#include "desk.h"
+#include "fixture.h"
 #include "flow/intro.h"
 #include "gunnery/screen.h"
 #include "platform/desktop/windows/look.h"
@@ -16,7 +16,7 @@
 #include "setup/startsim.h"
 #include "trainer.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
 // Relative luminance and contrast as the guidelines for accessible content define them.
 double luminance(const QColor& c)
@@ -118,7 +118,7 @@ TEST(keyboard_and_reader, have_a_way_to_and_a_name_for_whatever_can_be_worked)
         f->arrival = nullptr;   // the screen alone, as it is designed
         pc.run([&] { show(pc, *f); });
         ASSERT_TRUE(QTest::qWaitForWindowActive(pc.window(*f)));
-        const std::vector<QWidget*> round = tab_round(*pc.window(*f));
+        const std::vector<QWidget*> round = tab_order(*pc.window(*f));
         const std::set<QWidget*> reached(round.begin(), round.end());
         for (const screen_object* o : f->objects) {
             const bool worked = o->Click || o->Change || o->MouseDown || o->kind == object_kind::textbox;
@@ -150,4 +150,4 @@ TEST(keyboard_and_reader, have_a_way_to_and_a_name_for_whatever_can_be_worked)
     EXPECT_EQ(heard(pc, t.rauthor.Lbltargetnum[4]), "Target number 4");
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

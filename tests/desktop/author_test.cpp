@@ -8,16 +8,16 @@
 #include <QRadioButton>
 #include <QTemporaryDir>
 
-#include "desk.h"
+#include "fixture.h"
 #include "flow/intro.h"
 #include "ranges/rangefile.h"
 #include "ranges/rauthor.h"
 #include "setup/startsim.h"
 #include "trainer.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
-class author : public desk {
+class author : public desktop_test {
 protected:
     author()
     {
@@ -129,4 +129,4 @@ TEST_F(author, no_text_is_cut_at_any_size)
         }
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

@@ -11,12 +11,12 @@
 #include <QTreeView>
 #include <QWheelEvent>
 
-#include "desk.h"
+#include "fixture.h"
 #include "platform/desktop/dialogs/boxes.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
-struct boxes : desk {
+struct boxes : desktop_test {
     boxes() { pc.working_directory = folder.path().toStdString(); }
 
     void write(const QString& name, const QByteArray& content)
@@ -209,4 +209,4 @@ TEST_F(help, says_so_when_there_is_no_file)
     EXPECT_EQ(page()->toPlainText(), "here now");
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

@@ -8,12 +8,12 @@
 
 #include "debrief/results.h"
 #include "debrief/resultsfile.h"
-#include "desk.h"
+#include "fixture.h"
 #include "flow/intro.h"
 #include "setup/startsim.h"
 #include "trainer.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
 // A practice of six: a target killed with the second round, one with a round far to the side, one missed, and
 // so on.
@@ -50,7 +50,7 @@ practice_state record()
     return r;
 }
 
-class debrief : public desk {
+class debrief : public desktop_test {
 protected:
     debrief()
     {
@@ -139,4 +139,4 @@ TEST_F(debrief, without_a_printer_the_report_goes_to_a_file_or_nowhere)
     EXPECT_EQ(print_to(too_long), QStringList("THE RECORD COULD NOT BE PRINTED\nThe file can't be written."));
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

@@ -3,11 +3,11 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include "desk.h"
+#include "fixture.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
-struct keys : desk {
+struct keys : desktop_test {
     void listen()
     {
         one.f.KeyDown = [this](int code) { log.push_back("down " + std::to_string(code)); };
@@ -26,8 +26,8 @@ TEST_F(keys, reach_the_form_once_and_then_the_object_with_the_focus)
     widget<QLineEdit>(text).setFocus();
     press(one, Qt::Key_U);
     release(one, Qt::Key_U);
-    QTest::keyClick(s_handle(one), Qt::Key_Tab);
-    QTest::keyClick(s_handle(one), Qt::Key_Space);
+    QTest::keyClick(handle(one), Qt::Key_Tab);
+    QTest::keyClick(handle(one), Qt::Key_Space);
     EXPECT_EQ(log, (words{"down 85", "up 85", "down 9", "up 9", "down 32", "up 32", "click"}));
     EXPECT_EQ(widget<QLineEdit>(text).text(), "u");
 }
@@ -40,8 +40,8 @@ TEST_F(keys, a_held_key_repeats_and_is_let_go_once)
     for (int i = 0; i < 2; ++i) {
         QKeyEvent up(QEvent::KeyRelease, Qt::Key_H, {}, "h", true);
         QKeyEvent down(QEvent::KeyPress, Qt::Key_H, {}, "h", true);
-        QCoreApplication::sendEvent(s_handle(one), &up);
-        QCoreApplication::sendEvent(s_handle(one), &down);
+        QCoreApplication::sendEvent(handle(one), &up);
+        QCoreApplication::sendEvent(handle(one), &down);
     }
     release(one, Qt::Key_H);
     release(one, Qt::Key_H);
@@ -85,11 +85,11 @@ TEST_F(keys, an_access_key_clicks_and_is_nothing_to_the_form)
         if (code != alt) log.push_back(std::to_string(code));
     };
     open(one);
-    QTest::keyClick(s_handle(one), Qt::Key_S, Qt::AltModifier);
-    QTest::keyClick(s_handle(one), Qt::Key_U, Qt::AltModifier);
+    QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier);
+    QTest::keyClick(handle(one), Qt::Key_U, Qt::AltModifier);
     EXPECT_EQ(log, words{"click"});
     pc.run([&] { button.Enabled = false; });
-    QTest::keyClick(s_handle(one), Qt::Key_S, Qt::AltModifier);
+    QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier);
     EXPECT_EQ(log, words{"click"});
 }
 
@@ -163,7 +163,7 @@ TEST_F(keys, a_held_space_bar_types_on_in_a_text_and_presses_a_button_once)
     open(one);
     for (const screen_object* o : {&text, &button}) {
         window(one).widget(*o)->setFocus();
-        for (int i = 0; i < 3; ++i) QTest::keyPress(s_handle(one), ' ');
+        for (int i = 0; i < 3; ++i) QTest::keyPress(handle(one), ' ');
         release(one, Qt::Key_Space);
     }
     EXPECT_EQ(text.Text, "   ");
@@ -186,4 +186,4 @@ TEST(virtual_keys, are_named_by_what_is_on_the_key_and_elsewhere_by_their_place)
     EXPECT_EQ(code(Qt::Key_VolumeUp, 123, plain), 0);
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

@@ -5,14 +5,14 @@
 #include <QRadioButton>
 #include <QSlider>
 
-#include "desk.h"
+#include "fixture.h"
 #include "flow/intro.h"
 #include "setup/startsim.h"
 #include "trainer.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
-class set_up : public desk {
+class set_up : public desktop_test {
 protected:
     set_up()
     {
@@ -32,7 +32,7 @@ protected:
 TEST_F(set_up, is_worked_by_keyboard_in_the_order_of_the_work)
 {
     widget<QLineEdit>(s.Txtname).setFocus();
-    const std::vector<QWidget*> round = tab_round(w());
+    const std::vector<QWidget*> round = tab_order(w());
     EXPECT_LT(std::find(round.begin(), round.end(), w().widget(s.Optsys1)) - round.begin(),
               std::find(round.begin(), round.end(), w().widget(s.Cmdopenrange)) - round.begin())
         << "options come before the range";
@@ -49,4 +49,4 @@ TEST_F(set_up, is_worked_by_keyboard_in_the_order_of_the_work)
     EXPECT_EQ(p.practicenumber, 3);
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

@@ -1,10 +1,10 @@
 #include <QImage>
 #include <memory>
 
-#include "desk.h"
+#include "fixture.h"
 #include "platform/desktop/drawing/pictures.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
 static picture plain_picture(const QColor& c, int width = 8, int height = 8)
 {
@@ -15,7 +15,7 @@ static picture plain_picture(const QColor& c, int width = 8, int height = 8)
 }
 
 // A sight 200 x 200 designed pixels, 100 from the corner of the form, at scales of the window.
-struct sight : desk, testing::WithParamInterface<double> {
+struct sight : desktop_test, testing::WithParamInterface<double> {
     screen_object& glass = one.put(object_kind::sight, 1500, 1500, 3000, 3000);
 
     screen_object& image(double left, double top, double size, const QColor& c)
@@ -99,4 +99,4 @@ TEST_P(sight, marks_stand_out_before_light_and_dark)
 
 INSTANTIATE_TEST_SUITE_P(scales, sight, testing::Values(1.0, 1.3, 2.0));
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

@@ -8,10 +8,10 @@
 #include <algorithm>
 #include <cstring>
 
-#include "desk.h"
+#include "fixture.h"
 #include "platform/desktop/devices/sound.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
 using samples = std::vector<std::int16_t>;
 
@@ -149,4 +149,4 @@ TEST_F(sound, a_device_that_comes_later_is_found)
     EXPECT_TRUE(channel.playing());
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

@@ -1,11 +1,11 @@
 // The joystick through SDL's virtual one: plugged in and pulled out, its buttons and its axes.
 #include "platform/desktop/devices/stick.h"
-#include "desk.h"
+#include "fixture.h"
 #include "virtual_stick.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
-class joystick : public desk {
+class joystick : public desktop_test {
 protected:
     joystick()
     {
@@ -113,4 +113,4 @@ TEST_F(joystick, a_box_takes_buttons_and_moves_away)
     EXPECT_FALSE(moves.empty()) << "once it is closed the stick is told again";
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

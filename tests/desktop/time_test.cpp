@@ -3,17 +3,17 @@
 #include <QMessageBox>
 #include <thread>
 
-#include "desk.h"
+#include "fixture.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
-struct timing : desk {
+struct timing : desktop_test {
     using words = std::vector<std::string>;
 
     // A key as the window system queues it.
     void queue_key(const screen& s, Qt::Key k)
     {
-        QCoreApplication::postEvent(s_handle(s), new QKeyEvent(QEvent::KeyPress, k, {}));
+        QCoreApplication::postEvent(handle(s), new QKeyEvent(QEvent::KeyPress, k, {}));
     }
 };
 
@@ -131,4 +131,4 @@ TEST_F(timing, the_screen_may_be_unloaded_while_events_are_let_in)
     EXPECT_TRUE(window(two).isVisible());
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

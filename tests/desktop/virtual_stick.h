@@ -9,7 +9,7 @@
 
 #include "platform/desktop/desktop_machine.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
 class virtual_stick {
 public:
@@ -52,4 +52,4 @@ private:
     SDL_Joystick* device = nullptr;
 };
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

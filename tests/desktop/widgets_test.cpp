@@ -6,13 +6,13 @@
 #include <QRadioButton>
 #include <QSlider>
 
-#include "desk.h"
+#include "fixture.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
 using kind = object_kind;
 
-struct objects : desk {
+struct objects : desktop_test {
     screen_object& option(double top, screen_object* parent)
     {
         screen_object& o = one.put(kind::option, 150, top, 1800, 300, parent);
@@ -189,11 +189,11 @@ TEST_F(objects, labels_and_pictures_with_a_click_are_worked_by_mouse_and_keyboar
     click(picture);
     for (const screen_object* o : {&label, &picture}) {
         pc.window(one.f)->widget(*o)->setFocus();
-        QTest::keyClick(s_handle(one), Qt::Key_Space);
+        QTest::keyClick(handle(one), Qt::Key_Space);
     }
     EXPECT_EQ(log.size(), 4U);
     EXPECT_EQ(window(one).widget(label)->palette().color(QPalette::ButtonText), shade(colour::red));
-    QTest::keyClick(s_handle(one), Qt::Key_A, Qt::AltModifier);
+    QTest::keyClick(handle(one), Qt::Key_A, Qt::AltModifier);
     EXPECT_EQ(log.size(), 4U) << "'&' names an access key in buttons alone";
 }
 
@@ -317,4 +317,4 @@ TEST_F(mouse, moves_are_told_to_what_is_under_the_mouse_and_to_the_bare_form)
         << "what the frame holds is in the frame";
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

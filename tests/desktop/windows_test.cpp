@@ -3,11 +3,11 @@
 #include <QPushButton>
 #include <QScreen>
 
-#include "desk.h"
+#include "fixture.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
-struct windows : desk {
+struct windows : desktop_test {
     void deactivate(const screen& s) { send(s, QEvent::WindowDeactivate); }
     void activate(const screen& s) { send(s, QEvent::WindowActivate); }
     void send(const screen& s, QEvent::Type type)
@@ -108,18 +108,18 @@ TEST_F(windows, full_screen_goes_back_to_what_was_before_also_on_the_next_screen
     // As a window manager does it: the size of the new state comes before the state.
     window(one).setGeometry(window(one).screen()->availableGeometry());
     window(one).setWindowState(Qt::WindowMaximized);
-    QTest::keyClick(s_handle(one), Qt::Key_F11);
+    QTest::keyClick(handle(one), Qt::Key_F11);
     pc.run([&] {
         show(pc, two.f);
         hide(pc, one.f);
     });
     EXPECT_TRUE(window(two).isFullScreen());
-    QTest::keyClick(s_handle(two), Qt::Key_F11);
+    QTest::keyClick(handle(two), Qt::Key_F11);
     EXPECT_TRUE(window(two).isMaximized() && !window(two).isFullScreen());
     EXPECT_EQ(window(two).normalGeometry(), place);
     window(two).setWindowState(Qt::WindowNoState);
     window(two).setGeometry(500, 600, 900, 700);   // in part off the screen
-    for (int i = 0; i < 2; ++i) QTest::keyClick(s_handle(two), Qt::Key_F11);
+    for (int i = 0; i < 2; ++i) QTest::keyClick(handle(two), Qt::Key_F11);
     EXPECT_TRUE(window(two).screen()->availableGeometry().contains(window(two).geometry()));
 }
 
@@ -205,4 +205,4 @@ TEST_F(windows, boxes_and_help_make_no_arrival)
     EXPECT_TRUE(log.empty());
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

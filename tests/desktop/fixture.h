@@ -15,7 +15,7 @@
 
 #include "platform/desktop/desktop_machine.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
 // A form with its objects, laid out by the test.
 struct screen {
@@ -45,7 +45,7 @@ struct screen {
 };
 
 // Every widget that takes the focus by Tab, from the one that has it, until the round is complete.
-inline std::vector<QWidget*> tab_round(QWidget& window)
+inline std::vector<QWidget*> tab_order(QWidget& window)
 {
     std::vector<QWidget*> round;
     QWidget* first = QApplication::focusWidget();
@@ -56,9 +56,9 @@ inline std::vector<QWidget*> tab_round(QWidget& window)
     return round;
 }
 
-class desk : public testing::Test {
+class desktop_test : public testing::Test {
 protected:
-    desk()
+    desktop_test()
     {
         pc.printer_present = [] { return false; };
     }
@@ -85,20 +85,20 @@ protected:
     }
     void press(const screen& s, Qt::Key k, Qt::KeyboardModifiers m = {}) const
     {
-        QTest::keyPress(s_handle(s), k, m);
+        QTest::keyPress(handle(s), k, m);
     }
     void release(const screen& s, Qt::Key k, Qt::KeyboardModifiers m = {}) const
     {
-        QTest::keyRelease(s_handle(s), k, m);
+        QTest::keyRelease(handle(s), k, m);
     }
-    QWindow* s_handle(const screen& s) const { return window(s).windowHandle(); }
+    QWindow* handle(const screen& s) const { return window(s).windowHandle(); }
 
     // Acts on a box once it is up and `ready` holds; the box's own event loop runs meanwhile.
     template <class Box = QDialog>
     void when_box(
         std::function<void(Box&)> act, std::function<bool()> ready = [] { return true; })
     {
-        auto* look = new QTimer(&hands_);
+        auto* look = new QTimer(&box_timers_);
         QObject::connect(look, &QTimer::timeout, look, [=] {
             auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
             if (box == nullptr || !ready()) return;
@@ -117,7 +117,7 @@ protected:
     desktop_machine pc;
 
 private:
-    QObject hands_;
+    QObject box_timers_;
 };
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

@@ -5,16 +5,16 @@
 #include <QPushButton>
 #include <cmath>
 
-#include "desk.h"
+#include "fixture.h"
 #include "flow/intro.h"
 #include "gunnery/gunnery.h"
 #include "trainer.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
-class whole_trainer : public desk {
+class trainer_test : public desktop_test {
 protected:
-    whole_trainer() { pc.default_directory = VORN_SOURCE_DIR "/data"; }
+    trainer_test() { pc.default_directory = VORN_SOURCE_DIR "/data"; }
 
     QWidget* widget_of(const screen_object& o) const { return pc.window(*o.owner)->widget(o); }
     void click_on(const screen_object& o) { QTest::mouseClick(widget_of(o), Qt::LeftButton); }
@@ -31,7 +31,7 @@ protected:
 };
 
 // A gunner at the visual sight who lays on by real keys.
-class engagement : public whole_trainer {
+class engagement : public trainer_test {
 protected:
     gunnery_screen& s = t.simulator;
 
@@ -57,4 +57,4 @@ protected:
     }
 };
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests

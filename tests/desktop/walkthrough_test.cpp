@@ -13,12 +13,12 @@
 #include "ranges/rangefile.h"
 #include "ranges/rauthor.h"
 #include "setup/startsim.h"
+#include "trainer_fixture.h"
 #include "virtual_stick.h"
-#include "whole_trainer.h"
 
-namespace vorn::testing_desk {
+namespace vorn::desktop_tests {
 
-class whole_road : public engagement {
+class walkthrough : public engagement {
 protected:
     void choose(const QString& file)
     {
@@ -170,7 +170,7 @@ protected:
     QTemporaryDir folder;
 };
 
-TEST_F(whole_road, leads_through_every_screen)
+TEST_F(walkthrough, leads_through_every_screen)
 {
     ASSERT_NO_FATAL_FAILURE(set_up_and_fight());
     const auto& hit = t.shared.rechit;
@@ -188,4 +188,4 @@ TEST_F(whole_road, leads_through_every_screen)
         testing::ExitedWithCode(42), "");
 }
 
-}   // namespace vorn::testing_desk
+}   // namespace vorn::desktop_tests
