@@ -1,24 +1,16 @@
-// Every screen can be read, worked by keyboard, and heard: texts stand out 4.5 to 1 and more from what lies
-// behind them, Tab reaches whatever can be worked, and a screen reader has a name for it.
+// Accessibility of every screen: a contrast of 4.5 to 1 for texts, Tab order, and names for screen readers.
 #include <QAccessible>
 #include <cmath>
 #include <set>
 
-#include "calibration/joycal.h"
-#include "debrief/results.h"
-#include "fixture.h"
-#include "flow/intro.h"
-#include "gunnery/screen.h"
 #include "platform/desktop/windows/look.h"
 #include "platform/desktop/windows/widgets.h"
 #include "ranges/author.h"
-#include "ranges/rauthor.h"
-#include "setup/startsim.h"
-#include "trainer.h"
+#include "trainer_fixture.h"
 
 namespace vorn::desktop_tests {
 
-// Relative luminance and contrast as the guidelines for accessible content define them.
+// Relative luminance and contrast ratio as defined by WCAG 2.
 double luminance(const QColor& c)
 {
     const auto linear = [](double v) {
@@ -33,8 +25,8 @@ double contrast(const QColor& a, const QColor& b)
     return std::max(x, y) / std::min(x, y);
 }
 
-// What lies behind an object: its own back colour, or that of what holds it.
-QColor behind(const screen_object& object)
+// The background of an object: its own, or that of the nearest container.
+QColor background(const screen_object& object)
 {
     if (object.kind == object_kind::button) return furniture::face;
     if (object.kind == object_kind::textbox) return furniture::field;
@@ -46,108 +38,94 @@ QColor behind(const screen_object& object)
     return shade(colour::ground);
 }
 
-TEST(contrast, of_each_text_on_each_screen_is_enough)
+struct accessibility : trainer_test {
+    QAccessibleInterface* interface(const screen_object& o)
+    {
+        return QAccessible::queryAccessibleInterface(&widget(o));
+    }
+    QString spoken_name(const screen_object& o) { return interface(o)->text(QAccessible::Name); }
+};
+
+TEST_F(accessibility, texts_have_sufficient_contrast)
 {
-    desktop_machine pc;
-    trainer t(pc);
-    form* const screens[] = {&t.startsim.window, &t.simulator.window, &t.thermal.window,
-                             &t.results.window,  &t.rauthor.window,   &t.joycal.window};
     int texts = 0;
-    for (const form* f : screens)
+    for (const form* f : forms())
         for (const screen_object* o : f->objects) {
             const bool text = o->kind != object_kind::image && o->kind != object_kind::shape;
-            // Numbers over a picture and the marks of the sight have a dark rim of their own.
-            const bool rimmed = o->ForeColor == colour::darkred || o->ForeColor == colour::sight;
-            if (!text || rimmed) continue;
-            const QColor ink = shade(
-                o->kind == object_kind::frame && o->ForeColor == colour::text ? colour::dim : o->ForeColor);
-            const QColor ground = o->kind == object_kind::frame ? QColor(furniture::panel) : behind(*o);
+            // Figures over a picture and the marks of the sight have a dark outline; the title is below.
+            const bool outlined = o->ForeColor == colour::darkred || o->ForeColor == colour::sight;
+            if (!text || outlined || f == &t.intro.window) continue;
+            const bool frame = o->kind == object_kind::frame;
+            const QColor ink = shade(frame && o->ForeColor == colour::text ? colour::dim : o->ForeColor);
+            const QColor ground = frame ? QColor(furniture::panel) : background(*o);
             EXPECT_GE(contrast(ink, ground), 4.5)
                 << f->name << ": " << o->Caption << o->Text << o->AccessibleName << ' '
                 << ink.name().toStdString() << " on " << ground.name().toStdString();
             ++texts;
         }
     EXPECT_GT(texts, 250);
+    const QPalette manual = form_palette();
+    for (const QColor& ink : {manual.color(QPalette::Text), shade(colour::live), shade(colour::highlight)})
+        EXPECT_GE(contrast(ink, manual.color(QPalette::Base)), 4.5) << ink.name().toStdString();
 }
 
-// The words of the title stand on its picture, those of the manual on the page of its viewer.
-TEST(contrast, of_the_title_and_of_the_manual_is_enough)
+TEST_F(accessibility, the_title_has_sufficient_contrast_on_its_picture)
 {
-    desktop_machine pc;
-    trainer t(pc);
-    pc.default_directory = VORN_SOURCE_DIR "/data";
-    screen_object* const words[] = {&t.intro.Label1, &t.intro.lblstart, &t.intro.lblabout, &t.intro.lblhelp,
+    screen_object* const texts[] = {&t.intro.Label1, &t.intro.lblstart, &t.intro.lblabout, &t.intro.lblhelp,
                                     &t.intro.lblexit};
     pc.run([&] {
         show(pc, t.intro.window);
-        for (screen_object* o : words) o->Visible = false;
+        for (screen_object* o : texts) o->Visible = false;
         t.intro.Label2.Visible = false;
     });
     const QImage picture = pc.window(t.intro.window)->grab().toImage();
     const double scale = picture.width() / form_width;
-    for (const screen_object* o : words) {
-        int pale = 0;
+    for (const screen_object* o : texts) {
+        int unreadable = 0;
         for (double y = o->Top * scale; y < (o->Top + o->Height) * scale; ++y)
             for (double x = o->Left * scale; x < (o->Left + o->Width) * scale; ++x)
                 for (const colour ink : {o->ForeColor, colour::highlight})
-                    pale += contrast(shade(ink), picture.pixelColor(int(x), int(y))) < 4.5;
-        EXPECT_EQ(pale, 0) << o->Caption;
+                    unreadable += contrast(shade(ink), picture.pixelColor(int(x), int(y))) < 4.5;
+        EXPECT_EQ(unreadable, 0) << o->Caption;
     }
-    const QPalette page = form_palette();
-    for (const QColor& ink : {page.color(QPalette::Text), shade(colour::live), shade(colour::highlight)})
-        EXPECT_GE(contrast(ink, page.color(QPalette::Base)), 4.5) << ink.name().toStdString();
 }
 
-QAccessibleInterface* interface(const desktop_machine& pc, const screen_object& o)
+TEST_F(accessibility, every_control_is_reached_by_tab_and_has_a_name)
 {
-    return QAccessible::queryAccessibleInterface(pc.window(*o.owner)->widget(o));
-}
-
-QString heard(const desktop_machine& pc, const screen_object& o)
-{
-    return interface(pc, o)->text(QAccessible::Name);
-}
-
-TEST(keyboard_and_reader, have_a_way_to_and_a_name_for_whatever_can_be_worked)
-{
-    desktop_machine pc;
-    trainer t(pc);
-    pc.default_directory = VORN_SOURCE_DIR "/data";
-    for (form* f : {&t.intro.window, &t.startsim.window, &t.simulator.window, &t.thermal.window,
-                    &t.results.window, &t.rauthor.window, &t.joycal.window}) {
-        f->arrival = nullptr;   // the screen alone, as it is designed
+    for (form* f : forms()) {
+        f->arrival = nullptr;   // shows the designed state
         pc.run([&] { show(pc, *f); });
         ASSERT_TRUE(QTest::qWaitForWindowActive(pc.window(*f)));
-        const std::vector<QWidget*> round = tab_order(*pc.window(*f));
-        const std::set<QWidget*> reached(round.begin(), round.end());
+        const std::vector<QWidget*> order = tab_order(*pc.window(*f));
+        const std::set<QWidget*> reached(order.begin(), order.end());
         for (const screen_object* o : f->objects) {
-            const bool worked = o->Click || o->Change || o->MouseDown || o->kind == object_kind::textbox;
-            if (!worked || in_sight(*o)) continue;
-            EXPECT_FALSE(heard(pc, *o).isEmpty()) << f->name << " at " << o->Left << ' ' << o->Top;
-            const bool in_group = o->kind == object_kind::option && o->Value == 0;   // the arrows lead there
-            EXPECT_TRUE(reached.contains(pc.window(*f)->widget(*o)) || in_group || !takes_input(*o))
-                << f->name << ": " << heard(pc, *o).toStdString();
+            const bool is_control = o->Click || o->Change || o->MouseDown || o->kind == object_kind::textbox;
+            if (!is_control || in_sight(*o)) continue;
+            EXPECT_FALSE(spoken_name(*o).isEmpty()) << f->name << " at " << o->Left << ' ' << o->Top;
+            const bool by_arrows = o->kind == object_kind::option && o->Value == 0;
+            EXPECT_TRUE(reached.contains(&widget(*o)) || by_arrows || !takes_input(*o))
+                << f->name << ": " << spoken_name(*o).toStdString();
         }
     }
-    EXPECT_EQ(heard(pc, t.startsim.Frmsystem), "System") << "not OPTIONS, in which it lies";
-    EXPECT_EQ(heard(pc, t.simulator.Frame5), "Lights");
-    EXPECT_EQ(interface(pc, t.results.Imgrange)->role(), QAccessible::Graphic);
-    EXPECT_EQ(interface(pc, t.rauthor.Imgtarget[1])->role(), QAccessible::Button);
+    EXPECT_EQ(spoken_name(t.startsim.Frmsystem), "System") << "not OPTIONS, the frame around it";
+    EXPECT_EQ(spoken_name(t.simulator.Frame5), "Lights");
+    EXPECT_EQ(interface(t.results.Imgrange)->role(), QAccessible::Graphic);
+    EXPECT_EQ(interface(t.rauthor.Imgtarget[1])->role(), QAccessible::Button);
     pc.run([&] { show(pc, t.simulator.window); });
     for (const bool on : {false, true}) {
         pc.run([&] { t.simulator.Imghesh.Visible = !on; });
-        EXPECT_EQ(interface(pc, t.simulator.Imghesh)->state().invisible, on);
-        EXPECT_EQ(interface(pc, t.simulator.Imgheshon)->state().invisible, !on) << "it lies beneath";
+        EXPECT_EQ(interface(t.simulator.Imghesh)->state().invisible, on);
+        EXPECT_EQ(interface(t.simulator.Imgheshon)->state().invisible, !on) << "it is covered";
     }
     pc.run([&] {
         t.results.lbltargetrange.Caption = "1200";
         t.results.Lblsystem.Caption = "FULL";
         showplaced(t.rauthor, 3);
     });
-    EXPECT_EQ(heard(pc, t.results.lbltargetrange), "TARGET RANGE 1200");
-    EXPECT_EQ(heard(pc, t.results.Lblsystem), "SYSTEM FULL");
-    EXPECT_EQ(heard(pc, t.rauthor.Lbltargetnum[3]), "Placed, target number 3");
-    EXPECT_EQ(heard(pc, t.rauthor.Lbltargetnum[4]), "Target number 4");
+    EXPECT_EQ(spoken_name(t.results.lbltargetrange), "TARGET RANGE 1200");
+    EXPECT_EQ(spoken_name(t.results.Lblsystem), "SYSTEM FULL");
+    EXPECT_EQ(spoken_name(t.rauthor.Lbltargetnum[3]), "Placed, target number 3");
+    EXPECT_EQ(spoken_name(t.rauthor.Lbltargetnum[4]), "Target number 4");
 }
 
 }   // namespace vorn::desktop_tests

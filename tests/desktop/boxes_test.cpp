@@ -29,7 +29,7 @@ struct boxes : desktop_test {
     QTemporaryDir folder;
 };
 
-TEST_F(boxes, show_text_as_it_is_with_one_break_for_each_pair)
+TEST_F(boxes, show_plain_text_and_one_line_break_for_each_pair)
 {
     open(one);
     when_box<QMessageBox>([](QMessageBox& box) {
@@ -43,7 +43,7 @@ TEST_F(boxes, show_text_as_it_is_with_one_break_for_each_pair)
                     box_sign::question});
 }
 
-TEST_F(boxes, answer_yes_only_to_yes)
+TEST_F(boxes, return_true_only_for_yes)
 {
     const auto ask = [&](std::function<void(QMessageBox&)> act) {
         when_box<QMessageBox>(std::move(act));
@@ -56,7 +56,7 @@ TEST_F(boxes, answer_yes_only_to_yes)
     EXPECT_FALSE(ask([](QMessageBox& b) { b.close(); }));
 }
 
-TEST_F(boxes, an_input_box_proposes_a_text_and_gives_what_stands_in_it)
+TEST_F(boxes, an_input_box_proposes_a_text_and_returns_the_edited_one)
 {
     open(one);
     when_box<QInputDialog>([](QInputDialog& box) {
@@ -71,7 +71,7 @@ TEST_F(boxes, an_input_box_proposes_a_text_and_gives_what_stands_in_it)
 
 TEST_F(boxes, columns_of_a_file_dialog_fit_the_names_and_can_be_dragged)
 {
-    write("a range with a name that is longer than any column is wide to begin with.arf", "x");
+    write("a range with a name that is longer than the default width of a column.arf", "x");
     open(one);
     when_box<QFileDialog>([](QFileDialog& box) {
         auto* list = box.findChild<QTreeView*>();
@@ -89,14 +89,19 @@ TEST_F(boxes, columns_of_a_file_dialog_fit_the_names_and_can_be_dragged)
     pc.choose_file({"OPEN RANGE", "Range Files (*.arf)|*.arf|", folder.path().toStdString(), ""});
 }
 
-// Help is beside the screens, not over them.
 struct help : boxes {
+    void show(const QByteArray& html)
+    {
+        write("vorn.HLP", html);
+        pc.run([&] { pc.show_help("VORN.hlp"); });
+    }
     QTextBrowser* page() const
     {
         for (QWidget* w : QApplication::topLevelWidgets())
             if (w->isVisible() && w->windowTitle().contains("Help")) return w->findChild<QTextBrowser*>();
         return nullptr;
     }
+    void follow(const char* link) { emit page()->anchorClicked(page()->source().resolved(QUrl(link))); }
     QPushButton* button(const QString& caption) const
     {
         for (auto* b : page()->window()->findChildren<QPushButton*>())
@@ -105,35 +110,33 @@ struct help : boxes {
     }
 };
 
-TEST_F(help, opens_html_under_any_name_and_follows_links_within_the_file_alone)
+TEST_F(help, is_modeless_and_follows_only_links_within_the_file)
 {
-    write("vorn.HLP", "<h1 id='top'>Contents</h1><a href='#fire'>fire</a><h1 id='fire'>Fire control</h1>");
     open(one);
-    pc.run([&] { pc.show_help("VORN.hlp"); });
+    show("<h1 id='top'>Contents</h1><a href='#fire'>fire</a><h1 id='fire'>Fire control</h1>");
     ASSERT_NE(page(), nullptr);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_TRUE(page()->toPlainText().contains("Fire control"));
-    emit page()->anchorClicked(page()->source().resolved(QUrl("#fire")));
+    follow("#fire");
     EXPECT_EQ(page()->source().fragment(), "fire");
-    emit page()->anchorClicked(QUrl("https://example.org/"));
+    follow("https://example.org/");
     EXPECT_EQ(page()->source().fragment(), "fire");
     page()->backward();
     EXPECT_EQ(page()->source().fragment(), "");
-    emit page()->anchorClicked(page()->source().resolved(QUrl("#fire")));
+    follow("#fire");
     page()->window()->close();
     pc.run([&] { pc.show_help("vorn.HLP"); });
-    EXPECT_FALSE(page()->isBackwardAvailable() || button("&Back")->isEnabled()) << "a fresh opening";
-    emit page()->anchorClicked(page()->source().resolved(QUrl("#fire")));
+    EXPECT_FALSE(page()->isBackwardAvailable() || button("&Back")->isEnabled()) << "the history is cleared";
+    follow("#fire");
     EXPECT_TRUE(button("&Back")->isEnabled());
     button("&Contents")->click();
     EXPECT_EQ(page()->source().fragment(), "");
 }
 
-TEST_F(help, grows_and_shrinks_by_keys_and_wheel_and_stays_readable)
+TEST_F(help, zooms_by_keys_and_wheel_within_limits)
 {
-    write("vorn.HLP", "<h1>Contents</h1><p>laze, then lay, then fire</p>");
     open(one);
-    pc.run([&] { pc.show_help("vorn.HLP"); });
+    show("<h1>Contents</h1><p>laze, then lay, then fire</p>");
     ASSERT_TRUE(QTest::qWaitForWindowActive(page()->window()));
     const auto height = [&] { return page()->document()->size().height(); };
     const auto ctrl = [&](Qt::Key k) {
@@ -163,7 +166,7 @@ TEST_F(help, grows_and_shrinks_by_keys_and_wheel_and_stays_readable)
     EXPECT_LE(page()->document()->defaultFont().pointSizeF(), 40);
 }
 
-TEST_F(help, shows_the_pictures_beside_the_file_after_the_folder_has_moved)
+TEST_F(help, shows_pictures_relative_to_the_file)
 {
     QImage dot(3, 3, QImage::Format_RGB32);
     dot.fill(Qt::red);
@@ -173,16 +176,15 @@ TEST_F(help, shows_the_pictures_beside_the_file_after_the_folder_has_moved)
         ASSERT_TRUE(dot.save(folder.filePath(place + "/ranges/help/dot.png")));
         write(place + "/ranges/vorn.HLP", "<p>a <img src='help/dot.png'></p>");
         pc.run([&] { pc.show_help(place.toStdString() + "/ranges/vorn.HLP"); });
-        const QVariant shown = page()->loadResource(QTextDocument::ImageResource, QUrl("help/dot.png"));
-        EXPECT_EQ(shown.value<QImage>().size(), dot.size()) << place.toStdString();
+        const QVariant picture = page()->loadResource(QTextDocument::ImageResource, QUrl("help/dot.png"));
+        EXPECT_EQ(picture.value<QImage>().size(), dot.size()) << place.toStdString();
     }
 }
 
-TEST_F(help, finds_words_round_the_end_of_the_page)
+TEST_F(help, wraps_a_search_around)
 {
-    write("vorn.HLP", "<p>laze, then lay, then fire</p>");
     open(one);
-    pc.run([&] { pc.show_help("vorn.HLP"); });
+    show("<p>laze, then lay, then fire</p>");
     auto* sought = page()->window()->findChild<QLineEdit*>();
     ASSERT_NE(sought, nullptr);
     sought->setText("then");
@@ -195,10 +197,10 @@ TEST_F(help, finds_words_round_the_end_of_the_page)
     sought->setText("nowhere");
     QTest::keyClick(sought, Qt::Key_Return);
     EXPECT_EQ(page()->textCursor().selectionStart(), 6);
-    EXPECT_TRUE(page()->window()->isVisible()) << "Enter searches and presses nothing else";
+    EXPECT_TRUE(page()->window()->isVisible()) << "Enter only searches";
 }
 
-TEST_F(help, says_so_when_there_is_no_file)
+TEST_F(help, reports_a_missing_file)
 {
     open(one);
     pc.run([&] { pc.show_help("absent.HLP"); });

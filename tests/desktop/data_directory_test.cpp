@@ -1,4 +1,4 @@
-// Where the trainer works when the installed data can't be written.
+// The user's copy of the installed data.
 #include "platform/desktop/data_directory.h"
 
 #include <gtest/gtest.h>
@@ -36,13 +36,13 @@ struct data_places : testing::Test {
     }
 };
 
-TEST_F(data_places, what_can_be_written_is_used_where_it_is)
+TEST_F(data_places, writable_data_is_not_copied)
 {
     EXPECT_EQ(data_directory(installed, own), installed);
     EXPECT_FALSE(fs::exists(own));
 }
 
-TEST_F(data_places, a_copy_is_filled_with_what_it_lacks_and_nothing_of_the_users_is_touched)
+TEST_F(data_places, missing_files_are_copied_and_changed_ones_kept)
 {
     fs::permissions(installed / "ranges/visualrange.arf", fs::perms::owner_read);
     ASSERT_TRUE(fill_directory(installed / "ranges", own / "ranges"));
@@ -56,7 +56,7 @@ TEST_F(data_places, a_copy_is_filled_with_what_it_lacks_and_nothing_of_the_users
     EXPECT_EQ(get(own / "ranges/target icons/target1.ico"), "icon");
 }
 
-TEST_F(data_places, a_new_version_renews_what_the_user_has_left_as_it_came_but_no_range)
+TEST_F(data_places, an_update_replaces_unchanged_files_except_ranges)
 {
     const char* const names[] = {"vorn.HLP", "wavs/fire.wav", "target icons/target1.ico", "visualrange.arf"};
     const auto install = [&](const char* text, std::chrono::hours age) {
@@ -69,30 +69,31 @@ TEST_F(data_places, a_new_version_renews_what_the_user_has_left_as_it_came_but_n
     install("first", std::chrono::hours(100));
     put(own / "ranges/wavs/fire.wav", "the user's");
     fs::remove(own / "ranges/target icons/target1.ico");
-    const fs::path left_over = own / "ranges/wavs/fire.wav.77.part", kept_roughly = own / "ranges/vorn.HLP";
+    const fs::path temporary_file = own / "ranges/wavs/fire.wav.77.part",
+                   rounded_time = own / "ranges/vorn.HLP";
     const fs::path practice = own / "ranges/monday.part";
-    for (const fs::path& file : {left_over, practice}) {
+    for (const fs::path& file : {temporary_file, practice}) {
         put(file, "half");
         fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(30));
     }
-    fs::last_write_time(kept_roughly, fs::last_write_time(kept_roughly) + std::chrono::seconds(1));
+    fs::last_write_time(rounded_time, fs::last_write_time(rounded_time) + std::chrono::seconds(1));
     install("second", std::chrono::hours(50));
-    EXPECT_FALSE(fs::exists(left_over)) << "of a program that was killed";
-    EXPECT_TRUE(fs::exists(practice)) << "a name of the user's";
+    EXPECT_FALSE(fs::exists(temporary_file)) << "left by a killed program";
+    EXPECT_TRUE(fs::exists(practice)) << "a file of the user";
     EXPECT_EQ(get(own / "ranges/vorn.HLP"), "second");
     EXPECT_EQ(get(own / "ranges/wavs/fire.wav"), "the user's");
     EXPECT_EQ(get(own / "ranges/target icons/target1.ico"), "second");
     EXPECT_EQ(get(own / "ranges/visualrange.arf"), "first")
-        << "a range of the user's may stand on its picture";
-    install("third", std::chrono::hours(70));   // an older build is put back
+        << "the user may have made a range on its picture";
+    install("third", std::chrono::hours(70));   // a downgrade
     EXPECT_EQ(get(own / "ranges/vorn.HLP"), "third");
     EXPECT_EQ(get(own / "ranges/wavs/fire.wav"), "the user's");
     put(own / "ranges/.copied", "not a list");
     install("fourth", std::chrono::hours(1));
-    EXPECT_EQ(get(own / "ranges/vorn.HLP"), "third") << "whether it is the user's is not known";
+    EXPECT_EQ(get(own / "ranges/vorn.HLP"), "third") << "it may have been changed by the user";
 }
 
-TEST_F(data_places, a_place_that_cannot_be_filled_is_told)
+TEST_F(data_places, an_incomplete_copy_is_reported_and_used_only_if_it_was_complete)
 {
     put(own, "a file in the way");
     EXPECT_FALSE(fill_directory(installed / "ranges", own / "ranges"));
@@ -102,10 +103,10 @@ TEST_F(data_places, a_place_that_cannot_be_filled_is_told)
     put(own / "ranges/wavs", "a file in the way of a folder");
     put(installed / "ranges/wavs/fire.wav", "sound");
     EXPECT_FALSE(fill_directory(installed / "ranges", own / "ranges"));
-    EXPECT_EQ(data_directory(folder / "nothing", own), folder / "nothing") << "a copy that was never whole";
+    EXPECT_EQ(data_directory(folder / "nothing", own), folder / "nothing") << "the copy was never complete";
     fs::remove(own / "ranges/wavs");
     ASSERT_TRUE(fill_directory(installed / "ranges", own / "ranges"));
-    EXPECT_EQ(data_directory(folder / "nothing", own), own) << "what the user has saved is there";
+    EXPECT_EQ(data_directory(folder / "nothing", own), own) << "the user's saved files are there";
 }
 
 }   // namespace

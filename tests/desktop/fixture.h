@@ -1,4 +1,4 @@
-// A desk to test on: a screen of a few objects on the real widgets, and hands that answer the boxes.
+// The fixture of the desktop tests: screens of a few objects on real widgets, and answers to message boxes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,13 +11,16 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "platform/desktop/desktop_machine.h"
 
 namespace vorn::desktop_tests {
 
-// A form with its objects, laid out by the test.
+using strings = std::vector<std::string>;
+
+// A form and its objects, laid out by the test.
 struct screen {
     form f;
     std::deque<screen_object> objects;
@@ -36,7 +39,7 @@ struct screen {
         return o;
     }
 
-    timer& tick(int interval, std::function<void()> action)
+    timer& add_timer(int interval, std::function<void()> action)
     {
         timer& t = timers.emplace_back();
         add(f, t, interval, std::move(action));
@@ -44,16 +47,16 @@ struct screen {
     }
 };
 
-// Every widget that takes the focus by Tab, from the one that has it, until the round is complete.
+// The widgets that Tab reaches, in its order, beginning with the one that has the focus.
 inline std::vector<QWidget*> tab_order(QWidget& window)
 {
-    std::vector<QWidget*> round;
+    std::vector<QWidget*> order;
     QWidget* first = QApplication::focusWidget();
     do {
-        round.push_back(QApplication::focusWidget());
+        order.push_back(QApplication::focusWidget());
         QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
-    } while (QApplication::focusWidget() != first && round.size() < 200);
-    return round;
+    } while (QApplication::focusWidget() != first && order.size() < 200);
+    return order;
 }
 
 class desktop_test : public testing::Test {
@@ -62,27 +65,26 @@ protected:
     {
         pc.printer_present = [] { return false; };
     }
-    // Shows a screen in a window of this size, 1024 x 768 being the designed one.
+    // Shows a screen in a window of this size; at 1024 x 768 its scale is 1.
     void open(screen& s, int width = 1024, int height = 768)
     {
         pc.run([&] { show(pc, s.f); });
         window(s).resize(width, height);
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window(s)));
     }
+    // Runs the event loop once.
     static void settle() { QTest::qWait(1); }
 
     form_window& window(const screen& s) const { return *pc.window(s.f); }
+    QWindow* handle(const screen& s) const { return window(s).windowHandle(); }
 
-    template <class W>
+    template <class W = QWidget>
     W& widget(const screen_object& o) const
     {
         return dynamic_cast<W&>(*pc.window(*o.owner)->widget(o));
     }
 
-    void click(const screen_object& o) const
-    {
-        QTest::mouseClick(pc.window(*o.owner)->widget(o), Qt::LeftButton);
-    }
+    void click(const screen_object& o) const { QTest::mouseClick(&widget(o), Qt::LeftButton); }
     void press(const screen& s, Qt::Key k, Qt::KeyboardModifiers m = {}) const
     {
         QTest::keyPress(handle(s), k, m);
@@ -91,29 +93,35 @@ protected:
     {
         QTest::keyRelease(handle(s), k, m);
     }
-    QWindow* handle(const screen& s) const { return window(s).windowHandle(); }
+    static void send(QObject& to, QEvent::Type type)
+    {
+        QEvent e(type);
+        QCoreApplication::sendEvent(&to, &e);
+    }
 
-    // Acts on a box once it is up and `ready` holds; the box's own event loop runs meanwhile.
+    // Acts on the next modal box of this type once `ready` is true; the box runs its own event loop
+    // meanwhile.
     template <class Box = QDialog>
     void when_box(
-        std::function<void(Box&)> act, std::function<bool()> ready = [] { return true; })
+        std::function<void(std::type_identity_t<Box>&)> act,
+        std::function<bool()> ready = [] { return true; })
     {
-        auto* look = new QTimer(&box_timers_);
-        QObject::connect(look, &QTimer::timeout, look, [=] {
+        auto* poll = new QTimer(&box_timers_);
+        QObject::connect(poll, &QTimer::timeout, poll, [=] {
             auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
             if (box == nullptr || !ready()) return;
-            look->stop();
+            poll->stop();
             act(*box);
         });
-        look->start(2);
+        poll->start(2);
     }
     void answer(Qt::Key key)
     {
-        when_box<QDialog>([key](QDialog& box) { QTest::keyClick(box.windowHandle(), key); });
+        when_box([key](QDialog& box) { QTest::keyClick(box.windowHandle(), key); });
     }
 
-    std::vector<std::string> log;   // what the screens have been told, in order
-    screen one, two;                // outlive the machine, as the program's screens do
+    strings log;       // the calls that the screens have received, in order
+    screen one, two;   // outlive the machine, as the program's screens do
     desktop_machine pc;
 
 private:

@@ -13,10 +13,9 @@ struct keys : desktop_test {
         one.f.KeyDown = [this](int code) { log.push_back("down " + std::to_string(code)); };
         one.f.KeyUp = [this](int code) { log.push_back("up " + std::to_string(code)); };
     }
-    using words = std::vector<std::string>;
 };
 
-TEST_F(keys, reach_the_form_once_and_then_the_object_with_the_focus)
+TEST_F(keys, go_to_the_form_once_and_then_to_the_focused_object)
 {
     screen_object& text = one.put(object_kind::textbox, 0, 0, 1500, 300);
     screen_object& button = one.put(object_kind::button, 0, 600, 1500, 300);
@@ -28,11 +27,11 @@ TEST_F(keys, reach_the_form_once_and_then_the_object_with_the_focus)
     release(one, Qt::Key_U);
     QTest::keyClick(handle(one), Qt::Key_Tab);
     QTest::keyClick(handle(one), Qt::Key_Space);
-    EXPECT_EQ(log, (words{"down 85", "up 85", "down 9", "up 9", "down 32", "up 32", "click"}));
+    EXPECT_EQ(log, (strings{"down 85", "up 85", "down 9", "up 9", "down 32", "up 32", "click"}));
     EXPECT_EQ(widget<QLineEdit>(text).text(), "u");
 }
 
-TEST_F(keys, a_held_key_repeats_and_is_let_go_once)
+TEST_F(keys, auto_repeat_sends_key_downs_and_one_key_up)
 {
     listen();
     open(one);
@@ -45,21 +44,19 @@ TEST_F(keys, a_held_key_repeats_and_is_let_go_once)
     }
     release(one, Qt::Key_H);
     release(one, Qt::Key_H);
-    EXPECT_EQ(log, (words{"down 72", "down 72", "down 72", "up 72"}));
+    EXPECT_EQ(log, (strings{"down 72", "down 72", "down 72", "up 72"}));
 }
 
-TEST_F(keys, are_let_go_when_the_window_loses_the_focus_or_a_box_opens)
+TEST_F(keys, are_released_when_the_window_is_deactivated_or_a_box_opens)
 {
     listen();
     open(one);
     press(one, Qt::Key_J);
     press(one, Qt::Key_S);
-    QEvent gone(QEvent::WindowDeactivate);
-    QCoreApplication::sendEvent(&window(one), &gone);
+    send(window(one), QEvent::WindowDeactivate);
     EXPECT_EQ(log.size(), 4U);
     log.clear();
-    // What a key-up sets off behind a box is no part of the handler that asks, and doesn't keep the box
-    // waiting.
+    // The key-up comes while the box is open, and what it starts doesn't delay the box.
     one.f.KeyUp = [&](int code) {
         EXPECT_NE(QApplication::activeModalWidget(), nullptr);
         pc.pace(60);
@@ -72,10 +69,10 @@ TEST_F(keys, are_let_go_when_the_window_loses_the_focus_or_a_box_opens)
         log.push_back("answered");
     });
     release(one, Qt::Key_N);
-    EXPECT_EQ(log, (words{"down 78", "up 78", "answered"}));
+    EXPECT_EQ(log, (strings{"down 78", "up 78", "answered"}));
 }
 
-TEST_F(keys, an_access_key_clicks_and_is_nothing_to_the_form)
+TEST_F(keys, of_an_access_key_click_its_button_and_do_not_go_to_the_form)
 {
     screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
     button.Caption = "&START SIM";
@@ -87,13 +84,13 @@ TEST_F(keys, an_access_key_clicks_and_is_nothing_to_the_form)
     open(one);
     QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier);
     QTest::keyClick(handle(one), Qt::Key_U, Qt::AltModifier);
-    EXPECT_EQ(log, words{"click"});
+    EXPECT_EQ(log, strings{"click"});
     pc.run([&] { button.Enabled = false; });
     QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier);
-    EXPECT_EQ(log, words{"click"});
+    EXPECT_EQ(log, strings{"click"});
 }
 
-TEST_F(keys, a_held_return_neither_answers_a_box_nor_presses_a_button_again)
+TEST_F(keys, a_held_return_answers_no_box_and_clicks_a_button_once)
 {
     screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
     button.Click = [&] {
@@ -112,14 +109,14 @@ TEST_F(keys, a_held_return_neither_answers_a_box_nor_presses_a_button_again)
     });
     press(one, Qt::Key_Return);
     press(one, Qt::Key_Return);
-    EXPECT_EQ(log, (words{"click", "answered"}));
+    EXPECT_EQ(log, (strings{"click", "answered"}));
 }
 
-TEST_F(keys, of_the_gun_do_not_answer_a_box)
+TEST_F(keys, of_the_gun_answer_no_box)
 {
     double seconds = 100;
     pc.world_clock = [&] { return seconds; };
-    // Whether No goes down: the toolkit shows it so before it closes the box.
+    // True when No was pressed: Qt shows the button down before it closes the box.
     const auto answered = [&](const std::function<void(QMessageBox&)>& act) {
         bool no = false;
         when_box<QMessageBox>([&](QMessageBox& box) {
@@ -138,13 +135,13 @@ TEST_F(keys, of_the_gun_do_not_answer_a_box)
         tap(box);
         seconds += 0.9;
         tap(box);
-    })) << "too soon";
+    })) << "within a second of the box";
     EXPECT_TRUE(answered([&](QMessageBox& box) { tap(box, Qt::AltModifier); }));
     press(one, Qt::Key_N);
     EXPECT_FALSE(answered([&](QMessageBox& box) {
         seconds += 1.1;
         QTest::keyPress(box.windowHandle(), Qt::Key_N);
-    })) << "it was held when the box came";
+    })) << "it was held when the box opened";
     release(one, Qt::Key_N);
     EXPECT_TRUE(answered([&](QMessageBox& box) {
         seconds += 1.1;
@@ -152,32 +149,32 @@ TEST_F(keys, of_the_gun_do_not_answer_a_box)
                               [&] { return QApplication::activeModalWidget() != &box; });
         pc.message_box({"NO SUCH FILE", "RANGE"});
         tap(box);
-    })) << "a letter answers a box that has been seen, whatever came over it";
+    })) << "a letter answers a box that has been open for a second, also after another box over it";
 }
 
-TEST_F(keys, a_held_space_bar_types_on_in_a_text_and_presses_a_button_once)
+TEST_F(keys, a_held_space_repeats_in_a_text_and_clicks_a_button_once)
 {
     screen_object& text = one.put(object_kind::textbox, 0, 0, 1500, 300);
     screen_object& button = one.put(object_kind::button, 0, 600, 1500, 300);
     button.Click = [&] { log.push_back("click"); };
     open(one);
     for (const screen_object* o : {&text, &button}) {
-        window(one).widget(*o)->setFocus();
+        widget(*o).setFocus();
         for (int i = 0; i < 3; ++i) QTest::keyPress(handle(one), ' ');
         release(one, Qt::Key_Space);
     }
     EXPECT_EQ(text.Text, "   ");
-    EXPECT_EQ(log, words{"click"});
+    EXPECT_EQ(log, strings{"click"});
 }
 
-TEST(virtual_keys, are_named_by_what_is_on_the_key_and_elsewhere_by_their_place)
+TEST(virtual_keys, are_found_by_label_and_without_latin_letters_by_position)
 {
     constexpr Qt::KeyboardModifiers plain{}, pad = Qt::KeypadModifier, shift = Qt::ShiftModifier;
     const auto code = [](int key, quint32 scan, Qt::KeyboardModifiers m) {
         return virtual_key(QKeyEvent(QEvent::KeyPress, key, m, scan, 0, 0));
     };
-    EXPECT_EQ(code(Qt::Key_A, 24, plain), 'A') << "a French keyboard has A where others have Q";
-    EXPECT_EQ(code(0x0424, 26, plain), 'E') << "a Russian one has no E at all";
+    EXPECT_EQ(code(Qt::Key_A, 24, plain), 'A') << "A on a French keyboard";
+    EXPECT_EQ(code(0x0424, 26, plain), 'E') << "the key at the position of E on a Russian keyboard";
     EXPECT_EQ(code(Qt::Key_Exclam, 10, shift), '1');
     EXPECT_EQ(code(Qt::Key_7, 16, plain), '7');
     EXPECT_EQ(code(Qt::Key_7, 79, pad), 103);

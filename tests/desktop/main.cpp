@@ -2,8 +2,8 @@
 
 #include <QApplication>
 
-// What the font library and that of the desktop's bus keep until the process ends.
-// NOLINTNEXTLINE(bugprone-reserved-identifier): the name that the sanitizer looks for
+// Memory that fontconfig and D-Bus keep until the process ends.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer calls it by this name
 extern "C" const char* __lsan_default_suppressions()
 {
     return "leak:libfontconfig\nleak:libdbus\n";

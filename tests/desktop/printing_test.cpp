@@ -10,8 +10,7 @@
 namespace vorn {
 
 struct printing : testing::Test {
-    // Prints to a file and counts its pages.
-    qsizetype pages(const std::vector<printed_line>& lines)
+    qsizetype page_count(const std::vector<printed_line>& lines)
     {
         QPdfWriter printer(folder.filePath("report.pdf"));
         EXPECT_EQ(print_lines(printer, lines), "");
@@ -23,19 +22,19 @@ struct printing : testing::Test {
     QTemporaryDir folder;
 };
 
-TEST_F(printing, goes_on_to_the_next_page_when_one_is_full)
+TEST_F(printing, continues_on_the_next_page)
 {
     const printed_line small{"ENGAGEMENT 1", "MS Sans Serif", 10, false, true};
     printed_line large = small;
     large.size = 30;
-    EXPECT_EQ(pages({small}), 1);
-    EXPECT_EQ(pages(std::vector<printed_line>(40, small)), 1);
-    EXPECT_EQ(pages(std::vector<printed_line>(100, small)), 2);
-    EXPECT_GE(pages(std::vector<printed_line>(40, large)), 2);
-    EXPECT_EQ(pages({printed_line{"", "No Such Face", 800}, small}), 2) << "a line larger than the page";
+    EXPECT_EQ(page_count({small}), 1);
+    EXPECT_EQ(page_count(std::vector<printed_line>(40, small)), 1);
+    EXPECT_EQ(page_count(std::vector<printed_line>(100, small)), 2);
+    EXPECT_GE(page_count(std::vector<printed_line>(40, large)), 2);
+    EXPECT_EQ(page_count({printed_line{"", "No Such Face", 800}, small}), 2) << "a line larger than the page";
 }
 
-TEST_F(printing, says_so_when_the_printer_cannot_be_used)
+TEST_F(printing, reports_a_printer_that_cannot_be_used)
 {
     QPdfWriter printer(folder.filePath("no/such/folder/report.pdf"));
     EXPECT_NE(print_lines(printer, {{"ENGAGEMENT 1", "", 10, true, false}}), "");

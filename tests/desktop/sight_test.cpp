@@ -14,13 +14,13 @@ static picture plain_picture(const QColor& c, int width = 8, int height = 8)
     return picture{"test", width * twips_per_pixel, height * twips_per_pixel, pixels};
 }
 
-// A sight 200 x 200 designed pixels, 100 from the corner of the form, at scales of the window.
+// A sight of 200 x 200 pixels, 100 pixels from the corner of the form, at several scales of the window.
 struct sight : desktop_test, testing::WithParamInterface<double> {
-    screen_object& glass = one.put(object_kind::sight, 1500, 1500, 3000, 3000);
+    screen_object& view = one.put(object_kind::sight, 1500, 1500, 3000, 3000);
 
     screen_object& image(double left, double top, double size, const QColor& c)
     {
-        screen_object& o = one.put(object_kind::image, left, top, size, size, &glass);
+        screen_object& o = one.put(object_kind::image, left, top, size, size, &view);
         o.Picture = plain_picture(c);
         return o;
     }
@@ -30,7 +30,7 @@ struct sight : desktop_test, testing::WithParamInterface<double> {
              static_cast<int>(std::lround(768 * GetParam())));
         seen = window(one).grab().toImage();
     }
-    // The colour at a point of the form, in designed pixels.
+    // The colour at a point of the form, in pixels at scale 1.
     QColor at(double x, double y) const
     {
         return seen.pixelColor(static_cast<int>(x * GetParam()), static_cast<int>(y * GetParam()));
@@ -39,7 +39,7 @@ struct sight : desktop_test, testing::WithParamInterface<double> {
     QImage seen;
 };
 
-TEST_P(sight, clips_and_draws_in_order)
+TEST_P(sight, clips_its_objects_and_draws_them_in_order)
 {
     image(-1500, -1500, 6000, Qt::blue);
     image(750, 750, 750, Qt::red);
@@ -48,17 +48,17 @@ TEST_P(sight, clips_and_draws_in_order)
     image(300, 300, 150, QColor(0, 0, 0, 0));
     one.put(object_kind::label, 1500, 1500, 150, 150).BackColor = colour::white;
     open_scaled();
-    EXPECT_EQ(at(105, 105), QColor(Qt::white)) << "what lies over the sight covers it";
+    EXPECT_EQ(at(105, 105), QColor(Qt::white)) << "an object over the sight";
     EXPECT_EQ(at(112, 112), QColor(Qt::blue));
-    EXPECT_EQ(at(298, 298), QColor(Qt::blue)) << "what is hidden isn't drawn";
-    EXPECT_EQ(at(125, 125), QColor(Qt::blue)) << "what is transparent lets the picture through";
+    EXPECT_EQ(at(298, 298), QColor(Qt::blue)) << "a hidden picture";
+    EXPECT_EQ(at(125, 125), QColor(Qt::blue)) << "a transparent picture";
     EXPECT_EQ(at(160, 160), QColor(Qt::red));
-    EXPECT_EQ(at(190, 190), QColor(0, 255, 0)) << "the later one lies over the earlier";
-    EXPECT_NE(at(90, 150), QColor(Qt::blue)) << "nothing outside the glass";
+    EXPECT_EQ(at(190, 190), QColor(0, 255, 0)) << "a later picture covers an earlier one";
+    EXPECT_NE(at(90, 150), QColor(Qt::blue)) << "outside the sight";
     EXPECT_NE(at(310, 150), QColor(Qt::blue));
 }
 
-TEST_P(sight, has_no_seam_between_pictures_that_meet_or_at_its_edge)
+TEST_P(sight, has_no_gap_between_adjacent_pictures)
 {
     for (const double left : {0.0, 1505.0})
         for (const double top : {0.0, 1505.0}) {
@@ -67,20 +67,19 @@ TEST_P(sight, has_no_seam_between_pictures_that_meet_or_at_its_edge)
             if (top > 0) quarter.Height = 1495;
         }
     open_scaled();
-    const QRect inner = window(one).widget(glass)->geometry();
-    int strange = 0;
+    const QRect inner = widget(view).geometry();
+    int gaps = 0;
     for (int y = inner.top(); y <= inner.bottom(); ++y)
-        for (int x = inner.left(); x <= inner.right(); ++x)
-            strange += seen.pixelColor(x, y) != QColor(Qt::blue);
-    EXPECT_EQ(strange, 0);
+        for (int x = inner.left(); x <= inner.right(); ++x) gaps += seen.pixelColor(x, y) != QColor(Qt::blue);
+    EXPECT_EQ(gaps, 0);
 }
 
-TEST_P(sight, marks_stand_out_before_light_and_dark)
+TEST_P(sight, marks_are_visible_on_white_and_on_black)
 {
     image(0, 0, 1500, Qt::white);
     image(1500, 0, 1500, Qt::black);
     for (const double left : {300, 1800}) {
-        screen_object& ring = one.put(object_kind::shape, left, 300, 900, 900, &glass);
+        screen_object& ring = one.put(object_kind::shape, left, 300, 900, 900, &view);
         ring.Shape = shape_kind::ellipse;
         ring.ForeColor = colour::sight;
     }

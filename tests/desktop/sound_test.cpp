@@ -1,8 +1,9 @@
-// The sound channel through SDL's disk driver, which writes the very samples that were played.
+// The sound channel, by SDL's disk driver, which writes the played samples to a file.
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
 #include <sys/stat.h>
 
+#include <QDataStream>
 #include <QFile>
 #include <QTemporaryDir>
 #include <algorithm>
@@ -27,24 +28,22 @@ protected:
 
     std::string path(const char* name) const { return folder.filePath(name).toStdString(); }
 
-    // A wave file; mono and at the sound channel's own rate its samples come out as they are.
-    std::string wave(const char* name, const samples& s, quint32 rate = 44100, quint32 channels = 1) const
+    // Writes a wave file. If mono and at the channel's own rate, its samples are played unchanged.
+    std::string wave(const char* name, const samples& s, quint32 rate = 44100, quint16 channels = 1) const
     {
         const auto bytes = static_cast<quint32>(s.size() * 2);
-        QByteArray b("RIFF");
-        const auto number = [&b](quint32 n, int size) { b.append(reinterpret_cast<const char*>(&n), size); };
-        number(36 + bytes, 4);
-        b += "WAVEfmt ";
-        const quint32 frame = 2 * channels;
-        for (const auto& [n, size] :
-             {std::pair{16U, 4}, {1U, 2}, {channels, 2}, {rate, 4}, {rate * frame, 4}, {frame, 2}, {16U, 2}})
-            number(n, size);
-        b += "data";
-        number(bytes, 4);
-        b.append(reinterpret_cast<const char*>(s.data()), static_cast<qsizetype>(bytes));
+        const auto frame = static_cast<quint16>(2 * channels);
         QFile f(folder.filePath(name));
         EXPECT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(b);
+        QDataStream out(&f);
+        out.setByteOrder(QDataStream::LittleEndian);
+        out.writeRawData("RIFF", 4);
+        out << 36 + bytes;
+        out.writeRawData("WAVEfmt ", 8);
+        out << quint32{16} << quint16{1} << channels << rate << rate * frame << frame << quint16{16};
+        out.writeRawData("data", 4);
+        out << bytes;
+        for (const std::int16_t sample : s) out << sample;
         return path(name);
     }
     samples played() const
@@ -72,12 +71,12 @@ protected:
     QTemporaryDir folder;
 };
 
-TEST_F(sound, plays_a_file_whole_and_cuts_it_off_at_a_stop)
+TEST_F(sound, plays_to_the_end_or_until_stopped)
 {
     sound_channel channel;
     const samples shot = ramp(2000, 5000);
     channel.play(wave("shot.wav", shot));
-    EXPECT_TRUE(channel.playing()) << "it returns while the file plays";
+    EXPECT_TRUE(channel.playing()) << "play returns at once";
     ASSERT_TRUE(QTest::qWaitFor([&] { return !channel.playing(); }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return contains(played(), shot); }));
 
@@ -89,17 +88,17 @@ TEST_F(sound, plays_a_file_whole_and_cuts_it_off_at_a_stop)
     EXPECT_FALSE(contains(played(), samples(burst.end() - 2000, burst.end())));
 }
 
-TEST_F(sound, what_cannot_be_played_is_passed_over)
+TEST_F(sound, ignores_files_that_cannot_be_played)
 {
     sound_channel channel;
     QFile broken(folder.filePath("broken.wav"));
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
     broken.write("RIFF\xff\xff\xff\x7fWAVEfmt and no more");
     broken.close();
-    const std::string days = wave("days.wav", ramp(0, 100000), 1);   // a second a sample
+    const std::string days = wave("days.wav", ramp(0, 100000), 1);   // at 1 Hz
     const std::string large = wave("large.wav", ramp(0, 90000));
     ASSERT_TRUE(QFile::resize(folder.filePath("large.wav"), 32'000'001));
-    ASSERT_EQ(mkfifo(path("pipe.wav").c_str(), 0600), 0);   // nobody ever writes to it
+    ASSERT_EQ(mkfifo(path("pipe.wav").c_str(), 0600), 0);   // without a writer
     for (const std::string& file :
          {path("none.wav"), path("broken.wav"), path(""), std::string(), days, large, path("pipe.wav"),
           wave("never.wav", ramp(0, 9), 0), wave("fast.wav", ramp(0, 90000), 400'001),
@@ -111,17 +110,8 @@ TEST_F(sound, what_cannot_be_played_is_passed_over)
     EXPECT_TRUE(channel.playing());
 }
 
-TEST_F(sound, a_machine_without_a_device_is_silent)
-{
-    qputenv("SDL_AUDIODRIVER", "there is none of this name");
-    sound_channel channel;
-    channel.play(wave("shot.wav", ramp(0, 9000)));
-    EXPECT_FALSE(channel.playing());
-    channel.stop();
-}
-
-// Pulling the device out is closing it behind the channel's back: SDL tells both in the same way.
-TEST_F(sound, a_device_that_goes_away_is_replaced_at_the_next_sound)
+// Closing the device behind the channel's back looks to SDL like unplugging it.
+TEST_F(sound, replaces_a_lost_device_at_the_next_sound)
 {
     sound_channel channel;
     channel.play(wave("long.wav", ramp(-20000, 900000)));
@@ -134,16 +124,17 @@ TEST_F(sound, a_device_that_goes_away_is_replaced_at_the_next_sound)
     EXPECT_TRUE(QTest::qWaitFor([&] { return contains(played(), second); }));
 }
 
-TEST_F(sound, a_device_that_comes_later_is_found)
+TEST_F(sound, is_silent_without_a_device_and_finds_one_that_comes_later)
 {
-    qputenv("SDL_AUDIODRIVER", "there is none of this name");
+    qputenv("SDL_AUDIODRIVER", "no such driver");
     sound_channel channel;
     channel.retry_seconds = 0.05;
     channel.play(wave("shot.wav", ramp(0, 9000)));
-    ASSERT_FALSE(channel.playing());
+    EXPECT_FALSE(channel.playing());
+    channel.stop();
     qputenv("SDL_AUDIODRIVER", "disk");
     channel.play(path("shot.wav"));
-    EXPECT_FALSE(channel.playing()) << "it doesn't look for one with every sound";
+    EXPECT_FALSE(channel.playing()) << "too soon for another attempt";
     QTest::qWait(60);
     channel.play(path("shot.wav"));
     EXPECT_TRUE(channel.playing());

@@ -1,4 +1,4 @@
-// The joystick through SDL's virtual one: plugged in and pulled out, its buttons and its axes.
+// The joystick, by SDL's virtual joystick: plugging in and unplugging, buttons and axes.
 #include "platform/desktop/devices/stick.h"
 #include "fixture.h"
 #include "virtual_stick.h"
@@ -18,13 +18,12 @@ protected:
         stick.plug();
         moves.clear();
     }
-    using list = std::vector<std::string>;
 
     std::vector<std::pair<long, long>> moves;
     virtual_stick stick{pc};
 };
 
-TEST_F(joystick, off_its_centre_it_tells_its_place_again_and_again)
+TEST_F(joystick, reports_its_position_at_each_poll_while_deflected)
 {
     open(one);
     plug();
@@ -35,17 +34,17 @@ TEST_F(joystick, off_its_centre_it_tells_its_place_again_and_again)
     pc.joystick().poll();
     ASSERT_GE(moves.size(), 3U);
     EXPECT_EQ(moves.front().first, 0);
-    EXPECT_EQ(moves.back(), (std::pair{0L, 65535L})) << "towards the gunner grows";
+    EXPECT_EQ(moves.back(), (std::pair{0L, 65535L})) << "Y grows towards the gunner";
     EXPECT_EQ(pc.joystick_reading(14), 65535);
     stick.axis(0, 0);
     stick.axis(1, 0);
-    EXPECT_EQ(moves.back(), (std::pair{32768L, 32768L})) << "the return to the centre is told";
-    const std::size_t told = moves.size();
+    EXPECT_EQ(moves.back(), (std::pair{32768L, 32768L})) << "the return to the centre is reported";
+    const std::size_t reported = moves.size();
     pc.joystick().poll();
-    EXPECT_EQ(moves.size(), told);
+    EXPECT_EQ(moves.size(), reported);
 }
 
-TEST_F(joystick, pulled_out_it_lets_its_buttons_go_and_comes_back)
+TEST_F(joystick, releases_its_buttons_when_unplugged_and_can_come_back)
 {
     open(one);
     plug();
@@ -53,22 +52,22 @@ TEST_F(joystick, pulled_out_it_lets_its_buttons_go_and_comes_back)
     stick.axis(0, 9000);
     stick.unplug();
     pc.joystick().poll();
-    EXPECT_EQ(log, (list{"down 1", "up 1"}));
+    EXPECT_EQ(log, (strings{"down 1", "up 1"}));
     EXPECT_EQ(pc.joystick_reading(13), 32768);
-    const std::size_t told = moves.size();
+    const std::size_t reported = moves.size();
     pc.joystick().poll();
-    EXPECT_EQ(moves.size(), told) << "no moves from nothing";
+    EXPECT_EQ(moves.size(), reported) << "an absent stick doesn't move";
     plug();
     stick.button(1, true);
     EXPECT_EQ(log.back(), "down 2");
 }
 
-TEST_F(joystick, of_several_the_one_with_two_axes_is_taken_or_the_one_that_moves)
+TEST_F(joystick, is_the_first_with_two_axes_or_the_one_that_moves)
 {
     virtual_stick throttle{pc}, other{pc};
     open(one);
     throttle.plug(1);
-    EXPECT_FALSE(pc.joystick_present()) << "no stick";
+    EXPECT_FALSE(pc.joystick_present()) << "it has one axis";
     plug();
     other.plug();
     EXPECT_TRUE(pc.joystick_present());
@@ -76,29 +75,30 @@ TEST_F(joystick, of_several_the_one_with_two_axes_is_taken_or_the_one_that_moves
     EXPECT_EQ(pc.joystick_reading(13), 32768 + 9000);
     throttle.axis(0, 32767);
     other.axis(0, 8000);
-    EXPECT_EQ(pc.joystick_reading(13), 32768 + 9000) << "the other one was hardly moved";
+    EXPECT_EQ(pc.joystick_reading(13), 32768 + 9000)
+        << "the other stick has moved less than half of its range";
     stick.button(0, true);
     other.axis(0, 30000);
-    EXPECT_EQ(pc.joystick_reading(13), 32768 + 9000) << "a button of this one is held";
+    EXPECT_EQ(pc.joystick_reading(13), 32768 + 9000) << "a button of this stick is held";
     stick.button(0, false);
     other.axis(0, -30000);
     EXPECT_EQ(pc.joystick_reading(13), 32768 - 30000);
     stick.axis(0, 0);
     EXPECT_EQ(pc.joystick_reading(13), 32768 - 30000);
     stick.axis(0, -32768);
-    EXPECT_EQ(pc.joystick_reading(13), 0) << "and back, though the other one doesn't lie at its centre";
+    EXPECT_EQ(pc.joystick_reading(13), 0) << "and back, though the other stick is still deflected";
     stick.unplug();
     pc.joystick().poll();
-    EXPECT_EQ(pc.joystick_reading(13), 32768 - 30000) << "the one that is left";
+    EXPECT_EQ(pc.joystick_reading(13), 32768 - 30000) << "the remaining stick";
 }
 
-TEST_F(joystick, a_box_takes_buttons_and_moves_away)
+TEST_F(joystick, sends_nothing_while_a_box_is_open)
 {
     open(one);
     plug();
     stick.button(0, true);
-    when_box<QDialog>([&](QDialog& box) {
-        EXPECT_EQ(log, (list{"down 1", "up 1"}));
+    when_box([&](QDialog& box) {
+        EXPECT_EQ(log, (strings{"down 1", "up 1"}));
         stick.button(1, true);
         stick.button(1, false);
         stick.axis(0, 20000);
@@ -107,10 +107,10 @@ TEST_F(joystick, a_box_takes_buttons_and_moves_away)
     });
     pc.run([&] { pc.message_box({"x", ""}); });
     EXPECT_EQ(log.size(), 2U);
-    window(one).activateWindow();   // off screen nobody else does that
+    window(one).activateWindow();   // the offscreen platform doesn't
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window(one)));
     pc.joystick().poll();
-    EXPECT_FALSE(moves.empty()) << "once it is closed the stick is told again";
+    EXPECT_FALSE(moves.empty()) << "its position is reported again";
 }
 
 }   // namespace vorn::desktop_tests

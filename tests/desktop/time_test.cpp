@@ -1,97 +1,93 @@
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMessageBox>
-#include <thread>
 
 #include "fixture.h"
 
 namespace vorn::desktop_tests {
 
 struct timing : desktop_test {
-    using words = std::vector<std::string>;
-
-    // A key as the window system queues it.
+    // As the window system does it.
     void queue_key(const screen& s, Qt::Key k)
     {
         QCoreApplication::postEvent(handle(s), new QKeyEvent(QEvent::KeyPress, k, {}));
     }
 };
 
-// Counts how often a widget is painted.
+// Counts the repaints of a widget.
 class paint_count : public QObject {
 public:
     explicit paint_count(QWidget& w) { w.installEventFilter(this); }
-    int seen = 0;
+    int count = 0;
 
 protected:
     bool eventFilter(QObject*, QEvent* e) override
     {
-        seen += e->type() == QEvent::Paint ? 1 : 0;
+        count += e->type() == QEvent::Paint ? 1 : 0;
         return false;
     }
 };
 
-TEST_F(timing, timers_tick_until_they_are_stopped_and_their_changes_are_seen)
+TEST_F(timing, timers_tick_until_stopped_and_their_changes_are_shown)
 {
     screen_object& label = one.put(object_kind::label, 0, 0, 1500, 300);
     int n = 0;
-    timer& t = one.tick(1, [&] { label.Caption = std::to_string(++n); });
+    timer& t = one.add_timer(1, [&] { label.Caption = std::to_string(++n); });
     open(one);
     pc.run([&] { start(t); });
     EXPECT_TRUE(QTest::qWaitFor([&] { return n >= 5; }));
     pc.run([&] { stop(t); });
     const int last = n;
     int others = 0;
-    timer& other = one.tick(1, [&] { ++others; });
+    timer& other = one.add_timer(1, [&] { ++others; });
     pc.run([&] { start(other); });
     EXPECT_TRUE(QTest::qWaitFor([&] { return others >= 5; }));
     EXPECT_EQ(n, last);
     EXPECT_EQ(widget<QLabel>(label).text().toInt(), last);
 }
 
-TEST_F(timing, a_box_blocks_its_handler_but_not_the_clock)
+TEST_F(timing, a_box_blocks_its_handler_but_no_timer)
 {
     int n = 0;
-    timer& t = one.tick(1, [&] { ++n; });
+    timer& t = one.add_timer(1, [&] { ++n; });
     open(one);
-    when_box<QMessageBox>([](QMessageBox& box) { box.accept(); }, [&] { return n >= 3; });
+    when_box([](QDialog& box) { box.accept(); }, [&] { return n >= 3; });
     pc.run([&] {
         start(t);
         pc.message_box({"RANGE IN USE", "SIMULATOR"});
         log.push_back(n >= 3 ? "after the ticks" : "before the ticks");
     });
-    EXPECT_EQ(log, words{"after the ticks"});
+    EXPECT_EQ(log, strings{"after the ticks"});
 }
 
-TEST_F(timing, a_counted_move_is_seen_as_it_goes_and_keeps_all_events_waiting)
+TEST_F(timing, a_counted_move_is_shown_step_by_step_and_delays_events)
 {
     screen_object& sight = one.put(object_kind::sight, 0, 0, 6000, 6000);
     screen_object& shot = one.put(object_kind::image, 0, 0, 150, 150, &sight);
-    timer& t = one.tick(1, [&] { log.push_back("tick"); });
+    timer& t = one.add_timer(1, [&] { log.push_back("tick"); });
     one.f.KeyDown = [&](int) { log.push_back("key"); };
     open(one);
     paint_count painted(*window(one).widget(sight));
     pc.run([&] {
         start(t);
-        next_tick(pc);   // its first moment falls within the move
+        next_tick(pc);   // the first tick falls due during the move
         queue_key(one, Qt::Key_D);
         for (int i = 0; i < 200; ++i) {
             shot.Top += 15;
             pc.pace(0.001);
         }
         EXPECT_TRUE(log.empty());
-        EXPECT_GE(painted.seen, 3);
+        EXPECT_GE(painted.count, 3);
     });
     EXPECT_TRUE(QTest::qWaitFor([&] { return log.size() >= 2; }));
-    EXPECT_EQ(log[0], "key") << "a key that waited comes before the ticks that fell due";
+    EXPECT_EQ(log[0], "key") << "a delayed key comes before delayed ticks";
     EXPECT_EQ(log[1], "tick");
 }
 
-TEST_F(timing, pending_events_are_handled_in_the_midst_of_a_handler)
+TEST_F(timing, do_events_handles_pending_events_within_a_handler)
 {
     int others = 0;
-    timer& other = one.tick(1, [&] { ++others; });
-    timer& lay = one.tick(1, {});
+    timer& other = one.add_timer(1, [&] { ++others; });
+    timer& lay = one.add_timer(1, {});
     lay.tick = [&] {
         log.push_back("lay");
         queue_key(one, Qt::Key_U);
@@ -106,10 +102,10 @@ TEST_F(timing, pending_events_are_handled_in_the_midst_of_a_handler)
         start(lay);
     });
     EXPECT_TRUE(QTest::qWaitFor([&] { return log.size() >= 3; }));
-    EXPECT_EQ(log, (words{"lay", "key", "laid"}));
+    EXPECT_EQ(log, (strings{"lay", "key", "laid"}));
 }
 
-TEST_F(timing, the_screen_may_be_unloaded_while_events_are_let_in)
+TEST_F(timing, do_events_may_unload_the_screen)
 {
     screen_object& back = one.put(object_kind::button, 0, 0, 1500, 300);
     back.Click = [&] {
@@ -117,17 +113,17 @@ TEST_F(timing, the_screen_may_be_unloaded_while_events_are_let_in)
         show(pc, two.f);
     };
     two.f.arrival = [&] { log.push_back("two"); };
-    timer& lay = one.tick(1, {});
+    timer& lay = one.add_timer(1, {});
     lay.tick = [&] {
         QTimer::singleShot(0, [&] { click(back); });
         while (one.f.state == form_state::shown) pc.do_events();
-        back.Caption = "written by the handler that is still to end";
+        back.Caption = "set by the handler that still runs";
         log.push_back("laid");
     };
     open(one);
     pc.run([&] { start(lay); });
     EXPECT_TRUE(QTest::qWaitFor([&] { return log.size() >= 2 && !window(one).isVisible(); }));
-    EXPECT_EQ(log, (words{"two", "laid"}));
+    EXPECT_EQ(log, (strings{"two", "laid"}));
     EXPECT_TRUE(window(two).isVisible());
 }
 

@@ -1,13 +1,19 @@
-// The whole trainer on the real widgets, the road to a sight, and a gunner who lays on by real keys.
+// The fixture of the tests that run the whole trainer on real widgets.
 #pragma once
 
+#include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
-#include <cmath>
+#include <QTemporaryDir>
 
+#include "calibration/joycal.h"
+#include "debrief/results.h"
 #include "fixture.h"
 #include "flow/intro.h"
-#include "gunnery/gunnery.h"
+#include "gunnery/screen.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
 #include "trainer.h"
 
 namespace vorn::desktop_tests {
@@ -16,45 +22,47 @@ class trainer_test : public desktop_test {
 protected:
     trainer_test() { pc.default_directory = VORN_SOURCE_DIR "/data"; }
 
-    QWidget* widget_of(const screen_object& o) const { return pc.window(*o.owner)->widget(o); }
-    void click_on(const screen_object& o) { QTest::mouseClick(widget_of(o), Qt::LeftButton); }
+    std::vector<form*> forms()
+    {
+        return {&t.intro.window,   &t.startsim.window, &t.simulator.window, &t.thermal.window,
+                &t.results.window, &t.rauthor.window,  &t.joycal.window};
+    }
+    // Starts the program and opens the set-up screen.
+    void open_setup()
+    {
+        when_box([](QDialog& box) { box.accept(); });
+        pc.run([this] { start_program(t); });
+        click(t.intro.lblstart);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(pc.window(t.startsim.window)));
+    }
     void answer_yes()
     {
         when_box<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
     }
-    bool wait_for(const std::function<bool()>& what, int milliseconds = 15000)
+    // Selects a file in the next file dialog.
+    void choose(const QString& file)
     {
-        return QTest::qWaitFor(what, milliseconds);
+        when_box<QFileDialog>([file](QFileDialog& d) {
+            d.selectFile(file);
+            static_cast<QDialog&>(d).accept();
+        });
+    }
+    // Begins a new range in the author, with this picture.
+    void new_range(const QString& name, const QString& picture)
+    {
+        when_box<QInputDialog>([=, this](QInputDialog& box) {
+            box.setTextValue(name);
+            when_box<QMessageBox>([=, this](QMessageBox& question) {
+                choose(picture);
+                question.button(QMessageBox::No)->click();
+            });
+            box.accept();
+        });
+        click(t.rauthor.cmdnew);
     }
 
     trainer t{pc};
-};
-
-// A gunner at the visual sight who lays on by real keys.
-class engagement : public trainer_test {
-protected:
-    gunnery_screen& s = t.simulator;
-
-    QWindow* handle() { return pc.window(s.window)->windowHandle(); }
-    // Holds a direction until the target's centre has come over the line of the dot.
-    void nudge(double (*off)(const gunnery_screen&), Qt::Key less, Qt::Key more)
-    {
-        const double before = off(s);
-        if (std::abs(before) <= 30) return;
-        const Qt::Key k = before > 0 ? more : less;
-        QTest::keyPress(handle(), k);
-        EXPECT_TRUE(wait_for([&] { return std::abs(off(s)) <= 30 || off(s) * before < 0; }));
-        QTest::keyRelease(handle(), k);
-    }
-    void lay_on()
-    {
-        for (int i = 0; i < 20; ++i) {
-            nudge(aimacross, Qt::Key_H, Qt::Key_J);
-            nudge(aimdown, Qt::Key_U, Qt::Key_N);
-        }
-        EXPECT_LE(std::abs(aimacross(s)), 30);
-        EXPECT_LE(std::abs(aimdown(s)), 30);
-    }
+    QTemporaryDir folder;
 };
 
 }   // namespace vorn::desktop_tests

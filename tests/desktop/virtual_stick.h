@@ -1,4 +1,4 @@
-// A joystick that SDL makes up: a test plugs it in and works it, and the machine finds it as it finds any.
+// A virtual joystick of SDL, which the machine finds like a real one.
 #pragma once
 
 #define SDL_MAIN_HANDLED
@@ -20,17 +20,17 @@ public:
 
     void plug(int axes = 2)
     {
-        pc.joystick().poll();   // the toolkit is up from here on
+        pc.joystick().poll();   // initialises SDL
         const int index = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_FLIGHT_STICK, axes, 6, 0);
         ASSERT_GE(index, 0) << SDL_GetError();
         device = SDL_JoystickOpen(index);
         pc.joystick().poll();
     }
-    // Noticed at the next look.
+    // The machine notices at the next poll.
     void unplug()
     {
         if (device == nullptr) return;
-        // Its index may be another by now, since each one that goes moves those behind it up.
+        // Indices change when another stick is unplugged.
         int index = 0;
         while (SDL_JoystickGetDeviceInstanceID(index) != SDL_JoystickInstanceID(device)) ++index;
         SDL_JoystickDetachVirtual(index);

@@ -1,43 +1,51 @@
-// The whole road through the program, as an instructor and his student take it on one morning: every screen,
-// by mouse, keys, dialogs and stick, from the title to the exit.
-#include <QFileDialog>
-#include <QInputDialog>
+// One run through every screen on real widgets, from the title to the exit, by mouse, keys, dialogs and
+// joystick.
 #include <QLabel>
-#include <QTemporaryDir>
+#include <cmath>
 
 #include "calibration/joycal.h"
 #include "debrief/results.h"
 #include "debrief/resultsfile.h"
-#include "flow/intro.h"
+#include "gunnery/gunnery.h"
 #include "platform/files.h"
 #include "ranges/rangefile.h"
-#include "ranges/rauthor.h"
-#include "setup/startsim.h"
 #include "trainer_fixture.h"
 #include "virtual_stick.h"
 
 namespace vorn::desktop_tests {
 
-class walkthrough : public engagement {
+class walkthrough : public trainer_test {
 protected:
-    void choose(const QString& file)
-    {
-        when_box<QFileDialog>([file](QFileDialog& d) {
-            d.selectFile(file);
-            static_cast<QDialog&>(d).accept();
-        });
-    }
-    std::string shown(const screen_object& o) const
-    {
-        return dynamic_cast<QLabel&>(*widget_of(o)).text().toStdString();
-    }
-    // The waits of a practice at a fraction of their time, the gunner's own work at the world's.
+    QWindow* handle() { return pc.window(s.window)->windowHandle(); }
+    std::string shown(const screen_object& o) const { return widget<QLabel>(o).text().toStdString(); }
+
+    bool wait_for(const std::function<bool()>& what) { return QTest::qWaitFor(what, 15000); }
+    // With the practice's clock at twelve times the speed.
     bool wait_fast(const std::function<bool()>& what)
     {
         pc.set_speed(12);
-        const bool came = wait_for(what, 30000);
+        const bool came = QTest::qWaitFor(what, 30000);
         pc.set_speed(1);
         return came;
+    }
+    // Holds a direction key until the aim point is on the centre of the target in this direction.
+    void traverse(double (*offset)(const gunnery_screen&), Qt::Key less, Qt::Key more)
+    {
+        const double before = offset(s);
+        if (std::abs(before) <= 30) return;
+        const Qt::Key k = before > 0 ? more : less;
+        QTest::keyPress(handle(), k);
+        EXPECT_TRUE(wait_for([&] { return std::abs(offset(s)) <= 30 || offset(s) * before < 0; }));
+        QTest::keyRelease(handle(), k);
+    }
+    void lay_on()
+    {
+        for (int i = 0; i < 20; ++i) {
+            traverse(aimacross, Qt::Key_H, Qt::Key_J);
+            traverse(aimdown, Qt::Key_U, Qt::Key_N);
+        }
+        EXPECT_LE(std::abs(aimacross(s)), 30);
+        EXPECT_LE(std::abs(aimdown(s)), 30);
     }
     void fire_on_target()
     {
@@ -63,7 +71,7 @@ protected:
         EXPECT_TRUE(wait_fast([&] { return s.Imgloaded.Visible; }));
         QTest::keyClick(handle(), Qt::Key_D);
     }
-    // Kills the odd targets, misses the second with a round and lets the others go by.
+    // Hits the odd targets, misses the second, and does not fire at the others.
     void fight()
     {
         for (int target = 1; target <= 6; ++target) {
@@ -77,17 +85,15 @@ protected:
     }
     void set_up_and_fight()
     {
-        when_box<QMessageBox>([](QMessageBox& box) { box.accept(); });
-        pc.run([&] { start_program(t); });
-        click_on(t.intro.lblstart);
+        open_setup();
         for (const screen_object* o : {&t.startsim.Optcon2, &t.startsim.Opteng4, &t.startsim.Opttime2})
-            click_on(*o);
+            click(*o);
         answer_yes();
-        click_on(t.startsim.Cmdstart);
+        click(t.startsim.Cmdstart);
         ASSERT_EQ(front(pc), &s.window);
         ASSERT_TRUE(wait_for([&] { return pc.window(s.window)->isActiveWindow(); }));
-        pc.run([&] { set_slider(s.HScspeed, 20); });   // a fine lay
-        click_on(s.Cmdstartsim);
+        pc.run([&] { set_slider(s.HScspeed, 20); });   // slow enough to stop on the target
+        click(s.Cmdstartsim);
         ASSERT_NO_FATAL_FAILURE(fight());
         ASSERT_EQ(front(pc), &t.results.window);
     }
@@ -95,12 +101,12 @@ protected:
     {
         const char* const engagements[] = {"1 YES", "1 NO", "1 YES", "0 NO", "1 YES", "0 NO"};
         for (int e = 1; const char* rounds_and_hit : engagements) {
-            click_on(t.results.Lbltgtnumber[e]);
+            click(t.results.Lbltgtnumber[e]);
             EXPECT_EQ(shown(t.results.Lblrounds) + ' ' + shown(t.results.Lbltarget), rounds_and_hit) << e;
             ++e;
         }
         choose(folder.filePath("smith"));
-        click_on(t.results.Cmdsave);
+        click(t.results.Cmdsave);
         practice_state read;
         ASSERT_TRUE(take_results(*read_file(pc, folder.filePath("smith.vrn").toStdString()).text, read));
         EXPECT_EQ(read.rechit, t.shared.rechit);
@@ -108,37 +114,29 @@ protected:
             choose(folder.filePath("report.pdf"));
             box.button(QMessageBox::Yes)->click();
         });
-        click_on(t.results.Cmdprint);
+        click(t.results.Cmdprint);
         QFile report(folder.filePath("report.pdf"));
         ASSERT_TRUE(report.open(QIODevice::ReadOnly));
         EXPECT_TRUE(report.peek(5) == "%PDF-" && report.size() > 5000);
-        click_on(t.results.cmdnew);
+        click(t.results.cmdnew);
         ASSERT_EQ(front(pc), &t.startsim.window);
     }
     void make_a_range()
     {
         rauthor_screen& a = t.rauthor;
         answer_yes();
-        click_on(t.startsim.cmdeditrange);
-        when_box<QInputDialog>([this](QInputDialog& box) {
-            box.setTextValue("NEW GROUND");
-            when_box<QMessageBox>([this](QMessageBox& question) {
-                choose(VORN_SOURCE_DIR "/data/ranges/visualrange.vrp");
-                question.button(QMessageBox::No)->click();
-            });
-            box.accept();
-        });
-        click_on(a.cmdnew);
+        click(t.startsim.cmdeditrange);
+        new_range("NEW GROUND", VORN_SOURCE_DIR "/data/ranges/visualrange.vrp");
         for (int n = 1; n <= 20; ++n) {
-            QTest::mousePress(widget_of(a.cmdright), Qt::LeftButton);
+            QTest::mousePress(&widget(a.cmdright), Qt::LeftButton);
             QTest::qWait(30);
-            QTest::mouseRelease(widget_of(a.cmdright), Qt::LeftButton);
-            click_on(a.Lbltargetnum[n]);
-            click_on(a.Lblsavetarget);
+            QTest::mouseRelease(&widget(a.cmdright), Qt::LeftButton);
+            click(a.Lbltargetnum[n]);
+            click(a.Lblsavetarget);
         }
         choose(folder.filePath("ground"));
-        click_on(a.Cmdsave);
-        click_on(a.Cmdstart);
+        click(a.Cmdsave);
+        click(a.Cmdstart);
         EXPECT_EQ(t.startsim.Lblrangename.Caption, "NEW GROUND          ");
         practice_state read;
         ASSERT_EQ(read_range(pc, folder.filePath("ground.arf").toStdString(), all_entries, read), "");
@@ -150,9 +148,9 @@ protected:
     {
         virtual_stick stick(pc);
         stick.plug();
-        click_on(t.startsim.cmdstick);
+        click(t.startsim.cmdstick);
         ASSERT_TRUE(wait_for([&] { return pc.window(t.joycal.window)->isActiveWindow(); }));
-        click_on(t.joycal.Cmdstart);
+        click(t.joycal.Cmdstart);
         for (int n = 0; n < 3; ++n) {
             stick.button(n, true);
             stick.button(n, false);
@@ -163,11 +161,11 @@ protected:
         stick.axis(1, -20000);
         EXPECT_EQ(shown(c.Lblxmin) + ' ' + shown(c.Lblymin), "52768 12768");
         EXPECT_TRUE(c.dot.Left > left && c.dot.Top < top) << "right and away from the user";
-        click_on(c.Cmdfinish);
+        click(c.Cmdfinish);
         EXPECT_TRUE(t.shared.joycalibrated);
     }
 
-    QTemporaryDir folder;
+    gunnery_screen& s = t.simulator;
 };
 
 TEST_F(walkthrough, leads_through_every_screen)
@@ -183,7 +181,7 @@ TEST_F(walkthrough, leads_through_every_screen)
     EXPECT_EXIT(
         {
             answer_yes();
-            click_on(t.startsim.Cmdexit);
+            click(t.startsim.Cmdexit);
         },
         testing::ExitedWithCode(42), "");
 }

@@ -22,7 +22,7 @@ struct objects : desktop_test {
     bool chosen(const screen_object& o) const { return widget<QRadioButton>(o).isChecked(); }
 };
 
-TEST_F(objects, show_what_their_fields_say_when_the_handler_is_done)
+TEST_F(objects, show_their_fields_after_the_handler)
 {
     screen_object& frame = one.put(kind::frame, 1500, 1500, 6000, 4500);
     screen_object& label = one.put(kind::label, 300, 600, 1500, 300, &frame);
@@ -55,7 +55,7 @@ TEST_F(objects, show_what_their_fields_say_when_the_handler_is_done)
     EXPECT_EQ(widget<QLabel>(label).mapTo(&window(one), QPoint()), QPoint(140, 140));
 }
 
-TEST_F(objects, a_hidden_or_disabled_frame_takes_what_it_holds_along)
+TEST_F(objects, of_a_hidden_or_disabled_frame_are_hidden_or_disabled)
 {
     screen_object& frame = one.put(kind::frame, 0, 0, 6000, 6000);
     screen_object& button = one.put(kind::button, 300, 600, 1500, 300, &frame);
@@ -76,29 +76,26 @@ TEST_F(objects, a_hidden_or_disabled_frame_takes_what_it_holds_along)
     EXPECT_EQ(log.size(), 1U);
 }
 
-TEST_F(objects, the_focus_of_a_button_that_is_disabled_goes_to_no_other)
+TEST_F(objects, a_disabled_button_passes_its_focus_to_no_other)
 {
     screen_object& start = one.put(kind::button, 0, 0, 1500, 300);
     screen_object& help = one.put(kind::button, 1500, 0, 1500, 300);
     help.Click = [&] { log.push_back("help"); };
     start.Click = [&] { start.Enabled = false; };
     open(one);
-    window(one).widget(start)->setFocus();
-    for (int i = 0; i < 2; ++i) {
-        press(one, Qt::Key_Space);
-        release(one, Qt::Key_Space);
-    }
+    widget(start).setFocus();
+    for (int i = 0; i < 2; ++i) QTest::keyClick(handle(one), Qt::Key_Space);
     EXPECT_FALSE(start.Enabled);
     EXPECT_TRUE(log.empty());
     pc.run([&] { start.Enabled = true; });
-    EXPECT_TRUE(window(one).widget(start)->hasFocus()) << "it has the focus again";
+    EXPECT_TRUE(widget(start).hasFocus()) << "the focus returns";
     pc.run([&] { start.Enabled = false; });
     press(one, Qt::Key_Tab);
     pc.run([&] { start.Enabled = true; });
-    EXPECT_TRUE(window(one).widget(help)->hasFocus()) << "the user has gone on";
+    EXPECT_TRUE(widget(help).hasFocus()) << "the user has moved the focus";
 }
 
-TEST_F(objects, an_option_runs_once_when_it_becomes_the_chosen_one_of_its_frame)
+TEST_F(objects, an_option_is_reported_once_when_it_is_selected)
 {
     screen_object& left = one.put(kind::frame, 0, 0, 3000, 6000);
     screen_object& right = one.put(kind::frame, 4000, 0, 3000, 6000);
@@ -113,7 +110,7 @@ TEST_F(objects, an_option_runs_once_when_it_becomes_the_chosen_one_of_its_frame)
     EXPECT_TRUE(log.empty());
     click(b);
     click(b);
-    EXPECT_EQ(log, std::vector<std::string>{"option b"});
+    EXPECT_EQ(log, strings{"option b"});
     EXPECT_TRUE(chosen(b) && !chosen(a) && chosen(other));
     widget<QRadioButton>(b).setFocus();
     press(one, Qt::Key_Up);
@@ -128,7 +125,7 @@ TEST_F(objects, an_option_runs_once_when_it_becomes_the_chosen_one_of_its_frame)
     EXPECT_TRUE(chosen(b));
 }
 
-TEST_F(objects, what_a_handler_takes_back_is_not_seen)
+TEST_F(objects, show_the_value_that_the_handler_sets)
 {
     screen_object& check = one.put(kind::checkbox, 0, 0, 1500, 300);
     screen_object& slider = one.put(kind::slider, 0, 600, 1500, 300);
@@ -146,7 +143,7 @@ TEST_F(objects, what_a_handler_takes_back_is_not_seen)
     EXPECT_EQ(widget<QLineEdit>(text).text(), "ONE");
 }
 
-TEST_F(objects, a_slider_runs_on_a_new_position_alone_whoever_moves_it)
+TEST_F(objects, a_slider_is_reported_when_its_value_changes)
 {
     screen_object& slider = one.put(kind::slider, 0, 600, 1500, 300);
     slider.Max = 10;
@@ -155,11 +152,11 @@ TEST_F(objects, a_slider_runs_on_a_new_position_alone_whoever_moves_it)
     widget<QSlider>(slider).setValue(4);
     pc.run([&] { set_slider(slider, 4); });
     pc.run([&] { set_slider(slider, 7); });
-    EXPECT_EQ(log, (std::vector<std::string>{"4", "7"}));
+    EXPECT_EQ(log, (strings{"4", "7"}));
     EXPECT_EQ(widget<QSlider>(slider).value(), 7);
 }
 
-TEST_F(objects, typing_reports_each_change_and_keeps_the_cursor)
+TEST_F(objects, typing_is_reported_and_keeps_the_cursor)
 {
     screen_object& text = one.put(kind::textbox, 0, 0, 1500, 300);
     text.Text = "ac";
@@ -171,11 +168,11 @@ TEST_F(objects, typing_reports_each_change_and_keeps_the_cursor)
     auto& box = widget<QLineEdit>(text);
     box.setCursorPosition(1);
     QTest::keyClicks(&box, "bb");
-    EXPECT_EQ(log, (std::vector<std::string>{"abc", "abbc"}));
+    EXPECT_EQ(log, (strings{"abc", "abbc"}));
     EXPECT_EQ(box.cursorPosition(), 3);
 }
 
-TEST_F(objects, labels_and_pictures_with_a_click_are_worked_by_mouse_and_keyboard)
+TEST_F(objects, labels_and_pictures_with_a_handler_are_clicked_by_mouse_and_keyboard)
 {
     screen_object& label = one.put(kind::label, 0, 0, 1500, 600);
     screen_object& picture = one.put(kind::image, 0, 1500, 1500, 600);
@@ -183,25 +180,25 @@ TEST_F(objects, labels_and_pictures_with_a_click_are_worked_by_mouse_and_keyboar
     label.Caption = "S&AVE";
     label.ForeColor = colour::red;
     label.Click = picture.Click = [&] { log.push_back("click"); };
-    caption.Caption = "a label that lies over them and has no use for the mouse";
+    caption.Caption = "a label over them that ignores the mouse";
     open(one);
     QTest::mouseClick(window(one).childAt(50, 20), Qt::LeftButton);
     click(picture);
     for (const screen_object* o : {&label, &picture}) {
-        pc.window(one.f)->widget(*o)->setFocus();
+        widget(*o).setFocus();
         QTest::keyClick(handle(one), Qt::Key_Space);
     }
     EXPECT_EQ(log.size(), 4U);
-    EXPECT_EQ(window(one).widget(label)->palette().color(QPalette::ButtonText), shade(colour::red));
+    EXPECT_EQ(widget(label).palette().color(QPalette::ButtonText), shade(colour::red));
     QTest::keyClick(handle(one), Qt::Key_A, Qt::AltModifier);
-    EXPECT_EQ(log.size(), 4U) << "'&' names an access key in buttons alone";
+    EXPECT_EQ(log.size(), 4U) << "only buttons have access keys";
 }
 
-TEST_F(objects, the_caption_of_an_option_is_narrowed_rather_than_cut)
+TEST_F(objects, the_caption_of_an_option_is_condensed_to_fit)
 {
     screen_object& o = one.put(kind::option, 0, 0, 1500, 330);
     o.Caption = "Self degrading";
-    o.Enabled = false;   // without the frame of the focus
+    o.Enabled = false;   // draws no focus frame
     open(one);
     auto& button = widget<QRadioButton>(o);
     const int mark = button.style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth);
@@ -223,35 +220,30 @@ struct mouse : objects {
         button.MouseDown = [this] { log.push_back("down"); };
         button.MouseUp = [this] { log.push_back("up"); };
     }
-    const std::vector<std::string> pair{"down", "up"};
+    const strings pair{"down", "up"};
 };
 
-TEST_F(mouse, a_hold_ends_with_the_release_wherever_it_comes)
+TEST_F(mouse, a_press_ends_with_the_release_anywhere)
 {
     hook();
     open(one);
-    QWidget* w = window(one).widget(button);
+    QWidget* w = &widget(button);
     QTest::mousePress(w, Qt::LeftButton);
-    EXPECT_EQ(log, std::vector<std::string>{"down"});
+    EXPECT_EQ(log, strings{"down"});
     QTest::mouseRelease(w, Qt::LeftButton, {}, QPoint(900, 700));
     EXPECT_EQ(log, pair);
     QTest::mouseClick(w, Qt::RightButton);
     EXPECT_EQ(log, pair);
 }
 
-TEST_F(mouse, a_hold_ends_when_the_button_the_window_or_the_screen_goes)
+TEST_F(mouse, a_press_ends_when_the_button_is_disabled_or_the_screen_deactivated_or_hidden)
 {
     hook();
     open(one);
-    QWidget* w = window(one).widget(button);
-    const std::vector<std::function<void()>> ends{
-        [&] { pc.run([&] { button.Enabled = false; }); },
-        [&] { pc.run([&] { hide(pc, one.f); }); },
-        [&] {
-            QEvent gone(QEvent::WindowDeactivate);
-            QCoreApplication::sendEvent(&window(one), &gone);
-        },
-    };
+    QWidget* w = &widget(button);
+    const std::vector<std::function<void()>> ends{[&] { pc.run([&] { button.Enabled = false; }); },
+                                                  [&] { pc.run([&] { hide(pc, one.f); }); },
+                                                  [&] { send(window(one), QEvent::WindowDeactivate); }};
     for (const auto& end : ends) {
         log.clear();
         pc.run([&] {
@@ -266,22 +258,22 @@ TEST_F(mouse, a_hold_ends_when_the_button_the_window_or_the_screen_goes)
     }
 }
 
-TEST_F(mouse, a_box_that_opens_under_the_hand_ends_the_hold_and_leaves_no_button_pressed)
+TEST_F(mouse, a_box_ends_a_press_and_leaves_no_button_down)
 {
     hook();
     button.MouseDown = [&] {
         log.push_back("down");
         pc.message_box({"LASER FAULT", "SIMULATOR"});
-        log.push_back("box gone");
+        log.push_back("box closed");
     };
     open(one);
     answer(Qt::Key_Return);
-    QTest::mousePress(window(one).widget(button), Qt::LeftButton);
-    EXPECT_EQ(log, (std::vector<std::string>{"down", "up", "box gone"}));
+    QTest::mousePress(&widget(button), Qt::LeftButton);
+    EXPECT_EQ(log, (strings{"down", "up", "box closed"}));
     EXPECT_FALSE(widget<QPushButton>(button).isDown());
 }
 
-TEST_F(mouse, a_slider_that_is_held_when_a_box_comes_is_let_go)
+TEST_F(mouse, a_box_ends_the_drag_of_a_slider)
 {
     screen_object& slider = one.put(kind::slider, 0, 3000, 3000, 300);
     slider.Max = 100;
@@ -300,21 +292,21 @@ TEST_F(mouse, a_slider_that_is_held_when_a_box_comes_is_let_go)
     EXPECT_FALSE(bar.isSliderDown());
 }
 
-TEST_F(mouse, moves_are_told_to_what_is_under_the_mouse_and_to_the_bare_form)
+TEST_F(mouse, moves_are_reported_to_the_object_its_frame_or_the_form)
 {
     screen_object& frame = one.put(kind::frame, 4500, 4500, 3000, 3000);
     button.MouseMove = [&] { log.push_back("button"); };
     frame.MouseMove = [&] { log.push_back("frame"); };
     one.f.MouseMove = [&] { log.push_back("form"); };
-    one.put(kind::label, 300, 300, 1500, 600, &frame).Caption = "says nothing of its own";
+    one.put(kind::label, 300, 300, 1500, 600, &frame).Caption = "without a handler";
     const screen_object& option = one.put(kind::option, 300, 1200, 1500, 400, &frame);
     open(one);
-    QTest::mouseMove(window(one).widget(button));
-    QTest::mouseMove(window(one).widget(frame), QPoint(40, 40));
-    QTest::mouseMove(window(one).widget(option), QPoint(5, 5));
+    QTest::mouseMove(&widget(button));
+    QTest::mouseMove(&widget(frame), QPoint(40, 40));
+    QTest::mouseMove(&widget(option), QPoint(5, 5));
     QTest::mouseMove(&window(one), QPoint(10, 10));
-    EXPECT_EQ(log, (std::vector<std::string>{"button", "frame", "frame", "form"}))
-        << "what the frame holds is in the frame";
+    EXPECT_EQ(log, (strings{"button", "frame", "frame", "form"}))
+        << "objects without a handler report to their frame";
 }
 
 }   // namespace vorn::desktop_tests

@@ -7,17 +7,9 @@
 
 namespace vorn::desktop_tests {
 
-struct windows : desktop_test {
-    void deactivate(const screen& s) { send(s, QEvent::WindowDeactivate); }
-    void activate(const screen& s) { send(s, QEvent::WindowActivate); }
-    void send(const screen& s, QEvent::Type type)
-    {
-        QEvent e(type);
-        QCoreApplication::sendEvent(&window(s), &e);
-    }
-};
+struct windows : desktop_test {};
 
-TEST_F(windows, the_next_screen_takes_the_place_and_state_of_the_last)
+TEST_F(windows, the_next_screen_takes_over_position_and_state)
 {
     open(one, 700, 600);
     window(one).move(40, 30);
@@ -39,7 +31,7 @@ TEST_F(windows, the_next_screen_takes_the_place_and_state_of_the_last)
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window(two).isVisible(); }));
 }
 
-TEST_F(windows, a_screen_over_another_leaves_it_where_it_is)
+TEST_F(windows, a_screen_over_another_does_not_move_it)
 {
     open(one);
     pc.run([&] { show(pc, two.f); });
@@ -55,23 +47,23 @@ TEST_F(windows, a_screen_over_another_leaves_it_where_it_is)
     EXPECT_EQ(window(one).geometry(), place);
 }
 
-TEST_F(windows, a_screen_that_is_loaded_anew_has_its_first_focus)
+TEST_F(windows, loading_a_screen_again_resets_its_focus)
 {
     screen_object& begin = one.put(object_kind::button, 0, 0, 1500, 300);
     screen_object& leave = one.put(object_kind::button, 1500, 0, 1500, 300);
     open(one);
-    EXPECT_TRUE(window(one).widget(begin)->hasFocus());
-    window(one).widget(leave)->setFocus();
+    EXPECT_TRUE(widget(begin).hasFocus());
+    widget(leave).setFocus();
     pc.run([&] {
         unload(pc, one.f);
         show(pc, two.f);
     });
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window(one).isVisible(); }));
     open(one);
-    EXPECT_TRUE(window(one).widget(begin)->hasFocus());
+    EXPECT_TRUE(widget(begin).hasFocus());
 }
 
-TEST_F(windows, the_form_scales_as_a_whole_and_stays_in_the_middle)
+TEST_F(windows, the_form_is_scaled_and_centred)
 {
     screen_object& frame = one.put(object_kind::frame, 1500, 3000, 6000, 3000);
     screen_object& label = one.put(object_kind::label, 300, 600, 1500, 300, &frame);
@@ -79,14 +71,14 @@ TEST_F(windows, the_form_scales_as_a_whole_and_stays_in_the_middle)
     for (const double scale : {1.0, 1.5, 2.0}) {
         open(one, static_cast<int>(1024 * scale) + 200, static_cast<int>(768 * scale));
         const auto at = [&](int pixels) { return static_cast<int>(pixels * scale); };
-        EXPECT_EQ(window(one).widget(frame)->geometry(), QRect(100 + at(100), at(200), at(400), at(200)));
-        EXPECT_EQ(window(one).widget(label)->geometry(), QRect(at(20), at(40), at(100), at(20)));
-        EXPECT_EQ(window(one).widget(label)->font().pixelSize(), at(13));
-        EXPECT_EQ(window(one).widget(check)->style()->pixelMetric(QStyle::PM_IndicatorWidth), at(14));
+        EXPECT_EQ(widget(frame).geometry(), QRect(100 + at(100), at(200), at(400), at(200)));
+        EXPECT_EQ(widget(label).geometry(), QRect(at(20), at(40), at(100), at(20)));
+        EXPECT_EQ(widget(label).font().pixelSize(), at(13));
+        EXPECT_EQ(widget(check).style()->pixelMetric(QStyle::PM_IndicatorWidth), at(14));
     }
 }
 
-TEST_F(windows, only_f11_changes_the_full_screen)
+TEST_F(windows, f11_toggles_full_screen_and_escape_does_not)
 {
     open(one);
     press(one, Qt::Key_F11);
@@ -98,14 +90,14 @@ TEST_F(windows, only_f11_changes_the_full_screen)
     EXPECT_FALSE(window(one).isFullScreen());
 }
 
-TEST_F(windows, full_screen_goes_back_to_what_was_before_also_on_the_next_screen)
+TEST_F(windows, full_screen_restores_the_window_also_on_the_next_screen)
 {
     open(one, 700, 500);
     window(one).move(60, 50);
     const QRect place = window(one).geometry();
     const auto settled = [&] { return !window(one).findChild<QTimer*>()->isActive(); };
     EXPECT_TRUE(QTest::qWaitFor(settled));
-    // As a window manager does it: the size of the new state comes before the state.
+    // Window managers set the size of the new state before the state.
     window(one).setGeometry(window(one).screen()->availableGeometry());
     window(one).setWindowState(Qt::WindowMaximized);
     QTest::keyClick(handle(one), Qt::Key_F11);
@@ -118,40 +110,40 @@ TEST_F(windows, full_screen_goes_back_to_what_was_before_also_on_the_next_screen
     EXPECT_TRUE(window(two).isMaximized() && !window(two).isFullScreen());
     EXPECT_EQ(window(two).normalGeometry(), place);
     window(two).setWindowState(Qt::WindowNoState);
-    window(two).setGeometry(500, 600, 900, 700);   // in part off the screen
+    window(two).setGeometry(500, 600, 900, 700);   // partly off the screen
     for (int i = 0; i < 2; ++i) QTest::keyClick(handle(two), Qt::Key_F11);
     EXPECT_TRUE(window(two).screen()->availableGeometry().contains(window(two).geometry()));
 }
 
-TEST_F(windows, the_frame_of_the_window_asks_the_exit_button)
+TEST_F(windows, closing_a_window_clicks_its_exit_button)
 {
     screen_object& leave = one.put(object_kind::button, 0, 0, 1500, 300);
     leave.Click = [&] {
         if (pc.message_box({"ARE YOU SURE ?", "V.O.R.N.", box_buttons::yes_no, box_sign::question}))
             pc.end_program();
-        log.push_back("stayed");
+        log.push_back("refused");
     };
     open(one);
     window(one).close();
-    EXPECT_TRUE(window(one).isVisible() && log.empty()) << "no exit button is named yet";
+    EXPECT_TRUE(window(one).isVisible() && log.empty()) << "there is no exit button";
     one.f.exit_button = &leave;
     answer(Qt::Key_Escape);
     window(one).close();
     EXPECT_TRUE(window(one).isVisible());
-    EXPECT_EQ(log, std::vector<std::string>{"stayed"});
+    EXPECT_EQ(log, strings{"refused"});
     pc.run([&] { leave.Visible = false; });
     answer(Qt::Key_Escape);
     window(one).close();
-    EXPECT_EQ(log.size(), 2U) << "a plain screen, which shows no buttons, can be closed all the same";
+    EXPECT_EQ(log.size(), 2U) << "a hidden exit button works too";
     pc.run([&] {
         show(pc, two.f);
         hide(pc, one.f);
     });
     window(one).close();
-    EXPECT_EQ(log.size(), 2U) << "a window on its way out asks nothing";
+    EXPECT_EQ(log.size(), 2U) << "the screen is hidden already";
 }
 
-TEST_F(windows, the_end_of_the_program_leaves_nothing_half_run)
+TEST_F(windows, nothing_runs_after_the_end_of_the_program)
 {
     screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
     one.f.KeyUp = [](int) { std::_Exit(1); };
@@ -165,31 +157,31 @@ TEST_F(windows, the_end_of_the_program_leaves_nothing_half_run)
     EXPECT_EXIT(
         {
             press(one, Qt::Key_U);
-            QTest::mousePress(window(one).widget(button), Qt::LeftButton);
+            QTest::mousePress(&widget(button), Qt::LeftButton);
         },
         testing::ExitedWithCode(42), "");
 }
 
-TEST_F(windows, an_own_screen_that_comes_to_the_front_arrives_once)
+TEST_F(windows, a_screen_that_comes_to_the_front_arrives_once)
 {
     one.f.arrival = [&] { log.push_back("one"); };
     two.f.arrival = [&] { log.push_back("two"); };
     open(one);
     open(two);
     log.clear();
-    activate(two);
-    EXPECT_TRUE(log.empty()) << "it was in front all the time";
-    deactivate(two);
-    activate(one);
-    activate(one);
-    EXPECT_EQ(log, std::vector<std::string>{"one"});
+    send(window(two), QEvent::WindowActivate);
+    EXPECT_TRUE(log.empty()) << "it was in front already";
+    send(window(two), QEvent::WindowDeactivate);
+    send(window(one), QEvent::WindowActivate);
+    send(window(one), QEvent::WindowActivate);
+    EXPECT_EQ(log, strings{"one"});
     EXPECT_EQ(front(pc), &one.f);
     pc.run([&] { unload(pc, two.f); });
-    activate(two);
-    EXPECT_EQ(log, std::vector<std::string>{"one"});
+    send(window(two), QEvent::WindowActivate);
+    EXPECT_EQ(log, strings{"one"});
 }
 
-TEST_F(windows, boxes_and_help_make_no_arrival)
+TEST_F(windows, boxes_and_help_cause_no_arrival)
 {
     one.f.arrival = [&] { log.push_back("one"); };
     open(one);
