@@ -15,8 +15,8 @@ using S = results_screen;
 constexpr const char* reading =
     "The cross is the middle of the target. The other marks show laser, aim and round against it.\n\n"
     "Laser, and aim of the visual sight, stand upside down: below the cross is too high.\n\n"
-    "The round stands half a target right and low: inside the dashed outline it is a hit.\n\n"
-    "Aim and strike apart: range, wind or lay. The same each round: no correction.\n\n"
+    "The round stands half a target right and low: a hit in the dashed line.\n\n"
+    "Aim and strike apart: range, wind, lay. Each time the same: no correction.\n\n"
     "Pale: never fired, never lased.\nAt the edge: further out.";
 
 void buttons(S& s)

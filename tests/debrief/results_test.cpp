@@ -84,6 +84,7 @@ TEST_F(debrief, a_yes_at_the_end_leads_to_the_practice_just_fired)
     EXPECT_EQ(s.lbltargetrange.Caption, "1100");
     EXPECT_EQ(s.Lbltgtnumber[1].ForeColor, colour::red);
     // 4295 x 2121 pixels on a strip of 15045 x 3000 twips: 4 and 11 to one.
+    EXPECT_FALSE(s.Imagepoa.Pale || s.Imgfos.Pale || s.Imglaze.Pale);
     expect_at(s.imgtargetpointer, 120 + 51000 / 4.0, 360 + 15500 / 11.0, "pointer");
 }
 
@@ -95,6 +96,11 @@ TEST_F(debrief, each_round_has_its_marks_where_it_was)
     expect_at(s.Imagepoa, 2040 + 4 * 44, 1560 + 4 * 652, "aim 1");
     expect_at(s.Imgfos, 2040 + 4 * 300, 1560 + 4 * 100, "fall 1");
     expect_at(s.Imgreptarget, 2040, 1560, "centre");
+    // The box begins and ends a quarter of the width from the target's edges; marks are 480 wide.
+    expect_at(s.killbox, 2040 + 240 + 385, 1560 + 240 + 385, "kill box");
+    EXPECT_TRUE(s.killbox.Width == 770 && s.killbox.Height == 770);
+    EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";
+    EXPECT_TRUE(s.Cmdround1.bold && !s.cmdround2.bold);
     // The last laze was that of the second round.
     expect_at(s.Imglaze, 2040 + 4 * (-56), 1560 + 4 * 602, "laze");
     EXPECT_TRUE(s.Cmdround1.Visible && s.cmdround2.Visible);
@@ -102,10 +108,13 @@ TEST_F(debrief, each_round_has_its_marks_where_it_was)
     d.pc.click(s.cmdround2);
     expect_at(s.Imagepoa, 2040 + 4 * (-56), 1560 + 4 * 602, "aim 2");
     expect_at(s.Imgfos, 2040 + 4 * 200, 1560 + 4 * 150, "fall 2");
+    EXPECT_LT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "and the hit inside";
+    EXPECT_TRUE(s.cmdround2.bold && !s.Cmdround1.bold);
     expect_at(s.Imgthermtarget, s.Imgbam.Left + 56, s.Imgbam.Top - 602, "thermal target");
     d.pc.click(s.Lbltgtnumber[2]);
     EXPECT_EQ(s.Lbltarget.Caption + s.Lbltime.Caption, "NO100");
     expect_at(s.Imgfos, 2040, 1560, "nothing was fired");
+    EXPECT_TRUE(s.Imagepoa.Pale && s.Imgfos.Pale && s.Imglaze.Pale);
     EXPECT_FALSE(s.Cmdround1.Visible);
 }
 
@@ -165,13 +174,16 @@ TEST_F(debrief, facts_that_hide_marks)
     open("facts.vrn");
     EXPECT_TRUE(s.Frmtherm.Visible && s.Imagepoa.Visible && !s.Lbltargetvis.Visible);
     EXPECT_EQ(s.markerscale, 11);
+    EXPECT_TRUE(s.killbox.Visible && s.killbox.Top == 1560 + 240)
+        << "a thermal target has no margin at the top";
     d.pc.click(s.Lbltgtnumber[2]);
     EXPECT_TRUE(!s.Imagepoa.Visible && s.Lbltargetvis.Visible);
     d.pc.click(s.Lbltgtnumber[3]);
     EXPECT_FALSE(s.Frame1.Visible);
     d.pc.click(s.Lbltgtnumber[4]);
     EXPECT_TRUE(s.Frame1.Visible);
-    EXPECT_FALSE(s.Imgfos.Visible || s.Imglaze.Visible || s.Imagepoa.Visible || s.Imgreptarget.Visible)
+    EXPECT_FALSE(s.Imgfos.Visible || s.killbox.Visible || s.Imglaze.Visible || s.Imagepoa.Visible ||
+                 s.Imgreptarget.Visible)
         << "it was never measured";
     d.pc.click(s.Lbltgtnumber[5]);
     EXPECT_TRUE(s.cmdround2.Visible && !s.Cmdround3.Visible && s.cmdround4.Visible);
@@ -264,10 +276,18 @@ TEST_F(debrief, print_and_delete_need_a_file_and_a_yes)
     d.pc.click(s.Cmddelete);
     EXPECT_EQ(said(), "NO FILE IS OPEN TO DELETE");
     save("own.vrn");
+    EXPECT_EQ(s.outcome.Caption, path("own.vrn") + " is saved");
+    d.pc.answers = {{true}};
     d.pc.click(s.Cmdprint);
+    EXPECT_EQ(s.outcome.Caption, "The report is printed");
+    d.pc.log.clear();
+    d.pc.click(s.Cmdprint);
+    EXPECT_EQ(s.outcome.Caption, "");
+    EXPECT_FALSE(d.pc.boxes.back().no_first);
     EXPECT_EQ(said(), "DO YOU WISH TO PRINT A RECORD OF " + path("own.vrn"));
     d.pc.click(s.Cmddelete);
     EXPECT_EQ(said(), "ARE YOU SURE YOU WISH TO DELETE " + path("own.vrn"));
+    EXPECT_TRUE(d.pc.boxes.back().no_first);
     EXPECT_TRUE(d.pc.of_kind("printed").empty() && d.data.get("own.vrn") != "");
     d.pc.printer = false;
     d.pc.answers = {{true}};
@@ -276,6 +296,7 @@ TEST_F(debrief, print_and_delete_need_a_file_and_a_yes)
     d.pc.answers = {{true}};
     d.pc.click(s.Cmddelete);
     EXPECT_EQ(d.data.get("own.vrn") + p.resultsfile + s.Txtstudent.Text, "");
+    EXPECT_EQ(s.outcome.Caption, path("own.vrn") + " is deleted");
     EXPECT_EQ(s.Lbltarget.Caption, "YES") << "the rest of the screen stays";
 }
 

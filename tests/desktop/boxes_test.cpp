@@ -54,6 +54,11 @@ TEST_F(boxes, return_true_only_for_yes)
     EXPECT_FALSE(ask([](QMessageBox& b) { b.button(QMessageBox::No)->click(); }));
     EXPECT_FALSE(ask([](QMessageBox& b) { QTest::keyClick(b.windowHandle(), Qt::Key_Escape); }));
     EXPECT_FALSE(ask([](QMessageBox& b) { b.close(); }));
+    for (const bool no_first : {false, true}) {
+        answer(Qt::Key_Return);
+        EXPECT_NE(pc.message_box({"EXIT ?", "SIMULATOR", box_buttons::yes_no, box_sign::question, no_first}),
+                  no_first);
+    }
 }
 
 TEST_F(boxes, an_input_box_proposes_a_text_and_returns_the_edited_one)
@@ -87,6 +92,29 @@ TEST_F(boxes, columns_of_a_file_dialog_fit_the_names_and_can_be_dragged)
         box.reject();
     });
     pc.choose_file({"OPEN RANGE", "Range Files (*.arf)|*.arf|", folder.path().toStdString(), ""});
+}
+
+TEST_F(boxes, an_open_dialog_offers_all_files_and_one_for_a_picture_all_that_can_be_read)
+{
+    open(one);
+    const auto offered = [&](bool save, bool picture) {
+        QStringList filters;
+        when_box<QFileDialog>([&](QFileDialog& box) {
+            filters = box.nameFilters();
+            EXPECT_EQ(box.selectedNameFilter(), "Range Files (*.arf)");
+            box.reject();
+        });
+        file_dialog d{"OPEN", "Range Files (*.arf)|*.arf|", folder.path().toStdString(), "", save};
+        d.picture = picture;
+        pc.choose_file(d);
+        return filters;
+    };
+    EXPECT_EQ(offered(true, false).size(), 1);
+    EXPECT_EQ(offered(false, false), QStringList({"Range Files (*.arf)", "All Files (*)"}));
+    const QStringList pictures = offered(false, true);
+    ASSERT_EQ(pictures.size(), 3);
+    EXPECT_TRUE(pictures[1].contains("*.jpg") && pictures[1].contains("*.ico"));
+    EXPECT_EQ(pictures[2], "All Files (*)");
 }
 
 struct help : boxes {

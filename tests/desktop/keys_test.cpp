@@ -90,6 +90,30 @@ TEST_F(keys, of_an_access_key_click_its_button_and_do_not_go_to_the_form)
     EXPECT_EQ(log, strings{"click"});
 }
 
+TEST_F(keys, work_the_buttons_of_a_hidden_panel)
+{
+    screen_object& panel = one.put(object_kind::frame, 0, 0, 3000, 3000);
+    screen_object& start = one.put(object_kind::button, 0, 0, 1500, 300, &panel);
+    screen_object& leave = one.put(object_kind::button, 0, 600, 1500, 300, &panel);
+    start.Caption = "&START SIM";
+    start.Click = [&] { log.push_back("start"); };
+    leave.Click = [&] { log.push_back("leave"); };
+    one.f.panel_keys = {{'S', true, &start}, {27, false, &leave}};
+    const auto both = [&] {
+        QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier);
+        press(one, Qt::Key_Escape);
+        press(one, Qt::Key_Escape);   // held
+        release(one, Qt::Key_Escape);
+        return std::exchange(log, {});
+    };
+    open(one);
+    EXPECT_EQ(both(), strings{"start"}) << "by the access key";
+    pc.run([&] { panel.Visible = false; });
+    EXPECT_EQ(both(), (strings{"start", "leave"}));
+    pc.run([&] { start.Enabled = false; });
+    EXPECT_EQ(both(), strings{"leave"});
+}
+
 TEST_F(keys, a_held_return_answers_no_box_and_clicks_a_button_once)
 {
     screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QSlider>
 
 #include "debrief/results.h"
@@ -23,6 +24,7 @@ TEST_F(setup_keyboard, follows_the_order_of_the_work)
     const auto position = [&](const screen_object& o) {
         return std::find(order.begin(), order.end(), &widget(o)) - order.begin();
     };
+    EXPECT_LT(position(s.Opttime3), position(s.Optmode1)) << "the upper row of options comes first";
     EXPECT_LT(position(s.Optsys1), position(s.Cmdopenrange)) << "options come before the range";
     EXPECT_LT(position(s.Cmdopenrange), position(s.Cmdstart));
     const auto press_on = [&](const screen_object& o, Qt::Key k) {
@@ -103,22 +105,27 @@ TEST_F(author, shows_no_picture_that_is_unusable)
     EXPECT_TRUE(s.Imagerange.Visible);
 }
 
+static void expect_no_text_cut(form_window& window)
+{
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        window.resize(static_cast<int>(1024 * scale), static_cast<int>(768 * scale));
+        QTest::qWait(1);
+        for (const auto* label : window.findChildren<QLabel*>()) {
+            if (!label->isVisible()) continue;
+            const QRect needed =
+                label->fontMetrics().boundingRect(label->rect(), Qt::TextWordWrap, label->text());
+            EXPECT_TRUE(needed.height() <= label->height() + 1 && needed.width() <= label->width() + 1)
+                << label->text().toStdString() << " at " << scale;
+        }
+        for (const auto* b : window.findChildren<QRadioButton*>())
+            EXPECT_LE(b->sizeHint().width(), b->width() + 1) << b->text().toStdString() << ' ' << scale;
+    }
+}
+
 TEST_F(author, and_set_up_cut_no_text_at_any_size)
 {
-    for (form_window* window : {pc.window(s.window), pc.window(t.startsim.window)})
-        for (const double scale : {1.0, 1.5, 2.0}) {
-            window->resize(static_cast<int>(1024 * scale), static_cast<int>(768 * scale));
-            settle();
-            for (const auto* label : window->findChildren<QLabel*>()) {
-                if (!label->isVisible()) continue;
-                const QRect needed =
-                    label->fontMetrics().boundingRect(label->rect(), Qt::TextWordWrap, label->text());
-                EXPECT_TRUE(needed.height() <= label->height() + 1 && needed.width() <= label->width() + 1)
-                    << label->text().toStdString() << " at " << scale;
-            }
-            for (const auto* b : window->findChildren<QRadioButton*>())
-                EXPECT_LE(b->sizeHint().width(), b->width() + 1) << b->text().toStdString() << ' ' << scale;
-        }
+    expect_no_text_cut(*pc.window(s.window));
+    expect_no_text_cut(*pc.window(t.startsim.window));
 }
 
 // Three targets: killed with the second round, killed with one round far to the side, missed.
@@ -194,11 +201,12 @@ TEST_F(debrief, shows_each_mark_at_its_place_and_a_far_one_at_the_edge)
     EXPECT_EQ(s.Lbltarget.Caption, "NO");
     EXPECT_EQ(widget<QLineEdit>(s.Txtstudent).text().trimmed(), "SMITH_123");
     EXPECT_TRUE(widget<QLineEdit>(s.Txtstudent).isReadOnly());
+    expect_no_text_cut(w());
 }
 
 TEST_F(debrief, without_a_printer_saves_the_report_as_a_file_or_not_at_all)
 {
-    QString offered;
+    QString offered, proposed;
     // Answers yes to each box and gives the file dialog a name, or cancels it. Returns the texts of the boxes
     // after the first question.
     const auto print_to = [&](const QString& name) {
@@ -212,7 +220,8 @@ TEST_F(debrief, without_a_printer_saves_the_report_as_a_file_or_not_at_all)
             }
             auto* dialog = qobject_cast<QFileDialog*>(modal);
             if (dialog == nullptr) return;
-            offered = dialog->directory().filePath("report.pdf");
+            proposed = QFileInfo(dialog->selectedFiles().value(0)).fileName();
+            offered = dialog->directory().filePath(proposed);
             if (name.isEmpty()) return dialog->reject();
             dialog->selectFile(folder.filePath(name));
             static_cast<QDialog*>(dialog)->accept();
@@ -223,8 +232,13 @@ TEST_F(debrief, without_a_printer_saves_the_report_as_a_file_or_not_at_all)
     };
     EXPECT_EQ(print_to(""), QStringList());
     EXPECT_FALSE(offered.isEmpty() || QFile::exists(offered)) << offered.toStdString();
+    const QRegularExpression named("^SMITH_123 \\d{4}-\\d\\d-\\d\\d\\.pdf$");
+    EXPECT_TRUE(named.match(proposed).hasMatch()) << proposed.toStdString();
+    EXPECT_EQ(s.outcome.Caption, "");
     const QString too_long = QString(247, 'r') + ".pdf";   // no room for the ending of the temporary file
     EXPECT_EQ(print_to(too_long), QStringList("THE RECORD COULD NOT BE PRINTED\nThe file can't be written."));
+    EXPECT_EQ(print_to("own.pdf"), QStringList());
+    EXPECT_EQ(s.outcome.Caption, folder.filePath("own.pdf").toStdString() + " is saved");
 }
 
 }   // namespace vorn::desktop_tests

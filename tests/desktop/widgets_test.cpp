@@ -93,6 +93,13 @@ TEST_F(objects, a_disabled_button_passes_its_focus_to_no_other)
     press(one, Qt::Key_Tab);
     pc.run([&] { start.Enabled = true; });
     EXPECT_TRUE(widget(help).hasFocus()) << "the user has moved the focus";
+    pc.run([&] {
+        start.Enabled = false;
+        one.f.takes_focus = &start;
+        start.Enabled = true;
+    });
+    EXPECT_TRUE(widget(start).hasFocus()) << "a handler says who has it";
+    EXPECT_EQ(one.f.takes_focus, nullptr);
 }
 
 TEST_F(objects, an_option_is_reported_once_when_it_is_selected)
@@ -170,6 +177,47 @@ TEST_F(objects, typing_is_reported_and_keeps_the_cursor)
     QTest::keyClicks(&box, "bb");
     EXPECT_EQ(log, (strings{"abc", "abbc"}));
     EXPECT_EQ(box.cursorPosition(), 3);
+}
+
+TEST_F(objects, arriving_in_a_text_box_selects_what_stands_there)
+{
+    screen_object& name = one.put(kind::textbox, 0, 0, 1500, 300);
+    screen_object& number = one.put(kind::textbox, 0, 600, 1500, 300);
+    screen_object& button = one.put(kind::button, 0, 1200, 1500, 300);
+    name.Text = "nameless";
+    number.Text = "000";
+    open(one);
+    auto& box = widget<QLineEdit>(name);
+    EXPECT_EQ(box.selectedText(), "nameless") << "the focus to begin with";
+    click(number);
+    QTest::keyClicks(&widget<QLineEdit>(number), "123");
+    EXPECT_EQ(number.Text, "123");
+    QTest::mouseClick(&widget<QLineEdit>(number), Qt::LeftButton, {}, QPoint(90, 10));
+    QTest::keyClicks(&widget<QLineEdit>(number), "4");
+    EXPECT_EQ(number.Text, "1234") << "a second click sets the cursor";
+    click(button);
+    press(one, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(widget<QLineEdit>(number).selectedText(), "1234");
+}
+
+TEST_F(objects, a_picture_says_where_it_was_clicked_and_a_pale_one_is_faint)
+{
+    screen_object& picture = one.put(kind::image, 1500, 1500, 3000, 1500);
+    picture.Picture.source = ":lamp_green";
+    picture.ClickAt = [&](double x, double y) {
+        log.push_back(std::to_string(std::lround(x)) + ' ' + std::to_string(std::lround(y)));
+    };
+    open(one, 2048, 1536);
+    QTest::mouseClick(window(one).widget(picture), Qt::LeftButton, {}, QPoint(100, 60));
+    EXPECT_EQ(log, strings{"750 450"});
+    const QPoint middle(200, 100);
+    const QColor full = window(one).widget(picture)->grab().toImage().pixelColor(middle);
+    pc.run([&] { picture.Pale = true; });
+    const QColor pale = window(one).widget(picture)->grab().toImage().pixelColor(middle);
+    EXPECT_LT(pale.green(), full.green() - 30);
+    pc.run([&] { picture.Enabled = false; });
+    QTest::mouseClick(window(one).widget(picture), Qt::LeftButton);
+    EXPECT_EQ(log.size(), 1U);
 }
 
 TEST_F(objects, labels_and_pictures_with_a_handler_are_clicked_by_mouse_and_keyboard)

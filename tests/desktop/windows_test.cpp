@@ -181,6 +181,17 @@ TEST_F(windows, a_screen_that_comes_to_the_front_arrives_once)
     EXPECT_EQ(log, strings{"one"});
 }
 
+TEST_F(windows, the_mouse_that_leaves_the_window_leaves_the_screen)
+{
+    one.f.MouseLeave = [&] { log.push_back("left"); };
+    open(one);
+    send(window(one), QEvent::Leave);
+    EXPECT_EQ(log, strings{"left"});
+    pc.run([&] { unload(pc, one.f); });
+    send(window(one), QEvent::Leave);
+    EXPECT_EQ(log.size(), 1U);
+}
+
 TEST_F(windows, boxes_and_help_cause_no_arrival)
 {
     one.f.arrival = [&] { log.push_back("one"); };

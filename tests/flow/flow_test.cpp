@@ -47,6 +47,9 @@ TEST_F(program, comes_up_through_its_box_to_the_title_screen)
     EXPECT_FALSE(t.intro.Lblabout1.Visible);
     pc.event(t.intro.lblhelp.MouseMove);
     EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::highlight);
+    pc.event(t.intro.window.MouseLeave);
+    EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::text);
+    pc.event(t.intro.lblhelp.MouseMove);
     pc.event(t.intro.Image1.MouseMove);
     EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::text);
     pc.click(t.intro.lblhelp);
@@ -112,6 +115,7 @@ TEST_F(program, the_exit_boxes_stand_as_written_and_end_the_program_on_a_yes_alo
     to_setup();
     pc.click(t.startsim.Cmdexit);
     EXPECT_EQ(last_box(), "V.O.R N.\n\r                   \n\rARE YOU SURE YOU WANT TO EXIT ?");
+    EXPECT_TRUE(pc.boxes.back().no_first);
     EXPECT_EQ(pc.boxes.back().title, "V.O.R.N.");
     EXPECT_EQ(pc.boxes.back().sign, box_sign::question);
     pc.click(t.startsim.Optcon2);

@@ -62,6 +62,55 @@ TEST(screen_reset, a_hidden_panel_stays_hidden_until_the_screen_is_unloaded)
     EXPECT_FALSE(thermal.screen().Frame4.Visible);
 }
 
+TEST(screen_reset, a_plain_screen_is_worked_by_keys_and_says_so_until_the_practice_starts)
+{
+    constexpr int escape = 27;
+    drill d(sight_kind::visual);
+    gunnery_screen& s = d.screen();
+    d.t.shared.plainscreen = true;
+    d.t.shared.targetauto = false;
+    d.set_up();
+    EXPECT_TRUE(s.keynote.Visible && s.keynote.parent->Visible);
+    for (const char* key : {"Alt+S", "Alt+T", "Alt+P", "Alt+G", "Esc"})
+        EXPECT_NE(s.keynote.Caption.find(key), std::string::npos) << key;
+    d.pc.key_down('P', true);
+    EXPECT_FALSE(d.t.shared.paused) << "its button can't be used yet";
+    d.pc.key_down('S', true);
+    EXPECT_TRUE(s.simrunning && !s.keynote.Visible);
+    d.pc.key_down('G', true);
+    EXPECT_TRUE(s.Timpause.Enabled);
+    d.pc.key_down('P', true);
+    EXPECT_TRUE(d.t.shared.paused);
+    d.pc.key_down('P', true);
+    d.pc.key_down('T', true);
+    EXPECT_TRUE(!s.simrunning && s.keynote.Visible);
+    d.pc.key_down(escape);
+    EXPECT_EQ(front(d.pc), &d.t.startsim.window);
+
+    d.t.shared.plainscreen = false;
+    d.set_up();
+    EXPECT_FALSE(s.keynote.Visible);
+    d.pc.key_down('S', true);
+    d.pc.key_down(escape);
+    EXPECT_TRUE(front(d.pc) == &s.window && !s.simrunning) << "the panel is seen";
+}
+
+TEST(screen_reset, the_keyboard_is_on_start_until_it_is_clicked)
+{
+    for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal}) {
+        drill d(kind);
+        const screen_object*& focus = d.screen().window.takes_focus;   // nothing clears it here
+        d.start();
+        EXPECT_EQ(focus, &d.screen().Picrange);
+        d.pc.click(d.screen().Cmdstopsim);
+        EXPECT_EQ(focus, &d.screen().Cmdstartsim) << "not the button that has ended the practice";
+        d.pc.click(d.screen().Cmdmain);
+        d.t.shared.plainscreen = kind == sight_kind::visual;
+        d.set_up();
+        EXPECT_EQ(focus, d.t.shared.plainscreen ? &d.screen().Picrange : &d.screen().Cmdstartsim);
+    }
+}
+
 // What comes of a HESH round that is lased, laid too short, fired and half corrected. It leaves all of the
 // fire control in use, and an early lay and a coax burst besides.
 std::vector<std::string> hesh_shoot(drill& d)

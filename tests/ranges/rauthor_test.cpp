@@ -126,6 +126,60 @@ TEST_F(author, moves_the_view_while_an_arrow_is_held)
     }
 }
 
+TEST_F(author, a_click_on_the_whole_range_moves_the_point_as_far_as_the_arrows_could)
+{
+    new_range("MOOR", false, "moor.vrp");
+    const double across = 43560 / 14000.0, down = 7335 / 5000.0;
+    const double left = s.Imagerange.Left;
+    pc.click_at(s.Image1, 30000 / across, 3000 / down);
+    EXPECT_EQ(s.Lblx.Caption + ' ' + s.Lbly.Caption, "29960 3007.5") << "by steps of 100 from 23460, 5107.5";
+    EXPECT_EQ(s.Imagerange.Left, left - 6500);
+    EXPECT_EQ(s.Lbltgtrange.Caption, "2349");   // in the 7th step of 76 from 2445
+    for (const double corner : {0.0, 1.0}) {
+        pc.click_at(s.Image1, corner * 14000, corner * 5000);
+        const double x = s.pointx, y = s.pointy;
+        for (screen_object* arrow :
+             {corner > 0 ? &s.cmdright : &s.cmdleft, corner > 0 ? &s.Cmddown : &s.cmdup})
+            move(*arrow, 3);
+        EXPECT_TRUE(s.pointx == x && s.pointy == y) << "no arrow leads further";
+        EXPECT_NEAR(x, corner > 0 ? 43560 - 1320 : 1800, 100);
+        EXPECT_NEAR(y, corner > 0 ? 7335 - 1160 : 1560, 100);
+    }
+    pc.press(s.cmdright);
+    pc.click_at(s.Image1, 7000, 2500);
+    const double x = s.pointx;
+    pc.wait(tick * 1.5);
+    pc.release(s.cmdright);
+    EXPECT_GT(s.pointx, x) << "an arrow that is held goes on its way";
+}
+
+TEST_F(author, shows_the_target_of_the_chosen_icon_at_the_size_of_its_range)
+{
+    new_range("MOOR", false, "moor.vrp");
+    EXPECT_FALSE(s.shown_target.Visible) << "there is no range yet";
+    enter_range("1000");
+    EXPECT_TRUE(s.shown_target.Visible && s.shown_target.Pale);
+    EXPECT_EQ(s.shown_target.Width, 660 - 1000 / 4.0);
+    enter_range("2500");
+    EXPECT_EQ(s.shown_target.Width, 160);
+    enter_range("300");
+    EXPECT_EQ(s.shown_target.Height, 480) << "nearer than 600 is taken as 600";
+    new_range("MOOR", true, "moor.vrp");
+    enter_range("1000");
+    EXPECT_EQ(s.shown_target.Width, 560 - 1000 / 4.0);
+    d.data.put("target icons/own.ico", picture_head(64, 64));
+    pc.files = {path("target icons/own.ico")};
+    pc.click(s.Imgtarget[3]);
+    EXPECT_EQ(s.shown_target.Picture.width, 960);
+    move(s.cmdup, 1);
+    EXPECT_EQ(s.shown_target.Width, 560 - std::stod(s.Lbltgtrange.Caption) / 4);
+    p.targetsize = 8;   // set on the set-up, over which the author stands
+    pc.activate(d.t.startsim.window);
+    pc.activate(s.window);
+    enter_range("1000");
+    EXPECT_EQ(s.shown_target.Width, 560 - 1000 / 8.0);
+}
+
 TEST_F(author, proposes_ranges_within_the_ground_alone)
 {
     practice_state r = plain_range(sight_kind::visual);

@@ -258,6 +258,9 @@ TEST_F(setup, an_untouched_screen_saves_these_bytes)
     const file_dialog& d = pc.dialogs.back();
     EXPECT_EQ(d.title + d.filter, "SAVE PRACTICE SETUPPractice Files (*.prf)|*.prf|");
     EXPECT_TRUE(d.save && d.folder == p.rootpath);
+    EXPECT_TRUE(s.outcome.Caption.ends_with("own.prf is saved"));
+    save("no such folder/own.prf");
+    EXPECT_EQ(s.outcome.Caption, "");
 }
 
 TEST_F(setup, every_option_comes_back_from_a_file_on_a_differing_screen)
