@@ -1,5 +1,5 @@
-// Walks at random over the program on the machine without a screen, further than the tests do or by other
-// seeds, and tells what it reached. A failure names the seed and the event, and goes the same way again.
+// A random walk over the program on the headless machine, longer than those of the tests or with other seeds.
+// Prints what it reached. A failure prints the seed and the event; the same seed repeats it.
 //   random_walk EVENTS [SEED]
 #include <csignal>
 #include <cstdio>
@@ -7,10 +7,10 @@
 
 #include "walk/walk.h"
 
-// A walk that hangs tells where when it is interrupted.
+// For a walk that hangs.
 static void interrupted(int)
 {
-    std::fprintf(stderr, "%s\n", vorn::walk_under_way().c_str());
+    std::fprintf(stderr, "%s\n", vorn::current_walk().c_str());
     std::_Exit(1);
 }
 

@@ -1,4 +1,4 @@
-// What must hold whatever the user does.
+// What must be true whatever the user does.
 #pragma once
 
 #include <string>
@@ -7,18 +7,16 @@
 
 namespace vorn {
 
-// What the program itself doesn't know of the moment.
-struct walk_moment {
-    bool idle = false;        // no handler runs
-    bool settled = false;     // and all that was due has been delivered
-    bool hands_off = false;   // no key, stick button or mouse button is held
-    bool halted = false;      // PAUSE SIM was clicked in this practice
-    bool resumed = false;     // and clicked again since the screen was reset: all its clocks were started
+// What the rules need to know and the program doesn't record.
+struct walk_state {
+    bool idle = false;           // no handler runs
+    bool settled = false;        // every timer that was due has ticked
+    bool nothing_held = false;   // no key, joystick button or mouse button is down
+    bool paused = false;         // PAUSE SIM was clicked in this practice
+    bool resumed = false;        // a pause has ended since the screen was reset, which starts all timers
 };
 
-// The first rule that doesn't hold, in words; empty when all do.
-std::string broken_rule(const trainer&, const walk_moment&);
-// The state that the rules look at, to read a failure by.
-std::string described(const trainer&);
+// The first rule that is broken, in words; empty if none is.
+std::string broken_rule(const trainer&, const walk_state&);
 
 }   // namespace vorn

@@ -1,8 +1,11 @@
 #include "walk/walk.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <exception>
 #include <utility>
 
+#include "calibration/joycal.h"
 #include "debrief/results.h"
 #include "flow/intro.h"
 #include "gunnery/screen.h"
@@ -18,72 +21,75 @@ namespace vorn {
 
 namespace {
 
-// The walk that a process about to die tells of.
-const walker*& under_way()
+// The walk that a crash report describes.
+const walker*& current()
 {
     static const walker* w = nullptr;
     return w;
 }
 
-void tell_on_death()
+// Kills and wind corrections of one event.
+struct shooting {
+    const gunnery_screen* s = nullptr;
+    int resets = 0, hits = 0;
+    double correction = 0;
+};
+
+shooting shooting_now(walker& w)
 {
-#ifdef __SANITIZE_ADDRESS__
-    __sanitizer_set_death_callback([] { std::fprintf(stderr, "%s\n", walk_under_way().c_str()); });
-#endif
+    const gunnery_screen* s = w.run && !w.pc().ended ? w.gunnery() : nullptr;
+    if (s == nullptr) return {};
+    return {s, s->resets, s->hits, s->heshcorrection};
+}
+
+void count_shooting(walker& w, const shooting& before)
+{
+    static constexpr const char* natures[] = {"FIN", "HESH", "coax"};
+    const shooting now = shooting_now(w);
+    if (now.s == nullptr || now.s != before.s || now.resets != before.resets) return;
+    if (now.correction != before.correction && now.correction != 0) w.count("corrections");
+    if (now.hits <= before.hits) return;
+    w.count(now.s->window.name + " " + natures[static_cast<int>(now.s->nature)] + " kills");
+    if (w.t().shared.joyselected) w.count("kills with the joystick selected");
 }
 
 }   // namespace
 
-// What the log tells by its words: a caption's all, a part of the others'.
-void walker::take_log()
+void walker::count_log()
 {
     static constexpr struct {
         const char* kind;
-        const char* words;
+        const char* words;   // part of the text
         const char* name;
-    } told[] = {{"caption", "COMMANDER : SELECT FIN", "wrong rounds"},
-                {"caption", "COMMANDER : SELECT HESH", "wrong rounds"},
-                {"caption", "COMMANDER : SELECT COAX", "wrong rounds"},
+    } rows[] = {{"caption", "COMMANDER : SELECT ", "wrong rounds"},
                 {"caption", "STOP DESELECT !!", "targets missed"},
                 {"caption", "PAUSE OFF", "pauses"},
+                {"caption", " is saved", "ranges saved"},
+                {"caption", " is open", "ranges opened"},
                 {"box", "RATING IS", "ratings"},
                 {"box", "CAN'T BE SET UP", "unusable ranges"},
-                {"box", "CALIBRATE", "refusals of the stick"}};
-    for (const logged& l : std::exchange(pc().log, {})) {
-        if (l.kind == "caption" && l.text.ends_with(" is saved")) count("ranges saved");
-        if (l.kind == "caption" && l.text.ends_with(" is open")) count("ranges opened");
-        for (const auto& row : told) {
-            if (l.kind != row.kind) continue;
-            const bool same = l.text == row.words, within = l.text.find(row.words) != std::string::npos;
-            if (l.kind == "caption" ? same : within) count(row.name);
-        }
-    }
+                {"box", "CALIBRATE", "refused joysticks"}};
+    for (const logged& l : std::exchange(pc().log, {}))
+        for (const auto& row : rows)
+            if (l.kind == row.kind && l.text.find(row.words) != std::string::npos) count(row.name);
     pc().boxes.clear();
     pc().dialogs.clear();
 }
 
-// What was held on a screen that has lost the front is let go.
 void walker::after_front_change()
 {
-    if (pc().ended || front_form() == run->front_before) return;
-    const form* debrief = &t().results.window;
+    if (pc().ended || front_form() == run->last_front) return;
+    const form* const debrief = &t().results.window;
     if (front_form() == debrief) count("debriefs");
-    if (run->front_before == debrief && gunnery() != nullptr) count("replays");
-    run->front_before = front_form();
-    run->intent.clear();
-    let_go_all();
+    if (run->last_front == debrief && gunnery() != nullptr) count("replays");
+    if (run->last_front == &t().joycal.window && t().joycal.calstep >= 4) count("calibrations");
+    run->last_front = front_form();
+    run->plan.clear();
+    release_all();
     if (front_form() == &t().simulator.window && t().shared.quickstart) count("quick starts");
 }
 
-void walker::drop_lost_mouse()
-{
-    const auto lost = std::find_if(run->held.begin(), run->held.end(), [](const held_input& h) {
-        return h.by == device::mouse && !takes_input(*h.button);
-    });
-    if (lost != run->held.end()) let_go(device::mouse, 0, nullptr);
-}
-
-// Lets all that is due happen. A lay within it takes time of its own, in which more falls due.
+// Delivers everything that is due. A lay takes time, in which more falls due.
 void walker::settle()
 {
     int tries = 0;
@@ -96,71 +102,72 @@ void walker::settle()
     }
 }
 
-bool walker::halted() const
+bool walker::paused() const
 {
     return run->t.shared.paused && !run->stale_pause;
 }
 
-void walker::mind_pauses()
+void walker::track_pauses()
 {
-    run_of_program& r = *run;
+    session& r = *run;
     const gunnery_screen* s = gunnery();
-    const bool paused = r.t.shared.paused;
-    if (!paused || s == nullptr) r.stale_pause = false;
-    if (paused && s != nullptr && !s->simrunning) r.stale_pause = true;
-    if (s == nullptr || s->resets != r.resets_before) r.resumed = false;
-    if (r.paused_before && !paused) r.resumed = true;
-    r.paused_before = paused;
-    r.resets_before = s == nullptr ? 0 : s->resets;
+    const bool now_paused = r.t.shared.paused;
+    if (!now_paused || s == nullptr) r.stale_pause = false;
+    if (now_paused && s != nullptr && !s->simrunning) r.stale_pause = true;
+    if (s == nullptr || s->resets != r.last_resets) r.resumed = false;
+    if (r.was_paused && !now_paused) r.resumed = true;
+    r.was_paused = now_paused;
+    r.last_resets = s == nullptr ? 0 : s->resets;
 }
 
 void walker::check(bool settled)
 {
     if (pc().ended || !failure.empty()) return;
     const bool idle = pc().screens.depth == 0;
-    failure = broken_rule(t(), {idle, settled, run->held.empty(), halted(), run->resumed});
+    failure = broken_rule(t(), {idle, settled, run->held.empty(), paused(), run->resumed});
     const auto gone = [](const gunnery_screen& s) { return s.window.state == form_state::not_loaded; };
     if (failure.empty() && idle && gone(t().simulator) && gone(t().thermal) && !pc().playing.empty())
-        failure = "no sound goes on when its screen has gone";
+        failure = "sounds stop when their screen is unloaded";
 }
 
-void walker::begin()
+void walker::begin_session()
 {
-    run = std::make_unique<run_of_program>(*this);
-    count("starts");
+    run = std::make_unique<session>(*this);
     t().luck.generator.seed(static_cast<unsigned>(random()) | 1U);
-    pc().default_directory = now_and_then(0.92) ? data.program() : data.program() + "/nowhere";
+    pc().default_directory = chance(0.92) ? data.program() : data.program() + "/nowhere";
     for (gunnery_screen* s : {&t().simulator, &t().thermal})
         for (const screen_object* o : {&s->lblcrew, &s->Cmdpausesim}) pc().watch(*o);
     pc().watch(t().rauthor.outcome);
-    does("the program starts", [&] { pc().event([&] { start_program(t()); }); });
+    perform("the program starts", [&] { pc().event([&] { start_program(t()); }); });
 }
 
 void walker::step()
 {
     ++number;
+    const shooting before = shooting_now(*this);
     if (!run || pc().ended) {
-        if (run) count("exits");
-        begin();
-    } else if (!run->intent.empty() && now_and_then(0.93)) {
-        const auto next = std::move(run->intent.front());
-        run->intent.pop_front();
+        begin_session();
+    } else if (!run->plan.empty() && chance(0.93)) {
+        const auto next = std::move(run->plan.front());
+        run->plan.pop_front();
         next();
     } else {
         random_event(*this);
     }
     if (pc().ended) return;
+    count_shooting(*this, before);
     after_front_change();
-    drop_lost_mouse();
-    const bool settles = now_and_then(0.7);
+    // A mouse button that can't be held any more is released.
+    const auto lost = [](const held_input& h) { return h.by == device::mouse && !takes_input(*h.button); };
+    if (std::any_of(run->held.begin(), run->held.end(), lost)) release(device::mouse, 0, nullptr);
+    const bool settles = chance(0.7);
     if (settles) settle();
-    take_log();
+    count_log();
     check(settles);
 }
 
-// Ranges to choose from: of either type with the positions wherever the sight can be brought to bear; with
-// all at one place; with positions and distances that no author gave; with none near enough; and files that
-// are no use, each in its own way.
+// Besides the usual ranges: positions anywhere in the reach of the sight, positions and distances that the
+// author can't give, none near enough, and files that are damaged in different ways.
 static void put_ranges(walker& w)
 {
     const practice_state plain = plain_range(sight_kind::visual);
@@ -174,7 +181,7 @@ static void put_ranges(walker& w)
         cold.targety[i] = w.between(3200, 8200);
         wild.targetx[i] = w.between(-500000, 500000);
         wild.targety[i] = w.between(-500000, 500000);
-        wild.targetrange[i] = w.now_and_then(0.5) ? w.between(-3000, 5000) : w.between(-32768, 32767);
+        wild.targetrange[i] = w.chance(0.5) ? w.between(-3000, 5000) : w.between(-32768, 32767);
         far.targetrange[i] = w.between(1600, 6000);
     }
     bare.rangepicture = "";
@@ -192,17 +199,18 @@ static void put_ranges(walker& w)
 walker::walker(unsigned s) : seed(s), random(s)
 {
     put_ranges(*this);
-    tell_on_death();
-    under_way() = this;
+    current() = this;
+#ifdef __SANITIZE_ADDRESS__
+    __sanitizer_set_death_callback([] { std::fprintf(stderr, "%s\n", current_walk().c_str()); });
+#endif
 }
 
-std::string walk_under_way()
+std::string current_walk()
 {
-    const walker* w = under_way();
-    if (w == nullptr) return "no walk under way";
+    const walker* w = current();
+    if (w == nullptr) return "no walk is running";
     std::string text = "seed " + std::to_string(w->seed) + ", event " + std::to_string(w->number);
     for (const std::string& line : w->trace) text += "\n    " + line;
-    if (w->run) text += "\n" + described(w->run->t);
     return text;
 }
 
@@ -212,12 +220,12 @@ walk_result walk(unsigned seed, long events)
     try {
         while (w.number < events && w.failure.empty()) w.step();
     } catch (const std::exception& e) {
-        w.failure = std::string("nothing is thrown: ") + e.what();
+        w.failure = std::string("no exception leaves the program: ") + e.what();
     } catch (...) {
-        w.failure = "the end of the program gets no further than the machine";
+        w.failure = "the exception that ends the program stays inside the machine";
     }
-    walk_result r{w.reached, w.failure.empty() ? "" : "broken: " + w.failure + "\n" + walk_under_way()};
-    under_way() = nullptr;
+    walk_result r{w.reached, w.failure.empty() ? "" : "broken: " + w.failure + "\n" + current_walk()};
+    current() = nullptr;
     return r;
 }
 

@@ -1,6 +1,6 @@
-// A random walk: a user who does anything at any moment, from the first box on, on the machine without a
-// screen. Part of the time he is a gunner who knows his drill, so that practices are fought to their end.
-// After each of his events the rules of rules.h must hold.
+// A random walk: a simulated user who does anything at any moment on the headless machine. Part of the time
+// the user is a trained gunner, so that practices run to their end. The rules in rules.h are checked after
+// each event.
 #pragma once
 
 #include <map>
@@ -9,14 +9,14 @@
 namespace vorn {
 
 struct walk_result {
-    std::map<std::string, long> reached;   // how often the walk came to what is worth coming to
-    std::string failure;                   // the rule that broke, where, and the way there; empty: none
+    std::map<std::string, long> reached;   // how often the walk reached each situation of interest
+    std::string failure;                   // the broken rule and the last actions; empty: none
 };
 
-// So many events. The same seed goes the same way.
+// Walks this many events. The same seed gives the same walk.
 walk_result walk(unsigned seed, long events);
 
-// Where the walk that is running in this process stands, for a process that is about to die.
-std::string walk_under_way();
+// Seed, event and last actions of the walk that runs in this process.
+std::string current_walk();
 
 }   // namespace vorn
