@@ -1,4 +1,4 @@
-// Arrows between the parts of the program point one way.
+// Includes between the parts of the program point one way.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -9,7 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The includes of every source below a folder that match a pattern, as "file: line".
+// All includes below a folder that match a pattern, as "file: line".
 std::vector<std::string> includes(const std::string& folder, const std::string& pattern,
                                   const std::string& except = "/desktop/")
 {
@@ -25,14 +25,14 @@ std::vector<std::string> includes(const std::string& folder, const std::string& 
     return found;
 }
 
-TEST(boundaries, the_toolkit_is_known_to_the_desktop_alone)
+TEST(boundaries, only_the_desktop_includes_qt_and_sdl)
 {
     EXPECT_EQ(includes("src", "(Q[A-Z]|Qt|SDL)"), std::vector<std::string>());
     EXPECT_EQ(includes("tests", "(Q[A-Z]|Qt|SDL)"), std::vector<std::string>());
-    EXPECT_FALSE(includes("tests", "gtest").empty()) << "the search finds what it looks for";
+    EXPECT_FALSE(includes("tests", "gtest").empty()) << "the search finds nothing";
 }
 
-TEST(boundaries, state_and_platform_know_nothing_above_them)
+TEST(boundaries, state_and_platform_include_nothing_above_them)
 {
     const std::string above = "(flow|setup|ranges|gunnery|debrief|calibration|trainer)";
     EXPECT_EQ(includes("src/state", "(" + above + "|platform)"), std::vector<std::string>());

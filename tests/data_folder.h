@@ -1,4 +1,4 @@
-// A folder of data made for a test: ranges, the heads of their pictures and icons.
+// A temporary program directory for a test: ranges, and the headers of their pictures and icons.
 #pragma once
 
 #include <filesystem>
@@ -10,7 +10,6 @@
 
 namespace vorn {
 
-// A program directory of its own, gone afterwards.
 class data_folder {
 public:
     data_folder();
@@ -29,11 +28,10 @@ private:
     std::filesystem::path path_;
 };
 
-// A range whose 20 positions lie at one place, so that the lay is the same for all, at 600, 700 ... 2500
-// metres. Seen through the sight as it stands at load, the place is a little right of and below where a lay
-// ends.
+// A range whose 20 positions are at one place, so that the lay is the same for all, at 600, 700 ... 2500
+// metres. With the sight as loaded, the place is a little to the right of and below the end of a lay.
 practice_state plain_range(sight_kind);
-// The head of a picture of this many pixels: all that a machine without a screen reads of it.
+// The header of a PNG file of this many pixels, which is all that the headless machine reads of a picture.
 std::string picture_head(unsigned width, unsigned height);
 
 }   // namespace vorn

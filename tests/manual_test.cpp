@@ -1,5 +1,4 @@
-// The manual that the trainer ships with is whole: its links and pictures lead somewhere, and it speaks of
-// whatever a screen lets the user press or choose.
+// The shipped manual: its links and pictures exist, and it mentions every control of every screen.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -27,7 +26,7 @@ std::string manual()
     return read_file(pc, folder + "vorn.HLP").text.value_or("");
 }
 
-// What a pattern's first group finds, all over the text.
+// All matches of the pattern's first group.
 std::vector<std::string> found(const std::string& text, const char* pattern)
 {
     const std::regex wanted(pattern);
@@ -36,27 +35,27 @@ std::vector<std::string> found(const std::string& text, const char* pattern)
     return all;
 }
 
-// Words as they are read: a line break or several blanks count as one blank.
+// Without tags, and with one blank for any white space.
 std::string words(const std::string& text)
 {
     return std::regex_replace(std::regex_replace(text, std::regex("<[^>]*>"), ""), std::regex("\\s+"), " ");
 }
 
-TEST(manual, has_every_place_and_picture_that_it_refers_to)
+TEST(manual, links_and_pictures_exist)
 {
     const std::string text = manual();
     const auto links = found(text, "href=\"#([^\"]*)\""), names = found(text, "<a name=\"([^\"]*)\"");
     const std::set<std::string> places(names.begin(), names.end());
     EXPECT_GT(links.size(), 20U);
-    EXPECT_EQ(places.size(), names.size()) << "a name stands twice";
+    EXPECT_EQ(places.size(), names.size()) << "a name is used twice";
     for (const std::string& link : links) EXPECT_TRUE(places.contains(link)) << link;
-    EXPECT_EQ(found(text, "(href=\"[^#])"), std::vector<std::string>()) << "leads out of the manual";
+    EXPECT_EQ(found(text, "(href=\"[^#])"), std::vector<std::string>()) << "external link";
     const auto pictures = found(text, "<img src=\"([^\"]*)\"");
     EXPECT_GT(pictures.size(), 10U);
     for (const std::string& p : pictures) EXPECT_TRUE(std::filesystem::is_regular_file(folder + p)) << p;
 }
 
-TEST(manual, speaks_of_everything_that_can_be_pressed_or_chosen)
+TEST(manual, mentions_every_control)
 {
     const std::string text = words(manual());
     headless_machine pc;

@@ -1,6 +1,7 @@
-// The entry of a fuzzer that feeds one of the targets; which one the build says.
+// Entry point of a fuzzer. The build defines which target it calls.
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 #include "targets.h"
 

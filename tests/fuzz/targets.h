@@ -1,5 +1,5 @@
-// What the readers of files are tried with: any bytes at all. Each target reads them as its file, and holds
-// that what can be read can be written and reads back the same. A broken rule ends the process.
+// Fuzz targets of the file readers. Each reads any bytes as its kind of file and checks that what can be read
+// can be written and reads back the same. A failed check aborts the process.
 #pragma once
 
 #include <string>
