@@ -25,7 +25,7 @@ struct trainer {
 
     machine& pc;
     practice_state shared;
-    chance luck;
+    random_numbers random;
 
 private:
     struct all_screens;

@@ -45,7 +45,7 @@ void drill::start()
 
 void drill::present(int position)
 {
-    t.luck.source = [position] { return draw_of(position); };
+    t.random.source = [position] { return draw_of(position); };
     start();
     pc.advance(8);
     ASSERT_TRUE(screen().Imgtargets.Visible);

@@ -81,9 +81,9 @@ bool gunner::await(const std::function<bool()>& seen, double seconds)
 
 // Hands ----------------------------------------------------------------------------------------------------
 
-void gunner::work(hand h, bool down)
+void gunner::work(control c, bool down)
 {
-    const hand_row& row = row_of(h);
+    const control_row& row = row_of(c);
     screen_object& button = s_.*row.button;
     if (by_ == device::stick && row.stick != 0) return d_.pc.stick_button(row.stick, down);
     if (by_ != device::mouse) return down ? d_.pc.key_down(row.key) : d_.pc.key_up(row.key);
@@ -91,22 +91,22 @@ void gunner::work(hand h, bool down)
     down ? d_.pc.press(button) : d_.pc.release(button);
 }
 
-void gunner::tap(hand h)
+void gunner::tap(control c)
 {
-    work(h, true);
-    work(h, false);
+    work(c, true);
+    work(c, false);
 }
 
 // A direction, for a while. The stick is held off its centre, gently for a short while.
-void gunner::hold(hand h, double seconds)
+void gunner::hold(control c, double seconds)
 {
     if (by_ != device::stick) {
-        work(h, true);
+        work(c, true);
         d_.pc.wait(seconds);
-        return work(h, false);
+        return work(c, false);
     }
-    const int sign = h == hand::left || h == hand::up ? -1 : 1;
-    const bool across = h == hand::left || h == hand::right;
+    const int sign = c == control::left || c == control::up ? -1 : 1;
+    const bool across = c == control::left || c == control::right;
     const practice_state& p = d_.t.shared;
     const long at = deflected(across ? p.joyxcentre : p.joyycentre, across ? p.joyxfactor : p.joyyfactor,
                               sign, seconds < 0.05 ? 20 : 100);
@@ -117,7 +117,7 @@ void gunner::hold(hand h, double seconds)
     d_.pc.stick(static_cast<long>(centre), static_cast<long>(centre));
 }
 
-void gunner::push(hand less, hand more, double off)
+void gunner::push(control less, control more, double off)
 {
     if (std::abs(off) > 15) hold(off > 0 ? more : less, std::abs(off) > 500 ? 0.12 : 0.017);
 }
@@ -128,8 +128,8 @@ void gunner::bring(spot to)
     for (int i = 0; i < 300 && target(); ++i) {
         const spot at = *target();
         if (std::abs(at.x - to.x) <= 15 && std::abs(at.y - to.y) <= 15) return;
-        push(hand::left, hand::right, at.x - to.x);
-        push(hand::up, hand::down, at.y - to.y);
+        push(control::left, control::right, at.x - to.x);
+        push(control::up, control::down, at.y - to.y);
     }
 }
 
@@ -163,9 +163,9 @@ bool gunner::awaitorder()
 
 void gunner::select()
 {
-    if (order_is("COAX")) return tap(hand::coax);
-    tap(hand::mainarm);
-    for (int i = 0; i < 2 && order_is("HESH"); ++i) tap(hand::ammo);
+    if (order_is("COAX")) return tap(control::coax);
+    tap(control::mainarm);
+    for (int i = 0; i < 2 && order_is("HESH"); ++i) tap(control::ammo);
 }
 
 // What the laser shows; else what the commander has called, which is rounded down to the hundred; else what
@@ -195,11 +195,11 @@ void gunner::lay()
 {
     if (!std::exchange(correcting_, false)) {
         bring(mark());
-        tap(hand::laze);
+        tap(control::laze);
     }
     const bool autolay = !degraded();
     if (autolay) {
-        work(hand::lay, true);
+        work(control::lay, true);
         d_.pc.wait(2.6);
     }
     if (s_.visual() && autolay) {
@@ -230,9 +230,9 @@ void gunner::correctwind()
 {
     const spot at = *target();
     bring({at.x - (seen_->x - at.x), at.y});
-    tap(hand::ammo);
+    tap(control::ammo);
     bring(at);
-    tap(hand::ammo);
+    tap(control::ammo);
     correcting_ = true;
     notes.back().corrected = true;
 }
@@ -245,8 +245,8 @@ void gunner::shoot()
     n.system = s_.Lblsystem.Caption;
     n.aims.push_back({target()->x - s_.mbs1.Left, target()->y - s_.mbs1.Top});
     seen_.reset();
-    work(hand::fire, true);
-    work(hand::fire, false);
+    work(control::fire, true);
+    work(control::fire, false);
     const screen_object& o = s_.Imgtargets;
     if (seen_) n.falls.push_back({o.Left - seen_->x, o.Top - seen_->y});
 }
@@ -262,12 +262,12 @@ void gunner::burst()
         n.aims.push_back({target()->x - s_.mbs1.Left, target()->y - s_.mbs1.Top});
         const screen_object& o = s_.Imgtargets;
         n.falls.push_back({o.Left - s_.ammo.Left, o.Top - s_.ammo.Top});
-        work(hand::fire, true);
+        work(control::fire, true);
         for (int look = 0; look < 15; ++look) {
             d_.pc.wait(0.02);
             if (const auto r = round()) seen_ = r;
         }
-        work(hand::fire, false);
+        work(control::fire, false);
     }
 }
 
@@ -294,10 +294,10 @@ void gunner::engage()
     while (target() && running()) {
         lay();
         order_is("COAX") ? burst() : shoot();
-        work(hand::lay, false);
+        work(control::lay, false);
         judge();
     }
-    tap(hand::off);
+    tap(control::off);
 }
 
 void gunner::fire_practice()

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "controls.h"
 #include "drill.h"
-#include "hands.h"
 
 namespace vorn {
 
@@ -47,10 +47,10 @@ private:
     std::optional<std::string> heard(const std::string& words) const;
     bool await(const std::function<bool()>& seen, double seconds);
 
-    void work(hand, bool down);
-    void tap(hand);
-    void hold(hand, double seconds);
-    void push(hand less, hand more, double off);
+    void work(control, bool down);
+    void tap(control);
+    void hold(control, double seconds);
+    void push(control less, control more, double off);
     void bring(spot to);
     void shift(spot by);
 

@@ -159,7 +159,7 @@ void loaderreports(trainer& t, gunnery_screen& s)
     const bool coaxquiet = s.visual() ? !s.coaxfired : !s.Timcoax.Enabled;
     if (!t.shared.voiceson || !coaxquiet) return;
     if (!s.hasfired && s.visual()) s.lblcrew.Caption = "LOADED....  FIRE";
-    heldcall(t, s, s.hasfired ? "loaded.wav" : "loadfire.wav");
+    callcrew(t, s, s.hasfired ? "loaded.wav" : "loadfire.wav");
 }
 
 // The loader. A gun that was loaded already when the target came is reported on the first tick.
@@ -239,7 +239,7 @@ void wronground(trainer& t, gunnery_screen& s)
     const auto& c = corrections[static_cast<int>(s.nature)];
     s.lblcrew.Caption = c.line;
     if (t.shared.voiceson)
-        heldcall(t, s, c.voice);
+        callcrew(t, s, c.voice);
     else if (!s.visual())
         playsound(t, s, c.voice);   // the thermal screen says it with voices off too
 }
@@ -277,12 +277,12 @@ void endflight(trainer& t, gunnery_screen& s)
 void drawspreadx(trainer& t, gunnery_screen& s)
 {
     const double third = s.Imgtargets.Width / 3;
-    s.spreadx = Int(third) - Int(third * Rnd(t.luck));
+    s.spreadx = Int(third) - Int(third * Rnd(t.random));
 }
 
 void drawspready(trainer& t, gunnery_screen& s)
 {
-    s.spready = Int(Rnd(t.luck) * 150 - 75);
+    s.spready = Int(Rnd(t.random) * 150 - 75);
 }
 
 // What the round loses of its size and gains to the side at each count of a FIN flight.
@@ -380,7 +380,7 @@ void assessround(trainer& t, gunnery_screen& s)
     if (!inkillbox(t, s)) return roundmissed(s);
     if (!killed(t, s)) return;
     s.lblcrew.Caption = "COMD: TARGET STOP !!";
-    heldcall(t, s, "targetstop.wav");
+    callcrew(t, s, "targetstop.wav");
     explode(t, s);
     recordhit(t, s);
 }

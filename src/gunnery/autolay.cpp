@@ -138,7 +138,7 @@ void thermal_autolay(trainer& t, gunnery_screen& s)
 void timautolay_tick(trainer& t, gunnery_screen& s)
 {
     s.autolaycount += 1;
-    if (s.autolaycount <= s.numbers.layhold) {
+    if (s.autolaycount <= s.numbers.holdticks) {
         if (s.visual()) s.autolayheld = false;
         return;
     }

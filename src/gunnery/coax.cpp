@@ -29,7 +29,7 @@ void keycoaxstop(trainer& t, gunnery_screen& s)
 // One draw for both directions: the tracer jumps about on one diagonal.
 static void timcoax_tick(trainer& t, gunnery_screen& s)
 {
-    const double c = Int(Rnd(t.luck) * 150 - 50);
+    const double c = Int(Rnd(t.random) * 150 - 50);
     const double drop = s.visual() ? 2.0 * s.currentrange : s.currentrange / 7.0;
     s.ammo.Top = s.mbs1.Top + drop + c + t.shared.coaxerror;
     s.ammo.Left = s.mbs1.Left + c + t.shared.coaxerrorwide;

@@ -25,7 +25,7 @@ void say(trainer& t, gunnery_screen& s, const std::string& file)
     if (t.shared.voiceson) playsound(t, s, file);
 }
 
-void heldcall(trainer& t, gunnery_screen& s, const std::string& file)
+void callcrew(trainer& t, gunnery_screen& s, const std::string& file)
 {
     if (!t.shared.voiceson) return;
     start(s.Timvoice);
@@ -37,7 +37,7 @@ void heldcall(trainer& t, gunnery_screen& s, const std::string& file)
 static void timvoice_tick(gunnery_screen& s)
 {
     s.voicecount += 1;
-    if (s.voicecount < s.numbers.heldticks) return;
+    if (s.voicecount < s.numbers.voiceticks) return;
     s.voicecount = 0;
     s.voicebusy = false;
     stop(s.Timvoice);
@@ -58,7 +58,7 @@ void callrange(trainer& t, gunnery_screen& s)
         if (range < c->below) hundreds = c->hundreds;
     s.lblcrew.Caption += "ON " + hundreds + " !!!";
     s.soundfile = "on" + hundreds + ".wav";
-    heldcall(t, s, s.soundfile);
+    callcrew(t, s, s.soundfile);
 }
 
 static void thermal_on(trainer& t, gunnery_screen& s)

@@ -29,7 +29,7 @@ void make_crew(trainer&, gunnery_screen&);
 void playsound(trainer&, gunnery_screen&, const std::string& file);   // from its start, if sounds are on
 void effect(trainer&, gunnery_screen&, const std::string& file);      // held back while a held call runs
 void say(trainer&, gunnery_screen&, const std::string& file);         // spoken, if voices are on
-void heldcall(trainer&, gunnery_screen&,
+void callcrew(trainer&, gunnery_screen&,
               const std::string& file);      // spoken, and holds back effects meanwhile
 void callrange(trainer&, gunnery_screen&);   // the commander states the range
 void reporton(trainer&, gunnery_screen&);    // the commander's report after his lay

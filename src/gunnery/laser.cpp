@@ -46,7 +46,7 @@ void place(screen_object& mark, double left, double top, double width, double he
 // A mark of chance height at the aim point: a lase off the target's side.
 void straymark(trainer& t, screen_object& mark, double middle, double top)
 {
-    const double height = Int(Rnd(t.luck) * 600);
+    const double height = Int(Rnd(t.random) * 600);
     place(mark, middle - height, top, 2 * height, height);
     mark.Visible = true;
 }

@@ -98,7 +98,7 @@ constexpr order orders[] = {{"FIN TANK ", "COMMANDER :- FIN TANK  !!", "fin1.wav
 void showestimate(trainer& t, gunnery_screen& s)
 {
     const bool nofirst = s.nature == fin_tank && s.currentrange < 1;
-    const double estimate = nofirst ? 1000 : Int((Rnd(t.luck) * 3 + 3) * (s.currentrange / 5.0));
+    const double estimate = nofirst ? 1000 : Int((Rnd(t.random) * 3 + 3) * (s.currentrange / 5.0));
     s.Lblrange.Caption = number_text(estimate) + "S";
 }
 
@@ -150,7 +150,7 @@ void drawnearer(trainer& t, gunnery_screen& s, int limit)
         s.targetindex = nearest;
         return;
     }
-    while (rangeof(t, s.targetindex) >= limit) s.targetindex = static_cast<int>(Int(Rnd(t.luck) * 19)) + 1;
+    while (rangeof(t, s.targetindex) >= limit) s.targetindex = static_cast<int>(Int(Rnd(t.random) * 19)) + 1;
 }
 
 void chooseposition(trainer& t, gunnery_screen& s)
@@ -218,7 +218,7 @@ void recordmiss(trainer& t, gunnery_screen& s)
 
 void waitfornext(trainer& t, gunnery_screen& s)
 {
-    s.targetwait = s.visual() ? 5 : static_cast<int>(Int(Rnd(t.luck) * 5 + 3));
+    s.targetwait = s.visual() ? 5 : static_cast<int>(Int(Rnd(t.random) * 5 + 3));
     if (t.shared.targetauto)
         start(s.Timpause);
     else
@@ -274,7 +274,7 @@ void nexttarget(trainer& t, gunnery_screen& s)
     const order& given = orders[static_cast<int>(s.nature)];
     s.lblcrew.Caption = s.visual() ? given.visual : given.thermal;
     if (!s.visual()) showestimate(t, s);
-    heldcall(t, s, given.voice);
+    callcrew(t, s, given.voice);
     s.loadcount = s.nature == coax_transport ? 3 : 0;
     if (!s.visual()) start(s.Timloading);
     start(s.Timtarget);
@@ -289,7 +289,7 @@ void cmdstopsim_click(trainer& t, gunnery_screen& s)
 void make_sequencer(trainer& t, gunnery_screen& s)
 {
     add(s.window, s.Timer1, s.numbers.timer1,
-        [&t, &s] { s.targetindex = static_cast<int>(Int(Rnd(t.luck) * 19)) + 1; });
+        [&t, &s] { s.targetindex = static_cast<int>(Int(Rnd(t.random) * 19)) + 1; });
     add(s.window, s.Timpause, 1000, [&t, &s] { timpause_tick(t, s); });
     add(s.window, s.Timtarget, 1000, [&t, &s] { timtarget_tick(t, s); });
     s.Cmdstartsim.Click = [&t, &s] { cmdstartsim_click(t, s); };

@@ -37,8 +37,8 @@ struct sight_numbers {
     limit_numbers sticklimits;
     bool eventsinlay;   // the lay lets events run between its steps
     int loadedat;       // loader's count at which the gun is loaded
-    int layhold;        // timautolay ticks that pass before the lay
-    int heldticks;      // Timvoice ticks after which a held call is over
+    int holdticks;      // timautolay ticks that pass before the lay
+    int voiceticks;     // Timvoice ticks after which a held call is over
 };
 
 inline constexpr sight_numbers visualsight{
@@ -57,8 +57,8 @@ inline constexpr sight_numbers visualsight{
     .sticklimits = {-100, 4500, 3000},
     .eventsinlay = true,
     .loadedat = 4,
-    .layhold = 3,
-    .heldticks = 4,
+    .holdticks = 3,
+    .voiceticks = 4,
 };
 inline constexpr sight_numbers thermalsight{
     .resultmode = "THERMAL",
@@ -76,8 +76,8 @@ inline constexpr sight_numbers thermalsight{
     .sticklimits = {-100, 5000, 3000},
     .eventsinlay = false,
     .loadedat = 5,
-    .layhold = 2,
-    .heldticks = 3,
+    .holdticks = 2,
+    .voiceticks = 3,
 };
 
 // A target's width at a range: larger divisors make larger targets.

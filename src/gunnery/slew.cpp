@@ -27,7 +27,7 @@ bool showcount(trainer& t, const gunnery_screen& s, double seconds, int resets)
 bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n)
 {
     const double from = s.Imgtargets.*along;
-    const double to = n.base + std::copysign(Int(Rnd(t.luck) * n.spread), n.step);
+    const double to = n.base + std::copysign(Int(Rnd(t.random) * n.spread), n.step);
     const int all = counts(from, to, n.step);
     const int resets = s.resets;
     const int shown = std::max(1, all / most_pauses);

@@ -40,7 +40,7 @@ std::string number_text(double x)
     return {digits.data(), end.ptr};
 }
 
-double Rnd(chance& c)
+double Rnd(random_numbers& c)
 {
     if (c.source) return c.source();
     return static_cast<double>(c.generator() - std::minstd_rand::min()) /

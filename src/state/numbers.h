@@ -95,12 +95,12 @@ private:
 };
 
 // The one source of chance, never seeded. A test may put a source of its own in.
-struct chance {
+struct random_numbers {
     std::minstd_rand generator;
     std::function<double()> source;
 };
 
 // A uniform number in [0, 1).
-double Rnd(chance&);
+double Rnd(random_numbers&);
 
 }   // namespace vorn

@@ -29,7 +29,7 @@ struct debrief : testing::Test {
         d.present(6);
         d.tap('E');
         d.pc.wait(5);
-        t.luck.source = [] { return 0.5; };
+        t.random.source = [] { return 0.5; };
     }
     // The round falls at 4589, 1700: 64 to the right of the aim point and half the range below it.
     void shoot(double target_left, double target_top)
@@ -45,7 +45,7 @@ struct debrief : testing::Test {
         shoot(4589 - 200, 1700 - 150);
         ASSERT_TRUE(sim.targethit);
         d.pc.wait(1 + 5 + 1);   // down, and the next order
-        t.luck.source = [] { return draw_of(6); };
+        t.random.source = [] { return draw_of(6); };
         d.pc.wait(21);
         ASSERT_EQ(p.rechit[2], "NO");
         d.pc.answers = {{true}};

@@ -21,7 +21,7 @@ struct gun : testing::TestWithParam<sight_kind> {
         d.present(6);
         d.tap('E');
         d.pc.wait(9);   // loaded, and the calls are over
-        d.t.luck.source = [] { return 0.5; };
+        d.t.random.source = [] { return 0.5; };
     }
     // Where a FIN round comes down.
     double fall_left() { return visual ? 4525 + 64 : 4700 + (95 - 47); }
@@ -93,7 +93,7 @@ TEST_P(gun, chance_scatters_a_round_within_its_bounds)
         int spread, across;   // twips, of a target 385 or 285 wide
     } cases[] = {{0, -75, visual ? 128 : 95}, {0.5, 0, visual ? 64 : 48}, {0.9999, 74, visual ? 0 : 1}};
     for (const auto& c : cases) {
-        d.t.luck.source = [draw = c.draw] { return draw; };
+        d.t.random.source = [draw = c.draw] { return draw; };
         as(fin_tank);
         d.target_at(-9000, -9000);
         d.tap('D');
@@ -351,7 +351,7 @@ TEST(visual_gun, a_hesh_round_fired_with_the_lay_held_relays)
     gunnery_screen& s = d.screen();
     d.t.shared.engagementtype = 3;
     d.present(6);
-    d.t.luck.source = [] { return 0.5; };
+    d.t.random.source = [] { return 0.5; };
     for (const char key : {'E', 'R', 'R'}) d.tap(key);
     d.pc.wait(3);
     d.target_at(4330, 950);

@@ -149,7 +149,7 @@ void shoot_in_turn(const std::string& file, sight_kind sight, int first, int16 b
     d.set_up();
     const practice_state range = p;
     // Whatever position is drawn is the next in turn.
-    d.t.luck.source = [&p, &range, first, other = chance{}]() mutable {
+    d.t.random.source = [&p, &range, first, other = random_numbers{}]() mutable {
         const int turn = std::min(first - 1 + p.engagement, 19);
         p.targetx.fill(range.targetx[turn]);
         p.targety.fill(range.targety[turn]);

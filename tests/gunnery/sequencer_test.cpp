@@ -44,7 +44,7 @@ TEST(visual_practice, six_targets_come_at_their_times_and_go_down_as_misses)
 TEST(visual_practice, one_engagement_second_by_second)
 {
     drill d(sight_kind::visual);
-    d.t.luck.source = [] { return draw_of(6); };   // 1100 metres
+    d.t.random.source = [] { return draw_of(6); };   // 1100 metres
     gunnery_screen& s = d.screen();
     d.start();
     d.pc.advance(7);
@@ -94,7 +94,7 @@ TEST(thermal_practice, six_targets_with_waits_of_three_to_seven_seconds)
 TEST(thermal_practice, the_order_the_lay_and_the_crew_line_differ)
 {
     drill d(sight_kind::thermal);
-    d.t.luck.source = [] { return draw_of(6); };
+    d.t.random.source = [] { return draw_of(6); };
     gunnery_screen& s = d.screen();
     d.start();
     d.pc.advance(7);
@@ -129,7 +129,7 @@ TEST(practice, near_targets_in_the_visual_sight_count_as_600_metres_and_far_ones
     d.data.put_range("visualrange.arf", range);
     double draw = draw_of(3);
     int turn = 0;
-    d.t.luck.source = [&] { return draw >= 0 ? draw : draw_of(turn++ % 2 == 0 ? 15 : 2); };
+    d.t.random.source = [&] { return draw >= 0 ? draw : draw_of(turn++ % 2 == 0 ? 15 : 2); };
     d.start();
     d.pc.advance(8);
     EXPECT_EQ(d.t.shared.recrange[1], 1300);   // exactly at the limit, and it was there already
@@ -270,7 +270,7 @@ TEST(degrading, the_commander_reports_by_the_system_and_calls_the_range_when_the
         d.t.shared.systemstatus = c.status;
         d.t.shared.engagementtype = c.type;
         d.t.shared.voiceson = false;   // of the order, which would be held too
-        d.t.luck.source = [] { return draw_of(6); };
+        d.t.random.source = [] { return draw_of(6); };
         d.start();
         d.pc.advance(7.5);
         d.t.shared.voiceson = c.voices;

@@ -117,11 +117,11 @@ std::vector<std::string> hesh_shoot(drill& d)
 {
     gunnery_screen& s = d.screen();
     d.pc.log.clear();
-    d.t.luck.source = [] { return draw_of(6); };
+    d.t.random.source = [] { return draw_of(6); };
     d.start();
     d.pc.wait(8.5);
     EXPECT_TRUE(s.Imgtargets.Visible);
-    d.t.luck.source = [] { return 0.5; };
+    d.t.random.source = [] { return 0.5; };
     std::vector<std::string> seen;
     const auto look = [&] {
         for (const screen_object* o : {&s.Lblammotype, &s.Lblrange, &s.lblcrew, &s.Label2})

@@ -146,7 +146,7 @@ TEST_F(visual_laser, on_target_gives_range_mark_and_lay)
 
 TEST_F(visual_laser, the_mark_tells_where_the_aim_was)
 {
-    d.t.luck.source = [] { return 0.5; };
+    d.t.random.source = [] { return 0.5; };
     d.target_at(4525, 1000);   // exactly on the edge: off to the side
     d.tap('A');
     EXPECT_TRUE(s.laze.Height == 300 && s.laze.Width == 600 && s.laze.Left == 4410 - 300);

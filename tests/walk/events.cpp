@@ -33,7 +33,7 @@ void one_of(walker& w, const event_row (&rows)[N])
 
 int random_key(walker& w)
 {
-    return w.chance(0.85) ? w.pick(hands).key : w.between(0, 255);
+    return w.chance(0.85) ? w.pick(controls).key : w.between(0, 255);
 }
 
 constexpr auto press_key = [](walker& w) { w.key_down(random_key(w)); };
@@ -154,7 +154,7 @@ constexpr auto trained_step = [](walker& w) { gunner_step(w, *w.gunnery()); };
 // Enabled or not.
 void use_gunner_button(walker& w)
 {
-    screen_object& o = w.gunnery()->*w.pick(hands).button;
+    screen_object& o = w.gunnery()->*w.pick(controls).button;
     w.chance(0.4) ? w.click(o) : w.press(o);
 }
 

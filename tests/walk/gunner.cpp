@@ -10,7 +10,7 @@ namespace vorn {
 
 namespace {
 
-device device_for(walker& w, const gunnery_screen& s, const hand_row& c)
+device device_for(walker& w, const gunnery_screen& s, const control_row& c)
 {
     const practice_state& p = w.t().shared;
     const bool button = p.mouseselected && takes_input(s.*c.button);
@@ -22,9 +22,9 @@ device device_for(walker& w, const gunnery_screen& s, const hand_row& c)
 using steps = std::deque<std::function<void()>>;
 
 // Presses now and releases after the time and the steps between.
-void hold(walker& w, gunnery_screen& s, hand h, double seconds, const steps& between = {})
+void hold(walker& w, gunnery_screen& s, control which, double seconds, const steps& between = {})
 {
-    const hand_row& c = row_of(h);
+    const control_row& c = row_of(which);
     const device by = device_for(w, s, c);
     screen_object* button = by == device::mouse ? &(s.*c.button) : nullptr;
     const int code = by == device::key ? c.key : by == device::stick ? c.stick : 0;
@@ -37,9 +37,9 @@ void hold(walker& w, gunnery_screen& s, hand h, double seconds, const steps& bet
     button->Click ? w.click(*button) : w.press(*button);
 }
 
-void tap(walker& w, gunnery_screen& s, hand h)
+void tap(walker& w, gunnery_screen& s, control which)
 {
-    hold(w, s, h, 0);
+    hold(w, s, which, 0);
 }
 
 // From the aim point, in twips.
@@ -95,37 +95,37 @@ void steer(walker& w, gunnery_screen& s, const offset& to)
         return w.act("steer by stick", [&] { w.pc().stick(x, y); });
     }
     if (std::abs(across) > std::abs(downward))
-        return hold(w, s, across > 0 ? hand::right : hand::left, seconds_for(s, std::abs(across)));
-    hold(w, s, downward > 0 ? hand::down : hand::up, seconds_for(s, std::abs(downward)));
+        return hold(w, s, across > 0 ? control::right : control::left, seconds_for(s, std::abs(across)));
+    hold(w, s, downward > 0 ? control::down : control::up, seconds_for(s, std::abs(downward)));
 }
 
 void select_round(walker& w, gunnery_screen& s)
 {
     const bool coaxarmed = s.Lblammotype.Caption == "COAX";
     const bool coaxwanted = s.nature == coax_transport;
-    if (!s.ammoarmed) return tap(w, s, coaxwanted ? hand::coax : hand::mainarm);
-    if (coaxarmed != coaxwanted || s.heshcorrecting) return tap(w, s, w.chance(0.9) ? hand::off : hand::laze);
-    tap(w, s, hand::ammo);
+    if (!s.ammoarmed) return tap(w, s, coaxwanted ? control::coax : control::mainarm);
+    if (coaxarmed != coaxwanted || s.heshcorrecting) return tap(w, s, w.chance(0.9) ? control::off : control::laze);
+    tap(w, s, control::ammo);
 }
 
 void shoot(walker& w, gunnery_screen& s)
 {
     const bool burst = s.nature == coax_transport;
-    hold(w, s, hand::fire, burst ? 0.05 + w.fraction() * 0.4 : 0);
+    hold(w, s, control::fire, burst ? 0.05 + w.fraction() * 0.4 : 0);
     // A HESH round that missed sideways is corrected by two presses with a traverse between them.
     if (s.nature != hesh_bmp || !s.heshcorrecting || !w.chance(0.5)) return;
-    w.run->plan.push_back([&w, &s] { tap(w, s, hand::ammo); });
+    w.run->plan.push_back([&w, &s] { tap(w, s, control::ammo); });
     w.run->plan.push_back([&w, &s] { steer(w, s, {static_cast<double>(s.windoffset), aimdown(s)}); });
-    w.run->plan.push_back([&w, &s] { tap(w, s, hand::ammo); });
+    w.run->plan.push_back([&w, &s] { tap(w, s, control::ammo); });
 }
 
 // Holds until the lay has run, sometimes firing while the button is still held.
 void hold_autolay(walker& w, gunnery_screen& s)
 {
-    if (w.chance(0.05)) return tap(w, s, hand::lay);
-    const double whole = (s.numbers.layhold + 1) * 0.5 + 0.05;
+    if (w.chance(0.05)) return tap(w, s, control::lay);
+    const double whole = (s.numbers.holdticks + 1) * 0.5 + 0.05;
     const bool fires = s.gunloaded && w.chance(0.5);
-    hold(w, s, hand::lay, whole, fires ? steps{[&w, &s] { tap(w, s, hand::fire); }} : steps{});
+    hold(w, s, control::lay, whole, fires ? steps{[&w, &s] { tap(w, s, control::fire); }} : steps{});
 }
 
 void engage(walker& w, gunnery_screen& s)
@@ -136,14 +136,14 @@ void engage(walker& w, gunnery_screen& s)
         w.lased_target = -1;
     }
     if (s.ammoselected != s.nature || !s.ammoarmed)
-        return w.chance(0.1) ? tap(w, s, hand::fire) : select_round(w, s);   // sometimes the wrong round
+        return w.chance(0.1) ? tap(w, s, control::fire) : select_round(w, s);   // sometimes the wrong round
     const bool lased = w.lased_target == s.targetnumber;
     if (!w.lays_off && w.t().shared.systemstatus < 2) {
         if (s.layready && lased) return hold_autolay(w, s);
         if (!lased && !lies_on(s, {})) return steer(w, s, {});
         if (!lased) {
             w.lased_target = s.targetnumber;
-            return tap(w, s, hand::laze);
+            return tap(w, s, control::laze);
         }
     }
     if (!lies_on(s, fall(w.t(), s))) return steer(w, s, fall(w.t(), s));
@@ -156,7 +156,7 @@ void wait_for_target(walker& w, gunnery_screen& s)
         const double until_lay = std::max(0.0, s.Timtarget.due - w.pc().now());
         return w.later(until_lay + w.fraction() * 0.9, event_in_lay);
     }
-    if (s.ammoarmed && w.chance(0.15)) return tap(w, s, hand::off);
+    if (s.ammoarmed && w.chance(0.15)) return tap(w, s, control::off);
     w.wait(0.3 + w.fraction() * 1.5);
 }
 

@@ -133,7 +133,7 @@ void walker::check(bool settled)
 void walker::begin_session()
 {
     run = std::make_unique<session>(*this);
-    t().luck.generator.seed(static_cast<unsigned>(random()) | 1U);
+    t().random.generator.seed(static_cast<unsigned>(random()) | 1U);
     pc().default_directory = chance(0.92) ? data.program() : data.program() + "/nowhere";
     for (gunnery_screen* s : {&t().simulator, &t().thermal})
         for (const screen_object* o : {&s->lblcrew, &s->Cmdpausesim}) pc().watch(*o);

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "data_folder.h"
-#include "hands.h"
+#include "controls.h"
 #include "platform/headless/headless_machine.h"
 #include "trainer.h"
 
