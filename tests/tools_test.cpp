@@ -36,7 +36,7 @@ protected:
     // As the sight sizes its target there.
     double side(int i) const
     {
-        const sight_numbers& n = d_->kind == sight_kind::visual ? visualsight : thermalsight;
+        const sight_numbers& n = numbers_of(d_->kind);
         const double metres = range_.targetrange[i];
         return std::clamp(metres < n.far ? n.widest - metres / 4 : 0, smallest_target, largest_target);
     }

@@ -8,12 +8,25 @@ namespace vorn {
 
 namespace {
 
-int row(const trainer& t)
+struct ammo_row {
+    const char* caption;
+    nature_of_target nature;
+    double Left = 0, Top = 0;   // of the caption on the visual dial
+};
+
+const ammo_row& row_of(ammo_shown a)
 {
-    return t.shared.engagement;
+    static constexpr ammo_row rows[] = {{"", no_nature},
+                                        {"FIN", fin_tank, 480, 1680},
+                                        {"DST", fin_tank, 1060, 2160},
+                                        {"HESH", hesh_bmp, 1160, 2160},
+                                        {"COAX", coax_transport, 1260, 1680},
+                                        {"FIN ", hesh_bmp},
+                                        {"DST ", hesh_bmp}};
+    return rows[static_cast<int>(a)];
 }
 
-// The thermal sight goes over from the stadia to the laser aiming mark when a weapon is selected.
+// Selecting a weapon replaces the stadia of the thermal sight by the laser aiming mark.
 void showaimingmark(gunnery_screen& s)
 {
     if (s.visual()) return;
@@ -25,56 +38,30 @@ void showaimingmark(gunnery_screen& s)
     for (screen_object* o : {&s.imgbam, &s.Imgstadia, &s.Imgrevhesh, &s.Imgrevfin}) o->Visible = false;
 }
 
-void cmdmaingun_click(trainer& t, gunnery_screen& s);
-
-// Selecting it again steps on to the next round. The thermal record says FIN all the same, the visual one
-// not.
-void cmdselectmain_click(trainer& t, gunnery_screen& s)
+void selectround(trainer& t, gunnery_screen& s, ammo_shown a)
 {
-    showaimingmark(s);
-    s.hasfired = false;
-    s.Imghesh.Visible = false;
-    s.Cmdselectmain.Enabled = false;
-    s.ammoindex = 0;
-    s.Lblammotype.Caption = "FIN";
-    s.ammoselected = fin_tank;
-    if (s.visual()) {
-        start(s.Timchrg);
-        t.shared.recammo[row(t)] = "FIN";
-        s.autolaycount = 2;
-    }
-    s.Cmdcoax.Enabled = false;
-    for (screen_object* o : {&s.Cmdlaze, &s.Cmdfire, &s.Cmdmaingun}) o->Enabled = true;
-    cmdmaingun_click(t, s);
-    s.laze.Visible = false;
-    s.ammoarmed = true;
-    if (!s.visual()) t.shared.recammo[row(t)] = "FIN";
-}
-
-void selectround(trainer& t, gunnery_screen& s)
-{
-    struct round {
-        const char* caption;
-        double Left, Top;   // of the caption on the visual dial
-        int nature;
-    };
-    static constexpr round cycle[] = {
-        {"FIN", 480, 1680, fin_tank}, {"DST", 1060, 2160, fin_tank}, {"HESH", 1160, 2160, hesh_bmp}};
-    s.ammoindex = s.ammoindex >= 2 ? 0 : s.ammoindex + 1;
-    const round& r = cycle[static_cast<int>(s.ammoindex)];
-    s.Cmdfire.Enabled = true;
-    s.Lblammotype.Caption = r.caption;
+    const ammo_row& r = row_of(a);
+    showammo(s, a);
     s.ammoselected = r.nature;
     t.shared.recammo[row(t)] = r.caption;
-    if (r.nature == hesh_bmp) s.correctstep = 0;
     if (!s.visual()) return;
     s.Lblammotype.Left = r.Left;
     s.Lblammotype.Top = r.Top;
-    if (r.nature == fin_tank) s.autolaycount = 2;
 }
 
-// Two presses with a traverse between them take the sideways error off the next rounds; a third takes the end
-// again.
+void nextround(trainer& t, gunnery_screen& s)
+{
+    static constexpr ammo_shown cycle[] = {ammo_shown::fin, ammo_shown::dst, ammo_shown::hesh};
+    s.ammoindex = s.ammoindex >= 2 ? 0 : s.ammoindex + 1;
+    s.Cmdfire.Enabled = true;
+    selectround(t, s, cycle[static_cast<int>(s.ammoindex)]);
+    if (s.ammoselected == hesh_bmp)
+        s.correctstep = 0;
+    else if (s.visual())
+        s.autolaycount = 2;
+}
+
+// Two presses with a traverse between them correct the next rounds sideways. A third repeats the second.
 void heshcorrect(gunnery_screen& s)
 {
     s.Cmdautolay.Enabled = true;
@@ -89,12 +76,37 @@ void heshcorrect(gunnery_screen& s)
 void cmdmaingun_click(trainer& t, gunnery_screen& s)
 {
     if (!s.heshcorrecting) {
-        if (s.simrunning && s.ammoarmed) selectround(t, s);
+        if (s.simrunning && s.ammoarmed) nextround(t, s);
         return;
     }
-    if (!s.visual()) s.Lblammotype.Caption = s.Lblammotype.Caption == "FIN " ? "DST " : "FIN ";
+    if (!s.visual())
+        showammo(s, s.shown == ammo_shown::hesh_as_fin ? ammo_shown::hesh_as_dst : ammo_shown::hesh_as_fin);
     s.correctstep = std::min(s.correctstep + 1, 2);
     heshcorrect(s);
+}
+
+// Selecting it again steps on to the next round. The thermal record says FIN all the same, the visual one
+// doesn't.
+void cmdselectmain_click(trainer& t, gunnery_screen& s)
+{
+    showaimingmark(s);
+    s.hasfired = false;
+    s.Imghesh.Visible = false;
+    s.Cmdselectmain.Enabled = false;
+    s.ammoindex = 0;
+    showammo(s, ammo_shown::fin);
+    s.ammoselected = fin_tank;
+    if (s.visual()) {
+        start(s.Timchrg);
+        t.shared.recammo[row(t)] = "FIN";
+        s.autolaycount = 2;
+    }
+    s.Cmdcoax.Enabled = false;
+    for (screen_object* o : {&s.Cmdlaze, &s.Cmdfire, &s.Cmdmaingun}) o->Enabled = true;
+    cmdmaingun_click(t, s);
+    s.laze.Visible = false;
+    s.ammoarmed = true;
+    if (!s.visual()) t.shared.recammo[row(t)] = "FIN";
 }
 
 void cmdcoax_click(trainer& t, gunnery_screen& s)
@@ -105,15 +117,9 @@ void cmdcoax_click(trainer& t, gunnery_screen& s)
     for (screen_object* o : {&s.Cmdfire, &s.Cmdlaze}) o->Enabled = true;
     s.laze.Visible = false;
     if (!s.simrunning) return;
-    s.Lblammotype.Caption = "COAX";
-    if (s.visual()) {
-        s.Lblammotype.Left = 1260;
-        s.Lblammotype.Top = 1680;
-    }
+    selectround(t, s, ammo_shown::coax);
     s.ammoarmed = true;
     s.Imgcoax.Visible = false;
-    s.ammoselected = coax_transport;
-    t.shared.recammo[row(t)] = "COAX";
 }
 
 void emptygun(gunnery_screen& s)
@@ -149,7 +155,8 @@ void cmdoff_click(const trainer& t, gunnery_screen& s)
     if (t.shared.heshcorrectall) s.heshcorrection = 0;
     for (screen_object* o : {&s.Cmdautolay, &s.Cmdmaingun, &s.Cmdfire}) o->Enabled = false;
     for (screen_object* o : {&s.Cmdselectmain, &s.Cmdcoax}) o->Enabled = true;
-    for (screen_object* o : {&s.Lblammotype, &s.Lblrange}) o->Caption.clear();
+    showammo(s, ammo_shown::nothing);
+    s.Lblrange.Caption.clear();
     for (screen_object* o : {&s.Imghesh, &s.Imgcoax}) o->Visible = true;
 }
 
@@ -162,12 +169,11 @@ void loaderreports(trainer& t, gunnery_screen& s)
     callcrew(t, s, s.hasfired ? "loaded.wav" : "loadfire.wav");
 }
 
-// The loader. A gun that was loaded already when the target came is reported on the first tick.
+// A gun that was loaded before the target came is reported on the first tick.
 void timloading_tick(trainer& t, gunnery_screen& s)
 {
     s.loadcount += 1;
-    const bool done = s.visual() ? s.loadcount >= s.numbers.loadedat : s.loadcount == s.numbers.loadedat;
-    if (done) s.gunloaded = true;
+    if (s.loadcount >= s.numbers.loaded.from && s.loadcount <= s.numbers.loaded.to) s.gunloaded = true;
     if (!s.gunloaded) return;
     stop(s.Timloading);
     if (s.nature != coax_transport) s.Imgloaded.Visible = true;
@@ -190,7 +196,7 @@ void explode(trainer& t, gunnery_screen& s)
     s.Imgexplode.Picture = s.Imgexp[1].Picture;
     s.Imgexplode.Visible = true;
     start(s.Timexplode);
-    playsound(t, s, s.visual() && !t.shared.voiceson ? "explode1.wav" : "explode.wav");
+    playsound(t, s, t.shared.voiceson ? "explode.wav" : s.numbers.explosion.voiceless);
 }
 
 void timexplode_tick(gunnery_screen& s)
@@ -202,12 +208,11 @@ void timexplode_tick(gunnery_screen& s)
     s.Imgexplode.Visible = false;
 }
 
-// A coax target needs more hits than the bursts that are set, the thermal one another more.
 bool killed(const trainer& t, gunnery_screen& s)
 {
     if (s.nature != coax_transport) return true;
     s.coaxhits += 1;
-    if (s.coaxhits <= t.shared.coaxbursts + (s.visual() ? 0 : 1)) return false;
+    if (s.coaxhits < t.shared.coaxbursts + s.numbers.coax.bursts) return false;
     s.coaxhits = 0;
     return true;
 }
@@ -220,10 +225,8 @@ bool inkillbox(const trainer& t, const gunnery_screen& s)
     return across && s.ammo.Top > target.Top + box.top && s.ammo.Top < target.Top + box.bottom;
 }
 
-void recordaim(trainer& t, gunnery_screen& s)
+void recordaim(trainer& t, const gunnery_screen& s, int round)
 {
-    s.aimrow = t.shared.roundnumber;
-    const auto round = s.aimrow;
     t.shared.recaimx[row(t)][round] = aimacross(s);
     t.shared.recaimy[row(t)][round] = s.visual() ? aimdown(s) : -aimdown(s);
 }
@@ -241,25 +244,14 @@ void wronground(trainer& t, gunnery_screen& s)
     if (t.shared.voiceson)
         callcrew(t, s, c.voice);
     else if (!s.visual())
-        playsound(t, s, c.voice);   // the thermal screen says it with voices off too
+        playsound(t, s, c.voice);   // the thermal screen plays it with voices off too
 }
-
-// No flight holds the events up for longer, so that with the re-lay all is over in four seconds.
-constexpr double longest_flight = 3.4;
 
 double flightseconds(const gunnery_screen& s, double metres_a_second)
 {
-    return std::clamp(s.currentrange / metres_a_second, 0.0, longest_flight);
-}
-
-double finseconds(const gunnery_screen& s)
-{
-    return flightseconds(s, 1500);
-}
-
-double heshseconds(const gunnery_screen& s)
-{
-    return flightseconds(s, 670);
+    constexpr double longest =
+        3.4;   // no event is handled meanwhile; with the re-lay this makes 4 seconds at most
+    return std::clamp(s.currentrange / metres_a_second, 0.0, longest);
 }
 
 void shotsound(trainer& t, gunnery_screen& s)
@@ -267,113 +259,98 @@ void shotsound(trainer& t, gunnery_screen& s)
     s.visual() ? playsound(t, s, "fire.wav") : effect(t, s, "fire.wav");
 }
 
-void endflight(trainer& t, gunnery_screen& s)
+void endflight(trainer& t, gunnery_screen& s, int round)
 {
     s.ammo.Visible = false;
-    assessround(t, s);
+    assessround(t, s, round);
 }
 
-// A chance place up to a third of the target's width, always to the right.
-void drawspreadx(trainer& t, gunnery_screen& s)
+// Up to a third of the target's width, always to the right.
+double drawspreadx(trainer& t, const gunnery_screen& s)
 {
     const double third = s.Imgtargets.Width / 3;
-    s.spreadx = Int(third) - Int(third * Rnd(t.random));
+    return Int(third) - Int(third * Rnd(t.random));
 }
 
-void drawspready(trainer& t, gunnery_screen& s)
+double drawspready(trainer& t, const gunnery_screen& s)
 {
-    s.spready = Int(Rnd(t.random) * 150 - 75);
+    return s.visual() ? Int(Rnd(t.random) * 150 - 75) : 0;
 }
 
-// What the round loses of its size and gains to the side at each count of a FIN flight.
-struct fin_flight {
-    double size, from, to, step, shrink, smallest, drift;
-};
-
-// The round rises from below the aim point and dwindles.
-void flyfin(trainer& t, gunnery_screen& s, const fin_flight& f, double spread)
+void firefin(trainer& t, gunnery_screen& s, int round)
 {
-    s.ammo.Width = s.ammo.Height = f.size;
+    const fin_numbers& n = s.numbers.fin;
+    s.hasfired = true;
+    if (!s.visual()) shotsound(t, s);
+    const double spready = drawspready(t, s);
+    const double spreadx = drawspreadx(t, s);
+    const double from = s.mbs1.Top + n.from, to = s.mbs1.Top + n.to.at(s.currentrange);
+    s.ammo.Width = s.ammo.Height = n.size;
     s.ammo.Left = s.mbs1.Left;
-    count(t.pc, f.from, f.to, f.step, finseconds(s), [&](double y) {
-        s.ammo.Top = y + spread;
-        s.ammo.Height = std::max(s.ammo.Height - f.shrink, f.smallest);
-        s.ammo.Width = std::max(s.ammo.Width - f.shrink, f.smallest);
-        s.ammo.Left = std::min(s.ammo.Left + f.drift, s.mbs1.Left + s.spreadx);
+    s.ammo.Top = from;
+    count(t.pc, from, to, n.step, flightseconds(s, 1500), [&](double y) {
+        s.ammo.Top = y + spready;
+        s.ammo.Height = std::max(s.ammo.Height - n.shrink, n.smallest);
+        s.ammo.Width = std::max(s.ammo.Width - n.shrink, n.smallest);
+        s.ammo.Left = std::min(s.ammo.Left + n.drift, s.mbs1.Left + spreadx);
         s.ammo.Visible = true;
     });
-    endflight(t, s);
+    endflight(t, s, round);
 }
 
-void firefin(trainer& t, gunnery_screen& s)
+// A lased round in the full system opens the correction. While the autolay is held down, the lay is taken
+// back. Gives the twips of that.
+double preparehesh(trainer& t, gunnery_screen& s)
 {
-    s.hasfired = true;
-    if (s.visual()) {
-        drawspready(t, s);
-        drawspreadx(t, s);
-        s.ammo.Top = 2560;
-        return flyfin(t, s, {600, 2560, s.mbs1.Top + s.currentrange / 2.0, -20, 20, 20, 3}, s.spready);
+    if (t.shared.systemstatus >= 2 || !s.lazed) {
+        if (s.visual()) s.heshcorrection = 0;
+        return 0;
     }
-    shotsound(t, s);
-    drawspreadx(t, s);
-    flyfin(t, s, {500, s.mbs1.Top + 1000, s.mbs1.Top, -1, 2, 10, 1}, 0);
+    if (!s.visual() || s.autolaydown) s.lazed = false;
+    const double relayed = s.visual() && s.autolaydown ? relay(t, s) : 0;
+    s.heshcorrecting = true;
+    s.correctstep = 0;
+    return relayed;
 }
 
-// The round comes down from the top of the picture and dwindles to 20 twips.
-void flyhesh(trainer& t, gunnery_screen& s, double from, double to, double step, double spread)
+void firehesh(trainer& t, gunnery_screen& s, int round)
 {
-    s.ammo.Left = s.mbs1.Left + (s.windoffset - static_cast<double>(s.heshcorrection));
+    const hesh_numbers& n = s.numbers.hesh;
+    const double spready = n.below + drawspready(t, s);
+    shotsound(t, s);
+    s.hasfired = true;
+    const double relayed = preparehesh(t, s);
+    const double from = s.mbs1.Top - (s.currentrange + n.from), to = s.mbs1.Top + n.to.at(s.currentrange);
     s.ammo.Width = 30;
+    s.ammo.Top = to;
+    s.ammo.Left = s.mbs1.Left + (s.windoffset - static_cast<double>(s.heshcorrection));
     s.ammo.Visible = true;
     int c = 1;
-    count(t.pc, from, to, step, heshseconds(s), [&](double v) {
+    count(t.pc, from, to - relayed, n.step, flightseconds(s, 670), [&](double y) {
         c = std::min(c + 1, 340);
         s.ammo.Height = 360 - c;
         s.ammo.Width = 360 - c;
-        s.ammo.Top = v + spread;
+        s.ammo.Top = y + spready;
     });
-    endflight(t, s);
-}
-
-// A lased round in the full system opens the correction. With the autolay still held the lay is taken off
-// again while the round is in the air.
-void preparehesh(trainer& t, gunnery_screen& s)
-{
-    s.relayed = 0;
-    if (t.shared.systemstatus >= 2 || !s.lazed) {
-        if (s.visual()) s.heshcorrection = 0;
-        return;
-    }
-    if (!s.visual() || s.autolaydown) s.lazed = false;
-    if (s.visual() && s.autolaydown) relay(t, s);
-    s.heshcorrecting = true;
-    s.correctstep = 0;
-}
-
-void firehesh(trainer& t, gunnery_screen& s)
-{
-    if (s.visual()) drawspready(t, s);
-    shotsound(t, s);
-    s.hasfired = true;
-    preparehesh(t, s);
-    const double aim = s.mbs1.Top;
-    const double high = s.currentrange + 1000.0;
-    if (s.visual()) {
-        const double drop = 2.0 * s.currentrange;
-        s.ammo.Top = aim + drop;
-        flyhesh(t, s, s.mbs.Top - high, aim + drop - s.relayed, 0.3, s.spready);
-    } else {
-        s.ammo.Top = aim;
-        flyhesh(t, s, aim - high, aim, 0.2, 50);
-    }
+    endflight(t, s, round);
 }
 
 }   // namespace
 
-void assessround(trainer& t, gunnery_screen& s)
+void showammo(gunnery_screen& s, ammo_shown a)
+{
+    s.shown = a;
+    s.Lblammotype.Caption = row_of(a).caption;
+}
+
+nature_of_target natureshown(const gunnery_screen& s)
+{
+    return row_of(s.shown).nature;
+}
+
+void assessround(trainer& t, gunnery_screen& s, int round)
 {
     t.shared.killradius = static_cast<float>(s.Imgtargets.Width / std::max(t.shared.killarea, 1));
-    const auto round = s.aimrow;
     t.shared.recfallx[row(t)][round] = s.Imgtargets.Left - s.ammo.Left;
     t.shared.recfally[row(t)][round] = s.Imgtargets.Top - s.ammo.Top;
     if (!s.Imgtargets.Visible) return;
@@ -385,33 +362,28 @@ void assessround(trainer& t, gunnery_screen& s)
     recordhit(t, s);
 }
 
-// The gun fires wherever it is: no target, lay or lase is asked for.
+// The gun fires whether or not there is a target, a lay or a lase.
 void keyfire(trainer& t, gunnery_screen& s)
 {
+    static constexpr void (*fire[])(trainer&, gunnery_screen&, int) = {firefin, firehesh, firecoax};
     if (!s.gunloaded) return;
     s.Cmdautolay.Enabled = false;
     if (s.nature != s.ammoselected) return wronground(t, s);
-    recordaim(t, s);
+    const int round = t.shared.roundnumber;
+    recordaim(t, s, round);
     if (s.nature != coax_transport) {
         if (s.visual()) playsound(t, s, "fire.wav");
         emptygun(s);
     }
-    t.shared.roundnumber = std::min(t.shared.roundnumber + 1, 4);
+    t.shared.roundnumber = std::min(round + 1, 4);
     t.shared.recrounds[row(t)] = t.shared.roundnumber - 1;
-    switch (s.nature) {
-        case fin_tank:
-            return firefin(t, s);
-        case hesh_bmp:
-            return firehesh(t, s);
-        default:
-            return firecoax(t, s);
-    }
+    fire[static_cast<int>(s.nature)](t, s, round);
 }
 
 void make_armament(trainer& t, gunnery_screen& s)
 {
     add(s.window, s.Timloading, 1000, [&t, &s] { timloading_tick(t, s); });
-    add(s.window, s.Timexplode, s.visual() ? 10 : 1, [&s] { timexplode_tick(s); });
+    add(s.window, s.Timexplode, s.numbers.explosion.interval, [&s] { timexplode_tick(s); });
     s.Cmdselectmain.Click = [&t, &s] { cmdselectmain_click(t, s); };
     s.Cmdmaingun.Click = [&t, &s] { cmdmaingun_click(t, s); };
     s.Cmdcoax.Click = [&t, &s] { cmdcoax_click(t, s); };

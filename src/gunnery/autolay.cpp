@@ -1,3 +1,5 @@
+#include <functional>
+
 #include "gunnery/count.h"
 #include "gunnery/gunnery.h"
 #include "trainer.h"
@@ -6,7 +8,7 @@ namespace vorn {
 
 namespace {
 
-// How long a lay is shown, in seconds.
+// Time for which a lay is shown, seconds.
 constexpr double coarse_seconds = 0.45;
 constexpr double fine_seconds = 0.25;
 constexpr double relay_seconds = 0.4;
@@ -14,18 +16,7 @@ constexpr double creep_seconds = 1;
 
 constexpr double fine_part = 200;   // twips, the last of a lay
 
-enum class lay_kind { none, fin, hesh, coax };
-
-// The thermal HESH correction shows "FIN " and "DST ", which count as HESH.
-lay_kind layof(const gunnery_screen& s)
-{
-    const std::string& ammo = s.Lblammotype.Caption;
-    if (ammo == "FIN" || ammo == "DST") return lay_kind::fin;
-    if (ammo == "HESH" || ammo == "FIN " || ammo == "DST ") return lay_kind::hesh;
-    return ammo == "COAX" ? lay_kind::coax : lay_kind::none;
-}
-
-// The picture takes each count in turn and the target moves by a step each time, one step further in all.
+// The picture takes each count and the target moves by a step each time, so that it ends one step further.
 void lay(trainer& t, gunnery_screen& s, double twips, double step, double seconds,
          const std::function<void(double)>& each = {})
 {
@@ -39,7 +30,7 @@ void lay(trainer& t, gunnery_screen& s, double twips, double step, double second
 
 void layfin(trainer& t, gunnery_screen& s)
 {
-    const double drop = s.currentrange / 2.0;
+    const double drop = s.numbers.fin.to.at(s.currentrange);
     s.laze.Top += drop;
     lay(t, s, drop - fine_part, s.layspeed, coarse_seconds);
     lay(t, s, fine_part, 20, fine_seconds);
@@ -47,7 +38,7 @@ void layfin(trainer& t, gunnery_screen& s)
     s.ammoselected = fin_tank;
 }
 
-// Aims off for the wind while the gun is laid; the Lefts add up in full precision.
+// Moves sideways by the lead for the wind during a lay. The Lefts are added up in single precision.
 struct sideways_lead {
     gunnery_screen& s;
     float rangeleft = static_cast<float>(s.Imgrange.Left);
@@ -62,26 +53,29 @@ struct sideways_lead {
     }
 };
 
-constexpr int mark_follows = 2200;   // metres: from here on the mark goes with a HESH lay instead of at once
+// Metres. In a HESH lay the mark of a lase on a nearer target jumps down; on a farther one it jumps up and
+// moves down with the lay.
+constexpr int mark_follows = 2200;
 
 void layhesh(trainer& t, gunnery_screen& s)
 {
-    const int r = s.currentrange;
     s.ammoselected = hesh_bmp;
     if (!s.autolayheld) {
-        s.lazed = false;   // let go too early: it takes a new lase
+        s.lazed = false;   // released too early: needs a new lase
         return;
     }
-    s.laze.Top += r < mark_follows ? 2.0 * r : -2.0 * r;
+    const int range = s.currentrange;
+    const double drop = s.numbers.hesh.to.at(range);
+    s.laze.Top += range < mark_follows ? drop : -drop;
     const struct {
         double twips, step, seconds;
-    } stages[] = {{2.0 * r - fine_part, static_cast<double>(s.layspeed), coarse_seconds},
+    } stages[] = {{drop - fine_part, static_cast<double>(s.layspeed), coarse_seconds},
                   {fine_part, 10, fine_seconds}};
     for (const auto& stage : stages) {
         sideways_lead lead{s};
         lay(t, s, stage.twips, stage.step, stage.seconds, [&](double step) {
             lead.by(step);
-            if (r > mark_follows) s.laze.Top += step;
+            if (range > mark_follows) s.laze.Top += step;
         });
     }
     s.lazed = true;
@@ -89,48 +83,28 @@ void layhesh(trainer& t, gunnery_screen& s)
 
 void laycoax(trainer& t, gunnery_screen& s)
 {
-    s.laze.Top += 2.0 * s.currentrange;
-    lay(t, s, 2.0 * s.currentrange, s.layspeed, coarse_seconds);
+    const double drop = s.numbers.coax.drop.at(s.currentrange);
+    s.laze.Top += drop;
+    lay(t, s, drop, s.layspeed, coarse_seconds);
     s.lazed = true;
     s.ammoselected = coax_transport;
 }
 
-void visual_autolay(trainer& t, gunnery_screen& s)
+// The mark jumps down and moves slowly back. Neither picture nor target moves.
+void playmark(trainer& t, gunnery_screen& s, nature_of_target nature)
 {
-    if (t.shared.systemstatus >= 2 || !s.layready || !s.ammoarmed) return;
-    s.layready = false;
-    switch (layof(s)) {
-        case lay_kind::fin:
-            return layfin(t, s);
-        case lay_kind::hesh:
-            return layhesh(t, s);
-        case lay_kind::coax:
-            return laycoax(t, s);
-        case lay_kind::none:
-            return;
-    }
-}
-
-// The mark jumps down and creeps back to where it was. Neither picture nor target moves.
-void playmark(trainer& t, gunnery_screen& s, lay_kind kind)
-{
-    const double d = kind == lay_kind::fin ? s.currentrange / 3.0 : s.currentrange;
+    const double d = nature == fin_tank ? s.currentrange / 3.0 : s.currentrange;
     s.imgbam.Top += d;
     const double low = s.imgbam.Top;
     count(t.pc, low, low - d, -0.1, creep_seconds, [&](double top) { s.imgbam.Top = top; });
     s.lazed = true;
-    s.ammoselected = kind == lay_kind::fin ? fin_tank : kind == lay_kind::hesh ? hesh_bmp : coax_transport;
+    s.ammoselected = nature;
 }
 
-void thermal_autolay(trainer& t, gunnery_screen& s)
+void thermal_lay(trainer& t, gunnery_screen& s, nature_of_target nature)
 {
-    s.Imglam.Visible = false;
-    if (t.shared.systemstatus >= 2 || !s.layready || !s.ammoarmed) return;
-    s.layready = false;
-    const lay_kind kind = layof(s);
-    if (kind == lay_kind::none) return;
-    if (s.autolayheld) return playmark(t, s, kind);
-    s.autolayheld = true;   // let go too early: the sight goes over to the reversionary mark
+    if (s.autolayheld) return playmark(t, s, nature);
+    s.autolayheld = true;   // released too early
     s.imgbam.Visible = false;
     reversionarydrop(s);
 }
@@ -148,7 +122,7 @@ void timautolay_tick(trainer& t, gunnery_screen& s)
     keyautolay(t, s);
 }
 
-// Aiming off spreads the wind over the picture's distance from the top; at the very top it stays as it was.
+// The lead of the lay that follows. It is left as it was while the picture's Top is 0, the divisor.
 void takelead(gunnery_screen& s)
 {
     if (s.Imgrange.Top != 0) s.leadperstep = static_cast<float>(s.windoffset / (0 - s.Imgrange.Top));
@@ -159,7 +133,13 @@ void takelead(gunnery_screen& s)
 
 void keyautolay(trainer& t, gunnery_screen& s)
 {
-    s.visual() ? visual_autolay(t, s) : thermal_autolay(t, s);
+    static constexpr void (*visual_lay[])(trainer&, gunnery_screen&) = {layfin, layhesh, laycoax};
+    if (!s.visual()) s.Imglam.Visible = false;
+    if (t.shared.systemstatus >= 2 || !s.layready || !s.ammoarmed) return;
+    s.layready = false;
+    const nature_of_target nature = natureshown(s);
+    if (nature == no_nature) return;
+    s.visual() ? visual_lay[nature](t, s) : thermal_lay(t, s, nature);
 }
 
 void pressautolay(gunnery_screen& s)
@@ -179,18 +159,20 @@ void releaseautolay(trainer& t, gunnery_screen& s)
     keyautolay(t, s);
 }
 
-void relay(trainer& t, gunnery_screen& s)
+double relay(trainer& t, gunnery_screen& s)
 {
-    const int r = s.currentrange;
-    s.laze.Top += r < mark_follows ? -2.0 * r : 2.0 * r;
+    const int range = s.currentrange;
+    const double drop = s.numbers.hesh.to.at(range);
+    s.laze.Top += range < mark_follows ? -drop : drop;
     if (s.heshcorrecting) s.laze.Left -= s.windoffset;
-    s.relayed = 0;
+    double relayed = 0;
     sideways_lead lead{s};
-    lay(t, s, -2.0 * r, -s.layspeed, relay_seconds, [&](double step) {
-        s.relayed -= step;
+    lay(t, s, -drop, -s.layspeed, relay_seconds, [&](double step) {
+        relayed -= step;
         lead.by(step);
-        if (r > mark_follows) s.laze.Top += step;
+        if (range > mark_follows) s.laze.Top += step;
     });
+    return relayed;
 }
 
 void make_autolay(trainer& t, gunnery_screen& s)

@@ -3,19 +3,17 @@
 
 namespace vorn {
 
-// A burst is assessed at its start, on the place that the last one left: the tracer seen is never tested.
-void firecoax(trainer& t, gunnery_screen& s)
+// A burst is assessed at its start, at the place where the last one ended. Its own tracer is never tested.
+void firecoax(trainer& t, gunnery_screen& s, int round)
 {
     s.hasfired = true;
     s.coaxfired = s.visual();
-    if (s.visual() && s.coaxrunning) return;   // a repeat of the trigger; the thermal screen tests again
+    if (s.visual() && s.coaxrunning) return;   // auto-repeat; the thermal screen tests it
     effect(t, s, "coax.wav");
-    const double size = s.visual() ? 5 : 15;
-    s.ammo.Height = size;
-    s.ammo.Width = size;
+    s.ammo.Height = s.ammo.Width = s.numbers.coax.size;
     s.coaxrunning = s.visual();
     start(s.Timcoax);
-    assessround(t, s);
+    assessround(t, s, round);
 }
 
 void keycoaxstop(trainer& t, gunnery_screen& s)
@@ -26,12 +24,11 @@ void keycoaxstop(trainer& t, gunnery_screen& s)
     if (s.soundfile == "coax.wav") t.pc.close_sound();
 }
 
-// One draw for both directions: the tracer jumps about on one diagonal.
+// One random number for both directions: the tracer stays on one diagonal.
 static void timcoax_tick(trainer& t, gunnery_screen& s)
 {
     const double c = Int(Rnd(t.random) * 150 - 50);
-    const double drop = s.visual() ? 2.0 * s.currentrange : s.currentrange / 7.0;
-    s.ammo.Top = s.mbs1.Top + drop + c + t.shared.coaxerror;
+    s.ammo.Top = s.mbs1.Top + s.numbers.coax.drop.at(s.currentrange) + c + t.shared.coaxerror;
     s.ammo.Left = s.mbs1.Left + c + t.shared.coaxerrorwide;
     s.ammo.Visible = true;
 }

@@ -1,5 +1,5 @@
-// Counted moves: a counter goes from one value to another by a step, inside one handler, and what it moves is
-// seen meanwhile. Only the end values belong to the model; the time is how long the move is shown.
+// Counted moves: inside one handler a counter goes from one value to another by a step, and each count is
+// shown. Only the end values belong to the model; the seconds are how long the move is shown.
 #pragma once
 
 #include <algorithm>
@@ -9,27 +9,24 @@
 
 namespace vorn {
 
-using coordinate = double object_fields::*;
-
-// How many counts there are, the first value itself included and the last one not beyond the end; none when
-// the first value lies beyond it. A step that isn't a whole number may miss the end by no more than rounding.
+// The number of counts, with the first value and without those past the end; 0 when the first is past it.
 inline int counts(double from, double to, double step)
 {
-    constexpr double rounding = 1e-9, most = 1e9;
+    constexpr double rounding = 1e-9;   // so that a fractional step reaches the end
+    constexpr double most = 1e9;
     const double n = std::floor((to - from) / step + rounding);
     return n < 0 ? 0 : static_cast<int>(std::min(n, most)) + 1;
 }
 
-// Does something at each count, spread over so many seconds; gives the number of counts.
+// Calls `each` with each count, spread over `seconds`.
 template <class action>
-int count(machine& m, double from, double to, double step, double seconds, action each)
+void count(machine& m, double from, double to, double step, double seconds, action each)
 {
     const int all = counts(from, to, step);
     for (int i = 0; i < all; ++i) {
         each(from + i * step);
         m.pace(seconds / all);
     }
-    return all;
 }
 
 }   // namespace vorn

@@ -1,4 +1,4 @@
-#include <iterator>
+#include <string>
 
 #include "gunnery/gunnery.h"
 #include "platform/files.h"
@@ -33,7 +33,7 @@ void callcrew(trainer& t, gunnery_screen& s, const std::string& file)
     playsound(t, s, file);
 }
 
-// A further call while the timer runs doesn't restart the count: both are over together.
+// A further call doesn't restart the count: both end together.
 static void timvoice_tick(gunnery_screen& s)
 {
     s.voicecount += 1;
@@ -43,21 +43,13 @@ static void timvoice_tick(gunnery_screen& s)
     stop(s.Timvoice);
 }
 
+// In hundreds rounded down, but 600 and 800 below 900 metres and 2000 from 1900 metres on.
 void callrange(trainer& t, gunnery_screen& s)
 {
-    struct call {
-        int below;   // metres
-        const char* hundreds;
-    };
-    static constexpr call calls[] = {{700, "600"},   {900, "800"},   {1000, "900"},  {1100, "1000"},
-                                     {1200, "1100"}, {1300, "1200"}, {1400, "1300"}, {1500, "1400"},
-                                     {1600, "1500"}, {1700, "1600"}, {1800, "1700"}, {1900, "1800"}};
     const int range = t.shared.targetrange[s.currenttarget];
-    std::string hundreds = "2000";
-    for (auto c = std::rbegin(calls); c != std::rend(calls); ++c)
-        if (range < c->below) hundreds = c->hundreds;
-    s.lblcrew.Caption += "ON " + hundreds + " !!!";
-    s.soundfile = "on" + hundreds + ".wav";
+    const int called = range < 700 ? 600 : range < 900 ? 800 : range < 1900 ? range / 100 * 100 : 2000;
+    s.lblcrew.Caption += "ON " + std::to_string(called) + " !!!";
+    s.soundfile = "on" + std::to_string(called) + ".wav";
     callcrew(t, s, s.soundfile);
 }
 
@@ -68,8 +60,7 @@ static void thermal_on(trainer& t, gunnery_screen& s)
     say(t, s, "on.wav");
 }
 
-// With voices off the text of the full system comes for status 1 alone, not for the 0 of a degrading
-// practice.
+// With voices off the full system's text is shown for status 1 only, not for the 0 of a degrading practice.
 static void visual_on(trainer& t, gunnery_screen& s)
 {
     const int status = t.shared.systemstatus;
@@ -91,8 +82,7 @@ void reporton(trainer& t, gunnery_screen& s)
         callrange(t, s);
     else
         visual_on(t, s);
-    // Paused in the midst of the lay: the resume starts it. A pause left over from an earlier practice holds
-    // nothing.
+    // A pause during the lay has stopped Timtarget; its resume starts the loader.
     if (s.Timtarget.Enabled) start(s.Timloading);
 }
 

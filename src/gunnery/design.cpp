@@ -1,5 +1,6 @@
-// How a gunnery screen is laid out. Left the control panel, right the sight; twips.
-#include <string_view>
+// The layout of a gunnery screen: the control panel on the left, the sight on the right. In twips.
+#include <string>
+#include <utility>
 
 #include "gunnery/gunnery.h"
 #include "platform/design.h"
@@ -9,7 +10,7 @@ namespace vorn {
 namespace {
 
 constexpr double panel_left = 60;
-constexpr double inner = 90;   // from a frame's edge to what it holds
+constexpr double inner = 90;   // from a frame's edge to the objects in it
 constexpr double row_height = 420;
 constexpr double row_step = 480;
 
@@ -33,13 +34,13 @@ const char* pick(const gunnery_screen& s, const char* visual, const char* therma
     return s.visual() ? visual : thermal;
 }
 
-// The visual screen alone has tips.
+// Only the visual screen has tips.
 const char* tip(const gunnery_screen& s, const char* text)
 {
     return s.visual() ? text : "";
 }
 
-// A button in a row of its own or in the left or right half of one.
+// A button takes a whole row or half of one.
 enum class column { whole, left, right };
 
 rectangle cell(const layout& l, double top, column c)
@@ -69,10 +70,10 @@ void practice_buttons(gunnery_screen& s, const layout& l)
     caption(s, &s.Frame3,
             label({inner, 2850, l.button_width, 240}, "Lay speed", colour::dim, text_size::small));
     object_fields speed =
-        slider({inner, 3120, l.button_width, 330}, 1, s.visual() ? 160 : 20, s.visual() ? 110 : 3, 10);
+        slider({inner, 3120, l.button_width, 330}, 1, s.numbers.fastest, s.numbers.usual, 10);
     speed.AccessibleName = "Lay speed";
     add(f, s.HScspeed, std::move(speed), &s.Frame3);
-    // Nothing reads the thermal bar: it is there, and doesn't pretend to work.
+    // Nothing reads the thermal slider.
     s.HScspeed.Enabled = s.HScspeed.design->Enabled = s.visual();
     f.exit_button = &s.CMDEXIT;
     constexpr int escape = 27;
@@ -118,25 +119,24 @@ void lights(gunnery_screen& s, const layout& l)
     screen_object& panel = s.visual() ? s.Frame5 : s.Frame4;
     add(f, panel, named(frame(at, ""), "Lights"), &s.Frame1);
     if (s.visual()) add(f, s.Frame4, named(hidden(frame(at, "")), "Lights"), &s.Frame1);
-    // Hiding the upper picture shows the one beneath.
+    struct lamp {
+        screen_object& o;
+        const char* drawing;
+        const char* state;
+    };
+    // The upper one is hidden to show the other.
     const struct {
         const char* words;
-        screen_object& upper;
-        const char* upper_lamp;
-        screen_object& beneath;
-        const char* beneath_lamp;
-    } rows[] = {{"MAIN", s.Imghesh, ":lamp_off", s.Imgheshon, ":lamp_amber"},
-                {"COAX", s.Imgcoax, ":lamp_off", s.Imgcoaxon, ":lamp_amber"},
-                {"GUN READY ", s.Imgloaded, ":lamp_green", s.Imgunloaded, ":lamp_off"}};
+        lamp lower, upper;
+    } rows[] = {{"MAIN", {s.Imgheshon, ":lamp_amber", " on"}, {s.Imghesh, ":lamp_off", " off"}},
+                {"COAX", {s.Imgcoaxon, ":lamp_amber", " on"}, {s.Imgcoax, ":lamp_off", " off"}},
+                {"GUN READY ", {s.Imgunloaded, ":lamp_off", " off"}, {s.Imgloaded, ":lamp_green", " on"}}};
     double top = 300;
     for (const auto& row : rows) {
-        const rectangle lamp{l.inner_width - 480, top, 300, 300};
+        const rectangle place{l.inner_width - 480, top, 300, 300};
         caption(s, &panel, label({180, top + 15, 1500, 270}, row.words));
-        for (const auto& [o, drawing] :
-             {std::pair{&row.beneath, row.beneath_lamp}, {&row.upper, row.upper_lamp}}) {
-            const bool dark = std::string_view(drawing) == ":lamp_off";
-            add(f, *o, named(image(lamp, drawing), std::string(row.words) + (dark ? " off" : " on")), &panel);
-        }
+        for (const lamp* m : {&row.lower, &row.upper})
+            add(f, m->o, named(image(place, m->drawing), std::string(row.words) + m->state), &panel);
         top += 330;
     }
     s.Imgloaded.Visible = s.Imgloaded.design->Visible = false;
@@ -195,11 +195,12 @@ void title_and_crew(gunnery_screen& s)
     caption(s, nullptr,
             bold(label({2970, 150, 12240, 480}, s.window.Caption, colour::text, text_size::large,
                        alignment::centre)));
-    const rectangle crew = s.visual() ? rectangle{5760, 840, 8850, 450} : rectangle{3630, 1290, 9465, 450};
+    const rectangle& window = s.numbers.window;
+    const rectangle crew{window.Left, s.visual() ? 840.0 : 1290.0, window.Width, 450};
     add(f, s.lblcrew, bold(label(crew, "CREW:", colour::live, text_size::large)));
     if (!s.visual()) return;
     add(f, s.lbltargetnum, hidden(bold(label({2970, 840, 2700, 450}, "TARGET NUMBER 0 OF 9", colour::text))));
-    add(f, s.Imgname, hidden(image({5760, 8310, 8850, 2600}, ":emblem")));
+    add(f, s.Imgname, hidden(image({window.Left, 8310, window.Width, 2600}, ":emblem")));
 }
 
 void visual_display(gunnery_screen& s)
@@ -225,7 +226,9 @@ void visual_display(gunnery_screen& s)
 void thermal_display(gunnery_screen& s)
 {
     form& f = s.window;
-    const auto at = [](int place) { return rectangle{3630.0 + place * 1577, 7770, 1560, 450}; };
+    const auto at = [&s](int place) {
+        return rectangle{s.numbers.window.Left + place * 1577, 7770, 1560, 450};
+    };
     add(f, s.Lblammotype, named(bold(label(at(0), "", colour::live)), "AMMUNITION"));
     caption(s, nullptr, label(at(1), "PRED ", colour::dim));
     caption(s, nullptr, label(at(2), "THERMAL", colour::dim));
@@ -236,17 +239,17 @@ void thermal_display(gunnery_screen& s)
 
 void explosion(gunnery_screen& s)
 {
-    const std::string drawing = s.visual() ? ":explosion" : ":hotexplosion";
     int n = 0;
     for (screen_object& frame : s.Imgexp)
-        add(s.window, frame, hidden(image({0, 0, 480, 480}, drawing + std::to_string(n++))), &s.Picrange);
+        add(s.window, frame,
+            hidden(image({0, 0, 480, 480}, s.numbers.explosion.drawing + std::to_string(n++))), &s.Picrange);
     add(s.window, s.Imgexplode, hidden(image({0, 0, 480, 480})), &s.Picrange);
 }
 
-void range_and_target(gunnery_screen& s, rectangle window, rectangle range)
+void range_and_target(gunnery_screen& s, rectangle range)
 {
     form& f = s.window;
-    add(f, s.Picrange, placed(object_kind::sight, window));
+    add(f, s.Picrange, placed(object_kind::sight, s.numbers.window));
     add(f, s.Imgrange, image(range), &s.Picrange);
     for (screen_object* o : {&s.Imgtargetfin, &s.Imgtargethesh, &s.Imgtargetcoax})
         add(f, *o, hidden(image({0, 0, 480, 480}, ":target")), &s.Picrange);
@@ -258,41 +261,38 @@ void range_and_target(gunnery_screen& s, rectangle window, rectangle range)
         &s.Picrange);
 }
 
-// The scales run at about 200 twips to 100 metres, the drop of a HESH round; they do nothing.
 void visual_scales(gunnery_screen& s)
 {
-    const auto column = [&](rectangle at, const char* drawing) {
+    for (const auto& [at, drawing] : {std::pair{figures_left, ":scale_left"},
+                                      {figures_right, ":scale_right"},
+                                      {ticks_left, ":ticks"},
+                                      {ticks_right, ":ticks"}})
         caption(s, &s.Picrange, image(at, drawing));
-    };
-    column({2880, 2520, 375, 3255}, ":scale_left");
-    column({6360, 2520, 255, 3495}, ":scale_right");
-    column({3480, 2430, 255, 2775}, ":ticks");
-    column({5640, 2430, 255, 2775}, ":ticks");
     const rectangle graticule[] = {{2640, 1560, 795, 795}, {3360, 1560, 795, 795}, {4200, 1560, 795, 795},
                                    {5160, 1560, 795, 795}, {6000, 1560, 795, 795}, {3885, 2520, 795, 795},
                                    {4680, 2520, 795, 795}, {3885, 3330, 795, 795}, {4680, 3330, 795, 795},
                                    {3615, 4080, 795, 735}, {4260, 4080, 795, 795}, {4920, 4080, 795, 735},
                                    {3360, 4920, 795, 675}, {4260, 4920, 795, 675}, {5160, 4920, 795, 675}};
     int n = 0;
-    for (const rectangle& at : graticule) column(at, (":graticule" + std::to_string(n++)).c_str());
+    for (const rectangle& at : graticule)
+        caption(s, &s.Picrange, image(at, ":graticule" + std::to_string(n++)));
 }
 
 void visual_sight(gunnery_screen& s)
 {
     form& f = s.window;
-    range_and_target(s, {5760, 1400, 8850, 6615}, {-45600, -12000, 64425, 31815});
+    range_and_target(s, {-45600, -12000, 64425, 31815});
     visual_scales(s);
     add(f, s.laze, hidden(shape({4080, 960, 900, 390}, shape_kind::ellipse, colour::sight)), &s.Picrange);
     add(f, s.mbs, shape({4410, 1035, 250, 250}, shape_kind::ellipse, colour::sight), &s.Picrange);
-    add(f, s.mbs1, shape({4525, 1140, 30, 30}, shape_kind::filled_ellipse, colour::sight), &s.Picrange);
+    add(f, s.mbs1, shape(s.numbers.aim, shape_kind::filled_ellipse, colour::sight), &s.Picrange);
 }
 
 void thermal_sight(gunnery_screen& s)
 {
     form& f = s.window;
-    range_and_target(s, {3630, 1875, 9465, 5775}, {-7080, -3720, 21780, 11520});
-    add(f, s.mbs1, hidden(shape({4700, 2600, 55, 50}, shape_kind::filled_ellipse, colour::sight)),
-        &s.Picrange);
+    range_and_target(s, {-7080, -3720, 21780, 11520});
+    add(f, s.mbs1, hidden(shape(s.numbers.aim, shape_kind::filled_ellipse, colour::sight)), &s.Picrange);
     const rectangle mark{4480, 2400, 480, 480};
     int n = 0;
     for (screen_object& holder : s.Imgstadia1)

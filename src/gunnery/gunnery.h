@@ -1,4 +1,4 @@
-// What the sources of a gunnery screen do for each other. One source per subject.
+// The operations that the sources of a gunnery screen provide to each other, by source.
 #pragma once
 
 #include <string>
@@ -9,35 +9,40 @@ namespace vorn {
 
 struct trainer;
 
+using coordinate = double object_fields::*;
+
 // setup.cpp, design.cpp: the screen as a whole.
 void make_gunnery(trainer&, gunnery_screen&);
 void design_gunnery(gunnery_screen&);
-// Makes the screen ready for the next practice. False when the range or a picture of it can't be read: the
-// user has then been told, and the road leads back to the set-up screen.
+// Prepares the screen for the next practice. When the range or one of its pictures can't be read: shows a
+// box, returns to the set-up screen, and gives false.
 bool screenreset(trainer&, gunnery_screen&);
+// The caption of the pause button, which says what a click on it will do.
+void showpause(gunnery_screen&, bool paused);
 
 // sequencer.cpp: orders, targets and their time.
 void make_sequencer(trainer&, gunnery_screen&);
 void nexttarget(trainer&, gunnery_screen&);
 void cmdstopsim_click(trainer&, gunnery_screen&);
 
-// slew.cpp: the commander's lay. False when the practice has gone meanwhile: a stop, a reset or an unload.
+// slew.cpp: the commander's lay. False when a stop, a reset or an unload meanwhile has ended the practice.
 bool commanderslay(trainer&, gunnery_screen&);
 
-// crew.cpp: crew lines and the one sound channel.
+// crew.cpp: crew lines and the one sound channel. Files are names of wave files.
 void make_crew(trainer&, gunnery_screen&);
-void playsound(trainer&, gunnery_screen&, const std::string& file);   // from its start, if sounds are on
-void effect(trainer&, gunnery_screen&, const std::string& file);      // held back while a held call runs
-void say(trainer&, gunnery_screen&, const std::string& file);         // spoken, if voices are on
+void playsound(trainer&, gunnery_screen&, const std::string& file);   // if sounds are on
+void effect(trainer&, gunnery_screen&,
+            const std::string& file);                           // a sound, silent during a call of the crew
+void say(trainer&, gunnery_screen&, const std::string& file);   // a voice, if voices are on
 void callcrew(trainer&, gunnery_screen&,
-              const std::string& file);      // spoken, and holds back effects meanwhile
+              const std::string& file);      // a voice that silences effects meanwhile
 void callrange(trainer&, gunnery_screen&);   // the commander states the range
 void reporton(trainer&, gunnery_screen&);    // the commander's report after his lay
 
-// traverse.cpp: the picture slides under the sight, and the target with it.
+// traverse.cpp: moves the picture, and the target with it, under the sight.
 enum class direction { left, right, up, down };   // of the view
 void make_traverse(gunnery_screen&);
-void movepicture(gunnery_screen&, double object_fields::*along, double twips);
+void movepicture(gunnery_screen&, coordinate along, double twips);
 void pressdirection(gunnery_screen&, direction);
 void releasedirection(gunnery_screen&, direction);
 void movestick(const trainer&, gunnery_screen&, long x, long y);
@@ -45,10 +50,10 @@ void movestick(const trainer&, gunnery_screen&, long x, long y);
 // laser.cpp
 void make_laser(gunnery_screen&);
 void keylaze(trainer&, gunnery_screen&);
-// The target's centre against the aim point, twips; positive to the right and below.
+// The target's centre relative to the aim point, twips; positive to the right and below.
 double aimacross(const gunnery_screen&);
 double aimdown(const gunnery_screen&);
-// The thermal sight drops to its reversionary mark: picture and target jump up by half the range.
+// Puts the thermal sight on its reversionary mark: picture and target move up by half a twip per metre.
 void reversionarydrop(gunnery_screen&);
 
 // autolay.cpp
@@ -56,17 +61,22 @@ void make_autolay(trainer&, gunnery_screen&);
 void pressautolay(gunnery_screen&);
 void releaseautolay(trainer&, gunnery_screen&);
 void keyautolay(trainer&, gunnery_screen&);
-// Takes a HESH lay off again while the round is in the air.
-void relay(trainer&, gunnery_screen&);
+// Takes a HESH lay back while the round is in the air; gives the twips moved.
+double relay(trainer&, gunnery_screen&);
 
-// armament.cpp: weapons, the loader, the trigger, the flight and what it hits.
+// armament.cpp: weapons, the loader, the trigger, the flight and its hit.
 void make_armament(trainer&, gunnery_screen&);
 void keyfire(trainer&, gunnery_screen&);
-void assessround(trainer&, gunnery_screen&);
+// Records the fall of shot in this round's row and tests it against the kill box.
+void assessround(trainer&, gunnery_screen&, int round);
+// The caption of Lblammotype, which stays where it is.
+void showammo(gunnery_screen&, ammo_shown);
+// The nature that Lblammotype shows; no_nature when it is empty.
+nature_of_target natureshown(const gunnery_screen&);
 
 // coax.cpp
 void make_coax(trainer&, gunnery_screen&);
-void firecoax(trainer&, gunnery_screen&);
+void firecoax(trainer&, gunnery_screen&, int round);
 void keycoaxstop(trainer&, gunnery_screen&);
 
 // input.cpp: keys, stick buttons and the gunner's buttons on the screen.
@@ -75,7 +85,8 @@ void make_input(trainer&, gunnery_screen&);
 // stadia.cpp: the thermal stadia picture for the target's size.
 void choosestadia(gunnery_screen&);
 
-// score.cpp: what a hit and a practice come to.
+// score.cpp: hits, and the score at the end of a practice.
+int row(const trainer&);   // of the record: the running engagement
 void recordhit(trainer&, gunnery_screen&);
 void practiceend(trainer&, gunnery_screen&);
 

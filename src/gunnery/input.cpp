@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "gunnery/gunnery.h"
 #include "trainer.h"
 
@@ -11,7 +13,7 @@ struct key_row {
     int code;   // virtual key code: the letter
     operation down;
     operation up;
-    bool running;   // works only in a practice; the release always does
+    bool running;   // down works only while a practice runs; up always works
 };
 
 template <direction d>
@@ -26,14 +28,14 @@ void release(trainer&, gunnery_screen& s)
     releasedirection(s, d);
 }
 
-// The keys take the buttons' actions and don't look whether the button is enabled.
+// A key does what its button does, enabled or not.
 template <screen_object gunnery_screen::*button>
 void click(trainer&, gunnery_screen& s)
 {
     (s.*button).Click();
 }
 
-// The repeats of a held key don't start the visual lay again.
+// Auto-repeat doesn't start the visual lay again.
 void pressautolaykey(trainer&, gunnery_screen& s)
 {
     if (!s.visual() || !s.autolaydown) pressautolay(s);
@@ -89,7 +91,7 @@ void mouse_buttons(trainer& t, gunnery_screen& s)
         o->MouseUp = [&s, d = d] { releasedirection(s, d); };
     }
     s.Cmdlaze.MouseDown = [&t, &s] { keylaze(t, s); };
-    // It has no release: the visual screen lays after the hold, the thermal one at once.
+    // Has no release: the visual screen lays after the hold, the thermal one at once.
     s.Cmdautolay.MouseDown = [&t, &s] { s.visual() ? pressautolay(s) : keyautolay(t, s); };
     s.Cmdfire.MouseDown = [&t, &s] { keyfire(t, s); };
     s.Cmdfire.MouseUp = [&t, &s] { keycoaxstop(t, s); };

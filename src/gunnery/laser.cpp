@@ -6,15 +6,13 @@ namespace vorn {
 
 namespace {
 
-constexpr int nearest_range = 600;   // metres, of the visual laser
-
 bool betweensides(const gunnery_screen& s)
 {
     const double left = s.Imgtargets.Left;
     return left < s.mbs1.Left && left + s.Imgtargets.Width > s.mbs1.Left;
 }
 
-// The visual sight takes the lower edge against the top of the ring: the dot may lie a little under the
+// The visual sight compares the lower edge with the top of the ring: the dot may be a little below the
 // target.
 bool betweenedges(const gunnery_screen& s)
 {
@@ -25,9 +23,8 @@ bool betweenedges(const gunnery_screen& s)
 
 void recordlaze(trainer& t, const gunnery_screen& s)
 {
-    const auto row = t.shared.engagement;
-    t.shared.reclazex[row] = aimacross(s);
-    t.shared.reclazey[row] = aimdown(s);
+    t.shared.reclazex[row(t)] = aimacross(s);
+    t.shared.reclazey[row(t)] = aimdown(s);
 }
 
 int16& rangehere(trainer& t, const gunnery_screen& s)
@@ -43,7 +40,7 @@ void place(screen_object& mark, double left, double top, double width, double he
     mark.Height = height;
 }
 
-// A mark of chance height at the aim point: a lase off the target's side.
+// A mark of random height at the aim point, for a lase beside the target.
 void straymark(trainer& t, screen_object& mark, double middle, double top)
 {
     const double height = Int(Rnd(t.random) * 600);
@@ -63,7 +60,7 @@ void visual_mark(trainer& t, gunnery_screen& s)
         place(s.laze, s.mbs1.Left - (height - 30), s.mbs1.Top - (height / 2 - 30), 2 * height, height);
         if (t.shared.systemstatus < 2) s.laze.Visible = true;
     } else {
-        return;   // above or below it: no mark, and no lay
+        return;   // above or below the target: no mark, no lay
     }
     s.layready = true;
 }
@@ -75,7 +72,7 @@ void visual_laze(trainer& t, gunnery_screen& s)
     start(s.Timchrg);
     s.heshcorrecting = false;
     recordlaze(t, s);
-    if (rangehere(t, s) < nearest_range) rangehere(t, s) = nearest_range;
+    if (rangehere(t, s) < s.numbers.nearest) rangehere(t, s) = s.numbers.nearest;
     s.Lblrange.Caption = std::to_string(rangehere(t, s));
     s.Cmdautolay.Enabled = true;
     s.lazed = true;
@@ -89,7 +86,7 @@ void marktarget(trainer& t, gunnery_screen& s)
         place(*mark, s.mbs1.Left - (size / 2 - 30), s.mbs1.Top - (size / 2 - 30), size, size);
     s.imgbam.Visible = true;
     s.layready = true;
-    t.shared.recwidth[t.shared.engagement] = s.Imgtargets.Width;
+    t.shared.recwidth[row(t)] = s.Imgtargets.Width;
 }
 
 void thermal_mark(trainer& t, gunnery_screen& s)
@@ -121,15 +118,15 @@ void thermal_laze(trainer& t, gunnery_screen& s)
     if (s.ammoarmed) thermal_mark(t, s);
 }
 
-// With the system degraded the press drops the sight to its reversionary mark; the aim doesn't matter.
+// In a degraded system a lase puts the sight on its reversionary mark, whatever the aim.
 void degraded_laze(trainer& t, gunnery_screen& s)
 {
     showrange(t, s);
-    t.shared.recwidth[t.shared.engagement] = s.Imgtargets.Width;
+    t.shared.recwidth[row(t)] = s.Imgtargets.Width;
     reversionarydrop(s);
 }
 
-// The charge comes back on the second tick. Nothing tests it: the laser can be fired again at once.
+// The readout returns on the second tick. It is for show: the laser can be fired again at once.
 void timchrg_tick(gunnery_screen& s)
 {
     s.chargecount += 1;
@@ -152,12 +149,11 @@ double aimdown(const gunnery_screen& s)
 
 void reversionarydrop(gunnery_screen& s)
 {
-    const bool fin = s.Lblammotype.Caption == "FIN" || s.Lblammotype.Caption == "DST";
-    (fin ? s.Imgrevfin : s.Imgrevhesh).Visible = true;
+    (natureshown(s) == fin_tank ? s.Imgrevfin : s.Imgrevhesh).Visible = true;
     const double top = s.Imgtargets.Top, step = -5;
-    const int all = counts(top, top - s.currentrange / 2.0, step);
-    movepicture(s, &object_fields::Top, all * step);
-    if (all > 0) s.Imglam.Visible = false;
+    const int steps = counts(top, top - s.numbers.reversionary.at(s.currentrange), step);
+    movepicture(s, &object_fields::Top, steps * step);
+    if (steps > 0) s.Imglam.Visible = false;
 }
 
 void keylaze(trainer& t, gunnery_screen& s)

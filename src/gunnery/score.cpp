@@ -7,13 +7,17 @@
 
 namespace vorn {
 
+int row(const trainer& t)
+{
+    return t.shared.engagement;
+}
+
 void recordhit(trainer& t, gunnery_screen& s)
 {
-    const auto row = t.shared.engagement;
     s.targethit = true;
-    t.shared.rectarget[row] = t.shared.engagement;
-    t.shared.rechit[row] = "YES";
-    t.shared.rectime[row] = s.targetticks;
+    t.shared.rectarget[row(t)] = t.shared.engagement;
+    t.shared.rechit[row(t)] = "YES";
+    t.shared.rectime[row(t)] = s.targetticks;
     s.hits += 1;
     s.lblhits.Caption = std::to_string(s.hits);
     s.hittime += s.targetticks;
@@ -28,8 +32,7 @@ struct result {
     double score;
 };
 
-// The visual score goes by the targets hit, the thermal one by the targets shown. A larger sum of kill times
-// gives a larger score.
+// The visual score counts the targets hit, the thermal one the targets shown. More time gives a larger score.
 result workout(gunnery_screen& s)
 {
     if (s.hittime < 1) s.hittime = 1;
@@ -40,19 +43,18 @@ result workout(gunnery_screen& s)
     return r;
 }
 
-// A score with a fraction that falls between two rows gets no rating.
+// A fractional score between two rows gets no rating.
 std::string rating(double score)
 {
-    struct row {
+    static constexpr struct {
         double from, to;
         const char* words;
-    };
-    static constexpr row rows[] = {{0, 100, "FORGET IT"},
-                                   {101, 2998, "CADET"},
-                                   {2999, 3800, "GUNNER"},
-                                   {3801, 4700, "GUNNER MECH"},
-                                   {4701, 100000, "GUNNERY INSTRUCTOR"}};
-    for (const row& r : rows)
+    } ratings[] = {{0, 100, "FORGET IT"},
+                   {101, 2998, "CADET"},
+                   {2999, 3800, "GUNNER"},
+                   {3801, 4700, "GUNNER MECH"},
+                   {4701, 100000, "GUNNERY INSTRUCTOR"}};
+    for (const auto& r : ratings)
         if (score >= r.from && score <= r.to) return r.words;
     return {};
 }
@@ -72,12 +74,6 @@ void showscore(trainer& t, const gunnery_screen& s, const result& r)
 
 }   // namespace
 
-static bool wantsdebrief(trainer& t)
-{
-    return t.shared.fulldebrief && asked(t, "DEBRIEF FIRER ?", "DEBRIEF");
-}
-
-// A range that can't be read any more leads back to the set-up instead: the user has then been told.
 static void todebrief(trainer& t, gunnery_screen& s)
 {
     s.gunloaded = false;
@@ -87,7 +83,6 @@ static void todebrief(trainer& t, gunnery_screen& s)
     if (s.visual()) s.lblcrew.Caption.clear();
 }
 
-// The question comes before the thermal score is worked out and after the visual one; neither can tell.
 void practiceend(trainer& t, gunnery_screen& s)
 {
     const result r = workout(s);
@@ -96,8 +91,8 @@ void practiceend(trainer& t, gunnery_screen& s)
         s.lblcrew.Caption = "TARGET STOP...STOP CLEAR GUNS !!";
         say(t, s, "cleargun.wav");
     }
-    const bool debrief = wantsdebrief(t);
-    if (resets != s.resets) return;   // unloaded behind the box
+    const bool debrief = t.shared.fulldebrief && asked(t, "DEBRIEF FIRER ?", "DEBRIEF");
+    if (resets != s.resets) return;   // unloaded while the box was open
     if (debrief) return todebrief(t, s);
     showscore(t, s, r);
     if (resets != s.resets) return;

@@ -8,12 +8,7 @@ namespace vorn {
 
 namespace {
 
-int row(const trainer& t)
-{
-    return t.shared.engagement;
-}
-
-int targetsinall(const trainer& t)
+int alltargets(const trainer& t)
 {
     return t.shared.targetblocks * 3;
 }
@@ -43,8 +38,7 @@ void cmdtarget_click(gunnery_screen& s)
     start(s.Timpause);
 }
 
-// A resume from pause can bring the count past the wait: when it ran on under a target, and the wait that
-// began with that target's end is shorter. The order then comes at once, or the practice would stand still.
+// After a resume the count runs on while a target is up, and can be past the shorter wait that follows.
 void timpause_tick(trainer& t, gunnery_screen& s)
 {
     s.pausecount += 1;
@@ -54,8 +48,8 @@ void timpause_tick(trainer& t, gunnery_screen& s)
     nexttarget(t, s);
 }
 
-// The fixed cycle FIN, HESH, COAX. Its count never goes back: the 19th order keeps the nature of the 18th,
-// the 20th is FIN, and from then on nothing changes the nature.
+// FIN, HESH, COAX in turn. Nothing resets the count: the 19th order keeps the nature of the 18th, and all
+// from the 20th on are FIN.
 void choosemixed(gunnery_screen& s)
 {
     s.ordercount += 1;
@@ -67,22 +61,10 @@ void choosemixed(gunnery_screen& s)
 
 void choosenature(const trainer& t, gunnery_screen& s)
 {
-    switch (t.shared.engagementtype) {
-        case 1:
-            choosemixed(s);
-            break;
-        case 2:
-            s.nature = coax_transport;
-            break;
-        case 3:
-            s.nature = hesh_bmp;
-            break;
-        case 4:
-            s.nature = fin_tank;
-            break;
-        default:
-            break;
-    }
+    static constexpr nature_of_target natures[] = {coax_transport, hesh_bmp, fin_tank};   // of types 2 to 4
+    const int type = t.shared.engagementtype;
+    if (type == 1) choosemixed(s);
+    if (type >= 2 && type <= 4) s.nature = natures[type - 2];
 }
 
 struct order {
@@ -94,15 +76,15 @@ constexpr order orders[] = {{"FIN TANK ", "COMMANDER :- FIN TANK  !!", "fin1.wav
                             {"HESH BMP ", "COMMADER :- HESH BMP !!", "hesh1.wav"},
                             {"COAX TRANSPORT ", "COMMANDER :- COAX TRANSPORT !!", "coaxon1.wav"}};
 
-// The commander's estimate goes by the range of the target before.
+// The commander estimates the range from that of the previous target.
 void showestimate(trainer& t, gunnery_screen& s)
 {
-    const bool nofirst = s.nature == fin_tank && s.currentrange < 1;
-    const double estimate = nofirst ? 1000 : Int((Rnd(t.random) * 3 + 3) * (s.currentrange / 5.0));
+    const bool none = s.nature == fin_tank && s.currentrange < 1;
+    const double estimate = none ? 1000 : Int((Rnd(t.random) * 3 + 3) * (s.currentrange / 5.0));
     s.Lblrange.Caption = number_text(estimate) + "S";
 }
 
-// Worse by a step with each third of the practice; taken before the new target is counted.
+// One step worse with each third of the practice; called before the new target is counted.
 void degrade(trainer& t, const gunnery_screen& s)
 {
     const double thirds = static_cast<double>(s.targetnumber) / std::max<int>(t.shared.targetblocks, 1);
@@ -113,7 +95,7 @@ void recordsystem(trainer& t, gunnery_screen& s)
 {
     struct status {
         const char* record;
-        const char* shown;   // nothing: what is shown stays
+        const char* shown;   // null: leaves what is shown
         const char* suffix;
     };
     static constexpr status full{"FULL", nullptr, nullptr};
@@ -140,8 +122,8 @@ int nearestposition(const trainer& t)
     return nearest;
 }
 
-// A position at the limit stands when it was there already and is refused when it is drawn. A range that has
-// no position near enough gives its nearest one, since the draw would never end.
+// A position exactly at the limit is kept, but not drawn. A range without a nearer position gives its nearest
+// one; the draws would never end.
 void drawnearer(trainer& t, gunnery_screen& s, int limit)
 {
     if (rangeof(t, s.targetindex) <= limit) return;
@@ -169,7 +151,7 @@ void chooseposition(trainer& t, gunnery_screen& s)
 
 void placetarget(trainer& t, gunnery_screen& s)
 {
-    const auto position = s.currenttarget;
+    const int position = s.currenttarget;
     s.Imgtargets.Width = target_width(s.numbers, s.currentrange, t.shared.targetsize);
     s.Imgtargets.Height = s.Imgtargets.Width;
     s.Imgtargets.Left = s.Imgrange.Left + t.shared.targetx[position];
@@ -182,14 +164,13 @@ void placetarget(trainer& t, gunnery_screen& s)
     if (s.visual()) t.shared.recwidth[row(t)] = s.Imgtargets.Width;
 }
 
-// False when no target is left to present, which only a resume from pause can bring about: the practice is
-// over.
+// False when all targets have been presented, which happens only after a resume; ends the practice.
 bool presenttarget(trainer& t, gunnery_screen& s)
 {
     t.shared.roundnumber = 1;
     s.targetnumber += 1;
-    if (s.targetnumber > targetsinall(t)) {
-        s.targetnumber = targetsinall(t);
+    if (s.targetnumber > alltargets(t)) {
+        s.targetnumber = alltargets(t);
         cmdstopsim_click(t, s);
         return false;
     }
@@ -233,7 +214,7 @@ void taketargetdown(trainer& t, gunnery_screen& s)
     static_cast<since_target&>(s) = {};
     t.shared.engagement += 1;
     stop(s.Timtarget);
-    if (s.targetnumber + 1 > targetsinall(t)) {
+    if (s.targetnumber + 1 > alltargets(t)) {
         cmdstopsim_click(t, s);
         stop(s.Timpause);
     } else {
@@ -241,7 +222,7 @@ void taketargetdown(trainer& t, gunnery_screen& s)
     }
 }
 
-// One second of an engagement: presents the target on the first, takes it down on the last.
+// One second of an engagement: presents the target in the first, takes it down in the last.
 void timtarget_tick(trainer& t, gunnery_screen& s)
 {
     if (t.shared.selfdegrading) degrade(t, s);
@@ -254,11 +235,11 @@ void timtarget_tick(trainer& t, gunnery_screen& s)
     if (s.targetticks >= s.targetlife) taketargetdown(t, s);
 }
 
-// All three timers come on after a pause, whichever of them was running before it.
+// A resume starts all three timers, whichever of them ran before the pause.
 void cmdpausesim_click(trainer& t, gunnery_screen& s)
 {
     t.shared.paused = !t.shared.paused;
-    s.Cmdpausesim.Caption = t.shared.paused ? "PAUSE OFF" : "PAUSE SIM";
+    showpause(s, t.shared.paused);
     for (timer* clock : {&s.Timtarget, &s.Timloading, &s.Timpause})
         t.shared.paused ? stop(*clock) : start(*clock);
     for (screen_object* o : {&s.Cmdfire, &s.Cmdautolay}) o->Enabled = !t.shared.paused;

@@ -1,3 +1,7 @@
+#include <initializer_list>
+#include <string>
+#include <utility>
+
 #include "flow/boxes.h"
 #include "flow/intro.h"
 #include "gunnery/gunnery.h"
@@ -9,11 +13,6 @@ namespace vorn {
 
 namespace {
 
-void show_or_hide(screen_object& o, bool shown)
-{
-    o.Visible = shown;
-}
-
 // A quick start is a fixed exercise: nine targets, the keyboard, voices, and a score with a rating.
 void setupquickstart(trainer& t, gunnery_screen& s)
 {
@@ -22,22 +21,22 @@ void setupquickstart(trainer& t, gunnery_screen& s)
     t.shared.keyboardselected = true;
     t.shared.targetblocks = 3;
     s.lbltargetnum.Caption = "TARGET 0 OF 9";
-    for (screen_object* o : {&s.lbltargetnum, &s.Imgname}) show_or_hide(*o, true);
-    for (screen_object* o : {&s.Frmcon, &s.Frmsys, &s.Frmmousecon}) show_or_hide(*o, false);
+    for (screen_object* o : {&s.lbltargetnum, &s.Imgname}) o->Visible = true;
+    for (screen_object* o : {&s.Frmcon, &s.Frmsys, &s.Frmmousecon}) o->Visible = false;
 }
 
 void setupcontrolpanels(const practice_state& p, gunnery_screen& s)
 {
-    show_or_hide(s.Frmcon, p.keyboardselected && !p.joyselected && !p.mouseselected && p.infocontrol);
-    show_or_hide(s.Frmmousecon, p.mouseselected);
+    s.Frmcon.Visible = p.keyboardselected && !p.joyselected && !p.mouseselected && p.infocontrol;
+    s.Frmmousecon.Visible = p.mouseselected;
 }
 
-// Nothing here shows a panel again: what a pass has hidden stays hidden until the screen is unloaded.
+// A panel that is hidden here is shown again only by the next load of the screen.
 void hidepanels(const practice_state& p, gunnery_screen& s)
 {
     const auto hide_if = [](bool hides, std::initializer_list<screen_object*> panels) {
         if (!hides) return;
-        for (screen_object* o : panels) show_or_hide(*o, false);
+        for (screen_object* o : panels) o->Visible = false;
     };
     hide_if(!p.infosystem, {&s.Frmsys});
     hide_if(!p.infocrew, {&s.lblcrew});
@@ -51,7 +50,7 @@ void hidepanels(const practice_state& p, gunnery_screen& s)
 void setuppanels(trainer& t, gunnery_screen& s)
 {
     if (s.visual() && t.shared.quickstart) return setupquickstart(t, s);
-    if (!t.shared.targetauto) show_or_hide(s.Cmdtarget, true);
+    if (!t.shared.targetauto) s.Cmdtarget.Visible = true;
     setupcontrolpanels(t.shared, s);
     hidepanels(t.shared, s);
 }
@@ -65,20 +64,13 @@ void showkeynote(gunnery_screen& s)
     s.keynote.Caption += "Esc  RETURNT TO SETUP";
 }
 
-// A pause outlives the screen in which it was made; the button says what a click on it will do.
-void showpause(const practice_state& p, gunnery_screen& s)
-{
-    const bool shown = s.Cmdpausesim.Caption == "PAUSE OFF";
-    if (shown != p.paused) s.Cmdpausesim.Caption = p.paused ? "PAUSE OFF" : "PAUSE SIM";
-}
-
 void resetcontrols(gunnery_screen& s)
 {
     s.Cmdstartsim.Enabled = true;
     for (screen_object* o :
          {&s.Cmdcoax, &s.Cmdselectmain, &s.Cmdmaingun, &s.Cmdautolay, &s.Cmdlaze, &s.Cmdoff, &s.Cmdfire})
         o->Enabled = false;
-    // The thermal screen leaves these two as they are: once a practice has run there they stay enabled.
+    // The thermal screen leaves these two enabled once a practice has run.
     if (s.visual())
         for (screen_object* o : {&s.Cmdstopsim, &s.Cmdpausesim}) o->Enabled = false;
     for (timer* clock : {&s.Timcoax, &s.Timloading, &s.Timtarget, &s.Timleft, &s.Timright, &s.Timup,
@@ -90,14 +82,14 @@ void resetreadouts(gunnery_screen& s)
 {
     for (screen_object* o : {&s.Label1, &s.Label2, &s.lblhits}) o->Caption = "0";
     s.Lblavetime.Caption.clear();
-    for (screen_object* o : {&s.laze, &s.ammo, &s.Imgtargets, &s.Imgloaded}) show_or_hide(*o, false);
-    show_or_hide(s.Imghesh, true);
+    for (screen_object* o : {&s.laze, &s.ammo, &s.Imgtargets, &s.Imgloaded}) o->Visible = false;
+    s.Imghesh.Visible = true;
     if (!s.visual()) return;
-    show_or_hide(s.Imgcoax, true);
-    s.Lblammotype.Caption.clear();
+    s.Imgcoax.Visible = true;
+    showammo(s, ammo_shown::nothing);
     s.Lblrange.Caption.clear();
     stop(s.Timchrg);
-    show_or_hide(s.Lblcharge, false);
+    s.Lblcharge.Visible = false;
 }
 
 void resetstate(gunnery_screen& s)
@@ -109,19 +101,18 @@ void resetstate(gunnery_screen& s)
     s.windoffset = 0;
 }
 
-// The visual screen marks the row that the practice just ended has moved on to, the thermal one row 1.
+// The visual screen marks the row after the last engagement, the thermal one row 1.
 void resetrecord(trainer& t, gunnery_screen& s)
 {
-    const auto left_on = t.shared.engagement;
+    t.shared.recsystem[s.visual() ? row(t) : 1] = "FULL";
     t.shared.engagement = 1;
-    t.shared.recsystem[s.visual() ? left_on : 1] = "FULL";
     if (!s.visual()) s.rangesuffix = "C";
 }
 
-// What could not be used, and why; empty when all is well.
+// A file that can't be used.
 struct fault {
     std::string file;
-    std::string reason;
+    std::string reason;   // empty: no fault
 };
 
 fault loadinto(trainer& t, screen_object& o, const std::string& file)
@@ -216,7 +207,7 @@ bool screenreset(trainer& t, gunnery_screen& s)
     s.window.takes_focus = s.Frame3.Visible ? &s.Cmdstartsim : &s.Picrange;
     resetrecord(t, s);
     resetcontrols(s);
-    showpause(t.shared, s);
+    showpause(s, t.shared.paused);
     resetstate(s);
     resetreadouts(s);
     const fault f = loadrange(t, s);
@@ -226,6 +217,14 @@ bool screenreset(trainer& t, gunnery_screen& s)
     }
     copyheader(t, s);
     return true;
+}
+
+// "PAUSE SIM" has an access key until the first pause.
+void showpause(gunnery_screen& s, bool paused)
+{
+    if (s.pauseshown == paused) return;
+    s.pauseshown = paused;
+    s.Cmdpausesim.Caption = paused ? "PAUSE OFF" : "PAUSE SIM";
 }
 
 void make_gunnery(trainer& t, gunnery_screen& s)

@@ -4,45 +4,99 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/design.h"
+
 namespace vorn {
 
 enum class sight_kind { visual, thermal };
 
-// One direction of the commander's lay: the end lies up to `spread` beyond `base` in the direction of the
-// step.
+// One direction of the commander's lay: it ends up to `spread` beyond `base`, in the direction of the step.
 struct slew_numbers {
     double base;
     double spread;
     double step;
 };
 
-// Where a picture stops: its left or top edge to the one side, so much of it left in the window to the other.
+// The limits of the range picture's place in the sight window.
 struct limit_numbers {
-    double near;     // Left and Top beyond which it goes no further right and down
-    double across;   // of its Width, and
-    double down;     // of its Height that stay
+    double near;     // Left and Top stay below this
+    double across;   // at least this much of the width stays right of the window's left edge
+    double down;     // at least this much of the height stays below its top edge
+};
+
+// A drop proportional to the range: `twips` in each `metres`.
+struct drop_numbers {
+    double twips;
+    double metres;
+
+    constexpr double at(double range) const { return range * twips / metres; }
+};
+
+// The flight of a FIN or DST round: from below the aim point up to its drop, getting smaller.
+struct fin_numbers {
+    double from;       // below the aim point
+    drop_numbers to;   // below the aim point
+    double step;
+    double size;       // at the start
+    double shrink;     // per step
+    double smallest;   // size
+    double drift;      // per step, to the right
+};
+
+// The flight of a HESH round: from above the aim point, by the range and `from`, down to its drop.
+struct hesh_numbers {
+    double from;
+    drop_numbers to;
+    double step;
+    double below;   // what the round falls below that at any range
+};
+
+struct coax_numbers {
+    double size;         // of the tracer
+    drop_numbers drop;   // of the beaten zone, below the aim point
+    int bursts;          // hits needed for a kill, beyond the number that is set
+};
+
+struct loader_numbers {
+    int from, to;   // the gun is loaded when `loadcount` is one of these
+};
+
+struct explosion_numbers {
+    int interval;            // of Timexplode, milliseconds
+    const char* drawing;     // first part of the pictures' names
+    const char* voiceless;   // sound with voices off
 };
 
 struct sight_numbers {
-    const char* resultmode;     // the sight's word in the record
-    int timer1;                 // milliseconds
-    int nearest;                // a target nearer than this is taken as this far
-    double widest;              // width of a target at no distance, before the bounds
+    const char* resultmode;     // name of the sight in the record
+    rectangle window;           // the sight window on the screen
+    rectangle aim;              // the aim point in the window
+    int timer1;                 // interval of Timer1, milliseconds
+    int nearest;                // a nearer target counts as this far away
+    double widest;              // width of a target at range 0, before the bounds
     int far;                    // from this range on a target has its smallest width
-    slew_numbers right, left;   // with the target left of the sight, and not
-    slew_numbers down, up;      // with the target above it, and not
-    int pressstep;              // twips a tick while a direction is held
+    slew_numbers right, left;   // for a target left of the sight, and for any other
+    slew_numbers down, up;      // for a target above it, and for any other
+    int pressstep;              // per tick while a direction is held
     bool accelerates;           // each tick moves one twip more than the last
     limit_numbers keylimits;    // of the directions held
     limit_numbers sticklimits;
-    bool eventsinlay;   // the lay lets events run between its steps
-    int loadedat;       // loader's count at which the gun is loaded
-    int holdticks;      // timautolay ticks that pass before the lay
-    int voiceticks;     // Timvoice ticks after which a held call is over
+    bool eventsinlay;            // events are handled between the steps of the commander's lay
+    int fastest, usual;          // maximum and design value of the lay speed slider
+    int holdticks;               // timautolay ticks before the lay
+    drop_numbers reversionary;   // of the sight when it goes to its reversionary mark
+    fin_numbers fin;
+    hesh_numbers hesh;
+    coax_numbers coax;
+    loader_numbers loaded;
+    explosion_numbers explosion;
+    int voiceticks;   // Timvoice ticks after which a call of the crew ends
 };
 
 inline constexpr sight_numbers visualsight{
     .resultmode = "VISUAL",
+    .window = {5760, 1400, 8850, 6615},
+    .aim = {4525, 1140, 30, 30},
     .timer1 = 1,
     .nearest = 600,
     .widest = 660,
@@ -56,12 +110,21 @@ inline constexpr sight_numbers visualsight{
     .keylimits = {-100, 4500, 4000},
     .sticklimits = {-100, 4500, 3000},
     .eventsinlay = true,
-    .loadedat = 4,
+    .fastest = 160,
+    .usual = 110,
     .holdticks = 3,
+    .reversionary = {0, 1},
+    .fin = {.from = 1420, .to = {1, 2}, .step = -20, .size = 600, .shrink = 20, .smallest = 20, .drift = 3},
+    .hesh = {.from = 1105, .to = {2, 1}, .step = 0.3, .below = 0},
+    .coax = {.size = 5, .drop = {2, 1}, .bursts = 1},
+    .loaded = {4, std::numeric_limits<int>::max()},
+    .explosion = {.interval = 10, .drawing = ":explosion", .voiceless = "explode1.wav"},
     .voiceticks = 4,
 };
 inline constexpr sight_numbers thermalsight{
     .resultmode = "THERMAL",
+    .window = {3630, 1875, 9465, 5775},
+    .aim = {4700, 2600, 55, 50},
     .timer1 = 10,
     .nearest = std::numeric_limits<int>::min(),
     .widest = 560,
@@ -75,10 +138,26 @@ inline constexpr sight_numbers thermalsight{
     .keylimits = {-10, 9500, 5800},
     .sticklimits = {-100, 5000, 3000},
     .eventsinlay = false,
-    .loadedat = 5,
+    .fastest = 20,
+    .usual = 3,
     .holdticks = 2,
+    .reversionary = {1, 2},
+    .fin = {.from = 1000, .to = {0, 1}, .step = -1, .size = 500, .shrink = 2, .smallest = 10, .drift = 1},
+    .hesh = {.from = 1000, .to = {0, 1}, .step = 0.2, .below = 50},
+    .coax = {.size = 15, .drop = {1, 7}, .bursts = 2},
+    .loaded = {5, 5},
+    .explosion = {.interval = 1, .drawing = ":hotexplosion", .voiceless = "explode.wav"},
     .voiceticks = 3,
 };
+
+constexpr const sight_numbers& numbers_of(sight_kind kind)
+{
+    return kind == sight_kind::visual ? visualsight : thermalsight;
+}
+
+// The columns of figures and of ticks in the visual sight, which show the drop of HESH. Nothing reads them.
+inline constexpr rectangle figures_left{2880, 2520, 375, 3255}, figures_right{6360, 2520, 255, 3495};
+inline constexpr rectangle ticks_left{3480, 2430, 255, 2775}, ticks_right{5640, 2430, 255, 2775};
 
 // A target's width at a range: larger divisors make larger targets.
 inline constexpr double smallest_target = 160;

@@ -10,11 +10,10 @@ namespace vorn {
 namespace {
 
 constexpr double frame_seconds = 1.0 / 60;
-constexpr double longest_slew = 0.45;   // seconds: with one across and one down a lay is over within a second
-constexpr int most_pauses =
-    1000;   // of a slew: a target millions of twips away must not hold up the practice
+constexpr double longest_slew = 0.45;   // seconds; the two slews of a lay take less than a second
+constexpr int most_pauses = 1000;   // per slew: a target millions of twips away must not delay the practice
 
-// Lets one count be seen. False when the practice has gone meanwhile.
+// Shows one count. False when the practice has ended meanwhile.
 bool showcount(trainer& t, const gunnery_screen& s, double seconds, int resets)
 {
     t.pc.pace(seconds);
@@ -22,8 +21,7 @@ bool showcount(trainer& t, const gunnery_screen& s, double seconds, int resets)
     return s.resets == resets;
 }
 
-// The target takes each count in turn and the picture moves by a step each time, so that it ends one step
-// further than the target.
+// The target takes each count and the picture moves by a step each time, so that it ends one step further.
 bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n)
 {
     const double from = s.Imgtargets.*along;
@@ -40,40 +38,19 @@ bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n
     return true;
 }
 
-// Beyond these a target that has just been placed counts as to the right of the sight, and as below it.
+// A target that has just been placed counts as left of the sight below the one, as above it below the other.
 constexpr double left_of_sight = 2040;
 constexpr double above_sight = 960;
 
 }   // namespace
 
-static bool slewright(trainer& t, gunnery_screen& s)
-{
-    return slew(t, s, &object_fields::Left, s.numbers.right);
-}
-
-static bool slewleft(trainer& t, gunnery_screen& s)
-{
-    return slew(t, s, &object_fields::Left, s.numbers.left);
-}
-
-static bool slewdown(trainer& t, gunnery_screen& s)
-{
-    return slew(t, s, &object_fields::Top, s.numbers.down);
-}
-
-static bool slewup(trainer& t, gunnery_screen& s)
-{
-    return slew(t, s, &object_fields::Top, s.numbers.up);
-}
-
 bool commanderslay(trainer& t, gunnery_screen& s)
 {
-    const bool above =
-        s.Imgtargets.Top < above_sight;   // as placed: the gunner may move it during the first slew
-    const bool across = s.Imgtargets.Left < left_of_sight ? slewright(t, s) : slewleft(t, s);
-    if (!across) return false;
-    const bool along = above ? slewdown(t, s) : slewup(t, s);
-    if (!along) return false;
+    const sight_numbers& n = s.numbers;
+    const bool above = s.Imgtargets.Top < above_sight;   // as placed: the first slew may move it
+    const bool left = s.Imgtargets.Left < left_of_sight;
+    if (!slew(t, s, &object_fields::Left, left ? n.right : n.left)) return false;
+    if (!slew(t, s, &object_fields::Top, above ? n.down : n.up)) return false;
     s.targetcalled = true;
     reporton(t, s);
     return true;

@@ -2,8 +2,7 @@
 
 namespace vorn {
 
-// The nearer the target, the wider the bars. A height that lies between two classes leaves the picture as it
-// was.
+// A height between two classes leaves the picture as it was.
 void choosestadia(gunnery_screen& s)
 {
     static constexpr struct {

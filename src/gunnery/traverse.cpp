@@ -10,13 +10,13 @@ struct direction_row {
     timer gunnery_screen::*clock;
     int16 gunnery_screen::*step;
     coordinate along;
-    coordinate extent;   // of the picture, in that direction
+    coordinate extent;   // of the picture in that direction
     int sign;            // of the picture's move
-    int faster;          // what a tick adds to the count of ticks, and
-    int weight;          // how that count goes into the step
+    int faster;          // added to traverseaccel per tick
+    int weight;          // of traverseaccel in the step
 };
 
-// The directions are those of the view; the picture goes the other way.
+// By direction of the view; the picture moves the other way.
 const direction_row rows[] = {{&gunnery_screen::Timleft, &gunnery_screen::traversestep, &object_fields::Left,
                                &object_fields::Width, 1, 1, 1},
                               {&gunnery_screen::Timright, &gunnery_screen::traversestep, &object_fields::Left,
@@ -34,11 +34,11 @@ const direction_row& row_of(direction d)
 bool within(const gunnery_screen& s, const limit_numbers& limits, const direction_row& d)
 {
     const double at = s.Imgrange.*d.along;
-    const double stays = d.along == &object_fields::Left ? limits.across : limits.down;
-    return d.sign > 0 ? at < limits.near : at > 1 - s.Imgrange.*d.extent + stays;
+    const double far = d.along == &object_fields::Left ? limits.across : limits.down;
+    return d.sign > 0 ? at < limits.near : at > 1 - s.Imgrange.*d.extent + far;
 }
 
-// The limit is tested before the move, and outside it nothing at all happens: the count of ticks stands too.
+// The limit is tested before the move. At the limit traverseaccel doesn't change either.
 void tick(gunnery_screen& s, const direction_row& d)
 {
     if (!within(s, s.numbers.keylimits, d)) return;
@@ -46,8 +46,8 @@ void tick(gunnery_screen& s, const direction_row& d)
     movepicture(s, d.along, s.*d.step + d.weight * s.traverseaccel);
 }
 
-// The excess of the stick over the dead band, one twip for each full 100 units. Rounding down makes it
-// lopsided: just past the lower bound the picture moves at once, past the upper one only after 100 units.
+// One twip for each full 100 units beyond the dead band. Rounding down makes this asymmetric: the picture
+// moves just below the lower bound, but only 100 units above the upper one.
 void stick_axis(gunnery_screen& s, direction below, direction above, double at, double centre, double factor)
 {
     const double low = centre - 2 * factor, high = centre + 2 * factor;

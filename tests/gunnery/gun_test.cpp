@@ -360,9 +360,9 @@ TEST(visual_gun, a_hesh_round_fired_with_the_lay_held_relays)
     d.pc.key_down('S');
     d.pc.wait(2.1);
     ASSERT_GT(s.Imgrange.Top, range + 2000);
-    const double laid = s.Imgrange.Top;
+    const double laid = s.Imgrange.Top, target = s.Imgtargets.Top;
     d.tap('D');
-    EXPECT_DOUBLE_EQ(s.relayed, 21 * 110);
+    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, target - 21 * 110);
     EXPECT_DOUBLE_EQ(s.Imgrange.Top, laid - 20 * 110);
     EXPECT_NEAR(s.ammo.Top, 1140 + 2200 - 21 * 110, 0.31);
     EXPECT_EQ(d.t.shared.rechit[1], "YES") << "it still falls on the target";

@@ -51,8 +51,8 @@ void check_bounds(rules& r, const practice_state& p, const gunnery_screen& s)
               "counts are never negative");
     r.require(within(s.targetwait, 0, 7), "waits are 0 to 7 seconds");
     r.require(within(s.correctstep, 0, 2), "the correction has two presses");
-    r.require(within(s.autolaycount, 0, s.numbers.holdticks), "autolaycount ends at layhold");
-    r.require(within(s.voicecount, 0, s.numbers.voiceticks - 1), "voicecount ends before heldticks");
+    r.require(within(s.autolaycount, 0, s.numbers.holdticks), "autolaycount ends at holdticks");
+    r.require(within(s.voicecount, 0, s.numbers.voiceticks - 1), "voicecount ends before voiceticks");
     r.require(within(s.chargecount, 0, 1), "chargecount is 0 or 1");
     r.require(within(s.coaxhits, 0, 5), "a target is killed by its fifth burst at the latest");
     r.require(finite({s.leadperstep, s.heshcorrection, s.correctfrom, s.correctto}), "numbers are finite");

@@ -105,7 +105,6 @@ view view_of(const country&, int scale);
 // the range author proposes for its upper left corner is this one (metres).
 float agreeing_row(const country&, float range);
 
-const vorn::sight_numbers& numbers_of(vorn::sight_kind);
 // The side of a target's square at a range, twips, with the usual target size.
 float target_side(vorn::sight_kind, float range);
 

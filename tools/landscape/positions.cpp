@@ -20,11 +20,6 @@ constexpr float looked_for[wanted] = {900,  2300, 1250, 700,  1500, 1050, 2050, 
 // Metres from the range looked for; each is tried when the one before finds nothing.
 constexpr float too_far_off[] = {380, 800, 1900};
 
-// The aim point in the sight's window and the window itself, twips.
-struct sight_window {
-    float aim_x, aim_y, width, height;
-};
-constexpr sight_window visual_window{4525, 1140, 8850, 6615}, thermal_window{4700, 2600, 9465, 5775};
 constexpr float spare = 1000;   // twips, for aiming off in the wind and over the target
 
 struct box {
@@ -34,17 +29,18 @@ struct box {
 // Where the aim can be laid by hand with the window still full of picture, room to spare on all sides.
 box in_reach(const country& land)
 {
-    const bool visual = land.sight == vorn::sight_kind::visual;
-    const sight_window& w = visual ? visual_window : thermal_window;
-    const vorn::limit_numbers& keys = numbers_of(land.sight).keylimits;
+    const vorn::sight_numbers& sight = vorn::numbers_of(land.sight);
+    const vorn::rectangle& aim = sight.aim;
+    const vorn::limit_numbers& keys = sight.keylimits;
     const auto twip = real(vorn::twips_per_pixel);
     const float width = real(land.width) * twip, height = real(land.height) * twip;
-    const float across = std::max(real(keys.across), w.width), down = std::max(real(keys.down), w.height);
-    // A lay for the range takes the visual picture down by two twips a metre; the drop of the degraded
-    // thermal sight takes it up by half a twip a metre, before it is laid down again.
-    const float above = visual ? 2 * farthest : 0, below = visual ? 0 : farthest / 2;
-    return {(w.aim_x - real(keys.near) + spare) / twip, (w.aim_x + width - across - spare) / twip,
-            (w.aim_y - real(keys.near) + above + spare) / twip, (w.aim_y + height - down - below) / twip};
+    const float across = real(std::max(keys.across, sight.window.Width));
+    const float down = real(std::max(keys.down, sight.window.Height));
+    // A lay moves the picture down by the drop of HESH, the reversionary mark moves it up.
+    const float above = real(sight.hesh.to.at(farthest)), below = real(sight.reversionary.at(farthest));
+    const float x = real(aim.Left), y = real(aim.Top), near = real(keys.near);
+    return {(x - near + spare) / twip, (x + width - across - spare) / twip, (y - near + above + spare) / twip,
+            (y + height - down - below) / twip};
 }
 
 // Whether a target's foot can stand here. The commander's lay takes the picture a step further than the
@@ -53,9 +49,9 @@ bool stands_in_the_open(const country& land, const rendered& r, int x, int y, fl
 {
     const auto twip = real(vorn::twips_per_pixel);
     const int half = static_cast<int>(
-        (target_side(land.sight, range) / 2 + real(numbers_of(land.sight).right.step)) / twip);
+        (target_side(land.sight, range) / 2 + real(vorn::numbers_of(land.sight).right.step)) / twip);
     const int side = static_cast<int>(target_side(land.sight, range) / twip);
-    const int slip = static_cast<int>(real(numbers_of(land.sight).down.step) / twip);
+    const int slip = static_cast<int>(real(vorn::numbers_of(land.sight).down.step) / twip);
     for (int i = -half; i <= half; i += 2) {
         for (int j = -slip; j <= slip; j += 2) {
             const std::size_t k = r.at(x + i, y + j);
@@ -133,7 +129,7 @@ std::string range_file(const country& land, const std::vector<position>& positio
     vorn::practice_state p;
     p.rangename = land.name;
     p.rangepicture = land.picture;
-    p.rangetype = numbers_of(land.sight).resultmode;
+    p.rangetype = vorn::numbers_of(land.sight).resultmode;
     const std::string icons = std::string("/target icons/") + land.icons;
     p.targeticon1 = icons + "1.ico";
     p.targeticon2 = icons + "2.ico";

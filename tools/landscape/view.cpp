@@ -26,15 +26,10 @@ view view_of(const country& land, int scale)
     return {land.width / scale, land.height / scale, pixel * real(scale), horizon / real(scale)};
 }
 
-const vorn::sight_numbers& numbers_of(vorn::sight_kind sight)
-{
-    return sight == vorn::sight_kind::visual ? vorn::visualsight : vorn::thermalsight;
-}
-
 float target_side(vorn::sight_kind sight, float range)
 {
     constexpr float targetsize = 4;   // the usual one
-    const vorn::sight_numbers& numbers = numbers_of(sight);
+    const vorn::sight_numbers& numbers = vorn::numbers_of(sight);
     const auto smallest = real(vorn::smallest_target), largest = real(vorn::largest_target);
     const float width = range < real(numbers.far) ? real(numbers.widest) - range / targetsize : smallest;
     return std::clamp(width, smallest, largest);

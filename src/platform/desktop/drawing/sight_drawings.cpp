@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "gunnery/sight.h"
 #include "platform/desktop/drawing/explosion.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/windows/look.h"
@@ -67,36 +68,37 @@ void figure(const canvas& s, const QPointF& middle, double pixels, const QString
 
 // The visual sight ------------------------------------------------------------------------------------------
 
-// The aim point, twips from the top of the sight, and the drop of a round for each 100 metres.
-constexpr double aim = 1140, drop = 200;
-
-// A column of figures, hundreds of metres, each at the drop for its range.
-void scale_column(QPainter& p, const QRectF& at, QSizeF size)
+// How far below the top of a column a HESH round falls that is fired at the aim point.
+double fall(int hundreds, const rectangle& column)
 {
-    const canvas s{p, at, size};
-    constexpr double top = 2520;   // of the column in the sight, twips
+    return visualsight.aim.Top + visualsight.hesh.to.at(100 * hundreds) - column.Top;
+}
+
+// Hundreds of metres down a column, each at the drop of its range.
+void scale_column(QPainter& p, const QRectF& at, const rectangle& column)
+{
+    const canvas s{p, at, {column.Width, column.Height}};
     for (int hundreds = 8; hundreds <= 23; ++hundreds)
-        figure(s, s.point(size.width() / 2, aim + drop * hundreds - top), 9.5, QString::number(hundreds));
+        figure(s, s.point(column.Width / 2, fall(hundreds, column)), 9.5, QString::number(hundreds));
 }
 
 void scale_left(QPainter& p, const QRectF& at)
 {
-    scale_column(p, at, {375, 3255});
+    scale_column(p, at, figures_left);
 }
 
 void scale_right(QPainter& p, const QRectF& at)
 {
-    scale_column(p, at, {255, 3495});
+    scale_column(p, at, figures_right);
 }
 
 void ticks(QPainter& p, const QRectF& at)
 {
-    const canvas s{p, at, {255, 2775}};
-    constexpr double top = 2430;   // of the column in the sight, twips
+    const canvas s{p, at, {ticks_left.Width, ticks_left.Height}};
     QPainterPath path;
     for (int hundreds = 7; hundreds <= 20; ++hundreds) {
         const double half = hundreds % 2 == 0 ? 120 : 75;
-        const QPointF middle = s.point(127, aim + drop * hundreds - top);
+        const QPointF middle = s.point(127, fall(hundreds, ticks_left));
         const double y = level(middle.y(), std::max(1.0, s.scale()));
         line(path, {middle.x() - half * s.across(), y}, {middle.x() + half * s.across(), y});
     }
