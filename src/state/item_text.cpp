@@ -20,7 +20,7 @@ bool ends_item(char c)
     return c == ',' || c == '\r' || c == '\n';
 }
 
-// How many bytes the UTF-8 character at a place takes; 0 where there is none.
+// The number of bytes of the UTF-8 character at an index; 0 if it isn't one.
 std::size_t utf8_size(std::string_view s, std::size_t at)
 {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(s[i]); };
@@ -62,8 +62,8 @@ std::optional<std::string> as_latin1(std::string_view utf8)
     return bytes;
 }
 
-// Whether Latin-1 bytes hold a line that reads as UTF-8 too and would come back as something else. Line by
-// line, since the reader tells the encoding of each item by itself.
+// Whether a line of Latin-1 with other than ASCII characters is valid UTF-8 as well, so that the reader would
+// misread it. The reader decides for each item.
 bool reads_as_utf8(std::string_view latin)
 {
     while (!latin.empty()) {
@@ -77,7 +77,7 @@ bool reads_as_utf8(std::string_view latin)
 
 }   // namespace
 
-// Passes over blanks in front, finds the item's end, and steps over one end: a comma, CR LF, CR or LF.
+// An item ends at a comma, CR LF, CR or LF, and has no blanks around it.
 bool item_reader::next_item(std::string_view& item)
 {
     if (failed_ || place_ >= text_.size()) {

@@ -1,19 +1,20 @@
-// The one text form of practice, range and results files: an item a line, each line ended by CR LF; booleans
-// #TRUE# and #FALSE#, numbers as plain decimals, texts between double quotes with no escape.
+// The text format of practice, range and results files: one item per line, each line ended by CR LF; booleans
+// #TRUE# and #FALSE#, decimal numbers, texts between double quotes without escapes.
 #pragma once
 
 #include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "state/numbers.h"
 
 namespace vorn {
 
-// Takes one item after another from a file's text. Each take gives false, and leaves what it was given as it
-// is, when no item is left, when the item has another form, or when a number doesn't fit its field; from then
-// on every take gives false. An item also ends at a comma outside quotes.
+// Takes items one by one from the text of a file. A take fails when no item is left, the item has another
+// type or a number doesn't fit its field. It then gives false and leaves the argument unchanged, as do all
+// later takes. An item also ends at a comma outside quotes.
 class item_reader {
 public:
     explicit item_reader(std::string text) : text_(std::move(text)) {}
@@ -33,8 +34,8 @@ private:
     bool failed_ = false;
 };
 
-// Builds a file's text item by item. A double quote inside a text becomes an apostrophe and a line break a
-// blank, since the form has no way to hold them and the file would not read back.
+// Builds the text of a file item by item. In texts a double quote becomes an apostrophe and a line break a
+// blank, since the format has no escape for them.
 class item_writer {
 public:
     void put(std::string_view text);
@@ -44,8 +45,8 @@ public:
     void put(std::integral auto number) { put_line(std::to_string(number)); }
     void put(int16 number) { put_line(std::to_string(static_cast<int>(number))); }
 
-    // What has been put, in the bytes of a file: one byte a character where all of them are Latin-1, UTF-8
-    // otherwise, so that a path in any script survives. The reader tells the two apart.
+    // The bytes of the file: Latin-1 if it has all the characters and the reader doesn't take it for UTF-8;
+    // UTF-8 otherwise.
     std::string file_bytes() const;
 
 private:
@@ -54,7 +55,7 @@ private:
     std::string text_;
 };
 
-// Text from a file, as UTF-8: kept where it is valid UTF-8, else read as Latin-1.
+// Converts text from a file to UTF-8: valid UTF-8 is unchanged, anything else is read as Latin-1.
 std::string from_file_bytes(const std::string& bytes);
 
 }   // namespace vorn

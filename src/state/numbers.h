@@ -1,4 +1,4 @@
-// Numbers, texts and chance as the whole system uses them.
+// Numbers, texts and random numbers with the rules of the system.
 #pragma once
 
 #include <array>
@@ -12,7 +12,7 @@
 
 namespace vorn {
 
-// To the nearest whole number, halves to the even neighbour.
+// To the nearest integer, halves to the even neighbour.
 inline double rounded(double x)
 {
     return std::nearbyint(x);
@@ -24,13 +24,12 @@ inline double Int(double x)
     return std::floor(x);
 }
 
-// A 16-bit number that stays at its bounds instead of wrapping round; doubles are rounded.
+// A 16-bit integer that saturates instead of wrapping; doubles are rounded.
 class int16 {
 public:
     constexpr int16() = default;
     template <std::integral T>
-    constexpr int16(T n)
-        : value(saturated(n))   // NOLINT: meant to convert, so that no assignment can forget it
+    constexpr int16(T n) : value(saturated(n))   // NOLINT: implicit, so that every assignment saturates
     {
     }
     int16(double x) : value(saturated(rounded(x))) {}   // NOLINT
@@ -44,13 +43,13 @@ private:
         using limits = std::numeric_limits<std::int16_t>;
         if (n > limits::max()) return limits::max();
         if (n < limits::min()) return limits::min();
-        return n == n ? static_cast<std::int16_t>(n) : std::int16_t{0};   // what is no number counts as 0
+        return n == n ? static_cast<std::int16_t>(n) : std::int16_t{0};   // NaN gives 0
     }
 
     std::int16_t value = 0;
 };
 
-// An array indexed by int, which is how the system numbers its rows, rounds and positions.
+// An array indexed by int.
 template <class T, int N>
 struct table {
     static_assert(N > 0);
@@ -68,15 +67,15 @@ struct table {
     bool operator==(const table&) const = default;
 };
 
-// How many characters a UTF-8 text has, and the first n of them.
+// The number of characters in a UTF-8 text, and its first n characters.
 std::size_t length(const std::string& text);
 std::string left(const std::string& text, std::size_t n);
-// Without the blanks at its end.
+// Without trailing blanks.
 std::string without_padding(std::string text);
-// As a message shows it: up to 15 significant digits, no exponent for the sizes that occur.
+// With up to 15 significant digits.
 std::string number_text(double x);
 
-// Text of exactly N characters: cut to the length or padded with blanks on the right.
+// Text of exactly N characters: truncated, or padded with blanks on the right.
 template <std::size_t N>
 class padded {
 public:
@@ -94,13 +93,13 @@ private:
     std::string text_;
 };
 
-// The one source of chance, never seeded. A test may put a source of its own in.
+// Random numbers with the default seed. A test can set `source` to provide them instead.
 struct random_numbers {
     std::minstd_rand generator;
     std::function<double()> source;
 };
 
-// A uniform number in [0, 1).
+// A random number, uniform in [0, 1).
 double Rnd(random_numbers&);
 
 }   // namespace vorn
