@@ -1,9 +1,8 @@
 #include "drill.h"
 
-#include <gtest/gtest.h>
+#include <filesystem>
 
 #include "flow/intro.h"
-#include "gunnery/gunnery.h"
 #include "setup/startsim.h"
 
 namespace vorn {
@@ -45,7 +44,7 @@ void drill::start()
 
 void drill::present(int position)
 {
-    t.random.source = [position] { return draw_of(position); };
+    random(draw_of(position));
     start();
     pc.advance(8);
     ASSERT_TRUE(screen().Imgtargets.Visible);
@@ -70,15 +69,20 @@ void drill::hold(int key, double seconds)
     pc.key_up(key);
 }
 
+void drill::random(double number)
+{
+    t.random.source = [number] { return number; };
+}
+
 double drill::to_the_end()
 {
     const double from = pc.now();
     for (int i = 0; i < 20000 && screen().simrunning && !pc.ended; ++i) pc.advance(1);
-    EXPECT_FALSE(screen().simrunning) << "the practice never ends";
+    EXPECT_FALSE(screen().simrunning) << "the practice does not end";
     return pc.now() - from;
 }
 
-std::vector<double> drill::moments(const std::string& line)
+std::vector<double> drill::times_of(const std::string& line)
 {
     std::vector<double> found;
     for (const logged& l : pc.log)

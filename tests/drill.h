@@ -1,6 +1,8 @@
-// What a drill stands on: a folder of ranges made for it, a headless machine with the program on it, and the
-// road to a gunnery screen.
+// The fixture of a drill: a folder of test data, a headless machine with the program running, and the steps
+// to a gunnery screen.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
@@ -15,35 +17,50 @@ namespace vorn {
 
 // The files of the ranges that the trainer ships with.
 std::vector<std::string> shipped_ranges();
-// The number that makes the next draw of a position come out as this one.
+// The random number that selects this position.
 double draw_of(int position);
 
 struct drill {
-    // On the ranges made for drills, or on those of another program directory.
+    // On the test data, or on that of another program directory.
     explicit drill(sight_kind, const std::string& program = {});
 
-    // Sets the options before the road to the screen, then takes it.
-    void set_up();
-    // Set up, and a click on Start.
-    void start();
     gunnery_screen& screen() { return kind == sight_kind::visual ? t.simulator : t.thermal; }
     std::string crew() { return screen().lblcrew.Caption; }
-    // Starts a practice and waits until the target of the first order is up at this position.
+    // Shows the gunnery screen. Set the options before.
+    void set_up();
+    // Shows the gunnery screen if it isn't shown, and clicks on Cmdstartsim.
+    void start();
+    // Starts a practice and waits until the first target is up at this position.
     void present(int position);
-    // Puts the target where the sums of a drill want it.
     void target_at(double left, double top);
-    // A key, down and up; and one held for so many seconds.
     void tap(int key);
     void hold(int key, double seconds);
-    // Runs until the practice is over; gives the seconds that took.
+    // All random numbers are this one from now on.
+    void random(double number);
+    // Waits until the practice has ended; gives the seconds.
     double to_the_end();
-    // The moments of the crew lines that say so.
-    std::vector<double> moments(const std::string& line);
+    // The times at which the crew line was set to this text.
+    std::vector<double> times_of(const std::string& line);
+    std::vector<std::string> sounds() { return pc.of_kind("sound"); }
 
     sight_kind kind;
     data_folder data;
     headless_machine pc;
     trainer t{pc};
 };
+
+constexpr sight_kind both_sights[] = {sight_kind::visual, sight_kind::thermal};
+
+// A suite of drills that run on each sight.
+struct each_sight : testing::TestWithParam<sight_kind> {
+    drill d{GetParam()};
+    gunnery_screen& s = d.screen();
+    practice_state& p = d.t.shared;
+    const bool visual = s.visual();
+};
+inline std::string sight_name(const testing::TestParamInfo<sight_kind>& i)
+{
+    return i.param == sight_kind::visual ? "visual" : "thermal";
+}
 
 }   // namespace vorn

@@ -1,5 +1,9 @@
-// The guns: selection, loading, the trigger, flights and what they hit.
+// The guns: selection, loading, the trigger, the flights and their hits.
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
 
 #include "drill.h"
 #include "gunnery/gunnery.h"
@@ -7,36 +11,37 @@
 namespace vorn {
 namespace {
 
-// A FIN target at 1100 metres, 385 twips wide; the main armament selected and loaded. Every draw is the
-// middle.
-struct gun : testing::TestWithParam<sight_kind> {
-    drill d{GetParam()};
-    gunnery_screen& s = d.screen();
-    practice_state& p = d.t.shared;
-    bool visual = s.visual();
+using texts = std::vector<std::string>;
 
+// A FIN target at 1100 metres, 385 twips wide (thermal: 285); the main armament selected and loaded.
+struct gun : each_sight {
     gun()
     {
         p.windbias = 2;
         d.present(6);
         d.tap('E');
-        d.pc.wait(9);   // loaded, and the calls are over
-        d.t.random.source = [] { return 0.5; };
+        d.pc.wait(9);   // until the calls are over
+        d.random(0.5);
     }
-    // Where a FIN round comes down.
+    // Where a FIN round falls.
     double fall_left() { return visual ? 4525 + 64 : 4700 + (95 - 47); }
     double fall_top() { return visual ? 1700 : 2600; }
-    void as(int nature)
+    void load(int nature)
     {
-        s.nature = nature;
-        s.ammoselected = nature;
+        s.nature = s.ammoselected = nature;
         s.gunloaded = true;
     }
+    void miss() { d.target_at(-9000, -9000); }
+    void wrong_round(int nature)
+    {
+        load(nature);
+        s.ammoselected = (nature + 1) % 3;
+        d.tap('D');
+    }
 };
-INSTANTIATE_TEST_SUITE_P(sights, gun, testing::Values(sight_kind::visual, sight_kind::thermal),
-                         [](const auto& i) { return i.param == sight_kind::visual ? "visual" : "thermal"; });
+INSTANTIATE_TEST_SUITE_P(sights, gun, testing::ValuesIn(both_sights), sight_name);
 
-TEST_P(gun, fin_flies_to_its_place_and_kills_inside_the_margin)
+TEST_P(gun, fin_hits)
 {
     ASSERT_TRUE(s.gunloaded && s.Imgloaded.Visible);
     d.target_at(fall_left() - 200, fall_top() - 150);
@@ -46,33 +51,30 @@ TEST_P(gun, fin_flies_to_its_place_and_kills_inside_the_margin)
     EXPECT_FALSE(s.ammo.Visible || s.gunloaded || s.Imgloaded.Visible);
     EXPECT_EQ(p.recfallx[1][1], -200);
     EXPECT_EQ(p.recfally[1][1], -150);
+    EXPECT_EQ(p.recaimx[1][1], visual ? 56 : -10);   // 56.5 and -9.5: to the even neighbour
+    EXPECT_EQ(p.recaimy[1][1], visual ? 602 : 8);    // 602.5 below; 7.5 above
     EXPECT_EQ(d.crew(), "COMD: TARGET STOP !!");
     EXPECT_TRUE(s.Imgexplode.Visible);
     EXPECT_DOUBLE_EQ(s.Imgexplode.Top, s.Imgtargets.Top - 100);
-    const double across = s.Imgtargets.Width / 2 + fall_left() - 200 - s.mbs1.Left;
-    const double down = s.Imgtargets.Height / 2 + fall_top() - 150 - s.mbs1.Top;
-    EXPECT_EQ(p.recaimx[1][1], static_cast<int>(rounded(across)));
-    EXPECT_EQ(p.recaimy[1][1], static_cast<int>(rounded(visual ? down : -down)));
     d.pc.wait(1);
     EXPECT_FALSE(s.Imgtargets.Visible || s.Imgexplode.Visible);
-    const auto sounds = d.pc.of_kind("sound");
-    EXPECT_EQ(std::vector<std::string>(sounds.end() - 3, sounds.end()),
-              (std::vector<std::string>{"fire.wav", "targetstop.wav", "explode.wav"}));
+    const texts sounds = d.sounds();
+    EXPECT_EQ(texts(sounds.end() - 3, sounds.end()), (texts{"fire.wav", "targetstop.wav", "explode.wav"}));
 }
 
-TEST_P(gun, the_kill_box_is_strict)
+TEST_P(gun, a_round_on_the_edge_of_the_kill_box_misses)
 {
     const double margin = static_cast<float>(s.Imgtargets.Width / 15);
     const double width = s.Imgtargets.Width;
     const struct {
-        double left, top;   // of the fall against the target
+        double left, top;   // of the fall, relative to the target
         bool hit;
     } cases[] = {{margin, 100, false},         {margin + 1, 100, true},
                  {width - margin, 100, false}, {width - margin - 1, 100, true},
                  {100, width - margin, false}, {100, width - margin - 1, true},
                  {100, margin - 1, !visual},   {100, 0, false}};
     for (const auto& c : cases) {
-        as(fin_tank);
+        load(fin_tank);
         s.targethit = false;
         d.target_at(fall_left() - c.left, fall_top() - c.top);
         d.tap('D');
@@ -85,29 +87,29 @@ TEST_P(gun, the_kill_box_is_strict)
     EXPECT_EQ(p.recrounds[1], 3);
 }
 
-// Chance scatters a round up and down on the visual sight alone, and FIN to the right on both.
-TEST_P(gun, chance_scatters_a_round_within_its_bounds)
+// Up and down on the visual sight only, FIN to the right on both.
+TEST_P(gun, rounds_scatter)
 {
     const struct {
         double draw;
-        int spread, across;   // twips, of a target 385 or 285 wide
+        int spread, across;   // twips
     } cases[] = {{0, -75, visual ? 128 : 95}, {0.5, 0, visual ? 64 : 48}, {0.9999, 74, visual ? 0 : 1}};
+    miss();
     for (const auto& c : cases) {
-        d.t.random.source = [draw = c.draw] { return draw; };
-        as(fin_tank);
-        d.target_at(-9000, -9000);
+        d.random(c.draw);
+        load(fin_tank);
         d.tap('D');
         EXPECT_DOUBLE_EQ(s.ammo.Left, s.mbs1.Left + c.across) << c.draw;
         EXPECT_DOUBLE_EQ(s.ammo.Top, visual ? 1700 + c.spread : 2600) << c.draw;
-        as(hesh_bmp);
+        load(hesh_bmp);
         d.tap('D');
         EXPECT_NEAR(s.ammo.Top, visual ? 1140 + 2200 + c.spread : 2650, 0.31) << c.draw;
     }
 }
 
-TEST_P(gun, hesh_takes_the_wind_and_the_correction)
+TEST_P(gun, hesh_is_carried_by_wind_and_correction)
 {
-    as(hesh_bmp);
+    load(hesh_bmp);
     p.systemstatus = 0;
     s.lazed = true;
     s.windoffset = 300;
@@ -126,17 +128,11 @@ TEST_P(gun, hesh_takes_the_wind_and_the_correction)
     s.lazed = false;
     s.gunloaded = true;
     d.tap('D');
-    EXPECT_FLOAT_EQ(s.heshcorrection, visual ? 0 : 300) << "an unlased visual round drops it";
+    EXPECT_FLOAT_EQ(s.heshcorrection, visual ? 0 : 300) << "an unlased visual round clears it";
 }
 
-TEST_P(gun, wrong_round_no_target_and_no_round)
+TEST_P(gun, fires_at_nothing)
 {
-    s.nature = hesh_bmp;
-    s.Cmdautolay.Enabled = true;
-    d.tap('D');
-    EXPECT_TRUE(s.gunloaded && !s.Cmdautolay.Enabled);
-    EXPECT_EQ(d.pc.of_kind("sound").back(), "selechesh.wav");
-    as(fin_tank);
     s.Imgtargets.Visible = false;
     d.tap('D');
     EXPECT_FALSE(s.gunloaded || s.Timloading.Enabled);
@@ -144,9 +140,8 @@ TEST_P(gun, wrong_round_no_target_and_no_round)
     EXPECT_EQ(p.recrounds[1], 1);
 }
 
-TEST_P(gun, with_voices_off_the_sights_differ_in_the_wrong_round_and_the_explosion)
+TEST_P(gun, a_wrong_round_is_not_fired)
 {
-    p.voiceson = false;
     const struct {
         int nature;
         const char* line;
@@ -155,71 +150,74 @@ TEST_P(gun, with_voices_off_the_sights_differ_in_the_wrong_round_and_the_explosi
                  {hesh_bmp, "COMMANDER : SELECT HESH", "selechesh.wav"},
                  {coax_transport, "COMMANDER : SELECT COAX", "selectcoax.wav"}};
     for (const auto& w : wrong) {
-        as(w.nature);
-        s.ammoselected = (w.nature + 1) % 3;
-        d.pc.log.clear();
-        d.tap('D');
-        EXPECT_EQ(d.crew(), w.line);
-        EXPECT_EQ(d.pc.of_kind("sound"), std::vector<std::string>(visual ? 0 : 1, w.file));
-        EXPECT_FALSE(s.voicebusy);
+        for (const bool voices : {false, true}) {
+            p.voiceson = voices;
+            s.Cmdautolay.Enabled = true;
+            d.pc.log.clear();
+            wrong_round(w.nature);
+            EXPECT_EQ(d.crew(), w.line);
+            EXPECT_EQ(d.sounds(), texts(voices || !visual ? 1 : 0, w.file));
+            EXPECT_EQ(s.voicebusy, voices);
+            EXPECT_TRUE(s.gunloaded && !s.Cmdautolay.Enabled);
+            d.pc.wait(5);
+        }
     }
-    as(fin_tank);
+}
+
+TEST_P(gun, a_kill_with_voices_off)
+{
+    p.voiceson = false;
     d.target_at(fall_left() - 200, fall_top() - 150);
     d.pc.log.clear();
     d.tap('D');
-    EXPECT_EQ(d.pc.of_kind("sound"),
-              (std::vector<std::string>{"fire.wav", visual ? "explode1.wav" : "explode.wav"}));
+    EXPECT_EQ(d.sounds(), (texts{"fire.wav", visual ? "explode1.wav" : "explode.wav"}));
 }
 
-TEST_P(gun, a_held_call_is_over_so_long_after_the_first_of_two)
+TEST_P(gun, a_second_call_ends_with_the_first)
 {
-    s.nature = hesh_bmp;
-    d.tap('D');   // the wrong round
+    wrong_round(hesh_bmp);
     d.pc.wait(2);
     d.tap('D');
     d.pc.wait(visual ? 1.9 : 0.9);
     EXPECT_TRUE(s.voicebusy);
     d.pc.wait(0.2);
     EXPECT_FALSE(s.voicebusy);
-    d.tap('D');   // the count begins anew
+    d.tap('D');
     d.pc.wait(visual ? 3.9 : 2.9);
     EXPECT_TRUE(s.voicebusy);
 }
 
-TEST_P(gun, a_running_call_holds_back_effects_and_the_release_ends_coax_alone)
+TEST_P(gun, a_call_silences_effects_and_the_release_stops_coax_only)
 {
     const struct {
         int nature;
         bool call;
-        const char* pressed;    // what is heard while the trigger is held, and
-        const char* released;   // afterwards
+        const char* pressed;    // played while the trigger is held
+        const char* released;   // and afterwards
     } cases[] = {{coax_transport, false, "coax.wav", ""},
                  {coax_transport, true, "", ""},
                  {fin_tank, false, "fire.wav", "fire.wav"},
                  {fin_tank, true, visual ? "fire.wav" : "", visual ? "fire.wav" : ""},
                  {hesh_bmp, false, "fire.wav", "fire.wav"},
                  {hesh_bmp, true, visual ? "fire.wav" : "", visual ? "fire.wav" : ""}};
-    const auto heard = [&] { return std::filesystem::path(d.pc.playing).filename().string(); };
+    const auto playing = [&] { return std::filesystem::path(d.pc.playing).filename().string(); };
     s.targetlife = 500;
+    miss();
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.nature << (c.call ? " in a call" : ""));
-        as(c.nature);
-        d.target_at(-9000, -9000);
-        if (c.call) {
-            s.ammoselected = (c.nature + 1) % 3;
-            d.tap('D');
-            as(c.nature);
-        }
+        if (c.call) wrong_round(c.nature);
+        load(c.nature);
         d.pc.key_down('D');
-        EXPECT_EQ(heard(), c.pressed);
+        EXPECT_EQ(playing(), c.pressed);
         d.pc.key_up('D');
-        EXPECT_EQ(heard(), c.released);
-        d.pc.wait(9);   // the loader's call is over too
+        EXPECT_EQ(playing(), c.released);
+        d.pc.wait(9);   // until the loader's call is over
     }
 }
 
-// On the visual sight he is silent until the deselect, on the thermal one while the burst goes on.
-TEST_P(gun, the_loader_keeps_his_peace_after_a_coax_burst_and_his_line_comes_all_the_same)
+// Silent on the visual sight until the deselect, on the thermal one during the burst. The line is shown
+// anyway.
+TEST_P(gun, the_loader_is_silent_after_a_coax_burst)
 {
     const struct {
         bool release, deselect;
@@ -230,33 +228,33 @@ TEST_P(gun, the_loader_keeps_his_peace_after_a_coax_burst_and_his_line_comes_all
                  {true, true, "loaded.wav", "loadfire.wav"}};
     s.targetlife = 500;
     d.tap('Q');
+    miss();
     for (const auto& c : cases) {
-        as(coax_transport);
-        d.target_at(-9000, -9000);
+        load(coax_transport);
         d.pc.log.clear();
         s.lblcrew.Caption.clear();
-        d.pc.key_down('D');   // misses, so that the loader reports again
+        d.pc.key_down('D');
         if (c.release) d.pc.key_up('D');
         if (c.deselect) d.tap('W');
         d.pc.wait(1.1);
-        EXPECT_EQ(d.pc.of_kind("sound").back(), visual ? c.visual : c.thermal);
-        EXPECT_EQ(d.moments("LOADER :- LOADED !!").size(), 1U);
+        EXPECT_EQ(d.sounds().back(), visual ? c.visual : c.thermal);
+        EXPECT_EQ(d.times_of("LOADER :- LOADED !!").size(), 1U);
         d.pc.key_up('D');
         d.pc.wait(5);
     }
 }
 
-TEST_P(gun, selecting_again_steps_on_and_the_visual_record_says_so)
+TEST_P(gun, selecting_main_again_takes_the_next_round)
 {
     d.tap('E');
     EXPECT_EQ(s.Lblammotype.Caption, "DST");
     EXPECT_EQ(p.recammo[1], visual ? "DST" : "FIN");
 }
 
-TEST_P(gun, the_deselect_keeps_a_round_for_the_target_that_is_up_and_a_correction_till_correct)
+TEST_P(gun, deselecting_keeps_a_round_for_a_target_that_is_up)
 {
     const struct {
-        bool up, all;
+        bool up, correctall;
         bool loaded;
         float correction;
     } cases[] = {
@@ -267,10 +265,10 @@ TEST_P(gun, the_deselect_keeps_a_round_for_the_target_that_is_up_and_a_correctio
         s.heshcorrection = 40;
         s.heshcorrecting = true;
         s.Imgtargets.Visible = c.up;
-        p.heshcorrectall = c.all;
+        p.heshcorrectall = c.correctall;
         d.tap('W');
         EXPECT_EQ(s.gunloaded, c.loaded);
-        EXPECT_EQ(s.Imgloaded.Visible, c.loaded) << "GUN READY";
+        EXPECT_EQ(s.Imgloaded.Visible, c.loaded);
         EXPECT_FLOAT_EQ(s.heshcorrection, c.correction);
         EXPECT_FALSE(s.ammoarmed || s.heshcorrecting);
     }
@@ -278,7 +276,7 @@ TEST_P(gun, the_deselect_keeps_a_round_for_the_target_that_is_up_and_a_correctio
 
 TEST_P(gun, loads_again_after_a_miss)
 {
-    d.target_at(-9000, -9000);
+    miss();
     d.tap('D');
     d.pc.wait(visual ? 2.9 : 3.9);
     EXPECT_FALSE(s.gunloaded);
@@ -286,57 +284,20 @@ TEST_P(gun, loads_again_after_a_miss)
     EXPECT_TRUE(s.gunloaded);
 }
 
-// The order on the thermal sight and the lay on the visual one start the loader.
-TEST(loader, takes_his_time_by_nature_and_sight)
-{
-    const struct {
-        sight_kind sight;
-        int engagements;
-        double seconds;
-    } cases[] = {{sight_kind::visual, 4, 4},  {sight_kind::visual, 3, 4},  {sight_kind::visual, 2, 1},
-                 {sight_kind::thermal, 4, 5}, {sight_kind::thermal, 3, 5}, {sight_kind::thermal, 2, 2}};
-    for (const auto& c : cases) {
-        drill d(c.sight);
-        const bool visual = d.screen().visual();
-        d.t.shared.engagementtype = c.engagements;
-        d.start();
-        d.pc.advance(visual ? 7.9 : 7);
-        while (!d.screen().Timloading.Enabled) d.pc.wait(0.1);
-        d.pc.wait(c.seconds - 0.2);
-        EXPECT_FALSE(d.screen().gunloaded) << c.engagements;
-        d.pc.wait(0.3);
-        EXPECT_TRUE(d.screen().gunloaded) << c.engagements;
-        EXPECT_EQ(d.screen().Imgloaded.Visible, c.engagements != 2);
-    }
-}
-
-TEST(wind, carries_by_half_a_target_a_degree_rounded_down)
-{
-    const struct {
-        int bias, twips;   // for a target 385 twips wide
-    } cases[] = {{-3, -578}, {-2, -385}, {-1, -193}, {0, 0}, {1, 192}, {2, 385}, {3, 577}};
-    for (const auto& c : cases) {
-        drill d(sight_kind::visual);
-        d.t.shared.windbias = c.bias;
-        d.present(6);
-        EXPECT_EQ(d.screen().windoffset, c.twips) << c.bias;
-    }
-}
-
-TEST_P(gun, coax_bursts_are_judged_on_the_place_before)
+TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
 {
     d.tap('Q');
-    as(coax_transport);
-    d.pc.wait(5);   // no call running any more
+    load(coax_transport);
+    d.pc.wait(5);   // until the calls are over
     const int needed = p.coaxbursts + (visual ? 1 : 2);
     s.ammo.Left = 0;
     for (int burst = 0; burst <= needed; ++burst) {
         ASSERT_FALSE(s.targethit) << burst;
         d.pc.key_down('D');
         EXPECT_TRUE(s.Timcoax.Enabled);
-        EXPECT_EQ(d.pc.playing.ends_with("coax.wav"), burst < needed) << "the kill's sounds cut it off";
+        EXPECT_EQ(d.pc.playing.ends_with("coax.wav"), burst < needed) << "the kill has its own sounds";
         d.pc.wait(0.1);
-        d.target_at(s.ammo.Left - 100, s.ammo.Top - 100);   // around where this burst goes
+        d.target_at(s.ammo.Left - 100, s.ammo.Top - 100);
         d.pc.key_up('D');
         EXPECT_FALSE(s.Timcoax.Enabled || s.ammo.Visible);
     }
@@ -345,13 +306,50 @@ TEST_P(gun, coax_bursts_are_judged_on_the_place_before)
     EXPECT_TRUE(s.gunloaded);
 }
 
-TEST(visual_gun, a_hesh_round_fired_with_the_lay_held_relays)
+// The loader starts with the order on the thermal sight, after the lay on the visual one.
+TEST(loader, time_by_nature_and_sight)
 {
-    drill d(sight_kind::visual);
+    const struct {
+        sight_kind sight;
+        int engagementtype;
+        double seconds;
+    } cases[] = {{sight_kind::visual, 4, 4},  {sight_kind::visual, 3, 4},  {sight_kind::visual, 2, 1},
+                 {sight_kind::thermal, 4, 5}, {sight_kind::thermal, 3, 5}, {sight_kind::thermal, 2, 2}};
+    for (const auto& c : cases) {
+        drill d(c.sight);
+        d.t.shared.engagementtype = c.engagementtype;
+        d.start();
+        d.pc.advance(d.screen().visual() ? 7.9 : 7);
+        while (!d.screen().Timloading.Enabled) d.pc.wait(0.1);
+        d.pc.wait(c.seconds - 0.2);
+        EXPECT_FALSE(d.screen().gunloaded) << c.engagementtype;
+        d.pc.wait(0.3);
+        EXPECT_TRUE(d.screen().gunloaded) << c.engagementtype;
+        EXPECT_EQ(d.screen().Imgloaded.Visible, c.engagementtype != 2);
+    }
+}
+
+TEST(wind, offset_is_rounded_down)
+{
+    for (const auto& [bias, twips] : {std::pair{-3, -578}, {-1, -193}, {0, 0}, {3, 577}}) {
+        drill d(sight_kind::visual);
+        d.t.shared.windbias = bias;
+        d.present(6);
+        EXPECT_EQ(d.screen().windoffset, twips) << bias;
+    }
+}
+
+struct visual_input : testing::Test {
+    drill d{sight_kind::visual};
     gunnery_screen& s = d.screen();
-    d.t.shared.engagementtype = 3;
+    practice_state& p = d.t.shared;
+};
+
+TEST_F(visual_input, a_hesh_round_fired_with_the_autolay_held_takes_the_lay_back)
+{
+    p.engagementtype = 3;
     d.present(6);
-    d.t.random.source = [] { return 0.5; };
+    d.random(0.5);
     for (const char key : {'E', 'R', 'R'}) d.tap(key);
     d.pc.wait(3);
     d.target_at(4330, 950);
@@ -365,14 +363,11 @@ TEST(visual_gun, a_hesh_round_fired_with_the_lay_held_relays)
     EXPECT_DOUBLE_EQ(s.Imgtargets.Top, target - 21 * 110);
     EXPECT_DOUBLE_EQ(s.Imgrange.Top, laid - 20 * 110);
     EXPECT_NEAR(s.ammo.Top, 1140 + 2200 - 21 * 110, 0.31);
-    EXPECT_EQ(d.t.shared.rechit[1], "YES") << "it still falls on the target";
-    d.pc.key_up('S');
+    EXPECT_EQ(p.rechit[1], "YES");
 }
 
-TEST(input, keys_need_their_option_and_most_of_them_a_practice)
+TEST_F(visual_input, keys_need_the_option_and_most_a_running_practice)
 {
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
     d.set_up();
     for (const char key : {'A', 'S', 'D', 'Q', 'W', 'E', 'R'}) d.tap(key);
     EXPECT_FALSE(s.lazed || s.timautolay.Enabled || s.ammoarmed);
@@ -381,22 +376,20 @@ TEST(input, keys_need_their_option_and_most_of_them_a_practice)
     EXPECT_GT(s.Imgrange.Left, left);
     d.start();
     d.tap('E');
-    d.t.shared.keyboardselected = false;
+    p.keyboardselected = false;
     d.tap('Q');
     EXPECT_NE(s.Lblammotype.Caption, "COAX");
 }
 
-TEST(input, the_sticks_other_buttons_do_nothing_and_none_works_before_the_practice)
+TEST_F(visual_input, stick_buttons_1_to_4_work_in_a_practice_only)
 {
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
     d.set_up();
-    d.t.shared.joyselected = true;
+    p.joyselected = true;
     d.pc.stick_button(3, true);
     EXPECT_FALSE(s.lazed);
     d.pc.click(s.Cmdstartsim);
     d.pc.stick_button(2, true);
-    EXPECT_EQ(s.Lblammotype.Caption, "") << "no weapon can be chosen from the stick";
+    EXPECT_EQ(s.Lblammotype.Caption, "") << "the stick can't select a weapon";
     d.tap('E');
     d.pc.wait(13);   // a FIN target is up and the gun is loaded
     const std::string selected = s.Lblammotype.Caption;
@@ -408,11 +401,9 @@ TEST(input, the_sticks_other_buttons_do_nothing_and_none_works_before_the_practi
     }
 }
 
-TEST(input, screen_buttons_follow_the_practice)
+TEST_F(visual_input, buttons_are_enabled_by_the_state_of_the_practice)
 {
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
-    d.t.shared.mouseselected = true;
+    p.mouseselected = true;
     d.set_up();
     d.pc.click(s.Cmdselectmain);
     EXPECT_EQ(s.Lblammotype.Caption, "");

@@ -1,5 +1,10 @@
-// What a gunnery screen shows and reads when it is made ready, and what happens when it can't be.
+// The reset of a gunnery screen: panels, state, the range and its faults.
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
 
 #include "drill.h"
 #include "setup/startsim.h"
@@ -7,7 +12,13 @@
 namespace vorn {
 namespace {
 
-TEST(screen_reset, panels_follow_the_options_in_their_order)
+struct screen_reset : testing::Test {
+    drill d{sight_kind::visual};
+    gunnery_screen& s = d.screen();
+    practice_state& p = d.t.shared;
+};
+
+TEST(screen, panels_follow_the_options)
 {
     const struct {
         bool joystick, keyboard, mouse, control;
@@ -17,7 +28,7 @@ TEST(screen_reset, panels_follow_the_options_in_their_order)
                  {false, true, true, true, false, true},
                  {false, true, false, false, false, false},
                  {false, false, false, true, false, false}};
-    for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal})
+    for (const sight_kind kind : both_sights)
         for (const auto& c : cases) {
             drill d(kind);
             d.t.shared.keyboardselected = c.keyboard;
@@ -31,19 +42,17 @@ TEST(screen_reset, panels_follow_the_options_in_their_order)
         }
 }
 
-TEST(screen_reset, a_hidden_panel_stays_hidden_until_the_screen_is_unloaded)
+TEST_F(screen_reset, leaves_hidden_panels_hidden_until_the_next_load)
 {
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
-    d.t.shared.plainscreen = true;
-    d.t.shared.infocrew = false;
+    p.plainscreen = true;
+    p.infocrew = false;
     d.set_up();
     for (const screen_object* o :
          {&s.Frame3, &s.Frmmousecon, &s.Frmsys, &s.Frmcon, &s.lblcrew, &s.lbltargetnum, &s.Imgname})
         EXPECT_FALSE(o->Visible);
     EXPECT_TRUE(s.Frame5.Visible && s.Picrange.Visible);
-    d.t.shared.plainscreen = false;
-    d.t.shared.infocrew = true;
+    p.plainscreen = false;
+    p.infocrew = true;
     d.pc.event([&] {
         hide(d.pc, s.window);
         show(d.pc, s.window);
@@ -53,16 +62,9 @@ TEST(screen_reset, a_hidden_panel_stays_hidden_until_the_screen_is_unloaded)
     d.pc.event(s.Cmdmain.Click);   // its panel is hidden
     d.set_up();
     EXPECT_TRUE(s.Frame3.Visible && s.lblcrew.Visible);
-
-    drill thermal(sight_kind::thermal);
-    thermal.t.shared.plainscreen = true;   // the thermal screen knows no plain screen
-    thermal.t.shared.gunlight = false;
-    thermal.set_up();
-    EXPECT_TRUE(thermal.screen().Frame3.Visible);
-    EXPECT_FALSE(thermal.screen().Frame4.Visible);
 }
 
-TEST(screen_reset, a_plain_screen_is_worked_by_keys_and_says_so_until_the_practice_starts)
+TEST(screen, a_plain_screen_is_worked_by_keys_and_says_so_until_the_practice_starts)
 {
     constexpr int escape = 27;
     drill d(sight_kind::visual);
@@ -95,7 +97,7 @@ TEST(screen_reset, a_plain_screen_is_worked_by_keys_and_says_so_until_the_practi
     EXPECT_TRUE(front(d.pc) == &s.window && !s.simrunning) << "the panel is seen";
 }
 
-TEST(screen_reset, the_keyboard_is_on_start_until_it_is_clicked)
+TEST(screen, the_keyboard_is_on_start_until_it_is_clicked)
 {
     for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal}) {
         drill d(kind);
@@ -111,17 +113,27 @@ TEST(screen_reset, the_keyboard_is_on_start_until_it_is_clicked)
     }
 }
 
-// What comes of a HESH round that is lased, laid too short, fired and half corrected. It leaves all of the
-// fire control in use, and an early lay and a coax burst besides.
+TEST(screen, thermal_is_never_plain)
+{
+    drill d(sight_kind::thermal);
+    d.t.shared.plainscreen = true;
+    d.t.shared.gunlight = false;
+    d.set_up();
+    EXPECT_TRUE(d.screen().Frame3.Visible);
+    EXPECT_FALSE(d.screen().Frame4.Visible);
+}
+
+// A HESH engagement that changes all of the fire control's state; gives the readouts, places and sounds. The
+// lase is followed by an early release, a whole lay, a round and half of its correction.
 std::vector<std::string> hesh_shoot(drill& d)
 {
     gunnery_screen& s = d.screen();
     d.pc.log.clear();
-    d.t.random.source = [] { return draw_of(6); };
+    d.random(draw_of(6));
     d.start();
     d.pc.wait(8.5);
     EXPECT_TRUE(s.Imgtargets.Visible);
-    d.t.random.source = [] { return 0.5; };
+    d.random(0.5);
     std::vector<std::string> seen;
     const auto look = [&] {
         for (const screen_object* o : {&s.Lblammotype, &s.Lblrange, &s.lblcrew, &s.Label2})
@@ -138,22 +150,20 @@ std::vector<std::string> hesh_shoot(drill& d)
     d.hold('S', 1.2);
     look();
     d.tap('A');
-    d.pc.key_down('S');   // and held until the screen has gone
+    d.pc.key_down('S');   // held until the screen has been unloaded
     d.pc.wait(2.6);
     look();
-    d.tap('D');
-    look();
-    d.tap('R');
-    look();
-    for (const std::string& sound : d.pc.of_kind("sound")) seen.push_back(sound);
+    for (const char key : {'D', 'R'}) {
+        d.tap(key);
+        look();
+    }
+    for (const std::string& sound : d.sounds()) seen.push_back(sound);
     return seen;
 }
 
-// The first one leaves all of its fire control in use. The load puts the picture back as well, so that the
-// two can be compared.
-TEST(screen_load, a_new_screen_shoots_as_the_first_one_did)
+TEST(screen, a_load_resets_all_state)
 {
-    for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal}) {
+    for (const sight_kind kind : both_sights) {
         drill d(kind);
         d.t.shared.engagementtype = 3;
         d.t.shared.windbias = 2;
@@ -163,46 +173,35 @@ TEST(screen_load, a_new_screen_shoots_as_the_first_one_did)
         d.pc.key_up('S');
         EXPECT_EQ(hesh_shoot(d), first);
         d.pc.click(d.screen().Cmdstopsim);
-        EXPECT_TRUE(d.screen().heshcorrecting) << "a reset leaves the correction open";
+        EXPECT_TRUE(d.screen().heshcorrecting) << "a reset keeps the correction";
     }
 }
 
-TEST(screen_reset, calls_are_held_though_neither_line_nor_sound_comes_of_them)
+TEST_F(screen_reset, calls_are_timed_without_line_and_sound)
 {
-    drill d(sight_kind::visual);
-    d.t.shared.infocrew = d.t.shared.soundson = false;
+    p.infocrew = p.soundson = false;
     d.start();
     d.pc.advance(7);
     EXPECT_EQ(d.crew(), "FIN TANK ");
-    EXPECT_TRUE(d.screen().voicebusy && d.pc.of_kind("sound").empty());
+    EXPECT_TRUE(s.voicebusy && d.sounds().empty());
     d.pc.advance(4);
-    EXPECT_FALSE(d.screen().voicebusy);
+    EXPECT_FALSE(s.voicebusy);
 }
 
-TEST(screen_reset, the_picture_stays_where_the_last_practice_left_it)
+TEST_F(screen_reset, leaves_the_picture_in_its_place)
 {
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
     d.start();
     EXPECT_TRUE(s.Imgrange.Width == 64425 && s.Imgrange.Height == 31815);
     d.pc.advance(9);
     const double left = s.Imgrange.Left;
     EXPECT_LT(left, -45600);
     s.HScspeed.Value = 40;
-    d.t.shared.windbias = 3;
     d.pc.click(s.Cmdstopsim);
     EXPECT_DOUBLE_EQ(s.Imgrange.Left, left);
     EXPECT_EQ(s.layspeed, 40);
 }
 
-practice_state range_with(const std::function<void(practice_state&)>& change)
-{
-    practice_state range = plain_range(sight_kind::visual);
-    change(range);
-    return range;
-}
-
-TEST(screen_reset, a_fault_of_the_range_is_told_and_leads_back_to_the_set_up)
+TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
 {
     const auto folder_for = [](const char* name) {
         return [name](data_folder& f) {
@@ -210,10 +209,11 @@ TEST(screen_reset, a_fault_of_the_range_is_told_and_leads_back_to_the_set_up)
             std::filesystem::create_directory(f.ranges() + '/' + name);
         };
     };
-    const practice_state pictureless = range_with([](auto& r) { r.rangepicture = ""; });
+    practice_state pictureless = plain_range(sight_kind::visual);
+    pictureless.rangepicture = "";
     const struct {
         std::function<void(data_folder&)> make;
-        const char* told;
+        const char* text;   // in the box
     } faults[] = {
         {[](data_folder& f) { f.remove("visualrange.vrp"); }, "visualrange.vrp\n\rThe file does not exist."},
         {[](data_folder& f) { f.put("visualrange.vrp", "no picture at all"); }, "It is not a picture"},
@@ -225,34 +225,33 @@ TEST(screen_reset, a_fault_of_the_range_is_told_and_leads_back_to_the_set_up)
          "Visualrange.arf\n\rIt is not a whole range file."}};
     const data_folder whole;
     for (const auto& fault : faults) {
-        SCOPED_TRACE(fault.told);
+        SCOPED_TRACE(fault.text);
         drill d(sight_kind::visual);
-        d.start();   // all is well at first
+        d.start();
         d.pc.advance(10);
         fault.make(d.data);
         d.pc.click(d.screen().Cmdstopsim);
-        EXPECT_NE(d.pc.boxes.back().text.find(fault.told), std::string::npos) << d.pc.boxes.back().text;
+        EXPECT_NE(d.pc.boxes.back().text.find(fault.text), std::string::npos) << d.pc.boxes.back().text;
         EXPECT_EQ(d.screen().window.state, form_state::not_loaded);
         EXPECT_EQ(front(d.pc), &d.t.startsim.window);
         d.pc.advance(30);
-        // Mended, it works again.
         for (const char* file : {"visualrange.arf", "visualrange.vrp", "target icons/target3.ico"}) {
             d.data.remove(file);
             d.data.put(file, whole.get(file));
         }
-        d.set_up();
+        d.set_up();   // works again
         EXPECT_EQ(front(d.pc), &d.screen().window);
     }
 }
 
-TEST(screen_reset, a_range_without_icons_keeps_the_pictures_there_are)
+TEST_F(screen_reset, a_range_without_icons_keeps_the_pictures)
 {
-    drill d(sight_kind::visual);
-    d.data.put_range("visualrange.arf",
-                     range_with([](auto& r) { r.targeticon1 = r.targeticon2 = r.targeticon3 = ""; }));
+    practice_state range = plain_range(sight_kind::visual);
+    range.targeticon1 = range.targeticon2 = range.targeticon3 = "";
+    d.data.put_range("visualrange.arf", range);
     d.start();
     d.pc.advance(8);
-    EXPECT_EQ(d.screen().Imgtargets.Picture.source, ":target");
+    EXPECT_EQ(s.Imgtargets.Picture.source, ":target");
 }
 
 }   // namespace

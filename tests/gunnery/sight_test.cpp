@@ -1,5 +1,7 @@
-// The gunner's eye: traverse, laser and autolay, against sums worked out by hand.
+// Traverse, laser and autolay.
 #include <gtest/gtest.h>
+
+#include <utility>
 
 #include "drill.h"
 #include "gunnery/gunnery.h"
@@ -9,24 +11,18 @@ namespace {
 
 constexpr double tick = 0.016;
 
-// A screen with a practice set up and the picture far from every limit.
-struct traverse : testing::TestWithParam<sight_kind> {
-    drill d{GetParam()};
-    gunnery_screen& s = d.screen();
-    bool visual = s.visual();
-
+// The picture is far from every limit.
+struct traverse : each_sight {
     traverse()
     {
         d.set_up();
-        s.Imgtargets.Left = 500;
-        s.Imgtargets.Top = 700;
+        d.target_at(500, 700);
     }
     void ticks(int n) { d.pc.wait(n * tick + 0.001); }
 };
-INSTANTIATE_TEST_SUITE_P(sights, traverse, testing::Values(sight_kind::visual, sight_kind::thermal),
-                         [](const auto& p) { return p.param == sight_kind::visual ? "visual" : "thermal"; });
+INSTANTIATE_TEST_SUITE_P(sights, traverse, testing::ValuesIn(both_sights), sight_name);
 
-TEST_P(traverse, a_held_key_moves_picture_and_target_alike_and_stops_at_once)
+TEST_P(traverse, a_held_key_moves_picture_and_target)
 {
     const double five = visual ? 5 * 20 + 15 : 5 * 30;
     const double left = s.Imgrange.Left, top = s.Imgrange.Top;
@@ -37,7 +33,7 @@ TEST_P(traverse, a_held_key_moves_picture_and_target_alike_and_stops_at_once)
     for (const auto& k : keys) {
         d.pc.key_down(k.key);
         ticks(2);
-        d.pc.key_down(k.key);   // the keyboard's repeat changes nothing
+        d.pc.key_down(k.key);   // auto-repeat
         d.pc.wait(3 * tick);
         d.pc.key_up(k.key);
         ticks(10);
@@ -50,33 +46,32 @@ TEST_P(traverse, a_held_key_moves_picture_and_target_alike_and_stops_at_once)
 
 TEST_P(traverse, limits_are_tested_before_the_move)
 {
+    const double near = visual ? -100 : -10;
     const struct {
         int key;
         double object_fields::*along;
-        double stops, goes;   // the picture at and just within the limit
-    } limits[] = {
-        {'H', &object_fields::Left, visual ? -100.0 : -10.0, visual ? -101.0 : -11.0},
-        {'U', &object_fields::Top, visual ? -100.0 : -10.0, visual ? -101.0 : -11.0},
-        {'J', &object_fields::Left, visual ? 1 - 64425.0 + 4500 : 1 - 21780.0 + 9500, 0},
-        {'N', &object_fields::Top, visual ? 1 - 31815.0 + 4000 : 1 - 11520.0 + 5800, 0},
-    };
+        double limit, inwards;
+    } limits[] = {{'H', &object_fields::Left, near, -1},
+                  {'U', &object_fields::Top, near, -1},
+                  {'J', &object_fields::Left, visual ? 1.0 - 64425 + 4500 : 1.0 - 21780 + 9500, 1},
+                  {'N', &object_fields::Top, visual ? 1.0 - 31815 + 4000 : 1.0 - 11520 + 5800, 1}};
     for (const auto& l : limits) {
-        s.Imgrange.*l.along = l.stops;
+        s.Imgrange.*l.along = l.limit;
         d.hold(l.key, 0.1);
-        EXPECT_DOUBLE_EQ(s.Imgrange.*l.along, l.stops) << static_cast<char>(l.key);
-        const double within = l.goes != 0 ? l.goes : l.stops + 1;
+        EXPECT_DOUBLE_EQ(s.Imgrange.*l.along, l.limit) << static_cast<char>(l.key);
+        const double within = l.limit + l.inwards;
         s.Imgrange.*l.along = within;
-        d.hold(l.key, 0.1);   // one step over it, and no further
+        d.hold(l.key, 0.1);   // one step past the limit
         EXPECT_DOUBLE_EQ(std::abs(s.Imgrange.*l.along - within), visual ? 21 : 30)
             << static_cast<char>(l.key);
     }
 }
 
-TEST_P(traverse, the_stick_is_a_rate_and_lopsided_by_a_twip)
+TEST_P(traverse, the_stick_sets_the_rate)
 {
-    d.t.shared.joyselected = true;
-    d.t.shared.joyxcentre = d.t.shared.joyycentre = 32768;
-    d.t.shared.joyxfactor = d.t.shared.joyyfactor = 1000;
+    p.joyselected = true;
+    p.joyxcentre = p.joyycentre = 32768;
+    p.joyxfactor = p.joyyfactor = 1000;
     const double left = s.Imgrange.Left, top = s.Imgrange.Top;
     const struct {
         long x, y;
@@ -94,7 +89,7 @@ TEST_P(traverse, the_stick_is_a_rate_and_lopsided_by_a_twip)
     const double stopped = s.Imgrange.Left;
     d.pc.stick(65535, 32768);
     EXPECT_DOUBLE_EQ(s.Imgrange.Left, stopped);
-    d.t.shared.joyselected = false;
+    p.joyselected = false;
     d.pc.stick(0, 0);
     EXPECT_DOUBLE_EQ(s.Imgrange.Left, stopped);
 }
@@ -108,7 +103,7 @@ TEST(visual_traverse, two_opposite_keys_share_the_acceleration)
     d.pc.key_down('H');
     d.pc.key_down('J');
     d.pc.wait(2 * tick + 0.001);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Left, left - 82);   // 41 a pair, the way of the last press
+    EXPECT_DOUBLE_EQ(s.Imgrange.Left, left - 2 * 41);   // in the direction of the last press
     d.pc.key_up('H');
     d.pc.wait(3 * tick);
     EXPECT_DOUBLE_EQ(s.Imgrange.Left, left - 82 - (1 + 2 + 3));
@@ -117,7 +112,7 @@ TEST(visual_traverse, two_opposite_keys_share_the_acceleration)
     EXPECT_DOUBLE_EQ(s.Imgrange.Left, left - 88 + 21 + 22);
 }
 
-// A target at 1100 metres is up, 385 twips wide, and the main armament is selected.
+// The main armament is selected; a target is up at 1100 metres, 385 twips wide.
 struct visual_laser : testing::Test {
     drill d{sight_kind::visual};
     gunnery_screen& s = d.screen();
@@ -137,27 +132,27 @@ TEST_F(visual_laser, on_target_gives_range_mark_and_lay)
     EXPECT_TRUE(s.laze.Visible && s.layready && s.lazed && s.Cmdautolay.Enabled);
     EXPECT_TRUE(s.laze.Height == 385 && s.laze.Width == 770);
     EXPECT_TRUE(s.laze.Left == 4170 && s.laze.Top == 977.5);
-    EXPECT_EQ(d.t.shared.reclazex[1], -32);   // -32.5 and 52.5: to the even neighbour
+    EXPECT_EQ(d.t.shared.reclazex[1], -32);   // -32.5, and 52.5 below: to the even neighbour
     EXPECT_EQ(d.t.shared.reclazey[1], 52);
     EXPECT_FALSE(s.Lblcharge.Visible);
     d.pc.wait(2.1);
     EXPECT_TRUE(s.Lblcharge.Visible);
 }
 
-TEST_F(visual_laser, the_mark_tells_where_the_aim_was)
+TEST_F(visual_laser, the_mark_depends_on_the_aim)
 {
-    d.t.random.source = [] { return 0.5; };
-    d.target_at(4525, 1000);   // exactly on the edge: off to the side
+    d.random(0.5);
+    d.target_at(4525, 1000);   // the aim exactly on its edge counts as beside it
     d.tap('A');
     EXPECT_TRUE(s.laze.Height == 300 && s.laze.Width == 600 && s.laze.Left == 4410 - 300);
     EXPECT_TRUE(s.layready);
 
     s.layready = false;
     s.laze.Visible = false;
-    d.target_at(4300, 1035 - 385);   // its lower edge just at the ring
+    d.target_at(4300, 1035 - 385);   // its lower edge at the top of the ring
     d.tap('A');
     EXPECT_FALSE(s.layready || s.laze.Visible);
-    d.target_at(4300, 1036 - 385);   // a twip lower, and the dot may lie well under it
+    d.target_at(4300, 1036 - 385);
     d.tap('A');
     EXPECT_TRUE(s.layready && s.laze.Visible);
 
@@ -166,7 +161,7 @@ TEST_F(visual_laser, the_mark_tells_where_the_aim_was)
     EXPECT_TRUE(s.laze.Width == 200 && s.laze.Left == 4525);
 }
 
-TEST_F(visual_laser, a_degraded_system_gives_less)
+TEST_F(visual_laser, degraded)
 {
     d.t.shared.systemstatus = 2;
     d.tap('A');
@@ -186,11 +181,11 @@ TEST_F(visual_laser, a_degraded_system_gives_less)
     EXPECT_FALSE(s.lazed);
 }
 
-TEST_F(visual_laser, near_entries_of_the_table_are_raised_until_the_range_is_read_again)
+TEST_F(visual_laser, a_near_range_is_raised_until_the_range_is_read_again)
 {
     d.t.shared.targetrange[6] = 450;
     d.tap('W');
-    d.tap('A');   // no weapon: the range, and no mark
+    d.tap('A');   // without a weapon: the range but no mark
     EXPECT_EQ(s.Lblrange.Caption, "600");
     EXPECT_EQ(d.t.shared.targetrange[6], 600);
     EXPECT_FALSE(s.laze.Visible || s.layready);
@@ -199,7 +194,7 @@ TEST_F(visual_laser, near_entries_of_the_table_are_raised_until_the_range_is_rea
     EXPECT_EQ(d.t.shared.targetrange[6], 1100);
 }
 
-TEST_F(visual_laser, fin_is_laid_after_a_second_and_goes_a_step_further)
+TEST_F(visual_laser, fin_lay)
 {
     s.currentrange = 1000;
     const double range = s.Imgrange.Top, target = s.Imgtargets.Top;
@@ -214,14 +209,14 @@ TEST_F(visual_laser, fin_is_laid_after_a_second_and_goes_a_step_further)
     EXPECT_DOUBLE_EQ(s.laze.Top, 977.5 + 500);
     d.pc.key_up('S');
     d.hold('S', 3);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 420) << "once a lase";
+    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 420) << "one lay per lase";
     d.target_at(4300, 1000);
     d.tap('A');
     d.tap('S');
     EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + 550) << "an early release lays FIN too";
 }
 
-TEST_F(visual_laser, hesh_needs_the_whole_hold_and_takes_its_lead)
+TEST_F(visual_laser, hesh_lay_needs_the_whole_hold)
 {
     d.tap('R');
     d.tap('R');
@@ -236,14 +231,14 @@ TEST_F(visual_laser, hesh_needs_the_whole_hold_and_takes_its_lead)
     s.leadperstep = 0.01F;
     d.tap('A');
     d.hold('S', 2.1);
-    // 1 + floor(2000 / 110) counts of 110 and 21 of 10; the picture goes one step less in each stage.
+    // 1 + floor(2000 / 110) steps of 110 and 21 of 10; the picture moves one step less in each stage.
     EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + 19 * 110 + 21 * 10);
     EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 18 * 110 + 20 * 10);
     EXPECT_NEAR(s.Imgrange.Left, left + 0.01 * (19 * 110 + 21 * 10), 0.1);
     EXPECT_TRUE(s.lazed);
 }
 
-TEST_F(visual_laser, the_lead_for_the_wind_is_taken_as_the_autolay_is_pressed_in_the_correction)
+TEST_F(visual_laser, pressing_the_autolay_in_the_correction_sets_the_lead)
 {
     const struct {
         bool correcting;
@@ -252,16 +247,16 @@ TEST_F(visual_laser, the_lead_for_the_wind_is_taken_as_the_autolay_is_pressed_in
         double mark;
     } cases[] = {{false, -6000, 0, 4170},
                  {true, -6000, 0.05F, 4170 + 300},
-                 {true, 0, 0.05F, 4170 + 600},   // at the very top it stays as it was
+                 {true, 0, 0.05F, 4170 + 600},   // unchanged at 0
                  {true, 3000, -0.1F, 4170 + 900}};
     d.tap('A');
-    s.layready = false;   // the press alone
+    s.layready = false;   // no lay
     s.windoffset = 300;
     for (const auto& c : cases) {
         s.heshcorrecting = c.correcting;
         s.Imgrange.Top = c.top;
         d.pc.key_down('S');
-        d.pc.key_down('S');   // the keyboard's repeat
+        d.pc.key_down('S');   // auto-repeat
         EXPECT_FLOAT_EQ(s.leadperstep, c.lead) << c.top;
         EXPECT_DOUBLE_EQ(s.laze.Left, c.mark) << c.top;
         d.pc.key_up('S');
@@ -270,7 +265,7 @@ TEST_F(visual_laser, the_lead_for_the_wind_is_taken_as_the_autolay_is_pressed_in
     EXPECT_FLOAT_EQ(s.leadperstep, 0);
 }
 
-TEST_F(visual_laser, coax_is_laid_by_twice_the_range)
+TEST_F(visual_laser, coax_lay)
 {
     d.tap('Q');
     d.tap('A');
@@ -290,7 +285,7 @@ struct thermal_laser : testing::Test {
     }
 };
 
-TEST_F(thermal_laser, on_target_shapes_the_marks)
+TEST_F(thermal_laser, on_target_sizes_the_marks)
 {
     EXPECT_TRUE(s.Imglam.Visible && !s.Imgstadia.Visible);
     d.tap('A');
@@ -301,12 +296,12 @@ TEST_F(thermal_laser, on_target_shapes_the_marks)
     EXPECT_DOUBLE_EQ(s.Imglam.Top, 2600 - 112.5);
     EXPECT_EQ(d.t.shared.recwidth[1], 285);
     s.layready = false;
-    d.target_at(4600, 2600);   // its top exactly at the aim point
+    d.target_at(4600, 2600);   // the aim exactly on its top edge
     d.tap('A');
     EXPECT_FALSE(s.layready);
 }
 
-TEST_F(thermal_laser, a_full_hold_plays_the_mark_and_moves_nothing)
+TEST_F(thermal_laser, a_full_hold_moves_only_the_mark)
 {
     d.tap('A');
     const double range = s.Imgrange.Top, mark = s.imgbam.Top;
@@ -323,7 +318,7 @@ TEST_F(thermal_laser, a_full_hold_plays_the_mark_and_moves_nothing)
     EXPECT_TRUE(s.lazed);
 }
 
-TEST_F(thermal_laser, an_early_release_drops_to_the_reversionary_mark)
+TEST_F(thermal_laser, an_early_release_gives_the_reversionary_mark)
 {
     d.tap('A');
     const double range = s.Imgrange.Top;
@@ -333,7 +328,7 @@ TEST_F(thermal_laser, an_early_release_drops_to_the_reversionary_mark)
     EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 2500 - 111 * 5);
 }
 
-TEST_F(thermal_laser, degraded_each_press_drops_the_sight)
+TEST_F(thermal_laser, degraded_lases_move_the_sight)
 {
     for (const auto& [status, shown] : {std::pair{2, "1100L"}, {3, "1100S"}}) {
         d.t.shared.systemstatus = status;
@@ -342,27 +337,24 @@ TEST_F(thermal_laser, degraded_each_press_drops_the_sight)
         const double from = d.pc.now();
         d.tap('A');
         d.tap('A');
-        EXPECT_EQ(d.pc.now(), from) << "it jumps";
+        EXPECT_EQ(d.pc.now(), from) << "takes no time";
         EXPECT_EQ(s.Lblrange.Caption, shown);
         EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 2500 - 2 * 111 * 5);
         EXPECT_FALSE(s.lazed || s.imgbam.Visible || s.Imglam.Visible);
     }
 }
 
-TEST(stadia, goes_by_the_targets_height)
+TEST_F(thermal_laser, the_stadia_depend_on_the_height_of_the_target)
 {
-    drill d(sight_kind::thermal);
-    gunnery_screen& s = d.screen();
-    d.set_up();
-    const struct {
-        double height;
-        const char* picture;
-    } cases[] = {{480, ":stadia0"}, {379, ":stadia1"},   {379.5, ":stadia1"},
-                 {200, ":stadia2"}, {279.5, ":stadia2"}, {179.9, ":stadia3"}};
-    for (const auto& c : cases) {
-        s.Imgtargets.Height = c.height;
+    for (const auto& [height, picture] : {std::pair{480.0, ":stadia0"},
+                                          {379, ":stadia1"},
+                                          {379.5, ":stadia1"},
+                                          {200, ":stadia2"},
+                                          {279.5, ":stadia2"},
+                                          {179.9, ":stadia3"}}) {
+        s.Imgtargets.Height = height;
         choosestadia(s);
-        EXPECT_EQ(s.Imgstadia.Picture.source, c.picture) << c.height;
+        EXPECT_EQ(s.Imgstadia.Picture.source, picture) << height;
     }
 }
 
