@@ -1,8 +1,7 @@
 #include "gunner.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <utility>
@@ -11,10 +10,10 @@ namespace vorn {
 
 namespace {
 
-constexpr double centre = 32768;   // where the stick rests
-constexpr double event = 0.016;    // seconds between its moves
+constexpr double centre = 32768;   // of the stick
+constexpr double event = 0.016;    // seconds between two stick events
 
-// Where a stick is held to move the view so many twips an event.
+// The deflection that moves the view by this many twips per event.
 long deflected(double middle, double factor, int sign, int twips)
 {
     const double off = 2 * factor + 100 * twips;
@@ -39,7 +38,7 @@ gunner::gunner(drill& d, device by) : d_(d), s_(d.screen()), by_(by)
     };
 }
 
-// Eyes and ears --------------------------------------------------------------------------------------------
+// What the gunner sees and hears ---------------------------------------------------------------------------
 
 std::optional<spot> gunner::target() const
 {
@@ -54,7 +53,7 @@ std::optional<spot> gunner::round() const
     return spot{s_.ammo.Left, s_.ammo.Top};
 }
 
-// The dot of the visual sight; of the thermal one the middle of the mark that is shown.
+// The dot of the visual sight; the centre of the visible mark of the thermal one.
 spot gunner::mark()
 {
     const screen_object* marks[] = {&s_.mbs1, &s_.Imglam, &s_.imgbam, &s_.Imgrevfin, &s_.Imgrevhesh};
@@ -63,7 +62,7 @@ spot gunner::mark()
     return mark_;
 }
 
-// The crew line in which the words were said since the order, if they were.
+// The crew line since the order that contains the words.
 std::optional<std::string> gunner::heard(const std::string& words) const
 {
     for (std::size_t i = order_at_; i < d_.pc.log.size(); ++i) {
@@ -73,13 +72,13 @@ std::optional<std::string> gunner::heard(const std::string& words) const
     return std::nullopt;
 }
 
-bool gunner::await(const std::function<bool()>& seen, double seconds)
+bool gunner::await(const std::function<bool()>& condition, double seconds)
 {
-    for (double waited = 0; !seen() && waited < seconds && running(); waited += 0.1) d_.pc.wait(0.1);
-    return seen();
+    for (double waited = 0; !condition() && waited < seconds && running(); waited += 0.1) d_.pc.wait(0.1);
+    return condition();
 }
 
-// Hands ----------------------------------------------------------------------------------------------------
+// Controls -------------------------------------------------------------------------------------------------
 
 void gunner::work(control c, bool down)
 {
@@ -97,7 +96,7 @@ void gunner::tap(control c)
     work(c, false);
 }
 
-// A direction, for a while. The stick is held off its centre, gently for a short while.
+// Holds a direction. The stick is deflected less for a short time.
 void gunner::hold(control c, double seconds)
 {
     if (by_ != device::stick) {
@@ -122,7 +121,7 @@ void gunner::push(control less, control more, double off)
     if (std::abs(off) > 15) hold(off > 0 ? more : less, std::abs(off) > 500 ? 0.12 : 0.017);
 }
 
-// Moves the view until the target's centre is at a place in the sight.
+// Moves the view until the target's centre is at this place.
 void gunner::bring(spot to)
 {
     for (int i = 0; i < 300 && target(); ++i) {
@@ -149,7 +148,7 @@ bool gunner::awaitorder()
             const logged& l = d_.pc.log[heard_];
             for (const auto& [words, name] : orders) {
                 if (l.kind != "caption" || l.text.find(words) == std::string::npos ||
-                    l.text.ends_with("!!!") || l.text.find("ON ") != std::string::npos)
+                    l.text.find("ON ") != std::string::npos)   // the report after the lay
                     continue;
                 order_at_ = heard_++;
                 notes.emplace_back();
@@ -168,8 +167,8 @@ void gunner::select()
     for (int i = 0; i < 2 && order_is("HESH"); ++i) tap(control::ammo);
 }
 
-// What the laser shows; else what the commander has called, which is rounded down to the hundred; else what
-// the size of the target tells.
+// The laser's range; else the one called by the commander, which is rounded down to hundreds; else an
+// estimate from the size of the target.
 double gunner::range() const
 {
     if (s_.visual() && !s_.Lblrange.Caption.empty()) return std::stod(s_.Lblrange.Caption);
@@ -181,16 +180,16 @@ double gunner::range() const
     return std::clamp(4 * (660 - s_.Imgtargets.Width), 600.0, 2250.0);
 }
 
-// How far the target's centre is held from the mark so that a round laid by hand comes down on it.
-spot gunner::lead(double metres) const
+constexpr spot beaten_zone{45, 30};   // centre of the coax's, relative to its drop
+
+// Where a round falls that is laid without the autolay, relative to the mark.
+spot gunner::drop(double metres) const
 {
-    const bool coax = order_is("COAX");
-    const spot zone = coax ? spot{45, 30} : spot{};   // the middle of the coax's beaten zone
-    if (!s_.visual()) return {zone.x, zone.y + (coax ? metres / 7 : 0)};
-    return {zone.x, zone.y + (order_is("FIN") ? metres / 2 : 2 * metres)};
+    if (order_is("COAX")) return {beaten_zone.x, beaten_zone.y + (s_.visual() ? 2 * metres : metres / 7)};
+    return {0, !s_.visual() ? 0 : order_is("FIN") ? metres / 2 : 2 * metres};
 }
 
-// Lays the gun, by the fire control where that helps and by hand where it doesn't.
+// Lays the gun, with the autolay in the full system. That moves the visual target to the fall of shot.
 void gunner::lay()
 {
     if (!std::exchange(correcting_, false)) {
@@ -203,29 +202,15 @@ void gunner::lay()
         d_.pc.wait(2.6);
     }
     if (s_.visual() && autolay) {
-        if (order_is("COAX")) shift({45, 30});
+        if (order_is("COAX")) shift(beaten_zone);
         return shift(off_);
     }
     const spot at = mark();
-    const spot off = lead(range());
-    bring({at.x + off.x + off_.x, at.y + off.y + off_.y});
+    const spot fall = drop(range());
+    bring({at.x + fall.x + off_.x, at.y + fall.y + off_.y});
 }
 
-// What the last round has shown is put on for the next.
-void gunner::learn()
-{
-    off_.x += seen_->x - target()->x;
-    off_.y += seen_->y - target()->y;
-}
-
-// The wind has carried a laid HESH round off the target's side.
-bool gunner::blown() const
-{
-    return order_is("HESH") && !degraded() && std::abs(seen_->x - target()->x) > s_.Imgtargets.Width / 3;
-}
-
-// The dot goes to the strike, the switch is pressed, it goes back to the target and the switch is pressed
-// again.
+// Lays the dot on the fall of shot, presses the switch, lays it back on the target, and presses again.
 void gunner::correctwind()
 {
     const spot at = *target();
@@ -237,31 +222,35 @@ void gunner::correctwind()
     notes.back().corrected = true;
 }
 
+void gunner::note_aim()
+{
+    engagement_note& n = notes.back();
+    n.system = s_.Lblsystem.Caption;
+    n.aims.push_back({target()->x - s_.mbs1.Left, target()->y - s_.mbs1.Top});
+}
+
+void gunner::note_fall(spot round)
+{
+    notes.back().falls.push_back({s_.Imgtargets.Left - round.x, s_.Imgtargets.Top - round.y});
+}
+
 void gunner::shoot()
 {
     await([this] { return s_.Imgloaded.Visible || !target(); }, 20);
     if (!s_.Imgloaded.Visible || !target()) return;
-    engagement_note& n = notes.back();
-    n.system = s_.Lblsystem.Caption;
-    n.aims.push_back({target()->x - s_.mbs1.Left, target()->y - s_.mbs1.Top});
+    note_aim();
     seen_.reset();
-    work(control::fire, true);
-    work(control::fire, false);
-    const screen_object& o = s_.Imgtargets;
-    if (seen_) n.falls.push_back({o.Left - seen_->x, o.Top - seen_->y});
+    tap(control::fire);
+    if (seen_) note_fall(*seen_);
 }
 
-// Bursts until the target is dead or the tracer is seen to lie off it: each is judged on where the one before
-// ended.
+// Each burst is assessed where the one before ended.
 void gunner::burst()
 {
     await([this] { return heard("LOADE") || !target(); }, 20);
-    engagement_note& n = notes.back();
     for (int i = 0; i < 8 && target() && !heard("COMD: TARGET STOP"); ++i) {
-        n.system = s_.Lblsystem.Caption;
-        n.aims.push_back({target()->x - s_.mbs1.Left, target()->y - s_.mbs1.Top});
-        const screen_object& o = s_.Imgtargets;
-        n.falls.push_back({o.Left - s_.ammo.Left, o.Top - s_.ammo.Top});
+        note_aim();
+        note_fall({s_.ammo.Left, s_.ammo.Top});
         work(control::fire, true);
         for (int look = 0; look < 15; ++look) {
             d_.pc.wait(0.02);
@@ -271,7 +260,8 @@ void gunner::burst()
     }
 }
 
-// What has come of the rounds: a kill, or something to do better with the next one.
+// After a round: a kill, or a correction for the next one. A laid HESH round beside the target shows the
+// wind.
 void gunner::judge()
 {
     engagement_note& n = notes.back();
@@ -281,7 +271,10 @@ void gunner::judge()
         n.timeleft = std::atoi(s_.Label1.Caption.c_str());
         await([this] { return !target(); }, 3);
     } else if (seen_ && target()) {
-        blown() ? correctwind() : learn();
+        const spot at = *target();
+        if (order_is("HESH") && !degraded() && std::abs(seen_->x - at.x) > s_.Imgtargets.Width / 3)
+            return correctwind();
+        off_ = {off_.x + seen_->x - at.x, off_.y + seen_->y - at.y};
     }
 }
 

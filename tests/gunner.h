@@ -1,5 +1,5 @@
-// A gunner for whole practices. He sees what a gunner sees, the objects that are visible and what the crew
-// says, works keys, buttons or stick, and keeps notes, against which a drill holds the record.
+// A scripted gunner who fires whole practices. It uses only what a gunner sees and hears: visible objects and
+// crew lines. It operates keys, buttons or stick, and takes notes to compare with the record.
 #pragma once
 
 #include <functional>
@@ -17,22 +17,21 @@ struct spot {
     double x = 0, y = 0;
 };
 
-// What he noted of one engagement.
 struct engagement_note {
     std::string order;    // "FIN", "HESH" or "COAX"
-    std::string system;   // the letter shown as he fired last
+    std::string system;   // the letter shown at the last shot
     double ordered = 0, killed = 0;
-    int timeleft = 0;   // as shown when it was hit
+    int timeleft = 0;   // as shown at the hit
     bool hit = false;
-    bool corrected = false;    // the switch has taken a correction for the wind
-    std::vector<spot> aims;    // at each round: the target's centre against the aim point
-    std::vector<spot> falls;   // of each round: the target's corner against the place where it was seen last
+    bool corrected = false;    // the HESH correction was used
+    std::vector<spot> aims;    // per round: the target's centre relative to the aim point
+    std::vector<spot> falls;   // per round: the target's corner relative to where the round was seen last
 };
 
 class gunner {
 public:
     gunner(drill&, device);
-    // From the click on START SIM until it can be clicked again.
+    // From the click on START SIM until that button is enabled again.
     void fire_practice();
 
     std::vector<engagement_note> notes;
@@ -45,7 +44,7 @@ private:
     bool degraded() const { return s_.Lblsystem.Caption != "F"; }
     bool order_is(const char* nature) const { return notes.back().order == nature; }
     std::optional<std::string> heard(const std::string& words) const;
-    bool await(const std::function<bool()>& seen, double seconds);
+    bool await(const std::function<bool()>& condition, double seconds);
 
     void work(control, bool down);
     void tap(control);
@@ -58,24 +57,24 @@ private:
     void engage();
     void select();
     double range() const;
-    spot lead(double metres) const;
+    spot drop(double metres) const;
     void lay();
     void shoot();
     void burst();
-    bool blown() const;
+    void note_aim();
+    void note_fall(spot round);
     void correctwind();
-    void learn();
     void judge();
 
     drill& d_;
     gunnery_screen& s_;
     device by_;
-    std::size_t heard_ = 0;      // how far he has listened for orders
-    std::size_t order_at_ = 0;   // where in the log the last order stands
-    spot mark_;                  // where the mark was last seen
-    spot off_;                   // what he aims off after seeing where the rounds went
-    std::optional<spot> seen_;   // the round, where it was seen last
-    bool correcting_ = false;    // he has just put a correction for the wind on
+    std::size_t heard_ = 0;      // end of the part of the log searched for orders
+    std::size_t order_at_ = 0;   // index of the last order in the log
+    spot mark_;                  // where the mark was seen last
+    spot off_;                   // correction of the lay from the rounds observed
+    std::optional<spot> seen_;   // where the round was seen last
+    bool correcting_ = false;    // the HESH correction has just been made: no new lase
 };
 
 }   // namespace vorn

@@ -16,7 +16,7 @@ constexpr double creep_seconds = 1;
 
 constexpr double fine_part = 200;   // twips, the last of a lay
 
-// The picture takes each count and the target moves by a step each time, so that it ends one step further.
+// Each count sets the picture's place and moves the target by a step, so the target ends one step further.
 void lay(trainer& t, gunnery_screen& s, double twips, double step, double seconds,
          const std::function<void(double)>& each = {})
 {

@@ -147,7 +147,7 @@ struct gunnery_screen : since_load {
     int targetindex = 0;   // candidate position, 1 to 19, drawn again on each tick of Timer1
     int ordercount = 0;    // orders so far of the type Mixed
     int16 nature;          // nature_of_target of the target
-    int resets = 0;        // resets, loads and unloads so far: shows a handler that its practice has gone
+    int resets = 0;        // count of resets, loads and unloads: shows a handler that its practice has ended
 };
 
 }   // namespace vorn

@@ -21,7 +21,7 @@ bool showcount(trainer& t, const gunnery_screen& s, double seconds, int resets)
     return s.resets == resets;
 }
 
-// The target takes each count and the picture moves by a step each time, so that it ends one step further.
+// Each count sets the target's place and moves the picture by a step, so the picture ends one step further.
 bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n)
 {
     const double from = s.Imgtargets.*along;

@@ -1,22 +1,25 @@
-// Whole practices, fired by a gunner who sees and hears what a gunner does: every nature of target in every
-// state of the system, on both sights, by keys, buttons and stick. The record must say what he did.
+// Whole practices fired by the scripted gunner: each nature of target in each state of the system, on both
+// sights. The record is compared with the gunner's notes.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "gunner.h"
 
 namespace vorn {
 namespace {
 
-enum class system_set { full, laze, tls, degrading };
+enum class system_option { full, laze, tls, degrading };
 
 struct shoot {
     sight_kind sight;
     int engagements;   // 1 mixed, 2 coax, 3 HESH, 4 FIN
-    system_set system;
+    system_option system;
     device by;
 };
 
@@ -24,25 +27,25 @@ std::string name_of(const testing::TestParamInfo<shoot>& i)
 {
     static constexpr const char* natures[] = {"mixed", "coax", "hesh", "fin"};
     static constexpr const char* systems[] = {"full", "laze_only", "tls_only", "degrading"};
-    static constexpr const char* hands[] = {"keys", "buttons", "stick"};
+    static constexpr const char* devices[] = {"keys", "buttons", "stick"};
     return std::string(i.param.sight == sight_kind::visual ? "visual_" : "thermal_") +
            natures[i.param.engagements - 1] + '_' + systems[static_cast<int>(i.param.system)] + "_by_" +
-           hands[static_cast<int>(i.param.by)];
+           devices[static_cast<int>(i.param.by)];
 }
 
-// Every sight, nature and state once; the ways of working the gun take turns.
+// Each combination of sight, nature and system once, with the devices in turn.
 std::vector<shoot> all_shoots()
 {
     std::vector<shoot> all;
     for (const sight_kind sight : {sight_kind::visual, sight_kind::thermal})
         for (int nature = 1; nature <= 4; ++nature)
-            for (const system_set s :
-                 {system_set::full, system_set::laze, system_set::tls, system_set::degrading})
+            for (const system_option s :
+                 {system_option::full, system_option::laze, system_option::tls, system_option::degrading})
                 all.push_back({sight, nature, s, static_cast<device>(all.size() % 3)});
     return all;
 }
 
-// On the shipped data, with as much time as a target takes, and without a debrief.
+// On the shipped data, with unlimited time and without a debrief.
 struct long_drill : drill {
     long_drill(sight_kind sight, int engagements) : drill(sight, VORN_SOURCE_DIR "/data")
     {
@@ -60,17 +63,17 @@ struct practice : testing::TestWithParam<shoot> {
     practice()
     {
         const shoot& set = GetParam();
-        p.selfdegrading = set.system == system_set::degrading;
+        p.selfdegrading = set.system == system_option::degrading;
         p.systemstatus = p.selfdegrading ? 1 : static_cast<int>(set.system) + 1;
         p.targetblocks = p.selfdegrading ? 3 : 2;
     }
 };
 INSTANTIATE_TEST_SUITE_P(all, practice, testing::ValuesIn(all_shoots()), name_of);
 
-// Row by row what the gunner noted; a fifth round writes over the fourth.
+// A fifth round overwrites the fourth.
 void expect_rounds(const practice_state& p, bool visual, int e, const engagement_note& n)
 {
-    ASSERT_EQ(n.falls.size(), n.aims.size()) << "a round that nobody saw";
+    ASSERT_EQ(n.falls.size(), n.aims.size()) << "a round was not seen";
     EXPECT_EQ(p.recrounds[e], std::min<int>(static_cast<int>(n.aims.size()), 3));
     int row = 0;
     for (std::size_t i = 0; i < n.aims.size(); ++i) {
@@ -83,7 +86,7 @@ void expect_rounds(const practice_state& p, bool visual, int e, const engagement
     }
 }
 
-// Nobody clears the first row of the thermal record: its reset says FULL there.
+// The thermal reset always sets row 1 to FULL.
 std::string system_of(const gunnery_screen& s, int e, const engagement_note& n)
 {
     if (!s.visual() && e == 1) return "FULL";
@@ -97,7 +100,7 @@ void expect_kill(const practice_state& p, const gunnery_screen& s, int e, const 
     EXPECT_EQ(p.rectarget[e], e);
     EXPECT_EQ(p.recammo[e], n.order);
     EXPECT_EQ(p.recsystem[e], system_of(s, e, n));
-    // The order counts as the first second; a second that falls into a lay or a flight isn't made up for.
+    // The order counts as one second; the seconds of lays and flights are not counted.
     EXPECT_LE(p.rectime[e], n.killed - n.ordered + 1);
     EXPECT_GE(p.rectime[e], n.killed - n.ordered - 5 * static_cast<double>(n.aims.size()));
     EXPECT_LT(p.rectime[e], 120);
@@ -116,7 +119,7 @@ void expect_score(const drill& d, int targets, int hits, int average, int score)
             << words << n << " in " << text;
 }
 
-TEST_P(practice, is_killed_to_the_last_target_and_the_record_says_how)
+TEST_P(practice, is_recorded_as_fired)
 {
     gunner g(d, GetParam().by);
     d.set_up();
@@ -132,13 +135,13 @@ TEST_P(practice, is_killed_to_the_last_target_and_the_record_says_how)
     expect_score(d, targets, targets, sum / targets, sum / targets * targets * 2);
 }
 
-// Every position of every shipped range in turn: a target there can be seen, laid on and killed.
+// Each position of each shipped range in turn.
 class shipped_range_shoot : public testing::TestWithParam<std::string> {};
 
 INSTANTIATE_TEST_SUITE_P(all, shipped_range_shoot, testing::ValuesIn(shipped_ranges()),
                          [](const auto& file) { return std::filesystem::path(file.param).stem().string(); });
 
-// Fires at this position and those that follow it, as many as a practice of so many blocks has targets.
+// Fires at this position and the following ones, three per block.
 void shoot_in_turn(const std::string& file, sight_kind sight, int first, int16 blocks)
 {
     long_drill d(sight, 3);   // HESH: it takes any range
@@ -148,7 +151,7 @@ void shoot_in_turn(const std::string& file, sight_kind sight, int first, int16 b
     gunner g(d, device::key);
     d.set_up();
     const practice_state range = p;
-    // Whatever position is drawn is the next in turn.
+    // Puts the position that is next in turn in place of all others.
     d.t.random.source = [&p, &range, first, other = random_numbers{}]() mutable {
         const int turn = std::min(first - 1 + p.engagement, 19);
         p.targetx.fill(range.targetx[turn]);
@@ -166,7 +169,7 @@ void shoot_in_turn(const std::string& file, sight_kind sight, int first, int16 b
     }
 }
 
-TEST_P(shipped_range_shoot, every_target_on_it_can_be_killed)
+TEST_P(shipped_range_shoot, each_target_can_be_killed)
 {
     headless_machine pc;
     practice_state head;
@@ -176,10 +179,9 @@ TEST_P(shipped_range_shoot, every_target_on_it_can_be_killed)
     shoot_in_turn(GetParam(), sight, 14, 2);
 }
 
-// Two presses of the switch, on the strike and on the target, answer the wind.
 TEST(hesh_practice, a_corrected_round_kills_in_any_wind)
 {
-    for (const sight_kind sight : {sight_kind::visual, sight_kind::thermal})
+    for (const sight_kind sight : both_sights)
         for (const int wind : {-3, -2, 2, 3}) {
             SCOPED_TRACE(testing::Message()
                          << (sight == sight_kind::visual ? "visual " : "thermal ") << wind);
@@ -194,21 +196,20 @@ TEST(hesh_practice, a_corrected_round_kills_in_any_wind)
             for (const engagement_note& n : g.notes) {
                 EXPECT_TRUE(n.hit);
                 EXPECT_TRUE(n.corrected);
-                EXPECT_GE(n.aims.size(), 2U) << "no round gets there before the wind is answered";
+                EXPECT_GE(n.aims.size(), 2U) << "no uncorrected round hits";
                 rounds += n.aims.size();
             }
-            EXPECT_LE(rounds, 18U) << "most targets die of the second round";
+            EXPECT_LE(rounds, 18U) << "most second rounds kill";
         }
 }
 
-// In the time that an instructor sets, some targets get away; hits, misses and the score must say so.
-TEST(timed_practice, scores_what_was_hit_and_books_the_rest_as_missed)
+TEST(timed_practice, hits_and_misses_are_scored)
 {
     long_drill d(sight_kind::visual, 3);
     practice_state& p = d.t.shared;
     p.systemstatus = 3;
     p.targettime = 20;
-    p.killarea = 4;   // small: some need a second round
+    p.killarea = 4;   // small, so that some targets are missed
     p.targetblocks = 5;
     gunner g(d, device::key);
     d.set_up();

@@ -194,48 +194,43 @@ TEST_F(visual_laser, a_near_range_is_raised_until_the_range_is_read_again)
     EXPECT_EQ(d.t.shared.targetrange[6], 1100);
 }
 
-TEST_F(visual_laser, fin_lay)
+TEST_F(visual_laser, lays)
 {
     s.currentrange = 1000;
-    const double range = s.Imgrange.Top, target = s.Imgtargets.Top;
-    d.tap('A');
-    d.pc.key_down('S');
-    d.pc.wait(0.9);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range);
-    d.pc.wait(0.2);
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, target + 550);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 420);
-    EXPECT_FALSE(s.layready);
-    EXPECT_DOUBLE_EQ(s.laze.Top, 977.5 + 500);
-    d.pc.key_up('S');
-    d.hold('S', 3);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 420) << "one lay per lase";
-    d.target_at(4300, 1000);
-    d.tap('A');
-    d.tap('S');
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + 550) << "an early release lays FIN too";
-}
-
-TEST_F(visual_laser, hesh_lay_needs_the_whole_hold)
-{
-    d.tap('R');
-    d.tap('R');
-    ASSERT_EQ(s.Lblammotype.Caption, "HESH");
-    s.autolaycount = 0;
-    const double range = s.Imgrange.Top, left = s.Imgrange.Left;
-    d.tap('A');
-    d.hold('S', 1.9);
-    EXPECT_FALSE(s.lazed || s.layready);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range);
-    s.autolaycount = 0;
-    s.leadperstep = 0.01F;
-    d.tap('A');
-    d.hold('S', 2.1);
-    // 1 + floor(2000 / 110) steps of 110 and 21 of 10; the picture moves one step less in each stage.
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + 19 * 110 + 21 * 10);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Top, range + 18 * 110 + 20 * 10);
-    EXPECT_NEAR(s.Imgrange.Left, left + 0.01 * (19 * 110 + 21 * 10), 0.1);
-    EXPECT_TRUE(s.lazed);
+    // Steps of 110, then FIN 11 of 20 and HESH 21 of 10; in each stage the picture moves one step less.
+    const struct {
+        const char* keys;
+        double seconds, target, picture, mark;
+        bool early, lead;   // lays after an early release; aims off for the wind
+    } lays[] = {{"WE", 1, 3 * 110 + 11 * 20, 2 * 110 + 10 * 20, 500, true, false},
+                {"WERR", 1, 17 * 110 + 21 * 10, 16 * 110 + 20 * 10, 2000, false, true},
+                {"WQ", 2, 19 * 110, 18 * 110, 2000, true, false}};
+    for (const auto& l : lays) {
+        SCOPED_TRACE(l.keys);
+        for (const char* key = l.keys; *key != 0; ++key) d.tap(*key);
+        s.leadperstep = 0.01F;
+        d.target_at(4300, 1000);
+        d.tap('A');
+        const double top = s.Imgrange.Top, left = s.Imgrange.Left, mark = s.laze.Top;
+        d.pc.key_down('S');
+        d.pc.wait(l.seconds - 0.1);
+        EXPECT_DOUBLE_EQ(s.Imgrange.Top, top);
+        d.pc.wait(0.2);
+        EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + l.target);
+        EXPECT_DOUBLE_EQ(s.Imgrange.Top, top + l.picture);
+        EXPECT_NEAR(s.Imgrange.Left, left + (l.lead ? 0.01 * l.target : 0), 0.1);
+        EXPECT_DOUBLE_EQ(s.laze.Top, mark + l.mark);
+        EXPECT_TRUE(s.lazed && !s.layready);
+        d.pc.key_up('S');
+        d.hold('S', 3);
+        EXPECT_DOUBLE_EQ(s.Imgrange.Top, top + l.picture) << "one lay per lase";
+        d.target_at(4300, 1000);
+        d.tap('A');
+        d.tap('S');
+        EXPECT_EQ(s.Imgtargets.Top == 1000 + l.target, l.early);
+        EXPECT_EQ(s.lazed, l.early);
+        EXPECT_FALSE(s.layready);
+    }
 }
 
 TEST_F(visual_laser, pressing_the_autolay_in_the_correction_sets_the_lead)
@@ -263,14 +258,6 @@ TEST_F(visual_laser, pressing_the_autolay_in_the_correction_sets_the_lead)
     }
     d.tap('W');
     EXPECT_FLOAT_EQ(s.leadperstep, 0);
-}
-
-TEST_F(visual_laser, coax_lay)
-{
-    d.tap('Q');
-    d.tap('A');
-    d.hold('S', 2.1);
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + 21 * 110);
 }
 
 struct thermal_laser : testing::Test {

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <string>
+#include <vector>
+
 #include "state/numbers.h"
 
 namespace vorn {
 namespace {
 
-TEST(item_text, items_end_at_any_line_end_and_at_commas_outside_quotes)
+TEST(item_text, items_end_at_line_ends_and_commas)
 {
     item_reader r("1,2\n 3 \r\"a,b\"\r\n4");
     std::int32_t n = 0;
@@ -32,11 +36,11 @@ bool takes(const std::string& bytes)
     item_reader after(bytes + "\r\n#TRUE#");
     field first{};
     bool second = false;
-    EXPECT_EQ(after.take(first) && after.take(second), taken) << "a failure stops all that follows";
+    EXPECT_EQ(after.take(first) && after.take(second), taken) << "all takes after a failure fail";
     return taken;
 }
 
-TEST(item_text, an_item_of_the_wrong_form_or_out_of_its_fields_bounds_fails)
+TEST(item_text, rejects_wrong_types_and_numbers_out_of_bounds)
 {
     EXPECT_TRUE(takes<int16>("32767"));
     for (const char* bad :
@@ -49,32 +53,30 @@ TEST(item_text, an_item_of_the_wrong_form_or_out_of_its_fields_bounds_fails)
     EXPECT_FALSE(takes<std::string>(std::string("\"a\0b\"", 5)));
 }
 
-TEST(item_text, texts_in_either_encoding_come_out_as_utf8)
+TEST(item_text, texts_are_written_as_latin1_where_that_reads_back)
 {
-    item_writer both;   // two letters whose Latin-1 bytes are one letter of UTF-8
-    both.put("\xC3\x83\xC2\xA9");
-    item_reader again(both.file_bytes());
-    std::string letters;
-    EXPECT_TRUE(again.take(letters));
-    EXPECT_EQ(letters, "\xC3\x83\xC2\xA9");
-    both.put("M\xC3\xBCller");   // which can't be UTF-8 as Latin-1, and so neither can the whole
-    item_reader beside(both.file_bytes());
-    EXPECT_TRUE(beside.take(letters));
-    EXPECT_EQ(letters, "\xC3\x83\xC2\xA9");
-    item_writer latin, wide;
-    latin.put("M\xC3\xBCller");
-    wide.put("\xD0\x9F");
-    EXPECT_EQ(latin.file_bytes(), "\"M\xFCller\"\r\n");
-    EXPECT_EQ(wide.file_bytes(), "\"\xD0\x9F\"\r\n");
-    for (const item_writer* w : {&latin, &wide}) {
-        item_reader r(w->file_bytes());
-        std::string s;
-        EXPECT_TRUE(r.take(s));
-        EXPECT_EQ(s, w == &latin ? "M\xC3\xBCller" : "\xD0\x9F");
+    const std::string ambiguous = "\xC3\x83\xC2\xA9";   // its Latin-1 bytes are one letter of UTF-8
+    const struct {
+        std::vector<std::string> texts;
+        std::string bytes;
+    } cases[] = {{{"M\xC3\xBCller"}, "\"M\xFCller\"\r\n"},
+                 {{"\xD0\x9F"}, "\"\xD0\x9F\"\r\n"},
+                 {{ambiguous}, '"' + ambiguous + "\"\r\n"},
+                 {{ambiguous, "M\xC3\xBCller"}, '"' + ambiguous + "\"\r\n\"M\xC3\xBCller\"\r\n"}};
+    for (const auto& c : cases) {
+        item_writer w;
+        for (const std::string& text : c.texts) w.put(text);
+        EXPECT_EQ(w.file_bytes(), c.bytes);
+        item_reader r(c.bytes);
+        for (const std::string& text : c.texts) {
+            std::string read;
+            EXPECT_TRUE(r.take(read));
+            EXPECT_EQ(read, text);
+        }
     }
 }
 
-TEST(numbers, sixteen_bit_fields_stay_at_their_bounds_and_round_halves_to_even)
+TEST(numbers, int16_saturates_and_rounds_halves_to_even)
 {
     int16 n = 32760;
     n += 100;
@@ -86,7 +88,7 @@ TEST(numbers, sixteen_bit_fields_stay_at_their_bounds_and_round_halves_to_even)
     EXPECT_EQ(int16(-3.5), -4);
 }
 
-TEST(numbers, texts_are_cut_and_padded_by_characters)
+TEST(numbers, texts_are_truncated_and_padded_by_characters)
 {
     padded<5> p;
     p = "\xC3\xA4\xC3\xB6\xC3\xBCxyz";
