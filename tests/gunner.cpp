@@ -33,7 +33,7 @@ gunner::gunner(drill& d, device by) : d_(d), s_(d.screen()), by_(by)
         p.joyxcentre = p.joyycentre = centre;
         p.joyxfactor = p.joyyfactor = 1000;
     }
-    d.pc.glance = [this] {
+    d.pc.at_pace = [this] {
         if (const auto r = round()) seen_ = r;
     };
 }

@@ -1,9 +1,10 @@
-// How the calibration screen is laid out: the buttons and the word on the joystick along the top, below them
-// the stick tester, the readings and the lamps of the buttons, and then the instructions down the screen.
-// Twips.
-#include "platform/design.h"
+// The layout of the calibration screen, in twips. From top to bottom: the buttons, whether a joystick is
+// connected, the three frames side by side (stick tester, readings, lamps of the buttons), the instructions.
+#include <string>
+#include <utility>
 
 #include "calibration/joycal.h"
+#include "platform/design.h"
 
 namespace vorn {
 
@@ -14,13 +15,13 @@ using S = joycal_screen;
 constexpr double top = 1515, height = 3720;   // of the three frames side by side
 constexpr double box = 720;                   // height of a reading and of a lamp
 
-// Four rows fill such a frame.
+// The top of one of the four rows that fill such a frame.
 constexpr double row(int n)
 {
     return 360 + 825.0 * n;
 }
 
-// Large words in the middle of a field of their own.
+// Large text in the middle of a coloured field.
 object_fields plate(rectangle at, std::string words, colour fore, colour back)
 {
     object_fields f = bold(label(at, std::move(words), fore, text_size::large, alignment::centre));
@@ -31,7 +32,7 @@ object_fields plate(rectangle at, std::string words, colour fore, colour back)
 void buttons(S& s)
 {
     put_buttons(s.window, {120, 165, 1800, 540}, 1875,
-                {{s.Cmdstart, "START", "BEGIN THE CALIBRATION, OR BEGIN IT AGAIN"},
+                {{s.Cmdstart, "START", "BEGIN THE CALIBRATION, OR START IT OVER"},
                  {s.Cmdfinish, "FINISH", "USE THIS CALIBRATION"}});
     s.Cmdfinish.design->Enabled = false;
     add(s.window, s.Lblstick, plate({120, 840, 15120, 540}, "", colour::dim, colour::black));
@@ -99,9 +100,8 @@ void steps(S& s)
 {
     add(s.window, s.Frminfo, frame({120, 5355, 15120, 6045}, "CALIBRATION"));
     caption(s, &s.Frminfo,
-            label({840, 450, 13980, 450},
-                  "CLICK ON START TO BEGIN, AND AGAIN TO BEGIN ANEW. ESC LEAVES THIS SCREEN", colour::dim,
-                  text_size::large));
+            label({840, 450, 13980, 450}, "CLICK ON START TO BEGIN OR TO START OVER. ESC LEAVES THIS SCREEN",
+                  colour::dim, text_size::large));
     const struct {
         screen_object& o;
         const char* words;

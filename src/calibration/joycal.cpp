@@ -1,6 +1,7 @@
 #include "calibration/joycal.h"
 
 #include <algorithm>
+#include <string>
 
 #include "trainer.h"
 
@@ -10,15 +11,17 @@ namespace {
 
 using S = joycal_screen;
 
-constexpr double dot_from = 120, dot_to = 2880;   // Left and Top of the dot in its field
+constexpr int escape_key = 27;                    // virtual key code
+constexpr double dot_from = 120, dot_to = 2880;   // bounds of Left and Top of the dot
 
-// One axis of the stick: its readings, what they are made into, where they are shown and how the dot goes.
+// One axis of the stick: its readings, the numbers computed from them, the labels that show them, and the
+// coordinate of the dot that it moves.
 struct axis_row {
-    int end;   // number of the reading of the scale's upper end
-    int at;    // and of the stick's place
+    int end;   // number of the reading of the upper end of the scale
+    int at;    // number of the reading of the position
     double practice_state::*centre;
     double practice_state::*factor;
-    screen_object S::*showsend;   // on a label that nobody sees
+    screen_object S::*showsend;   // on a label that is never shown
     screen_object S::*showsat;
     screen_object S::*showscentre;
     screen_object S::*showsstep;
@@ -34,7 +37,7 @@ table<screen_object*, 4> instructions(S& s)
     return {{&s.Lblinfo1, &s.Lblinfo2, &s.Lblinfo3, &s.Lblinfo4}};
 }
 
-// What is to be done now stands out from what has been done.
+// Highlights the instruction of the present step.
 void markinstruction(S& s)
 {
     const auto all = instructions(s);
@@ -47,13 +50,11 @@ void markinstruction(S& s)
 
 void showjoystick(const trainer& t, S& s)
 {
-    const bool there = t.pc.joystick_present();
+    const bool connected = t.pc.joystick_present();
     s.Lblstick.Caption =
-        there ? "JOYSTICK CONNECTED" : "NO JOYSTICK IS CONNECTED. PLUG ONE IN: IT IS FOUND AT ONCE.";
-    s.Lblstick.ForeColor = there ? colour::dim : colour::highlight;
+        connected ? "JOYSTICK CONNECTED" : "NO JOYSTICK IS CONNECTED. PLUG ONE IN: IT IS FOUND AT ONCE.";
+    s.Lblstick.ForeColor = connected ? colour::dim : colour::highlight;
 }
-
-constexpr int escape_key = 27;
 
 void joycal_load(trainer& t, S& s)
 {
@@ -84,7 +85,7 @@ void takecentre(trainer& t, S& s, const axis_row& a)
     (s.*a.showsat).Caption = std::to_string(t.pc.joystick_reading(a.at));
 }
 
-// Instructions that are shown stay, so that they pile up down the screen.
+// Instructions of earlier steps stay on the screen.
 void nextstep(trainer& t, S& s)
 {
     s.calstep += 1;
@@ -106,7 +107,7 @@ void joystk_buttondown(trainer& t, S& s, int button)
     lightbutton(s, button, colour::red);
 }
 
-// The unit of the dead band is a twelfth of the way from the stick to the end of its scale.
+// The unit of the dead band is a twelfth of the distance from the stick's position to the end of its scale.
 void takefactor(trainer& t, S& s, const axis_row& a)
 {
     const long end = t.pc.joystick_reading(a.end), at = t.pc.joystick_reading(a.at);
@@ -115,8 +116,8 @@ void takefactor(trainer& t, S& s, const axis_row& a)
     t.shared.*a.factor = (static_cast<double>(end) - static_cast<double>(at)) / 12.0;
 }
 
-// The dot goes as the sight does in a practice: at a rate set by the excess over the dead band, a twip for
-// each full 100 units, rounded down and so lopsided.
+// The dot moves as the sight does in a practice: one twip for each full 100 units beyond the dead band.
+// Rounding down makes it one twip faster to the left and up.
 void movedot(S& s, const axis_row& a, double bound, double at)
 {
     const double n = Int((at - bound) / 100);

@@ -1,5 +1,5 @@
-// The calibration screen: leads the user through setting the joystick up, lets him try stick and buttons, and
-// makes the numbers by which the gunnery screens take the stick.
+// The calibration screen: leads the user through the set-up of the joystick, lets him try stick and buttons,
+// and computes the numbers from which the gunnery screens work out the traverse.
 #pragma once
 
 #include <deque>
@@ -15,12 +15,12 @@ struct joycal_screen {
     form window;
 
     screen_object Cmdstart, Cmdfinish;
-    screen_object Lblstick;   // whether a joystick is there
+    screen_object Lblstick;   // whether a joystick is connected
 
-    // The stick tester. Image1 is the field of the dot; both lie in the same window.
+    // The stick tester: Image1 is the background of the dot.
     screen_object Frmstick, Frmfield, Image1, dot;
 
-    // What the stick reads, and the step of the dot at its last move.
+    // The readings, and the step of the dot at its last move.
     screen_object Frmreadings;
     screen_object Lblxmin, Lblymin, Lblx, Lbly, Lblxfactor, Lblyfactor;
     screen_object Lblxmax, Lblymax;   // never shown
@@ -31,15 +31,15 @@ struct joycal_screen {
     screen_object Lblstep[4];   // their numbers
     screen_object Frminfo, Lblinfo1, Lblinfo2, Lblinfo3, Lblinfo4;
 
-    std::deque<screen_object> captions;   // labels that never change
+    std::deque<screen_object> captions;   // the labels that never change
 
-    int16 calstep = 0;         // of the procedure; 0 before it has begun
+    int16 calstep = 0;         // of the procedure; 0 before START
     bool calstarted = false;   // START has been clicked
 };
 
 void make_joycal(trainer&);
 
-// design.cpp: where everything stands.
+// design.cpp: the layout.
 void design_joycal(joycal_screen&);
 
 }   // namespace vorn

@@ -1,7 +1,9 @@
-// The design values of screen objects, in the words in which a screen lays itself out. Twips throughout.
+// Functions with which a screen lays out its objects: each makes the design values of one object. In twips.
 #pragma once
 
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 #include "platform/objects.h"
 
@@ -58,7 +60,7 @@ inline object_fields textbox(rectangle at, std::string text)
     return f;
 }
 
-// A drawing of the machine's own, by its name.
+// An image with a built-in drawing, named ":name", or with none.
 inline object_fields image(rectangle at, std::string drawing = {})
 {
     object_fields f = placed(object_kind::image, at);
@@ -85,15 +87,14 @@ inline object_fields label(rectangle at, std::string caption, colour fore = colo
     return f;
 }
 
-// Puts a label or drawing that never changes on a screen, which keeps it among its captions.
+// Adds a label or drawing that never changes to a screen and its list `captions`.
 template <class screen>
 void caption(screen& s, screen_object* parent, object_fields fields)
 {
     add(s.window, s.captions.emplace_back(), std::move(fields), parent);
 }
 
-// A row of buttons of one size along the top of a screen, the first one at a place and each a step further
-// right.
+// A row of buttons of one size: the first at a place, the others at steps to the right.
 struct button_row {
     screen_object& o;
     const char* caption;
@@ -107,12 +108,13 @@ inline void put_buttons(form& f, rectangle first, double step, std::initializer_
     }
 }
 
-// Changes to a row that few rows need.
+// Modifiers of design values.
 inline object_fields named(object_fields f, std::string name)
 {
     f.AccessibleName = std::move(name);
     return f;
 }
+
 inline object_fields hidden(object_fields f)
 {
     f.Visible = false;

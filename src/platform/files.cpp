@@ -36,7 +36,7 @@ static std::string lower(std::string s)
     return s;
 }
 
-// The entry of a folder that has this name but for case; the name itself where there is none.
+// The entry of a folder that has this name apart from case; the name as given if there is none.
 static fs::path entry_like(const fs::path& folder, const fs::path& name)
 {
     std::error_code failed;
@@ -61,7 +61,7 @@ std::string find_path(const machine& m, const std::string& path)
     return to_utf8(found);
 }
 
-std::string name_ending(const std::string& path)
+std::string extension(const std::string& path)
 {
     return lower(to_utf8(from_utf8(path).extension()));
 }
@@ -93,8 +93,8 @@ static bool write_whole(std::ofstream& out, const std::string& text)
     return static_cast<bool>(out);
 }
 
-// A name beside a file that nothing there has.
-static fs::path untaken(const fs::path& file)
+// An unused name for a temporary file in the folder of a file.
+static fs::path temporary_name(const fs::path& file)
 {
     for (int n = 0;; ++n) {
         fs::path part = file;
@@ -106,15 +106,15 @@ static fs::path untaken(const fs::path& file)
 
 enum class replaced { done, failed, not_possible };
 
-// Written beside the file and put in its place when it is whole: a disk that fills up on the way takes
-// nothing from what was there. What the user has closed to himself is not replaced. Only a folder that is
-// closed to him makes it not possible.
+// Writes a temporary file beside the file and renames it once it is complete, so that a full disk leaves the
+// old file. Doesn't replace a file without write permission. Returns not_possible only when the folder gives
+// no permission to create a file.
 static replaced replace_file(const fs::path& file, const std::string& text)
 {
     std::error_code failed;
     if (fs::exists(file, failed) && !std::fstream(file, std::ios::in | std::ios::out).is_open())
         return replaced::failed;
-    const fs::path part = untaken(file);
+    const fs::path part = temporary_name(file);
     errno = 0;
     std::ofstream out(part, std::ios::binary | std::ios::trunc);
     if (!out.is_open())
@@ -129,7 +129,7 @@ static replaced replace_file(const fs::path& file, const std::string& text)
     return whole ? replaced::done : replaced::failed;
 }
 
-// In place, where no file can be made beside it; one that doesn't take the text gets back what it held.
+// Overwrites a file in place. Writes the old text back if the new one could not be written.
 static bool write_over(const fs::path& file, const std::string& old, const std::string& text)
 {
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
@@ -140,8 +140,8 @@ static bool write_over(const fs::path& file, const std::string& old, const std::
     return false;
 }
 
-// In a folder where no file can be made an old one may still be written over; and what is no plain file is
-// never replaced by one.
+// A file in a folder without write permission may still be writable itself, so it is then overwritten.
+// Anything but a regular file (a device, say) is written to and never replaced.
 std::string write_file(const machine& m, const std::string& path, const std::string& text)
 {
     constexpr const char* reason = "The file can't be written.";
@@ -152,15 +152,15 @@ std::string write_file(const machine& m, const std::string& path, const std::str
         const replaced r = replace_file(file, text);
         if (r != replaced::not_possible) return r == replaced::done ? "" : reason;
     }
-    if (fs::is_fifo(file, failed)) return reason;   // it would wait for a reader
+    if (fs::is_fifo(file, failed)) return reason;   // opening it would block until there is a reader
     const std::optional<std::string> old = read_file(m, to_utf8(file)).text;
-    if (!old && fs::is_regular_file(file, failed)) return reason;   // it could not be given back
+    if (!old && fs::is_regular_file(file, failed)) return reason;   // could not be restored
     return write_over(file, old.value_or(""), text) ? "" : reason;
 }
 
 std::string delete_file(const machine& m, const std::string& path)
 {
-    const fs::path file = m.working_directory / from_utf8(path);   // no other than the one that is named
+    const fs::path file = m.working_directory / from_utf8(path);   // without the search of find_path
     std::error_code failed;
     if (!fs::exists(file, failed)) return "The file does not exist.";
     if (!fs::is_regular_file(file, failed)) return "It is not a file.";
@@ -173,7 +173,7 @@ bool change_directory(machine& m, const std::string& folder)
     std::error_code failed;
     const fs::path found = from_utf8(find_path(m, folder));
     if (!fs::is_directory(found, failed)) return false;
-    fs::directory_iterator entered(found, failed);   // a folder that can't be listed can't be entered either
+    fs::directory_iterator listed(found, failed);   // fails without permission
     if (failed) return false;
     m.working_directory = found.lexically_normal();
     if (!m.working_directory.has_filename() && m.working_directory.has_relative_path())

@@ -1,7 +1,8 @@
-// Text files and paths. Every file is opened, used and closed within one operation. Paths are UTF-8;
-// a relative one counts from the machine's working directory.
+// Text files and paths. Each operation opens, uses and closes its file. Paths are UTF-8; a relative path
+// starts at the machine's working directory.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -14,26 +15,27 @@ inline constexpr char path_separator = static_cast<char>(std::filesystem::path::
 std::filesystem::path from_utf8(const std::string& path);
 std::string to_utf8(const std::filesystem::path&);
 
-// The file that a stored path names: as written where that exists; otherwise, where '/' separates, '\' counts
-// as one too, and each part that isn't found is looked for without regard to case. Always absolute.
+// The absolute path of the file that a stored path names. Used as written if that exists. Otherwise '\' also
+// counts as a separator on systems that separate by '/', and each part is compared without regard to case.
 std::string find_path(const machine&, const std::string& path);
 bool file_exists(const machine&, const std::string& path);
 
 struct file_text {
     std::optional<std::string> text;
-    std::string reason;   // why there is none
+    std::string reason;   // why it could not be read; empty on success
 };
 
-// Reads a whole text file, at most four million bytes, and nothing but a plain file.
+// Reads a text file of at most 4,000,000 bytes. Refuses anything but a regular file.
 file_text read_file(const machine&, const std::string& path);
-// The ending of a file's name, in small letters and with its dot; empty where there is none.
-std::string name_ending(const std::string& path);
-// Creates or replaces a file; gives the reason when it can't, empty when it did.
+// The extension of a file name in lower case, with its dot; empty if it has none.
+std::string extension(const std::string& path);
+// Creates or replaces a file. Returns the reason of a failure, empty on success; a failure leaves the old
+// file.
 std::string write_file(const machine&, const std::string& path, const std::string& text);
-// Deletes a plain file, by its name exactly as written; gives the reason when it can't, empty when it did.
+// Deletes a regular file whose name is exactly as written. Returns the reason of a failure, empty on success.
 std::string delete_file(const machine&, const std::string& path);
 
-// Makes a folder the working directory; false, and no change, when it can't be entered or has no name.
+// Makes a folder the working directory. False, and no change, if it can't be listed or the path is empty.
 bool change_directory(machine&, const std::string& folder);
 
 }   // namespace vorn

@@ -18,7 +18,7 @@ static double period(const timer& t)
     return std::max(t.Interval / 1000.0, timer_floor);
 }
 
-// Gives each timer that was switched on its first moment.
+// Sets the time of the first tick of each timer that was started.
 static void arm_timers(machine& m)
 {
     for (form* f : m.screens.loaded)
@@ -32,7 +32,7 @@ static void arm_timers(machine& m)
 static void queue_arrival(machine& m, form& f)
 {
     auto& waiting = m.screens.arrivals;
-    const auto same = [&](const desk::arrival& a) { return a.screen == &f; };
+    const auto same = [&](const screen_stack::arrival& a) { return a.screen == &f; };
     if (std::none_of(waiting.begin(), waiting.end(), same))
         waiting.push_back({&f, std::max(m.screens.depth, 1)});
 }
@@ -57,25 +57,25 @@ void show(machine& m, form& f)
     queue_arrival(m, f);
 }
 
-static void take_away(machine& m, form& f, form_state state)
+static void leave_screen(machine& m, form& f, form_state state)
 {
     const bool was_front = front(m) == &f;
     f.state = state;
     std::erase(m.screens.shown, &f);
-    std::erase_if(m.screens.arrivals, [&](const desk::arrival& a) { return a.screen == &f; });
+    std::erase_if(m.screens.arrivals, [&](const screen_stack::arrival& a) { return a.screen == &f; });
     if (was_front && front(m) != nullptr) queue_arrival(m, *front(m));
 }
 
 void hide(machine& m, form& f)
 {
-    if (f.state == form_state::shown) take_away(m, f, form_state::hidden);
+    if (f.state == form_state::shown) leave_screen(m, f, form_state::hidden);
 }
 
 void unload(machine& m, form& f)
 {
     if (f.state == form_state::not_loaded) return;
     for (timer* t : f.timers) stop(*t);
-    take_away(m, f, form_state::not_loaded);
+    leave_screen(m, f, form_state::not_loaded);
     std::erase(m.screens.loaded, &f);
     if (f.unloaded) f.unloaded();
 }
@@ -102,13 +102,13 @@ void close_by_frame(form& f)
 
 void joystick_changed(machine& m)
 {
-    const std::vector<form*> told = m.screens.loaded;   // a screen may come or go meanwhile
-    for (const form* f : told)
+    const std::vector<form*> loaded = m.screens.loaded;   // a copy: a handler may load or unload a screen
+    for (const form* f : loaded)
         if (f->JoystickChanged) f->JoystickChanged();
 }
 
-// Runs something one handler deeper; the count is right again even when the program's end cuts it short.
-static void run_deeper(machine& m, const std::function<void()>& event)
+// Counts the depth of nested handlers, also when the end of the program throws out of one.
+static void run_nested(machine& m, const std::function<void()>& event)
 {
     struct depth_guard {
         int& depth;
@@ -118,22 +118,22 @@ static void run_deeper(machine& m, const std::function<void()>& event)
     if (event) event();
 }
 
-static std::optional<desk::arrival> take_arrival(desk& d)
+static std::optional<screen_stack::arrival> take_arrival(screen_stack& s)
 {
-    const auto ready = [&](const desk::arrival& a) { return a.depth > d.depth; };
-    const auto found = std::find_if(d.arrivals.begin(), d.arrivals.end(), ready);
-    if (found == d.arrivals.end()) return std::nullopt;
-    const desk::arrival a = *found;
-    d.arrivals.erase(found);
+    const auto ready = [&](const screen_stack::arrival& a) { return a.depth > s.depth; };
+    const auto found = std::find_if(s.arrivals.begin(), s.arrivals.end(), ready);
+    if (found == s.arrivals.end()) return std::nullopt;
+    const screen_stack::arrival a = *found;
+    s.arrivals.erase(found);
     return a;
 }
 
 void handle(machine& m, const std::function<void()>& event)
 {
-    run_deeper(m, event);
+    run_nested(m, event);
     arm_timers(m);
     while (const auto a = take_arrival(m.screens)) {
-        run_deeper(m, a->screen->arrival);
+        run_nested(m, a->screen->arrival);
         arm_timers(m);
     }
 }
@@ -159,7 +159,7 @@ double next_tick(machine& m)
     return t == nullptr ? std::numeric_limits<double>::infinity() : t->due;
 }
 
-// A timer keeps its beat: after a handler that ran late it ticks once for all that it missed.
+// Ticks stay at multiples of the interval; a late timer ticks once for all the ticks that it missed.
 static void tick(machine& m, timer& t)
 {
     struct ticking_guard {

@@ -28,11 +28,11 @@ struct message {
 
 struct file_dialog {
     std::string title;
-    std::string filter;     // "Range Files (*.arf)|*.arf|": pairs of name and pattern
-    std::string folder;     // where it starts
-    std::string proposed;   // file name offered when saving
+    std::string filter;          // "Range Files (*.arf)|*.arf|": pairs of name and pattern
+    std::string folder;          // where it starts
+    std::string proposed = {};   // file name offered when saving
     bool save = false;
-    // When saving: the ending of a name without one, and a file is replaced only when that is confirmed.
+    // When saving: extension added to a name without one; replacing a file must then be confirmed.
     std::string suffix = {};
     bool picture = false;   // what is opened is a picture: a machine may offer all that it can read
 };
@@ -56,16 +56,16 @@ struct printed_line {
     bool underline = false;
 };
 
-// Which screens there are and which is in front; kept by the operations below, the same on both machines.
-struct desk {
+// Which screens are loaded and shown. Only the operations below change it, the same way on both machines.
+struct screen_stack {
     struct arrival {
         form* screen;
-        int depth;   // it waits until the handlers that ran at this depth are done
+        int depth;   // runs when the handlers at this depth have returned
     };
     std::vector<form*> loaded;
     std::vector<form*> shown;   // the last one is in front
     std::vector<arrival> arrivals;
-    int depth = 0;   // handlers running inside each other at this moment
+    int depth = 0;   // of nested handlers
 };
 
 class machine {
@@ -110,7 +110,7 @@ public:
 
     std::filesystem::path working_directory;   // absolute
     std::string default_directory;             // where the program directory is looked for first
-    desk screens;
+    screen_stack screens;
 };
 
 // Screens. Show loads a screen that isn't loaded and brings it to the front; its arrival runs after the

@@ -1,5 +1,4 @@
-// The calibration of the joystick: its steps, the dot of the tester, and a practice fought with what came of
-// it.
+// The calibration of the joystick: its steps, the dot of the stick tester, and a practice fired after it.
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -29,9 +28,8 @@ struct calibration : testing::Test {
     {
         pc.click(s.Cmdstart);
         for (int n = 1; n < step; ++n) press(1);
-        EXPECT_EQ(s.calstep, step);
     }
-    // What the user can read, and whether he can finish.
+    // The instructions that are visible, and whether FINISH is enabled.
     std::string shown() const
     {
         std::string steps;
@@ -45,23 +43,23 @@ struct calibration : testing::Test {
         for (const screen_object& o : s.Lblbutton) lamps += o.BackColor == colour::red ? '*' : '.';
         return lamps;
     }
-    // A move event with the readings as they are.
+    // A move event that leaves the readings unchanged.
     void move(long x, long y)
     {
         pc.event([&] { s.window.Move(x, y); });
     }
 };
 
-TEST_F(calibration, each_button_is_a_step_and_the_instructions_pile_up)
+TEST_F(calibration, each_button_press_adds_the_next_instruction)
 {
     EXPECT_EQ(shown(), "....");
     press(1);
-    EXPECT_EQ(shown(), "....") << "before START a button is only tried";
+    EXPECT_EQ(shown(), "....") << "before START a button has no step";
     pc.click(s.Cmdstart);
     const std::string steps[] = {"*...", "**..", "***.", "**** finish", "**** finish"};
     for (int n = 0; n < 5; ++n) {
         EXPECT_EQ(shown(), steps[n]);
-        press(n == 0 ? 9 : n);   // any button will do
+        press(n == 0 ? 9 : n);   // any button
     }
     EXPECT_EQ(s.Lblx.Caption + ' ' + s.Lbly.Caption, "32767.5 32767.5");
     pc.click(s.Cmdstart);
@@ -77,9 +75,9 @@ TEST_F(calibration, the_lamps_follow_the_first_four_buttons)
     EXPECT_EQ(lit(), "...*");
 }
 
-TEST_F(calibration, the_dot_rests_in_the_dead_band_and_goes_by_full_hundreds_beyond_it)
+TEST_F(calibration, the_dot_rests_in_the_dead_band_and_moves_a_twip_per_full_hundred_beyond)
 {
-    pc.joystick[7] = 60000;   // the axes keep apart
+    pc.joystick[7] = 60000;   // other than X: the axes are independent
     to_step(2);
     EXPECT_EQ(s.Lblymin.Caption, "32768");
     move(0, 0);
@@ -107,7 +105,7 @@ TEST_F(calibration, the_dot_rests_in_the_dead_band_and_goes_by_full_hundreds_bey
     }
 }
 
-TEST_F(calibration, the_dot_stays_in_its_field_whatever_the_stick_says)
+TEST_F(calibration, the_dot_stays_within_its_bounds_at_any_reading)
 {
     to_step(3);
     for (int i = 0; i < 50; ++i) pc.stick(65535, 0);
@@ -121,7 +119,7 @@ TEST_F(calibration, the_dot_stays_in_its_field_whatever_the_stick_says)
     EXPECT_GT(p.joyxfactor, 1e18);
 }
 
-TEST_F(calibration, says_whether_there_is_a_joystick_and_begins_without_one)
+TEST_F(calibration, shows_whether_a_joystick_is_connected_and_starts_without_one)
 {
     EXPECT_EQ(s.Lblstick.Caption, "JOYSTICK CONNECTED");
     pc.plug_stick(false);
@@ -131,7 +129,7 @@ TEST_F(calibration, says_whether_there_is_a_joystick_and_begins_without_one)
     EXPECT_EQ(shown(), "*...");
 }
 
-TEST_F(calibration, closed_by_its_frame_calibrates_nothing_and_leads_back_to_the_set_up)
+TEST_F(calibration, only_finish_calibrates_and_each_way_out_leads_to_the_set_up)
 {
     to_step(4);
     pc.close_window(s.window);
@@ -139,15 +137,15 @@ TEST_F(calibration, closed_by_its_frame_calibrates_nothing_and_leads_back_to_the
     EXPECT_FALSE(p.joycalibrated);
     open();
     press(1);
-    EXPECT_EQ(shown(), "....") << "afresh";
+    EXPECT_EQ(shown(), "....") << "starts over";
     to_step(4);
     pc.click(s.Cmdfinish);
     EXPECT_EQ(front(pc), &d.t.startsim.window);
     EXPECT_TRUE(p.joycalibrated);
     open();
     pc.key_down(27);
-    EXPECT_EQ(front(pc), &d.t.startsim.window) << "by Esc as well";
-    EXPECT_TRUE(p.joycalibrated) << "an old calibration stands";
+    EXPECT_EQ(front(pc), &d.t.startsim.window) << "Esc";
+    EXPECT_TRUE(p.joycalibrated) << "the earlier calibration is kept";
 }
 
 TEST(practice_by_stick, is_allowed_once_calibrated_and_fired_by_stick_and_buttons)
@@ -163,14 +161,14 @@ TEST(practice_by_stick, is_allowed_once_calibrated_and_fired_by_stick_and_button
     pc.click(d.t.joycal.Cmdstart);
     for (int button = 1; button <= 3; ++button) pc.stick_button(button, true);
     pc.stick(60000, 10000);
-    pc.stick(32768, 32768);   // he lets go of it
+    pc.stick(32768, 32768);   // centred again
     pc.click(d.t.joycal.Cmdfinish);
     d.set_up();
     ASSERT_EQ(front(pc), &d.t.simulator.window);
     p.fulldebrief = false;
     gunner g(d, device::stick);
     g.fire_practice();
-    EXPECT_NEAR(p.joyxfactor, 2730.583, 0.001) << "his own calibration";
+    EXPECT_NEAR(p.joyxfactor, 2730.583, 0.001) << "from this calibration";
     ASSERT_EQ(g.notes.size(), 6U);
     for (int e = 1; e <= 6; ++e) EXPECT_EQ(p.rechit[e], "YES") << e;
 }

@@ -296,7 +296,7 @@ TEST_F(thermal_laser, a_full_hold_moves_only_the_mark)
     d.pc.wait(1.4);
     EXPECT_TRUE(s.layready);
     double lowest = mark;
-    d.pc.glance = [&] { lowest = std::max(lowest, s.imgbam.Top); };
+    d.pc.at_pace = [&] { lowest = std::max(lowest, s.imgbam.Top); };
     d.pc.wait(0.2);
     EXPECT_FALSE(s.layready || s.Imglam.Visible);
     EXPECT_NEAR(lowest, mark + 1100 / 3.0, 0.1);

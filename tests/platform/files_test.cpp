@@ -1,4 +1,4 @@
-// Writing a file: what was there stays until the new one is whole.
+// Writing files, also on a full disk and without permission, from the functions and from the screens.
 #include "platform/files.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A disk with room for so many bytes a file, as far as this process goes.
+// Limits the size of the files that this process can write.
 class small_disk {
 public:
     explicit small_disk(rlim_t bytes) : old_handler_(std::signal(SIGXFSZ, SIG_IGN))
@@ -41,16 +41,16 @@ private:
     void (*old_handler_)(int);
 };
 
-// Root, to whom every file is open, is nobody for a while.
-class nobody {
+// Drops the rights of root, who may write every file.
+class unprivileged {
 public:
-    nobody()
+    unprivileged()
     {
         if (root_ && seteuid(65534) != 0) ADD_FAILURE();
     }
-    nobody(const nobody&) = delete;
-    nobody& operator=(const nobody&) = delete;
-    ~nobody()
+    unprivileged(const unprivileged&) = delete;
+    unprivileged& operator=(const unprivileged&) = delete;
+    ~unprivileged()
     {
         if (root_ && seteuid(0) != 0) ADD_FAILURE();
     }
@@ -70,7 +70,7 @@ struct writing : testing::Test {
     }
 };
 
-TEST_F(writing, a_full_disk_takes_nothing_from_what_was_there)
+TEST_F(writing, a_full_disk_leaves_the_old_file)
 {
     const std::string old(300, 'o'), fresh(5000, 'f');
     data.put("own.vrn", old);
@@ -81,13 +81,13 @@ TEST_F(writing, a_full_disk_takes_nothing_from_what_was_there)
         EXPECT_NE(write_file(pc, "new.vrn", fresh), "");
     }
     EXPECT_EQ(data.get("own.vrn"), old);
-    EXPECT_EQ(files(), before) << "and leaves nothing behind";
+    EXPECT_EQ(files(), before) << "no temporary file is left";
     EXPECT_EQ(write_file(pc, "own.vrn", fresh), "");
     EXPECT_EQ(data.get("own.vrn"), fresh);
     EXPECT_EQ(files(), before);
 }
 
-TEST_F(writing, links_are_followed_and_what_is_no_file_stays_what_it_is)
+TEST_F(writing, links_are_followed_and_only_regular_files_are_replaced)
 {
     data.put("real.vrn", "old");
     fs::create_symlink(data.ranges() + "/real.vrn", data.ranges() + "/link.vrn");
@@ -100,7 +100,7 @@ TEST_F(writing, links_are_followed_and_what_is_no_file_stays_what_it_is)
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
     EXPECT_NE(write_file(pc, "no folder/own.vrn", "x"), "");
     ASSERT_EQ(mkfifo((data.ranges() + "/pipe.vrn").c_str(), 0600), 0);
-    EXPECT_NE(write_file(pc, "pipe.vrn", "x"), "") << "and nobody waits for a reader";
+    EXPECT_NE(write_file(pc, "pipe.vrn", "x"), "") << "it doesn't wait for a reader";
     fs::create_directory(data.ranges() + "/real.vrn.part");
     data.put("real.vrn.part1", "the user's own");
     fs::create_symlink("nowhere", data.ranges() + "/real.vrn.part2");
@@ -111,7 +111,7 @@ TEST_F(writing, links_are_followed_and_what_is_no_file_stays_what_it_is)
     EXPECT_FALSE(read_file(pc, "own.vrn").text);
 }
 
-TEST_F(writing, what_is_closed_to_the_user_is_told_and_stays)
+TEST_F(writing, files_without_permission_are_reported_and_kept)
 {
     const auto put = [&](const char* name, const char* what, mode_t mode) {
         data.put(name, what);
@@ -125,7 +125,7 @@ TEST_F(writing, what_is_closed_to_the_user_is_told_and_stays)
     for (const std::string& folder : {data.program(), data.ranges()}) chmod(folder.c_str(), 0755);
     put("shut", "", 0555);
     {
-        const nobody user;
+        const unprivileged user;
         const small_disk disk(1000);
         EXPECT_EQ(read_file(pc, "dark.vrn").reason, "The file can't be read.");
         for (const char* name : {"shut/open.vrn", "shut/closed.vrn", "shut/new.vrn", "shut/unread.vrn"})
@@ -135,15 +135,15 @@ TEST_F(writing, what_is_closed_to_the_user_is_told_and_stays)
         EXPECT_EQ(write_file(pc, "shut/open.vrn", "new"), "");
     }
     EXPECT_EQ(data.get("shut/unread.vrn"), "old");
-    EXPECT_EQ(data.get("shut/open.vrn"), "new") << "it needs no room beside it";
+    EXPECT_EQ(data.get("shut/open.vrn"), "new") << "overwritten in place";
     EXPECT_FALSE(fs::exists(data.ranges() + "/shut/new.vrn"));
     EXPECT_EQ(delete_file(pc, "shut"), "It is not a file.");
     put("shut", "", 0755);
 }
 
-// Each button of each screen that reads or writes a file, with a disk, a folder or a file that has gone wrong
-// between the screen and the click.
-TEST(screens_on_a_bad_disk, answer_in_order_and_lose_nothing)
+// Each button of each screen that reads or writes a file, with a full disk, a folder, a device, or a file of
+// another kind.
+TEST(screens_on_a_bad_disk, report_each_failure_and_keep_the_files)
 {
     drill d(sight_kind::visual);
     headless_machine& pc = d.pc;
@@ -156,7 +156,7 @@ TEST(screens_on_a_bad_disk, answer_in_order_and_lose_nothing)
         const std::string file = place[0] == '/' ? place : path(place);
         const std::string was = d.data.get("visualrange.vrp");
         const bool whole = file == path("visualrange.vrp");   // a picture, but nothing else
-        const bool kept = whole || file == place;   // not to be deleted, the machine's own least of all
+        const bool kept = whole || file == place;   // not deleted: a device, or a picture of the ranges
         const small_disk disk(10);
         for (screen_object* o : {&t.startsim.cmdopenset, &t.startsim.cmdsaveset}) {
             pc.files = {file};
@@ -187,30 +187,17 @@ TEST(screens_on_a_bad_disk, answer_in_order_and_lose_nothing)
             {&t.results.Cmdprint, "THE RECORD COULD NOT BE PRINTED\n\rThere is no printer."},
             {&t.results.Cmddelete, kept ? "ARE YOU SURE YOU WISH TO DELETE " + file
                                         : "THAT FILE COULD NOT BE DELETED\n\r" + file + "\n\r"}};
-        for (const auto& [o, told] : buttons) {
+        for (const auto& [o, expected] : buttons) {
             pc.files = {file};
             pc.answers = {{o != &t.results.Cmddelete || !kept}};
             pc.click(*o);
-            EXPECT_EQ(pc.boxes.back().text.rfind(told, 0), 0U) << place << pc.boxes.back().text;
+            EXPECT_EQ(pc.boxes.back().text.rfind(expected, 0), 0U) << place << pc.boxes.back().text;
         }
         pc.click(t.results.cmdnew);
         EXPECT_EQ(front(pc), &t.startsim.window) << place;
         EXPECT_EQ(d.data.get("visualrange.vrp"), was) << place;
     }
     EXPECT_FALSE(pc.ended);
-}
-
-// The folder of the ranges is gone between the set-up and the practice: a message, and back to the set-up.
-TEST(screens_on_a_bad_disk, a_vanished_folder_ends_no_program)
-{
-    drill d(sight_kind::visual);
-    fs::remove_all(d.data.ranges());
-    d.pc.answers.assign(6, {true});   // yes to each box, and no other range is found
-    d.pc.click(d.t.startsim.Cmdstart);
-    EXPECT_EQ(front(d.pc), &d.t.startsim.window);
-    EXPECT_FALSE(d.pc.ended);
-    d.pc.click(d.t.startsim.Cmdhelpon);
-    EXPECT_FALSE(d.pc.ended);
 }
 
 }   // namespace

@@ -12,20 +12,20 @@ struct two_screens : testing::Test {
     form a, b;
     screen_object quit;
     timer clock;
-    std::vector<std::string> told;
+    std::vector<std::string> events;
 
     two_screens()
     {
         add(a, quit, button({0, 0, 1, 1}, ""));
         a.exit_button = &quit;
-        quit.Click = [this] { told.push_back("quit"); };
-        a.arrival = [this] { told.push_back("a"); };
-        b.arrival = [this] { told.push_back("b"); };
-        add(a, clock, 1000, [this] { told.push_back("tick"); });
+        quit.Click = [this] { events.push_back("quit"); };
+        a.arrival = [this] { events.push_back("a"); };
+        b.arrival = [this] { events.push_back("b"); };
+        add(a, clock, 1000, [this] { events.push_back("tick"); });
         pc.event([this] { show(pc, a); });
-        told.clear();
+        events.clear();
     }
-    std::vector<std::string> taken() { return std::exchange(told, {}); }
+    std::vector<std::string> taken() { return std::exchange(events, {}); }
     using list = std::vector<std::string>;
 };
 
@@ -34,17 +34,17 @@ TEST_F(two_screens, an_arrival_waits_for_the_handler_that_showed_the_screen)
     pc.answers = {{true, 5}};
     pc.event([this] {
         show(pc, b);
-        pc.later(2, [this] { pc.event([this] { told.push_back("meanwhile"); }); });
+        pc.later(2, [this] { pc.event([this] { events.push_back("meanwhile"); }); });
         pc.message_box({"x", ""});
-        told.push_back("done");
+        events.push_back("done");
         hide(pc, a);
     });
     EXPECT_EQ(taken(), (list{"meanwhile", "done", "b"}));
     pc.event([this] { show(pc, b); });
-    EXPECT_EQ(taken(), list{}) << "it is in front already";
+    EXPECT_EQ(taken(), list{}) << "already in front";
 }
 
-TEST_F(two_screens, a_screen_that_comes_to_the_front_arrives)
+TEST_F(two_screens, a_screen_that_comes_to_the_front_gets_an_arrival)
 {
     pc.event([this] { show(pc, b); });
     taken();
@@ -53,25 +53,25 @@ TEST_F(two_screens, a_screen_that_comes_to_the_front_arrives)
     EXPECT_EQ(taken(), list{"a"});
     pc.activate(b);
     pc.event([this] { hide(pc, b); });
-    EXPECT_EQ(taken(), (list{"b", "a"})) << "the one beneath comes to the front";
+    EXPECT_EQ(taken(), (list{"b", "a"})) << "the next one is in front";
     pc.event([this] {
         show(pc, b);
         unload(pc, b);
     });
-    EXPECT_EQ(taken(), list{"a"}) << "a screen that has gone again doesn't arrive";
+    EXPECT_EQ(taken(), list{"a"}) << "none for a screen that was unloaded";
     quit.Visible = false;
     pc.close_window(a);
     EXPECT_EQ(taken(), list{"quit"});
 }
 
-TEST_F(two_screens, a_late_timer_ticks_once_and_never_inside_itself)
+TEST_F(two_screens, a_late_timer_ticks_once_and_never_inside_its_own_handler)
 {
     pc.event([this] { start(clock); });
     pc.event([this] { pc.pace(3.5); });
     pc.advance(3.5);
     EXPECT_EQ(taken(), list{"tick"});
     pc.advance(0.5);
-    EXPECT_EQ(taken(), list{"tick"}) << "it keeps its beat";
+    EXPECT_EQ(taken(), list{"tick"}) << "at multiples of the interval";
     int depth = 0, deepest = 0;
     clock.tick = [&] {
         deepest = std::max(deepest, ++depth);

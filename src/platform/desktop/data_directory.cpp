@@ -114,7 +114,7 @@ static bool copy_with_time(const fs::path& from, const fs::path& to)
 // targets would no longer fit the ground.
 static bool is_updated(const std::string& name)
 {
-    const std::string ending = name_ending(name);
+    const std::string ending = extension(name);
     return ending != ".arf" && ending != ".vrp" && ending != ".trp";
 }
 

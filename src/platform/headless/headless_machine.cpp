@@ -1,7 +1,6 @@
 #include "platform/headless/headless_machine.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "platform/files.h"
 #include "platform/headless/picture_size.h"
@@ -10,7 +9,7 @@ namespace vorn {
 
 namespace {
 
-// Cuts every handler short when the program ends.
+// Thrown by end_program out of all running handlers.
 struct program_ended {};
 
 }   // namespace
@@ -18,7 +17,7 @@ struct program_ended {};
 void headless_machine::pace(double seconds)
 {
     clock_ += seconds;
-    if (glance) glance();
+    if (at_pace) at_pace();
 }
 
 void headless_machine::do_events()
@@ -133,7 +132,7 @@ void headless_machine::event(const std::function<void()>& what)
     try {
         handle(*this, what);
     } catch (const program_ended&) {
-        if (screens.depth > 0) throw;   // an event inside a handler: that one is cut short too
+        if (screens.depth > 0) throw;   // the outer handler ends too
     }
     note_changes();
 }
@@ -231,7 +230,7 @@ double headless_machine::next_event()
     return next;
 }
 
-// What the user does comes before the ticks of the same moment.
+// Scheduled actions come before ticks of the same time.
 void headless_machine::deliver()
 {
     const auto due =

@@ -1,5 +1,6 @@
 // A machine with a virtual clock, a scripted user and no screen. A practice of minutes runs in milliseconds,
-// the same way every time; a test reads the fields that a user would see, and a log of the rest.
+// the same way every time. A test reads the fields that a user would see, and a log of sounds, boxes and the
+// like.
 #pragma once
 
 #include <array>
@@ -18,7 +19,7 @@ struct logged {
     std::string text;
 };
 
-// How the scripted user answers a box: after so many seconds, in which the clock goes on behind it.
+// How the scripted user answers a box, and after how many seconds. The clock runs meanwhile.
 struct box_answer {
     bool yes = true;
     double after = 0;
@@ -43,7 +44,7 @@ public:
     loaded_picture load_picture(const std::string& path) override;
     print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
 
-    // The script. A question without an answer gets no; an input or a file dialog without one is cancelled.
+    // The script. Without an answer a question is answered no, and an input or file dialog is cancelled.
     std::deque<box_answer> answers;
     std::deque<std::string> inputs;
     std::deque<std::string> files;
@@ -51,39 +52,40 @@ public:
     bool stick_present = true;
     bool printer = true;
 
-    // What came of it.
+    // The outcome.
     std::vector<logged> log;
     std::vector<message> boxes;
     std::vector<file_dialog> dialogs;
-    std::string playing;   // empty: silence
+    std::string playing;   // file; empty: silence
     bool ended = false;
-    std::vector<std::string> of_kind(const std::string& kind) const;   // the texts of one kind, in order
+    std::vector<std::string> of_kind(const std::string& kind) const;   // in order
 
-    // One event of the user's or the system's, to its end.
+    // Runs a handler as one event.
     void event(const std::function<void()>&);
     void click(screen_object&);
     void slide(screen_object&, int position);
     void type(screen_object&, const std::string& text);
-    void press(screen_object&);                          // mouse button down on it
-    void release(screen_object&);                        // and up
+    void press(screen_object&);                          // mouse button down
+    void release(screen_object&);                        // mouse button up
     void click_at(screen_object&, double x, double y);   // twips from its corner
-    void key_down(int code, bool alt = false);           // to the screen in front
+    void key_down(int code, bool alt = false);           // on the front screen
     void key_up(int code);
-    void plug_stick(bool in);   // or pulls it out; nothing comes from a stick that isn't there
+    void plug_stick(bool in);   // false: unplugs it; an unplugged stick sends no events
     void stick(long x, long y);
     void stick_button(int number, bool down);
-    void activate(form&);       // the user brings a screen to the front
-    void close_window(form&);   // by its frame
+    void activate(form&);       // the user brings its window to the front
+    void close_window(form&);   // the user closes it by its frame
 
-    // Lets so much time go by. Moments count from the start: what a handler takes of it is not added.
+    // Runs until this many seconds after the end of the last advance, so that time taken by handlers in
+    // between is included in it.
     void advance(double seconds);
-    // Lets so much time go by from this moment on, as a gunner counts who has just seen something.
+    // Runs for this many seconds from now on.
     void wait(double seconds);
-    // Does something at a moment from now, also when a handler lets events run or a box is open then.
+    // Schedules an action, which also runs while a box is open or a handler lets events run.
     void later(double seconds, std::function<void()> action);
-    // Looks at the screen at each count of a counted move, as a user does who watches it.
-    std::function<void()> glance;
-    // Logs each change of this caption.
+    // Runs at each step of a counted move.
+    std::function<void()> at_pace;
+    // Logs each change of the caption.
     void watch(const screen_object&);
 
 private:

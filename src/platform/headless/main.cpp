@@ -1,4 +1,4 @@
-// Plays a practice with nobody at the gun on the machine without a screen and prints what happens and when.
+// Runs a practice in which nobody fires on the headless machine and prints each event with its time.
 //   vorn-headless PROGRAM-DIRECTORY [visual|thermal]
 #include <cstdio>
 #include <cstring>

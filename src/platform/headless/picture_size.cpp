@@ -16,13 +16,13 @@ struct pixels {
     long height = 0;
 };
 
-// Numbers in a file's bytes; 0 beyond its end.
+// Integers in the bytes of a file; bytes beyond its end are 0.
 struct bytes {
     std::string text;
     long at(std::size_t i) const { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0; }
     long little16(std::size_t i) const { return at(i) | at(i + 1) << 8; }
-    long little_signed(
-        std::size_t i) const   // 32 bits: a picture that runs from its top has a negative height
+    // 32 bits.
+    long little_signed(std::size_t i) const
     {
         return static_cast<std::int32_t>(static_cast<std::uint32_t>(little16(i) | little16(i + 2) << 16));
     }
@@ -30,7 +30,7 @@ struct bytes {
     bool begins(std::string_view head) const { return text.compare(0, head.size(), head) == 0; }
 };
 
-// The first frame header among the segments.
+// From the first frame header (SOF) among the segments.
 pixels jpeg_size(const bytes& b)
 {
     for (std::size_t i = 2; i + 8 < b.text.size() && b.at(i) == 0xFF;
@@ -46,7 +46,7 @@ pixels icon_size(const bytes& b)
 {
     pixels largest;
     for (std::size_t i = 0; i < static_cast<std::size_t>(b.little16(4)); ++i) {
-        const long width = b.at(6 + 16 * i), height = b.at(7 + 16 * i);   // 0 stands for 256
+        const long width = b.at(6 + 16 * i), height = b.at(7 + 16 * i);   // 0 means 256
         largest.width = std::max(largest.width, width == 0 ? 256 : width);
         largest.height = std::max(largest.height, height == 0 ? 256 : height);
     }
@@ -60,6 +60,7 @@ pixels size_of(const bytes& b)
         return {b.big16(16) << 16 | b.big16(18), b.big16(20) << 16 | b.big16(22)};
     if (b.begins("\xFF\xD8"sv)) return jpeg_size(b);
     if (b.begins("GIF8"sv)) return {b.little16(6), b.little16(8)};
+    // A bitmap that is stored from the top down has a negative height.
     if (b.begins("BM"sv)) return {b.little16(18) | b.little16(20) << 16, std::abs(b.little_signed(22))};
     if (b.begins("\0\0\1\0"sv)) return icon_size(b);
     return {};

@@ -1,4 +1,4 @@
-// The natural size of a picture file, read from its head: all that a machine without a screen needs of it.
+// The natural size of a picture file, read from its header. A machine without a screen needs no pixels.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace vorn {
 
-// JPEG, PNG, BMP, GIF or ICO, recognised by content. An icon file has the size of its largest picture.
+// JPEG, PNG, BMP, GIF or ICO, recognised by content. An icon file has the size of its largest image.
 loaded_picture picture_of_file(const std::string& file);
 
 }   // namespace vorn
