@@ -41,4 +41,9 @@ trainer::trainer(machine& m)
 
 trainer::~trainer() = default;
 
+gunnery_screen& practice_screen(trainer& t)
+{
+    return t.shared.practicemode == 2 ? t.thermal : t.simulator;
+}
+
 }   // namespace vorn

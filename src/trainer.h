@@ -1,5 +1,5 @@
 // The program as a whole: the shared practice state, the screens, the random numbers and the machine it runs
-// on. Everything belongs to one trainer, which is passed to each operation, so a program can have two.
+// on. Everything belongs to one trainer, which is passed to each operation, so that a test can create two.
 #pragma once
 
 #include <memory>
@@ -41,5 +41,8 @@ public:
     rauthor_screen& rauthor;     // ranges/rauthor.h
     joycal_screen& joycal;       // calibration/joycal.h
 };
+
+// The gunnery screen of the practice mode.
+gunnery_screen& practice_screen(trainer&);
 
 }   // namespace vorn

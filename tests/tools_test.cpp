@@ -30,7 +30,8 @@ protected:
     {
         practice_state range;
         EXPECT_TRUE(change_directory(pc_, root));
-        EXPECT_EQ(read_range(pc_, GetParam(), all_entries, range), "");
+        item_reader items(read_file(pc_, GetParam()).text.value_or(""));
+        EXPECT_TRUE(take_range(items, range));
         return range;
     }
     // As the sight sizes its target there.

@@ -200,8 +200,7 @@ void design_results(results_screen& s)
     buttons(s);
     add(s.window, s.outcome,
         label({120, 11100, 15120, 300}, "", colour::live, text_size::normal, alignment::centre));
-    lay_out_hints(s.window, s.Lblinfo, {120, 10560, 15120, 540},
-                  "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS", s.lblhelp);
+    lay_out_hints(s.window, s.Lblinfo, {120, 10560, 15120, 540}, s.lblhelp);
 }
 
 }   // namespace vorn

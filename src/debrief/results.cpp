@@ -61,9 +61,8 @@ bool read_record(trainer& t)
     const file_text file = read_file(t.pc, t.shared.resultsfile);
     if (!file.text) return false;
     item_reader items(*file.text);
-    if (!take_results_head(items, t.shared)) return false;
-    s.Frmtherm.Visible = t.shared.resultmode == "THERMAL";
-    if (!take_results_rest(items, t.shared)) return false;
+    if (!take_results(items, t.shared, [&] { s.Frmtherm.Visible = t.shared.resultmode == "THERMAL"; }))
+        return false;
     s.Cmdopen.Enabled = true;
     showdetails(t);
     const bool range = showrange(t), icons = loadstock(t);   // each replaces what another record has left
@@ -117,19 +116,18 @@ void cmdnew_click(trainer& t)
 
 void cmdreplay_click(trainer& t)
 {
-    show(t.pc, t.shared.practicemode == 2 ? t.thermal.window : t.simulator.window);
+    show(t.pc, practice_screen(t).window);
     hide(t.pc, t.results.window);
 }
 
 void make_results_hints(results_screen& s)
 {
-    const hint_panel panel{s.window,
-                           s.Lblinfo,
-                           s.lblhelp,
-                           s.Timhelp,
-                           s.hintticks,
-                           350,
-                           "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS"};
+    const hint_panel panel{.window = s.window,
+                           .bar = s.Lblinfo,
+                           .label = s.lblhelp,
+                           .clock = s.Timhelp,
+                           .ticks = s.hintticks,
+                           .below = 350};
     make_hints(panel,
                {{&s.Frame1, "THIS DISPLAYS THE TARGET AND POINT OF AIM FOR THE CHOSEN ENGAGEMENT"},
                 {&s.Frame2, "DISPLAYS INFORMATION ON THE CHOSEN ENGAGEMENT"},
@@ -143,7 +141,7 @@ void make_results_hints(results_screen& s)
                 {&s.cmdnew, "Start a new practice"},
                 {&s.Cmdreplay, "Replay last practice"},
                 {&s.Cmdexit, "Exits from VORN"}});
-    end_hints_over(panel, s.Imgrange);
+    end_hint_over(panel, {&s.Imgrange});
 }
 
 }   // namespace

@@ -30,7 +30,7 @@ static bool each_round(table& t, const visitor& visit)
     });
 }
 
-// Lines 6 to 520 in their order, for reader and writer alike. Goes on for as long as the visitor says so.
+// The items of lines 6 to 520 in their order, for reader and writer. Stops when the visitor returns false.
 template <class record, class visitor>
 static bool each_of_rest(record& p, const visitor& visit)
 {
@@ -66,8 +66,8 @@ static bool take_student(item_reader& items, practice_state& p)
     return true;
 }
 
-// The record has rows for 15 engagements. Whatever runs over the engagements goes by this number and would
-// leave the tables with a larger one.
+// The record has rows for 15 engagements. Loops over the engagements run to this number, so a larger one
+// would leave the tables.
 static bool take_count(item_reader& items, practice_state& p)
 {
     int16 count;
@@ -76,21 +76,13 @@ static bool take_count(item_reader& items, practice_state& p)
     return true;
 }
 
-bool take_results_head(item_reader& items, practice_state& p)
+bool take_results(item_reader& items, practice_state& p, const std::function<void()>& head_taken)
 {
-    return take_student(items, p) && take_count(items, p) && items.take(p.resultrange) &&
-           items.take(p.resultpicture) && items.take(p.resultmode);
-}
-
-bool take_results_rest(item_reader& items, practice_state& p)
-{
+    if (!take_student(items, p) || !take_count(items, p) || !items.take(p.resultrange) ||
+        !items.take(p.resultpicture) || !items.take(p.resultmode))
+        return false;
+    if (head_taken) head_taken();
     return each_of_rest(p, [&](auto& field) { return items.take(field); });
-}
-
-bool take_results(const std::string& text, practice_state& p)
-{
-    item_reader items(text);
-    return take_results_head(items, p) && take_results_rest(items, p);
 }
 
 std::string write_results(const machine& m, const std::string& file, const practice_state& p)

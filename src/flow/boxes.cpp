@@ -10,10 +10,14 @@ bool asked(trainer& t, const std::string& question, const std::string& title, bo
     return t.pc.message_box({question, title, box_buttons::yes_no, box_sign::question, no_first});
 }
 
-void confirmexit(trainer& t, const std::string& firstline, const std::string& title)
+bool asked_with_name(trainer& t, std::initializer_list<std::string> question)
 {
-    if (asked(t, lines({firstline, blankline, "ARE YOU SURE YOU WANT TO EXIT ?"}), title, true))
-        t.pc.end_program();
+    return asked(t, headed(name_heading, question), name_title);
+}
+
+void confirmexit(trainer& t, const std::string& heading, const std::string& title)
+{
+    if (asked(t, headed(heading, {"ARE YOU SURE YOU WANT TO EXIT ?"}), title, true)) t.pc.end_program();
 }
 
 void openhelp(trainer& t)
@@ -32,8 +36,14 @@ bool joystickrefused(trainer& t)
 std::string lines(std::initializer_list<std::string> text)
 {
     std::string all;
-    for (const std::string& line : text) all += (all.empty() && &line == text.begin() ? "" : crlf) + line;
+    for (const std::string& line : text) all += (&line == text.begin() ? "" : crlf) + line;
     return all;
+}
+
+std::string headed(const std::string& heading, std::initializer_list<std::string> text)
+{
+    const std::string blank(19, ' ');
+    return lines({heading, blank, lines(text)});
 }
 
 }   // namespace vorn

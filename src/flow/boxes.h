@@ -10,16 +10,20 @@ struct trainer;
 
 // The line break of message boxes: line feed, then carriage return.
 inline constexpr const char* crlf = "\n\r";
-// The second line of the boxes that begin with the program's short name.
-inline const std::string blankline(19, ' ');
+// The short name of the program as heading and as title of a box.
+inline constexpr const char* name_heading = "V.O.R N.";
+inline constexpr const char* name_title = "V.O.R.N.";
 
-// The text of a box of several lines.
 std::string lines(std::initializer_list<std::string> text);
+// A heading, a blank line, and the lines of the text.
+std::string headed(const std::string& heading, std::initializer_list<std::string> text);
 
-// Asks a question with Yes and No; true for yes. Return answers yes, or no where a yes loses something.
+// Asks a question with Yes and No. True for yes. Return answers yes, or no if a yes can lose something.
 bool asked(trainer&, const std::string& question, const std::string& title, bool no_first = false);
-// Asks whether to end the program, and ends it on a yes.
-void confirmexit(trainer&, const std::string& firstline, const std::string& title);
+// The same with the short name of the program as heading and title.
+bool asked_with_name(trainer&, std::initializer_list<std::string> question);
+// Asks whether to end the program, and ends it on yes.
+void confirmexit(trainer&, const std::string& heading, const std::string& title);
 // Opens the help file at its contents.
 void openhelp(trainer&);
 // Shows a box and returns true when the joystick is selected but not calibrated.

@@ -1,22 +1,22 @@
 #include "flow/hints.h"
 
-#include <cstring>
+#include <utility>
 
 namespace vorn {
 
 namespace {
 
-constexpr double beside = 800;   // twips from a button's left edge to its hint
-constexpr int rest_ticks = 3;    // a hint comes up at the tick after so many
-constexpr double letter = 80;    // twips that a letter of a hint takes, with something to spare
+constexpr double beside = 800;   // twips from the left edge of a button to its hint
+constexpr double letter = 80;    // twips: room for one letter of a hint
+constexpr int rest_ticks = 3;    // the hint appears at the tick after these
 constexpr int interval = 400;    // milliseconds
 
-void show_hint_later(const hint_panel& p, const screen_object& button, const char* text)
+void begin_hint(const hint_panel& p, const hint& h)
 {
-    p.label.Caption = text;
-    p.label.Left = button.Left + beside;
-    p.label.Top = button.Top + p.below;
-    p.label.Width = letter * static_cast<double>(std::strlen(text)) + 2 * letter;
+    p.label.Caption = h.text;
+    p.label.Left = h.over->Left + beside;
+    p.label.Top = h.over->Top + p.below;
+    p.label.Width = letter * (static_cast<double>(p.label.Caption.size()) + 2);
     start(p.clock);
 }
 
@@ -25,24 +25,34 @@ void timhelp_tick(const hint_panel& p)
     p.ticks += 1;
     if (p.ticks <= rest_ticks) return;
     p.label.Visible = true;
-    p.ticks = rest_ticks;   // the next button's hint comes at once
+    p.ticks = rest_ticks;   // the hint of the next button appears at once
 }
 
 }   // namespace
 
-void lay_out_hints(form& f, screen_object& bar, const rectangle& at, const char* words, screen_object& hint)
+void lay_out_hints(form& f, screen_object& bar, const rectangle& bar_at, screen_object& label_of_hint,
+                   const char* first_text)
 {
-    add(f, bar, label(at, words, colour::highlight, text_size::normal, alignment::centre));
+    add(f, bar, label(bar_at, first_text, colour::highlight, text_size::normal, alignment::centre));
     object_fields look = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
     look.BackColor = colour::black;
-    add(f, hint, hidden(std::move(look)));
+    add(f, label_of_hint, hidden(std::move(look)));
 }
 
-void end_rest(screen_object& label, timer& clock, int& ticks)
+void end_hint(const hint_panel& p)
 {
-    ticks = 0;
-    stop(clock);
-    label.Visible = false;
+    p.ticks = 0;
+    stop(p.clock);
+    p.label.Visible = false;
+}
+
+void end_hint_over(const hint_panel& p, std::initializer_list<screen_object*> objects)
+{
+    for (screen_object* o : objects)
+        o->MouseMove = [p, move = o->MouseMove] {
+            if (move) move();
+            end_hint(p);
+        };
 }
 
 void make_hints(const hint_panel& p, std::initializer_list<hint> frames, std::initializer_list<hint> buttons)
@@ -50,23 +60,16 @@ void make_hints(const hint_panel& p, std::initializer_list<hint> frames, std::in
     add(p.window, p.clock, interval, [p] { timhelp_tick(p); });
     for (const hint& h : frames) h.over->MouseMove = [p, text = h.text] { p.bar.Caption = text; };
     for (const hint& h : buttons) {
-        h.over->MouseMove = [p, h] { show_hint_later(p, *h.over, h.text); };
-        h.over->Click = [p, click = h.over->Click] {   // or it would come up behind the box that asks
-            end_rest(p.label, p.clock, p.ticks);
+        h.over->MouseMove = [p, h] { begin_hint(p, h); };
+        // Otherwise the hint would appear behind the box that the click opens.
+        h.over->Click = [p, click = h.over->Click] {
+            end_hint(p);
             if (click) click();
         };
     }
     p.window.MouseMove = [p] {
         p.bar.Caption = p.bare_text;
-        end_rest(p.label, p.clock, p.ticks);
-    };
-}
-
-void end_hints_over(const hint_panel& p, screen_object& o)
-{
-    o.MouseMove = [p, told = o.MouseMove] {
-        if (told) told();
-        end_rest(p.label, p.clock, p.ticks);
+        end_hint(p);
     };
 }
 

@@ -1,5 +1,5 @@
-// The two kinds of hints of a screen: a bar that names the purpose of the frame under the cursor, and a small
-// label beside a button on which the cursor has rested for a while.
+// The hints of a screen: a bar at its foot that tells the purpose of the frame under the cursor, and a small
+// label beside a button on which the cursor rests.
 #pragma once
 
 #include <initializer_list>
@@ -8,29 +8,31 @@
 
 namespace vorn {
 
+inline constexpr const char* foot_text = "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS";
+
 struct hint {
     screen_object* over;
     const char* text;
 };
 
-// What a screen keeps for its hints, and how far down from a button's top they stand.
+// The objects of a screen that show its hints.
 struct hint_panel {
     form& window;
     screen_object& bar;
     screen_object& label;
     timer& clock;
-    int& ticks;
-    double below;            // twips
-    const char* bare_text;   // in the bar over the bare screen
+    int& ticks;                          // since the cursor came to a button
+    double below;                        // twips from the top of a button to the top of its hint
+    const char* bare_text = foot_text;   // in the bar while the cursor is over the bare screen
 };
 
-// Where the bar stands, with its first words, and how the hint looks that floats beside a button.
-void lay_out_hints(form&, screen_object& bar, const rectangle& at, const char* words, screen_object& hint);
-// Nobody rests on a button any more: its hint, shown or still to come, goes.
-void end_rest(screen_object& label, timer& clock, int& ticks);
-// Over this object, too, the rest by the buttons ends.
-void end_hints_over(const hint_panel&, screen_object&);
-// Once the buttons have their handlers.
+void lay_out_hints(form&, screen_object& bar, const rectangle& bar_at, screen_object& label,
+                   const char* first_text = foot_text);
+// Hides the label, and cancels one that is still to come.
+void end_hint(const hint_panel&);
+// Ends a hint also when the cursor moves over these objects.
+void end_hint_over(const hint_panel&, std::initializer_list<screen_object*>);
+// Call it when the buttons have their click handlers: a click then also ends a hint.
 void make_hints(const hint_panel&, std::initializer_list<hint> frames, std::initializer_list<hint> buttons);
 
 }   // namespace vorn

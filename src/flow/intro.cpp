@@ -1,5 +1,8 @@
 #include "flow/intro.h"
 
+#include <filesystem>
+#include <string>
+
 #include "debrief/results.h"
 #include "flow/boxes.h"
 #include "platform/design.h"
@@ -28,7 +31,7 @@ void lblstart_click(trainer& t)
     show(t.pc, t.startsim.window);
 }
 
-object_fields signpost(double left, const char* caption)
+object_fields menu_label(double left, const char* caption)
 {
     return bold(label({left, 10350, 2400, 600}, caption, colour::text, text_size::large, alignment::centre));
 }
@@ -47,10 +50,10 @@ void lay_out(intro_screen& s)
         hidden(label({3150, 2400, 9060, 1470}, about, colour::text, text_size::normal, alignment::centre));
     text.BackColor = colour::black;
     add(f, s.Lblabout1, std::move(text));
-    add(f, s.lblstart, signpost(1080, "START"));
-    add(f, s.lblabout, signpost(4680, "ABOUT"));
-    add(f, s.lblhelp, signpost(8280, "HELP"));
-    add(f, s.lblexit, signpost(11880, "EXIT"));
+    add(f, s.lblstart, menu_label(1080, "START"));
+    add(f, s.lblabout, menu_label(4680, "ABOUT"));
+    add(f, s.lblhelp, menu_label(8280, "HELP"));
+    add(f, s.lblexit, menu_label(11880, "EXIT"));
     f.exit_button = &s.lblexit;
 }
 
@@ -81,9 +84,8 @@ void start_program(trainer& t)
     load(t.pc, t.results.window);
 }
 
-// A file inside the folder "ranges" is taken as well: it is the folder that people recognise, and the program
-// directory itself may hold no file to point at. It may be called "ranges" too: then the manual is in
-// the "ranges" below it.
+// The user may choose a file in the folder "ranges" instead: the program directory itself may contain no file.
+// A program directory can also be named "ranges"; the manual is then in the folder "ranges" in it.
 static std::filesystem::path directory_of(const std::string& file)
 {
     const std::filesystem::path folder = from_utf8(file).parent_path();
@@ -92,25 +94,28 @@ static std::filesystem::path directory_of(const std::string& file)
     return inside ? folder.parent_path() : folder;
 }
 
+// Makes the program directory the working directory. The data is in its folder "ranges".
+static bool enter_program_directory(trainer& t, const std::string& folder)
+{
+    if (!change_directory(t.pc, folder)) return false;
+    t.shared.rootpath = to_utf8(t.pc.working_directory) + path_separator + "ranges";
+    return true;
+}
+
 static void askfordata(trainer& t)
 {
-    if (!asked(t,
-               lines({"V.O.R N.", blankline, "THE PROGRAM DIRECTORY CAN'T BE FOUND",
-                      "DO YOU WISH TO LOOK FOR IT ?"}),
-               "V.O.R.N."))
+    if (!asked_with_name(t, {"THE PROGRAM DIRECTORY CAN'T BE FOUND", "DO YOU WISH TO LOOK FOR IT ?"}))
         t.pc.end_program();
-    const auto chosen = t.pc.choose_file(
-        {"CHOOSE A FILE IN THE PROGRAM DIRECTORY", "All Files (*.*)|*|", t.shared.rootpath, "", false});
-    if (!chosen || !change_directory(t.pc, to_utf8(directory_of(*chosen)))) return;
-    t.pc.default_directory =
-        to_utf8(t.pc.working_directory);   // so that the title screen asks once, not each time
-    t.shared.rootpath = to_utf8(t.pc.working_directory) + path_separator + "ranges";
+    const auto chosen = t.pc.choose_file({.title = "CHOOSE A FILE IN THE PROGRAM DIRECTORY",
+                                          .filter = "All Files (*.*)|*|",
+                                          .folder = t.shared.rootpath});
+    if (!chosen || !enter_program_directory(t, to_utf8(directory_of(*chosen)))) return;
+    t.pc.default_directory = to_utf8(t.pc.working_directory);   // the title screen asks only once
 }
 
 void finddata(trainer& t)
 {
-    if (!change_directory(t.pc, t.pc.default_directory)) return askfordata(t);
-    t.shared.rootpath = to_utf8(t.pc.working_directory) + path_separator + "ranges";
+    if (!enter_program_directory(t, t.pc.default_directory)) askfordata(t);
 }
 
 }   // namespace vorn

@@ -17,11 +17,11 @@ struct intro_screen {
 
 void make_intro(trainer&);
 
-// Starts the program. Run it as one event: the arrival at the title screen follows.
+// Starts the program. Run it as one event; the arrival at the title screen follows.
 void start_program(trainer&);
 
-// Makes the program directory the working directory and finds the data below it; asks the user when the
-// default directory can't be entered.
+// Makes the program directory the working directory and sets rootpath. Asks the user if the default directory
+// can't be entered.
 void finddata(trainer&);
 
 }   // namespace vorn

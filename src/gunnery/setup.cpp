@@ -139,7 +139,7 @@ fault loadicons(trainer& t, gunnery_screen& s)
 
 fault loadrange(trainer& t, gunnery_screen& s)
 {
-    const std::string reason = read_range(t.pc, t.shared.rangefile, practice_entries, t.shared);
+    const std::string reason = read_range(t.pc, t.shared.rangefile, t.shared);
     if (!reason.empty()) return {t.shared.rangefile, reason};
     const std::string picturefile = t.shared.rangepicture.trimmed();
     if (picturefile.empty()) return {t.shared.rangefile, "It names no picture."};
@@ -170,7 +170,7 @@ void leavefor(trainer& t, gunnery_screen& s, form& next)
 void giveup(trainer& t, gunnery_screen& s, const fault& f)
 {
     t.pc.message_box(
-        {lines({"V. O. R. N. ", blankline, "THE PRACTICE CAN'T BE SET UP ON THIS RANGE", f.file, f.reason}),
+        {headed("V. O. R. N. ", {"THE PRACTICE CAN'T BE SET UP ON THIS RANGE", f.file, f.reason}),
          "V. O. R. N.", box_buttons::ok, box_sign::information});
     leavefor(t, s, t.startsim.window);
 }

@@ -193,8 +193,8 @@ void design_rauthor(rauthor_screen& s)
             label({180, 4320, 14760, 540}, instructions, colour::text, text_size::normal, alignment::centre));
     overview(s);
     buttons(s);
-    lay_out_hints(s.window, s.Lblinfo, {120, 10950, 15120, 450},
-                  "PLACE MOUSE OVER A CONTROL FOR DESCRIPTION OF ITS FUNCTION", s.lblhelp);
+    lay_out_hints(s.window, s.Lblinfo, {120, 10950, 15120, 450}, s.lblhelp,
+                  "PLACE MOUSE OVER A CONTROL FOR DESCRIPTION OF ITS FUNCTION");
 }
 
 }   // namespace vorn

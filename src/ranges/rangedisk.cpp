@@ -10,19 +10,17 @@ namespace vorn {
 
 namespace {
 
-constexpr const char* range_filter = "Range Files (*.arf)|*.arf|";
 constexpr const char* picture_filter = "VRP/TRP thermal & visual picture files (*.vrp)|*.vrp|(*.trp)|*.trp|";
 constexpr const char* standby_picture = "range1.vrp";
 
-// A smaller picture would leave the sights of a practice without room to move, twips.
+// Smaller pictures leave the sights of a practice no room to move. In twips.
 constexpr double too_narrow = 20000;
 constexpr double high_enough = 6000;
 
-// The path as it was chosen, as long as the range file can hold it; a longer one from the folder of the
-// ranges on, which the practice finds as well. False where the file can hold neither.
-bool keeppicturepath(trainer& t)
+// Keeps the path as it was chosen if it fits into a range file, otherwise relative to the folder of the
+// ranges, which a practice finds as well. False if neither fits.
+bool keeppicturepath(trainer& t, const std::string& path)
 {
-    const std::string& path = t.rauthor.authorfile;
     auto& kept = t.shared.rangepicture;
     kept = path;
     if (kept.trimmed() == path) return true;
@@ -33,17 +31,17 @@ bool keeppicturepath(trainer& t)
 
 enum class taken { yes, no, unsuitable };
 
-// A picture that can't be loaded leaves the sight window without one.
-taken loadpicture(trainer& t)
+// The sight window is empty when the picture can't be loaded.
+taken loadpicture(trainer& t, const std::string& path)
 {
     rauthor_screen& s = t.rauthor;
     s.Imagerange.Visible = false;
-    loaded_picture loaded = t.pc.load_picture(s.authorfile);
+    loaded_picture loaded = t.pc.load_picture(path);
     if (!loaded.result) {
-        s.outcome.Caption = s.authorfile + " could not be loaded. " + loaded.reason;
+        s.outcome.Caption = path + " could not be loaded. " + loaded.reason;
         return taken::no;
     }
-    const bool held = keeppicturepath(t);
+    const bool kept = keeppicturepath(t, path);
     if (loaded.result->height < high_enough || loaded.result->width <= too_narrow) {
         hangpicture(s, std::move(*loaded.result));
         return taken::unsuitable;
@@ -51,23 +49,22 @@ taken loadpicture(trainer& t)
     putpicture(s, std::move(*loaded.result));
     s.Imagerange.Visible = true;
     s.outcome.Caption.clear();
-    if (!held)
+    if (!kept)
         t.pc.message_box({lines({"THE PATH OF THAT PICTURE IS TOO LONG FOR A RANGE FILE",
                                  "COPY THE PICTURE INTO THE FOLDER OF THE RANGES FIRST"}),
                           "PICTURE FAULT"});
     return taken::yes;
 }
 
-// True when the user wants to choose another picture. The standby picture is tried once: when it is
-// unsuitable too, a second no is an end to it.
-bool takepicture(trainer& t)
+// Tries the chosen picture, and once the standby picture if the user chooses no other. True if he wants to
+// choose another.
+bool takepicture(trainer& t, const std::string& chosen)
 {
-    for (const bool standby : {false, true}) {
-        if (loadpicture(t) != taken::unsuitable) return false;
+    for (const std::string& path : {chosen, std::string(standby_picture)}) {
+        if (loadpicture(t, path) != taken::unsuitable) return false;
         if (asked(t, lines({"THE DIMENSIONS OF THAT PICTURE ARE UNSUITABLE", "DO YOU WANT TO TRY ANOTHER ?"}),
                   "PICTURE FAULT"))
             return true;
-        if (!standby) t.rauthor.authorfile = standby_picture;
     }
     return false;
 }
@@ -80,12 +77,11 @@ bool newrange(trainer& t)
     set_text(s.Textname, *name);
     s.Lblrangetype.Caption = asked(t, "WILL THIS BE A THERMAL RANGE ?", "NEW RANGE") ? "THERMAL" : "VISUAL";
     showtarget(s);
-    file_dialog dialog{"OPEN PICTURE FOR RANGE", picture_filter, t.shared.rootpath, "", false};
-    dialog.picture = true;
-    const auto chosen = t.pc.choose_file(dialog);
-    if (!chosen) return false;
-    s.authorfile = *chosen;
-    return takepicture(t);
+    const auto chosen = t.pc.choose_file({.title = "OPEN PICTURE FOR RANGE",
+                                          .filter = picture_filter,
+                                          .folder = t.shared.rootpath,
+                                          .picture = true});
+    return chosen && takepicture(t, *chosen);
 }
 
 void cmdnew_click(trainer& t)
@@ -94,58 +90,67 @@ void cmdnew_click(trainer& t)
     }
 }
 
-constexpr const char* breaks_off = "It breaks off.";
-
-// Both give the reason when the read fails, empty when it doesn't.
-std::string readhead(trainer& t, item_reader& items)
+std::string showpicture(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
-    if (!take_range_name(items, t.shared)) return breaks_off;
-    set_text(s.Textname, t.shared.rangename.trimmed());
-    if (!take_range_picture(items, t.shared)) return breaks_off;
     const std::string file = t.shared.rangepicture.trimmed();
     loaded_picture loaded = t.pc.load_picture(file);
     if (!loaded.result) return "Its picture " + file + " could not be loaded. " + loaded.reason;
     putpicture(s, std::move(*loaded.result));
     s.Imagerange.Visible = true;
     proposerange(s);
-    if (!take_range_type(items, t.shared)) return breaks_off;
-    s.Lblrangetype.Caption = t.shared.rangetype;
-    showtarget(s);
-    return take_range_icons(items, t.shared) ? "" : breaks_off;
+    return {};
 }
 
-// Everything is shown as it is read: a file that breaks off has shown what it had.
-std::string readrange(trainer& t)
+void showposition(const practice_state& p, rauthor_screen& s, int position)
+{
+    if (position == 0) return;   // has neither number nor marker
+    const area at = overviewplace(s, p.targetx[position], p.targety[position]);
+    s.Img[position].Left = at.Left;
+    s.Img[position].Top = at.Top;
+    showplaced(s, position);
+}
+
+// Shows a part of a range that has just been read. Returns the reason of a failure.
+std::string showpart(trainer& t, range_part part, int position)
 {
     rauthor_screen& s = t.rauthor;
-    const file_text file = read_file(t.pc, s.authorfile);
+    if (part == range_part::name) set_text(s.Textname, t.shared.rangename.trimmed());
+    if (part == range_part::picture) return showpicture(t);
+    if (part == range_part::type) {
+        s.Lblrangetype.Caption = t.shared.rangetype;
+        showtarget(s);
+    }
+    if (part == range_part::entry) showposition(t.shared, s, position);
+    return {};
+}
+
+// Shows each part as it is read, also when the file ends early. Returns the reason of a failure.
+std::string openrange(trainer& t, const std::string& path)
+{
+    const file_text file = read_file(t.pc, path);
     if (!file.text) return file.reason;
     item_reader items(*file.text);
-    std::string failed = readhead(t, items);
+    std::string failed;
+    const bool whole = take_range(items, t.shared, [&](range_part part, int position) {
+        failed = showpart(t, part, position);
+        return failed.empty();
+    });
     if (!failed.empty()) return failed;
-    for (int i = 0; i < positions; ++i) {
-        if (!take_range_entry(items, i, t.shared)) return breaks_off;
-        if (i == 0) continue;   // has neither number nor marker
-        const area at = overviewplace(s, t.shared.targetx[i], t.shared.targety[i]);
-        s.Img[i].Left = at.Left;
-        s.Img[i].Top = at.Top;
-        showplaced(s, i);
-    }
+    if (!whole) return "It is incomplete.";
     for (int icon = 1; icon <= 3; ++icon)
         if (!loadicon(t, icon)) return "One of its icons could not be loaded.";
-    t.shared.rangefile = s.authorfile;
+    t.shared.rangefile = path;
     return {};
 }
 
 void cmdopen_click(trainer& t)
 {
-    rauthor_screen& s = t.rauthor;
-    const auto chosen = t.pc.choose_file({"OPEN", range_filter, t.shared.rootpath, "", false});
+    const auto chosen =
+        t.pc.choose_file({.title = "OPEN", .filter = range_filter, .folder = t.shared.rootpath});
     if (!chosen) return;
-    s.authorfile = *chosen;
-    const std::string failed = readrange(t);
-    s.outcome.Caption = s.authorfile + (failed.empty() ? " is open" : " could not be opened. " + failed);
+    const std::string failed = openrange(t, *chosen);
+    t.rauthor.outcome.Caption = *chosen + (failed.empty() ? " is open" : " could not be opened. " + failed);
 }
 
 bool allplaced(const rauthor_screen& s)
@@ -155,13 +160,13 @@ bool allplaced(const rauthor_screen& s)
     return true;
 }
 
-void saverange(trainer& t)
+void saverange(trainer& t, const std::string& path)
 {
     rauthor_screen& s = t.rauthor;
     t.shared.rangename = s.Textname.Text;
     t.shared.rangetype = s.Lblrangetype.Caption;
-    const std::string failed = write_range(t.pc, s.authorfile, t.shared);
-    s.outcome.Caption = s.authorfile + (failed.empty() ? " is saved" : " could not be saved. " + failed);
+    const std::string failed = write_range(t.pc, path, t.shared);
+    s.outcome.Caption = path + (failed.empty() ? " is saved" : " could not be saved. " + failed);
 }
 
 void cmdsave_click(trainer& t)
@@ -175,12 +180,13 @@ void cmdsave_click(trainer& t)
         t.pc.message_box({"NOT ALL TARGETS ARE ALLOCATED", ""});
         return;
     }
-    s.authorfile = left(s.Textname.Text, 6) + ".arf";
-    const auto chosen =
-        t.pc.choose_file({"SAVE", range_filter, t.shared.rootpath, s.authorfile, true, "arf"});
-    if (!chosen) return;
-    s.authorfile = *chosen;
-    saverange(t);
+    const auto chosen = t.pc.choose_file({.title = "SAVE",
+                                          .filter = range_filter,
+                                          .folder = t.shared.rootpath,
+                                          .proposed = left(s.Textname.Text, 6) + ".arf",
+                                          .save = true,
+                                          .suffix = "arf"});
+    if (chosen) saverange(t, *chosen);
 }
 
 }   // namespace

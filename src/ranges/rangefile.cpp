@@ -6,6 +6,37 @@ namespace vorn {
 
 static constexpr const char* damaged = "It is not a whole range file.";
 
+// The items of a part in their order. Stops when the visitor returns false.
+template <class state, class visitor>
+static bool each_item(state& p, range_part part, int i, const visitor& visit)
+{
+    const auto all = [&](auto&... items) { return (visit(items) && ...); };
+    switch (part) {
+        case range_part::name:
+            return visit(p.rangename);
+        case range_part::picture:
+            return visit(p.rangepicture);
+        case range_part::type:
+            return visit(p.rangetype);
+        case range_part::icons:
+            return all(p.targeticon1, p.targeticon2, p.targeticon3);
+        case range_part::entry:
+            break;
+    }
+    return all(p.targetx[i], p.targety[i], p.targetrange[i]);
+}
+
+// The parts in the order of the file, up to a number of entries. Stops when the visitor returns false.
+template <class visitor>
+static bool each_part(int entries, const visitor& visit)
+{
+    for (const range_part part : {range_part::name, range_part::picture, range_part::type, range_part::icons})
+        if (!visit(part, 0)) return false;
+    for (int i = 0; i < entries; ++i)
+        if (!visit(range_part::entry, i)) return false;
+    return true;
+}
+
 template <std::size_t N>
 static bool take(item_reader& items, padded<N>& field)
 {
@@ -15,36 +46,23 @@ static bool take(item_reader& items, padded<N>& field)
     return true;
 }
 
-bool take_range_name(item_reader& items, practice_state& p)
+template <class item>
+static bool take(item_reader& items, item& field)
 {
-    return take(items, p.rangename);
+    return items.take(field);
 }
 
-bool take_range_picture(item_reader& items, practice_state& p)
+static bool take_part(item_reader& items, range_part part, int i, practice_state& p)
 {
-    return take(items, p.rangepicture);
+    return each_item(p, part, i, [&](auto& field) { return take(items, field); });
 }
 
-bool take_range_type(item_reader& items, practice_state& p)
+bool take_range(item_reader& items, practice_state& p,
+                const std::function<bool(range_part, int position)>& taken)
 {
-    return items.take(p.rangetype);
-}
-
-bool take_range_icons(item_reader& items, practice_state& p)
-{
-    return items.take(p.targeticon1) && items.take(p.targeticon2) && items.take(p.targeticon3);
-}
-
-bool take_range_entry(item_reader& items, int i, practice_state& p)
-{
-    return items.take(p.targetx[i]) && items.take(p.targety[i]) && items.take(p.targetrange[i]);
-}
-
-static bool take_entries(item_reader& items, int entries, practice_state& p)
-{
-    for (int i = 0; i < entries; ++i)
-        if (!take_range_entry(items, i, p)) return false;
-    return true;
+    return each_part(positions, [&](range_part part, int i) {
+        return take_part(items, part, i, p) && (!taken || taken(part, i));
+    });
 }
 
 std::string read_range_head(const machine& m, const std::string& file, practice_state& p)
@@ -53,39 +71,43 @@ std::string read_range_head(const machine& m, const std::string& file, practice_
     if (!read.text) return read.reason;
     item_reader items(std::move(*read.text));
     std::string picture;
-    const bool whole = take_range_name(items, p) && items.take(picture) && take_range_type(items, p);
+    const bool whole = take(items, p.rangename) && take(items, picture) && take(items, p.rangetype);
     return whole ? "" : damaged;
 }
 
-std::string read_range(const machine& m, const std::string& file, int entries, practice_state& p)
+std::string read_range(const machine& m, const std::string& file, practice_state& p)
 {
     file_text read = read_file(m, file);
     if (!read.text) return read.reason;
-    practice_state whole = p;   // a damaged file takes nothing of the range in hand
-    if (!take_range(*read.text, entries, whole)) return damaged;
+    item_reader items(std::move(*read.text));
+    practice_state whole = p;
+    const auto take_into_copy = [&](range_part part, int i) { return take_part(items, part, i, whole); };
+    if (!each_part(practice_entries, take_into_copy)) return damaged;
     p = std::move(whole);
     return {};
 }
 
-bool take_range(const std::string& text, int entries, practice_state& p)
+template <std::size_t N>
+static void put(item_writer& items, const padded<N>& field)
 {
-    item_reader items(text);
-    return take_range_name(items, p) && take_range_picture(items, p) && take_range_type(items, p) &&
-           take_range_icons(items, p) && take_entries(items, entries, p);
+    items.put(field.text());
+}
+
+template <class item>
+static void put(item_writer& items, const item& field)
+{
+    items.put(field);
 }
 
 std::string range_file_bytes(const practice_state& p)
 {
     item_writer items;
-    items.put(p.rangename.text());
-    items.put(p.rangepicture.text());
-    for (const std::string& text : {p.rangetype, p.targeticon1, p.targeticon2, p.targeticon3})
-        items.put(text);
-    for (int i = 0; i < positions; ++i) {
-        items.put(p.targetx[i]);
-        items.put(p.targety[i]);
-        items.put(p.targetrange[i]);
-    }
+    each_part(positions, [&](range_part part, int i) {
+        return each_item(p, part, i, [&](const auto& field) {
+            put(items, field);
+            return true;
+        });
+    });
     return items.file_bytes();
 }
 

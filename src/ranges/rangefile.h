@@ -1,7 +1,8 @@
 // The range file (.arf): a picture of a piece of country, twenty numbered target positions on it and the
-// range of each. 69 lines of item text; the three readers take as much of it as they need.
+// range of each. 69 lines of item text; entry 0 has no number.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -11,39 +12,38 @@
 
 namespace vorn {
 
-// Entries that a practice reads, and that the range author reads: position 20 is never shot at.
+// The filter of the dialogs that choose a range file.
+inline constexpr const char* range_filter = "Range Files (*.arf)|*.arf|";
+// Entries that a practice reads. Position 20 is never shot at.
 inline constexpr int practice_entries = 20;
-inline constexpr int all_entries = positions;
 
-// Each reader gives the reason when it fails, empty when it didn't.
+// The parts of the file in their order. The entries follow one another.
+enum class range_part { name, picture, type, icons, entry };
 
-// Name and type. The path of the picture stays that of the range in hand: it belongs to the positions, which
-// a head doesn't bring.
+// Reads all parts and calls `taken` after each; an entry has a position. Stops at the first item that can't
+// be read, or when `taken` returns false; keeps what was read before. True if all was read.
+bool take_range(item_reader&, practice_state&,
+                const std::function<bool(range_part, int position)>& taken = {});
+
+// Each returns the reason of a failure, empty on success.
+
+// Reads name and type only. The path of the picture belongs to the positions, which a head doesn't have.
 std::string read_range_head(const machine&, const std::string& file, practice_state&);
-// The six head items and the first entries of the tables; all of them, or on a failure none.
-std::string read_range(const machine&, const std::string& file, int entries, practice_state&);
-// The same from a file's text; false when it fails.
-bool take_range(const std::string& text, int entries, practice_state&);
-
-// The items one group after another, in the file's order: an author sees what was read before a failure.
-bool take_range_name(item_reader&, practice_state&);
-bool take_range_picture(item_reader&, practice_state&);
-bool take_range_type(item_reader&, practice_state&);
-bool take_range_icons(item_reader&, practice_state&);
-bool take_range_entry(item_reader&, int i, practice_state&);
-
-// The file's bytes for the range in hand.
-std::string range_file_bytes(const practice_state&);
-// Writes the range in hand and makes the file the range of the practice; gives the reason when it can't.
+// Reads what a practice needs, or on a failure nothing.
+std::string read_range(const machine&, const std::string& file, practice_state&);
+// Writes the open range and makes the file the range of the practice.
 std::string write_range(const machine&, const std::string& file, practice_state&);
 
-// Where a stored icon text leads: below rootpath, with or without a leading separator of either kind; or,
-// when nothing lies there, the full path that it may be.
+// The bytes of a file with the open range.
+std::string range_file_bytes(const practice_state&);
+
+// The file that a stored icon text names: below rootpath, with or without a leading separator of either kind.
+// If there is no such file, the text can be a full path.
 std::string icon_path(const machine&, const std::string& rootpath, const std::string& stored);
-// A path from a folder on, without a separator before it; nothing where it lies elsewhere.
+// The path relative to a folder, without a leading separator; nothing if it lies elsewhere.
 std::optional<std::string> below_folder(const machine&, const std::string& folder, const std::string& path);
-// How a chosen icon is stored: from the leading separator on when it lies inside rootpath, so that the range
-// can move with its folder; the full path otherwise.
+// The text to store for an icon: relative to rootpath with a leading separator if it lies there, so that the
+// folder can be moved; otherwise the full path.
 std::string stored_icon(const machine&, const std::string& rootpath, const std::string& chosen);
 
 }   // namespace vorn

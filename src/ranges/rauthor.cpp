@@ -12,6 +12,17 @@ namespace vorn {
 
 namespace {
 
+hint_panel hints_of(rauthor_screen& s)
+{
+    return {.window = s.window,
+            .bar = s.Lblinfo,
+            .label = s.lblhelp,
+            .clock = s.Timhelp,
+            .ticks = s.hintticks,
+            .below = 350,
+            .bare_text = "Place cursor over a frame or button to see its function"};
+}
+
 void rauthor_load(rauthor_screen& s)
 {
     s.target = 1;
@@ -23,7 +34,7 @@ void rauthor_load(rauthor_screen& s)
 void rauthor_arrival(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
-    end_rest(s.lblhelp, s.Timhelp, s.hintticks);   // a practice begun from the set-up took this screen away
+    end_hint(hints_of(s));   // one may be left from before the set-up screen hid this one
     s.targetsize = std::max(t.shared.targetsize, 1);   // the set-up may have changed it
     showmiddle(s);
     for (int icon = 1; icon <= 3; ++icon) loadicon(t, icon);
@@ -37,14 +48,7 @@ void cmdstart_click(trainer& t)
 
 void make_rauthor_hints(rauthor_screen& s)
 {
-    const hint_panel panel{s.window,
-                           s.Lblinfo,
-                           s.lblhelp,
-                           s.Timhelp,
-                           s.hintticks,
-                           350,
-                           "Place cursor over a frame or button to see its function"};
-    make_hints(panel,
+    make_hints(hints_of(s),
                {{&s.Frame1, "Shows view of whole range and target placings"},
                 {&s.Frame2, "Shows the veiw through the sight, target grid locations and distance to target"},
                 {&s.Frame3, "Used to select location and picture of the chosen target"},
@@ -57,7 +61,7 @@ void make_rauthor_hints(rauthor_screen& s)
                 {&s.Cmdexit, "Exit from VORN"},
                 {&s.Command1, "Open help file"}});
     // The bare screen between the buttons and these is a narrow strip.
-    for (screen_object* o : {&s.Frame2, &s.Frame3, &s.Frame4, &s.Frame5}) end_hints_over(panel, *o);
+    end_hint_over(hints_of(s), {&s.Frame2, &s.Frame3, &s.Frame4, &s.Frame5});
 }
 
 }   // namespace

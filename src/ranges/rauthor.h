@@ -54,7 +54,6 @@ struct rauthor_screen {
     float authorscalex = 1, authorscaley = 1;             // twips of the picture to one of Image1
     double bandbottom = 0, bandtop = 0, bandheight = 0;   // the ground band, twips on the picture
     int stepx = 0, stepy = 0;                             // twips a tick, of the arrow pressed last
-    std::string authorfile;                               // path of the picture or file in hand
     int hintticks = 0;   // ticks of Timhelp since the cursor came to a button
 };
 

@@ -83,16 +83,15 @@ void imgtarget_click(trainer& t, int icon)
     rauthor_screen& s = t.rauthor;
     s.iconnumber = icon;
     showtarget(s);
-    file_dialog dialog{"OPEN TARGETS", "Target Files (*.ico)|*.ico|", t.shared.rootpath, "", false};
-    dialog.picture = true;
-    const auto chosen = t.pc.choose_file(dialog);
+    const auto chosen = t.pc.choose_file({.title = "OPEN TARGETS",
+                                          .filter = "Target Files (*.ico)|*.ico|",
+                                          .folder = t.shared.rootpath,
+                                          .picture = true});
     if (!chosen) return;
-    s.authorfile = *chosen;
-    if (!showicon(t, icon, s.authorfile)) {
-        s.outcome.Caption = s.authorfile + " could not be loaded as an icon";
-        return;
-    }
-    icontext(t.shared, icon) = stored_icon(t.pc, t.shared.rootpath, s.authorfile);
+    if (showicon(t, icon, *chosen))
+        icontext(t.shared, icon) = stored_icon(t.pc, t.shared.rootpath, *chosen);
+    else
+        s.outcome.Caption = *chosen + " could not be loaded as an icon";
 }
 
 }   // namespace

@@ -309,8 +309,7 @@ void design_startsim(startsim_screen& s)
     buttons(s);
     add(s.window, s.outcome,
         label({120, 11250, 15120, 240}, "", colour::live, text_size::small, alignment::centre));
-    lay_out_hints(s.window, s.Lblinfo, {120, 10980, 15120, 270},
-                  "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS", s.Lblhelp);
+    lay_out_hints(s.window, s.Lblinfo, {120, 10980, 15120, 270}, s.Lblhelp);
 }
 
 }   // namespace vorn

@@ -21,7 +21,7 @@ void write(trainer& t, const line& l)
     if (l.number >= 0) t.startsim.lblprac[l.number].Caption = l.text;
 }
 
-// Options that set one number and write one line, or none.
+// An option that sets one value and writes one line of the summary, or none.
 template <class T>
 struct choice {
     screen_object S::*option;
@@ -70,7 +70,7 @@ constexpr choice<int16> numbers[] = {
     {&S::Opttime4, &P::targettime, 40, {4, "UP FOR 40 SECS"}},
 };
 
-// The state of the fire control system.
+// An option for the state of the fire control system.
 struct system_choice {
     screen_object S::*option;
     int status;
@@ -96,37 +96,45 @@ void make_systems(trainer& t)
         };
 }
 
-// The line of the coax bursts option that is chosen.
+// Writes the line of the selected coax bursts option.
 void writebursts(trainer& t)
 {
     for (const choice<int>& b : bursts)
         if ((t.startsim.*b.option).Value != 0) write(t, b.summary);
 }
 
-// Wind works on HESH alone, and bursts count on coax targets alone: what can't matter takes no clicks.
-void engage_with(trainer& t, int type, const char* summary, bool wind, bool coax)
+// Wind affects only HESH, and the number of bursts only coax targets; otherwise their frames are disabled.
+struct engagement_choice {
+    screen_object S::*option;
+    int type;
+    const char* summary;
+    bool wind, coax;
+};
+constexpr engagement_choice engagements[] = {
+    {&S::Opteng1, 1, "USING ALL NATURE OF AMMUNITION", true, true},
+    {&S::Opteng2, 2, "USING ONLY COAX AMMUNITION", false, true},
+    {&S::Opteng3, 3, "USING ONLY HESH AMMUNITION", true, false},
+    {&S::Opteng4, 4, "USING ONLY FIN AMMUNITION", false, false},
+};
+
+void opteng_click(trainer& t, const engagement_choice& c)
 {
-    t.shared.engagementtype = type;
-    write(t, {2, summary});
-    t.startsim.Frame6.Enabled = wind;
-    t.startsim.Frame10.Enabled = coax;
-    if (!coax) write(t, {7, "THERE ARE NO COAX TARGETS"});
+    startsim_screen& s = t.startsim;
+    if (c.option == &S::Opteng2) select_option(s.Option2);
+    t.shared.engagementtype = c.type;
+    write(t, {2, c.summary});
+    s.Frame6.Enabled = c.wind;
+    s.Frame10.Enabled = c.coax;
+    if (c.coax)
+        writebursts(t);
+    else
+        write(t, {7, "THERE ARE NO COAX TARGETS"});
 }
 
 void make_engagements(trainer& t)
 {
-    startsim_screen& s = t.startsim;
-    s.Opteng1.Click = [&t] {
-        engage_with(t, 1, "USING ALL NATURE OF AMMUNITION", true, true);
-        writebursts(t);
-    };
-    s.Opteng2.Click = [&t] {
-        write(t, {7, "2 KILL BURST ON COAX TARGETS"});
-        select_option(t.startsim.Option2);
-        engage_with(t, 2, "USING ONLY COAX AMMUNITION", false, true);
-    };
-    s.Opteng3.Click = [&t] { engage_with(t, 3, "USING ONLY HESH AMMUNITION", true, false); };
-    s.Opteng4.Click = [&t] { engage_with(t, 4, "USING ONLY FIN AMMUNITION", false, false); };
+    for (const engagement_choice& c : engagements)
+        (t.startsim.*c.option).Click = [&t, &c] { opteng_click(t, c); };
 }
 
 void make_method(trainer& t)
@@ -141,7 +149,7 @@ void make_method(trainer& t)
     t.startsim.Optcon3.Click = [select] { select(false, true); };
 }
 
-// A click flips the setting, whatever the box shows.
+// A click inverts the setting, whatever the box shows.
 void make_checkboxes(trainer& t)
 {
     static constexpr struct {

@@ -9,7 +9,7 @@ namespace {
 using S = startsim_screen;
 using option = screen_object S::*;
 
-// An option, and the line of the summary that goes with it.
+// An option and its line of the summary.
 struct choice {
     option selects;
     const char* says;
@@ -24,16 +24,16 @@ constexpr option up30 = &S::Opttime3, up40 = &S::Opttime4;
 constexpr const char* standard = "STANDARD PRACTICE SHOOT";
 constexpr const char* special = "SPECIAL PRACTICE SHOOT";
 constexpr const char* thirty = "UP FOR 30 SECS ";
-constexpr const char* thirty2 = " UP FOR 30 SECS ";   // practices 1 and 2 have one blank more
+constexpr const char* thirty2 = " UP FOR 30 SECS ";   // of practices 1 and 2: one blank more
 constexpr const char* no_coax = "THERE WILL BE NO COAX TARGETS";
 constexpr const char* bursts = "2 KILL BURSTS FOR COAX TARGETS";
 
-// All practices but the last say so, although they have nine targets.
+// The summary of practices 1 to 11, although they have nine targets.
 constexpr const char* six = "SIX TARGETS";
 constexpr const char* automatic = "ALL TARGETS APPEAR AUTOMATICALLY";
 
-// What a practice selects beside Automatic, two bursts and nine targets, which all have, and what its summary
-// says. The summary is fixed: it may say thirty seconds where forty are selected.
+// What a practice selects, and its summary. All select Automatic, two bursts and nine targets as well. The
+// summary is fixed: it may say thirty seconds when forty are selected.
 struct programmed {
     choice mode, system;
     const char* practice;
@@ -62,7 +62,7 @@ void highlight(startsim_screen& s, int number)
 {
     for (int n = 1; n <= 11; ++n) s.Lblpractice[n].ForeColor = colour::darkred;
     for (int n = 1; n <= 12; ++n)
-        s.Lblpractice[n].bold = n == number;   // to be told apart without colour too
+        s.Lblpractice[n].bold = n == number;   // to be distinguished without colour too
     s.Lblpractice[number].ForeColor = colour::red;
 }
 

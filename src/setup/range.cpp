@@ -13,11 +13,11 @@ namespace {
 void cmdopenrange_click(trainer& t)
 {
     const auto chosen =
-        t.pc.choose_file({"OPEN RANGE SETUP", "Range Files (*.arf)|*.arf|", t.shared.rootpath, "", false});
+        t.pc.choose_file({.title = "OPEN RANGE SETUP", .filter = range_filter, .folder = t.shared.rootpath});
     if (!chosen) return;
     t.shared.rangefile = *chosen;
     readrangehead(t);
-    t.startsim.Frmmode.Enabled = false;   // from now on the range's own type gives the mode
+    t.startsim.Frmmode.Enabled = false;   // the type of the range now decides the mode
 }
 
 void optmode_click(trainer& t, int mode, const char* range, const char* summary)
@@ -34,20 +34,18 @@ void command3_click(trainer& t)
     select_option(t.startsim.Optmode1);
 }
 
-// The author may change the range, and with it the mode.
+// The range author may change the range and thereby the mode.
 void cmdeditrange_click(trainer& t)
 {
-    if (!asked(t, lines({"V.O.R N.", blankline, " LOAD THE RANGE EDITOR ?"}), "V.O.R.N.")) return;
+    if (!asked_with_name(t, {" LOAD THE RANGE EDITOR ?"})) return;
     show(t.pc, t.rauthor.window);
     t.startsim.Frmmode.Enabled = false;
 }
 
 void askforrange(trainer& t)
 {
-    if (!asked(t,
-               lines({"V.O.R N.", blankline, "CANT FIND CORRECT RANGE FILE DO YOU WISH TO LOCATE ONE ?",
-                      "(Selecting NO will terminate VORN)"}),
-               "V.O.R.N."))
+    if (!asked_with_name(t, {"CANT FIND CORRECT RANGE FILE DO YOU WISH TO LOCATE ONE ?",
+                             "(Selecting NO will terminate VORN)"}))
         t.pc.end_program();
     cmdopenrange_click(t);
 }

@@ -1,4 +1,4 @@
-// What the sources of the set-up screen do for each other.
+// The functions that the sources of the set-up screen share.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@ namespace vorn {
 struct trainer;
 struct startsim_screen;
 
-// design.cpp: where everything stands.
+// design.cpp: the layout.
 void design_startsim(startsim_screen&);
 
-// options.cpp: what an option, a check box or a slider sets.
+// options.cpp: the options, check boxes and sliders.
 void make_options(trainer&);
 
 // practices.cpp: the twelve programmed practices.
@@ -19,13 +19,13 @@ void make_practices(trainer&);
 
 // practicefile.cpp: practice files.
 void make_practicefile(trainer&);
-// The file's bytes for what the screen shows.
+// The bytes of a file with the options of the screen.
 std::string practice_file_bytes(const startsim_screen&);
-// Takes the items of such a file one by one, each through the option that it is of, and ends at the first
-// that can't be read: what came before it stays.
+// Applies the items of a file one by one, each by selecting its option. Stops at the first that can't be
+// read; what was applied before stays.
 void apply_practice(trainer&, const std::string& text);
 
-// range.cpp: which range the practice runs on.
+// range.cpp: the choice of the range.
 void make_rangechoice(trainer&);
 
 }   // namespace vorn

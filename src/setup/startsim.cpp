@@ -14,7 +14,8 @@ namespace vorn {
 
 namespace {
 
-// What has come up over this screen goes with it: beside a practice its RETURN would lead to a second one.
+// Also hides the range author and unloads the calibration: either would lead back to the set-up, and to a
+// second practice.
 void leavefor(trainer& t, form& next)
 {
     show(t.pc, next);
@@ -26,17 +27,13 @@ void leavefor(trainer& t, form& next)
 void cmdstart_click(trainer& t)
 {
     startsim_screen& s = t.startsim;
-    if (!asked(
-            t,
-            lines({"V.O.R N.", blankline, "     START SIMULATOR ?    ", "", " (THIS WILL TAKE A MOMENT) "}),
-            "V.O.R.N."))
-        return;
+    if (!asked_with_name(t, {"     START SIMULATOR ?    ", "", " (THIS WILL TAKE A MOMENT) "})) return;
     if (joystickrefused(t)) return;
     t.shared.studentdetails = s.Txtname.Text + "_" + s.Txtnum.Text;
     t.shared.targetcount = t.shared.targetblocks * 3;
     t.shared.quickstart = false;
     t.shared.debriefonly = false;
-    leavefor(t, t.shared.practicemode == 2 ? t.thermal.window : t.simulator.window);
+    leavefor(t, practice_screen(t).window);
 }
 
 void cmdgame_click(trainer& t)
@@ -48,7 +45,7 @@ void cmdgame_click(trainer& t)
 
 void cmddebrief_click(trainer& t)
 {
-    if (!asked(t, lines({"V.O.R N.", blankline, "STARTING THE DEBRIEF SCREEN !"}), "V.O.R.N.")) return;
+    if (!asked_with_name(t, {"STARTING THE DEBRIEF SCREEN !"})) return;
     leavefor(t, t.results.window);
     t.shared.debriefonly = true;
 }
@@ -56,22 +53,21 @@ void cmddebrief_click(trainer& t)
 void startsim_arrival(trainer& t)
 {
     t.startsim.outcome.Caption.clear();
-    t.shared.fulldebrief = true;   // whatever the option shows: a quick start has switched it off
+    t.shared.fulldebrief = true;   // a quick start has cleared it; the option still shows its choice
     if (!change_directory(t.pc, t.shared.rootpath))
-        t.pc.message_box({lines({"THE FOLDER OF THE RANGES CAN'T BE OPENED", t.shared.rootpath}), "V.O.R.N.",
+        t.pc.message_box({lines({"THE FOLDER OF THE RANGES CAN'T BE OPENED", t.shared.rootpath}), name_title,
                           box_buttons::ok, box_sign::information});
     readrangehead(t);
 }
 
 void make_startsim_hints(startsim_screen& s)
 {
-    const hint_panel panel{s.window,
-                           s.Lblinfo,
-                           s.Lblhelp,
-                           s.Timhelp,
-                           s.hintticks,
-                           495,
-                           "PLACE THE CURSOR OVER A FRAME TO SEE THE PURPOSE OF ITS CONTROLS"};
+    const hint_panel panel{.window = s.window,
+                           .bar = s.Lblinfo,
+                           .label = s.Lblhelp,
+                           .clock = s.Timhelp,
+                           .ticks = s.hintticks,
+                           .below = 495};
     make_hints(
         panel,
         {{&s.Frame1, "Selects number of targets engaged during the chosen practice"},
@@ -99,7 +95,7 @@ void make_startsim_hints(startsim_screen& s)
          {&s.Cmdabout, "Info on the program"},
          {&s.Cmdexit, "Exit from VORN"}});
     // The bare screen between the buttons and these is a narrow strip.
-    for (screen_object* o : {&s.Frame2, &s.Frame13, &s.Frame9}) end_hints_over(panel, *o);
+    end_hint_over(panel, {&s.Frame2, &s.Frame13, &s.Frame9});
 }
 
 }   // namespace
@@ -120,7 +116,7 @@ void make_startsim(trainer& t)
     s.cmdstick.Click = [&t] { show(t.pc, t.joycal.window); };
     s.Cmdabout.Click = [&s] { s.Image1.Visible = !s.Image1.Visible; };
     s.Cmdhelpon.Click = [&t] { openhelp(t); };
-    s.Cmdexit.Click = [&t] { confirmexit(t, "V.O.R N.", "V.O.R.N."); };
+    s.Cmdexit.Click = [&t] { confirmexit(t, name_heading, name_title); };
     make_startsim_hints(s);
 }
 

@@ -1,5 +1,5 @@
-// The practice set-up screen: the student, the options of the practice or a practice that is ready made, the
-// range, the controls, and the start. Every option writes into the shared state at the moment it is chosen.
+// The practice set-up screen: the student, the options or a programmed practice, the range, the controls, the
+// start. Each option is written into the shared state when it is selected.
 #pragma once
 
 #include <deque>
@@ -57,17 +57,17 @@ struct startsim_screen {
 
     screen_object outcome;   // which practice file was saved
     screen_object Lblinfo, Lblhelp;
-    std::deque<screen_object> captions;   // labels that never change
+    std::deque<screen_object> captions;   // the labels that never change
 
     timer Timhelp;
     int hintticks = 0;          // ticks of Timhelp since the cursor came to a button
-    std::string practicefile;   // path chosen last for a practice file
+    std::string practicefile;   // path of the practice file chosen last
 };
 
 void make_startsim(trainer&);
 
-// Reads name and type of the range of the practice and takes the mode from the type. When it can't be read
-// the user is asked for another; a no ends the program.
+// Reads name and type of the range of the practice and sets the mode by the type. If it can't be read, asks
+// the user for another; no ends the program.
 void readrangehead(trainer&);
 
 }   // namespace vorn

@@ -29,7 +29,7 @@ practice_state practice_of(const std::vector<fired>& engagements)
         p.rectime[e] = f.time;
         e += 1;
     }
-    // What an earlier, longer practice has left behind.
+    // Rows of an earlier, longer practice.
     for (; e < engagement_rows; ++e) {
         p.rechit[e] = "YES";
         p.rectime[e] = 5;
@@ -84,12 +84,12 @@ const texts two_on_paper{
     "SCORE......................3.57142857142857",
 };
 
-TEST(report, a_whole_practice_line_by_line)
+TEST(report, prints_a_practice_line_by_line)
 {
     EXPECT_EQ(texts_of(two), two_on_paper);
 }
 
-TEST(report, hits_average_and_score)
+TEST(report, sums_up_hits_average_and_score)
 {
     const fired ten_seconds{"FULL", "COAX", "YES", 10};
     const struct {
@@ -110,15 +110,11 @@ TEST(report, hits_average_and_score)
                                                  "SCORE......................" + std::string(c.score)}));
 }
 
-struct report_out : testing::Test {
-    data_folder data;
-    headless_machine pc;
-
-    report_out() { pc.working_directory = data.ranges(); }
-};
-
-TEST_F(report_out, goes_to_a_text_file_with_one_label_of_its_own)
+TEST(report, the_text_file_labels_the_number_of_an_engagement_differently)
 {
+    const data_folder data;
+    headless_machine pc;
+    pc.working_directory = data.ranges();
     data.put("printtest.txt", std::string(9000, 'x'));
     ASSERT_EQ(write_text_report(pc, two), "");
     std::string expected;
@@ -127,9 +123,8 @@ TEST_F(report_out, goes_to_a_text_file_with_one_label_of_its_own)
         expected += (number ? "ENGAGEMENT NUMBER.........." + line.substr(27) : line) + "\r\n";
     }
     EXPECT_EQ(data.get("printtest.txt"), expected);
-    std::filesystem::create_directory(pc.working_directory / "no file");
-    std::filesystem::create_directory(pc.working_directory / "no file" / "printtest.txt");
-    pc.working_directory /= "no file";
+    data.remove("printtest.txt");
+    std::filesystem::create_directory(data.ranges() + "/printtest.txt");
     EXPECT_NE(write_text_report(pc, two), "") << "a folder has the name";
 }
 

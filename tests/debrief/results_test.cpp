@@ -1,4 +1,4 @@
-// The debrief screen: from the end of a practice through its engagements, and with records from files.
+// The debrief screen after a practice and with records from files.
 #include <gtest/gtest.h>
 
 #include "debrief/results.h"
@@ -11,8 +11,8 @@
 namespace vorn {
 namespace {
 
-// Two rounds at the first target, 385 twips wide at 1100 metres on the visual sight: one that falls 300 right
-// of its corner and misses, and one that hits. The second target is not fired at.
+// Two rounds at the first target, 385 twips wide at 1100 metres on the visual sight: one falls 300 twips
+// right of its corner and misses, the other hits. The second target is not fired at.
 struct debrief : testing::Test {
     drill d{sight_kind::visual};
     trainer& t = d.t;
@@ -31,7 +31,7 @@ struct debrief : testing::Test {
         d.pc.wait(5);
         t.random.source = [] { return 0.5; };
     }
-    // The round falls at 4589, 1700: 64 to the right of the aim point and half the range below it.
+    // The round falls at 4589, 1700: 64 right of the aim point and half the range below it.
     void shoot(double target_left, double target_top)
     {
         d.target_at(target_left, target_top);
@@ -44,7 +44,7 @@ struct debrief : testing::Test {
         d.pc.wait(3.1);
         shoot(4589 - 200, 1700 - 150);
         ASSERT_TRUE(sim.targethit);
-        d.pc.wait(1 + 5 + 1);   // down, and the next order
+        d.pc.wait(1 + 5 + 1);   // target down, next order
         t.random.source = [] { return draw_of(6); };
         d.pc.wait(21);
         ASSERT_EQ(p.rechit[2], "NO");
@@ -72,7 +72,7 @@ void expect_at(const screen_object& mark, double left, double top, const char* w
     EXPECT_DOUBLE_EQ(mark.Top, top) << which;
 }
 
-TEST_F(debrief, a_yes_at_the_end_leads_to_the_practice_just_fired)
+TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
 {
     fire_and_stop();
     EXPECT_EQ(front(d.pc), &s.window);
@@ -83,16 +83,16 @@ TEST_F(debrief, a_yes_at_the_end_leads_to_the_practice_just_fired)
         "FULL FIN 2 YES");
     EXPECT_EQ(s.lbltargetrange.Caption, "1100");
     EXPECT_EQ(s.Lbltgtnumber[1].ForeColor, colour::red);
-    // 4295 x 2121 pixels on a strip of 15045 x 3000 twips: 4 and 11 to one.
+    // 4295 x 2121 pixels on a strip of 15045 x 3000 twips: scales of 4 and 11.
     EXPECT_FALSE(s.Imagepoa.Pale || s.Imgfos.Pale || s.Imglaze.Pale);
     expect_at(s.imgtargetpointer, 120 + 51000 / 4.0, 360 + 15500 / 11.0, "pointer");
 }
 
-TEST_F(debrief, each_round_has_its_marks_where_it_was)
+TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
 {
     fire_and_stop();
-    // The scale is 1695 / 385, rounded. First round: the target's centre lay at 4481.5, 1792.5, the aim point
-    // at 4525, 1140.
+    // The scale is 1695 / 385, rounded. First round: centre of the target at 4481.5, 1792.5, aim point at
+    // 4525, 1140.
     expect_at(s.Imagepoa, 2040 + 4 * 44, 1560 + 4 * 652, "aim 1");
     expect_at(s.Imgfos, 2040 + 4 * 300, 1560 + 4 * 100, "fall 1");
     expect_at(s.Imgreptarget, 2040, 1560, "centre");
@@ -101,7 +101,7 @@ TEST_F(debrief, each_round_has_its_marks_where_it_was)
     EXPECT_TRUE(s.killbox.Width == 770 && s.killbox.Height == 770);
     EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";
     EXPECT_TRUE(s.Cmdround1.bold && !s.cmdround2.bold);
-    // The last laze was that of the second round.
+    // The last laze is that of the second round.
     expect_at(s.Imglaze, 2040 + 4 * (-56), 1560 + 4 * 602, "laze");
     EXPECT_TRUE(s.Cmdround1.Visible && s.cmdround2.Visible);
     EXPECT_FALSE(s.Cmdround3.Visible || s.cmdround4.Visible);
@@ -118,7 +118,7 @@ TEST_F(debrief, each_round_has_its_marks_where_it_was)
     EXPECT_FALSE(s.Cmdround1.Visible);
 }
 
-TEST_F(debrief, a_saved_record_comes_back_the_same_after_another_practice)
+TEST_F(debrief, a_saved_record_is_the_same_when_opened_after_another)
 {
     fire_and_stop();
     save("SMITH_.vrn");
@@ -147,7 +147,7 @@ TEST_F(debrief, a_saved_record_comes_back_the_same_after_another_practice)
     EXPECT_EQ(d.pc.of_kind("printed"), before);
 }
 
-TEST_F(debrief, facts_that_hide_marks)
+TEST_F(debrief, the_record_decides_which_marks_are_visible)
 {
     practice_state r;
     r.targetcount = 9;
@@ -200,10 +200,10 @@ TEST_F(debrief, facts_that_hide_marks)
     }
     d.pc.click(s.Lbltgtnumber[9]);
     EXPECT_EQ(said(), "YOU DID NOT FIRE THIS ROUND ");
-    EXPECT_EQ(s.Lbltgtnumber[8].ForeColor, colour::red) << "what is shown stays";
+    EXPECT_EQ(s.Lbltgtnumber[8].ForeColor, colour::red) << "the display stays";
 }
 
-TEST_F(debrief, what_cannot_be_opened_or_saved_is_told)
+TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
 {
     fire_and_stop();
     const std::string before = results_file_bytes(p);
@@ -211,13 +211,13 @@ TEST_F(debrief, what_cannot_be_opened_or_saved_is_told)
     EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED");
     d.pc.click(s.Cmdsave);   // cancelled
     EXPECT_EQ(said(), "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
-    EXPECT_EQ(p.resultsfile, "SMITH_.vrn") << "the name that was proposed";
-    EXPECT_EQ(results_file_bytes(p), before) << "nothing is lost";
+    EXPECT_EQ(p.resultsfile, "SMITH_.vrn") << "the proposed name";
+    EXPECT_EQ(results_file_bytes(p), before) << "unchanged";
     d.data.put("smith_.vrn", "another's");
     d.pc.answers = {{true}};
     d.pc.click(s.Cmddelete);
     EXPECT_NE(said().find("COULD NOT BE DELETED"), std::string::npos);
-    EXPECT_NE(d.data.get("smith_.vrn"), "") << "only what is named is deleted";
+    EXPECT_NE(d.data.get("smith_.vrn"), "") << "a name in other case is another file";
     d.data.put("bad.vrn", "\"SMITH_000                     \"\r\n99\r\n");
     for (const char* name : {"none.vrn", "bad.vrn", "target icons", "visualrange.vrp"}) {
         open(name);
@@ -228,8 +228,8 @@ TEST_F(debrief, what_cannot_be_opened_or_saved_is_told)
     EXPECT_EQ(said(), "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
 }
 
-// A picture or an icon that a record names belongs to it; one that names none is whole without.
-TEST_F(debrief, a_record_is_never_shown_with_the_pictures_of_another)
+// A record without the picture or icon that it names is not opened; one that names none is.
+TEST_F(debrief, never_shows_a_record_with_the_pictures_of_another)
 {
     practice_state r;
     r.targetcount = 6;
@@ -259,7 +259,7 @@ TEST_F(debrief, a_record_is_never_shown_with_the_pictures_of_another)
         open(c.file);
         EXPECT_EQ(d.pc.boxes.size(), c.opens ? 0U : 1U);
         EXPECT_TRUE(c.opens || said() == "THAT FILE COULD NOT BE OPENED");
-        EXPECT_EQ(p.rectarget[1], 7) << "the record itself has been read";
+        EXPECT_EQ(p.rectarget[1], 7) << "the record has been read";
         EXPECT_EQ(s.Imgrange.Picture.width > 0, c.strip);
         EXPECT_EQ(s.overviewscalex, c.strip ? 4 : 3);
         EXPECT_FALSE(s.imgtargetpointer.Visible);
@@ -268,7 +268,7 @@ TEST_F(debrief, a_record_is_never_shown_with_the_pictures_of_another)
     }
 }
 
-TEST_F(debrief, print_and_delete_need_a_file_and_a_yes)
+TEST_F(debrief, print_and_delete_need_a_file_and_a_confirmation)
 {
     fire_and_stop();
     d.pc.click(s.Cmdprint);
@@ -300,7 +300,7 @@ TEST_F(debrief, print_and_delete_need_a_file_and_a_yes)
     EXPECT_EQ(s.Lbltarget.Caption, "YES") << "the rest of the screen stays";
 }
 
-TEST_F(debrief, the_road_goes_on_to_the_same_practice_or_a_new_one)
+TEST_F(debrief, leads_to_a_replay_or_a_new_practice)
 {
     fire_and_stop();
     d.pc.click(s.Cmdreplay);
@@ -316,7 +316,7 @@ TEST_F(debrief, the_road_goes_on_to_the_same_practice_or_a_new_one)
     EXPECT_EQ(front(d.pc), &t.startsim.window);
 }
 
-TEST(debrief_alone, cannot_replay_what_was_not_fired)
+TEST(debrief_alone, without_a_practice_cannot_replay)
 {
     drill d(sight_kind::visual);
     results_screen& s = d.t.results;
@@ -328,10 +328,10 @@ TEST(debrief_alone, cannot_replay_what_was_not_fired)
     d.pc.answers = {{true}};
     d.pc.click(d.t.startsim.Cmddebrief);
     EXPECT_FALSE(s.Cmdreplay.Enabled);
-    EXPECT_EQ(s.Lblsystem.Caption, "") << "there is no practice to show";
+    EXPECT_EQ(s.Lblsystem.Caption, "") << "no practice to show";
 }
 
-// What the gunner saw of each round is what the debrief shows of it.
+// The debrief shows aim and fall of each round as the gunner saw them.
 TEST(thermal_debrief, shows_what_the_gunner_saw)
 {
     drill d(sight_kind::thermal, VORN_SOURCE_DIR "/data");

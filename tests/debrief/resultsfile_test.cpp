@@ -8,14 +8,14 @@
 namespace vorn {
 namespace {
 
-// The lines of a file, each of them ended by CR LF; line 1 is entry 0.
+// The lines of a file without their CR LF; entry 0 is line 1.
 std::vector<std::string> lines_of(const std::string& bytes)
 {
     std::vector<std::string> lines;
     std::size_t at = 0;
     for (std::size_t end = 0; (end = bytes.find("\r\n", at)) != std::string::npos; at = end + 2)
         lines.push_back(bytes.substr(at, end - at));
-    EXPECT_EQ(at, bytes.size()) << "the last line is ended too";
+    EXPECT_EQ(at, bytes.size()) << "the last line ends with CR LF too";
     return lines;
 }
 
@@ -26,7 +26,7 @@ std::string joined(const std::vector<std::string>& lines)
     return bytes;
 }
 
-// A file with another text in one of its lines, and one that ends after a line.
+// A file with another text in one of its lines.
 std::string with_line(const std::string& bytes, std::size_t number, const std::string& text)
 {
     std::vector<std::string> lines = lines_of(bytes);
@@ -41,7 +41,7 @@ std::string cut_after(const std::string& bytes, std::size_t number)
     return joined(lines);
 }
 
-// A record in which every place that a file holds can be told from every other.
+// A record in which every value is different, so that a test can tell which one a line contains.
 practice_state marked_record(int first)
 {
     practice_state p;
@@ -67,9 +67,10 @@ practice_state marked_record(int first)
     return p;
 }
 
-std::string number(int n)
+bool taken(const std::string& bytes, practice_state& p)
 {
-    return std::to_string(n);
+    item_reader items(bytes);
+    return take_results(items, p);
 }
 
 TEST(results_file, each_field_has_its_line)
@@ -80,7 +81,7 @@ TEST(results_file, each_field_has_its_line)
     const struct {
         std::size_t line;
         std::string text;
-    } told[] = {
+    } expected[] = {
         {1, "\"Trooper_24                    \""},
         {2, "12"},
         {3, "\"PLAIN               \""},
@@ -89,28 +90,28 @@ TEST(results_file, each_field_has_its_line)
         {6, "\"/a.ico\""},
         {8, "\"/c.ico\""},
         {9, "\"t1\""},
-        {25 + 15, number(p.rectarget[15])},
-        {41 + 7, number(p.recrounds[7])},
+        {25 + 15, std::to_string(p.rectarget[15])},
+        {41 + 7, std::to_string(p.recrounds[7])},
         {57, '"' + p.recammo[0] + '"'},
         {88, '"' + p.rechit[15] + '"'},
-        {89 + 1, number(p.rectime[1])},
-        {105 + 9, number(p.recwidth[9])},
-        {121 + 2, number(p.recrange[2])},
-        {137, number(p.recx[0])},
-        {168, number(p.recy[15])},
-        {169 + 3, number(p.reclazex[3])},
-        {185 + 3, number(p.reclazey[3])},
-        {201, number(p.recaimx[0][0])},
-        {201 + 5 * 3 + 4, number(p.recaimx[3][4])},
-        {281 + 5 * 15 + 1, number(p.recaimy[15][1])},
-        {361 + 5 * 1 + 2, number(p.recfallx[1][2])},
-        {441, number(p.recfally[0][0])},
-        {520, number(p.recfally[15][4])},
+        {89 + 1, std::to_string(p.rectime[1])},
+        {105 + 9, std::to_string(p.recwidth[9])},
+        {121 + 2, std::to_string(p.recrange[2])},
+        {137, std::to_string(p.recx[0])},
+        {168, std::to_string(p.recy[15])},
+        {169 + 3, std::to_string(p.reclazex[3])},
+        {185 + 3, std::to_string(p.reclazey[3])},
+        {201, std::to_string(p.recaimx[0][0])},
+        {201 + 5 * 3 + 4, std::to_string(p.recaimx[3][4])},
+        {281 + 5 * 15 + 1, std::to_string(p.recaimy[15][1])},
+        {361 + 5 * 1 + 2, std::to_string(p.recfallx[1][2])},
+        {441, std::to_string(p.recfally[0][0])},
+        {520, std::to_string(p.recfally[15][4])},
     };
-    for (const auto& t : told) EXPECT_EQ(lines[t.line - 1], t.text) << "line " << t.line;
+    for (const auto& t : expected) EXPECT_EQ(lines[t.line - 1], t.text) << "line " << t.line;
 }
 
-TEST(results_file, a_cut_file_fails_and_leaves_what_came_before_the_cut)
+TEST(results_file, a_cut_file_fails_and_keeps_the_items_before_the_cut)
 {
     const practice_state written = marked_record(0);
     const std::string whole = results_file_bytes(written);
@@ -122,18 +123,18 @@ TEST(results_file, a_cut_file_fails_and_leaves_what_came_before_the_cut)
         *head = "old";
     for (std::size_t n = 0; n < 520; n += 7) {
         practice_state read = old;
-        ASSERT_FALSE(take_results(cut_after(whole, n), read)) << n;
+        ASSERT_FALSE(taken(cut_after(whole, n), read)) << n;
         const std::string now = results_file_bytes(read);
         const std::string was = results_file_bytes(old);
         ASSERT_EQ(cut_after(now, n), cut_after(whole, n));
         ASSERT_EQ(lines_of(now)[n], lines_of(was)[n]) << n;
     }
     practice_state read = old;
-    EXPECT_TRUE(take_results(whole.substr(0, whole.size() - 2), read)) << "but for the last line's end";
-    EXPECT_TRUE(take_results(whole + "\"more\"\r\n", read));
+    EXPECT_TRUE(taken(whole.substr(0, whole.size() - 2), read)) << "the last line end can be missing";
+    EXPECT_TRUE(taken(whole + "\"more\"\r\n", read));
 }
 
-TEST(results_file, items_that_do_not_fit_their_fields_are_failures)
+TEST(results_file, an_item_that_does_not_fit_its_field_is_a_failure)
 {
     const std::string whole = results_file_bytes(marked_record(0));
     const struct {
@@ -155,13 +156,13 @@ TEST(results_file, items_that_do_not_fit_their_fields_are_failures)
     for (const auto& c : cases) {
         practice_state p;
         p.targetcount = 9;
-        EXPECT_EQ(take_results(with_line(whole, c.line, c.text), p), c.taken) << c.line << ' ' << c.text;
+        EXPECT_EQ(taken(with_line(whole, c.line, c.text), p), c.taken) << c.line << ' ' << c.text;
         if (c.line <= 2 && !c.taken) {
             EXPECT_EQ(p.targetcount, 9) << c.text;
         }
     }
     practice_state p;
-    ASSERT_TRUE(take_results(with_line(whole, 1, "\"A name and number beyond thirty characters\""), p));
+    ASSERT_TRUE(taken(with_line(whole, 1, "\"A name and number beyond thirty characters\""), p));
     EXPECT_EQ(p.studentdetails.text(), "A name and number beyond thirt");
 }
 

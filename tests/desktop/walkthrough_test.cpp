@@ -108,7 +108,8 @@ protected:
         choose(folder.filePath("smith"));
         click(t.results.Cmdsave);
         practice_state read;
-        ASSERT_TRUE(take_results(*read_file(pc, folder.filePath("smith.vrn").toStdString()).text, read));
+        item_reader items(*read_file(pc, folder.filePath("smith.vrn").toStdString()).text);
+        ASSERT_TRUE(take_results(items, read));
         EXPECT_EQ(read.rechit, t.shared.rechit);
         when_box<QMessageBox>([this](QMessageBox& box) {
             choose(folder.filePath("report.pdf"));
@@ -139,7 +140,8 @@ protected:
         click(a.Cmdstart);
         EXPECT_EQ(t.startsim.Lblrangename.Caption, "NEW GROUND          ");
         practice_state read;
-        ASSERT_EQ(read_range(pc, folder.filePath("ground.arf").toStdString(), all_entries, read), "");
+        item_reader items(*read_file(pc, folder.filePath("ground.arf").toStdString()).text);
+        ASSERT_TRUE(take_range(items, read));
         EXPECT_EQ(read.rangename.trimmed(), "NEW GROUND");
         for (int n = 2; n < positions; ++n) EXPECT_GT(read.targetx[n], read.targetx[n - 1]) << n;
         EXPECT_EQ(read.targetx[20], t.shared.targetx[20]);

@@ -1,4 +1,4 @@
-// From the first box to a gunnery screen and back, and what is told when something is missing.
+// From the first box to a gunnery screen and back, and the messages when something is missing.
 #include <gtest/gtest.h>
 
 #include "drill.h"
@@ -28,7 +28,7 @@ struct program : testing::Test {
     std::string last_box() { return pc.boxes.back().text; }
 };
 
-TEST_F(program, comes_up_through_its_box_to_the_title_screen)
+TEST_F(program, starts_with_a_box_and_the_title_screen)
 {
     begin();
     EXPECT_EQ(
@@ -38,7 +38,7 @@ TEST_F(program, comes_up_through_its_box_to_the_title_screen)
     EXPECT_EQ(front_screen(), "intro");
     EXPECT_EQ(t.startsim.window.state, form_state::hidden);
     EXPECT_EQ(t.shared.rootpath, data.ranges());
-    // The defaults were joined to a root that was still empty.
+    // set_defaults joins these to rootpath, which is still empty then.
     EXPECT_EQ(t.shared.rangefile, "Visualrange.arf");
     EXPECT_EQ(t.shared.targeticon1, "target icons\\target1.ico");
     pc.click(t.intro.lblabout);
@@ -56,52 +56,45 @@ TEST_F(program, comes_up_through_its_box_to_the_title_screen)
     EXPECT_EQ(pc.of_kind("help"), std::vector<std::string>{data.ranges() + "/vorn.HLP"});
 }
 
-TEST_F(program, asks_for_its_directory_when_the_default_one_fails)
+TEST_F(program, takes_the_directory_of_a_file_that_the_user_chooses)
 {
-    pc.default_directory = data.program() + "/none";
-    pc.answers = {{true}, {true}};
-    pc.files = {data.program() + "/anything.txt"};
-    pc.event([this] { start_program(t); });
-    EXPECT_EQ(t.shared.rootpath, data.ranges());
-    EXPECT_EQ(pc.working_directory, data.program());
-    pc.click(t.intro.lblstart);
-    EXPECT_EQ(pc.boxes.size(), 2U) << "the range is found";
-
-    headless_machine other;   // a file inside the ranges serves too, and a cancel leaves all as it was
-    other.default_directory = "/none";
-    trainer u(other);
-    other.answers = {{true}, {true}, {true}};
-    other.files = {data.ranges() + "/visualrange.arf"};
-    other.event([&] { start_program(u); });
-    EXPECT_EQ(u.shared.rootpath, data.ranges());
-
-    headless_machine third;
-    third.default_directory = "/none";
-    trainer v(third);
-    third.answers = {{true}, {true}};
-    third.event([&] { start_program(v); });
-    EXPECT_EQ(third.dialogs.size(), 1U);
-    EXPECT_EQ(v.shared.rootpath, "");
-    third.click(v.intro.lblexit);   // unanswered means no
-    EXPECT_FALSE(third.ended);
-    const std::size_t boxes = third.boxes.size();
-    third.answers = {{true}, {true}};
-    third.click(v.intro.lblstart);
-    EXPECT_EQ(third.boxes[boxes].text.substr(0, 40), "THE FOLDER OF THE RANGES CAN'T BE OPENED");
-
-    const std::string named_alike = data.program() + "/ranges/ranges";   // and holds the ranges below itself
-    std::filesystem::create_directory(named_alike);
-    std::ofstream(named_alike + "/vorn.HLP") << "a manual";
-    headless_machine fourth;
-    fourth.default_directory = "/none";
-    trainer w(fourth);
-    fourth.answers = {{true}, {true}};
-    fourth.files = {data.ranges() + "/visualrange.arf"};
-    fourth.event([&] { start_program(w); });
-    EXPECT_EQ(w.shared.rootpath, named_alike);
+    const std::string nested = data.ranges() + "/ranges";
+    std::filesystem::create_directory(nested);
+    const struct {
+        std::string chosen, rootpath;
+    } cases[] = {{data.program() + "/anything.txt", data.ranges()},
+                 {data.ranges() + "/visualrange.arf", data.ranges()},
+                 {data.ranges() + "/visualrange.arf", nested}};
+    for (const auto& c : cases) {
+        if (c.rootpath == nested) data.put("ranges/vorn.HLP", "a manual");
+        headless_machine m;
+        trainer u(m);
+        m.default_directory = data.program() + "/none";
+        m.answers = {{true}, {true}};
+        m.files = {c.chosen};
+        m.event([&] { start_program(u); });
+        EXPECT_EQ(u.shared.rootpath, c.rootpath);
+        m.click(u.intro.lblstart);
+        EXPECT_EQ(m.boxes.size(), c.rootpath == nested ? 3U : 2U) << "a box more only without a range";
+    }
 }
 
-TEST_F(program, ends_when_the_user_does_not_look_for_the_directory)
+TEST_F(program, without_its_directory_reports_the_folder_of_the_ranges)
+{
+    pc.default_directory = "/none";
+    pc.answers = {{true}, {true}};
+    pc.event([this] { start_program(t); });
+    EXPECT_EQ(pc.dialogs.size(), 1U) << "cancelled";
+    EXPECT_EQ(t.shared.rootpath, "");
+    pc.click(t.intro.lblexit);   // no answer means no
+    EXPECT_FALSE(pc.ended);
+    const std::size_t boxes = pc.boxes.size();
+    pc.answers = {{true}, {true}};
+    pc.click(t.intro.lblstart);
+    EXPECT_EQ(pc.boxes[boxes].text.substr(0, 40), "THE FOLDER OF THE RANGES CAN'T BE OPENED");
+}
+
+TEST_F(program, ends_when_the_user_declines_to_look_for_the_directory)
 {
     pc.default_directory = "/none";
     pc.answers = {{true}, {false}};
@@ -110,7 +103,7 @@ TEST_F(program, ends_when_the_user_does_not_look_for_the_directory)
     EXPECT_TRUE(pc.dialogs.empty());
 }
 
-TEST_F(program, the_exit_boxes_stand_as_written_and_end_the_program_on_a_yes_alone)
+TEST_F(program, each_exit_box_has_its_text_and_ends_the_program_on_yes_only)
 {
     to_setup();
     pc.click(t.startsim.Cmdexit);
@@ -134,7 +127,7 @@ TEST_F(program, the_exit_boxes_stand_as_written_and_end_the_program_on_a_yes_alo
     EXPECT_TRUE(pc.ended);
 }
 
-TEST_F(program, an_uncalibrated_joystick_closes_both_roads)
+TEST_F(program, an_uncalibrated_joystick_refuses_a_start_and_a_quick_start)
 {
     to_setup();
     pc.answers = {{true}};
@@ -155,7 +148,7 @@ TEST_F(program, an_uncalibrated_joystick_closes_both_roads)
     EXPECT_EQ(t.shared.studentdetails.text(), "SMITH_123                     ");
 }
 
-TEST_F(program, a_quick_start_is_a_visual_exercise_that_leads_back_to_the_title)
+TEST_F(program, a_quick_start_is_a_visual_practice_that_returns_to_the_title)
 {
     to_setup();
     t.shared.voiceson = false;

@@ -43,11 +43,12 @@ void fuzz_items(const std::string& bytes)
 void fuzz_range(const std::string& bytes)
 {
     practice_state p;
-    if (!take_range(bytes, all_entries, p)) return;
+    item_reader items(bytes);
+    if (!take_range(items, p)) return;
     practice_state again;
-    require(take_range(range_file_bytes(p), all_entries, again),
-            "a range that was read can be written and read");
-    require(range_file_bytes(again) == range_file_bytes(p), "a range reads back the same");
+    item_reader written(range_file_bytes(p));
+    require(take_range(written, again), "a range that was read can be written and read");
+    require(range_file_bytes(again) == range_file_bytes(p), "and comes out the same");
 }
 
 static int selected_in(const startsim_screen& s, const screen_object& group)
@@ -80,14 +81,16 @@ void fuzz_practice(const std::string& bytes)
 void fuzz_results(const std::string& bytes)
 {
     practice_state p;
-    const bool whole = take_results(bytes, p);
+    item_reader items(bytes);
+    const bool whole = take_results(items, p);
     require(p.targetcount >= 0 && p.targetcount < stored_rows, "the record has a row for each engagement");
     require(report_lines(p).size() == 15 + 6 * static_cast<std::size_t>(p.targetcount),
-            "any record gives a report");
+            "any record can be reported");
     if (!whole) return;
     practice_state again;
-    require(take_results(results_file_bytes(p), again), "results that were read can be written and read");
-    require(results_file_bytes(again) == results_file_bytes(p), "results read back the same");
+    item_reader written(results_file_bytes(p));
+    require(take_results(written, again), "results that were read can be written and read");
+    require(results_file_bytes(again) == results_file_bytes(p), "and come out the same");
 }
 
 }   // namespace vorn

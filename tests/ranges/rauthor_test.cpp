@@ -1,4 +1,4 @@
-// Making ranges: an instructor works the range author and fires on what he has saved.
+// The range author: an instructor makes, saves, opens and changes ranges, and fires on one.
 #include <gtest/gtest.h>
 
 #include "drill.h"
@@ -36,14 +36,14 @@ struct author : testing::Test {
         pc.answers = {{true}};
         pc.click(d.t.startsim.cmdeditrange);
     }
-    // Opens a range made for the purpose.
+    // Writes a range to a file and opens it.
     void open(const practice_state& range)
     {
         d.data.put_range("own.arf", range);
         pc.files = {path("own.arf")};
         pc.click(s.Cmdopen);
     }
-    // Holds an arrow for so many ticks of its timer.
+    // Keeps an arrow pressed for this many ticks of its timer.
     void move(screen_object& arrow, int ticks)
     {
         pc.press(arrow);
@@ -67,12 +67,12 @@ struct author : testing::Test {
     }
 };
 
-TEST_F(author, makes_a_range_from_nothing_saves_it_and_fires_on_it)
+TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
 {
     EXPECT_FALSE(d.t.startsim.Frmmode.Enabled);
     new_range("WET MOOR", false, "moor.vrp");
     place(1);
-    EXPECT_NE(s.outcome.Caption.find("no range yet"), std::string::npos) << "000 is no range";
+    EXPECT_NE(s.outcome.Caption.find("no range yet"), std::string::npos) << "000 is not a range";
     for (int n = 1; n <= 20; ++n) {
         move(n % 2 == 0 ? s.cmdright : s.cmdleft, n);
         if (n == 3) move(s.cmdup, 4);
@@ -94,15 +94,15 @@ TEST_F(author, makes_a_range_from_nothing_saves_it_and_fires_on_it)
     EXPECT_EQ(saved.targetrange[20], 1700);
 }
 
-TEST_F(author, moves_the_view_while_an_arrow_is_held)
+TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
 {
     new_range("MOOR", false, "moor.vrp");
-    EXPECT_EQ(s.Lblx.Caption, "23460");   // the middle, and the mark's place in the window
+    EXPECT_EQ(s.Lblx.Caption, "23460");   // the middle, plus the mark's place in the window
     EXPECT_EQ(s.Lbly.Caption, "5107.5");
     move(s.cmdleft, 3);
     EXPECT_EQ(s.Imagerange.Left, -43560 / 2.0 + 300);
     pc.wait(1);
-    EXPECT_EQ(s.Lblx.Caption, "23160") << "it stops when let go";
+    EXPECT_EQ(s.Lblx.Caption, "23160") << "stops on release";
     move(s.Cmdbigright, 2);
     move(s.Cmdbigup, 1);
     EXPECT_EQ(s.Lblx.Caption, "23960");
@@ -114,7 +114,7 @@ TEST_F(author, moves_the_view_while_an_arrow_is_held)
     const struct {
         screen_object& arrow;
         double rauthor_screen::*point;
-        double from, to;   // where the point comes to rest
+        double from, to;   // of the point at its limit
     } limits[] = {{s.Cmdbigleft, &rauthor_screen::pointx, 1400, 1800},
                   {s.Cmdbigright, &rauthor_screen::pointx, 43560 - 1321, 43560 - 920},
                   {s.Cmdbigup, &rauthor_screen::pointy, 1160, 1560},
@@ -180,27 +180,27 @@ TEST_F(author, shows_the_target_of_the_chosen_icon_at_the_size_of_its_range)
     EXPECT_EQ(s.shown_target.Width, 560 - 1000 / 8.0);
 }
 
-TEST_F(author, proposes_ranges_within_the_ground_alone)
+TEST_F(author, proposes_ranges_only_within_the_ground_band)
 {
     practice_state r = plain_range(sight_kind::visual);
     r.rangepicture = "moor.vrp";
     open(r);
-    EXPECT_EQ(s.Lbltgtrange.Caption, "725") << "the middle, when a range is opened";
+    EXPECT_EQ(s.Lbltgtrange.Caption, "725") << "for the middle, when a range is opened";
     move(s.Cmdbigdown, 1);
     EXPECT_EQ(s.Lbly.Caption, "5507.5");
-    EXPECT_EQ(s.Lbltgtrange.Caption, "725") << "below the ground nothing is proposed";
+    EXPECT_EQ(s.Lbltgtrange.Caption, "725") << "no proposal below the band";
     enter_range("950");
     move(s.cmdright, 2);
-    EXPECT_EQ(s.Lbltgtrange.Caption, "950") << "a move across leaves it";
+    EXPECT_EQ(s.Lbltgtrange.Caption, "950") << "kept by a move to the side";
     place(4);
     EXPECT_EQ(p.targetrange[4], 950);
     move(s.cmdup, 1);
     EXPECT_EQ(s.Lbltgtrange.Caption, "644");
     move(s.cmdup, 40);
-    EXPECT_EQ(s.Lbltgtrange.Caption, "3000") << "the last inside the ground stands over the sky";
+    EXPECT_EQ(s.Lbltgtrange.Caption, "3000") << "the last proposal in the band is kept above it";
 }
 
-TEST_F(author, takes_a_typed_range_only_where_a_position_can_hold_it)
+TEST_F(author, accepts_a_typed_range_only_if_a_position_can_store_it)
 {
     enter_range("1400");
     for (const char* wrong :
@@ -219,7 +219,7 @@ TEST_F(author, takes_a_typed_range_only_where_a_position_can_hold_it)
     EXPECT_TRUE(pc.boxes.empty());
 }
 
-TEST_F(author, refuses_pictures_that_leave_no_room)
+TEST_F(author, refuses_pictures_that_are_too_small)
 {
     const struct {
         unsigned width, height;
@@ -236,7 +236,7 @@ TEST_F(author, refuses_pictures_that_leave_no_room)
 
     d.data.put("tiny.vrp", picture_head(10, 10));
     d.data.put("range1.vrp", picture_head(2000, 500));
-    new_range("OWN", false, "tiny.vrp");   // another? no: the standby picture
+    new_range("OWN", false, "tiny.vrp");   // no other chosen: the standby picture
     EXPECT_EQ(s.Lblwide.Caption, "30000");
     EXPECT_EQ(p.rangepicture.trimmed(), "range1.vrp");
 
@@ -245,17 +245,17 @@ TEST_F(author, refuses_pictures_that_leave_no_room)
     pc.answers = {{false}, {true}, {false}, {true}, {false}, {false}, {false}};
     pc.files = {path("tiny.vrp"), path("tiny.vrp"), path("tiny.vrp")};
     pc.boxes.clear();
-    pc.click(s.cmdnew);   // again, again, then no, and no to the standby picture as well
+    pc.click(s.cmdnew);   // yes, yes, no, and no to the standby picture too
     EXPECT_EQ(s.Textname.Text, "C");
     EXPECT_EQ(pc.boxes.size(), 7U);
     EXPECT_FALSE(s.Imagerange.Visible);
 }
 
-TEST_F(author, gives_up_in_order_when_a_new_range_is_cancelled_or_its_picture_is_none)
+TEST_F(author, a_cancelled_dialog_or_a_wrong_picture_ends_a_new_range)
 {
     new_range("FIRST", true, "moor.vrp");
     pc.click(s.cmdnew);
-    EXPECT_EQ(s.Textname.Text, "FIRST") << "cancelled at the name: nothing has changed";
+    EXPECT_EQ(s.Textname.Text, "FIRST") << "cancelled at the name: unchanged";
     pc.inputs = {"A NAME OF MORE THAN TWENTY LETTERS"};
     pc.answers = {{false}};
     pc.click(s.cmdnew);   // cancelled at the picture: name and type stay
@@ -266,14 +266,14 @@ TEST_F(author, gives_up_in_order_when_a_new_range_is_cancelled_or_its_picture_is
     for (const char* wrong : {"text.vrp", "missing.vrp", "wavs"}) {
         new_range("OWN", false, wrong);
         EXPECT_FALSE(s.Imagerange.Visible) << wrong;
-        EXPECT_EQ(pc.boxes.size(), 1U) << "the question alone";
+        EXPECT_EQ(pc.boxes.size(), 1U) << "only the question for the type";
         EXPECT_NE(s.outcome.Caption.find("could not be loaded"), std::string::npos);
         pc.boxes.clear();
     }
     EXPECT_EQ(p.rangepicture.trimmed(), path("moor.vrp"));
 }
 
-TEST_F(author, a_path_too_long_for_the_file_is_shortened_within_the_ranges_and_told_of_elsewhere)
+TEST_F(author, shortens_a_long_picture_path_below_the_ranges_and_refuses_others)
 {
     const std::string folder = "a folder whose name is very long indeed, so long that no file can hold it";
     std::filesystem::create_directories(path(folder));
@@ -288,7 +288,7 @@ TEST_F(author, a_path_too_long_for_the_file_is_shortened_within_the_ranges_and_t
     EXPECT_NE(pc.boxes.back().text.find("TOO LONG"), std::string::npos);
 }
 
-TEST_F(author, saves_only_a_named_range_with_all_positions_placed)
+TEST_F(author, saves_only_a_range_with_a_name_and_all_positions)
 {
     new_range("", false, "moor.vrp");
     pc.click(s.Cmdsave);
@@ -324,8 +324,8 @@ TEST_F(author, opens_a_range_and_shows_every_position)
     EXPECT_EQ(d.data.get("copy.arf"), range_file_bytes(r));
 }
 
-// What was read before the failure is shown, and the range of the practice is another still.
-TEST_F(author, a_range_that_breaks_off_is_shown_as_far_as_it_goes)
+// Shows what was read before the failure, and leaves the range of the practice.
+TEST_F(author, shows_an_incomplete_range_as_far_as_it_can_be_read)
 {
     practice_state r = plain_range(sight_kind::visual);
     r.rangepicture = "moor.vrp";
@@ -345,7 +345,7 @@ TEST_F(author, a_range_that_breaks_off_is_shown_as_far_as_it_goes)
     EXPECT_EQ(s.Textname.Text, "PICTURELESS");
     EXPECT_NE(s.outcome.Caption.find("Its picture none.vrp could not be loaded"), std::string::npos);
     EXPECT_EQ(p.rangefile, before);
-    d.data.put("thin.vrp", picture_head(9, 2));   // no ground to divide
+    d.data.put("thin.vrp", picture_head(9, 2));   // the band has no height
     r.rangepicture = "thin.vrp";
     r.targetx[1] = 2147483647;
     open(r);
@@ -354,7 +354,7 @@ TEST_F(author, a_range_that_breaks_off_is_shown_as_far_as_it_goes)
     EXPECT_EQ(s.Lblwide.Caption, "135");
 }
 
-TEST_F(author, changes_icons_and_keeps_those_that_load)
+TEST_F(author, changes_an_icon_only_if_it_can_be_loaded)
 {
     d.data.put("target icons/own.ico", picture_head(64, 64));
     pc.files = {path("target icons/own.ico")};
@@ -373,13 +373,12 @@ TEST_F(author, changes_icons_and_keeps_those_that_load)
     d.data.remove("target icons/own.ico");
     d.data.put("target icons/target3.ico", picture_head(16, 16));
     visit();
-    EXPECT_EQ(s.Imgtarget[2].Picture.width, 960) << "what can't be loaded stays";
-    EXPECT_EQ(s.Imgtarget[3].Picture.width, 240) << "and holds up no other";
+    EXPECT_EQ(s.Imgtarget[2].Picture.width, 960) << "the old one stays if it can't be loaded";
+    EXPECT_EQ(s.Imgtarget[3].Picture.width, 240) << "the others are loaded all the same";
 }
 
-// The set-up reads heads of ranges between two visits; only a practice takes a range in hand, and then the
-// whole.
-TEST_F(author, has_one_range_in_hand)
+// The set-up screen reads heads of ranges between two visits. Only a practice replaces the open range.
+TEST_F(author, keeps_its_range_until_a_practice_reads_another)
 {
     practice_state own = plain_range(sight_kind::visual), other = own;
     own.rangename = "OWN";
@@ -403,25 +402,25 @@ TEST_F(author, has_one_range_in_hand)
     pc.click(d.screen().Cmdmain);
     visit();
     save("copy.arf");
-    other.rangename = "OWN";   // the text box says so
+    other.rangename = "OWN";   // as in the text box
     EXPECT_EQ(d.data.get("copy.arf"), range_file_bytes(other));
 }
 
-TEST_F(author, comes_up_over_the_set_up_and_keeps_its_work)
+TEST_F(author, lies_over_the_set_up_and_keeps_its_state)
 {
     new_range("OWN", false, "moor.vrp");
     move(s.cmdleft, 5);
     place(3);
     const double left = s.Imagerange.Left;
-    pc.close_window(s.window);             // leads back, and ends nothing
+    pc.close_window(s.window);             // leads back to the set-up
     pc.click(d.t.startsim.cmdeditrange);   // answered no
     EXPECT_EQ(front(pc), &d.t.startsim.window);
     pc.answers = {{true}};
     pc.click(d.t.startsim.cmdeditrange);
     EXPECT_EQ(s.Imagerange.Left, left);
-    EXPECT_EQ(s.Lblx.Caption, "23460") << "each showing points at the middle";
+    EXPECT_EQ(s.Lblx.Caption, "23460") << "each arrival points at the middle";
     pc.activate(d.t.startsim.window);
-    d.set_up();   // a practice takes the author from the desk
+    d.set_up();   // a practice hides the author
     EXPECT_EQ(s.window.state, form_state::hidden);
     pc.click(d.screen().Cmdmain);
     pc.answers = {{true}};

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "drill.h"
-#include "flow/intro.h"
 #include "gunnery/screen.h"
 #include "setup/setup.h"
 #include "setup/startsim.h"
@@ -13,18 +12,13 @@ namespace vorn {
 namespace {
 
 struct setup : testing::Test {
-    data_folder data;
-    headless_machine pc;
-    trainer t{pc};
+    drill d{sight_kind::visual};
+    data_folder& data = d.data;
+    headless_machine& pc = d.pc;
+    trainer& t = d.t;
     startsim_screen& s = t.startsim;
     practice_state& p = t.shared;
 
-    setup()
-    {
-        pc.default_directory = data.program();
-        pc.event([this] { start_program(t); });
-        pc.click(t.intro.lblstart);
-    }
     std::vector<std::string> summary() const
     {
         std::vector<std::string> all;
@@ -44,20 +38,20 @@ struct setup : testing::Test {
     }
 };
 
-// All that an instructor can set, for comparing two states.
+// The options of a practice, for comparing two states.
 auto settings(const practice_state& p)
 {
     return std::tuple(p.practicemode, p.targetauto, int(p.targetblocks), int(p.targettime),
                       int(p.engagementtype), int(p.systemstatus), p.selfdegrading, p.coaxbursts, p.windbias);
 }
 
-TEST_F(setup, each_option_sets_its_own_and_writes_its_line)
+TEST_F(setup, each_option_sets_its_value_and_writes_its_line)
 {
     const struct {
         screen_object& o;
-        std::function<bool()> holds;
-        int line;
-        const char* text;
+        std::function<bool()> is_set;
+        int line = -1;
+        const char* text = "";
     } rows[] = {
         {s.Opttarg2, [&] { return !p.targetauto; }, 5, "TARGETS APPEAR ON DEMAND"},
         {s.Opttarg1, [&] { return p.targetauto; }, 5, "TARGETS APPEAR AUTOMATICALLY"},
@@ -82,57 +76,55 @@ TEST_F(setup, each_option_sets_its_own_and_writes_its_line)
         {s.Opttime3, [&] { return p.targettime == 30; }, 4, "UP FOR 30 SECS "},
         {s.Optmode2, [&] { return p.practicemode == 2; }, 6, "THERMAL"},
         {s.Optmode1, [&] { return p.practicemode == 1; }, 6, "VISUAL"},
-        {s.Optcontroller2, [&] { return !p.fulldebrief; }, -1, ""},
-        {s.optcontroller1, [&] { return p.fulldebrief; }, -1, ""},
-        {s.opthesh1, [&] { return p.heshcorrectall; }, -1, ""},
-        {s.Opthesh2, [&] { return !p.heshcorrectall; }, -1, ""},
-        {s.Optvoice2, [&] { return !p.voiceson; }, -1, ""},
-        {s.Optvoice1, [&] { return p.voiceson; }, -1, ""},
-        {s.Opsound2, [&] { return !p.soundson; }, -1, ""},
-        {s.Optsound1, [&] { return p.soundson; }, -1, ""},
-        {s.Optscreen1, [&] { return p.plainscreen; }, -1, ""},
-        {s.Optscreen2, [&] { return !p.plainscreen; }, -1, ""},
-        {s.Optcon2, [&] { return p.keyboardselected && !p.joyselected && !p.mouseselected; }, -1, ""},
-        {s.Optcon3, [&] { return p.keyboardselected && !p.joyselected && p.mouseselected; }, -1, ""},
-        {s.Optcon1, [&] { return p.keyboardselected && p.joyselected && !p.mouseselected; }, -1, ""},
-        {s.Chkinfo1, [&] { return !p.infosystem; }, -1, ""},
-        {s.Chkinfo2, [&] { return !p.infocontrol; }, -1, ""},
-        {s.chkinfo3, [&] { return !p.infocrew; }, -1, ""},
-        {s.Chkgunlight, [&] { return !p.gunlight; }, -1, ""},
-        {s.Chkcoax, [&] { return !p.coaxlight; }, -1, ""},
-    };
+        {s.Optcontroller2, [&] { return !p.fulldebrief; }},
+        {s.optcontroller1, [&] { return p.fulldebrief; }},
+        {s.opthesh1, [&] { return p.heshcorrectall; }},
+        {s.Opthesh2, [&] { return !p.heshcorrectall; }},
+        {s.Optvoice2, [&] { return !p.voiceson; }},
+        {s.Optvoice1, [&] { return p.voiceson; }},
+        {s.Opsound2, [&] { return !p.soundson; }},
+        {s.Optsound1, [&] { return p.soundson; }},
+        {s.Optscreen1, [&] { return p.plainscreen; }},
+        {s.Optscreen2, [&] { return !p.plainscreen; }},
+        {s.Optcon3, [&] { return p.keyboardselected && !p.joyselected && p.mouseselected; }},
+        {s.Optcon1, [&] { return p.keyboardselected && p.joyselected && !p.mouseselected; }},
+        {s.Optcon2, [&] { return p.keyboardselected && !p.joyselected && !p.mouseselected; }},
+        {s.Chkinfo1, [&] { return !p.infosystem; }},
+        {s.Chkinfo2, [&] { return !p.infocontrol; }},
+        {s.chkinfo3, [&] { return !p.infocrew; }},
+        {s.Chkgunlight, [&] { return !p.gunlight; }},
+        {s.Chkcoax, [&] { return !p.coaxlight; }}};
     for (const auto& r : rows) {
         pc.click(r.o);
-        EXPECT_TRUE(r.holds()) << r.o.Caption;
+        EXPECT_TRUE(r.is_set()) << r.o.Caption;
         EXPECT_EQ(r.line < 0 ? "" : s.lblprac[r.line].Caption, r.text);
         if (r.o.kind != object_kind::option) continue;
         for (screen_object& l : s.lblprac) l.Caption = "untouched";
         pc.click(r.o);
-        EXPECT_EQ(summary(), std::vector<std::string>(8, "untouched"))
-            << "an option that is chosen does nothing";
+        EXPECT_EQ(summary(), std::vector<std::string>(8, "untouched")) << "selected already";
     }
 }
 
-TEST_F(setup, engagements_decide_what_else_can_be_set)
+TEST_F(setup, the_engagements_enable_wind_and_bursts)
 {
     pc.slide(s.HScrwind, 2);
     pc.click(s.Option4);
     pc.click(s.Opteng3);
     pc.click(s.Option3);
-    EXPECT_EQ(p.coaxbursts, 4) << "a disabled frame takes no clicks";
+    EXPECT_EQ(p.coaxbursts, 4) << "its frame is disabled";
     pc.click(s.Opteng1);
     EXPECT_EQ(s.lblprac[7].Caption, "4 KILL BURSTS ON COAX TARGETS");
     pc.click(s.Opteng4);
     EXPECT_FALSE(s.Frame6.Enabled || s.Frame10.Enabled);
     pc.slide(s.HScrwind, -3);
     pc.click(s.Opteng2);
-    EXPECT_EQ(p.coaxbursts, 2) << "code chooses two bursts";
+    EXPECT_EQ(p.coaxbursts, 2) << "set by COAX, not by a click";
     EXPECT_EQ(s.Option2.Value, 1);
     EXPECT_TRUE(s.Frame10.Enabled && !s.Frame6.Enabled);
     EXPECT_EQ(p.windbias, 2);
 }
 
-TEST_F(setup, sliders_set_on_a_change_alone)
+TEST_F(setup, sliders_set_a_value_only_when_they_move)
 {
     EXPECT_EQ(s.HSccoax.Value, 200);
     pc.slide(s.HSccoax, 200);
@@ -152,7 +144,7 @@ TEST_F(setup, sliders_set_on_a_change_alone)
     }
 }
 
-TEST_F(setup, hints_name_frames_at_once_and_buttons_after_a_rest)
+TEST_F(setup, hints_for_frames_appear_at_once_and_for_buttons_after_a_rest)
 {
     pc.event(s.Frame9.MouseMove);
     EXPECT_EQ(s.Lblinfo.Caption, "Selects and displays the range to be used");
@@ -170,14 +162,14 @@ TEST_F(setup, hints_name_frames_at_once_and_buttons_after_a_rest)
     EXPECT_FALSE(s.Lblhelp.Visible || s.Timhelp.Enabled);
     pc.event(s.cmdgame.MouseMove);
     pc.wait(0.5);
-    EXPECT_FALSE(s.Lblhelp.Visible) << "the rest counts anew";
+    EXPECT_FALSE(s.Lblhelp.Visible) << "counted from the start again";
     pc.wait(1.5);
     EXPECT_TRUE(s.Lblhelp.Visible);
     pc.event(s.Frame13.MouseMove);
     EXPECT_FALSE(s.Lblhelp.Visible);
 }
 
-TEST_F(setup, keeps_its_options_over_a_practice)
+TEST_F(setup, options_stay_after_a_practice)
 {
     pc.click(s.Optcon2);
     pc.click(s.Optcontroller2);
@@ -188,14 +180,14 @@ TEST_F(setup, keeps_its_options_over_a_practice)
     pc.click(s.Cmdstart);
     EXPECT_EQ(p.targetcount, 9);
     pc.click(t.simulator.Cmdmain);
-    EXPECT_FALSE(s.Lblhelp.Visible || s.Timhelp.Enabled) << "the mouse is no longer on START PRACTICE";
-    EXPECT_TRUE(p.fulldebrief) << "though the option still shows the quick score";
+    EXPECT_FALSE(s.Lblhelp.Visible || s.Timhelp.Enabled) << "the click ended it";
+    EXPECT_TRUE(p.fulldebrief) << "set by the arrival";
     EXPECT_TRUE(s.Optcontroller2.Value == 1 && s.Opttargets2.Value == 1);
 }
 
 // Programmed practices -------------------------------------------------------------------------------------
 
-TEST_F(setup, a_programmed_practice_chooses_its_options_and_its_words)
+TEST_F(setup, a_programmed_practice_selects_its_options_and_writes_its_summary)
 {
     const struct {
         int number, mode, system, type, wind, time;
@@ -240,12 +232,12 @@ TEST_F(setup, a_programmed_practice_chooses_its_options_and_its_words)
     }
     pc.click(s.Opttime2);
     EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 20 SECS");
-    EXPECT_EQ(s.Lblpractice[12].ForeColor, colour::red) << "it stays marked when an option changes";
+    EXPECT_EQ(s.Lblpractice[12].ForeColor, colour::red) << "stays marked when an option changes";
 }
 
 // Practice files -------------------------------------------------------------------------------------------
 
-TEST_F(setup, an_untouched_screen_saves_these_bytes)
+TEST_F(setup, the_practice_file_of_the_default_options)
 {
     save("own.prf");
     EXPECT_EQ(
@@ -263,7 +255,7 @@ TEST_F(setup, an_untouched_screen_saves_these_bytes)
     EXPECT_EQ(s.outcome.Caption, "");
 }
 
-TEST_F(setup, every_option_comes_back_from_a_file_on_a_differing_screen)
+TEST_F(setup, a_practice_file_restores_every_option)
 {
     const std::vector<std::vector<screen_object*>> shoots = {
         {&s.Optmode2, &s.Opttarg2, &s.Option3, &s.Optsys4, &s.Opteng1, &s.Opttargets2, &s.Opttime1},
@@ -286,11 +278,11 @@ TEST_F(setup, every_option_comes_back_from_a_file_on_a_differing_screen)
         EXPECT_TRUE(std::equal(now.begin() + 1, now.end(), saved[i].second.begin() + 1)) << i;
         EXPECT_EQ(practice_file_bytes(s), data.get("shoot" + std::to_string(i) + ".prf"));
     }
-    EXPECT_EQ(s.lblprac[0].Caption, "A DEGRADING ") << "though it isn't in the file";
-    EXPECT_EQ(s.lblrangetype.Caption, "THERMAL") << "the mode has loaded its range";
+    EXPECT_EQ(s.lblprac[0].Caption, "A DEGRADING ") << "not in the file: written by its option";
+    EXPECT_EQ(s.lblrangetype.Caption, "THERMAL") << "selecting the mode loads its range";
 }
 
-TEST_F(setup, a_file_that_ends_early_leaves_what_came_before)
+TEST_F(setup, a_practice_file_applies_as_far_as_it_can_be_read)
 {
     save("whole.prf");
     std::string bytes = data.get("whole.prf");
@@ -306,7 +298,7 @@ TEST_F(setup, a_file_that_ends_early_leaves_what_came_before)
     open("cut.prf");
     EXPECT_EQ(settings(p), std::tuple(1, true, 2, 30, 1, 1, false, 2, 0));
     EXPECT_EQ(s.lblprac[5].Caption, "TARGETS APPEAR AUTOMATICALLY");
-    EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 30 SECS ") << "the option's own line";
+    EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 30 SECS ") << "written by the option";
 
     pc.click(s.Opttarg2);
     pc.click(s.Optsys3);
@@ -314,10 +306,10 @@ TEST_F(setup, a_file_that_ends_early_leaves_what_came_before)
     open("wind.prf");
     EXPECT_TRUE(p.targetauto);
     EXPECT_EQ(p.windbias, 0);
-    EXPECT_EQ(p.systemstatus, 3) << "the wind is out of bounds, and all behind it is left";
+    EXPECT_EQ(p.systemstatus, 3) << "comes after the wind, which is out of bounds";
 }
 
-TEST_F(setup, what_is_no_practice_file_changes_nothing_and_says_nothing)
+TEST_F(setup, a_cancelled_dialog_or_a_wrong_file_changes_nothing)
 {
     const auto was = settings(p);
     const auto words = summary();
@@ -333,12 +325,12 @@ TEST_F(setup, what_is_no_practice_file_changes_nothing_and_says_nothing)
     data.put("none.prf", "#FALSE#\r\n#FALSE#\r\n");
     open("none.prf");
     EXPECT_EQ(s.Optmode1.Value + s.Optmode2.Value, 0);
-    EXPECT_EQ(settings(p), was) << "options are cleared without any action";
+    EXPECT_EQ(settings(p), was) << "clearing an option runs no action";
 }
 
 // The range ------------------------------------------------------------------------------------------------
 
-TEST_F(setup, a_loaded_range_decides_the_mode_until_it_is_cancelled)
+TEST_F(setup, an_opened_range_decides_the_mode_until_it_is_cancelled)
 {
     pc.files = {path("Thermalrange.arf")};
     pc.click(s.Cmdopenrange);
@@ -347,13 +339,13 @@ TEST_F(setup, a_loaded_range_decides_the_mode_until_it_is_cancelled)
     EXPECT_EQ(s.Optmode1.Value, 1);
     EXPECT_EQ(s.lblprac[6].Caption, "VISUAL PRACTICE");
     pc.click(s.Optmode2);
-    EXPECT_EQ(s.Optmode1.Value, 1) << "the mode takes no clicks";
+    EXPECT_EQ(s.Optmode1.Value, 1) << "the frame of the mode is disabled";
     pc.click(s.Lblpractice[1]);
-    EXPECT_EQ(p.practicemode, 2) << "a practice of the mode that is chosen keeps the range";
+    EXPECT_EQ(p.practicemode, 2) << "its mode is selected already, so the range stays";
     EXPECT_FALSE(s.Frmmode.Enabled);
     pc.click(s.Command3);
     EXPECT_TRUE(s.Frmmode.Enabled);
-    EXPECT_EQ(p.practicemode, 2) << "Visual was chosen already, and nothing runs";
+    EXPECT_EQ(p.practicemode, 2) << "Visual is selected already";
     pc.click(s.Optmode2);
     pc.click(s.Command3);
     EXPECT_EQ(p.practicemode, 1);
@@ -369,7 +361,7 @@ TEST_F(setup, a_loaded_range_decides_the_mode_until_it_is_cancelled)
     }
 }
 
-TEST_F(setup, a_range_that_cannot_be_read_is_asked_for_until_there_is_one)
+TEST_F(setup, asks_for_another_range_until_one_can_be_read)
 {
     data.remove("Thermalrange.arf");
     data.put("two.arf", "\"NAME\"\r\n\"picture\"\r\n");
@@ -382,12 +374,12 @@ TEST_F(setup, a_range_that_cannot_be_read_is_asked_for_until_there_is_one)
         "(Selecting NO will terminate VORN)");
     EXPECT_EQ(p.rangefile, path("visualrange.arf"));
     EXPECT_EQ(p.practicemode, 1);
-    EXPECT_FALSE(s.Frmmode.Enabled) << "the range's own type gives the mode now";
+    EXPECT_FALSE(s.Frmmode.Enabled) << "the type of the range decides the mode";
     pc.click(s.Command3);
     pc.answers = {{true}};
-    pc.click(s.Optmode2);   // and the dialog is cancelled
+    pc.click(s.Optmode2);   // cancelled
     EXPECT_EQ(p.practicemode, 2);
-    EXPECT_EQ(s.lblrangetype.Caption, "VISUAL") << "the labels keep what they showed";
+    EXPECT_EQ(s.lblrangetype.Caption, "VISUAL") << "the labels stay";
     EXPECT_FALSE(pc.ended);
     pc.click(s.Optmode1);
     pc.click(s.Optmode2);   // the question answered no
