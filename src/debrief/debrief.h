@@ -1,31 +1,28 @@
-// What the sources of the debrief screen do for each other.
+// The functions that the sources of the debrief screen share.
 #pragma once
-
-#include <string>
 
 namespace vorn {
 
 struct trainer;
 struct results_screen;
 
-// Side of a marker, twips; its middle is what it marks.
+// Side of a marker, twips. A marker marks its middle.
 inline constexpr double mark = 480;
 
-// design.cpp: where everything stands.
+// design.cpp: the layout.
 void design_results(results_screen&);
 
-// engagement.cpp: the list of engagements and what is shown of the chosen one.
+// engagement.cpp: the list of engagements, and the selected one.
 void make_engagements(trainer&);
-// Loads the icons that the record names; false when one can't be loaded. Its place then has the picture that
-// is built in.
+// Loads the icons that the record names. False if one can't be loaded; the built-in picture is then shown.
 bool loadstock(trainer&);
-// The pictures of the list, and engagement 1 chosen.
+// Shows the pictures of the list and selects engagement 1.
 void fillengagements(trainer&);
 
-// results.cpp: shows the record's head.
+// results.cpp: shows the head of the record.
 void showdetails(trainer&);
-// Puts the picture of the record's range on the strip, or the placeholder for want of it; false when the
-// record names one that can't be loaded.
+// Shows the picture of the record's range on the strip, or the placeholder. False if the record names a
+// picture that can't be loaded.
 bool showrange(trainer&);
 
 }   // namespace vorn

@@ -1,9 +1,12 @@
-// How the debrief screen is laid out: the range along the top, below it the list of engagements, what is
-// known of the chosen one, and the target with its markers, which are read at a glance. Twips.
-#include "platform/design.h"
+// The layout of the debrief screen, in twips: the range along the top; below it from left to right the list
+// of engagements, the facts of the selected one, and the target with its markers.
+#include <string>
+#include <utility>
+
 #include "debrief/debrief.h"
 #include "debrief/results.h"
 #include "flow/hints.h"
+#include "platform/design.h"
 
 namespace vorn {
 
@@ -11,7 +14,7 @@ namespace {
 
 using S = results_screen;
 
-// The record holds the offsets of laze and visual aim the other way up than the marks are placed.
+// The marks of laze and visual aim are placed upside down, with the signs of the record.
 constexpr const char* reading =
     "The cross is the middle of the target. The other marks show laser, aim and round against it.\n\n"
     "Laser, and aim of the visual sight, stand upside down: below the cross is too high.\n\n"
@@ -101,7 +104,7 @@ void information(S& s)
     }
 }
 
-// The four marks in one place, as they stand beside the target.
+// The meaning of the four marks.
 void legend(S& s)
 {
     add(s.window, s.Frame7, frame({90, 4620, 4515, 2145}, "LEGEND"), &s.Frame1);
@@ -138,7 +141,7 @@ void target_details(S& s)
     add(s.window, s.Frame1, frame({7320, 3480, 4695, 6855}, " TARGET DETAILS"));
     caption(s, &s.Frame1, label({180, 390, 1800, 300}, "ROUNDS FIRED", colour::dim));
     add(s.window, s.Lblrounds, bold(label({1980, 390, 900, 300}, "", colour::live)), &s.Frame1);
-    const area seen{60, 720, 4575, 3255};   // where a marker can be; one further out stands at the edge
+    const area seen{60, 720, 4575, 3255};   // bounds of the markers; one outside is shown at the edge
     caption(s, &s.Frame1, image({seen.Left, seen.Top, seen.Width, seen.Height}, ":target_ground"));
     object_fields details = image({1440, 960, 1695, 1695}, ":target");
     details.ToolTipText = "LAY OF MBS";

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <string>
 
 #include "debrief/debrief.h"
 #include "debrief/results.h"
@@ -12,7 +13,7 @@ namespace vorn {
 namespace {
 
 constexpr int rows = 15;
-constexpr int farthest_seen = 2200;   // metres: beyond it the point of aim can't be told on the target
+constexpr int farthest_seen = 2200;   // metres; beyond it the point of aim is not shown
 
 // Rounds 1 to 4.
 using round_buttons = std::array<screen_object*, 4>;
@@ -21,29 +22,23 @@ round_buttons roundbuttons(results_screen& s)
     return {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4};
 }
 
-int row(const results_screen& s)
-{
-    return s.selectedengagement;
-}
-
-// "DST" has no picture of its own: the place keeps the one that it had.
+// There is no picture for "DST": the list keeps the one from before.
 void show_in_list(const practice_state& p, results_screen& s, int e)
 {
-    const std::string& ammo = p.recammo[e];
-    const screen_object* stock = ammo == "FIN"    ? &s.Imgfin
-                                 : ammo == "COAX" ? &s.Imgcoax
-                                 : ammo == "HESH" ? &s.Imghesh
-                                 : ammo.empty()   ? &s.imgblank
-                                                  : nullptr;
-    if (stock != nullptr) s.Imgtgtnumber[e].Picture = stock->Picture;
+    const struct {
+        const char* ammo;
+        const screen_object& stock;
+    } pictures[] = {{"FIN", s.Imgfin}, {"HESH", s.Imghesh}, {"COAX", s.Imgcoax}, {"", s.imgblank}};
+    for (const auto& [ammo, stock] : pictures)
+        if (p.recammo[e] == ammo) s.Imgtgtnumber[e].Picture = stock.Picture;
 }
 
-// The marks of the thermal sight as they stood: the ballistic one with the full system, else the reversionary
-// one.
-void show_sight_marks(results_screen& s)
+// The mark of the thermal sight: the ballistic aiming mark with the full system, otherwise the reversionary
+// mark.
+void show_sight_marks(const practice_state& p, results_screen& s)
 {
-    const bool full = s.Lblsystem.Caption == "FULL";
-    const std::string& ammo = s.Lblammo.Caption;
+    const bool full = p.recsystem[s.selectedengagement] == "FULL";
+    const std::string& ammo = p.recammo[s.selectedengagement];
     s.Imgbam.Visible = full;
     s.Imgrevfin.Visible = !full && ammo == "FIN";
     s.Imgrevhesh.Visible = !full && (ammo == "HESH" || ammo == "COAX");
@@ -51,29 +46,26 @@ void show_sight_marks(results_screen& s)
 
 void show_facts(const practice_state& p, results_screen& s)
 {
-    const int e = row(s);
+    const int e = s.selectedengagement;
     const auto number = [](int n) { return std::to_string(n); };
-    constexpr std::size_t longest = 20;   // a file may hold anything
+    constexpr std::size_t longest = 20;   // a file can contain texts of any length
     s.Lblsystem.Caption = left(p.recsystem[e], longest);
     s.Lbltargetnum.Caption = number(p.rectarget[e]);
     s.Lblammo.Caption = left(p.recammo[e], longest);
-    show_sight_marks(s);
+    show_sight_marks(p, s);
     s.Lblrounds.Caption = number(p.recrounds[e]);
     s.Lbltarget.Caption = left(p.rechit[e], longest);
     s.Lbltime.Caption = number(p.rectime[e]);
     s.lbltargetrange.Caption = number(p.recrange[e]);
 }
 
-// The signs are those of the record: its offsets run from the aim, the laze and the round to the target. A
-// target that was never measured, which a thermal one without a laze is, gives no scale, and its markers are
-// hidden.
 void place(screen_object& mark, double left, double top)
 {
     mark.Left = left;
     mark.Top = top;
 }
 
-// The button of the round on view is told from the others.
+// Marks the button of the round that is shown.
 void show_round(results_screen& s, int round)
 {
     for (int r = 1; screen_object * button : roundbuttons(s)) {
@@ -84,10 +76,11 @@ void show_round(results_screen& s, int round)
     }
 }
 
-// A mark is pale where nothing in the record has put it there.
+// The offsets of the record run from the aim, the laze and the round to the target. A mark without an entry
+// in the record is pale.
 void place_markers(const practice_state& p, results_screen& s, int round)
 {
-    const int e = row(s);
+    const int e = s.selectedengagement;
     const double scale = s.markerscale;
     const double left = s.Shape1.Left, top = s.Shape1.Top;
     place(s.Imagepoa, left - p.recaimx[e][round] * scale, top + p.recaimy[e][round] * scale);
@@ -98,10 +91,11 @@ void place_markers(const practice_state& p, results_screen& s, int round)
     show_round(s, round);
 }
 
-// About the middle of the fall's mark. The record doesn't hold the kill area: it is the one that is set now.
+// The outline in which the middle of the fall mark is a hit. The record has no kill area, so it is the
+// present one.
 void outline_killbox(const practice_state& p, results_screen& s)
 {
-    const double width = p.recwidth[row(s)];
+    const double width = p.recwidth[s.selectedengagement];
     const auto kind = p.resultmode == "THERMAL" ? sight_kind::thermal : sight_kind::visual;
     const kill_box box = kill_box_of(kind, width, width, width / std::max(p.killarea, 1));
     const double scale = s.markerscale;
@@ -110,9 +104,10 @@ void outline_killbox(const practice_state& p, results_screen& s)
     s.killbox.Height = std::max(box.bottom - box.top, 0.0) * scale;
 }
 
+// A target without a width, such as a thermal one that was not lazed, gives no scale: its markers are hidden.
 void show_markers(const practice_state& p, results_screen& s)
 {
-    const int e = row(s);
+    const int e = s.selectedengagement;
     const int width = p.recwidth[e];
     const bool measured = width > 0;
     s.markerscale = measured ? static_cast<std::int32_t>(rounded(s.Imgtargetdetails.Height / width)) : 0;
@@ -123,11 +118,11 @@ void show_markers(const practice_state& p, results_screen& s)
     outline_killbox(p, s);
 }
 
-// An engagement of one round has no round buttons. A further round laid exactly on the target's centre line
-// isn't seen as one.
+// An engagement of one round has no round buttons. A further round is recognised by its aim, so one laid
+// exactly on the centre line of the target gets no button.
 void show_round_buttons(const practice_state& p, results_screen& s)
 {
-    const auto& aim = p.recaimx[row(s)];
+    const auto& aim = p.recaimx[s.selectedengagement];
     s.Cmdround1.Visible = s.cmdround2.Visible = aim[2] != 0;
     s.Cmdround3.Visible = aim[3] != 0;
     s.cmdround4.Visible = aim[4] != 0;
@@ -135,7 +130,7 @@ void show_round_buttons(const practice_state& p, results_screen& s)
 
 void point_at_target(const practice_state& p, results_screen& s)
 {
-    const int e = row(s);
+    const int e = s.selectedengagement;
     const bool ownpicture = s.originalrange.Picture != s.originalrange.design->Picture;
     s.imgtargetpointer.Visible = ownpicture && s.overviewscalex > 0 && s.overviewscaley > 0;
     if (!s.imgtargetpointer.Visible) return;
@@ -145,7 +140,7 @@ void point_at_target(const practice_state& p, results_screen& s)
 
 void show_target_picture(const practice_state& p, results_screen& s)
 {
-    const std::string& ammo = p.recammo[row(s)];
+    const std::string& ammo = p.recammo[s.selectedengagement];
     s.Imgtargetdetails.Picture = (ammo == "HESH" ? s.Imghesh : ammo == "COAX" ? s.Imgcoax : s.Imgfin).Picture;
 }
 
@@ -157,14 +152,14 @@ void target(trainer& t)
     point_at_target(t.shared, s);
     show_markers(t.shared, s);
     show_round_buttons(t.shared, s);
-    s.Frame1.Visible = s.Lblsystem.Caption != "TLS ONLY";
+    s.Frame1.Visible = t.shared.recsystem[s.selectedengagement] != "TLS ONLY";
 }
 
 void highlight(results_screen& s, int e)
 {
     for (int n = 1; n <= rows; ++n) {
         s.Lbltgtnumber[n].ForeColor = n == e ? colour::red : colour::darkred;
-        s.Lbltgtnumber[n].bold = n == e;   // to be told apart without colour too
+        s.Lbltgtnumber[n].bold = n == e;   // to be distinguished without colour too
     }
 }
 
@@ -183,7 +178,7 @@ void lbltgtnumber_click(trainer& t, int e)
 void cmdround_click(trainer& t, int round)
 {
     results_screen& s = t.results;
-    const int e = row(s);
+    const int e = s.selectedengagement;
     place_markers(t.shared, s, round);
     place(s.Imgthermtarget, s.Imgbam.Left + t.shared.recaimx[e][round],
           s.Imgbam.Top - t.shared.recaimy[e][round]);
@@ -204,7 +199,7 @@ bool loadstock(trainer& t)
                  {s.Imgcoax, p.targeticon3, p.resulticon3}};
     bool all = true;
     for (const auto& [holder, targeticon, resulticon] : stock) {
-        holder.Picture = holder.design->Picture;   // never another record's
+        holder.Picture = holder.design->Picture;   // not the one of another record
         if (targeticon.empty() || resulticon.empty()) continue;
         loaded_picture loaded = t.pc.load_picture(icon_path(t.pc, p.rootpath, resulticon));
         if (loaded.result) holder.Picture = std::move(*loaded.result);

@@ -6,10 +6,10 @@ namespace vorn {
 
 namespace {
 
-// The heading's lines, of a font of their own, end before the student's details.
+// Lines before the student's details, in another font.
 constexpr int heading_lines = 6;
 
-// The number of an engagement goes by one name on paper and by another in the text file.
+// The label of an engagement's number on paper and in the text file.
 constexpr const char* on_paper = "TARGET NUMBER..............";
 constexpr const char* in_text = "ENGAGEMENT NUMBER..........";
 
@@ -28,7 +28,7 @@ sums added_up(const practice_state& p)
     return s;
 }
 
-// A record with no engagements, or none of which took any time, has no average or score: 0 stands for it.
+// A record without engagements, or without times, has no average or score: they are shown as 0.
 double divided(double a, double b)
 {
     return b == 0 ? 0 : a / b;
@@ -48,7 +48,7 @@ void add_engagement(text_lines& lines, const practice_state& p, int e, const std
                 "TIME TAKEN................." + number_text(p.rectime[e]), "         ~~~~~~~*~~~~~~~   "});
 }
 
-// Where nothing was hit, no number of hits is printed.
+// Without a hit, no number of hits is printed.
 void add_summary(text_lines& lines, const practice_state& p)
 {
     const sums s = added_up(p);

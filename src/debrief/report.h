@@ -1,5 +1,5 @@
-// The practice report: a plain printed record of a practice, one block for each engagement and a summary of
-// hits, average time and score.
+// The practice report: a printed record of a practice with a block for each engagement and a summary of hits,
+// average time and score.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@
 
 namespace vorn {
 
-// The lines in their order and fonts. Goes by the record in memory, engagements 1 to targetcount.
+// The lines with their fonts, from engagements 1 to targetcount of the record in memory.
 std::vector<printed_line> report_lines(const practice_state&);
 
 // Prints the report on the default printer, or into a file that is named after the student.

@@ -1,6 +1,6 @@
 #include "debrief/results.h"
 
-#include <filesystem>
+#include <string>
 
 #include "debrief/debrief.h"
 #include "debrief/report.h"
@@ -24,7 +24,7 @@ void say(trainer& t, const std::string& words, const std::string& title = {})
     t.pc.message_box({words, title});
 }
 
-// Coming up, each time the screen is shown.
+// Runs each time the screen is shown.
 void results_arrival(trainer& t)
 {
     results_screen& s = t.results;
@@ -52,8 +52,7 @@ void save_record(trainer& t)
     t.results.outcome.Caption = t.shared.resultsfile + " is saved";
 }
 
-// The record, and then the screen anew from it. A picture or an icon that it names and that can't be loaded
-// counts as a failure of the read.
+// Reads the record and shows it. False also if a picture or icon that it names can't be loaded.
 bool read_record(trainer& t)
 {
     results_screen& s = t.results;
@@ -94,7 +93,7 @@ void cmdprint_click(trainer& t)
     t.results.outcome.Caption = done.file.empty() ? "The report is printed" : done.file + " is saved";
 }
 
-// A cancelled save leaves a name that no file has; the user is told rather than left to think it was deleted.
+// After a cancelled save resultsfile is the name of no file; the failure is then reported.
 void cmddelete_click(trainer& t)
 {
     t.results.outcome.Caption.clear();
@@ -150,7 +149,7 @@ void showdetails(trainer& t)
 {
     results_screen& s = t.results;
     s.Txtstudent.Text = t.shared.studentdetails.text();
-    constexpr std::size_t longest = 60;   // a file may hold anything
+    constexpr std::size_t longest = 60;   // a file can contain texts of any length
     s.Txtpractype.Text = left(t.shared.resultmode, longest);
     s.Txtrngename.Text = left(t.shared.resultrange, longest);
 }
@@ -161,7 +160,7 @@ bool showrange(trainer& t)
     const std::string file = without_padding(t.shared.resultpicture);
     loaded_picture found;
     if (!file.empty()) found = t.pc.load_picture(file);
-    static_cast<object_fields&>(s.originalrange) = *s.originalrange.design;   // never another record's
+    static_cast<object_fields&>(s.originalrange) = *s.originalrange.design;   // not the one of another record
     s.imgtargetpointer.Visible = false;
     if (found.result) {
         s.originalrange.Picture = std::move(*found.result);

@@ -1,5 +1,5 @@
-// The debrief screen: goes through a finished practice engagement by engagement, with the last laze, the
-// point of aim and the fall of each round marked on the target; saves, opens, deletes and prints records.
+// The debrief screen: shows a finished practice engagement by engagement, with the last laze, the point of
+// aim and the fall of each round marked on the target; saves, opens, deletes and prints records.
 #pragma once
 
 #include <cstdint>
@@ -17,14 +17,14 @@ struct results_screen {
     // Along the top.
     screen_object Cmdsave, Cmdopen, Cmdprint, Cmddelete, cmdnew, Cmdreplay, Cmdexit, Cmdhelpon;
 
-    screen_object Imgrange;           // the range picture, squeezed into a strip
-    screen_object imgtargetpointer;   // where on it the chosen target stood
-    screen_object originalrange;   // the same picture at its full size, never shown: gives the strip's scale
+    screen_object Imgrange;           // the range picture, scaled to a strip
+    screen_object imgtargetpointer;   // where the selected target was on it
+    screen_object originalrange;   // the same picture at full size, never shown: gives the scale of the strip
 
     // The engagement list, from 1.
     screen_object Frame4;
     screen_object Lbltgtnumber[16], Imgtgtnumber[16];
-    screen_object Imgfin, Imghesh, Imgcoax, imgblank;   // stock of pictures for the list
+    screen_object Imgfin, Imghesh, Imgcoax, imgblank;   // pictures for the list, never shown
 
     screen_object Frame3, Txtstudent, Txtpractype, Txtrngename;
     screen_object Frame2, Lbltargetnum, Lblsystem, Lblammo, lbltargetrange, Lbltarget, Lbltime;
@@ -38,13 +38,13 @@ struct results_screen {
 
     screen_object outcome;   // what was saved, printed or deleted last
     screen_object Lblinfo, lblhelp;
-    std::deque<screen_object> captions;   // labels that never change
+    std::deque<screen_object> captions;   // the labels that never change
 
     timer Timhelp;
     int hintticks = 0;
     int selectedengagement = 0;
-    std::int32_t markerscale = 0;   // twips on Imgtargetdetails to one on the gunnery screen
-    std::int32_t overviewscalex = 0, overviewscaley = 0;   // twips of the whole picture to one of the strip
+    std::int32_t markerscale = 0;   // twips on Imgtargetdetails per twip on the gunnery screen
+    std::int32_t overviewscalex = 0, overviewscaley = 0;   // twips of the whole picture per twip of the strip
 };
 
 void make_results(trainer&);

@@ -1,4 +1,4 @@
-// The whole of what the program asks of the machine it runs on: screens, time, boxes, sound, joystick,
+// Everything that the program asks of the machine it runs on: screens, time, boxes, sound, joystick,
 // pictures, printer and files. One machine has a window system, the other a virtual clock and no screen.
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace vorn {
 
-// The shortest interval at which a timer ticks, in seconds: a 1 ms timer means "as fast as it goes".
+// The shortest interval at which a timer ticks, in seconds: an interval of 1 ms means as fast as possible.
 inline constexpr double timer_floor = 0.016;
 
 enum class box_buttons { ok, yes_no };
@@ -70,52 +70,52 @@ struct screen_stack {
 
 class machine {
 public:
-    machine();   // the working directory is the process's to begin with
+    machine();   // in the working directory of the process
     machine(const machine&) = delete;
     machine& operator=(const machine&) = delete;
     virtual ~machine() = default;
 
     // Seconds since some fixed moment.
     virtual double now() const = 0;
-    // One count of a counted move is worth this many seconds: lets what it changed be seen meanwhile.
-    // No event is handled.
+    // One step of a counted move takes this many seconds; its changes can be seen meanwhile. Handles no
+    // event.
     virtual void pace(double seconds) = 0;
-    // Lets pending events be handled in the midst of a handler. Anything may have happened when it returns.
+    // Handles pending events inside a handler. Any state may have changed when it returns.
     virtual void do_events() = 0;
-    // Ends the program at once; nothing after it is executed.
+    // Ends the program immediately and doesn't return.
     [[noreturn]] virtual void end_program() = 0;
 
-    // Boxes block the handler, not the clock. Gives true for OK and yes, false for no.
+    // A box blocks the handler, not the timers. True for OK and yes, false for no.
     virtual bool message_box(const message&) = 0;
     virtual std::optional<std::string> input_box(const std::string& title, const std::string& prompt,
                                                  const std::string& proposed) = 0;
     virtual std::optional<std::string> choose_file(const file_dialog&) = 0;
-    // Opens a help file at its contents, beside the screens, and returns at once.
+    // Opens a help file at its table of contents in a separate window and returns immediately.
     virtual void show_help(const std::string& path) = 0;
 
-    // The one sound channel. play cuts off what is playing and returns at once; a file that is missing or
-    // broken, or a machine without sound, is passed over in silence.
+    // The only sound channel. play stops the present sound and returns immediately. A missing or damaged file
+    // and a machine without sound are ignored.
     virtual void play(const std::string& path) = 0;
     virtual void close_sound() = 0;
 
-    // Readings of the joystick by number: 5 and 7 the upper ends of X and Y, 13 and 14 X and Y as they are.
+    // Readings of the joystick: 5 and 7 are the upper ends of the X and Y scales, 13 and 14 the present X and
+    // Y.
     virtual long joystick_reading(int number) = 0;
     virtual bool joystick_present() = 0;
 
-    // Recognised by content, whatever the name says.
+    // Recognises the format by content, not by name.
     virtual loaded_picture load_picture(const std::string& path) = 0;
 
     // Prints on the default printer, or for want of one into a file, whose name begins with this.
     virtual print_outcome print(const std::vector<printed_line>&, const std::string& name) = 0;
 
     std::filesystem::path working_directory;   // absolute
-    std::string default_directory;             // where the program directory is looked for first
+    std::string default_directory;             // the program directory, unless it can't be entered
     screen_stack screens;
 };
 
-// Screens. Show loads a screen that isn't loaded and brings it to the front; its arrival runs after the
-// handler that showed it has returned. Hiding or unloading the front screen brings the one beneath to the
-// front.
+// Screens. show loads a screen if necessary and brings it to the front; its arrival runs after the handler
+// that showed it has returned. Hiding or unloading the front screen brings the next one to the front.
 void load(machine&, form&);
 void show(machine&, form&);
 void hide(machine&, form&);
@@ -123,19 +123,19 @@ void unload(machine&, form&);
 form* front(const machine&);
 // The window system has brought this screen to the front.
 void came_to_front(machine&, form&);
-// The user closes the window by its frame: the exit button's action, also where its panel is hidden, or what
-// a screen without one does then.
+// The user has closed the window by its frame: runs the click of the exit button, even in a hidden panel, or
+// `closed` on a screen without one.
 void close_by_frame(form&);
-// A joystick has been plugged in or pulled out: tells all screens that are loaded.
+// A joystick has been connected or disconnected: runs the handlers of all loaded screens.
 void joystick_changed(machine&);
 
-// Runs one event to its end, then the arrivals that waited for it.
+// Runs the handler of one event, then the arrivals that waited for it.
 void handle(machine&, const std::function<void()>& event);
 
-// Timers. The moment of the next tick (infinity: none), and the delivery of all that is due now, each
-// timer once, in the order of their moments, with a word after each. A timer never ticks inside its own
-// handler.
+// Time of the next tick in seconds on the machine's clock; infinity if no timer runs.
 double next_tick(machine&);
+// Runs the due timers, each once, in the order of their times, and a function after each. A timer never ticks
+// inside its own handler.
 void deliver_ticks(machine&, const std::function<void()>& after_each = {});
 
 }   // namespace vorn

@@ -1,5 +1,5 @@
-// What a screen is made of: plain structs whose fields are the model, and the few rules that are more
-// than a field. Handlers write the fields; the machine shows whatever has changed when a handler is done.
+// Screens and their objects: plain structs whose fields are the model, and the few rules beyond plain fields.
+// Handlers write the fields; after a handler the machine shows what has changed.
 #pragma once
 
 #include <functional>
@@ -10,24 +10,24 @@
 
 namespace vorn {
 
-inline constexpr double twips_per_pixel = 15;   // at the natural 96 dots per inch
+inline constexpr double twips_per_pixel = 15;   // at 96 dots per inch
 inline constexpr double form_width = 15360;     // every screen is designed on 1024 x 768 pixels
 inline constexpr double form_height = 11520;
 
 // Colours by their role; the desktop turns each into a shade.
 enum class colour {
-    ground,      // the form or frame behind; as a back colour: none of its own
+    ground,      // background of form or frame; as a back colour: transparent
     text,        // ordinary text and button text
-    highlight,   // text under the mouse, the chosen thing
+    highlight,   // text under the mouse cursor, the selected item
     dim,         // secondary text
-    live,        // what is live at this moment: readouts, the crew line
+    live,        // present values: readouts, the crew line
     red,         // full red
     darkred,     // half red
     white,
     black,
     sight,       // marks of the sight picture, readable over sky and ground
     tracer,      // a round in flight
-    hottracer,   // the same by its heat
+    hottracer,   // a round in flight in the thermal sight
 };
 
 enum class alignment { left, centre, right };
@@ -35,9 +35,9 @@ enum class text_size { small, normal, large };
 enum class shape_kind { rectangle, dashed_rectangle, ellipse, filled_ellipse };
 
 enum class object_kind {
-    frame,   // a captioned panel that holds others
-    sight,   // a window that clips what it holds and draws it in its order
-    label,   // text; with a Click it works as a button without a border
+    frame,   // a panel with a caption that contains other objects
+    sight,   // a window that clips its objects and draws them in their order
+    label,   // text; with a Click handler also a button without a border
     button,
     option,   // one of a group: the options inside one parent
     checkbox,
@@ -47,22 +47,22 @@ enum class object_kind {
     shape,
 };
 
-// Decoded pixels; only the machine that decoded them knows what they are.
+// Decoded pixels; only the machine that decoded them knows their type.
 struct picture_pixels {
     virtual ~picture_pixels() = default;
 };
 
-// A picture: a loaded file, or a drawing of the machine's own named in `source` by ":name".
+// A loaded file, or a built-in drawing with the `source` ":name".
 struct picture {
     std::string source;
-    double width = 0;   // natural size in twips, 15 to the picture's pixel; 0 for a drawing, which has none
+    double width = 0;   // natural size, 15 twips to a pixel of the picture; 0 for a drawing
     double height = 0;
     std::shared_ptr<const picture_pixels> pixels;
 
     bool operator==(const picture&) const = default;
 };
 
-// A part of a parent, twips from its upper left corner.
+// A rectangle in a parent, twips from its upper left corner.
 struct area {
     double Left = 0, Top = 0, Width = 0, Height = 0;
 
@@ -73,14 +73,14 @@ struct area {
 struct object_fields {
     object_kind kind = object_kind::label;
     double Left = 0, Top = 0, Width = 0, Height = 0;   // twips, from the parent's upper left corner
-    area Within;   // an object whose place lies outside is shown at the edge; of no size: shown where it is
+    area Within;   // an object outside is shown at the edge; ignored if its size is 0
     bool Visible = true;
     bool Enabled = true;
     std::string Caption;     // in a button '&' marks the access key
     std::string Text;        // text box
-    bool ReadOnly = false;   // text box: shows, and takes no typing
+    bool ReadOnly = false;   // text box: can't be edited
     std::string ToolTipText;
-    std::string AccessibleName;   // what a screen reader says before the caption, or for want of one
+    std::string AccessibleName;   // what a screen reader says before the caption or without one
     colour ForeColor = colour::text;
     colour BackColor = colour::ground;
     picture Picture;                         // image; a button shows it instead of its caption
@@ -98,7 +98,7 @@ struct object_fields {
 struct form;
 
 struct screen_object : object_fields {
-    std::optional<object_fields> design;   // what the fields go back to at each load
+    std::optional<object_fields> design;   // values of the fields at each load
     screen_object* parent = nullptr;       // none: the form itself
     form* owner = nullptr;
 
@@ -110,15 +110,15 @@ struct screen_object : object_fields {
     std::function<void()> MouseMove;   // the mouse is over it
 };
 
-// A repeating timer. Enabled is read freely and written by start and stop alone: switching on from off
-// begins a fresh interval, switching on what is on changes nothing.
+// A repeating timer. Only start and stop write Enabled. start begins a new interval unless the timer runs
+// already.
 struct timer {
     int Interval = 0;   // milliseconds
     bool Enabled = false;
     std::function<void()> tick;
 
-    // The clock's own notes.
-    bool fresh = false;     // switched on, not yet given its first moment
+    // Used by the clock only.
+    bool fresh = false;     // started; `due` is not yet set
     bool ticking = false;   // its handler is running
     double due = 0;         // seconds on the machine's clock
 };
@@ -126,7 +126,7 @@ struct timer {
 void start(timer&);
 void stop(timer&);
 
-// A key, by its virtual key code, that works a button while the panel that holds the button is hidden.
+// A key, by its virtual key code, that works a button while the panel of the button is hidden.
 struct panel_key {
     int code = 0;
     bool alt = false;   // with Alt held
@@ -135,7 +135,7 @@ struct panel_key {
 
 enum class form_state { not_loaded, hidden, shown };
 
-// One screen: its objects in the order in which they lie over each other, its timers and what it does.
+// One screen: its objects from bottom to top, its timers and its handlers.
 struct form {
     std::string name;
     std::string Caption;
@@ -161,26 +161,26 @@ struct form {
     std::function<void()> JoystickChanged;   // one has been plugged in or pulled out; also on a hidden screen
 };
 
-// Puts an object on the form, above those that are there; with design values, to which each load returns it.
+// Adds an object to the form, on top of the others. With design values, each load sets it to them.
 void add(form&, screen_object&, screen_object* parent = nullptr);
 void add(form&, screen_object&, object_fields design, screen_object* parent = nullptr);
 void add(form&, timer&, int interval, std::function<void()> tick);
 
-// Selects an option: clears the others of its group and runs its action, unless it is selected already.
+// Selects an option, clears the others of its group and runs its action, unless it is selected already.
 void select_option(screen_object& option);
-// Moves a slider within its bounds: its action runs only when the position changes.
+// Moves a slider within its bounds; runs its action only if the position changes.
 void set_slider(screen_object& slider, int position);
-// Replaces the text of a text box and reports the change.
+// Replaces the text of a text box; runs its action only if the text changes.
 void set_text(screen_object& textbox, const std::string& text);
 
-// Whether the user can work it: it and all that holds it is visible and enabled, on a shown screen.
+// Whether the user can use the object: it and its parents are visible and enabled, and its screen is shown.
 bool takes_input(const screen_object&);
 
-// The button that the key works although its panel is hidden; none where the panel is seen, or the button
-// can't be used.
+// The button that a key works although its panel is hidden; none if the panel is visible or the button can't
+// be used.
 screen_object* button_of_key(const form&, int code, bool alt);
 
-// What the user does, on either machine; each does nothing where the object takes no input.
+// Input by the user, on either machine. Ignored if the object takes no input.
 void user_click(screen_object&);
 void user_click_at(screen_object&, double x, double y);
 void user_slide(screen_object& slider, int position);

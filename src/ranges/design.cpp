@@ -1,7 +1,10 @@
-// How the range author is laid out: the work above, from left to right in the order in which a position is
-// marked, and the whole range below. Twips.
-#include "platform/design.h"
+// The layout of the range author, in twips: above the frames from left to right in the order in which a
+// position is marked, below the overview of the range.
+#include <string>
+#include <utility>
+
 #include "flow/hints.h"
+#include "platform/design.h"
 #include "ranges/author.h"
 #include "ranges/rauthor.h"
 
@@ -30,11 +33,11 @@ void buttons(S& s)
                  {s.Cmdstart, "RETURN", "START"},
                  {s.Cmdexit, "EXIT VORN", ""},
                  {s.Command1, "HELP", ""}});
-    // This screen lies over another: closing its window leads back there and loses nothing.
+    // Closing the window returns to the set-up screen beneath and loses nothing.
     s.window.exit_button = &s.Cmdstart;
 }
 
-// The picture starts where the middle of it is marked.
+// The picture starts with its middle in the window.
 void sight_window(S& s)
 {
     constexpr double width = 43560, height = 7335;   // of the placeholder, as of a small range picture
@@ -106,7 +109,7 @@ void number_buttons(S& s)
     }
 }
 
-// A label that is clicked, with a plate that shows it.
+// A clickable label, with a background that shows it as such.
 object_fields plate(rectangle at, const char* words, const char* tip)
 {
     object_fields f = label(at, words, colour::text, text_size::normal, alignment::centre);

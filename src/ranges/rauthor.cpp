@@ -30,7 +30,7 @@ void rauthor_load(rauthor_screen& s)
     placeholderband(s);
 }
 
-// The icons on the screen are those that a save would name; one that is missing leaves its place as it is.
+// Shows the icons of the open range, which a save would store; one that can't be loaded stays as it is.
 void rauthor_arrival(trainer& t)
 {
     rauthor_screen& s = t.rauthor;

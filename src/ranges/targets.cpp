@@ -1,4 +1,6 @@
 #include <charconv>
+#include <limits>
+#include <optional>
 #include <string>
 
 #include "flow/boxes.h"
@@ -12,7 +14,7 @@ namespace vorn {
 
 namespace {
 
-constexpr double marker_aside = 100;   // twips of a marker from the overview's cursor
+constexpr double marker_aside = 100;   // twips from the overview's cursor to the marker
 
 void lbltargetnum_click(rauthor_screen& s, int position)
 {
@@ -24,7 +26,7 @@ void lbltargetnum_click(rauthor_screen& s, int position)
     s.Lbltarget.Caption = std::to_string(position);
 }
 
-// A range that a position can hold; nothing where the text is none.
+// The range in metres that a text gives; nothing if a position can't store it.
 std::optional<int16> range_of(const std::string& text)
 {
     const std::size_t from = text.find_first_not_of(' ');

@@ -11,10 +11,10 @@ namespace {
 
 using S = rauthor_screen;
 
-constexpr double pointer = 240;   // side of the overview's cursor, whose lower right corner is the point
-constexpr int as_fast_as_it_goes = 1;
+constexpr double pointer = 240;   // side of the overview's cursor, twips; its lower right corner is the point
+constexpr int as_fast_as_possible = 1;   // milliseconds
 
-// How close the picture may come to leaving the sight window, twips.
+// Limits of the picture's movement, twips: it must not leave the sight window.
 constexpr double near_edge = -120;
 constexpr double window_width = 3000, window_height = 2500;
 constexpr double spare_below = 100, spare_right = 1;
@@ -99,7 +99,7 @@ void scaleoverview(rauthor_screen& s)
     s.Image1.Picture = s.Imagerange.Picture;
 }
 
-// As numbers of the overview, not of the picture: on the placeholder nothing is proposed.
+// In units of the overview rather than of the picture, so that no range is proposed on the placeholder.
 void placeholderband(rauthor_screen& s)
 {
     const float height = static_cast<float>(s.Imagerange.Height);
@@ -137,11 +137,11 @@ void putpicture(rauthor_screen& s, picture p)
 void proposerange(rauthor_screen& s)
 {
     constexpr int steps = 40;         // in the band
-    constexpr double beyond = 50;     // steps from the bottom of the band to where the count begins
-    constexpr double nearest = 500;   // metres at that place
+    constexpr double beyond = 50;     // steps from the top of the band to the origin of the count
+    constexpr double nearest = 500;   // metres at the origin
     if (s.pointy <= s.bandtop || s.pointy >= s.bandbottom) return;
     const double step = Int(s.bandheight / steps);
-    if (step < 1) return;   // a picture of a few lines, from a range file, has no ground to speak of
+    if (step < 1) return;   // a picture of a few lines, from a range file
     const double m = beyond - Int((s.pointy - s.bandtop) / step);
     s.Lbltgtrange.Caption = number_text(m * m + nearest);
     showtarget(s);
@@ -171,7 +171,7 @@ void make_view(rauthor_screen& s)
         void (*tick)(S&);
     } moves[] = {
         {s.Timex, timex_tick}, {s.Timex1, timex1_tick}, {s.Timey, timey_tick}, {s.Timey1, timey1_tick}};
-    for (const auto& m : moves) add(s.window, m.clock, as_fast_as_it_goes, [&s, tick = m.tick] { tick(s); });
+    for (const auto& m : moves) add(s.window, m.clock, as_fast_as_possible, [&s, tick = m.tick] { tick(s); });
 }
 
 }   // namespace vorn

@@ -1,6 +1,6 @@
-// How the set-up screen is laid out, in the order in which an instructor works: the student at the left, the
-// practice and its options in the middle, range and controls at the right. The numbers in the corners are
-// those of the instructions. Tab goes the same way and ends at the buttons along the top. Twips.
+// The layout of the set-up screen, in twips, in the order in which an instructor works: student on the left,
+// practice and options in the middle, range and controls on the right. The numbers in the corners of the
+// frames are the steps of the instructions. The Tab order is the same and ends at the buttons along the top.
 #include <tuple>
 
 #include "flow/hints.h"
@@ -14,8 +14,8 @@ namespace {
 
 using S = startsim_screen;
 
-constexpr double edge = 90;        // from a frame's edge to what it holds
-constexpr double header = 330;     // of a frame, down to its first row
+constexpr double edge = 90;        // from the edge of a frame to its objects
+constexpr double header = 330;     // from the top of a frame to its first row
 constexpr double row_step = 420;   // from option to option
 constexpr double row_height = 330;
 
@@ -32,7 +32,7 @@ constexpr const char* choosing =
     "practice "
     "and choose from the list given. Details will be displayed in the details box.";
 
-// The step of the instructions to which a frame belongs.
+// Shows the step of the instructions in the corner of a frame.
 void step(S& s, screen_object& frame, const char* number)
 {
     caption(s, &frame,
@@ -40,7 +40,7 @@ void step(S& s, screen_object& frame, const char* number)
                        alignment::right)));
 }
 
-// A frame of options one below the other.
+// A frame with a column of options.
 struct option_row {
     screen_object S::*option;
     const char* caption;
@@ -94,7 +94,7 @@ void practice_targets(S& s)
     }
 }
 
-// The summary, from top to bottom, two of its lines with another beside them.
+// The summary; two of its rows have two lines side by side.
 void summary(S& s)
 {
     static constexpr struct {
@@ -240,17 +240,18 @@ void controls(S& s)
             {{&S::Optcon1, "Joystick", true},
              {&S::Optcon2, "KBoard"},
              {&S::Optcon3, "Mouse"},
-             {&S::Optcon4, "Stand", false, "", false}});
+             {.option = &S::Optcon4, .caption = "Stand", .shown = false}});
     add(s.window, s.cmdstick, button({edge, first + three + 210, 3420, 540}, "calibrate joystick"),
         &s.Frmcontrols);
     options(s, s.Frmvoices, s.Frmcontrols, at(0, second, two), "Voices", "",
             {{&S::Optvoice1, "On", true, "VOICES"}, {&S::Optvoice2, "Off"}});
     options(s, s.Frmsounds, s.Frmcontrols, at(1, second, two), "Sounds", "",
-            {{&S::Optsound1, "On", true}, {&S::Opsound2, "Off", false, "SOUNDS"}});
+            {{&S::Optsound1, "On", true}, {.option = &S::Opsound2, .caption = "Off", .tip = "SOUNDS"}});
     options(s, s.Frmresults, s.Frmcontrols, at(0, third, two), "Results", "",
             {{&S::optcontroller1, "Full debrief", true}, {&S::Optcontroller2, "Quick score"}});
     options(s, s.Frmhesh, s.Frmcontrols, at(1, third, two), "Hesh Correct", "",
-            {{&S::opthesh1, "All targets", false, "HESH CORRECTIONS"}, {&S::Opthesh2, "Till correct", true}});
+            {{.option = &S::opthesh1, .caption = "All targets", .tip = "HESH CORRECTIONS"},
+             {&S::Opthesh2, "Till correct", true}});
 }
 
 void advanced_options(S& s)

@@ -11,7 +11,7 @@ namespace {
 using S = startsim_screen;
 using option = screen_object S::*;
 
-// The file's order: options, the wind, options again, and the lines of the summary from 1 on.
+// The order of the file: options, the wind, more options, the lines of the summary from 1.
 constexpr option before_wind[] = {&S::Optmode1, &S::Optmode2, &S::Opttarg1, &S::Opttarg2,
                                   &S::Option2,  &S::Option3,  &S::Option4};
 constexpr option after_wind[] = {&S::Optsys1,     &S::Optsys2,     &S::Optsys3,     &S::Optsys4,
@@ -20,7 +20,7 @@ constexpr option after_wind[] = {&S::Optsys1,     &S::Optsys2,     &S::Optsys3, 
                                  &S::Opttime1,    &S::Opttime2,    &S::Opttime3,    &S::Opttime4};
 constexpr int first_line = 1, last_line = 7;
 
-// An option that is set to false is cleared without any action; one that becomes chosen runs its own.
+// An option that is false is cleared without running an action; one that becomes selected runs its action.
 bool take_option(item_reader& items, screen_object& o)
 {
     bool chosen = false;
