@@ -42,8 +42,12 @@ void save_record(trainer& t)
 {
     t.results.outcome.Caption.clear();
     t.shared.resultsfile = left(t.shared.studentdetails.text(), 6) + ".vrn";
-    const auto chosen =
-        t.pc.choose_file({"SAVE", filter, t.shared.rootpath, t.shared.resultsfile, true, "vrn"});
+    const auto chosen = t.pc.choose_file({.title = "SAVE",
+                                          .filter = filter,
+                                          .folder = t.shared.rootpath,
+                                          .proposed = t.shared.resultsfile,
+                                          .save = true,
+                                          .suffix = "vrn"});
     if (!chosen) return say(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     t.shared.resultsfile = *chosen;
     t.results.Cmddelete.Enabled = true;
@@ -64,7 +68,7 @@ bool read_record(trainer& t)
         return false;
     s.Cmdopen.Enabled = true;
     showdetails(t);
-    const bool range = showrange(t), icons = loadstock(t);   // each replaces what another record has left
+    const bool range = showrange(t), icons = loadstock(t);   // both, to replace those of another record
     if (!range || !icons) return false;
     fillengagements(t);
     return true;
@@ -75,7 +79,7 @@ void cmdopen_click(trainer& t)
     results_screen& s = t.results;
     s.outcome.Caption.clear();
     s.Cmdopen.Enabled = false;
-    const auto chosen = t.pc.choose_file({"OPEN", filter, t.shared.rootpath, "", false});
+    const auto chosen = t.pc.choose_file({.title = "OPEN", .filter = filter, .folder = t.shared.rootpath});
     if (chosen) t.shared.resultsfile = *chosen;
     if (!chosen || !read_record(t)) say(t, "THAT FILE COULD NOT BE OPENED");
     s.Cmdopen.Enabled = true;

@@ -37,7 +37,9 @@ area overviewplace(const rauthor_screen&, double x, double y);
 // targets.cpp: the positions and icons.
 void make_targets(trainer&);
 void showplaced(rauthor_screen&, int position);
-// Shows the target at the marked point, in the size for the range in Lbltgtrange; hides it without a range.
+// Sets the range of the marked point.
+void settargetrange(rauthor_screen&, int metres);
+// Shows the target at the marked point, in the size for its range; hides it without a range.
 void showtarget(rauthor_screen&);
 // Shows icon 1, 2 or 3 of the open range. False, and no change, if it can't be loaded.
 bool loadicon(trainer&, int icon);

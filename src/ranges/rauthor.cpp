@@ -26,6 +26,7 @@ hint_panel hints_of(rauthor_screen& s)
 void rauthor_load(rauthor_screen& s)
 {
     s.target = 1;
+    s.metres = 0;
     scaleoverview(s);
     placeholderband(s);
 }

@@ -50,6 +50,7 @@ struct rauthor_screen {
     int targetsize = 4;              // as the option of that name: divisor of the range in a target's width
     double pointx = 0, pointy = 0;   // the marked point, twips on the picture, shown by Lblx and Lbly
     int target = 1;                  // the selected position, shown by Lbltarget
+    int metres = 0;                  // range of the marked point, shown by Lbltgtrange; 0: none yet
     float authorscalex = 1, authorscaley = 1;             // twips of the picture per twip of Image1
     double bandbottom = 0, bandtop = 0, bandheight = 0;   // the ground band, twips on the picture
     int stepx = 0, stepy = 0;                             // twips a tick, of the arrow pressed last

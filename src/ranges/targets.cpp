@@ -27,7 +27,7 @@ void lbltargetnum_click(rauthor_screen& s, int position)
 }
 
 // The range in metres that a text gives; nothing if a position can't store it.
-std::optional<int16> range_of(const std::string& text)
+std::optional<int> range_of(const std::string& text)
 {
     const std::size_t from = text.find_first_not_of(' ');
     const std::string digits = from == std::string::npos ? "" : without_padding(text.substr(from));
@@ -36,7 +36,7 @@ std::optional<int16> range_of(const std::string& text)
     const bool whole = failed == std::errc() && end == digits.data() + digits.size();
     constexpr int furthest = std::numeric_limits<std::int16_t>::max();
     if (!whole || metres < 0 || metres > furthest) return std::nullopt;
-    return int16(metres);
+    return metres;
 }
 
 void lblsavetarget_click(trainer& t)
@@ -48,8 +48,8 @@ void lblsavetarget_click(trainer& t)
     showplaced(s, n);
     t.shared.targetx[n] = static_cast<std::int32_t>(rounded(s.pointx));
     t.shared.targety[n] = static_cast<std::int32_t>(rounded(s.pointy));
-    t.shared.targetrange[n] = range_of(s.Lbltgtrange.Caption).value_or(int16());
-    s.outcome.Caption = t.shared.targetrange[n] > 0
+    t.shared.targetrange[n] = s.metres;
+    s.outcome.Caption = s.metres > 0
                             ? ""
                             : "Target " + std::to_string(n) +
                                   " has no range yet: move up or down, or TARGET RANGE, and save it again";
@@ -57,13 +57,9 @@ void lblsavetarget_click(trainer& t)
 
 void lbltargetrange_click(trainer& t)
 {
-    screen_object& shown = t.rauthor.Lbltgtrange;
-    const auto typed = t.pc.input_box("ALTER RANGE", "ENTER NEW RANGE", shown.Caption);
+    const auto typed = t.pc.input_box("ALTER RANGE", "ENTER NEW RANGE", t.rauthor.Lbltgtrange.Caption);
     if (!typed) return;
-    if (const auto metres = range_of(*typed)) {
-        shown.Caption = std::to_string(*metres);
-        return showtarget(t.rauthor);
-    }
+    if (const auto metres = range_of(*typed)) return settargetrange(t.rauthor, *metres);
     t.pc.message_box({"A RANGE IS A WHOLE NUMBER OF METRES BETWEEN 0 AND 32767", "ALTER RANGE"});
 }
 
@@ -104,14 +100,20 @@ void showplaced(rauthor_screen& s, int position)
     s.Lbltargetnum[position].AccessibleName = "Placed, target number";
 }
 
+void settargetrange(rauthor_screen& s, int metres)
+{
+    s.metres = metres;
+    s.Lbltgtrange.Caption = std::to_string(metres);
+    showtarget(s);
+}
+
 void showtarget(rauthor_screen& s)
 {
     screen_object& target = s.shown_target;
-    const auto metres = range_of(s.Lbltgtrange.Caption);
-    target.Visible = metres && *metres > 0;
+    target.Visible = s.metres > 0;
     if (!target.Visible) return;
     const sight_numbers& sight = s.Lblrangetype.Caption == "THERMAL" ? thermalsight : visualsight;
-    target.Width = target.Height = target_width(sight, *metres, s.targetsize);
+    target.Width = target.Height = target_width(sight, s.metres, s.targetsize);
     target.Picture = s.Imgtarget[s.iconnumber].Picture;
 }
 

@@ -63,14 +63,15 @@ void timey1_tick(S& s)
     if (spare_below - s.Imagerange.Height + window_height < s.Imagerange.Top) movey(s);
 }
 
-// As far towards a place of the overview as the small steps of the arrows come.
+// Moves the marked point towards a place of the overview by small steps of the arrows.
 void moveto(S& s, double x, double y)
 {
     constexpr int small_step = 100;
     const auto go = [&s](double off, int S::*step, void (*back)(S&), void (*on)(S&)) {
-        const int arrows = std::exchange(s.*step, off < 0 ? small_step : -small_step);   // one may be held
+        const int pressed =
+            std::exchange(s.*step, off < 0 ? small_step : -small_step);   // of a pressed arrow
         for (double n = rounded(std::abs(off) / small_step); n > 0; --n) (off < 0 ? back : on)(s);
-        s.*step = arrows;
+        s.*step = pressed;
     };
     go(x * s.authorscalex - s.pointx, &S::stepx, timex_tick, timex1_tick);
     go(y * s.authorscaley - s.pointy, &S::stepy, timey_tick, timey1_tick);
@@ -143,8 +144,7 @@ void proposerange(rauthor_screen& s)
     const double step = Int(s.bandheight / steps);
     if (step < 1) return;   // a picture of a few lines, from a range file
     const double m = beyond - Int((s.pointy - s.bandtop) / step);
-    s.Lbltgtrange.Caption = number_text(m * m + nearest);
-    showtarget(s);
+    settargetrange(s, static_cast<int>(m * m + nearest));
 }
 
 void make_view(rauthor_screen& s)

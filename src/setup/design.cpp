@@ -177,7 +177,7 @@ void firing_options(S& s)
             {{&S::Option2, "2", true},
              {&S::Option3, "3"},
              {&S::Option4, "4"},
-             {&S::Option1, "5", false, "", false}});
+             {.option = &S::Option1, .caption = "5", .shown = false}});
     wind(s);
 }
 

@@ -50,8 +50,10 @@ bool take_wind(item_reader& items, screen_object& slider)
 
 file_dialog practice_dialog(const trainer& t, bool save)
 {
-    return {save ? "SAVE PRACTICE SETUP" : "OPEN PRACTICE SETUP", "Practice Files (*.prf)|*.prf|",
-            t.shared.rootpath, "", save};
+    return {.title = save ? "SAVE PRACTICE SETUP" : "OPEN PRACTICE SETUP",
+            .filter = "Practice Files (*.prf)|*.prf|",
+            .folder = t.shared.rootpath,
+            .save = save};
 }
 
 void cmdopenset_click(trainer& t)

@@ -71,7 +71,7 @@ void lblpractice_click(trainer& t, int number)
     startsim_screen& s = t.startsim;
     highlight(s, number);
     t.shared.practicenumber = number;
-    const programmed& p = practices[t.shared.practicenumber - 1];
+    const programmed& p = practices[number - 1];
     for (const option o : {p.mode.selects, &S::Opttarg1, &S::Option2}) select_option(s.*o);
     set_slider(s.HScrwind, p.wind);
     for (const option o : {p.system.selects, p.engagements.selects, &S::Opttargets2, p.time})

@@ -55,7 +55,7 @@ struct startsim_screen {
     screen_object Frame7;   // advanced options
     screen_object Frmtgtsize, HSctgt, Frmkillarea, hsctarget, Frmcoaxerror, HSccoax;
 
-    screen_object outcome;   // which practice file was saved
+    screen_object outcome;   // names the practice file that was saved
     screen_object Lblinfo, Lblhelp;
     std::deque<screen_object> captions;   // the labels that never change
 
