@@ -49,6 +49,13 @@ void data_folder::put_range(const std::string& name, const practice_state& range
     put(name, range_file_bytes(range));
 }
 
+std::string first_lines(const std::string& text, int n)
+{
+    std::size_t end = 0;
+    while (n-- > 0) end = text.find('\n', end) + 1;
+    return text.substr(0, end);
+}
+
 std::string picture_head(unsigned width, unsigned height)
 {
     std::string b = "\x89PNG\r\n\x1a\n";

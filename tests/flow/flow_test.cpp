@@ -112,8 +112,7 @@ TEST_F(program, each_exit_box_has_its_text_and_ends_the_program_on_yes_only)
     EXPECT_EQ(pc.boxes.back().title, "V.O.R.N.");
     EXPECT_EQ(pc.boxes.back().sign, box_sign::question);
     pc.click(t.startsim.Optcon2);
-    pc.answers = {{true}};
-    pc.click(t.startsim.Cmdstart);
+    pc.confirm(t.startsim.Cmdstart);
     pc.close_window(t.simulator.window);
     EXPECT_EQ(last_box().substr(0, 11), "V. O. R. N.");
     EXPECT_EQ(pc.boxes.back().title, "SIMULATOR");
@@ -130,8 +129,7 @@ TEST_F(program, each_exit_box_has_its_text_and_ends_the_program_on_yes_only)
 TEST_F(program, an_uncalibrated_joystick_refuses_a_start_and_a_quick_start)
 {
     to_setup();
-    pc.answers = {{true}};
-    pc.click(t.startsim.Cmdstart);
+    pc.confirm(t.startsim.Cmdstart);
     EXPECT_EQ(last_box(),
               "YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST");
     pc.click(t.startsim.cmdgame);
@@ -142,8 +140,7 @@ TEST_F(program, an_uncalibrated_joystick_refuses_a_start_and_a_quick_start)
     EXPECT_EQ(front_screen(), "startsim");
     pc.type(t.startsim.Txtname, "SMITH");
     pc.type(t.startsim.Txtnum, "123");
-    pc.answers = {{true}};
-    pc.click(t.startsim.Cmdstart);
+    pc.confirm(t.startsim.Cmdstart);
     EXPECT_EQ(front_screen(), "simulator");
     EXPECT_EQ(t.shared.studentdetails.text(), "SMITH_123                     ");
 }

@@ -159,28 +159,23 @@ TEST(screens_on_a_bad_disk, report_each_failure_and_keep_the_files)
         const bool kept = whole || file == place;   // not deleted: a device, or a picture of the ranges
         const small_disk disk(10);
         for (screen_object* o : {&t.startsim.cmdopenset, &t.startsim.cmdsaveset}) {
-            pc.files = {file};
-            pc.click(*o);
+            pc.choose(*o, file);
         }
-        pc.answers = {{true}};
-        pc.click(t.startsim.cmdeditrange);
+        pc.confirm(t.startsim.cmdeditrange);
         for (int n = 1; n < positions; ++n) t.rauthor.Lbltargetnum[n].BackColor = colour::red;
         pc.type(t.rauthor.Textname, "A NAME THAT IS LONG");
         for (screen_object* o : {&t.rauthor.Cmdsave, &t.rauthor.Cmdopen, &t.rauthor.Imgtarget[1]}) {
-            pc.files = {file};
-            pc.click(*o);
+            pc.choose(*o, file);
             if (o == &t.rauthor.Cmdsave) {
                 EXPECT_NE(t.rauthor.outcome.Caption.find("could not be saved"), std::string::npos) << place;
             }
         }
         pc.inputs = {"NEW"};
-        pc.files = {file};
-        pc.click(t.rauthor.cmdnew);
+        pc.choose(t.rauthor.cmdnew, file);
         EXPECT_EQ(t.rauthor.outcome.Caption.find("could not be loaded") == std::string::npos, whole) << place;
         EXPECT_EQ(t.rauthor.Imagerange.Visible, whole) << place;
         pc.click(t.rauthor.Cmdstart);
-        pc.answers = {{true}};
-        pc.click(t.startsim.Cmddebrief);
+        pc.confirm(t.startsim.Cmddebrief);
         const std::pair<screen_object*, std::string> buttons[] = {
             {&t.results.Cmdsave, "THERE WAS A SERIOUS ERROR SAVING THAT FILE"},
             {&t.results.Cmdopen, "THAT FILE COULD NOT BE OPENED"},

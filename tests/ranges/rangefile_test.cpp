@@ -33,13 +33,6 @@ struct range_files : testing::Test {
     }
 };
 
-std::string first_lines(const std::string& text, int n)
-{
-    std::size_t end = 0;
-    while (n-- > 0) end = text.find('\n', end) + 1;
-    return text.substr(0, end);
-}
-
 TEST_F(range_files, a_written_range_has_69_lines_and_reads_back)
 {
     practice_state range = plain_range(sight_kind::visual);

@@ -28,20 +28,14 @@ struct author : testing::Test {
     {
         pc.inputs = {name};
         pc.answers = {{thermal}};
-        pc.files = {path(picture)};
-        pc.click(s.cmdnew);
+        pc.choose(s.cmdnew, path(picture));
     }
-    void visit()
-    {
-        pc.answers = {{true}};
-        pc.click(d.t.startsim.cmdeditrange);
-    }
+    void visit() { pc.confirm(d.t.startsim.cmdeditrange); }
     // Writes a range to a file and opens it.
     void open(const practice_state& range)
     {
         d.data.put_range("own.arf", range);
-        pc.files = {path("own.arf")};
-        pc.click(s.Cmdopen);
+        pc.choose(s.Cmdopen, path("own.arf"));
     }
     // Keeps an arrow pressed for this many ticks of its timer.
     void move(screen_object& arrow, int ticks)
@@ -60,11 +54,7 @@ struct author : testing::Test {
         pc.click(s.Lbltargetnum[position]);
         pc.click(s.Lblsavetarget);
     }
-    void save(const std::string& name)
-    {
-        pc.files = {path(name)};
-        pc.click(s.Cmdsave);
-    }
+    void save(const std::string& name) { pc.choose(s.Cmdsave, path(name)); }
 };
 
 TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
@@ -331,11 +321,8 @@ TEST_F(author, shows_an_incomplete_range_as_far_as_it_can_be_read)
     r.rangepicture = "moor.vrp";
     const std::string whole = range_file_bytes(r);
     const std::string before = p.rangefile;
-    std::size_t end = 0;
-    for (int line = 0; line < 6 + 4 * 3; ++line) end = whole.find('\n', end) + 1;
-    d.data.put("cut.arf", whole.substr(0, end));
-    pc.files = {path("cut.arf")};
-    pc.click(s.Cmdopen);
+    d.data.put("cut.arf", first_lines(whole, 6 + 4 * 3));
+    pc.choose(s.Cmdopen, path("cut.arf"));
     EXPECT_EQ(s.Textname.Text, "PLAIN");
     EXPECT_EQ(s.Lbltargetnum[3].BackColor, colour::red);
     EXPECT_EQ(s.Lbltargetnum[4].BackColor, colour::darkred);
@@ -357,18 +344,15 @@ TEST_F(author, shows_an_incomplete_range_as_far_as_it_can_be_read)
 TEST_F(author, changes_an_icon_only_if_it_can_be_loaded)
 {
     d.data.put("target icons/own.ico", picture_head(64, 64));
-    pc.files = {path("target icons/own.ico")};
-    pc.click(s.Imgtarget[2]);
+    pc.choose(s.Imgtarget[2], path("target icons/own.ico"));
     EXPECT_EQ(pc.dialogs.back().title, "OPEN TARGETS");
     EXPECT_EQ(icon_path(pc, p.rootpath, p.targeticon2), path("target icons/own.ico"));
     const std::string kept = p.targeticon2;
-    pc.files = {path("visualrange.arf")};
-    pc.click(s.Imgtarget[2]);
+    pc.choose(s.Imgtarget[2], path("visualrange.arf"));
     EXPECT_EQ(p.targeticon2, kept);
     EXPECT_EQ(s.Imgtarget[2].Picture.width, 960);
 
-    pc.files = {path("target icons/target3.ico")};
-    pc.click(s.Imgtarget[3]);
+    pc.choose(s.Imgtarget[3], path("target icons/target3.ico"));
     pc.click(s.Cmdstart);
     d.data.remove("target icons/own.ico");
     d.data.put("target icons/target3.ico", picture_head(16, 16));
@@ -389,15 +373,13 @@ TEST_F(author, keeps_its_range_until_a_practice_reads_another)
     d.data.put_range("other.arf", other);
     open(own);
     pc.click(s.Cmdstart);
-    pc.files = {path("other.arf")};
-    pc.click(d.t.startsim.Cmdopenrange);
+    pc.choose(d.t.startsim.Cmdopenrange, path("other.arf"));
     EXPECT_EQ(d.t.startsim.Lblrangename.Caption, "OTHER               ");
     visit();
     save("copy.arf");
     EXPECT_EQ(d.data.get("copy.arf"), range_file_bytes(own));
     pc.click(s.Cmdstart);
-    pc.files = {path("other.arf")};
-    pc.click(d.t.startsim.Cmdopenrange);
+    pc.choose(d.t.startsim.Cmdopenrange, path("other.arf"));
     d.set_up();
     pc.click(d.screen().Cmdmain);
     visit();
@@ -415,24 +397,21 @@ TEST_F(author, lies_over_the_set_up_and_keeps_its_state)
     pc.close_window(s.window);             // leads back to the set-up
     pc.click(d.t.startsim.cmdeditrange);   // answered no
     EXPECT_EQ(front(pc), &d.t.startsim.window);
-    pc.answers = {{true}};
-    pc.click(d.t.startsim.cmdeditrange);
+    pc.confirm(d.t.startsim.cmdeditrange);
     EXPECT_EQ(s.Imagerange.Left, left);
     EXPECT_EQ(s.Lblx.Caption, "23460") << "each arrival points at the middle";
     pc.activate(d.t.startsim.window);
     d.set_up();   // a practice hides the author
     EXPECT_EQ(s.window.state, form_state::hidden);
     pc.click(d.screen().Cmdmain);
-    pc.answers = {{true}};
-    pc.click(d.t.startsim.cmdeditrange);
+    pc.confirm(d.t.startsim.cmdeditrange);
     EXPECT_EQ(s.Lbltargetnum[3].BackColor, colour::red);
     pc.event(s.Frame6.parent->MouseMove);
     EXPECT_EQ(s.Lblinfo.Caption,
               "Shows the veiw through the sight, target grid locations and distance to target");
     pc.click(s.Command1);
     EXPECT_EQ(pc.of_kind("help").size(), 1U);
-    pc.answers = {{true}};
-    pc.click(s.Cmdexit);
+    pc.confirm(s.Cmdexit);
     EXPECT_TRUE(pc.ended);
 }
 

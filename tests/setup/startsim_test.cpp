@@ -26,16 +26,8 @@ struct setup : testing::Test {
         return all;
     }
     std::string path(const std::string& name) const { return data.ranges() + "/" + name; }
-    void open(const std::string& name)
-    {
-        pc.files = {path(name)};
-        pc.click(s.cmdopenset);
-    }
-    void save(const std::string& name)
-    {
-        pc.files = {path(name)};
-        pc.click(s.cmdsaveset);
-    }
+    void open(const std::string& name) { pc.choose(s.cmdopenset, path(name)); }
+    void save(const std::string& name) { pc.choose(s.cmdsaveset, path(name)); }
 };
 
 // The options of a practice, for comparing two states.
@@ -285,16 +277,11 @@ TEST_F(setup, a_practice_file_restores_every_option)
 TEST_F(setup, a_practice_file_applies_as_far_as_it_can_be_read)
 {
     save("whole.prf");
-    std::string bytes = data.get("whole.prf");
-    const auto first = [&](int n) {
-        std::size_t end = 0;
-        while (n-- > 0) end = bytes.find('\n', end) + 1;
-        return bytes.substr(0, end);
-    };
+    const std::string bytes = data.get("whole.prf");
     pc.click(s.Opttarg2);
     pc.click(s.Optsys3);
     pc.click(s.Opttime4);
-    data.put("cut.prf", first(24));
+    data.put("cut.prf", first_lines(bytes, 24));
     open("cut.prf");
     EXPECT_EQ(settings(p), std::tuple(1, true, 2, 30, 1, 1, false, 2, 0));
     EXPECT_EQ(s.lblprac[5].Caption, "TARGETS APPEAR AUTOMATICALLY");
@@ -302,7 +289,7 @@ TEST_F(setup, a_practice_file_applies_as_far_as_it_can_be_read)
 
     pc.click(s.Opttarg2);
     pc.click(s.Optsys3);
-    data.put("wind.prf", first(7) + "4\r\n" + "#TRUE#\r\n");
+    data.put("wind.prf", first_lines(bytes, 7) + "4\r\n" + "#TRUE#\r\n");
     open("wind.prf");
     EXPECT_TRUE(p.targetauto);
     EXPECT_EQ(p.windbias, 0);
@@ -332,8 +319,7 @@ TEST_F(setup, a_cancelled_dialog_or_a_wrong_file_changes_nothing)
 
 TEST_F(setup, an_opened_range_decides_the_mode_until_it_is_cancelled)
 {
-    pc.files = {path("Thermalrange.arf")};
-    pc.click(s.Cmdopenrange);
+    pc.choose(s.Cmdopenrange, path("Thermalrange.arf"));
     EXPECT_EQ(p.practicemode, 2);
     EXPECT_EQ(s.Lblrangename.Caption, "PLAIN THERMAL       ");
     EXPECT_EQ(s.Optmode1.Value, 1);
@@ -354,8 +340,7 @@ TEST_F(setup, an_opened_range_decides_the_mode_until_it_is_cancelled)
         practice_state r = plain_range(sight_kind::thermal);
         r.rangetype = type;
         data.put_range("own.arf", r);
-        pc.files = {path("own.arf")};
-        pc.click(s.Cmdopenrange);
+        pc.choose(s.Cmdopenrange, path("own.arf"));
         EXPECT_EQ(p.practicemode, 1);
         EXPECT_EQ(s.lblrangetype.Caption, type);
     }
@@ -376,8 +361,7 @@ TEST_F(setup, asks_for_another_range_until_one_can_be_read)
     EXPECT_EQ(p.practicemode, 1);
     EXPECT_FALSE(s.Frmmode.Enabled) << "the type of the range decides the mode";
     pc.click(s.Command3);
-    pc.answers = {{true}};
-    pc.click(s.Optmode2);   // cancelled
+    pc.confirm(s.Optmode2);   // cancelled
     EXPECT_EQ(p.practicemode, 2);
     EXPECT_EQ(s.lblrangetype.Caption, "VISUAL") << "the labels stay";
     EXPECT_FALSE(pc.ended);

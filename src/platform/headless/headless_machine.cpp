@@ -142,6 +142,18 @@ void headless_machine::click(screen_object& o)
     event([&] { user_click(o); });
 }
 
+void headless_machine::confirm(screen_object& o)
+{
+    answers = {{true}};
+    click(o);
+}
+
+void headless_machine::choose(screen_object& o, const std::string& path)
+{
+    files = {path};
+    click(o);
+}
+
 void headless_machine::slide(screen_object& o, int position)
 {
     event([&] { user_slide(o, position); });

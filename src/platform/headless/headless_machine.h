@@ -63,6 +63,8 @@ public:
     // Runs a handler as one event.
     void event(const std::function<void()>&);
     void click(screen_object&);
+    void confirm(screen_object&);                           // clicks, and answers its question yes
+    void choose(screen_object&, const std::string& path);   // clicks, and chooses a file in its dialog
     void slide(screen_object&, int position);
     void type(screen_object&, const std::string& text);
     void press(screen_object&);                          // mouse button down
