@@ -19,9 +19,9 @@ namespace {
 constexpr const char* box_title = "V. O. R. N.";
 constexpr const char* filter = "VORN Files (*.vrn)|*.vrn|";
 
-void say(trainer& t, const std::string& words, const std::string& title = {})
+void show_box(trainer& t, const std::string& text, const std::string& title = {})
 {
-    t.pc.message_box({words, title});
+    t.pc.message_box({text, title});
 }
 
 // Runs each time the screen is shown.
@@ -48,11 +48,11 @@ void save_record(trainer& t)
                                           .proposed = t.shared.resultsfile,
                                           .save = true,
                                           .suffix = "vrn"});
-    if (!chosen) return say(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+    if (!chosen) return show_box(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     t.shared.resultsfile = *chosen;
     t.results.Cmddelete.Enabled = true;
     if (!write_results(t.pc, t.shared.resultsfile, t.shared).empty())
-        return say(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+        return show_box(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     t.results.outcome.Caption = t.shared.resultsfile + " is saved";
 }
 
@@ -81,19 +81,19 @@ void cmdopen_click(trainer& t)
     s.Cmdopen.Enabled = false;
     const auto chosen = t.pc.choose_file({.title = "OPEN", .filter = filter, .folder = t.shared.rootpath});
     if (chosen) t.shared.resultsfile = *chosen;
-    if (!chosen || !read_record(t)) say(t, "THAT FILE COULD NOT BE OPENED");
+    if (!chosen || !read_record(t)) show_box(t, "THAT FILE COULD NOT BE OPENED");
     s.Cmdopen.Enabled = true;
 }
 
 void cmdprint_click(trainer& t)
 {
     t.results.outcome.Caption.clear();
-    if (t.shared.resultsfile.empty()) return say(t, "NO FILE IS OPEN TO PRINT");
+    if (t.shared.resultsfile.empty()) return show_box(t, "NO FILE IS OPEN TO PRINT");
     if (!asked(t, "DO YOU WISH TO PRINT A RECORD OF " + t.shared.resultsfile, box_title)) return;
     const print_outcome done = print_report(t.pc, t.shared);
     if (!done.reason.empty())
-        return say(t, lines({"THE RECORD COULD NOT BE PRINTED", done.reason}), box_title);
-    if (done.broken_off) return;
+        return show_box(t, lines({"THE RECORD COULD NOT BE PRINTED", done.reason}), box_title);
+    if (done.cancelled) return;
     t.results.outcome.Caption = done.file.empty() ? "The report is printed" : done.file + " is saved";
 }
 
@@ -101,11 +101,13 @@ void cmdprint_click(trainer& t)
 void cmddelete_click(trainer& t)
 {
     t.results.outcome.Caption.clear();
-    if (t.shared.resultsfile.empty()) return say(t, "NO FILE IS OPEN TO DELETE");
-    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile, box_title, true)) return;
+    if (t.shared.resultsfile.empty()) return show_box(t, "NO FILE IS OPEN TO DELETE");
+    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile, box_title, default_button::no))
+        return;
     const std::string reason = delete_file(t.pc, t.shared.resultsfile);
     if (!reason.empty())
-        return say(t, lines({"THAT FILE COULD NOT BE DELETED", t.shared.resultsfile, reason}), box_title);
+        return show_box(t, lines({"THAT FILE COULD NOT BE DELETED", t.shared.resultsfile, reason}),
+                        box_title);
     t.results.outcome.Caption = t.shared.resultsfile + " is deleted";
     t.shared.resultsfile.clear();
     t.results.Txtstudent.Text.clear();

@@ -5,9 +5,9 @@
 
 namespace vorn {
 
-bool asked(trainer& t, const std::string& question, const std::string& title, bool no_first)
+bool asked(trainer& t, const std::string& question, const std::string& title, default_button on_return)
 {
-    return t.pc.message_box({question, title, box_buttons::yes_no, box_sign::question, no_first});
+    return t.pc.message_box({question, title, box_buttons::yes_no, box_sign::question, on_return});
 }
 
 bool asked_with_name(trainer& t, std::initializer_list<std::string> question)
@@ -17,7 +17,8 @@ bool asked_with_name(trainer& t, std::initializer_list<std::string> question)
 
 void confirmexit(trainer& t, const std::string& heading, const std::string& title)
 {
-    if (asked(t, headed(heading, {"ARE YOU SURE YOU WANT TO EXIT ?"}), title, true)) t.pc.end_program();
+    if (asked(t, headed(heading, {"ARE YOU SURE YOU WANT TO EXIT ?"}), title, default_button::no))
+        t.pc.end_program();
 }
 
 void openhelp(trainer& t)

@@ -4,6 +4,8 @@
 #include <initializer_list>
 #include <string>
 
+#include "platform/machine.h"
+
 namespace vorn {
 
 struct trainer;
@@ -18,8 +20,9 @@ std::string lines(std::initializer_list<std::string> text);
 // A heading, a blank line, and the lines of the text.
 std::string headed(const std::string& heading, std::initializer_list<std::string> text);
 
-// Asks a question with Yes and No. True for yes. Return answers yes, or no if a yes can lose something.
-bool asked(trainer&, const std::string& question, const std::string& title, bool no_first = false);
+// Asks a question with Yes and No. True for yes. The default button is No if yes can lose something.
+bool asked(trainer&, const std::string& question, const std::string& title,
+           default_button on_return = default_button::yes);
 // The same with the short name of the program as heading and title.
 bool asked_with_name(trainer&, std::initializer_list<std::string> question);
 // Asks whether to end the program, and ends it on yes.

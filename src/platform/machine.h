@@ -17,13 +17,14 @@ inline constexpr double timer_floor = 0.016;
 
 enum class box_buttons { ok, yes_no };
 enum class box_sign { none, information, question };
+enum class default_button { yes, no };   // OK counts as yes
 
 struct message {
     std::string text;   // lines joined by line feed, carriage return
     std::string title;
     box_buttons buttons = box_buttons::ok;
     box_sign sign = box_sign::none;
-    bool no_first = false;   // Return alone answers no
+    default_button on_return = default_button::yes;
 };
 
 struct file_dialog {
@@ -34,18 +35,18 @@ struct file_dialog {
     bool save = false;
     // When saving: extension added to a name without one; replacing a file must then be confirmed.
     std::string suffix = {};
-    bool picture = false;   // what is opened is a picture: a machine may offer all that it can read
+    bool picture = false;   // opens a picture: the machine may offer all formats that it can read
 };
 
 struct loaded_picture {
     std::optional<picture> result;
-    std::string reason;   // why there is none
+    std::string reason;   // why it could not be loaded
 };
 
 struct print_outcome {
-    std::string reason;   // why nothing could be printed; empty where it was, or the user broke off
-    std::string file;     // where it went, when that is no printer
-    bool broken_off = false;
+    std::string reason;   // why it could not be printed; empty if it was printed or cancelled
+    std::string file;     // the file that was written instead of paper
+    bool cancelled = false;
 };
 
 struct printed_line {
@@ -75,7 +76,7 @@ public:
     machine& operator=(const machine&) = delete;
     virtual ~machine() = default;
 
-    // Seconds since some fixed moment.
+    // Seconds since a fixed time.
     virtual double now() const = 0;
     // One step of a counted move takes this many seconds; its changes can be seen meanwhile. Handles no
     // event.
@@ -106,7 +107,7 @@ public:
     // Recognises the format by content, not by name.
     virtual loaded_picture load_picture(const std::string& path) = 0;
 
-    // Prints on the default printer, or for want of one into a file, whose name begins with this.
+    // Prints on the default printer or, without one, into a file whose proposed name begins with `name`.
     virtual print_outcome print(const std::vector<printed_line>&, const std::string& name) = 0;
 
     std::filesystem::path working_directory;   // absolute

@@ -142,10 +142,10 @@ struct form {
     form_state state = form_state::not_loaded;
     std::vector<screen_object*> objects;
     std::vector<timer*> timers;
-    screen_object* exit_button = nullptr;   // what closing the window by its frame clicks
-    std::function<void()> closed;           // or does, on a screen without one
+    screen_object* exit_button = nullptr;   // clicked when the window is closed by its frame
+    std::function<void()> closed;           // runs then on a screen without one
     std::vector<panel_key> panel_keys;
-    // Set by a handler: what is to have the keyboard once it is done. The machine clears it.
+    // Set by a handler: the object that gets the keyboard focus after it. The machine clears it.
     const screen_object* takes_focus = nullptr;
 
     std::function<void()> load;      // sets the design values; runs at the first show after an unload
@@ -158,7 +158,7 @@ struct form {
     std::function<void(int)> ButtonDown;   // joystick, buttons from 1
     std::function<void(int)> ButtonUp;
     std::function<void(long, long)> Move;    // joystick, X to the right and Y towards the gunner, 0 to 65535
-    std::function<void()> JoystickChanged;   // one has been plugged in or pulled out; also on a hidden screen
+    std::function<void()> JoystickChanged;   // connected or disconnected; also on a hidden screen
 };
 
 // Adds an object to the form, on top of the others. With design values, each load sets it to them.

@@ -12,7 +12,7 @@ using option = screen_object S::*;
 // An option and its line of the summary.
 struct choice {
     option selects;
-    const char* says;
+    const char* summary;
 };
 constexpr choice visual{&S::Optmode1, "VISUAL PRACTICE"}, thermal{&S::Optmode2, "THERMAL PRACTICE"};
 constexpr choice full{&S::Optsys1, "A FULL SYSTEM"}, laze{&S::Optsys2, "A  LAZE ONLY "};
@@ -76,8 +76,8 @@ void lblpractice_click(trainer& t, int number)
     set_slider(s.HScrwind, p.wind);
     for (const option o : {p.system.selects, p.engagements.selects, &S::Opttargets2, p.time})
         select_option(s.*o);
-    const char* summary[] = {p.system.says, p.practice, p.engagements.says, p.targets,
-                             p.up,          p.targetry, p.mode.says,        p.coax};
+    const char* summary[] = {p.system.summary, p.practice, p.engagements.summary, p.targets, p.up, p.targetry,
+                             p.mode.summary,   p.coax};
     for (int i = 0; const char* line : summary) s.lblprac[i++].Caption = line;
 }
 

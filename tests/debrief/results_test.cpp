@@ -268,11 +268,11 @@ TEST_F(debrief, print_and_delete_need_a_file_and_a_confirmation)
     d.pc.log.clear();
     d.pc.click(s.Cmdprint);
     EXPECT_EQ(s.outcome.Caption, "");
-    EXPECT_FALSE(d.pc.boxes.back().no_first);
+    EXPECT_EQ(d.pc.boxes.back().on_return, default_button::yes);
     EXPECT_EQ(said(), "DO YOU WISH TO PRINT A RECORD OF " + path("own.vrn"));
     d.pc.click(s.Cmddelete);
     EXPECT_EQ(said(), "ARE YOU SURE YOU WISH TO DELETE " + path("own.vrn"));
-    EXPECT_TRUE(d.pc.boxes.back().no_first);
+    EXPECT_EQ(d.pc.boxes.back().on_return, default_button::no);
     EXPECT_TRUE(d.pc.of_kind("printed").empty() && d.data.get("own.vrn") != "");
     d.pc.printer = false;
     d.pc.confirm(s.Cmdprint);

@@ -54,10 +54,10 @@ TEST_F(boxes, return_true_only_for_yes)
     EXPECT_FALSE(ask([](QMessageBox& b) { b.button(QMessageBox::No)->click(); }));
     EXPECT_FALSE(ask([](QMessageBox& b) { QTest::keyClick(b.windowHandle(), Qt::Key_Escape); }));
     EXPECT_FALSE(ask([](QMessageBox& b) { b.close(); }));
-    for (const bool no_first : {false, true}) {
+    for (const default_button on_return : {default_button::yes, default_button::no}) {
         answer(Qt::Key_Return);
-        EXPECT_NE(pc.message_box({"EXIT ?", "SIMULATOR", box_buttons::yes_no, box_sign::question, no_first}),
-                  no_first);
+        EXPECT_EQ(pc.message_box({"EXIT ?", "SIMULATOR", box_buttons::yes_no, box_sign::question, on_return}),
+                  on_return == default_button::yes);
     }
 }
 

@@ -108,7 +108,7 @@ TEST_F(program, each_exit_box_has_its_text_and_ends_the_program_on_yes_only)
     to_setup();
     pc.click(t.startsim.Cmdexit);
     EXPECT_EQ(last_box(), "V.O.R N.\n\r                   \n\rARE YOU SURE YOU WANT TO EXIT ?");
-    EXPECT_TRUE(pc.boxes.back().no_first);
+    EXPECT_EQ(pc.boxes.back().on_return, default_button::no);
     EXPECT_EQ(pc.boxes.back().title, "V.O.R.N.");
     EXPECT_EQ(pc.boxes.back().sign, box_sign::question);
     pc.click(t.startsim.Optcon2);

@@ -104,7 +104,8 @@ void select_round(walker& w, gunnery_screen& s)
     const bool coaxarmed = s.Lblammotype.Caption == "COAX";
     const bool coaxwanted = s.nature == coax_transport;
     if (!s.ammoarmed) return tap(w, s, coaxwanted ? control::coax : control::mainarm);
-    if (coaxarmed != coaxwanted || s.heshcorrecting) return tap(w, s, w.chance(0.9) ? control::off : control::laze);
+    if (coaxarmed != coaxwanted || s.heshcorrecting)
+        return tap(w, s, w.chance(0.9) ? control::off : control::laze);
     tap(w, s, control::ammo);
 }
 

@@ -48,7 +48,7 @@ bool desktop_machine::message_box(const message& asked)
     box.setIcon(icon_of(asked.sign));
     box.setStandardButtons(asked.buttons == box_buttons::ok ? QMessageBox::Ok
                                                             : QMessageBox::Yes | QMessageBox::No);
-    if (asked.no_first) box.setDefaultButton(QMessageBox::No);
+    if (asked.on_return == default_button::no) box.setDefaultButton(QMessageBox::No);
     const double beneath = std::exchange(box_came_, world_clock());
     const int answer = box.exec();
     box_came_ = beneath;
