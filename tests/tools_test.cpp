@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
-#include <set>
 
 #include "drill.h"
 #include "platform/files.h"
@@ -98,77 +97,6 @@ TEST_P(shipped_range, can_be_laid_on_all_over)
         EXPECT_LT(top + (s.visual() ? 2.0 * range_.targetrange[i] : 0), keys.near);
         EXPECT_GT(top - (s.visual() ? 0 : range_.targetrange[i] / 2.0),
                   1 - height + std::max(keys.down, s.Picrange.Height));
-    }
-}
-
-// The icons: each of their pictures is there, the bitmap of 32 pixels is looked at.
-constexpr int small = 32;
-
-int number_at(const std::string& bytes, std::size_t at, int count)
-{
-    int value = 0;
-    for (int i = count; i-- > 0;)
-        value = value << 8 | static_cast<unsigned char>(bytes.at(at + static_cast<std::size_t>(i)));
-    return value;
-}
-
-struct icon_head {
-    std::set<int> sizes;
-    std::size_t bitmap = 0;   // where the colours of the small one begin
-};
-
-icon_head head_of(const std::string& bytes)
-{
-    icon_head found;
-    for (int i = 0; i < number_at(bytes, 4, 2); ++i) {
-        const std::size_t entry = 6 + 16 * static_cast<std::size_t>(i);
-        const int size = number_at(bytes, entry, 1), offset = number_at(bytes, entry + 12, 4);
-        found.sizes.insert(size == 0 ? 256 : size);
-        EXPECT_LE(offset + number_at(bytes, entry + 8, 4), static_cast<int>(bytes.size()));
-        if (size == small) found.bitmap = static_cast<std::size_t>(offset) + 40;
-    }
-    return found;
-}
-
-TEST(shipped_icons, are_whole_and_the_hot_ones_have_no_colour)
-{
-    headless_machine pc;
-    for (const auto& entry : std::filesystem::directory_iterator(root + "/target icons")) {
-        const std::filesystem::path& file = entry.path();
-        SCOPED_TRACE(file.string());
-        const loaded_picture icon = pc.load_picture(file.string());
-        ASSERT_TRUE(icon.result) << icon.reason;
-        const std::string bytes = read_file(pc, file.string()).text.value();
-        const icon_head head = head_of(bytes);
-        EXPECT_EQ(head.sizes, (std::set{16, 24, 32, 48, 64, 128, 256}));
-        const std::string name = file.stem().string();
-        const bool hot = name.starts_with("thermal") || name.ends_with("_hot");
-        int coloured = 0;
-        for (std::size_t at = head.bitmap; at < head.bitmap + std::size_t{4} * small * small; at += 4)
-            coloured += bytes[at] != bytes[at + 1] || bytes[at] != bytes[at + 2];
-        EXPECT_EQ(coloured == 0, hot);
-    }
-}
-
-// Sights and debrief take the middle of the square for the middle of the target.
-TEST(shipped_icons, of_the_ranges_fill_their_squares)
-{
-    headless_machine pc;
-    for (const char* name : {"target1", "target2", "target3", "thermal1", "thermal2", "thermal3"}) {
-        SCOPED_TRACE(name);
-        const std::string bytes = read_file(pc, root + "/target icons/" + name + ".ico").text.value();
-        const std::size_t from = head_of(bytes).bitmap;
-        double across = 0, up = 0, count = 0;
-        for (std::size_t i = 0; i < std::size_t{small} * small; ++i) {   // rows from the bottom
-            if (number_at(bytes, from + 4 * i + 3, 1) < 128) continue;
-            across += static_cast<double>(i % small) + .5;
-            const std::size_t row = i / small;
-            up += static_cast<double>(row) + .5;
-            ++count;
-        }
-        EXPECT_NEAR(across / count / small, .5, .12);
-        EXPECT_NEAR(up / count / small, .5, .12);
-        EXPECT_GT(count / small / small, .4);
     }
 }
 

@@ -2,97 +2,97 @@
 // which reaches 42 to either side, and by distance in metres.
 #include "country.h"
 
-namespace landscape {
-
+namespace tools {
 namespace {
 
 const vec3 afternoon_sun = unit({-.62f, -.42f, .50f}), low_sun = unit({-.70f, -.40f, .36f});
 
 ground_paint chalk_summer()
 {
-    return {.heath = paint(.36f, .40f, .22f),
-            .dry = paint(.63f, .58f, .40f),
-            .middling = paint(.52f, .52f, .32f),
-            .lush = paint(.39f, .44f, .24f),
-            .dark = paint(.30f, .33f, .19f),
-            .straw = paint(.72f, .67f, .47f),
-            .bare = paint(.80f, .76f, .66f),
-            .soil = paint(.58f, .51f, .39f),
-            .crops = {paint(.47f, .51f, .28f), paint(.44f, .49f, .25f), paint(.72f, .66f, .43f),
-                      paint(.56f, .50f, .38f), paint(.50f, .54f, .29f), paint(.65f, .62f, .38f),
-                      paint(.36f, .44f, .21f)},
-            .woodfloor = paint(.21f, .25f, .14f)};
+    return {.heath = linear(.36f, .40f, .22f),
+            .dry = linear(.63f, .58f, .40f),
+            .middling = linear(.52f, .52f, .32f),
+            .lush = linear(.39f, .44f, .24f),
+            .dark = linear(.30f, .33f, .19f),
+            .straw = linear(.72f, .67f, .47f),
+            .bare = linear(.80f, .76f, .66f),
+            .soil = linear(.58f, .51f, .39f),
+            .crops = {linear(.47f, .51f, .28f), linear(.44f, .49f, .25f), linear(.72f, .66f, .43f),
+                      linear(.56f, .50f, .38f), linear(.50f, .54f, .29f), linear(.65f, .62f, .38f),
+                      linear(.36f, .44f, .21f)},
+            .woodfloor = linear(.21f, .25f, .14f)};
 }
 
 ground_paint green_valley()
 {
-    return {.heath = paint(.34f, .42f, .21f),
-            .dry = paint(.57f, .56f, .36f),
-            .middling = paint(.46f, .51f, .29f),
-            .lush = paint(.36f, .45f, .22f),
-            .dark = paint(.27f, .34f, .18f),
-            .straw = paint(.66f, .64f, .42f),
-            .bare = paint(.68f, .62f, .50f),
-            .soil = paint(.50f, .42f, .32f),
-            .crops = {paint(.44f, .50f, .26f), paint(.39f, .46f, .23f), paint(.70f, .65f, .40f),
-                      paint(.54f, .45f, .32f), paint(.48f, .53f, .28f), paint(.60f, .60f, .34f),
-                      paint(.36f, .42f, .22f)},
-            .woodfloor = paint(.18f, .23f, .12f)};
+    return {.heath = linear(.34f, .42f, .21f),
+            .dry = linear(.57f, .56f, .36f),
+            .middling = linear(.46f, .51f, .29f),
+            .lush = linear(.36f, .45f, .22f),
+            .dark = linear(.27f, .34f, .18f),
+            .straw = linear(.66f, .64f, .42f),
+            .bare = linear(.68f, .62f, .50f),
+            .soil = linear(.50f, .42f, .32f),
+            .crops = {linear(.44f, .50f, .26f), linear(.39f, .46f, .23f), linear(.70f, .65f, .40f),
+                      linear(.54f, .45f, .32f), linear(.48f, .53f, .28f), linear(.60f, .60f, .34f),
+                      linear(.36f, .42f, .22f)},
+            .woodfloor = linear(.18f, .23f, .12f)};
 }
 
 ground_paint autumn_moor()
 {
-    return {.heath = paint(.46f, .34f, .21f),
-            .dry = paint(.64f, .54f, .36f),
-            .middling = paint(.53f, .46f, .30f),
-            .lush = paint(.44f, .43f, .26f),
-            .dark = paint(.38f, .29f, .20f),
-            .straw = paint(.72f, .64f, .45f),
-            .bare = paint(.60f, .54f, .42f),
-            .soil = paint(.46f, .36f, .26f),
-            .crops = {paint(.47f, .47f, .26f), paint(.46f, .50f, .25f), paint(.74f, .66f, .45f),
-                      paint(.44f, .35f, .24f), paint(.53f, .50f, .29f), paint(.68f, .59f, .38f),
-                      paint(.47f, .39f, .26f)},
-            .woodfloor = paint(.40f, .29f, .19f)};
+    return {.heath = linear(.46f, .34f, .21f),
+            .dry = linear(.64f, .54f, .36f),
+            .middling = linear(.53f, .46f, .30f),
+            .lush = linear(.44f, .43f, .26f),
+            .dark = linear(.38f, .29f, .20f),
+            .straw = linear(.72f, .64f, .45f),
+            .bare = linear(.60f, .54f, .42f),
+            .soil = linear(.46f, .36f, .26f),
+            .crops = {linear(.47f, .47f, .26f), linear(.46f, .50f, .25f), linear(.74f, .66f, .45f),
+                      linear(.44f, .35f, .24f), linear(.53f, .50f, .29f), linear(.68f, .59f, .38f),
+                      linear(.47f, .39f, .26f)},
+            .woodfloor = linear(.40f, .29f, .19f)};
 }
 
 std::vector<vec3> summer_leaves()
 {
-    return {paint(.33f, .41f, .20f), paint(.38f, .45f, .23f), paint(.43f, .47f, .25f),
-            paint(.36f, .44f, .26f), paint(.46f, .48f, .28f)};
+    return {linear(.33f, .41f, .20f), linear(.38f, .45f, .23f), linear(.43f, .47f, .25f),
+            linear(.36f, .44f, .26f), linear(.46f, .48f, .28f)};
 }
 std::vector<vec3> autumn_leaves()
 {
-    return {paint(.53f, .36f, .21f), paint(.61f, .46f, .24f), paint(.46f, .32f, .21f),
-            paint(.64f, .53f, .28f), paint(.43f, .42f, .23f), paint(.52f, .41f, .25f)};
+    return {linear(.53f, .36f, .21f), linear(.61f, .46f, .24f), linear(.46f, .32f, .21f),
+            linear(.64f, .53f, .28f), linear(.43f, .42f, .23f), linear(.52f, .41f, .25f)};
 }
 
 country thornmere()
 {
-    country c{.picture = "visualrange.vrp",
-              .range = "visualrange.arf",
-              .name = "THORNMERE DOWN",
-              .icons = "target",
-              .sight = vorn::sight_kind::visual,
-              .night = false,
-              .width = 4012,
-              .height = 2000,
-              .quality = 91,
-              .seed = 1000,
-              .towards_sun = afternoon_sun,
-              .sunlight = {2.55f, 2.32f, 1.95f},
-              .skylight = {.38f, .47f, .62f},
-              .ground = chalk_summer(),
-              .sky = {paint(.27f, .45f, .74f), paint(.76f, .83f, .90f), paint(.86f, .88f, .89f), .42f, .38f},
-              .folds = 17,
-              .farmed_from = 2250,
-              .rough_share = 0,
-              .wooded = .30f,
-              .heath = .15f,
-              .scrub = .6f,
-              .conifers = .15f,
-              .leaves = summer_leaves(),
-              .bare_trees = 0};
+    country c{
+        .picture = "visualrange.vrp",
+        .range = "visualrange.arf",
+        .name = "THORNMERE DOWN",
+        .icons = "target",
+        .sight = vorn::sight_kind::visual,
+        .night = false,
+        .width = 4012,
+        .height = 2000,
+        .quality = 91,
+        .seed = 1000,
+        .towards_sun = afternoon_sun,
+        .sunlight = {2.55f, 2.32f, 1.95f},
+        .skylight = {.38f, .47f, .62f},
+        .ground = chalk_summer(),
+        .sky = {linear(.27f, .45f, .74f), linear(.76f, .83f, .90f), linear(.86f, .88f, .89f), .42f, .38f},
+        .folds = 17,
+        .farmed_from = 2250,
+        .rough_share = 0,
+        .wooded = .30f,
+        .heath = .15f,
+        .scrub = .6f,
+        .conifers = .15f,
+        .leaves = summer_leaves(),
+        .bare_trees = 0};
     c.tracks = {
         {at(-44, 250), at(-31, 330), at(-14, 450), at(1, 620), at(7, 860), at(2, 1120), at(-7, 1380),
          at(-5, 1750), at(-11, 2150), at(-8, 2700), at(-12, 3200)},
@@ -133,7 +133,7 @@ country elderbeck()
     c.name = "ELDERBECK VALE";
     c.seed = 2200;
     c.ground = green_valley();
-    c.sky = {paint(.30f, .48f, .76f), paint(.78f, .85f, .91f), paint(.88f, .90f, .91f), .30f, .55f};
+    c.sky = {linear(.30f, .48f, .76f), linear(.78f, .85f, .91f), linear(.88f, .90f, .91f), .30f, .55f};
     c.folds = 13;
     c.farmed_from = 560;
     c.rough_share = .10f;
@@ -176,7 +176,7 @@ country harrowmoor()
     c.sunlight = {2.52f, 2.20f, 1.68f};
     c.skylight = {.42f, .47f, .56f};
     c.ground = autumn_moor();
-    c.sky = {paint(.45f, .55f, .68f), paint(.84f, .85f, .84f), paint(.92f, .89f, .83f), .66f, .6f};
+    c.sky = {linear(.45f, .55f, .68f), linear(.84f, .85f, .84f), linear(.92f, .89f, .83f), .66f, .6f};
     c.folds = 18;
     c.farmed_from = 900;
     c.rough_share = .42f;
@@ -233,4 +233,4 @@ const std::vector<country>& countries()
     return all;
 }
 
-}   // namespace landscape
+}   // namespace tools

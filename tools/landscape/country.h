@@ -1,5 +1,4 @@
-// What is to be drawn: a picture of a range and the country on it. A country is data; countries.cpp holds
-// all.
+// The description of a picture of a range and of the country on it. countries.cpp has them all.
 #pragma once
 
 #include <array>
@@ -7,10 +6,17 @@
 #include <string>
 #include <vector>
 
-#include "geometry.h"
+#include "common/geometry.h"
 #include "gunnery/sight.h"
 
-namespace landscape {
+namespace tools {
+
+// A place by its bearing from the middle of the view in degrees and its distance in metres.
+inline point at(float degrees, float metres)
+{
+    const float bearing = degrees * 3.14159265f / 180;
+    return {metres * std::sin(bearing), metres * std::cos(bearing)};
+}
 
 struct belt_plan {
     path line;
@@ -31,9 +37,9 @@ struct farm_plan {
     float angle;   // radians
 };
 
-// Colours of the ground without light.
+// Reflectances of the ground.
 struct ground_paint {
-    vec3 heath;                              // bracken and heather, where they grow
+    vec3 heath;                              // bracken and heather
     vec3 dry, middling, lush, dark, straw;   // of rough grass
     vec3 bare, soil;                         // of tracks and broken ground
     std::array<vec3, 7> crops;
@@ -62,14 +68,14 @@ struct country {
     ground_paint ground;
     sky_paint sky;
 
-    float folds;                // height of the folds in the ground, metres
-    float farmed_from;          // distance at which rough grass gives way to fields, metres
+    float folds;                // height of the hills and hollows, metres
+    float farmed_from;          // distance at which the rough grass ends and fields begin, metres
     float rough_share;          // of rough ground among the fields, 0 to 1
     float wooded;               // share of the fields that are woods, 0 to 1
-    float heath;                // how much of the rough ground bracken and heather cover, 0 to 1
-    float scrub;                // how thick bushes stand on the rough ground, 0 to 1
+    float heath;                // share of the rough ground that bracken and heather cover, 0 to 1
+    float scrub;                // density of bushes on the rough ground, 0 to 1
     float conifers;             // share of conifers in the woods
-    std::vector<vec3> leaves;   // colours of foliage, drawn among
+    std::vector<vec3> leaves;   // reflectances of foliage, chosen from at random
     float bare_trees;           // share of trees that have lost their leaves
 
     std::vector<path> tracks{}, roads{};
@@ -86,10 +92,10 @@ struct country {
 // All ranges that the trainer ships with.
 const std::vector<country>& countries();
 
-// How a picture looks at its country: a cylinder around the gunner's eye.
+// The projection of a picture: a cylinder around the gunner's eye.
 struct view {
     int width, height;   // pixels
-    float pixel;         // radians
+    float pixel;         // angle of a pixel, radians
     float horizon;       // row at eye height
 
     float bearing(float x) const { return (x - real(width) / 2) * pixel; }
@@ -98,14 +104,14 @@ struct view {
     float column(float bearing) const { return bearing / pixel + real(width) / 2; }
 };
 
-// At full size, or `scale` times smaller for a quick look.
+// At full size, or `scale` times smaller.
 view view_of(const country&, int scale);
 
-// The row, in pixels from the top of the full picture, at which a target's foot stands so that the range that
-// the range author proposes for its upper left corner is this one (metres).
+// The row, in pixels from the top of the full picture, of a target's lower edge for which the range author
+// proposes this range (metres).
 float agreeing_row(const country&, float range);
 
-// The side of a target's square at a range, twips, with the usual target size.
+// The side of a target's square at a range, twips, for the default target size.
 float target_side(vorn::sight_kind, float range);
 
-}   // namespace landscape
+}   // namespace tools

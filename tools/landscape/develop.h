@@ -1,17 +1,16 @@
-// From light or warmth to the picture's bytes.
+// From light or warmth to the picture.
 #pragma once
 
-#include <cstdint>
-#include <vector>
+#include <QImage>
 
 #include "renderer.h"
 
-namespace landscape {
+namespace tools {
 
-// Three bytes a pixel, red first; as a camera shows the light.
-std::vector<std::uint8_t> photograph(const rendered&);
-// One byte a pixel; as a scanning thermal sight shows the warmth: blurred, with lines and noise. Ground comes
-// out between a quarter and six tenths, so that hot targets have the top to themselves.
-std::vector<std::uint8_t> thermal_image(const rendered&);
+// As a camera shows the light.
+QImage photograph(const rendered&);
+// As a scanning thermal sight shows the warmth: grey, blurred, with scan lines and noise. The ground lies
+// between .25 and .6 of white, so that only hot targets are brighter.
+QImage thermal_image(const rendered&);
 
-}   // namespace landscape
+}   // namespace tools

@@ -1,16 +1,15 @@
 #include "fields.h"
 
-#include "noise.h"
+#include "common/noise.h"
 
-namespace landscape {
-
+namespace tools {
 namespace {
 
 constexpr float depth_of_row = 190, width_of_field = 240;   // metres
 constexpr float turn = .42f;                                // of the rows against the view, radians
-constexpr float crooked = .30f;                             // of a row, how far boundaries stray
+constexpr float crooked = .30f;                             // deviation of boundaries, in rows
 
-// Where the line before `i` runs, in units of one row; the lines stray but never cross.
+// The boundary before row `i`, in rows; boundaries are irregular but never cross.
 float line(int i, int row, std::uint32_t seed)
 {
     return real(i) + .5f * (scatter(i, row, seed) - .5f);
@@ -23,7 +22,7 @@ struct span {
 
 span span_at(float v, int row, std::uint32_t seed)
 {
-    int i = whole(v);
+    int i = floor_int(v);
     if (v < line(i, row, seed)) i -= 1;
     if (v >= line(i + 1, row, seed)) i += 1;
     return {i, line(i, row, seed), line(i + 1, row, seed)};
@@ -62,7 +61,7 @@ field field_at(const country& land, float x, float y)
         turn + ((f.id & 1) != 0U ? 0 : 1.5708f) + .2f * (scatter(piece.number, row.number, 3) - .5f);
     f.along_x = std::cos(angle);
     f.along_y = std::sin(angle);
-    // Woods keep together: fields next to one another have nearly the same rank.
+    // Neighbouring fields have similar values, so that woods form groups.
     const float together = .5f + .9f * noise(real(piece.number) * .43f, real(row.number) * .39f, seed + 9);
     f.wood = clamp01(.65f * together + .35f * scatter(piece.number, row.number, seed + 10));
     return f;
@@ -72,8 +71,8 @@ bool wooded(const country& land, const field& f, float x, float y)
 {
     constexpr float hamlet_land = 230;   // metres around its middle
     if (land.hamlet && std::hypot(x - land.hamlet_at.x, y - land.hamlet_at.y) < hamlet_land) return false;
-    // More of the far slopes than of the floor.
-    const float share = land.wooded * (.55f + .9f * smooth(1300, 2300, std::hypot(x, y)));
+    // Far slopes have more woods than the floor of the valley.
+    const float share = land.wooded * (.55f + .9f * smoothstep(1300, 2300, std::hypot(x, y)));
     return f.wood < .12f + .6f * share;
 }
 
@@ -81,11 +80,11 @@ float roughness(const country& land, float x, float y)
 {
     const float range = std::sqrt(x * x + y * y);
     const float edge = land.farmed_from + .12f * land.farmed_from * noise(x / 420, y / 420, land.seed + 61);
-    const float near = 1 - smooth(edge - 12, edge + 12, range);
+    const float near = 1 - smoothstep(edge - 12, edge + 12, range);
     if (land.rough_share <= 0 || range > 3200) return near;
     const field f = field_at(land, x, y);
     const bool rough = real(f.id >> 8 & 255) / 255 < land.rough_share;
-    return std::max(near, rough ? smooth(0, 3, f.edge) : 0.f);
+    return std::max(near, rough ? smoothstep(0, 3, f.edge) : 0.f);
 }
 
-}   // namespace landscape
+}   // namespace tools

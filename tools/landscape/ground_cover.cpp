@@ -1,25 +1,24 @@
 #include "ground_cover.h"
 
+#include "common/noise.h"
 #include "fields.h"
-#include "light.h"
-#include "noise.h"
+#include "sky.h"
 
-namespace landscape {
-
+namespace tools {
 namespace {
 
-// Texture at one place, from coarse to fine. Each is 0 where its waves are too short for the pixel.
+// Texture at one place by wavelength, from coarse to fine. A component that is finer than the pixel is 0.
 struct texture {
     float wide, broad, clumps;            // 420 m, 90 m, 23 and 11 m
     float tufts, stems, blades, specks;   // 4 m, 1.1 m, 30 cm, 9 cm
-    float relief;                         // of the fine ones, lit by the sun
+    float relief;                         // of the fine ones, as the sun lights it
 };
 
-// How much of a wave of this length is left in a pixel.
+// The contrast that is left of this wavelength in a pixel.
 float seen(const ground_spot& s, float wave)
 {
     const float size = .65f * s.across + .35f * s.along;
-    return 1 - smooth(.30f, .90f, 2 * size / wave);
+    return 1 - smoothstep(.30f, .90f, 2 * size / wave);
 }
 
 struct fine_wave {
@@ -53,7 +52,7 @@ texture texture_at(const country& land, const ground_spot& s)
     return t;
 }
 
-// Colour before light, and warmth, as layer comes upon layer.
+// Reflectance and warmth, built up in layers.
 struct layered {
     vec3 colour;
     float warmth;
@@ -72,39 +71,39 @@ layered rough_grass(const country& land, const ground_spot& s, const texture& t)
     layered g{green < .5f ? mix(p.dry, p.middling, clamp01(green * 2))
                           : mix(p.middling, p.lush, clamp01(green * 2 - 1)),
               .42f + .10f * t.wide + .06f * t.broad + .05f * t.clumps - .05f * t.tufts};
-    // Tussocks keep to some slopes and leave others smooth.
+    // Some slopes have tussocks, others are smooth.
     const float coarse = clamp01(.75f + 1.1f * noise(s.x / 260, s.y / 260, land.seed + 217));
     const float tussocks =
         fractal(s.x / 40 + 9, s.y / 40, 214, 2) + .6f * t.tufts + .5f * t.stems + .35f * t.blades;
-    g.lay(p.dark, .65f * coarse * smooth(.35f, 1.1f, tussocks));
+    g.lay(p.dark, .65f * coarse * smoothstep(.35f, 1.1f, tussocks));
     const float bracken =
         fractal(s.x / 150, s.y / 150, land.seed + 221, 3) + .35f * t.clumps + .35f * t.tufts + .30f * t.stems;
-    g.lay(p.heath * (1 + .25f * t.stems + .2f * t.blades), .8f * land.heath * smooth(.10f, .55f, bracken),
+    g.lay(p.heath * (1 + .25f * t.stems + .2f * t.blades), .8f * land.heath * smoothstep(.10f, .55f, bracken),
           -.03f);
     const float seeding = noise(s.x / 30, s.y / 30, 219) + .7f * t.stems + .6f * t.blades + .5f * t.specks;
-    g.lay(p.straw, .55f * smooth(.35f, 1.2f, seeding));
+    g.lay(p.straw, .55f * smoothstep(.35f, 1.2f, seeding));
     return g;
 }
 
-// Stripes of a width across a field, from -1 to 1, faded where the pixel is wider than they are.
+// Stripes along the direction of ploughing, from -1 to 1; they fade where they are narrower than a pixel.
 float stripes(const ground_spot& s, const field& f, float width)
 {
     const float across = -s.x * f.along_y + s.y * f.along_x;
     const float view_x = s.x / s.range, view_y = s.y / s.range;
     const float depth = std::fabs(-view_x * f.along_y + view_y * f.along_x);
     const float size = s.along * depth + s.across * (1 - depth);
-    const float share = 1 - smooth(.30f, .90f, 2 * size / width);
+    const float share = 1 - smoothstep(.30f, .90f, 2 * size / width);
     return share > 0 ? share * std::sin(across * 6.2832f / width) : 0;
 }
 
-// The two wheel lines that a sprayer leaves, every eighteen metres.
+// The wheel marks of a sprayer, every eighteen metres.
 float tramlines(const ground_spot& s, const field& f)
 {
     constexpr float apart = 18, half_gauge = .9f, wheel = .45f;
     const float across = -s.x * f.along_y + s.y * f.along_x;
     const float off = std::fabs(std::remainder(across, apart));
     const float blur = wheel + .7f * s.across + .5f * s.along;
-    const float line = 1 - smooth(.3f * blur, 1.4f * blur, std::fabs(off - half_gauge));
+    const float line = 1 - smoothstep(.3f * blur, 1.4f * blur, std::fabs(off - half_gauge));
     return line * wheel / blur;
 }
 
@@ -121,11 +120,11 @@ layered farmland(const country& land, const ground_spot& s, const texture& t, co
         g.colour = g.colour * (1 + .09f * stripes(s, f, 2.8f) + .05f * stripes(s, f, 9));
         g.lay(mix(g.colour, p.soil, .55f), .75f * tramlines(s, f), .04f);
     } else {
-        g.lay(p.dark, .35f * smooth(.2f, 1.f, t.clumps + .7f * t.tufts));
-        g.lay(p.lush, .4f * smooth(0, .8f, t.broad));
+        g.lay(p.dark, .35f * smoothstep(.2f, 1.f, t.clumps + .7f * t.tufts));
+        g.lay(p.lush, .4f * smoothstep(0, .8f, t.broad));
     }
-    // The unploughed margin.
-    g.lay(mix(p.middling, p.dark, .4f), .8f * (1 - smooth(1.8f, 3.2f + s.across, f.edge)), -.04f);
+    // The margin is not ploughed.
+    g.lay(mix(p.middling, p.dark, .4f), .8f * (1 - smoothstep(1.8f, 3.2f + s.across, f.edge)), -.04f);
     return g;
 }
 
@@ -135,55 +134,57 @@ vec3 chalky(const country& land, const texture& t)
                clamp01(.30f + .5f * t.clumps + .4f * t.tufts + .3f * t.blades));
 }
 
-// Two ruts close up, one pale band far off.
+// Two ruts when near, one pale band when far.
 float worn_by_wheels(const ground_spot& s, const texture& t, float off, float half_gauge)
 {
     const float wander = .35f * t.tufts + .30f * t.stems + .25f * t.clumps;
-    const float rut = 1 - smooth(.25f, .85f, std::fabs(off - half_gauge) + .5f * wander);
-    const float band = 1 - smooth(1.9f, 3.6f, off + wander * 1.3f);
-    const float near = smooth(.25f, 1, 1.2f / (s.across + .3f));
+    const float rut = 1 - smoothstep(.25f, .85f, std::fabs(off - half_gauge) + .5f * wander);
+    const float band = 1 - smoothstep(1.9f, 3.6f, off + wander * 1.3f);
+    const float near = smoothstep(.25f, 1, 1.2f / (s.across + .3f));
     return clamp01(mix(band * .75f, std::max(rut * .95f, band * .35f), near));
 }
 
 void lay_ways(const country& land, const ground_map& map, const ground_spot& s, const texture& t, float rough,
               layered& g)
 {
-    if (const float off = map.to_track(s.x, s.y); off < 11) {
-        const float verge = 1 - smooth(3, 9, off + 2.5f * t.clumps + 1.5f * t.broad);
+    if (const float off = map.tracks.at(s.x, s.y); off < 11) {
+        const float verge = 1 - smoothstep(3, 9, off + 2.5f * t.clumps + 1.5f * t.broad);
         g.lay(mix(land.ground.straw, land.ground.middling, .5f), verge * .40f, .05f);
         g.lay(chalky(land, t), worn_by_wheels(s, t, off, 1.35f), .20f);
     }
-    if (const float off = map.to_trail(s.x, s.y); off < 5 && rough > 0) {
+    if (const float off = map.trails.at(s.x, s.y); off < 5 && rough > 0) {
         const float patchy = rough * clamp01(.55f + .45f * t.broad + .4f * noise(s.x / 60, s.y / 60, 233));
         g.lay(mix(land.ground.straw, land.ground.soil, clamp01(.5f + t.clumps)),
               .6f * patchy * worn_by_wheels(s, t, off, 1.3f), .07f);
     }
-    if (const float off = map.to_road(s.x, s.y); off < 11) {
+    if (const float off = map.roads.at(s.x, s.y); off < 11) {
         constexpr float half_width = 2.7f;
         const float soft = .3f + s.across;
-        g.lay(land.ground.straw, .7f * (1 - smooth(half_width + .6f, half_width + 2.2f + soft, off)), .03f);
+        g.lay(land.ground.straw, .7f * (1 - smoothstep(half_width + .6f, half_width + 2.2f + soft, off)),
+              .03f);
         const float grain = 1 + .06f * t.clumps + .10f * t.stems + .08f * t.blades;
-        g.lay(paint(.55f, .54f, .53f) * grain, 1 - smooth(half_width - soft, half_width + soft, off), .10f);
+        g.lay(linear(.55f, .54f, .53f) * grain, 1 - smoothstep(half_width - soft, half_width + soft, off),
+              .10f);
     }
 }
 
 void lay_scars(const country& land, const ground_spot& s, const texture& t, float rough, layered& g)
 {
     const float broken = fractal(s.x / 75 + 4, s.y / 75, land.seed + 231, 3) + .25f * t.tufts + .2f * t.stems;
-    const float share = .8f * smooth(.93f, 1.12f, broken) * rough * smooth(130, 300, s.range);
+    const float share = .8f * smoothstep(.93f, 1.12f, broken) * rough * smoothstep(130, 300, s.range);
     if (share > 0) g.lay(chalky(land, t), share, .14f);
 }
 
 void lay_bank(const country& land, const ground_spot& s, const texture& t, float off, layered& g)
 {
     g.lay(mix(land.ground.lush, land.ground.dark, clamp01(.5f + t.clumps)),
-          .8f * (1 - smooth(3, 14, off + 3 * t.clumps)), -.05f);
-    g.lay(land.ground.soil * .7f, .7f * (1 - smooth(0, 1.6f + s.across, off + t.stems)), -.04f);
+          .8f * (1 - smoothstep(3, 14, off + 3 * t.clumps)), -.05f);
+    g.lay(land.ground.soil * .7f, .7f * (1 - smoothstep(0, 1.6f + s.across, off + t.stems)), -.04f);
 }
 
 vec3 lit(const country& land, const ground_map& map, const ground_spot& s, const texture& t, vec3 colour)
 {
-    const float shade = map.light(s.x, s.y), clouds = cloud_shadow(land, s.x, s.y);
+    const float shade = map.shade.at(s.x, s.y) / 255, clouds = cloud_shadow(land, s.x, s.y);
     const float facing = std::max(0.f, dot(s.normal, land.towards_sun));
     const float sunshine = facing * shade * clouds;
     const float open = (.75f + .25f * s.normal.z) * (.55f + .45f * shade) * (1 + .55f * t.relief);
@@ -193,13 +194,14 @@ vec3 lit(const country& land, const ground_map& map, const ground_spot& s, const
            (land.sunlight * (sunshine * clamp01(1 + 1.3f * t.relief)) + land.skylight * open);
 }
 
-// By day the sun warms what it falls on; by night the ground keeps a trace of it, and the hollows are cold.
+// By day the ground is warm where the sun shines on it; by night slopes keep some of the warmth, and hollows
+// are cold.
 float warmed(const country& land, const ground_map& map, const ground_spot& s, const texture& t, float warmth)
 {
     const float fine_grain = .05f * t.stems + .04f * t.blades;
     if (land.night) return warmth * .80f + .06f + .30f * (s.normal.z - .97f) + fine_grain * .6f;
     const float facing = std::max(0.f, dot(s.normal, land.towards_sun));
-    const float open = map.light(s.x, s.y) * cloud_shadow(land, s.x, s.y);
+    const float open = map.shade.at(s.x, s.y) / 255 * cloud_shadow(land, s.x, s.y);
     return warmth + .42f * (facing - .48f) + .16f * (open - .8f) + .12f * t.relief + fine_grain;
 }
 
@@ -215,14 +217,14 @@ surface cover(const country& land, const ground_map& map, const ground_spot& s)
         g = {mix(farmed.colour, g.colour, rough), mix(farmed.warmth, g.warmth, rough)};
     }
     lay_scars(land, s, t, rough, g);
-    const float off_river = land.river_width > 0 ? map.to_river(s.x, s.y) - land.river_width / 2 : 1000;
+    const float off_river = map.river.at(s.x, s.y) - land.river_width / 2;
     if (off_river < 16) lay_bank(land, s, t, off_river, g);
     lay_ways(land, map, s, t, rough, g);
     if (off_river < 0) {
         const float ripples = .03f * t.tufts + .04f * t.stems;
-        return {paint(.20f, .23f, .19f) * (1 + ripples), land.night ? .58f : .27f, material::water};
+        return {linear(.20f, .23f, .19f) * (1 + ripples), land.night ? .58f : .27f, material::water};
     }
     return {lit(land, map, s, t, g.colour), warmed(land, map, s, t, g.warmth), material::ground};
 }
 
-}   // namespace landscape
+}   // namespace tools

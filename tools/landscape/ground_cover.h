@@ -1,17 +1,17 @@
 // What covers the ground, in colour and in warmth: rough grass, fields, woodland floor, tracks and roads,
-// broken ground, water. Texture runs from hundreds of metres down to hand's breadths and fades where it would
-// be finer than a pixel.
+// broken ground, water. Its texture has wavelengths from hundreds of metres to
+// ten centimetres; those finer than a pixel are faded out.
 #pragma once
 
 #include "country.h"
 #include "ground_map.h"
 #include "terrain.h"
 
-namespace landscape {
+namespace tools {
 
 enum class material : std::uint8_t { sky, ground, plant, building, water };
 
-// A place on the ground as a pixel sees it.
+// A place on the ground in a pixel.
 struct ground_spot {
     float x, y;
     float range;
@@ -21,11 +21,11 @@ struct ground_spot {
 };
 
 struct surface {
-    vec3 light;     // that it sends towards the gunner, before the air
+    vec3 light;     // reflected towards the gunner, without the haze
     float warmth;   // 0 cold to 1 hot
     material made_of;
 };
 
 surface cover(const country&, const ground_map&, const ground_spot&);
 
-}   // namespace landscape
+}   // namespace tools

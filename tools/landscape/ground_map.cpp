@@ -1,9 +1,8 @@
 #include "ground_map.h"
 
-#include "noise.h"
+#include "common/noise.h"
 
-namespace landscape {
-
+namespace tools {
 namespace {
 
 constexpr float cell = 1.25f;                         // metres
@@ -12,29 +11,26 @@ constexpr int columns = 4320, rows = 3000;
 
 }   // namespace
 
-map_layer::map_layer(std::uint8_t start) : bytes_(index(columns) * rows, start) {}
+map_layer::map_layer(float unit) : bytes_(columns, rows, 255), unit_(unit) {}
 
-float map_layer::at(float x, float y, float outside) const
+float map_layer::at(float x, float y) const
 {
     const float u = (x - left_edge) / cell, v = (y - near_edge) / cell;
-    if (u < 0 || v < 0 || u >= columns - 2 || v >= rows - 2) return outside;
-    const int i = static_cast<int>(u), j = static_cast<int>(v);
-    const std::uint8_t* p = &bytes_[index(j) * columns + index(i)];
-    const float s = u - real(i), t = v - real(j);
-    return mix(mix(p[0], p[1], s), mix(p[columns], p[columns + 1], s), t);
+    if (u < 0 || v < 0 || u >= columns - 2 || v >= rows - 2) return 255 * unit_;
+    return bytes_.between(u, v) * unit_;
 }
 
 map_layer::cells map_layer::around(point low, point high, float reach)
 {
-    return {std::max(0, whole((low.x - reach - left_edge) / cell)),
-            std::min(columns - 1, whole((high.x + reach - left_edge) / cell) + 1),
-            std::max(0, whole((low.y - reach - near_edge) / cell)),
-            std::min(rows - 1, whole((high.y + reach - near_edge) / cell) + 1)};
+    return {std::max(0, floor_int((low.x - reach - left_edge) / cell)),
+            std::min(columns - 1, floor_int((high.x + reach - left_edge) / cell) + 1),
+            std::max(0, floor_int((low.y - reach - near_edge) / cell)),
+            std::min(rows - 1, floor_int((high.y + reach - near_edge) / cell) + 1)};
 }
 
-void map_layer::mark_distance(const path& line, float unit)
+void map_layer::mark_distance(const path& line)
 {
-    const float reach = 255 * unit;
+    const float reach = 255 * unit_;
     for (std::size_t k = 0; k + 1 < line.size(); ++k) {
         const point a = line[k], b = line[k + 1];
         const cells c =
@@ -44,8 +40,8 @@ void map_layer::mark_distance(const path& line, float unit)
             for (int i = c.left; i <= c.right; ++i) {
                 const float x = left_edge + real(i) * cell - a.x, y = near_edge + real(j) * cell - a.y;
                 const float t = clamp01((x * dx + y * dy) / square);
-                const float bytes = std::hypot(x - t * dx, y - t * dy) / unit;
-                std::uint8_t& there = bytes_[index(j) * columns + index(i)];
+                const float bytes = std::hypot(x - t * dx, y - t * dy) / unit_;
+                std::uint8_t& there = bytes_.at(i, j);
                 if (bytes < static_cast<float>(there)) there = static_cast<std::uint8_t>(bytes);
             }
     }
@@ -62,12 +58,12 @@ void map_layer::darken(point middle, float along, float across, float angle, flo
             const float a = (x * cosine + y * sine) / along, b = (y * cosine - x * sine) / across;
             const float q = a * a + b * b;
             if (q >= edge) continue;
-            std::uint8_t& there = bytes_[index(j) * columns + index(i)];
-            there = static_cast<std::uint8_t>(real(there) * (1 - strength * (1 - smooth(.35f, edge, q))));
+            std::uint8_t& there = bytes_.at(i, j);
+            there = static_cast<std::uint8_t>(real(there) * (1 - strength * (1 - smoothstep(.35f, edge, q))));
         }
 }
 
-// Between b and c, on the curve that goes through all four at equal steps.
+// A Catmull-Rom spline between b and c.
 static float on_curve(float a, float b, float c, float d, float t)
 {
     return .5f *
@@ -88,7 +84,7 @@ path winding(const path& through, float wander)
     for (std::size_t i = 0; i + 1 < count; ++i) {
         const point a = through[i > 0 ? i - 1 : 0], b = through[i], c = through[i + 1];
         const point d = through[std::min(count - 1, i + 2)];
-        const int pieces = std::max(2, whole(std::hypot(c.x - b.x, c.y - b.y) / spacing));
+        const int pieces = std::max(2, floor_int(std::hypot(c.x - b.x, c.y - b.y) / spacing));
         for (int k = 0; k < pieces; ++k) {
             const float t = real(k) / real(pieces);
             line.push_back(
@@ -99,4 +95,4 @@ path winding(const path& through, float wander)
     return line;
 }
 
-}   // namespace landscape
+}   // namespace tools

@@ -1,98 +1,69 @@
 // Makes the ranges that the trainer ships with: panoramic pictures of invented country for the visual and the
 // thermal sight, and the range files with twenty target positions on each.
 //
-// What is modelled: ground with true heights, so that each pixel has a true range; grass, crops, woodland,
-// tracks, water and houses on it; sun, cloud shadow, and air that pales with distance. The relief is made so
-// that the height of a place on the picture tells its range as the range author's band does; the program
-// prints by how much they differ.
-//
-// Usage: landscape FOLDER [--only PICTURE] [--scale N]
-// With --scale it makes smaller pictures for a quick look, and no range files.
+// The ground has true heights, so each pixel has a true range. On it are grass, crops, woods, tracks, water
+// and houses; sun, cloud shadows and haze light them. The relief is chosen so that the range author proposes
+// nearly the true range for a place on the picture; the program prints how far the proposals are off.
 
+#include <QCommandLineParser>
+#include <QCoreApplication>
 #include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <string>
 
+#include "common/save.h"
 #include "develop.h"
-#include "jpeg.h"
 #include "positions.h"
 
-using namespace landscape;
+using namespace tools;
 
-struct orders {
-    std::string folder, only;
-    int scale = 1;
-};
-
-static bool save(const std::string& path, const std::string& bytes)
-{
-    std::ofstream file(path, std::ios::binary);
-    file << bytes << std::flush;
-    if (!file) std::fprintf(stderr, "landscape: can't write %s\n", path.c_str());
-    return file.good();
-}
-
-static void report(const country& land, const std::vector<position>& positions, std::size_t bytes)
+static void report(const country& land, const std::vector<position>& positions, qsizetype bytes)
 {
     std::vector<float> off;
     int under1300 = 0, under1600 = 0;
     for (std::size_t i = 0; const position& p : positions) {
         off.push_back(std::fabs(proposed_range(land, p) - p.range));
-        if (++i == positions.size()) break;   // the last is never drawn
+        if (++i == positions.size()) break;   // a practice never uses the last one
         under1300 += p.range < 1300 ? 1 : 0;
         under1600 += p.range < 1600 ? 1 : 0;
     }
     std::sort(off.begin(), off.end());
     std::printf(
-        "%-18s %4zu kB, %zu positions, %d under 1300 m, %d under 1600 m; proposed range off by %.0f m "
+        "%-18s %4lld kB, %zu positions, %d under 1300 m, %d under 1600 m; proposed range off by %.0f m "
         "(median), %.0f m (worst)\n",
-        land.picture, bytes / 1024, positions.size(), under1300, under1600,
+        land.picture, static_cast<long long>(bytes / 1024), positions.size(), under1300, under1600,
         static_cast<double>(off[off.size() / 2]), static_cast<double>(off.back()));
 }
 
-static bool make(const country& land, const orders& o)
+static bool make(const country& land, const QString& folder, int scale)
 {
     const world w(land);
-    const view v = view_of(land, o.scale);
-    const rendered r = render(w, v);
+    const rendered r = render(w, view_of(land, scale));
     const bool visual = land.sight == vorn::sight_kind::visual;
-    const std::string picture =
-        jpeg(visual ? photograph(r) : thermal_image(r), r.width, r.height, visual ? 3 : 1, land.quality);
-    if (!save(o.folder + '/' + land.picture, picture)) return false;
-    if (o.scale > 1) return true;
+    const QByteArray picture = jpeg(visual ? photograph(r) : thermal_image(r), land.quality);
+    if (!save(folder + '/' + land.picture, picture)) return false;
+    if (scale > 1) return true;
     const std::vector<position> positions = choose_positions(land, r);
     if (positions.size() < 20) {
         std::fprintf(stderr, "landscape: only %zu positions on %s\n", positions.size(), land.picture);
         return false;
     }
     report(land, positions, picture.size());
-    std::fflush(stdout);
-    return save(o.folder + '/' + land.range, range_file(land, positions));
+    return save(folder + '/' + land.range, QByteArray::fromStdString(range_file(land, positions)));
 }
 
-static int usage()
+int main(int argc, char** argv)
 {
-    std::fprintf(stderr, "usage: landscape FOLDER [--only PICTURE] [--scale N]\n");
-    return 2;
-}
-
-int main(int count, char** arguments)
-{
-    if (count < 2) return usage();
-    orders o{.folder = arguments[1], .only = {}};
-    for (int i = 2; i < count; i += 2) {
-        const std::string option = arguments[i];
-        if (i + 1 == count) return usage();
-        if (option == "--only")
-            o.only = arguments[i + 1];
-        else if (option == "--scale")
-            o.scale = std::max(1, std::atoi(arguments[i + 1]));
-        else
-            return usage();
-    }
+    const QCoreApplication program(argc, argv);
+    QCommandLineParser options;
+    options.addHelpOption();
+    options.addPositionalArgument("folder", "Where the pictures and range files go.");
+    options.addOption({"only", "Makes this picture and its range alone.", "picture"});
+    options.addOption({"scale", "Makes pictures so many times smaller, and no range files.", "times", "1"});
+    options.process(program);
+    const int scale = options.value("scale").toInt();
+    if (options.positionalArguments().size() != 1 || scale < 1) options.showHelp(2);
     bool good = true;
     for (const country& land : countries())
-        if (o.only.empty() || o.only == land.picture) good = make(land, o) && good;
+        if (!options.isSet("only") || options.value("only") == land.picture)
+            good = make(land, options.positionalArguments().first(), scale) && good;
     return good ? 0 : 1;
 }

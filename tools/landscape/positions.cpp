@@ -3,22 +3,21 @@
 #include <cmath>
 #include <optional>
 
-#include "noise.h"
+#include "common/noise.h"
 #include "platform/objects.h"
 #include "ranges/rangefile.h"
 
-namespace landscape {
-
+namespace tools {
 namespace {
 
 constexpr int wanted = 20;
 constexpr float nearest = 600, farthest = 2500;   // metres
-// The range looked for at each position, from left to right: near and far in turn, eleven under 1300 m and
-// fourteen under 1600 m among the first nineteen, for the coax and for FIN.
-constexpr float looked_for[wanted] = {900,  2300, 1250, 700,  1500, 1050, 2050, 820,  1400, 1150,
-                                      1750, 650,  1200, 2400, 980,  1550, 750,  1900, 1100, 2200};
-// Metres from the range looked for; each is tried when the one before finds nothing.
-constexpr float too_far_off[] = {380, 800, 1900};
+// The preferred range of each position, from left to right: near and far ones alternate; of the first
+// nineteen, eleven are under 1300 m for the coax and fourteen under 1600 m for FIN.
+constexpr float preferred[wanted] = {900,  2300, 1250, 700,  1500, 1050, 2050, 820,  1400, 1150,
+                                     1750, 650,  1200, 2400, 980,  1550, 750,  1900, 1100, 2200};
+// Tolerances of that range, in metres; each is tried when the one before finds nothing.
+constexpr float tolerances[] = {380, 800, 1900};
 
 constexpr float spare = 1000;   // twips, for aiming off in the wind and over the target
 
@@ -26,7 +25,7 @@ struct box {
     float left, right, top, bottom;   // pixels
 };
 
-// Where the aim can be laid by hand with the window still full of picture, room to spare on all sides.
+// Where the sight can be laid by hand while the picture fills its window, with some room on all sides.
 box in_reach(const country& land)
 {
     const vorn::sight_numbers& sight = vorn::numbers_of(land.sight);
@@ -43,9 +42,9 @@ box in_reach(const country& land)
             (y + height - down - below) / twip};
 }
 
-// Whether a target's foot can stand here. The commander's lay takes the picture a step further than the
-// target, so the ground must be open so far around as well.
-bool stands_in_the_open(const country& land, const rendered& r, int x, int y, float range)
+// Whether a target's lower edge can be here. The commander's lay ends up to a step beyond the target, so the
+// ground must be open that far around it as well.
+bool is_open(const country& land, const rendered& r, int x, int y, float range)
 {
     const auto twip = real(vorn::twips_per_pixel);
     const int half = static_cast<int>(
@@ -54,38 +53,38 @@ bool stands_in_the_open(const country& land, const rendered& r, int x, int y, fl
     const int slip = static_cast<int>(real(vorn::numbers_of(land.sight).down.step) / twip);
     for (int i = -half; i <= half; i += 2) {
         for (int j = -slip; j <= slip; j += 2) {
-            const std::size_t k = r.at(x + i, y + j);
-            if (r.made_of[k] != material::ground) return false;
-            if (std::fabs(r.range[k] - range) > .12f * range) return false;   // a crest
+            const pixel& foot = r.at(x + i, y + j);
+            if (foot.made_of != material::ground) return false;
+            if (std::fabs(foot.range - range) > .12f * range) return false;   // a crest
         }
         for (int j = slip; j <= side; j += 2) {
-            const std::size_t k = r.at(x + i, y - j);
-            if (r.made_of[k] >= material::plant && r.range[k] < range) return false;   // something before it
+            const pixel& body = r.at(x + i, y - j);
+            if (body.made_of >= material::plant && body.range < range) return false;   // something in front
         }
     }
     return true;
 }
 
-float cost(const country& land, const position& p, float range, chance& c)
+float cost(const country& land, const position& p, float range, rng& random)
 {
     const float proposed = proposed_range(land, p);
     const float disagrees = proposed > 0 ? std::fabs(proposed - p.range) : 1000;
-    return std::fabs(p.range - range) + .6f * disagrees + 40 * c.unit();
+    return std::fabs(p.range - range) + .6f * disagrees + 40 * random.unit();
 }
 
 std::optional<position> best_between(const country& land, const rendered& r, const box& reach, int left,
-                                     int right, float range, float within, chance& c)
+                                     int right, float range, float within, rng& random)
 {
     std::optional<position> best;
     float least = 0;
     for (int y = static_cast<int>(reach.top); y < static_cast<int>(reach.bottom); y += 3)
         for (int x = left; x < right; x += 5) {
-            const float there = r.range[r.at(x, y)];
+            const float there = r.at(x, y).range;
             if (there < nearest || there > farthest || std::fabs(there - range) > within) continue;
             const position p{x, y, std::round(there)};
-            const float costs = cost(land, p, range, c);
+            const float costs = cost(land, p, range, random);
             if (best && costs >= least) continue;
-            if (!stands_in_the_open(land, r, x, y, there)) continue;
+            if (!is_open(land, r, x, y, there)) continue;
             best = p;
             least = costs;
         }
@@ -97,18 +96,18 @@ std::optional<position> best_between(const country& land, const rendered& r, con
 std::vector<position> choose_positions(const country& land, const rendered& r)
 {
     const box reach = in_reach(land);
-    chance c(land.seed + 12345);
+    rng random(land.seed + 12345);
     std::vector<position> chosen;
     const float slot = (reach.right - reach.left) / wanted;
-    // Between two neighbours is always room for a target's width.
+    // Neighbours are at least the width of a target apart.
     const float apart = real(vorn::largest_target) / real(vorn::twips_per_pixel) / 2;
     for (int i = 0; i < wanted; ++i) {
         const float left = reach.left + slot * real(i);
         std::optional<position> p;
-        for (const float within : too_far_off)
+        for (const float within : tolerances)
             if (!p)
                 p = best_between(land, r, reach, static_cast<int>(left + apart),
-                                 static_cast<int>(left + slot - apart), looked_for[i], within, c);
+                                 static_cast<int>(left + slot - apart), preferred[i], within, random);
         if (p) chosen.push_back(*p);
     }
     return chosen;
@@ -145,4 +144,4 @@ std::string range_file(const country& land, const std::vector<position>& positio
     return vorn::range_file_bytes(p);
 }
 
-}   // namespace landscape
+}   // namespace tools

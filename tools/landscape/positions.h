@@ -1,4 +1,4 @@
-// Chooses where the targets of a range stand, and writes its range file.
+// Chooses the target positions of a range, and writes its range file.
 #pragma once
 
 #include <string>
@@ -6,17 +6,17 @@
 
 #include "renderer.h"
 
-namespace landscape {
+namespace tools {
 
 struct position {
-    int x, y;      // of the middle of the target's foot, pixels
+    int x, y;      // of the middle of the target's lower edge, pixels
     float range;   // metres
 };
 
-// Twenty places, in the order of the range file; fewer when the country has no more to give.
+// Twenty positions in the order of the range file, or as many as can be found.
 std::vector<position> choose_positions(const country&, const rendered&);
-// The range that the range author proposes for a target there, metres; 0 outside his band.
+// The range that the range author proposes for a target there, metres; 0 outside the author's band.
 float proposed_range(const country&, const position&);
 std::string range_file(const country&, const std::vector<position>&);
 
-}   // namespace landscape
+}   // namespace tools

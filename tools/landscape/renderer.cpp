@@ -1,44 +1,36 @@
 #include "renderer.h"
 
-#include "light.h"
-#include "workers.h"
+#include <optional>
 
-namespace landscape {
+#include "common/noise.h"
+#include "common/parallel.h"
 
+namespace tools {
 namespace {
 
-constexpr int fine = 2;                                // samples to a pixel, each way
-constexpr int strip_width = 128;                       // pixels
-constexpr float nowhere = 1e9f;                        // range of the sky
-constexpr float first_step = 150, last_step = 26000;   // of the march over the ground, metres
+constexpr int fine = 2;            // samples to a pixel, each way
+constexpr int strip_width = 128;   // pixels
+constexpr float sky_range = 1e9f;
+constexpr float first_step = 150, last_step = 26000;   // of the ray over the ground, metres
 
 // The samples of one strip.
 struct strip {
     const world& w;
     const view& v;
-    const sky* above;    // none in a thermal picture
-    int first;           // column of the picture
-    int columns, rows;   // samples
-    std::vector<vec3> light;
-    std::vector<float> warmth, range;
-    std::vector<material> made_of;
+    const sky* above;   // none in a thermal picture
+    int first;          // column of the picture
+    grid<pixel> samples;
 
     strip(const world& world, const view& view, const sky* s, int first_column)
         : w(world),
           v(view),
           above(s),
           first(first_column),
-          columns((std::min(view.width, first_column + strip_width) - first_column) * fine),
-          rows(view.height * fine),
-          light(count()),
-          warmth(count()),
-          range(count(), nowhere),
-          made_of(count(), material::sky)
+          samples((std::min(view.width, first_column + strip_width) - first_column) * fine,
+                  view.height * fine, {.light = {}, .range = sky_range})
     {
     }
-    std::size_t count() const { return index(columns) * index(rows); }
-    std::size_t at(int x, int y) const { return index(y) * index(columns) + index(x); }
-    float pixel() const { return v.pixel / fine; }
+    float sample_angle() const { return v.pixel / fine; }   // radians
     float bearing(float x) const { return v.bearing(real(first) + x / fine); }
     float elevation(float y) const { return v.elevation(y / fine); }
     float column(float bearing) const { return (v.column(bearing) - real(first)) * fine; }
@@ -55,27 +47,24 @@ void set_ground(strip& s, int x, int y, const step& a, const step& b, float sine
     const float e = s.elevation(real(y) + .5f);
     const float t = clamp01((e - a.elevation) / (b.elevation - a.elevation + 1e-9f));
     const float range = mix(a.range, b.range, t);
-    const float across = range * s.pixel();
+    const float across = range * s.sample_angle();
     const vec3 normal = mix(a.normal, b.normal, t);
-    // How steeply the line of sight meets the ground.
+    // The cosine between the line of sight and the normal.
     const float meets = std::max(.02f, -normal.x * sine - normal.y * cosine - normal.z * e);
     const ground_spot spot{range * sine, range * cosine, range,
                            normal,       across,         std::min(across / meets, 40 * across)};
     const surface c = cover(s.w.land, s.w.map, spot);
-    const std::size_t k = s.at(x, y);
-    s.range[k] = range;
-    s.made_of[k] = c.made_of;
-    s.warmth[k] = c.warmth;
-    s.light[k] = c.made_of == material::water ? c.light : through_air(c.light, range);
+    s.samples.at(x, y) = {c.made_of == material::water ? c.light : through_air(c.light, range), c.warmth,
+                          range, c.made_of};
 }
 
-// Marches away from the gunner and fills the column from the bottom up with whatever rises above what was
-// nearer. Gives the row above which there is only sky.
+// Follows the ground away from the gunner and fills the column from the bottom up with whatever is above all
+// that is nearer. Returns the row above which there is only sky.
 int draw_ground(strip& s, int x)
 {
     const terrain& ground = s.w.ground;
     const float bearing = s.bearing(real(x) + .5f), sine = std::sin(bearing), cosine = std::cos(bearing);
-    int filled = s.rows;   // rows from here on are done
+    int filled = s.samples.height;   // from this row down
     float highest = -2;
     step before{first_step, -2, {0, 0, 1}};
     for (float range = first_step; range < last_step && filled > 0; range += std::max(.12f, range * .0022f)) {
@@ -100,9 +89,10 @@ void draw_sky(strip& s, int x, int rows)
     const float bearing = s.bearing(real(x) + .5f);
     for (int y = 0; y < rows; ++y) {
         if (s.above != nullptr)
-            s.light[s.at(x, y)] = s.above->at(real(s.first) + (real(x) + .5f) / fine, (real(y) + .5f) / fine);
+            s.samples.at(x, y).light =
+                s.above->at(real(s.first) + (real(x) + .5f) / fine, (real(y) + .5f) / fine);
         else
-            s.warmth[s.at(x, y)] = sky_warmth(s.w.land, bearing, s.elevation(real(y) + .5f));
+            s.samples.at(x, y).warmth = sky_warmth(s.w.land, bearing, s.elevation(real(y) + .5f));
     }
 }
 
@@ -119,10 +109,10 @@ void draw_triangle(strip& s, const corner& a, const corner& b, const corner& c, 
 {
     const float area = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
     if (std::fabs(area) < 1e-4f) return;
-    const int left = std::max(0, whole(std::min({a.x, b.x, c.x})));
-    const int right = std::min(s.columns - 1, whole(std::max({a.x, b.x, c.x})));
-    const int top = std::max(0, whole(std::min({a.y, b.y, c.y})));
-    const int bottom = std::min(s.rows - 1, whole(std::max({a.y, b.y, c.y})));
+    const int left = std::max(0, floor_int(std::min({a.x, b.x, c.x})));
+    const int right = std::min(s.samples.width - 1, floor_int(std::max({a.x, b.x, c.x})));
+    const int top = std::max(0, floor_int(std::min({a.y, b.y, c.y})));
+    const int bottom = std::min(s.samples.height - 1, floor_int(std::max({a.y, b.y, c.y})));
     for (int y = top; y <= bottom; ++y)
         for (int x = left; x <= right; ++x) {
             const float px = real(x) + .5f - a.x, py = real(y) + .5f - a.y;
@@ -130,27 +120,24 @@ void draw_triangle(strip& s, const corner& a, const corner& b, const corner& c, 
             const float v = ((b.x - a.x) * py - px * (b.y - a.y)) / area;
             if (u < 0 || v < 0 || u + v > 1) continue;
             const float range = a.range + u * (b.range - a.range) + v * (c.range - a.range);
-            const std::size_t k = s.at(x, y);
-            if (range > s.range[k] + .01f) continue;
+            if (range > s.samples.at(x, y).range + .01f) continue;
             const float stained = .92f + .16f * scatter(s.first * fine + x, y / 2, 5);
-            s.range[k] = range;
-            s.made_of[k] = material::building;
-            s.warmth[k] = paint.warmth;
-            s.light[k] = through_air(paint.light * stained, range);
+            s.samples.at(x, y) = {through_air(paint.light * stained, range), paint.warmth, range,
+                                  material::building};
         }
 }
 
 void draw_panel(strip& s, const panel& p)
 {
     const vec3 middle = (p.corner[0] + p.corner[2]) * .5f;
-    if (dot(unit(middle), p.normal) > 0) return;   // turned away
+    if (dot(unit(middle), p.normal) > 0) return;   // a back face
     corner seen[4];
     bool inside = false;
     for (int i = 0; i < 4; ++i) {
         const vec3 c = p.corner[i];
         const float range = std::hypot(c.x, c.y);
         seen[i] = {s.column(std::atan2(c.x, c.y)), s.row(std::atan(c.z / range)), range};
-        inside = inside || (seen[i].x > -200 && seen[i].x < real(s.columns) + 200);
+        inside = inside || (seen[i].x > -200 && seen[i].x < real(s.samples.width) + 200);
     }
     if (!inside) return;
     const country& land = s.w.land;
@@ -161,122 +148,110 @@ void draw_panel(strip& s, const panel& p)
     draw_triangle(s, seen[0], seen[2], seen[3], paint);
 }
 
-// Between the pixels of a sprite; u and v in its pixels.
-leaf_pixel leaf_at(const sprite_size& s, float u, float v)
+// Bilinear; u and v in pixels of the sprite.
+leaf_pixel leaf_at(const grid<leaf_pixel>& s, float u, float v)
 {
-    const int left = whole(u), top = whole(v);
+    const int left = floor_int(u), top = floor_int(v);
     leaf_pixel sum;
     for (int k = 0; k < 4; ++k) {
         const int x = left + k % 2, y = top + k / 2;
-        if (x < 0 || y < 0 || x >= s.side || y >= s.side) continue;
+        if (!s.holds(x, y)) continue;
         const float share = (1 - std::fabs(u - real(x))) * (1 - std::fabs(v - real(y)));
-        const leaf_pixel& p = s.pixels[index(y) * index(s.side) + index(x)];
-        sum.light = sum.light + p.light * share;
-        sum.alpha += p.alpha * share;
-        sum.warmth += p.warmth * share;
+        sum = sum + s.at(x, y) * share;
     }
     return sum;
 }
 
-const sprite_size& fitting_size(const sprite& s, float rows)
+const grid<leaf_pixel>& fitting_size(const sprite& s, float rows)
 {
     std::size_t i = 0;
-    for (float side = sprite_side / rows; side > 1.6f && i + 1 < s.sizes.size(); side /= 2) ++i;
-    return s.sizes[i];
+    for (float side = sprite_side / rows; side > 1.6f && i + 1 < s.size(); side /= 2) ++i;
+    return s[i];
 }
 
 void draw_plant(strip& s, const plant& p)
 {
-    const float tall = p.height / p.range / s.pixel(), wide = p.width / p.range / s.pixel();
+    const float tall = p.height / p.range / s.sample_angle(), wide = p.width / p.range / s.sample_angle();
     const float middle = s.column(p.bearing), foot = s.row(std::atan(p.foot / p.range));
-    if (middle + wide < 0 || middle - wide > real(s.columns) || foot < -2 || foot - tall > real(s.rows))
+    if (middle + wide < 0 || middle - wide > real(s.samples.width) || foot < -2 ||
+        foot - tall > real(s.samples.height))
         return;
-    const sprite_size& picture = fitting_size(s.w.sprites[index(p.sprite)], tall);
-    const float side = real(picture.side);
+    const grid<leaf_pixel>& picture = fitting_size(s.w.sprites[index(p.sprite)], tall);
+    const float side = real(picture.width);
     const float clouds = cloud_shadow(s.w.land, p.x, p.y);
     const vec3 colour = p.colour * (.42f + .58f * clouds);
-    const float nearer = p.range - .6f, slack = p.range * .002f;   // its own foot doesn't hide it
+    const float nearer = p.range - .6f,
+                slack = p.range * .002f;   // so that the ground at its foot doesn't hide it
     const float cooler = s.w.land.night ? .02f : -.08f + .08f * (clouds - .7f);
-    const int left = std::max(0, whole(middle - wide / 2)),
-              right = std::min(s.columns - 1, whole(middle + wide / 2) + 1);
-    const int top = std::max(0, whole(foot - tall)), bottom = std::min(s.rows - 1, whole(foot) + 1);
+    const int left = std::max(0, floor_int(middle - wide / 2)),
+              right = std::min(s.samples.width - 1, floor_int(middle + wide / 2) + 1);
+    const int top = std::max(0, floor_int(foot - tall)),
+              bottom = std::min(s.samples.height - 1, floor_int(foot) + 1);
     for (int y = top; y <= bottom; ++y)
         for (int x = left; x <= right; ++x) {
-            const std::size_t k = s.at(x, y);
-            if (nearer > s.range[k] + slack) continue;
+            pixel& sample = s.samples.at(x, y);
+            if (nearer > sample.range + slack) continue;
             const leaf_pixel l = leaf_at(picture, ((real(x) + .5f - middle) / wide + .5f) * side - .5f,
                                          ((real(y) + .5f - foot) / tall + 1) * side - .5f);
             if (l.alpha < .02f) continue;
             const float alpha = std::min(1.f, l.alpha * 1.15f);
-            s.warmth[k] = mix(s.warmth[k], l.warmth / l.alpha + cooler, alpha);
-            s.light[k] = mix(s.light[k], through_air(l.light * (1 / l.alpha) * colour, p.range), alpha);
-            if (alpha > .35f) s.made_of[k] = material::plant;
-            if (alpha > .5f) s.range[k] = std::min(s.range[k], p.range);
+            sample.warmth = mix(sample.warmth, l.warmth / l.alpha + cooler, alpha);
+            sample.light = mix(sample.light, through_air(l.light * (1 / l.alpha) * colour, p.range), alpha);
+            if (alpha > .35f) sample.made_of = material::plant;
+            if (alpha > .5f) sample.range = std::min(sample.range, p.range);
         }
 }
 
-// What still water shows in a row below its far bank: what stands on the bank upside down, then the bank's
-// own dark edge, then the sky.
+// The reflection in a row of water below its far bank: the plants and buildings on the bank upside down, then
+// the dark edge of the bank, then the sky.
 vec3 reflected(const strip& s, int x, int y, int bank)
 {
     constexpr float kept = .80f, edge = 6 * fine;   // of the light; rows
-    // A ripple shifts what is seen by a row or two.
+    // Ripples shift it by a row or two.
     const int shift = static_cast<int>(2.5f * noise(real(s.first * fine + x) / 9, real(y) / 1.7f, 611));
-    const std::size_t other = s.at(x, std::max(0, 2 * bank - y - 1 + shift));
-    if (s.made_of[other] == material::plant || s.made_of[other] == material::building)
-        return s.light[other] * kept;
+    const pixel& other = s.samples.at(x, std::max(0, 2 * bank - y - 1 + shift));
+    if (other.made_of == material::plant || other.made_of == material::building) return other.light * kept;
     const float down = -s.elevation(real(y) + .5f);
     const vec3 above = sky::plain(s.w.land, down * .55f) * .85f;
-    return mix(s.light[s.at(x, bank - 1)] * .6f, above, smooth(.1f, 1, real(y - bank) / edge));
+    return mix(s.samples.at(x, bank - 1).light * .6f, above, smoothstep(.1f, 1, real(y - bank) / edge));
 }
 
 void mirror(strip& s, int x)
 {
     const country& land = s.w.land;
     const float bearing = s.bearing(real(x) + .5f);
-    for (int y = 1; y < s.rows; ++y) {
-        if (s.made_of[s.at(x, y)] != material::water) continue;
+    for (int y = 1; y < s.samples.height; ++y) {
+        if (s.samples.at(x, y).made_of != material::water) continue;
         const int bank = y;
-        for (; y < s.rows && s.made_of[s.at(x, y)] == material::water; ++y) {
-            const std::size_t k = s.at(x, y);
-            const float range = s.range[k], down = -s.elevation(real(y) + .5f);
-            // The flatter it is looked at, the more it shines.
+        for (; y < s.samples.height && s.samples.at(x, y).made_of == material::water; ++y) {
+            pixel& sample = s.samples.at(x, y);
+            const float range = sample.range, down = -s.elevation(real(y) + .5f);
+            // The flatter the line of sight, the more is reflected.
             const float shine = .42f + .45f * std::pow(1 - std::min(1.f, down * 2), 3.f);
             const float light = cloud_shadow(land, range * std::sin(bearing), range * std::cos(bearing));
-            s.light[k] =
-                through_air(mix(s.light[k] * (.9f * light + .1f), reflected(s, x, y, bank), shine), range);
+            sample.light =
+                through_air(mix(sample.light * (.9f * light + .1f), reflected(s, x, y, bank), shine), range);
         }
     }
 }
 
 void resolve(const strip& s, rendered& picture)
 {
-    const bool thermal = s.above == nullptr;
     constexpr float share = 1.f / (fine * fine);
+    constexpr float air_warmth = .36f, air_depth = 7000;
     for (int y = 0; y < picture.height; ++y)
-        for (int x = 0; x < s.columns / fine; ++x) {
-            const std::size_t out = picture.at(s.first + x, y);
-            vec3 light;
-            float warmth = 0;
-            auto made_of = material::sky;
+        for (int x = 0; x < s.samples.width / fine; ++x) {
+            pixel& out = picture.at(s.first + x, y);
             for (int k = 0; k < fine * fine; ++k) {
-                const std::size_t in = s.at(x * fine + k % fine, y * fine + k / fine);
-                light = light + s.light[in] * share;
-                warmth += s.warmth[in] * share;
-                made_of = std::max(made_of, s.made_of[in]);
+                const pixel& in = s.samples.at(x * fine + k % fine, y * fine + k / fine);
+                out.light = out.light + in.light * share;
+                out.warmth += in.warmth * share;
+                out.made_of = std::max(out.made_of, in.made_of);
             }
-            const float range = s.range[s.at(x * fine, y * fine + fine - 1)];
-            picture.range[out] = range < nowhere ? range : 0;
-            picture.made_of[out] = made_of;
-            if (thermal) {
-                constexpr float air_warmth = .36f, air_depth = 7000;
-                picture.warmth[out] =
-                    made_of == material::sky
-                        ? warmth
-                        : mix(air_warmth, warmth, std::exp(-std::min(range, 20000.f) / air_depth));
-            } else {
-                picture.light[out] = light;
-            }
+            const float range = s.samples.at(x * fine, y * fine + fine - 1).range;
+            if (out.made_of != material::sky)
+                out.warmth = mix(air_warmth, out.warmth, std::exp(-std::min(range, 20000.f) / air_depth));
+            out.range = range < sky_range ? range : 0;
         }
 }
 
@@ -285,22 +260,19 @@ void resolve(const strip& s, rendered& picture)
 rendered render(const world& w, const view& v)
 {
     const bool thermal = w.land.sight == vorn::sight_kind::thermal;
-    const std::size_t count = index(v.width) * index(v.height);
-    rendered picture{v.width, v.height, {}, {}, std::vector<float>(count), std::vector<material>(count)};
-    (thermal ? picture.warmth.resize(count) : picture.light.resize(count));
-    std::vector<sky> skies;
-    if (!thermal) skies.emplace_back(w.land, v);
-    const int strips = (v.width + strip_width - 1) / strip_width;
-    share_out(strips, [&](int i) {
-        strip s(w, v, thermal ? nullptr : &skies[0], i * strip_width);
-        for (int x = 0; x < s.columns; ++x) draw_sky(s, x, draw_ground(s, x));
+    rendered picture(v.width, v.height);
+    std::optional<sky> above;
+    if (!thermal) above.emplace(w.land, v);
+    parallel_for((v.width + strip_width - 1) / strip_width, [&](int i) {
+        strip s(w, v, thermal ? nullptr : &*above, i * strip_width);
+        for (int x = 0; x < s.samples.width; ++x) draw_sky(s, x, draw_ground(s, x));
         for (const panel& p : w.panels) draw_panel(s, p);
         for (const plant& p : w.plants) draw_plant(s, p);
         if (w.land.river_width > 0 && !thermal)
-            for (int x = 0; x < s.columns; ++x) mirror(s, x);
+            for (int x = 0; x < s.samples.width; ++x) mirror(s, x);
         resolve(s, picture);
     });
     return picture;
 }
 
-}   // namespace landscape
+}   // namespace tools

@@ -2,24 +2,22 @@
 // houses, then plants from far to near, then the water's reflections; four samples a pixel.
 #pragma once
 
-#include <vector>
-
+#include "common/grid.h"
 #include "ground_cover.h"
 #include "sky.h"
 #include "world.h"
 
-namespace landscape {
+namespace tools {
 
-struct rendered {
-    int width = 0, height = 0;
-    std::vector<vec3> light;     // empty in a thermal picture
-    std::vector<float> warmth;   // empty in a visual one
-    std::vector<float> range;    // metres, 0 in the sky
-    std::vector<material> made_of;
-
-    std::size_t at(int x, int y) const { return index(y) * index(width) + index(x); }
+// Of the picture, or one of its samples.
+struct pixel {
+    vec3 light;         // in a visual picture
+    float warmth = 0;   // in a thermal one
+    float range = 0;    // metres, 0 in the sky
+    material made_of = material::sky;
 };
+using rendered = grid<pixel>;
 
 rendered render(const world&, const view&);
 
-}   // namespace landscape
+}   // namespace tools

@@ -1,10 +1,9 @@
 #include "sky.h"
 
-#include "noise.h"
-#include "workers.h"
+#include "common/noise.h"
+#include "common/parallel.h"
 
-namespace landscape {
-
+namespace tools {
 namespace {
 
 constexpr int coarser = 2;                 // than the picture
@@ -14,16 +13,16 @@ constexpr int samples = 40;                // along a line of sight
 
 struct cumulus {
     float threshold;
-    float drift;   // so that each country has clouds of its own
+    float drift;   // different clouds for each country
 
-    // How dense the cloud is at a place, 0 to 1.
+    // At a place, 0 to 1.
     float density(vec3 p) const
     {
         const float up = (p.z - base) / (top - base);
         if (up < 0 || up > 1) return 0;
         constexpr float s = 1.f / 900;
         const float x = p.x + drift, y = p.y;
-        const float profile = smooth(0, .08f, up) * (1 - std::pow(up, 1.5f) * 1.1f);
+        const float profile = smoothstep(0, .08f, up) * (1 - std::pow(up, 1.5f) * 1.1f);
         const float needed = threshold + .55f * (1 - profile);
         float d = .75f * noise3(x * s * .45f + 3.3f, y * s * .45f, 1.7f) +
                   .60f * noise3(x * s, y * s, p.z * s * .8f);
@@ -39,7 +38,7 @@ struct cumulus {
 
 struct seen_cloud {
     vec3 light;
-    float through = 1;   // what the sky behind still sends
+    float through = 1;   // transparency
     float distance = 0;
 };
 
@@ -79,8 +78,8 @@ vec3 veiled(const country& land, vec3 direction, float elevation, vec3 colour)
     const float t = 7000 / direction.z;
     const float x = direction.x * t / 5200 + real(land.seed % 97), y = direction.y * t / 9000;
     const float threads = fractal(x + .6f * noise(x * .7f, y * .7f, 401), y, 402, 5, .55f);
-    const float share = land.sky.veil * smooth(0, .9f, threads) * smooth(.02f, .15f, elevation);
-    return mix(colour, paint(.93f, .95f, .97f), share);
+    const float share = land.sky.veil * smoothstep(0, .9f, threads) * smoothstep(.02f, .15f, elevation);
+    return mix(colour, linear(.93f, .95f, .97f), share);
 }
 
 vec3 along(const country& land, const cumulus& clouds, float bearing, float elevation, float jitter)
@@ -91,7 +90,7 @@ vec3 along(const country& land, const cumulus& clouds, float bearing, float elev
                          std::sin(elevation)};
     colour = veiled(land, direction, elevation, colour);
     const seen_cloud c = march(land, clouds, direction, jitter);
-    return mix(colour, colour * c.through + c.light, smooth(.008f, .022f, elevation));
+    return mix(colour, colour * c.through + c.light, smoothstep(.008f, .022f, elevation));
 }
 
 }   // namespace
@@ -104,48 +103,56 @@ vec3 sky::plain(const country& land, float elevation)
 }
 
 sky::sky(const country& land, const view& v)
-    : columns_(v.width / coarser + 3),
-      rows_(static_cast<int>(v.horizon + .05f / v.pixel) / coarser + 3),
-      pixels_(index(columns_) * index(rows_))
+    : pixels_(v.width / coarser + 3, static_cast<int>(v.horizon + .05f / v.pixel) / coarser + 3)
 {
     const cumulus clouds{.62f - .75f * land.sky.cover, real(land.seed % 89) * 1000};
-    share_out(rows_, [&](int y) {
-        for (int x = 0; x < columns_; ++x) {
-            const float px = real((x - 1) * coarser), py = real((y - 1) * coarser);
+    parallel_for(pixels_.height, [&](int y) {
+        for (int x = 0; x < pixels_.width; ++x) {
             const float jitter = .3f + .4f * scatter(x, y, 9);
-            pixels_[index(y) * index(columns_) + index(x)] =
-                along(land, clouds, v.bearing(px), v.elevation(py), jitter);
+            pixels_.at(x, y) = along(land, clouds, v.bearing(real((x - 1) * coarser)),
+                                     v.elevation(real((y - 1) * coarser)), jitter);
         }
     });
-    // A light blur takes away what is left of the jitter.
-    const std::vector<vec3> sharp = pixels_;
-    for (int y = 1; y < rows_ - 1; ++y)
-        for (int x = 1; x < columns_ - 1; ++x) {
+    // A light blur removes what is left of the jitter.
+    const grid<vec3> sharp = pixels_;
+    for (int y = 1; y < pixels_.height - 1; ++y)
+        for (int x = 1; x < pixels_.width - 1; ++x) {
             vec3 sum;
             for (int j = -1; j <= 1; ++j)
                 for (int i = -1; i <= 1; ++i)
-                    sum = sum + sharp[index(y + j) * index(columns_) + index(x + i)] *
-                                    ((i != 0 ? 1.f : 2.f) * (j != 0 ? 1.f : 2.f) / 16);
-            pixels_[index(y) * index(columns_) + index(x)] = sum;
+                    sum = sum + sharp.at(x + i, y + j) * ((i != 0 ? 1.f : 2.f) * (j != 0 ? 1.f : 2.f) / 16);
+            pixels_.at(x, y) = sum;
         }
 }
 
 vec3 sky::at(float x, float y) const
 {
-    const float u = std::clamp(x / coarser + 1, 0.f, real(columns_) - 1.01f);
-    const float v = std::clamp(y / coarser + 1, 0.f, real(rows_) - 1.01f);
-    const int i = static_cast<int>(u), j = static_cast<int>(v);
-    const vec3* p = &pixels_[index(j) * index(columns_) + index(i)];
-    const float s = u - real(i), t = v - real(j);
-    return mix(mix(p[0], p[1], s), mix(p[columns_], p[columns_ + 1], s), t);
+    return pixels_.between(std::clamp(x / coarser + 1, 0.f, real(pixels_.width) - 1.01f),
+                           std::clamp(y / coarser + 1, 0.f, real(pixels_.height) - 1.01f));
+}
+
+float cloud_shadow(const country& land, float x, float y)
+{
+    if (land.night) return 1;
+    const float n = fractal(x / 1300 + .7f, y / 1800 + 4.2f, land.seed + 301, 4);
+    const float open = .30f - .34f * land.sky.cover;
+    return 1 - .62f * smoothstep(open, open + .28f, n);
+}
+
+vec3 through_air(vec3 colour, float metres)
+{
+    static const vec3 air = linear(.70f, .77f, .85f);
+    const float km = metres / 1000;
+    return {mix(air.x, colour.x, std::exp(-km * .062f)), mix(air.y, colour.y, std::exp(-km * .076f)),
+            mix(air.z, colour.z, std::exp(-km * .102f))};
 }
 
 float sky_warmth(const country& land, float bearing, float elevation)
 {
     const float e = std::max(0.f, elevation);
-    const float clouds = fractal(std::sin(bearing) * 6, e * 22, land.seed + 8, 4) * smooth(0, .1f, e);
+    const float clouds = fractal(std::sin(bearing) * 6, e * 22, land.seed + 8, 4) * smoothstep(0, .1f, e);
     const float still = land.night ? .08f : .15f;
     return still + .16f * std::exp(-e * 12) + (land.night ? .02f : .04f) * clouds;
 }
 
-}   // namespace landscape
+}   // namespace tools

@@ -1,27 +1,30 @@
-// The sky: blue deepening upwards, high veils, and cumulus marched through from below and lit by the sun.
+// The sky: blue deepening upwards, thin high clouds, and cumulus ray-marched from below and lit by the sun.
+// Cloud shadows and the haze of the air.
 #pragma once
 
-#include <vector>
-
+#include "common/grid.h"
 #include "country.h"
 
-namespace landscape {
+namespace tools {
 
-// The sky of a picture, worked out once on a coarser grid.
+// The sky of a picture, computed once on a coarser grid.
 class sky {
 public:
     sky(const country&, const view&);
     // At a place on the picture, in pixels.
     vec3 at(float x, float y) const;
-    // How the water sees it, at an elevation in radians.
+    // Without clouds, at an elevation in radians: what water reflects.
     static vec3 plain(const country&, float elevation);
 
 private:
-    int columns_, rows_;
-    std::vector<vec3> pixels_;
+    grid<vec3> pixels_;
 };
 
+// 1 in the sun, less in the shadow of a cloud.
+float cloud_shadow(const country&, float x, float y);
+// A colour seen through this many metres of air. The target icons are drawn with the same haze.
+vec3 through_air(vec3 colour, float metres);
 // Warmth of the sky in a thermal picture.
 float sky_warmth(const country&, float bearing, float elevation);
 
-}   // namespace landscape
+}   // namespace tools

@@ -1,35 +1,39 @@
-// Trees and bushes as small pictures, drawn once from many leaves and kept at every size down to a dot.
+// Trees and bushes as small pictures, drawn once from many leaves and kept as mipmaps.
 #pragma once
 
 #include <vector>
 
+#include "common/grid.h"
 #include "country.h"
 
-namespace landscape {
+namespace tools {
 
 enum class growth { broadleaf, conifer, bush, poplar, bare, count };
 
-// Colour is light on a white leaf, to be multiplied by the leaf's own colour, and by `alpha` already.
+// `light` falls on a white leaf and is multiplied by the leaf's own colour later; all is multiplied by
+// `alpha`.
 struct leaf_pixel {
     vec3 light;
     float alpha = 0, warmth = 0;
 };
-struct sprite_size {
-    int side;
-    std::vector<leaf_pixel> pixels;
-};
-struct sprite {
-    std::vector<sprite_size> sizes;   // each half the one before
-};
+constexpr leaf_pixel operator+(leaf_pixel a, leaf_pixel b)
+{
+    return {a.light + b.light, a.alpha + b.alpha, a.warmth + b.warmth};
+}
+constexpr leaf_pixel operator*(leaf_pixel a, float s)
+{
+    return {a.light * s, a.alpha * s, a.warmth * s};
+}
+using sprite = std::vector<grid<leaf_pixel>>;   // each half the size of the one before
 
 inline constexpr int sprites_of_a_kind = 9;
 inline constexpr int sprite_side = 256;
 
-// All sprites, those of one growth next to each other.
+// All sprites, ordered by kind.
 std::vector<sprite> draw_sprites(const country&);
 inline int first_of(growth kind)
 {
     return static_cast<int>(kind) * sprites_of_a_kind;
 }
 
-}   // namespace landscape
+}   // namespace tools

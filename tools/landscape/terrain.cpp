@@ -1,9 +1,8 @@
 #include "terrain.h"
 
-#include "noise.h"
+#include "common/noise.h"
 
-namespace landscape {
-
+namespace tools {
 namespace {
 
 constexpr float spacing = 4;   // of the table of the bowl, metres
@@ -23,7 +22,7 @@ terrain::terrain(const country& land, const ground_map& map) : land_(land), map_
     };
     const float plateau = depth(3000);
     for (float range = 0; range <= bowl_end + spacing; range += spacing) {
-        bowl_.push_back(mix(depth(std::min(range, 3000.f)), plateau, smooth(rim, 3300, range)));
+        bowl_.push_back(mix(depth(std::min(range, 3000.f)), plateau, smoothstep(rim, 3300, range)));
     }
 }
 
@@ -39,9 +38,10 @@ float terrain::folds(float x, float y, float range) const
     const std::uint32_t seed = land_.seed;
     const float wx = x + 60 * noise(x / 500, y / 500, seed + 91),
                 wy = y + 60 * noise(x / 500, y / 500, seed + 92);
-    const float near = smooth(150, 800, range), far = 1 - .5f * smooth(2400, 3200, range);
+    const float near = smoothstep(150, 800, range), far = 1 - .5f * smoothstep(2400, 3200, range);
     const float swell = fractal(wx / 760 + 3.1f, wy / 760 + 7.7f, seed + 1, 4, .42f);
-    // Dry valleys where a slow noise goes through zero, with rounded floors: an edge would catch the light.
+    // Dry valleys where a slow noise is zero. Their floors are rounded, since a sharp edge would show in the
+    // light.
     const float slow = noise(wx / 520 + 2.2f, wy / 700 + 1.1f, seed + 7);
     const float crease = 1 - std::sqrt(slow * slow + .015f);
     const float hummocks = 3.2f * noise(wx / 170, wy / 170, seed + 8);
@@ -50,7 +50,7 @@ float terrain::folds(float x, float y, float range) const
 
 static float far_hills(float x, float y, std::uint32_t seed, float range)
 {
-    const float far = smooth(far_from, far_to, range);
+    const float far = smoothstep(far_from, far_to, range);
     if (far <= 0) return 0;
     const float ridge = 1 - std::fabs(noise(x / 3600 + .3f, y / 3600, seed + 31));
     const float high = ridge * ridge * (.55f + .45f * noise(x / 2600 + 5, y / 2600, seed + 33));
@@ -65,8 +65,8 @@ float terrain::height(float x, float y) const
     float h = floor + folds(x, y, range) + far_hills(x, y, land_.seed, range);
     if (range < 4000) h += .45f * noise(x / 38, y / 38, 5) + .15f * noise(x / 9, y / 9, 6);
     if (land_.river_width > 0) {
-        const float off = map_.to_river(x, y) - land_.river_width / 2;
-        h = mix(floor - river_bed, h, smooth(1, 110, off));
+        const float off = map_.river.at(x, y) - land_.river_width / 2;
+        h = mix(floor - river_bed, h, smoothstep(1, 110, off));
     }
     return h - range * range / earth_twice;
 }
@@ -77,4 +77,4 @@ vec3 terrain::normal(float x, float y, float height_there, float reach) const
         {(height_there - height(x + reach, y)) / reach, (height_there - height(x, y + reach)) / reach, 1});
 }
 
-}   // namespace landscape
+}   // namespace tools

@@ -1,7 +1,6 @@
-// The shape of the ground. The gunner stands on a brow some 200 m above the floor of a wide bowl, which rises
-// again towards a rim at three kilometres, so that the height of a place on the picture tells its range as
-// the range author's band has it. On that lie folds and hummocks, and beyond the rim a plateau with far
-// hills.
+// The relief. The gunner is some 200 m above the floor of a wide bowl, which rises again towards a rim at
+// three kilometres, so that the range author proposes the right range for each row of the picture. On that
+// are hills and hollows, and beyond the rim a plateau with far hills.
 #pragma once
 
 #include <vector>
@@ -9,19 +8,18 @@
 #include "country.h"
 #include "ground_map.h"
 
-namespace landscape {
+namespace tools {
 
 class terrain {
 public:
     terrain(const country&, const ground_map&);
-    // Metres above the gunner's eye; the earth's curve is taken off.
+    // Metres above the gunner's eye; the curvature of the earth is subtracted.
     float height(float x, float y) const;
-    // Without folds and without the river's bed.
-    float bowl(float range) const;
-    // `reach`: metres over which the slope is taken.
+    // `reach`: metres over which the slope is measured.
     vec3 normal(float x, float y, float height, float reach) const;
 
 private:
+    float bowl(float range) const;   // without hills, hollows and the river's bed
     float folds(float x, float y, float range) const;
 
     const country& land_;
@@ -29,4 +27,4 @@ private:
     std::vector<float> bowl_;   // every few metres of range
 };
 
-}   // namespace landscape
+}   // namespace tools

@@ -1,18 +1,18 @@
-// All that stands on the ground of a country, ready to be drawn.
+// The ground of a country and everything on it.
 #pragma once
 
 #include <vector>
 
+#include "common/noise.h"
 #include "country.h"
 #include "ground_map.h"
-#include "noise.h"
 #include "sprites.h"
 #include "terrain.h"
 
-namespace landscape {
+namespace tools {
 
 struct plant {
-    float x, y, foot;      // metres; foot: its height
+    float x, y, foot;      // metres; foot: height of the ground there
     float height, width;   // metres
     int sprite;
     float bearing, range;
@@ -37,16 +37,17 @@ struct world {
     std::vector<sprite> sprites;
     std::vector<plant> plants;   // far ones first
     std::vector<panel> panels;
+    rng random;
 };
 
-inline constexpr float road_wander = .5f;   // against that of a track
+inline constexpr float road_wander = .5f;   // of a road, relative to that of a track
 
 // Marks tracks, roads and the river on the map.
 void mark_ways(world&);
 // Farms and the hamlet with its church.
-void build_houses(world&, chance&);
-// Woods, belts, copses, hedges, scrub, trees along the river; each throws its shadow on the map.
-void plant_trees(world&, chance&);
-void add_tree(world&, chance&, float x, float y, growth, float height, float widen = 1);
+void build_houses(world&);
+// Woods, belts, copses, hedges, scrub, trees along the river; each with its shadow on the map.
+void plant_trees(world&);
+void add_tree(world&, float x, float y, growth, float height, float widen = 1);
 
-}   // namespace landscape
+}   // namespace tools

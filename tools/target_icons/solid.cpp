@@ -1,11 +1,11 @@
 #include "solid.h"
 
-#include <cstddef>
 #include <numbers>
 
+namespace tools {
 namespace {
 
-// Newell's sum: right for any flat outline, dented or not, and fair for one that is bent a little.
+// Newell's method: right for any flat polygon, and good enough for one that is slightly bent.
 vec3 normal_of(const std::vector<vec3>& corners)
 {
     vec3 sum{0, 0, 0};
@@ -19,7 +19,7 @@ void add_face(solid& to, const std::vector<vec3>& corners, const material& m)
     to.push_back({corners, normal_of(corners), m, true});
 }
 
-// Two ends with as many corners each, and what lies between them.
+// Two ends with the same number of corners, and the faces between them.
 solid joined(const std::vector<vec3>& one, const std::vector<vec3>& other, const material& m)
 {
     solid s;
@@ -34,7 +34,7 @@ solid joined(const std::vector<vec3>& one, const std::vector<vec3>& other, const
 
 }   // namespace
 
-solid across(const std::vector<point>& side_outline, span y, const material& m)
+solid across(const path& side_outline, span y, const material& m)
 {
     std::vector<vec3> right, left;
     for (const point& p : side_outline) {
@@ -44,8 +44,7 @@ solid across(const std::vector<point>& side_outline, span y, const material& m)
     return joined(right, left, m);
 }
 
-solid between(const std::vector<point>& lower, double lower_z, const std::vector<point>& upper,
-              double upper_z, const material& m)
+solid between(const path& lower, float lower_z, const path& upper, float upper_z, const material& m)
 {
     std::vector<vec3> bottom, top;
     for (const point& p : lower) bottom.push_back({p.x, p.y, lower_z});
@@ -58,15 +57,15 @@ solid box(span x, span y, span z, const material& m)
     return across({{x.from, z.from}, {x.to, z.from}, {x.to, z.to}, {x.from, z.to}}, y, m);
 }
 
-solid rod(vec3 from, vec3 to, double from_radius, double to_radius, const material& m)
+solid rod(vec3 from, vec3 to, float from_radius, float to_radius, const material& m)
 {
     constexpr int corners = 20;
     const vec3 along = unit(to - from);
-    const vec3 aside = unit(cross(along, std::abs(along.z) < .9 ? vec3{0, 0, 1} : vec3{1, 0, 0}));
+    const vec3 aside = unit(cross(along, std::abs(along.z) < .9f ? vec3{0, 0, 1} : vec3{1, 0, 0}));
     const vec3 over = cross(aside, along);
     std::vector<vec3> one, other;
     for (int i = 0; i < corners; ++i) {
-        const double angle = 2 * std::numbers::pi * i / corners;
+        const float angle = 2 * std::numbers::pi_v<float> * real(i) / corners;
         const vec3 out = aside * std::cos(angle) + over * std::sin(angle);
         one.push_back(from + out * from_radius);
         other.push_back(to + out * to_radius);
@@ -89,9 +88,9 @@ void add_pair(solid& to, const solid& what)
     }
 }
 
-solid turned(solid s, double degrees)
+solid turned(solid s, float degrees)
 {
-    const double angle = degrees * std::numbers::pi / 180, c = std::cos(angle), n = std::sin(angle);
+    const float angle = degrees * std::numbers::pi_v<float> / 180, c = std::cos(angle), n = std::sin(angle);
     const auto turn = [&](vec3& v) { v = {v.x * c - v.y * n, v.x * n + v.y * c, v.z}; };
     for (face& f : s) {
         for (vec3& corner : f.corners) turn(corner);
@@ -122,3 +121,5 @@ solid slender(solid s)
     for (face& f : s) f.counts = false;
     return s;
 }
+
+}   // namespace tools

@@ -1,31 +1,30 @@
 #include "vehicles.h"
 
-#include <algorithm>
-
+namespace tools {
 namespace {
 
-constexpr material armour{{.115, .125, .055}, .40, true};
-constexpr material turret_armour{{.115, .125, .055}, .29, true};   // far from the engine
-constexpr material dry_armour{{.165, .155, .078}, .40, true};      // the carriers are of another paint
-constexpr material plain_armour{{.115, .125, .055}, .42};
-constexpr material deck{{.075, .08, .045}, .88};   // over an engine
-constexpr material louvre{{.03, .032, .022}, 1};
-constexpr material exhaust{{.045, .035, .03}, 1};
-constexpr material rubber{{.022, .022, .021}, .70};
-constexpr material steel{{.075, .075, .06}, .82};   // of road wheels and tracks: warm from running
-constexpr material hub{{.10, .105, .055}, .92};
-constexpr material barrel{{.040, .044, .028}, .84};
-constexpr material skirt{{.105, .11, .055}, .48, true};
-constexpr material fitting{{.055, .06, .038}, .42};
-constexpr material canvas{{.27, .24, .145}, .36};
-constexpr material glass{{.03, .04, .045}, .25};
-constexpr material lamp{{.34, .34, .28}, .45};
-constexpr material bare_wood{{.16, .13, .075}, .36};
+constexpr material armour{{.115f, .125f, .055f}, .40f, true};
+constexpr material turret_armour{{.115f, .125f, .055f}, .29f, true};   // colder, far from the engine
+constexpr material dry_armour{{.165f, .155f, .078f}, .40f, true};      // of the carrier
+constexpr material plain_armour{{.115f, .125f, .055f}, .42f};
+constexpr material deck{{.075f, .08f, .045f}, .88f};   // over an engine
+constexpr material louvre{{.03f, .032f, .022f}, 1};
+constexpr material exhaust{{.045f, .035f, .03f}, 1};
+constexpr material rubber{{.022f, .022f, .021f}, .70f};
+constexpr material steel{{.075f, .075f, .06f}, .82f};   // of road wheels and tracks: warm from friction
+constexpr material hub{{.10f, .105f, .055f}, .92f};
+constexpr material barrel{{.040f, .044f, .028f}, .84f};
+constexpr material skirt{{.105f, .11f, .055f}, .48f, true};
+constexpr material fitting{{.055f, .06f, .038f}, .42f};
+constexpr material canvas{{.27f, .24f, .145f}, .36f};
+constexpr material glass{{.03f, .04f, .045f}, .25f};
+constexpr material lamp{{.34f, .34f, .28f}, .45f};
+constexpr material bare_wood{{.16f, .13f, .075f}, .36f};
 
 // Six corners on the left, the same on the right: an outline from above.
-std::vector<point> mirrored(const std::vector<point>& left_side)
+path mirrored(const path& left_side)
 {
-    std::vector<point> whole = left_side;
+    path whole = left_side;
     for (auto p = left_side.rbegin(); p != left_side.rend(); ++p) whole.push_back({p->x, -p->y});
     return whole;
 }
@@ -33,40 +32,41 @@ std::vector<point> mirrored(const std::vector<point>& left_side)
 // Tracks ----------------------------------------------------------------------------------------------------
 
 struct running_gear {
-    span length;     // of the track
-    span width;      // of the one on the left
-    double height;   // of its upper run
+    span length;    // of the track
+    span width;     // of the one on the left
+    float height;   // of its upper run
     int wheels;
-    double radius;   // of a road wheel
+    float radius;   // of a road wheel
 };
 
 // A track: its two runs with the wheels between, sprocket and idler raised at the ends.
 void add_track(solid& to, const running_gear& g)
 {
-    constexpr double thickness = .09, end_wheel = .31;
+    constexpr float thickness = .09f, end_wheel = .31f;
     const auto [rear, front] = g.length;
-    add_pair(to, across({{rear + .75, 0},
-                         {front - .8, 0},
-                         {front, g.height - .5},
-                         {front, g.height - .15},
-                         {front - .2, g.height},
-                         {rear + .2, g.height},
-                         {rear, g.height - .15},
-                         {rear, g.height - .5}},
-                        {g.width.from, g.width.to - .1}, rubber));
-    // The run on the ground stands out from the wheels by its own thickness.
-    add_pair(to, across({{rear + .7, 0}, {front - .75, 0}, {front - .65, thickness}, {rear + .6, thickness}},
-                        g.width, steel));
-    const auto wheel = [&](double x, double z, double radius) {
-        const double out = g.width.to;
-        add_pair(to, rod({x, out - .3, z}, {x, out - .02, z}, radius, radius, steel));
-        add_pair(to, rod({x, out - .02, z}, {x, out, z}, radius * .74, radius * .7, hub));
-        add_pair(to, rod({x, out, z}, {x, out + .05, z}, radius * .26, radius * .2, steel));
+    add_pair(to, across({{rear + .75f, 0},
+                         {front - .8f, 0},
+                         {front, g.height - .5f},
+                         {front, g.height - .15f},
+                         {front - .2f, g.height},
+                         {rear + .2f, g.height},
+                         {rear, g.height - .15f},
+                         {rear, g.height - .5f}},
+                        {g.width.from, g.width.to - .1f}, rubber));
+    // The lower run is wider than the wheels.
+    add_pair(to,
+             across({{rear + .7f, 0}, {front - .75f, 0}, {front - .65f, thickness}, {rear + .6f, thickness}},
+                    g.width, steel));
+    const auto wheel = [&](float x, float z, float radius) {
+        const float out = g.width.to;
+        add_pair(to, rod({x, out - .3f, z}, {x, out - .02f, z}, radius, radius, steel));
+        add_pair(to, rod({x, out - .02f, z}, {x, out, z}, radius * .74f, radius * .7f, hub));
+        add_pair(to, rod({x, out, z}, {x, out + .05f, z}, radius * .26f, radius * .2f, steel));
     };
-    const double first = rear + .95, spacing = (front - rear - 1.95) / (g.wheels - 1);
-    for (int i = 0; i < g.wheels; ++i) wheel(first + spacing * i, g.radius + thickness * .6, g.radius);
-    wheel(rear + .38, g.height - .36, end_wheel);
-    wheel(front - .38, g.height - .36, end_wheel);
+    const float first = rear + .95f, spacing = (front - rear - 1.95f) / real(g.wheels - 1);
+    for (int i = 0; i < g.wheels; ++i) wheel(first + spacing * real(i), g.radius + thickness * .6f, g.radius);
+    wheel(rear + .38f, g.height - .36f, end_wheel);
+    wheel(front - .38f, g.height - .36f, end_wheel);
 }
 
 // The tank --------------------------------------------------------------------------------------------------
@@ -74,54 +74,55 @@ void add_track(solid& to, const running_gear& g)
 solid tank_hull()
 {
     solid s;
-    add_track(s, {{-3.45, 3.4}, {1.12, 1.72}, .95, 6, .37});
-    add(s, across({{-3.35, .5}, {-3.5, 1.0}, {-3.3, 1.35}, {1.5, 1.42}, {3.5, .92}, {3.0, .42}},
-                  {-1.15, 1.15}, armour));
+    add_track(s, {{-3.45f, 3.4f}, {1.12f, 1.72f}, .95f, 6, .37f});
+    add(s, across({{-3.35f, .5f}, {-3.5f, 1.0f}, {-3.3f, 1.35f}, {1.5f, 1.42f}, {3.5f, .92f}, {3.0f, .42f}},
+                  {-1.15f, 1.15f}, armour));
     add_pair(s,
-             across({{-3.5, .95}, {-3.5, 1.3}, {1.9, 1.34}, {3.6, .98}, {3.6, .86}, {1.9, .98}}, {1.1, 1.78},
+             across({{-3.5f, .95f}, {-3.5f, 1.3f}, {1.9f, 1.34f}, {3.6f, .98f}, {3.6f, .86f}, {1.9f, .98f}},
+                    {1.1f, 1.78f},
                     armour));   // over the tracks
-    add_pair(s, across({{-3.3, .66}, {-3.3, 1.0}, {2.5, 1.0}, {2.5, .66}}, {1.74, 1.8}, skirt));
-    for (double x = -2.4; x < 2; x += 1.2)   // joints of the skirt
-        add_pair(s, box({x, x + .05}, {1.8, 1.815}, {.66, 1.0}, fitting));
-    add_pair(s, box({-2.9, -1.5}, {1.2, 1.7}, {1.3, 1.55}, plain_armour));   // bins
-    add_pair(s, box({-1.2, .5}, {1.35, 1.75}, {1.32, 1.52}, plain_armour));
-    add(s, box({-3.3, -1.75}, {-1.15, 1.15}, {1.36, 1.47}, deck));
-    for (double x = -3.15; x < -1.9; x += .3) add(s, box({x, x + .14}, {-1, 1}, {1.47, 1.5}, louvre));
-    add(s, rod({-2.5, 1.72, 1.16}, {-2.5, 1.9, 1.16}, .2, .18, exhaust));
-    add(s, rod({-3.35, -1, 1.5}, {-3.35, 1, 1.5}, .16, .16, bare_wood));   // to get unstuck with
-    add(s,
-        across({{2.4, 1.22}, {2.4, 1.42}, {2.46, 1.42}, {2.5, 1.2}}, {-1.1, 1.1}, fitting));   // splash board
-    add_pair(s, rod({3.25, .75, 1.14}, {3.4, .75, 1.12}, .13, .13, lamp));
-    add(s, rod({1.35, 0, 1.42}, {1.35, 0, 1.48}, .32, .32, fitting));   // the driver's hatch
+    add_pair(s, across({{-3.3f, .66f}, {-3.3f, 1.0f}, {2.5f, 1.0f}, {2.5f, .66f}}, {1.74f, 1.8f}, skirt));
+    for (float x = -2.4f; x < 2; x += 1.2f)   // joints of the skirt
+        add_pair(s, box({x, x + .05f}, {1.8f, 1.815f}, {.66f, 1.0f}, fitting));
+    add_pair(s, box({-2.9f, -1.5f}, {1.2f, 1.7f}, {1.3f, 1.55f}, plain_armour));   // bins
+    add_pair(s, box({-1.2f, .5f}, {1.35f, 1.75f}, {1.32f, 1.52f}, plain_armour));
+    add(s, box({-3.3f, -1.75f}, {-1.15f, 1.15f}, {1.36f, 1.47f}, deck));
+    for (float x = -3.15f; x < -1.9f; x += .3f) add(s, box({x, x + .14f}, {-1, 1}, {1.47f, 1.5f}, louvre));
+    add(s, rod({-2.5f, 1.72f, 1.16f}, {-2.5f, 1.9f, 1.16f}, .2f, .18f, exhaust));
+    add(s, rod({-3.35f, -1, 1.5f}, {-3.35f, 1, 1.5f}, .16f, .16f, bare_wood));   // unditching beam
+    add(s, across({{2.4f, 1.22f}, {2.4f, 1.42f}, {2.46f, 1.42f}, {2.5f, 1.2f}}, {-1.1f, 1.1f},
+                  fitting));   // splash board
+    add_pair(s, rod({3.25f, .75f, 1.14f}, {3.4f, .75f, 1.12f}, .13f, .13f, lamp));
+    add(s, rod({1.35f, 0, 1.42f}, {1.35f, 0, 1.48f}, .32f, .32f, fitting));   // the driver's hatch
     return s;
 }
 
-solid tank_turret(double thinnest)
+solid tank_turret(float thinnest)
 {
     solid s;
-    add(s,
-        between(mirrored({{1.55, .45}, {1.1, 1.2}, {.2, 1.5}, {-1.1, 1.5}, {-1.75, .95}}), 1.42,
-                mirrored({{1.25, .38}, {.7, .9}, {0, 1.12}, {-1, 1.1}, {-1.55, .8}}), 2.12, turret_armour));
-    add(s, between(mirrored({{1.25, .38}, {.7, .9}, {0, 1.12}, {-1, 1.1}, {-1.55, .8}}), 2.12,
-                   mirrored({{.7, .3}, {.4, .6}, {0, .8}, {-.9, .8}, {-1.3, .6}}), 2.26, turret_armour));
-    add(s, box({-2.3, -1.5}, {-1.0, 1.0}, {1.62, 2.1}, canvas));   // stowage
-    add(s, box({-2.35, -2.3}, {-1.05, 1.05}, {1.85, 1.92}, fitting));
-    add(s, box({1.1, 1.75}, {-.36, .36}, {1.6, 2.0}, fitting));   // mantlet
-    const double radius = std::max(.085, thinnest);
-    add(s, rod({1.5, 0, 1.8}, {4.75, 0, 2.15}, radius * 1.15, radius, barrel));
-    add(s, rod({3.0, 0, 1.961}, {3.7, 0, 2.037}, radius + .07, radius + .07, barrel));    // fume extractor
-    add(s, rod({4.62, 0, 2.136}, {4.8, 0, 2.155}, radius + .03, radius + .03, barrel));   // muzzle
-    add(s, rod({-.3, .45, 2.2}, {-.3, .45, 2.52}, .42, .38, fitting));                    // cupola
-    add(s, rod({-.3, .45, 2.52}, {-.3, .45, 2.58}, .3, .26, plain_armour));
-    add(s, rod({-.45, .45, 2.66}, {.75, .45, 2.76}, .045, .035, barrel));   // its machine gun
-    add(s, box({-.1, .2}, {.36, .54}, {2.5, 2.72}, fitting));
-    add(s, rod({-.3, -.5, 2.2}, {-.3, -.5, 2.32}, .34, .34, plain_armour));   // the loader's hatch
-    add(s, box({.45, .75}, {.5, .8}, {2.15, 2.42}, fitting));                 // sight
-    add(s, box({.75, .77}, {.53, .77}, {2.22, 2.39}, glass));
-    for (double x = .05; x < .7; x += .2)   // smoke dischargers
-        add_pair(s, rod({x, 1.3 - x * .3, 1.75}, {x + .2, 1.55 - x * .3, 1.92}, .06, .06, fitting));
-    add(s, slender(rod({-1.4, .75, 2.2}, {-1.5, .8, 3.5}, .02, .012, fitting)));
-    add(s, slender(rod({-1.4, -.75, 2.2}, {-1.5, -.8, 3.3}, .02, .012, fitting)));
+    const path ring = mirrored({{1.55f, .45f}, {1.1f, 1.2f}, {.2f, 1.5f}, {-1.1f, 1.5f}, {-1.75f, .95f}});
+    const path edge = mirrored({{1.25f, .38f}, {.7f, .9f}, {0, 1.12f}, {-1, 1.1f}, {-1.55f, .8f}});
+    const path roof = mirrored({{.7f, .3f}, {.4f, .6f}, {0, .8f}, {-.9f, .8f}, {-1.3f, .6f}});
+    add(s, between(ring, 1.42f, edge, 2.12f, turret_armour));
+    add(s, between(edge, 2.12f, roof, 2.26f, turret_armour));
+    add(s, box({-2.3f, -1.5f}, {-1.0f, 1.0f}, {1.62f, 2.1f}, canvas));   // stowage
+    add(s, box({-2.35f, -2.3f}, {-1.05f, 1.05f}, {1.85f, 1.92f}, fitting));
+    add(s, box({1.1f, 1.75f}, {-.36f, .36f}, {1.6f, 2.0f}, fitting));   // mantlet
+    const float radius = std::max(.085f, thinnest);
+    add(s, rod({1.5f, 0, 1.8f}, {4.75f, 0, 2.15f}, radius * 1.15f, radius, barrel));
+    add(s, rod({3.0f, 0, 1.961f}, {3.7f, 0, 2.037f}, radius + .07f, radius + .07f, barrel));    // extractor
+    add(s, rod({4.62f, 0, 2.136f}, {4.8f, 0, 2.155f}, radius + .03f, radius + .03f, barrel));   // muzzle
+    add(s, rod({-.3f, .45f, 2.2f}, {-.3f, .45f, 2.52f}, .42f, .38f, fitting));                  // cupola
+    add(s, rod({-.3f, .45f, 2.52f}, {-.3f, .45f, 2.58f}, .3f, .26f, plain_armour));
+    add(s, rod({-.45f, .45f, 2.66f}, {.75f, .45f, 2.76f}, .045f, .035f, barrel));   // its machine gun
+    add(s, box({-.1f, .2f}, {.36f, .54f}, {2.5f, 2.72f}, fitting));
+    add(s, rod({-.3f, -.5f, 2.2f}, {-.3f, -.5f, 2.32f}, .34f, .34f, plain_armour));   // the loader's hatch
+    add(s, box({.45f, .75f}, {.5f, .8f}, {2.15f, 2.42f}, fitting));                   // sight
+    add(s, box({.75f, .77f}, {.53f, .77f}, {2.22f, 2.39f}, glass));
+    for (float x = .05f; x < .7f; x += .2f)   // smoke dischargers
+        add_pair(s, rod({x, 1.3f - x * .3f, 1.75f}, {x + .2f, 1.55f - x * .3f, 1.92f}, .06f, .06f, fitting));
+    add(s, slender(rod({-1.4f, .75f, 2.2f}, {-1.5f, .8f, 3.5f}, .02f, .012f, fitting)));
+    add(s, slender(rod({-1.4f, -.75f, 2.2f}, {-1.5f, -.8f, 3.3f}, .02f, .012f, fitting)));
     return s;
 }
 
@@ -130,129 +131,148 @@ solid tank_turret(double thinnest)
 solid carrier_hull()
 {
     solid s;
-    add_track(s, {{-3.15, 2.95}, {1.0, 1.5}, .92, 5, .33});
-    // A boat's bow below, a wedge above, and a high room for the infantry behind.
-    add(s, across({{-3.2, .5}, {-3.3, 1.9}, {-3.1, 2.0}, {.7, 1.98}, {3.3, 1.12}, {2.7, .45}}, {-1.02, 1.02},
-                  dry_armour));
-    add_pair(s, across({{-3.25, .9}, {-3.3, 1.75}, {.75, 1.75}, {3.2, 1.12}, {3.2, .95}, {2.4, .9}},
-                       {1.0, 1.55}, dry_armour));
-    add_pair(s, across({{-3.1, 1.75}, {-3.1, 1.98}, {.7, 1.96}, {.75, 1.75}}, {1.0, 1.25}, dry_armour));
-    add_pair(s, across({{-3.1, .62}, {-3.1, .92}, {2.3, .92}, {2.6, .7}}, {1.5, 1.56}, skirt));
-    // The engine lies beside the driver, at the front.
-    add(s, across({{1.1, 1.86}, {1.1, 1.9}, {2.5, 1.45}, {2.5, 1.4}}, {-.9, .0}, deck));
-    for (double x = 1.2; x < 2.4; x += .28)
-        add(s, across({{x, 1.87 - (x - 1.1) * .322},
-                       {x, 1.91 - (x - 1.1) * .322},
-                       {x + .12, 1.87 - (x - .98) * .322},
-                       {x + .12, 1.84 - (x - .98) * .322}},
-                      {-.85, -.05}, louvre));
-    add(s, box({.5, 1.3}, {1.55, 1.62}, {1.25, 1.6}, exhaust));
-    for (double x : {.62, .82, 1.02}) add(s, box({x, x + .1}, {1.62, 1.65}, {1.29, 1.56}, louvre));
-    add(s, across({{2.0, 1.62}, {2.05, 1.75}, {3.25, 1.24}, {3.2, 1.16}}, {-1.0, 1.0},
+    add_track(s, {{-3.15f, 2.95f}, {1.0f, 1.5f}, .92f, 5, .33f});
+    // A boat-shaped bow with a wedge above, and a high compartment for the infantry.
+    add(s, across({{-3.2f, .5f}, {-3.3f, 1.9f}, {-3.1f, 2.0f}, {.7f, 1.98f}, {3.3f, 1.12f}, {2.7f, .45f}},
+                  {-1.02f, 1.02f}, dry_armour));
+    add_pair(s,
+             across({{-3.25f, .9f}, {-3.3f, 1.75f}, {.75f, 1.75f}, {3.2f, 1.12f}, {3.2f, .95f}, {2.4f, .9f}},
+                    {1.0f, 1.55f}, dry_armour));
+    add_pair(
+        s, across({{-3.1f, 1.75f}, {-3.1f, 1.98f}, {.7f, 1.96f}, {.75f, 1.75f}}, {1.0f, 1.25f}, dry_armour));
+    add_pair(s, across({{-3.1f, .62f}, {-3.1f, .92f}, {2.3f, .92f}, {2.6f, .7f}}, {1.5f, 1.56f}, skirt));
+    // The engine is at the front, beside the driver.
+    add(s, across({{1.1f, 1.86f}, {1.1f, 1.9f}, {2.5f, 1.45f}, {2.5f, 1.4f}}, {-.9f, .0f}, deck));
+    for (float x = 1.2f; x < 2.4f; x += .28f)
+        add(s, across({{x, 1.87f - (x - 1.1f) * .322f},
+                       {x, 1.91f - (x - 1.1f) * .322f},
+                       {x + .12f, 1.87f - (x - .98f) * .322f},
+                       {x + .12f, 1.84f - (x - .98f) * .322f}},
+                      {-.85f, -.05f}, louvre));
+    add(s, box({.5f, 1.3f}, {1.55f, 1.62f}, {1.25f, 1.6f}, exhaust));
+    for (float x : {.62f, .82f, 1.02f}) add(s, box({x, x + .1f}, {1.62f, 1.65f}, {1.29f, 1.56f}, louvre));
+    add(s, across({{2.0f, 1.62f}, {2.05f, 1.75f}, {3.25f, 1.24f}, {3.2f, 1.16f}}, {-1.0f, 1.0f},
                   plain_armour));   // trim vane
-    add_pair(s, rod({2.95, 1.25, 1.3}, {3.12, 1.25, 1.26}, .13, .13, lamp));
-    add(s, rod({.95, .6, 1.88}, {.95, .6, 2.0}, .3, .28, fitting));   // the driver's hatch
-    for (double x : {-2.6, -1.75, -.9}) {                             // firing ports with their periscopes
-        add_pair(s, rod({x, 1.55, 1.45}, {x, 1.62, 1.45}, .12, .1, fitting));
-        add_pair(s, box({x - .12, x + .12}, {1.05, 1.2}, {1.96, 2.08}, fitting));
+    add_pair(s, rod({2.95f, 1.25f, 1.3f}, {3.12f, 1.25f, 1.26f}, .13f, .13f, lamp));
+    add(s, rod({.95f, .6f, 1.88f}, {.95f, .6f, 2.0f}, .3f, .28f, fitting));   // the driver's hatch
+    for (float x : {-2.6f, -1.75f, -.9f}) {   // firing ports with their periscopes
+        add_pair(s, rod({x, 1.55f, 1.45f}, {x, 1.62f, 1.45f}, .12f, .1f, fitting));
+        add_pair(s, box({x - .12f, x + .12f}, {1.05f, 1.2f}, {1.96f, 2.08f}, fitting));
     }
-    add_pair(s, box({-3.05, -1.5}, {.08, .95}, {2.0, 2.06}, plain_armour));   // roof hatches
-    add_pair(s, box({-3.5, -3.25}, {.1, .95}, {.7, 1.75}, plain_armour));     // rear doors
-    add(s, box({-2.4, -.4}, {1.55, 1.68}, {1.02, 1.2}, bare_wood));           // tools
+    add_pair(s, box({-3.05f, -1.5f}, {.08f, .95f}, {2.0f, 2.06f}, plain_armour));   // roof hatches
+    add_pair(s, box({-3.5f, -3.25f}, {.1f, .95f}, {.7f, 1.75f}, plain_armour));     // rear doors
+    add(s, box({-2.4f, -.4f}, {1.55f, 1.68f}, {1.02f, 1.2f}, bare_wood));           // tools
     return s;
 }
 
-solid carrier_turret(double thinnest)
+solid carrier_turret(float thinnest)
 {
     solid s;
-    const std::vector<point> ring = mirrored({{.95, .4}, {.55, .85}, {-.35, .9}, {-.95, .45}});
-    const std::vector<point> roof = mirrored({{.6, .3}, {.35, .6}, {-.35, .62}, {-.75, .35}});
-    add(s, between(ring, 1.98, roof, 2.52, dry_armour));
-    add(s, box({.6, 1.05}, {-.2, .2}, {2.1, 2.36}, fitting));
-    const double radius = std::max(.055, thinnest * .8);
-    add(s, rod({.9, 0, 2.24}, {2.75, 0, 2.36}, radius * 1.2, radius, barrel));
-    add(s, rod({2.6, 0, 2.35}, {2.85, 0, 2.366}, radius + .025, radius + .025, barrel));
-    add(s, rod({-.25, .3, 2.5}, {-.25, .3, 2.64}, .27, .25, fitting));   // hatch
-    add(s, box({.1, .35}, {.15, .4}, {2.5, 2.7}, fitting));              // sight
-    add(s, box({.35, .37}, {.18, .37}, {2.56, 2.67}, glass));
-    add(s, box({-.5, .6}, {-.72, -.5}, {2.45, 2.72}, plain_armour));   // missile box
-    add(s, slender(rod({-.7, .4, 2.5}, {-.85, .45, 3.7}, .02, .012, fitting)));
+    const path ring = mirrored({{.95f, .4f}, {.55f, .85f}, {-.35f, .9f}, {-.95f, .45f}});
+    const path roof = mirrored({{.6f, .3f}, {.35f, .6f}, {-.35f, .62f}, {-.75f, .35f}});
+    add(s, between(ring, 1.98f, roof, 2.52f, dry_armour));
+    add(s, box({.6f, 1.05f}, {-.2f, .2f}, {2.1f, 2.36f}, fitting));
+    const float radius = std::max(.055f, thinnest * .8f);
+    add(s, rod({.9f, 0, 2.24f}, {2.75f, 0, 2.36f}, radius * 1.2f, radius, barrel));
+    add(s, rod({2.6f, 0, 2.35f}, {2.85f, 0, 2.366f}, radius + .025f, radius + .025f, barrel));
+    add(s, rod({-.25f, .3f, 2.5f}, {-.25f, .3f, 2.64f}, .27f, .25f, fitting));   // hatch
+    add(s, box({.1f, .35f}, {.15f, .4f}, {2.5f, 2.7f}, fitting));                // sight
+    add(s, box({.35f, .37f}, {.18f, .37f}, {2.56f, 2.67f}, glass));
+    add(s, box({-.5f, .6f}, {-.72f, -.5f}, {2.45f, 2.72f}, plain_armour));   // missile box
+    add(s, slender(rod({-.7f, .4f, 2.5f}, {-.85f, .45f, 3.7f}, .02f, .012f, fitting)));
     return s;
 }
 
 // The truck -------------------------------------------------------------------------------------------------
 
-void add_wheel(solid& s, double x)
+void add_wheel(solid& s, float x)
 {
-    constexpr double radius = .58, outside = 1.25, inside = .85;
-    add_pair(s, rod({x, inside, radius}, {x, outside, radius}, radius, radius * .96, rubber));
-    add_pair(s, rod({x, outside - .04, radius}, {x, outside + .01, radius}, radius * .56, radius * .5, hub));
-    add_pair(s, rod({x, outside, radius}, {x, outside + .08, radius}, .14, .1, steel));
+    constexpr float radius = .58f, outside = 1.25f, inside = .85f;
+    add_pair(s, rod({x, inside, radius}, {x, outside, radius}, radius, radius * .96f, rubber));
+    add_pair(s,
+             rod({x, outside - .04f, radius}, {x, outside + .01f, radius}, radius * .56f, radius * .5f, hub));
+    add_pair(s, rod({x, outside, radius}, {x, outside + .08f, radius}, .14f, .1f, steel));
 }
 
 void add_cab(solid& s)
 {
-    constexpr material roof{{.13, .14, .065}, .38};
-    add(s, across({{1.95, .95}, {1.95, 1.72}, {2.05, 1.8}, {3.5, 1.62}, {3.55, .95}}, {-.72, .72},
-                  material{{.115, .125, .055}, .80}));   // bonnet
-    add(s, box({3.53, 3.6}, {-.55, .55}, {1.0, 1.52}, louvre));
-    for (double y = -.45; y < .5; y += .22) add(s, box({3.6, 3.62}, {y, y + .08}, {1.0, 1.52}, deck));
-    add(s, across({{.65, .8}, {.65, 2.55}, {.8, 2.65}, {1.6, 2.65}, {1.75, 2.55}, {2.0, 1.75}, {2.0, .8}},
-                  {-1.1, 1.1}, roof));
-    add(s,
-        across({{1.78, 2.5}, {1.8, 2.5}, {2.01, 1.84}, {1.98, 1.84}}, {-.98, -.06}, glass));   // windscreen
-    add(s, across({{1.78, 2.5}, {1.8, 2.5}, {2.01, 1.84}, {1.98, 1.84}}, {.06, .98}, glass));
-    add_pair(s, across({{.9, 1.8}, {.9, 2.45}, {1.62, 2.45}, {1.85, 1.8}}, {1.1, 1.12}, glass));
-    add_pair(
-        s, across({{1.55, .75}, {1.75, 1.25}, {3.4, 1.3}, {3.65, 1.05}, {3.6, .95}, {2.2, 1.1}, {1.95, .75}},
-                  {.72, 1.22}, armour));   // mudguards
-    add_pair(s, rod({3.3, .95, 1.38}, {3.5, .95, 1.38}, .14, .15, lamp));
-    add(s, box({3.6, 3.72}, {-1.15, 1.15}, {.68, .92}, fitting));    // bumper
-    add_pair(s, box({1.2, 1.8}, {1.0, 1.2}, {.45, .52}, fitting));   // steps
+    constexpr material roof{{.13f, .14f, .065f}, .38f};
+    add(s, across({{1.95f, .95f}, {1.95f, 1.72f}, {2.05f, 1.8f}, {3.5f, 1.62f}, {3.55f, .95f}}, {-.72f, .72f},
+                  material{{.115f, .125f, .055f}, .80f}));   // bonnet
+    add(s, box({3.53f, 3.6f}, {-.55f, .55f}, {1.0f, 1.52f}, louvre));
+    for (float y = -.45f; y < .5f; y += .22f) add(s, box({3.6f, 3.62f}, {y, y + .08f}, {1.0f, 1.52f}, deck));
+    add(s, across({{.65f, .8f},
+                   {.65f, 2.55f},
+                   {.8f, 2.65f},
+                   {1.6f, 2.65f},
+                   {1.75f, 2.55f},
+                   {2.0f, 1.75f},
+                   {2.0f, .8f}},
+                  {-1.1f, 1.1f}, roof));
+    add(s, across({{1.78f, 2.5f}, {1.8f, 2.5f}, {2.01f, 1.84f}, {1.98f, 1.84f}}, {-.98f, -.06f},
+                  glass));   // windscreen
+    add(s, across({{1.78f, 2.5f}, {1.8f, 2.5f}, {2.01f, 1.84f}, {1.98f, 1.84f}}, {.06f, .98f}, glass));
+    add_pair(s, across({{.9f, 1.8f}, {.9f, 2.45f}, {1.62f, 2.45f}, {1.85f, 1.8f}}, {1.1f, 1.12f}, glass));
+    add_pair(s, across({{1.55f, .75f},
+                        {1.75f, 1.25f},
+                        {3.4f, 1.3f},
+                        {3.65f, 1.05f},
+                        {3.6f, .95f},
+                        {2.2f, 1.1f},
+                        {1.95f, .75f}},
+                       {.72f, 1.22f}, armour));   // mudguards
+    add_pair(s, rod({3.3f, .95f, 1.38f}, {3.5f, .95f, 1.38f}, .14f, .15f, lamp));
+    add(s, box({3.6f, 3.72f}, {-1.15f, 1.15f}, {.68f, .92f}, fitting));    // bumper
+    add_pair(s, box({1.2f, 1.8f}, {1.0f, 1.2f}, {.45f, .52f}, fitting));   // steps
 }
 
 void add_load(solid& s)
 {
-    add(s, box({-3.5, .5}, {-1.22, 1.22}, {1.12, 1.28}, fitting));
-    add(s, box({-3.5, .45}, {-1.25, 1.25}, {1.28, 1.8}, armour));
-    for (double x = -3.5; x < .5; x += .97) add_pair(s, box({x, x + .06}, {1.25, 1.29}, {1.2, 1.8}, fitting));
-    // A cover over hoops, sagging between them.
-    const auto hoop = [](double sag) {   // height and half the width
-        return mirrored({{1.8, 1.25 - sag}, {2.7 - sag, 1.22 - sag}, {3.02 - sag, .9}, {3.12 - sag, .3}});
+    add(s, box({-3.5f, .5f}, {-1.22f, 1.22f}, {1.12f, 1.28f}, fitting));
+    add(s, box({-3.5f, .45f}, {-1.25f, 1.25f}, {1.28f, 1.8f}, armour));
+    for (float x = -3.5f; x < .5f; x += .97f)
+        add_pair(s, box({x, x + .06f}, {1.25f, 1.29f}, {1.2f, 1.8f}, fitting));
+    // A canvas cover over hoops; it sags between them.
+    const auto hoop = [](float sag) {   // height and half the width
+        return mirrored(
+            {{1.8f, 1.25f - sag}, {2.7f - sag, 1.22f - sag}, {3.02f - sag, .9f}, {3.12f - sag, .3f}});
     };
-    constexpr double from = -3.5, to = .45, each = (to - from) / 4;
+    constexpr float from = -3.5f, to = .45f, each = (to - from) / 4;
     for (int i = 0; i < 8; ++i) {
-        const double x = from + each / 2 * i, lower = i % 2 == 0 ? 0 : .06, next = .06 - lower;
+        const float x = from + each / 2 * real(i), lower = i % 2 == 0 ? 0 : .06f, next = .06f - lower;
         add(s, laid_down(between(hoop(lower), x, hoop(next), x + each / 2, canvas)));
     }
 }
 
 }   // namespace
 
-solid tank(double thinnest, double turret)
+solid tank(float thinnest, float turret)
 {
     solid s = tank_hull();
-    add(s, moved(turned(tank_turret(thinnest), turret), {.1, 0, 0}));
+    add(s, moved(turned(tank_turret(thinnest), turret), {.1f, 0, 0}));
     return s;
 }
 
-solid carrier(double thinnest, double turret)
+solid carrier(float thinnest, float turret)
 {
     solid s = carrier_hull();
-    add(s, moved(turned(carrier_turret(thinnest), turret), {-.35, 0, 0}));
+    add(s, moved(turned(carrier_turret(thinnest), turret), {-.35f, 0, 0}));
     return s;
 }
 
-solid truck(double, double)
+solid truck(float, float)
 {
     solid s;
-    add(s, box({-3.4, 3.5}, {-.45, .45}, {.62, 1.12}, fitting));   // frame
-    for (double x : {2.6, -1.35, -2.7}) add_wheel(s, x);
-    for (double x : {2.6, -1.35, -2.7}) add(s, rod({x, -.9, .58}, {x, .9, .58}, .14, .14, steel));   // axles
+    add(s, box({-3.4f, 3.5f}, {-.45f, .45f}, {.62f, 1.12f}, fitting));   // frame
+    for (float x : {2.6f, -1.35f, -2.7f}) add_wheel(s, x);
+    for (float x : {2.6f, -1.35f, -2.7f})
+        add(s, rod({x, -.9f, .58f}, {x, .9f, .58f}, .14f, .14f, steel));   // axles
     add_cab(s);
     add_load(s);
-    add(s, rod({-.5, .6, .8}, {.4, .6, .8}, .2, .2, exhaust));   // silencer
-    add(s, rod({.56, .95, 1.0}, {.56, .95, 2.75}, .08, .08, exhaust));
-    add_pair(s, box({-.55, .4}, {.75, 1.2}, {.6, 1.05}, plain_armour));   // fuel
+    add(s, rod({-.5f, .6f, .8f}, {.4f, .6f, .8f}, .2f, .2f, exhaust));   // silencer
+    add(s, rod({.56f, .95f, 1.0f}, {.56f, .95f, 2.75f}, .08f, .08f, exhaust));
+    add_pair(s, box({-.55f, .4f}, {.75f, 1.2f}, {.6f, 1.05f}, plain_armour));   // fuel
     return s;
 }
+
+}   // namespace tools

@@ -1,17 +1,19 @@
-// Makes one noise of the guns and prints it as text that sox reads: a time and a sample a line, at no
-// particular level. Nothing is recorded: it is all noise through filters, tones and struck steel.
+// Synthesizes one sound of the guns from filtered noise, falling tones and resonators, and prints it as text
+// that sox reads: a time and a sample a line, not normalized.
 //
 // Usage: effects fire|coax|explode1
 
 #include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <cstdio>
 #include <numbers>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "common/noise.h"
+
+namespace tools {
 namespace {
 
 constexpr int rate = 22050;
@@ -24,17 +26,9 @@ track silence(double seconds)
     return track(static_cast<std::size_t>(seconds * rate));
 }
 
-// Our own generator, since those of the standard library's distributions differ from one library to the next.
-struct dice {
-    std::uint64_t state;
-};
-
-double throw_dice(dice& d)   // -1 to 1
+double white_noise(rng& random)   // -1 to 1
 {
-    d.state ^= d.state << 13;
-    d.state ^= d.state >> 7;
-    d.state ^= d.state << 17;
-    return static_cast<double>(d.state >> 11) / static_cast<double>(1ULL << 52) - 1;
+    return 2 * random.fine() - 1;
 }
 
 struct low_pass {
@@ -52,9 +46,9 @@ double pass(low_pass& f, double x)
     return f.level += f.share * (x - f.level);
 }
 
-// A piece of steel that rings at one pitch after a blow.
+// Rings at one pitch after a blow.
 struct resonator {
-    double input, last, before;   // how much of each goes into the next sample
+    double input, last, before;   // their weights in the next sample
     double y1 = 0, y2 = 0;
 };
 
@@ -71,8 +65,7 @@ double pass(resonator& f, double x)
     return y;
 }
 
-// Adds to the track from a moment on what `sound` gives for each time since that moment, until it has died
-// away.
+// Adds sound(time since start) to the track until it has decayed to a thousandth.
 template <typename Sound>
 void add(track& t, double start, double decay, Sound sound)
 {
@@ -82,28 +75,28 @@ void add(track& t, double start, double decay, Sound sound)
         t[first + i] += sound(static_cast<double>(i) / rate);
 }
 
-// Rises and dies away again; both are rates, a higher one being quicker.
+// Attack and decay, both as rates: higher is quicker.
 double envelope(double time, double rise, double decay)
 {
     return (1 - std::exp(-time * rise)) * std::exp(-time * decay);
 }
 
-// A rush of noise, dull or sharp by the pitch at which it is cut off.
+// Low-pass noise: dull or sharp by its cut-off frequency.
 struct rush {
     double start, cutoff, rise, decay, loudness;
 };
 
-void add(track& t, const rush& r, dice& d)
+void add(track& t, const rush& r, rng& random)
 {
     low_pass first = low_pass_at(r.cutoff), second = first;
-    // Less of the noise gets through a lower cut-off: made up for, so that loudness means the same at each.
+    // A lower cut-off passes less of the noise; with this gain the loudness doesn't depend on it.
     const double gain = r.loudness * std::sqrt(rate / 2.0 / r.cutoff);
     add(t, r.start, r.decay, [&](double time) {
-        return gain * pass(second, pass(first, throw_dice(d))) * envelope(time, r.rise, r.decay);
+        return gain * pass(second, pass(first, white_noise(random))) * envelope(time, r.rise, r.decay);
     });
 }
 
-// A blow that is felt more than heard: a tone that falls in pitch.
+// A low blow: a tone that falls in pitch.
 struct thump {
     double start, high, low, fall, rise, decay, loudness;
 };
@@ -122,79 +115,83 @@ struct ring {
     double start, pitch, decay, loudness;
 };
 
-void add(track& t, const ring& r, dice& d)
+void add(track& t, const ring& r, rng& random)
 {
     resonator steel = resonator_at(r.pitch, r.decay);
-    add(t, r.start, r.decay,
-        [&](double time) { return .2 * r.loudness * pass(steel, throw_dice(d) * std::exp(-time * 120)); });
+    add(t, r.start, r.decay, [&](double time) {
+        return .2 * r.loudness * pass(steel, white_noise(random) * std::exp(-time * 120));
+    });
 }
 
-// The main gun as the crew hears it: the shot through the armour, the turret ringing, the gun running back
-// and out again, and the stub of the case in its bin.
+// The main gun as the crew hears it: the shot through the armour, the ringing turret, recoil and run-out, and
+// the stub of the case falling into its bin.
 track fire()
 {
     track t = silence(1.9);
-    dice d{12345};
+    rng random(0x3f1972d6a49fd2f2);
     constexpr rush rushes[] = {{.002, 4200, 4000, 48, 1.3},   // the crack
                                {.004, 900, 900, 5.5, 1.2},    // the blast
-                               {.04, 260, 25, 2.2, .8},       // its roll over the country
-                               {.29, 520, 60, 3.5, .4},       // and back from it
+                               {.04, 260, 25, 2.2, .8},       // its roll over the ground
+                               {.29, 520, 60, 3.5, .4},       // and its echo
                                {.62, 420, 60, 3, .3}};
     constexpr thump thumps[] = {{.002, 150, 42, 16, 700, 5.5, 1.3}, {.002, 260, 95, 30, 900, 16, .7}};
     constexpr ring rings[] = {{.01, 183, 3, .5},   {.01, 317, 3.5, .4},  {.01, 548, 4, .25},     // the turret
-                              {.11, 412, 9, .5},   {.11, 1130, 11, .4},  {.11, 2270, 14, .25},   // back
-                              {.52, 536, 14, .35}, {.52, 1490, 16, .25},                         // out again
+                              {.11, 412, 9, .5},   {.11, 1130, 11, .4},  {.11, 2270, 14, .25},   // recoil
+                              {.52, 536, 14, .35}, {.52, 1490, 16, .25},                         // run-out
                               {.78, 874, 8, .2},   {.78, 2380, 10, .2},                          // the stub
-                              {.93, 903, 8, .12},  {.93, 2430, 10, .12}};                        // once more
-    for (const rush& r : rushes) add(t, r, d);
+                              {.93, 903, 8, .12},  {.93, 2430, 10, .12}};   // its second bounce
+    for (const rush& r : rushes) add(t, r, random);
     for (const thump& b : thumps) add(t, b);
-    for (const ring& r : rings) add(t, r, d);
+    for (const ring& r : rings) add(t, r, random);
     return t;
 }
 
-void add_shot(track& t, double start, double loudness, dice& d)
+void add_shot(track& t, double start, double loudness, rng& random)
 {
-    add(t, rush{start, 5200, 6000, 85, .9 * loudness}, d);
-    add(t, rush{start, 1100, 3000, 38, .8 * loudness}, d);
+    add(t, rush{start, 5200, 6000, 85, .9 * loudness}, random);
+    add(t, rush{start, 1100, 3000, 38, .8 * loudness}, random);
     add(t, thump{start, 160, 95, 60, 2000, 42, .6 * loudness});
-    add(t, ring{start + .034, 2700, 160, .7}, d);   // the bolt
-    add(t, ring{start + .034, 1750, 140, .5}, d);
-    add(t, rush{start + .01, 330, 60, 6, .12 * loudness}, d);   // the roll over the country
+    add(t, ring{start + .034, 2700, 160, .7}, random);   // the bolt
+    add(t, ring{start + .034, 1750, 140, .5}, random);
+    add(t, rush{start + .01, 330, 60, 6, .12 * loudness}, random);   // the roll over the ground
 }
 
-// One long burst: nothing repeats it, so it outlasts a trigger held for any sensible time.
+// One long burst, longer than a trigger is held, since it is played once and not repeated.
 track coax()
 {
     constexpr double seconds = 12, ceasing = seconds - .7, between = 60.0 / 650;
     track t = silence(seconds);
-    dice d{4242};
+    rng random(0xfba0f83118119d19);
     for (double start = .002; start < ceasing;) {
-        const double loudness = 1 + .1 * throw_dice(d);
-        add_shot(t, start, loudness, d);
-        const double uneven = .025 * throw_dice(d);
+        const double loudness = 1 + .1 * white_noise(random);
+        add_shot(t, start, loudness, random);
+        const double uneven = .025 * white_noise(random);
         start += between * (1 + uneven);
     }
     for (int link = 0; link < 5; ++link) {   // the last links fall
-        const double late = .03 * throw_dice(d);
-        add(t, ring{ceasing + .14 + .06 * link + late, 3900 + 350.0 * link, 60, .3}, d);
+        const double late = .03 * white_noise(random);
+        add(t, ring{ceasing + .14 + .06 * link + late, 3900 + 350.0 * link, 60, .3}, random);
     }
     return t;
 }
 
-// A vehicle blown up far away: no crack, but the blow, and a long roll with its echoes.
+// A vehicle exploding far away: no crack, but the blow and a long roll with its echoes.
 track explode1()
 {
     track t = silence(2.2);
-    dice d{777};
+    rng random(0xbcd1a5b378990964);
     constexpr rush rushes[] = {{.002, 800, 220, 7, 1.5}, {.06, 300, 12, 1.6, 1}, {.42, 380, 40, 3, .5},
                                {.78, 320, 40, 3, .35},   {1.2, 280, 40, 3, .25}, {.1, 1500, 8, 4, .25}};
     constexpr thump thumps[] = {{.002, 80, 34, 8, 200, 4, 1.2}, {.002, 150, 70, 12, 300, 9, .6}};
-    for (const rush& r : rushes) add(t, r, d);
+    for (const rush& r : rushes) add(t, r, random);
     for (const thump& b : thumps) add(t, b);
     return t;
 }
 
 }   // namespace
+}   // namespace tools
+
+using namespace tools;
 
 int main(int count, char** arguments)
 {
@@ -208,7 +205,7 @@ int main(int count, char** arguments)
         return 2;
     }
     std::printf("; Sample Rate %d\n; Channels 1\n", rate);
-    for (std::size_t i = 0; i < t.size(); ++i)   // what is too loud for the ear is pressed together
+    for (std::size_t i = 0; i < t.size(); ++i)   // soft clipping
         std::printf("%.6f %.6f\n", static_cast<double>(i) / rate, std::tanh(t[i]));
     return std::ferror(stdout) != 0;
 }

@@ -2,7 +2,7 @@
 
 #include "geometry.h"
 
-namespace landscape {
+namespace tools {
 
 std::uint32_t hash(int x, int y, std::uint32_t seed)
 {
@@ -20,7 +20,7 @@ float scatter(int x, int y, std::uint32_t seed)
     return real(hash(x, y, seed) >> 8) * (1.f / 16777216);
 }
 
-// The slope that a hash stands for, taken along x and y: sixteen directions.
+// The dot product with one of sixteen gradients, chosen by the hash.
 static float slope(std::uint32_t h, float x, float y)
 {
     static constexpr float way[16][2] = {{1, 0},  {.924f, .383f},   {.707f, .707f},   {.383f, .924f},
@@ -37,7 +37,7 @@ static float fade(float t)
 
 float noise(float x, float y, std::uint32_t seed)
 {
-    const int left = whole(x), top = whole(y);
+    const int left = floor_int(x), top = floor_int(y);
     x -= real(left);
     y -= real(top);
     const float a = slope(hash(left, top, seed), x, y), b = slope(hash(left + 1, top, seed), x - 1, y);
@@ -62,9 +62,9 @@ float fractal(float x, float y, std::uint32_t seed, int octaves, float gain)
 
 float noise3(float x, float y, float z)
 {
-    const int left = whole(x), top = whole(y), low = whole(z);
-    const auto ease = [](float t) { return t * t * (3 - 2 * t); };
-    const float u = ease(x - real(left)), v = ease(y - real(top)), w = ease(z - real(low));
+    const int left = floor_int(x), top = floor_int(y), low = floor_int(z);
+    const float u = smoothstep(0, 1, x - real(left)), v = smoothstep(0, 1, y - real(top));
+    const float w = smoothstep(0, 1, z - real(low));
     const auto layer = [&](int up) {
         const auto seed = static_cast<std::uint32_t>((low + up) * 7919 + 13);
         return mix(mix(scatter(left, top, seed), scatter(left + 1, top, seed), u),
@@ -73,34 +73,44 @@ float noise3(float x, float y, float z)
     return mix(layer(0), layer(1), w) * 2 - 1;
 }
 
-chance::chance(std::uint64_t start) : state_(start * 0x9E3779B97F4A7C15U + 88172645463325252U)
+rng::rng(std::uint64_t seed) : state_(seed * 0x9E3779B97F4A7C15U + 88172645463325252U)
 {
-    for (int i = 0; i < 8; ++i) unit();
+    for (int i = 0; i < 8; ++i) next();
 }
 
-float chance::unit()
+// Xorshift.
+std::uint64_t rng::next()
 {
     state_ ^= state_ << 13;
     state_ ^= state_ >> 7;
-    state_ ^= state_ << 17;
-    return real(state_ >> 40) * (1.f / 16777216);
+    return state_ ^= state_ << 17;
 }
 
-float chance::between(float low, float high)
+float rng::unit()
+{
+    return real(next() >> 40) * (1.f / 16777216);
+}
+
+double rng::fine()
+{
+    return static_cast<double>(next() >> 11) / static_cast<double>(1ULL << 53);
+}
+
+float rng::between(float low, float high)
 {
     return low + (high - low) * unit();
 }
 
-float chance::bell()
+float rng::normal()
 {
     float sum = 0;
     for (int i = 0; i < 6; ++i) sum += unit();
     return (sum - 3) * 1.41f;
 }
 
-int chance::below(int count)
+int rng::below(int count)
 {
     return static_cast<int>(unit() * real(count));
 }
 
-}   // namespace landscape
+}   // namespace tools

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Makes the wave files of the crew and of the guns: speech by flite with the sound of an intercom laid over it by
-# sox, and the noises of the program `effects`. Installs nothing, and makes the same bytes each time.
+# Makes the wave files: the crew's speech by flite, which sox makes sound like an intercom, and the gun sounds of the
+# program `effects`. Installs nothing, and makes the same bytes each time.
 #
 # Usage: make_sounds.sh EFFECTS FOLDER
 set -euo pipefail
 
-# File, who speaks, and what. Spelled for flite's ear: "Co axe" and "dee select" come out right only so.
+# File, speaker and words, spelled so that flite pronounces them right ("Co axe", "dee select").
 lines="
 action      commander  Action!
 fin1        commander  Fin, tank!
@@ -40,7 +40,7 @@ declare -A voices=(
     [commander]="rms --setf duration_stretch=0.8 --setf int_f0_target_mean=105"
     [loader]="awb --setf duration_stretch=0.9"
 )
-# dBFS: the effective value of each spoken line, so that none stands out, and what no sample goes over.
+# dBFS: the RMS level of each spoken line, the same for all, and the peak level.
 speech_level=-17
 top=-2
 
@@ -50,7 +50,7 @@ check_tools() {
     local tool voice missing=()
     for tool in flite sox soxi; do command -v "$tool" >/dev/null || missing+=("the program $tool"); done
     if command -v flite >/dev/null; then
-        # flite speaks with another voice when it has not the one asked for.
+        # flite falls back on another voice when it lacks this one.
         for voice in "${voices[@]%% *}"; do
             flite -lv | grep -qw "$voice" || missing+=("flite's voice $voice")
         done
@@ -58,15 +58,15 @@ check_tools() {
     [ ${#missing[@]} -eq 0 ] || die "missing:$(printf ' %s,' "${missing[@]}") of Debian's packages flite and sox"
 }
 
-# Cuts what lies before the first sound and after the last one.
+# Removes the silence at both ends.
 trimmed=(silence 1 0.01 0.4% reverse silence 1 0.01 0.4% reverse)
 
-# The effective value over the parts that are not silent.
+# The RMS level of the parts that are not silent.
 level_of() {
     sox "$1" -n silence -l 1 0.02 -35d -1 0.02 -35d stats 2>&1 | awk '/^RMS lev dB/ { print $4 }'
 }
 
-# Brings speech to its level and keeps its peaks off the top. More than once, since cutting peaks takes level away.
+# Brings speech to its level and limits its peaks. More than once, since limiting lowers the level.
 to_level() {
     local gain
     for _ in 1 2 3; do
@@ -76,13 +76,13 @@ to_level() {
     done
 }
 
-# Noise through the band of the intercom: noise LENGTH LEVEL KIND OUT [EFFECT...]
+# Noise in the frequency band of the intercom: noise LENGTH LEVEL KIND OUT [EFFECT...]
 noise() {
     sox -R -r 16000 -n -c 1 "$4" synth "$1" "$3" gain -12 highpass 400 lowpass 3200 gain -n "$2" "${@:5}"
 }
 
-# What an intercom makes of a voice: a narrow band and levels pressed together, on a bed of hiss between the clicks
-# of its switch. Steeper filters, overdrive or a louder hiss cost words.
+# A voice over an intercom: a narrow band, compressed, with hiss between the clicks of the switch. Steeper filters,
+# overdrive or louder hiss make words hard to understand.
 intercom() {
     local length
     sox -R "$1" "$work/voice.wav" gain -n -12 highpass 300 highpass 300 lowpass 3400 \
@@ -104,13 +104,13 @@ say() {
     intercom "$work/dry.wav" "$folder/$1.wav"
 }
 
-# resound NAME: an effect at its level, its last trace faded out.
-resound() {
+# normalized_effect NAME: an effect at its level, faded out at the end.
+normalized_effect() {
     "$effects" "$1" | sox -R -t dat - -b 16 "$folder/$1.wav" \
         gain -6 highpass 30 gain -n $top reverse fade t 0.05 reverse
 }
 
-# The kill as the commander reports it: he speaks up when the blow is over, and the roll goes on under his voice.
+# The commander reports the kill while the explosion dies away.
 explode() {
     sox -R "$folder/targetstop.wav" -r 22050 "$work/report.wav" gain -3 pad 0.45
     sox -R -m -v 0.5 "$folder/explode1.wav" -v 1.4 "$work/report.wav" "$folder/explode.wav" gain -n $top
@@ -127,5 +127,5 @@ trap 'rm -r "$work"' EXIT
 while read -r file speaker words; do
     [ -z "$file" ] || say "$file" "$speaker" "$words"
 done <<<"$lines"
-for effect in fire coax explode1; do resound "$effect"; done
+for effect in fire coax explode1; do normalized_effect "$effect"; done
 explode

@@ -1,0 +1,36 @@
+// Noise that depends on the place alone, and random numbers that depend on the seed alone: the same with
+// every library, which the distributions of the standard library don't promise.
+#pragma once
+
+#include <cstdint>
+
+namespace tools {
+
+std::uint32_t hash(int x, int y, std::uint32_t seed);
+// The same as a number from 0 to below 1.
+float scatter(int x, int y, std::uint32_t seed);
+// Gradient noise with features about one unit wide, from -1 to 1 and mostly within half of it.
+float noise(float x, float y, std::uint32_t seed);
+// Octaves of noise, each about half as wide and `gain` times as high as the one before.
+float fractal(float x, float y, std::uint32_t seed, int octaves, float gain = .5f);
+// Value noise in three dimensions, from -1 to 1.
+float noise3(float x, float y, float z);
+
+// Draw each number in a statement of its own: the order of evaluation within one expression isn't fixed.
+class rng {
+public:
+    explicit rng(std::uint64_t seed);
+    float unit();    // from 0 to below 1, 24 bits
+    double fine();   // the same with 53 bits
+    float between(float low, float high);
+    float normal();   // around 0, mostly within 1
+    bool chance(float probability) { return unit() < probability; }
+    int below(int count);
+
+private:
+    std::uint64_t next();
+
+    std::uint64_t state_;
+};
+
+}   // namespace tools

@@ -1,0 +1,19 @@
+// Writes the files that the tools make.
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+#include <vector>
+
+namespace tools {
+
+QByteArray jpeg(const QImage&, int quality);   // 1 to 100
+QByteArray png(const QImage&);                 // as small as the library makes it
+// An icon file of these square pictures of 256 pixels at most.
+QByteArray icon(const std::vector<QImage>&);
+
+// Replaces the file. False, with a message on the standard error stream, when that fails.
+bool save(const QString& file, const QByteArray& bytes);
+
+}   // namespace tools

@@ -1,0 +1,193 @@
+// Works the trainer off screen, as a user would, and saves what it shows with numbers on the parts that the
+// manual names.
+#pragma once
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPainter>
+#include <QTimer>
+
+#include "common/save.h"
+#include "gunnery/gunnery.h"
+#include "platform/desktop/desktop_machine.h"
+#include "trainer.h"
+
+namespace vorn {
+
+// Places on a form, in twips.
+using place = QRectF;
+
+// A number, joined by a line to what it names.
+struct callout {
+    QPointF at, names;
+};
+
+// Pixels to a twip: the screens are taken at twice their size, so that parts of them are sharp.
+inline constexpr int scale = 2;
+inline constexpr double resolution = scale / twips_per_pixel;
+
+inline void draw_callout(QPainter& p, const callout& c, int number, double size)
+{
+    const QPointF at = c.at * resolution;
+    const QColor amber(255, 190, 60);
+    if (c.at != c.names)
+        for (const QPen& pen : {QPen(QColor(0, 0, 0, 170), size * 0.22), QPen(amber, size * 0.11)}) {
+            p.setPen(pen);
+            p.drawLine(at, c.names * resolution);
+        }
+    p.setPen(QPen(Qt::black, size * 0.08));
+    p.setBrush(amber);
+    p.drawEllipse(at, size / 2, size / 2);
+    QFont font("Liberation Sans");
+    font.setPixelSize(static_cast<int>(size * 0.72));
+    font.setBold(true);
+    p.setFont(font);
+    p.setPen(Qt::black);
+    p.drawText(QRectF(at - QPointF(size, size), QSizeF(2 * size, 2 * size)), Qt::AlignCenter,
+               QString::number(number));
+}
+
+inline place place_of(const screen_object& o)
+{
+    place p(o.Left, o.Top, o.Width, o.Height);
+    const area& within = o.Within;   // outside it the object is shown at its edge
+    if (within.Width > 0 && within.Height > 0)
+        p.moveTo(std::clamp(o.Left, within.Left, within.Left + within.Width - o.Width),
+                 std::clamp(o.Top, within.Top, within.Top + within.Height - o.Height));
+    for (const screen_object* up = o.parent; up != nullptr; up = up->parent) p.translate(up->Left, up->Top);
+    return p;
+}
+
+inline callout on(QPointF point)
+{
+    return {point, point};
+}
+// On a panel's head line, where its caption leaves room.
+inline callout on_head(const screen_object& o, double across = 0.93)
+{
+    const place p = place_of(o);
+    return on({p.left() + p.width() * across, p.top() + 165});
+}
+inline callout right_of(const screen_object& o)
+{
+    const place p = place_of(o);
+    return on({p.right() + 240, p.center().y()});
+}
+// So many twips from what is named.
+inline callout beside(QPointF point, double across, double down)
+{
+    return {point + QPointF(across, down), point};
+}
+inline callout beside(const screen_object& o, double across, double down)
+{
+    return beside(place_of(o).center(), across, down);
+}
+
+class camera {
+public:
+    camera(const std::string& program_directory, const QString& folder) : folder_(folder)
+    {
+        pc.default_directory = program_directory;
+        t.shared.soundson = false;
+        QObject::connect(&answers_, &QTimer::timeout, &answers_, [this] { answer_box(); });
+        answers_.start(5);
+    }
+
+    void click(screen_object& o)
+    {
+        pc.run([&] { user_click(o); });
+    }
+    void key(gunnery_screen& s, char c, bool down)
+    {
+        pc.run([&] { (down ? s.window.KeyDown : s.window.KeyUp)(c); });
+    }
+    void tap(gunnery_screen& s, const char* keys)
+    {
+        for (; *keys != 0; ++keys)
+            for (const bool down : {true, false}) key(s, *keys, down);
+    }
+    // One tick without waiting for it; and ticks for as long as the timer runs and this holds.
+    void tick(timer& clock)
+    {
+        if (!clock.Enabled) return;
+        clock.fresh = false;
+        clock.due = 0;
+        deliver_ticks(pc);
+        pc.sync();
+    }
+    void tick_while(timer& clock, const std::function<bool()>& wanted)
+    {
+        for (int i = 0; i < 1000 && clock.Enabled && wanted(); ++i) tick(clock);
+    }
+
+    // A picture of a whole screen, of a part of it scaled to a width, of the middle of the sight, of the next
+    // box.
+    void take(const QString& name, form& f, const std::vector<callout>& callouts = {})
+    {
+        save(name, look(f, callouts, 42).scaledToWidth(800, Qt::SmoothTransformation));
+    }
+    void take_part(const QString& name, form& f, const place& part, int width,
+                   const std::vector<callout>& callouts = {})
+    {
+        const double size = 26 * part.width() * resolution / width;   // 26 pixels in the end
+        const QImage picture = look(f, callouts, size);
+        const QRect cut = QRectF(part.topLeft() * resolution, part.size() * resolution).toAlignedRect();
+        save(name, picture.copy(cut & picture.rect()).scaledToWidth(width, Qt::SmoothTransformation));
+    }
+    void take_sight(const QString& name, gunnery_screen& s, const std::vector<callout>& callouts = {})
+    {
+        const QPointF sight = place_of(s.Picrange).topLeft();
+        const place middle = s.visual() ? place(2500, 60, 4300, 3225) : place(3000, 1400, 3440, 2580);
+        take_part(name, s.window, middle.translated(sight), 440, callouts);
+    }
+    void take_next_box(const QString& name) { box_picture_ = name; }
+
+    // At the size at which pictures are taken, with the numbers on it.
+    QImage look(form& f, const std::vector<callout>& callouts = {}, double size = 1)
+    {
+        form_window& w = *pc.window(f);
+        w.resize(1024 * scale, 768 * scale);
+        pc.sync();
+        QImage picture = w.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QPainter p(&picture);
+        p.setRenderHint(QPainter::Antialiasing);
+        int number = 0;
+        for (const callout& c : callouts) draw_callout(p, c, ++number, size);
+        return picture;
+    }
+
+    desktop_machine pc;
+    trainer t{pc};
+    std::string wanted_file;   // given to the next file dialog
+    bool all_saved = true;
+
+private:
+    // Boxes are answered with yes.
+    void answer_box()
+    {
+        QWidget* box = QApplication::activeModalWidget();
+        if (auto* files = qobject_cast<QFileDialog*>(box)) {
+            files->selectFile(QString::fromStdString(t.shared.rootpath + '/' + wanted_file));
+            static_cast<QDialog&>(*files).accept();
+        } else if (auto* question = qobject_cast<QMessageBox*>(box)) {
+            if (!box_picture_.isEmpty()) save(box_picture_, box->grab().toImage());
+            box_picture_.clear();
+            QAbstractButton* yes = question->button(QMessageBox::Yes);
+            (yes != nullptr ? yes : question->button(QMessageBox::Ok))->click();
+        }
+    }
+
+    void save(const QString& name, const QImage& picture)
+    {
+        all_saved &= tools::save(folder_.filePath(name + ".jpg"), tools::jpeg(picture, 88));
+    }
+
+    QDir folder_;
+    QString box_picture_;
+    QTimer answers_;
+};
+
+}   // namespace vorn

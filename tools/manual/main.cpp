@@ -1,0 +1,348 @@
+// Takes the pictures of the manual: goes through all screens and fires practices, on any ranges:
+// targets are chosen by their range, and places come from the screens' own objects.
+//
+//     take_help_pictures PROGRAM-DIRECTORY FOLDER
+#include <QApplication>
+#include <cstdlib>
+#include <iostream>
+#define SDL_MAIN_HANDLED
+#include <SDL.h>
+
+#include "calibration/joycal.h"
+#include "camera.h"
+#include "debrief/results.h"
+#include "flow/intro.h"
+#include "ranges/rangefile.h"
+#include "ranges/rauthor.h"
+#include "setup/startsim.h"
+
+namespace vorn {
+namespace {
+
+class tour : public camera {
+public:
+    using camera::camera;
+
+    bool take_all()
+    {
+        pc.run([this] { start_program(t); });
+        take("title", t.intro.window);
+        click(t.intro.lblstart);
+        t.shared.soundson = false;   // the load of the set-up has switched it on
+        set_up();
+        calibration();
+        visual();
+        debrief();
+        thermal();
+        quick_start();
+        author();
+        return all_saved;
+    }
+
+private:
+    // A position of about this range, away from the sides of the picture.
+    int position_at(int metres) const
+    {
+        const practice_state& p = t.shared;
+        const double width = (p.practicemode == 2 ? t.thermal : t.simulator).Imgrange.Width;
+        const auto off = [&](int i) {
+            const bool inside = p.targetx[i] > width * 0.15 && p.targetx[i] < width * 0.85;
+            return std::abs(p.targetrange[i] - metres) + (inside ? 0 : 5000);
+        };
+        int best = 1;
+        for (int i = 2; i < practice_entries; ++i) best = off(i) < off(best) ? i : best;
+        return best;
+    }
+    void order_and_target(gunnery_screen& s, int metres)
+    {
+        const int position = position_at(metres);
+        t.luck.source = [position] { return (position - 0.5) / 19; };
+        tick_while(s.Timpause, [&] { return !s.Timtarget.Enabled; });
+        tick_while(s.Timtarget, [&] { return !s.Imgtargets.Visible || !s.targetcalled; });
+    }
+    // Moves the centre of the target to so many twips from the dot or mark.
+    void lay_on(gunnery_screen& s, double across = 0, double down = 0)
+    {
+        pc.run([&] {
+            movepicture(s, &object_fields::Left, across - aimacross(s));
+            movepicture(s, &object_fields::Top, down - aimdown(s));
+        });
+    }
+    void hold_autolay_and_load(gunnery_screen& s)
+    {
+        key(s, 'S', true);
+        tick_while(s.timautolay, [&] { return s.layready; });
+        tick_while(s.Timloading, [&] { return !s.gunloaded; });
+    }
+    // All up to the first round, with the autolay key held; `nature` is the keys that select it.
+    void engage(gunnery_screen& s, int metres, const char* nature)
+    {
+        order_and_target(s, metres);
+        tap(s, nature);
+        lay_on(s);
+        tap(s, "A");
+        hold_autolay_and_load(s);
+    }
+    void fire(gunnery_screen& s)
+    {
+        tap(s, "D");
+        key(s, 'S', false);
+    }
+    void lay_and_fire(gunnery_screen& s, double across, double down)
+    {
+        lay_on(s, across, down);
+        fire(s);
+    }
+    void end_engagement(gunnery_screen& s)
+    {
+        tick_while(s.Timexplode, [] { return true; });
+        tick_while(s.Timtarget, [&] { return s.Imgtargets.Visible; });
+        tap(s, "W");
+    }
+    // A whole FIN engagement: the first round is this far off across, a second one hits.
+    void quick_fin(gunnery_screen& s, int metres, double first_across)
+    {
+        engage(s, metres, "E");
+        lay_and_fire(s, first_across, s.currentrange / 2.0);
+        if (s.Imgtargets.Visible && !s.targethit) {
+            tick_while(s.Timloading, [&] { return !s.gunloaded; });
+            lay_and_fire(s, -40, s.currentrange / 2.0);
+        }
+        end_engagement(s);
+    }
+
+    void start_practice(screen_object& mode, gunnery_screen& s)
+    {
+        startsim_screen& u = t.startsim;
+        for (screen_object* o : {&u.Optcon2, &mode, &u.Opttime4, &u.Cmdstart}) click(*o);
+        look(s.window);
+        click(s.Cmdstartsim);
+    }
+
+    // The screens ------------------------------------------------------------------------------------------
+
+    void set_up()
+    {
+        startsim_screen& s = t.startsim;
+        pc.run([&] {
+            set_text(s.Txtname, "SMITH");
+            set_text(s.Txtnum, "123");
+        });
+        click(s.Lblpractice[2]);
+        take("setup", s.window,
+             {on_head(s.Frame2, 0.75), on_head(s.Frame13, 0.5), on_head(s.Frmoptions, 0.8),
+              on_head(s.Frame9, 0.75), on_head(s.Frame5, 0.7), on_head(s.Frame8, 0.8),
+              on_head(s.Frmcontrols, 0.75), on_head(s.Frame7),
+              on(place_of(s.Lblinfo).center() + QPointF(6600, 0))});
+        take_part("options", s.window, place_of(s.Frmoptions), 560);
+    }
+
+    void calibration()
+    {
+        joycal_screen& s = t.joycal;
+        click(t.startsim.cmdstick);
+        pc.joystick().poll();
+        const int index = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_FLIGHT_STICK, 2, 4, 0);
+        SDL_Joystick* stick = SDL_JoystickOpen(index);
+        pc.joystick().poll();
+        click(s.Cmdstart);
+        const auto button = [&](int n, bool down) {
+            SDL_JoystickSetVirtualButton(stick, n, down ? 1 : 0);
+            SDL_JoystickUpdate();
+            pc.run([&] { (down ? s.window.ButtonDown : s.window.ButtonUp)(n + 1); });
+        };
+        for (const int n : {0, 0, 1}) {
+            button(n, true);
+            button(n, false);
+        }
+        SDL_JoystickSetVirtualAxis(stick, 0, 21000);
+        SDL_JoystickSetVirtualAxis(stick, 1, -17000);
+        SDL_JoystickUpdate();
+        for (int i = 0; i < 6; ++i) pc.run([&] { s.window.Move(53768, 15768); });
+        button(2, true);
+        take("calibration", s.window,
+             {right_of(s.Cmdfinish), on(place_of(s.Lblstick).center() + QPointF(-5600, 0)),
+              on_head(s.Frmstick), on_head(s.Frmreadings), on_head(s.Frmbuttons), on_head(s.Frminfo)});
+        button(2, false);
+        SDL_JoystickDetachVirtual(index);
+        SDL_JoystickClose(stick);
+        pc.joystick().poll();
+        close_by_frame(s.window);
+        pc.sync();
+    }
+
+    void visual_screen(gunnery_screen& s)
+    {
+        take("visual", s.window,
+             {on_head(s.Frame3), on_head(s.Frmsys), on_head(s.Frame5), on_head(s.Frmcon), right_of(s.lblcrew),
+              on_head(s.Frame2), on_head(s.Picrange, 0.97)});
+        const place sight = place_of(s.Picrange);
+        const auto at = [&](double x, double y) { return sight.topLeft() + QPointF(x, y); };
+        take_part("reticle", s.window, place(sight.left() + 1500, sight.top() + 300, 6200, 6200), 560,
+                  {beside(place_of(s.mbs1).center(), -1500, -250),
+                   beside(place_of(s.mbs1).center() + QPointF(110, -40), 1500, -250),
+                   beside(at(3755, 1950), -1500, 200), beside(at(4280, 2910), -2200, -150),
+                   beside(at(3060, 3740), -700, 300), beside(at(6490, 3740), 700, 300)});
+        // The panel for work by mouse, in the place of the card with the keys.
+        s.Frmcon.Visible = false;
+        s.Frmmousecon.Visible = true;
+        take_part("gunners_buttons", s.window, place_of(s.Frmmousecon), 260);
+        s.Frmmousecon.Visible = false;
+        s.Frmcon.Visible = true;
+        take_part("keys", s.window, place_of(s.Frmcon), 260);
+    }
+
+    void visual_fin(gunnery_screen& s)
+    {
+        order_and_target(s, 900);
+        tap(s, "E");
+        lay_on(s);
+        visual_screen(s);
+        take_sight("fin_laid_on", s);
+        tap(s, "A");
+        take_sight("fin_lased", s);
+        hold_autolay_and_load(s);
+        take_sight("fin_autolaid", s);
+        lay_and_fire(s, -30, s.currentrange / 2.0);
+        tick_while(s.Timexplode, [&] { return s.explodeframe < 6; });
+        take_sight("hit", s);
+        end_engagement(s);
+    }
+
+    // The first round is off by the wind, the corrected second one hits.
+    void visual_hesh(gunnery_screen& s)
+    {
+        engage(s, 1000, "ERR");
+        take_part("hesh_laid", s.window, place_of(s.Picrange), 440);
+        fire(s);
+        const double wind = s.windoffset;
+        lay_on(s);
+        take_sight("hesh_strike", s, {beside(place_of(s.mbs1).center() + QPointF(wind, 0), 700, -420)});
+        lay_on(s, -wind);
+        take_sight("hesh_first_press", s);
+        tap(s, "R");
+        lay_on(s);
+        tap(s, "R");
+        take_sight("hesh_second_press", s);
+        hold_autolay_and_load(s);
+        lay_and_fire(s, 12, 2.0 * s.currentrange);   // the debrief takes 0 across for no round
+        end_engagement(s);
+    }
+
+    void visual_coax(gunnery_screen& s)
+    {
+        engage(s, 800, "Q");
+        key(s, 'S', false);
+        lay_on(s, 45, 2.0 * s.currentrange + 30);
+        for (int burst = 0; burst < 5 && !s.targethit; ++burst) {
+            key(s, 'D', true);
+            t.luck.source = [] { return 0.35; };
+            for (int i = 0; i < 3; ++i) tick(s.Timcoax);
+            if (burst == 1) take_part("coax", s.window, place_of(s.Picrange), 440);
+            key(s, 'D', false);
+        }
+        end_engagement(s);
+    }
+
+    void visual()
+    {
+        gunnery_screen& s = t.simulator;
+        pc.run([&] { select_option(t.startsim.Opteng1); });
+        start_practice(t.startsim.Optmode1, s);
+        visual_fin(s);
+        visual_hesh(s);
+        visual_coax(s);
+        quick_fin(s, 1100, 190);
+    }
+
+    void debrief()
+    {
+        results_screen& s = t.results;
+        click(t.simulator.Cmdstopsim);
+        click(s.Lbltgtnumber[2]);
+        take("debrief", s.window,
+             {beside(s.imgtargetpointer, 900, 500), on(place_of(s.Frame4).center() + QPointF(450, 2600)),
+              on_head(s.Frame3), on_head(s.Frame2), on_head(s.Frame1), right_of(s.cmdround4),
+              on_head(s.Frame7)});
+        click(s.Lbltgtnumber[1]);
+        take_part("marks", s.window, place_of(s.Frame1), 380,
+                  {beside(s.Imgreptarget, -1500, 700), beside(s.Imglaze, -1500, -300),
+                   beside(s.Imagepoa, -1500, -300), beside(s.Imgfos, -500, 800)});
+        click(s.cmdnew);
+    }
+
+    void thermal()
+    {
+        gunnery_screen& s = t.thermal;
+        t.shared.engagementtype = 4;
+        start_practice(t.startsim.Optmode2, s);
+        order_and_target(s, 900);
+        lay_on(s);
+        take("thermal", s.window,
+             {on_head(s.Frame3), on_head(s.Frmsys), on_head(s.Frame4), on_head(s.Frmcon), right_of(s.lblcrew),
+              beside(s.Lblammotype, 0, 600), beside(s.Lblrange, 0, 600), on_head(s.Picrange, 0.97)});
+        take_sight("thermal_stadia", s);
+        tap(s, "E");
+        take_sight("thermal_cross", s);
+        tap(s, "A");
+        take_sight("thermal_lased", s);
+        // A degraded sight instead: the picture has gone up, and the target is to be laid on the bar.
+        const int status = std::exchange(t.shared.systemstatus, 2);
+        tap(s, "A");
+        s.imgbam.Visible = false;
+        take_sight("thermal_reversionary", s);
+        t.shared.systemstatus = status;
+        click(s.Cmdmain);
+    }
+
+    void quick_start()
+    {
+        gunnery_screen& s = t.simulator;
+        click(t.startsim.Optmode1);
+        click(t.startsim.cmdgame);
+        click(s.Cmdstartsim);
+        for (const int metres : {800, 950, 1100}) {
+            t.shared.engagementtype = 4;
+            quick_fin(s, metres, -30);
+        }
+        order_and_target(s, 900);
+        tap(s, "E");
+        lay_on(s);
+        take("quick_start", s.window);
+        take_next_box("score");
+        click(s.Cmdstopsim);
+        click(s.Cmdmain);
+        click(t.intro.lblstart);
+    }
+
+    void author()
+    {
+        rauthor_screen& s = t.rauthor;
+        click(t.startsim.cmdeditrange);
+        wanted_file = "visualrange.arf";
+        click(s.Cmdopen);
+        s.outcome.Caption = wanted_file + " is open";   // without the folder of this machine
+        click(s.Lbltargetnum[7]);
+        take("editor", s.window,
+             {on_head(s.Frame5), on_head(s.Frame3, 0.5), on_head(s.Frame4),
+              on(place_of(s.Lblsavetarget).topLeft()), on(place_of(s.Lbltargetrange).topRight()),
+              on_head(s.Frame6), beside(s.Imgpoint, -600, 500), beside(s.Img[7], 600, 500)});
+        click(s.Cmdstart);
+    }
+};
+
+}   // namespace
+}   // namespace vorn
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) {
+        std::cerr << "usage: take_help_pictures PROGRAM-DIRECTORY FOLDER\n";
+        return EXIT_FAILURE;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    vorn::tour tour(QDir(argv[1]).absolutePath().toStdString(), QDir(argv[2]).absolutePath());
+    return tour.take_all() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
