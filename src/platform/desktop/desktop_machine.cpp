@@ -14,8 +14,9 @@
 
 namespace vorn {
 
-static constexpr double frame = 1.0 / 60;      // seconds
-static constexpr double longest_delay = 0.1;   // a move later than this starts its time anew rather than rush
+// Seconds.
+static constexpr double frame = 1.0 / 60;
+static constexpr double max_delay = 0.1;   // a move that is later than this doesn't catch up
 
 static double steady_seconds()
 {
@@ -39,7 +40,7 @@ desktop_machine::desktop_machine()
 
 desktop_machine::~desktop_machine()
 {
-    ending_ = true;   // the screens may be gone already, and the windows must not ask them anything
+    ending_ = true;   // the screens may have been destroyed already
     windows_.clear();
 }
 
@@ -48,12 +49,12 @@ double desktop_machine::now() const
     return set_to_ + (world_clock() - set_at_) * speed_;
 }
 
-void desktop_machine::set_speed(double times)
+void desktop_machine::set_speed(double factor)
 {
     set_to_ = now();
     set_at_ = world_clock();
-    speed_ = times;
-    arm();
+    speed_ = factor;
+    start_clock();
 }
 
 // Events --------------------------------------------------------------------------------------------------
@@ -61,13 +62,12 @@ void desktop_machine::set_speed(double times)
 void desktop_machine::run(const std::function<void()>& event)
 {
     if (ending_) return;
-    const auto outer =
-        std::exchange(move_, std::nullopt);   // of the handler that lets this event run in its midst
+    const auto outer = std::exchange(move_, std::nullopt);   // that of a handler in do_events
     handle(*this, event);
     move_ = outer;
-    if (screens.depth == 0 && held_mouse_ != nullptr && !takes_input(*held_mouse_)) release_mouse();
+    if (screens.depth == 0 && pressed_ != nullptr && !takes_input(*pressed_)) release_pressed();
     sync();
-    arm();
+    start_clock();
 }
 
 void desktop_machine::sync()
@@ -79,21 +79,21 @@ void desktop_machine::sync()
 void desktop_machine::activated(form& f)
 {
     if (ending_ || f.state != form_state::shown || front(*this) == &f) return;
-    last_front_ = window(f);   // it is active: asking for that again, two windows could go on taking turns
+    last_front_ = window(f);   // not activated again: two windows could do that to each other for ever
     run([&] { came_to_front(*this, f); });
 }
 
 bool desktop_machine::press(screen_object& o)
 {
-    if (held_mouse_ != &o) release_mouse();   // held by the other hand: nobody would let go of it
-    held_mouse_ = &o;
+    if (pressed_ != &o) release_pressed();   // it would get no release
+    pressed_ = &o;
     if (o.MouseDown) run(o.MouseDown);
-    return held_mouse_ == &o;
+    return pressed_ == &o;
 }
 
-void desktop_machine::release_mouse()
+void desktop_machine::release_pressed()
 {
-    screen_object* o = std::exchange(held_mouse_, nullptr);
+    screen_object* o = std::exchange(pressed_, nullptr);
     if (o != nullptr && o->MouseUp && o->owner->state != form_state::not_loaded) run(o->MouseUp);
 }
 
@@ -102,7 +102,7 @@ void desktop_machine::release_input()
     if (ending_) return;
     keyboard_.release_all();
     stick_.release_all();
-    release_mouse();
+    release_pressed();
     for (const auto& w : windows_) w->release_sliders();
 }
 
@@ -118,33 +118,32 @@ void desktop_machine::end_program()
 
 // Time ----------------------------------------------------------------------------------------------------
 
-void desktop_machine::arm()
+void desktop_machine::start_clock()
 {
     const double next = next_tick(*this);
     if (std::isinf(next)) return clock_.stop();
     clock_.start(static_cast<int>(std::ceil(std::max(0.0, next - now()) / speed_ * 1000)));
 }
 
-// The gunner's keys that waited for a move come before the ticks that fell due in it, as they would have done
-// had there been no move.
+// Keys that were delayed by a counted move come before the ticks that fell due during it, as they would have
+// without the move.
 void desktop_machine::tick()
 {
-    if (std::exchange(keys_waited_, false)) QCoreApplication::processEvents();
+    if (std::exchange(events_delayed_, false)) QCoreApplication::processEvents();
     if (ending_) return;
     const auto outer = std::exchange(move_, std::nullopt);
     deliver_ticks(*this, [this] { move_.reset(); });
     move_ = outer;
     sync();
-    arm();
+    start_clock();
 }
 
 void desktop_machine::pace(double seconds)
 {
-    if (QApplication::activeModalWidget() != nullptr)
-        return;   // behind a box nobody watches, and it must answer
+    if (QApplication::activeModalWidget() != nullptr) return;   // the box in front must respond
     const double start = now();
-    if (!move_ || start > move_->clock + longest_delay) move_ = counted_move{start, start + frame};
-    keys_waited_ = true;
+    if (!move_ || start > move_->clock + max_delay) move_ = counted_move{start, start + frame};
+    events_delayed_ = true;
     move_->clock += seconds;
     if (move_->clock < move_->next_frame) return;
     sync();
@@ -155,8 +154,8 @@ void desktop_machine::pace(double seconds)
 
 void desktop_machine::do_events()
 {
-    if (!move_) sync();   // a move shows its own pictures, when they are due
-    arm();
+    if (!move_) sync();   // a counted move paints its own frames
+    start_clock();
     QCoreApplication::processEvents(QEventLoop::AllEvents);
 }
 

@@ -1,5 +1,5 @@
-// The machine with a screen: Qt windows, boxes, pictures and printing. Each event, be it the user's or the
-// clock's, goes through run(), which afterwards shows what it has changed.
+// The machine with a screen, of Qt and SDL. Each event of the user or of a timer goes through run() or
+// tick(), which then update the windows.
 #pragma once
 
 #include <QIcon>
@@ -38,48 +38,47 @@ public:
     loaded_picture load_picture(const std::string& path) override;
     print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
 
-    // Lets the clock go so many times as fast as the world's, for one who can't wait for a practice to go by.
-    void set_speed(double times);
+    // Makes now() and all timers this many times faster than real time.
+    void set_speed(double factor);
 
-    // Runs an event to its end, and shows what it has changed.
+    // Runs the handler of an event to its end and updates the windows.
     void run(const std::function<void()>& event);
-    // Shows what has changed since the last time.
+    // Updates all windows from the fields of their objects.
     void sync();
 
-    // The window system has made this screen's window the active one.
+    // The window system has activated the window of this screen.
     void activated(form&);
-    // The mouse button is held on an object. False when that has ended already, in a box that its handler
-    // showed.
+    // The user presses an object with MouseDown or MouseUp, by mouse or Space. False when a box that
+    // MouseDown opened has ended the press already.
     bool press(screen_object&);
-    void release_mouse();
-    bool holds(const screen_object& o) const { return held_mouse_ == &o; }
-    // Lets go of the mouse button and of all keys: what is held elsewhere would stay held for ever.
+    void release_pressed();
+    bool is_pressed(const screen_object& o) const { return pressed_ == &o; }
+    // Releases whatever is held down: keys, joystick buttons, objects and sliders. Called when another window
+    // gets the input and with it the release events.
     void release_input();
-    // Takes the windows of screens that are gone from the desk, once their successor is seen.
+    // Hides the windows of hidden screens, once the window that follows has been painted.
     void hide_leaving();
 
-    // Seconds for which the message box in front has been up.
-    double box_age() const { return world_clock() - box_came_; }
+    // Seconds since the message box in front was opened.
+    double box_age() const { return world_clock() - box_opened_; }
     stick& joystick() { return stick_; }
     form_window* window(const form&) const;
-    form_window* window_of(const QObject* handle) const;   // by the handle of the window system
+    form_window* window_of(const QObject* handle) const;   // of a QWindow
     const QIcon& icon() const { return icon_; }
 
-    // The end of the process, which a test may want to see.
+    // Set by tests: ends the process; real time in seconds; whether there is a printer.
     std::function<void()> leave;
-    // Seconds of the world, whatever the speed of the machine's own clock; a test may set it.
     std::function<double()> world_clock;
-    // Whether there is a printer: a test prints on nobody's.
     std::function<bool()> printer_present;
 
 private:
-    // A counted move under way.
+    // The counted move that is running; times as of now().
     struct counted_move {
-        double clock;        // the moment that its counts have reached
-        double next_frame;   // the moment of its next picture
+        double clock;        // the time its counts have reached
+        double next_frame;   // the time of its next frame
     };
 
-    void arm();
+    void start_clock();
     void tick();
     void before_box();
     void place_windows();
@@ -89,20 +88,20 @@ private:
 
     QIcon icon_;
     std::vector<std::unique_ptr<form_window>>
-        windows_;                // also of screens that are not loaded: they come again
-    std::vector<form*> shown_;   // as last placed
+        windows_;                // kept when the screen is unloaded, for its next load
+    std::vector<form*> shown_;   // as of the last place_windows
     std::vector<form_window*> leaving_;
     const form_window* last_front_ = nullptr;
     std::unique_ptr<help_window> help_;
     keyboard keyboard_;
     sound_channel sound_;
     stick stick_;
-    screen_object* held_mouse_ = nullptr;
+    screen_object* pressed_ = nullptr;
     QTimer clock_;
-    double set_to_ = 0, set_at_ = 0, speed_ = 1;   // the clock's time and the world's when its speed was set
-    double box_came_ = 0;                          // the moment of the world at which the message box came up
+    double set_to_ = 0, set_at_ = 0, speed_ = 1;   // now() and real time when the speed was set
+    double box_opened_ = 0;                        // real time
     std::optional<counted_move> move_;
-    bool keys_waited_ = false;   // a counted move has kept events waiting
+    bool events_delayed_ = false;   // by a counted move
     bool ending_ = false;
 };
 

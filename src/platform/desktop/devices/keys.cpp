@@ -9,6 +9,7 @@
 #include <array>
 #include <cstring>
 #include <utility>
+#include <vector>
 
 #include "platform/desktop/desktop_machine.h"
 
@@ -16,10 +17,10 @@ namespace vorn {
 
 namespace {
 
-// A letter that comes sooner after a box was meant for the gun. Seconds.
-constexpr double letters_wait = 1;
+// Seconds after a box opens in which a letter is taken for a key of the gun.
+constexpr double letter_delay = 1;
 
-// The longest time between two reports of a held key; one that comes later was let go unseen meanwhile.
+// The longest interval of auto-repeat in milliseconds. After a longer one the release was missed.
 constexpr quint64 longest_repeat = 1500;
 
 constexpr std::array<std::pair<int, int>, 26> named_keys{{
@@ -32,8 +33,8 @@ constexpr std::array<std::pair<int, int>, 26> named_keys{{
     {Qt::Key_ScrollLock, 145}, {Qt::Key_AltGr, 18},
 }};
 
-// What the keys carry on a US keyboard, by the key numbers of X11, row by row.
-int by_place(quint32 scan_code)
+// The letter or digit of a US keyboard at this X11 key code.
+int code_by_position(quint32 scan_code)
 {
     struct key_row {
         quint32 first;
@@ -52,31 +53,46 @@ bool is_letter(int code)
     return code >= 'A' && code <= 'Z';
 }
 
-// The same for press and release, whatever Shift does meanwhile.
+// Identifies the key itself; the same for press and release even if Shift changes in between.
 quint32 identity(const QKeyEvent& e)
 {
     return e.nativeScanCode() != 0 ? e.nativeScanCode() : static_cast<quint32>(e.key());
 }
 
-// Where a text is edited or read, Space is a blank or turns the page, as often as it repeats.
-bool in_text()
+// In a text, Space types a blank or turns the page, also by auto-repeat.
+bool text_has_focus()
 {
     const QWidget* focus = QApplication::focusWidget();
     return qobject_cast<const QLineEdit*>(focus) != nullptr ||
            qobject_cast<const QTextEdit*>(focus) != nullptr;
 }
 
-bool answers(const QKeyEvent& e)
+// A key that answers a box or clicks a button.
+bool is_answer(const QKeyEvent& e)
 {
     return e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter || e.key() == Qt::Key_Escape ||
-           (e.key() == Qt::Key_Space && !in_text());
+           (e.key() == Qt::Key_Space && !text_has_focus());
 }
 
-// A bare letter chooses the button of a box that has it as its access key.
-bool bare_letter(const QKeyEvent& e)
+// A letter without modifiers, which in a box clicks the button with this access key.
+bool is_bare_letter(const QKeyEvent& e)
 {
     const bool letter = is_letter(virtual_key(e)) || (!e.text().isEmpty() && e.text().front().isLetter());
     return letter && !(e.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier));
+}
+
+// Asks X11 to send no release events during auto-repeat.
+void enable_detectable_repeat()
+{
+#if QT_CONFIG(xcb)
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (x11 == nullptr || x11->display() == nullptr) return;
+    using set_detectable = int (*)(Display*, int, int*);
+    // Not linked: Qt has loaded the library if there is an X server.
+    const auto set =
+        reinterpret_cast<set_detectable>(QLibrary::resolve("X11", 6, "XkbSetDetectableAutoRepeat"));
+    if (set != nullptr) set(x11->display(), 1, nullptr);
+#endif
 }
 
 }   // namespace
@@ -93,29 +109,16 @@ int virtual_key(const QKeyEvent& e)
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return key - Qt::Key_F1 + 112;
     for (const auto& [named, code] : named_keys)
         if (key == named) return code;
-    return by_place(e.nativeScanCode());
-}
-
-void ask_for_steady_repeat()
-{
-#if QT_CONFIG(xcb)
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr || x11->display() == nullptr) return;
-    using set_detectable = int (*)(Display*, int, int*);
-    // Looked up rather than linked: Qt has loaded the library where there is an X server.
-    const auto set =
-        reinterpret_cast<set_detectable>(QLibrary::resolve("X11", 6, "XkbSetDetectableAutoRepeat"));
-    if (set != nullptr) set(x11->display(), 1, nullptr);
-#endif
+    return code_by_position(e.nativeScanCode());
 }
 
 keyboard::keyboard(desktop_machine& pc) : pc_(pc)
 {
     qApp->installEventFilter(this);
-    ask_for_steady_repeat();
+    enable_detectable_repeat();
 }
 
-void keyboard::let_go(key_down& k)
+void keyboard::send_up(key_down& k)
 {
     form* holder = std::exchange(k.holder, nullptr);
     if (holder != nullptr && holder->KeyUp && holder->state != form_state::not_loaded)
@@ -124,23 +127,21 @@ void keyboard::let_go(key_down& k)
 
 void keyboard::release_all()
 {
-    // By copies of the names: a handler may come back here.
-    std::vector<quint32> names;
-    for (const auto& [name, k] : down_) names.push_back(name);
-    for (const quint32 name : names)
-        if (const auto k = down_.find(name); k != down_.end()) let_go(k->second);
+    // The handler of a key-up may change down_.
+    std::vector<quint32> keys;
+    for (const auto& [key, k] : down_) keys.push_back(key);
+    for (const quint32 key : keys)
+        if (const auto k = down_.find(key); k != down_.end()) send_up(k->second);
 }
 
-// Alt with a letter is an access key, and nothing to the form.
-void keyboard::tell_form(form& f, int code, key_down& k)
+void keyboard::send_down(form& f, int code, key_down& k)
 {
     k.holder = &f;
     k.code = code;
     if (f.KeyDown) pc_.run([&f, code] { f.KeyDown(code); });
 }
 
-// Gives true when nobody else is to have the key: the repeats of a held one must not answer a box, nor press
-// a button again and again.
+// True when the key goes no further: auto-repeat must not answer a box or click a button.
 bool keyboard::pressed(form_window* w, const QKeyEvent& e)
 {
     key_down& k = down_[identity(e)];
@@ -148,8 +149,8 @@ bool keyboard::pressed(form_window* w, const QKeyEvent& e)
     k.last = e.timestamp();
     if (w == nullptr) {
         const bool box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr;
-        if (box && bare_letter(e) && pc_.box_age() < letters_wait) return true;
-        return held && (box || answers(e));
+        if (box && is_bare_letter(e) && pc_.box_age() < letter_delay) return true;
+        return held && (box || is_answer(e));
     }
     if (e.key() == Qt::Key_F11) {
         if (!held) w->toggle_full_screen();
@@ -162,8 +163,8 @@ bool keyboard::pressed(form_window* w, const QKeyEvent& e)
         return true;
     }
     const bool access_key = alt && is_letter(code);
-    if (code != 0 && !access_key && w->model.state == form_state::shown) tell_form(w->model, code, k);
-    return held && answers(e);
+    if (code != 0 && !access_key && w->model.state == form_state::shown) send_down(w->model, code, k);
+    return held && is_answer(e);
 }
 
 void keyboard::released(const QKeyEvent& e)
@@ -172,10 +173,10 @@ void keyboard::released(const QKeyEvent& e)
     if (found == down_.end() || e.isAutoRepeat()) return;
     key_down k = found->second;
     down_.erase(found);
-    let_go(k);
+    send_up(k);
 }
 
-// Each key passes here several times on its way: once for the window, then for widgets in it.
+// Qt delivers each key first to the window and then to widgets in it; only the first counts.
 bool keyboard::eventFilter(QObject* o, QEvent* e)
 {
     if ((e->type() != QEvent::KeyPress && e->type() != QEvent::KeyRelease) || !o->isWindowType())

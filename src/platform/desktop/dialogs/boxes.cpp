@@ -34,7 +34,7 @@ void desktop_machine::before_box()
     QTimer::singleShot(0, &clock_, [this] { release_input(); });
     move_.reset();
     sync();
-    arm();
+    start_clock();
 }
 
 bool desktop_machine::message_box(const message& asked)
@@ -49,9 +49,9 @@ bool desktop_machine::message_box(const message& asked)
     box.setStandardButtons(asked.buttons == box_buttons::ok ? QMessageBox::Ok
                                                             : QMessageBox::Yes | QMessageBox::No);
     if (asked.on_return == default_button::no) box.setDefaultButton(QMessageBox::No);
-    const double beneath = std::exchange(box_came_, world_clock());
+    const double beneath = std::exchange(box_opened_, world_clock());
     const int answer = box.exec();
-    box_came_ = beneath;
+    box_opened_ = beneath;
     return answer == QMessageBox::Yes || asked.buttons == box_buttons::ok;
 }
 

@@ -18,17 +18,17 @@ namespace vorn {
 
 static constexpr QSize designed(static_cast<int>(form_width / twips_per_pixel),
                                 static_cast<int>(form_height / twips_per_pixel));
-static constexpr QSize window_borders(16, 48);   // room left for the frame of the window system
+static constexpr QSize window_borders(16, 48);   // space for the frame of the window
 
 static constexpr Qt::WindowStates filling = Qt::WindowMaximized | Qt::WindowFullScreen;
 
 static QSize first_size(const QScreen* screen)
 {
     if (screen == nullptr) return designed;
-    const QSize room = screen->availableSize() - window_borders;
-    return room.width() >= designed.width() && room.height() >= designed.height()
+    const QSize available = screen->availableSize() - window_borders;
+    return available.width() >= designed.width() && available.height() >= designed.height()
                ? designed
-               : designed.scaled(room, Qt::KeepAspectRatio);
+               : designed.scaled(available, Qt::KeepAspectRatio);
 }
 
 form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc), settled_(this)
@@ -49,7 +49,7 @@ form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc), sett
 
 form_window::~form_window()
 {
-    // Before the style and the fields that they use.
+    // The widgets use the style and the fields.
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
@@ -74,33 +74,33 @@ void form_window::make_object(screen_object& o)
     if (o.parent != nullptr) make_object(*o.parent);
     shown_object& s = *objects_.emplace_back(std::make_unique<shown_object>());
     s.object = &o;
-    shown_object* holder = shown(o.parent);
+    shown_object* parent = shown(o.parent);
     if (in_sight(o)) {
-        s.widget = holder->widget;
-        holder->inside.push_back(&s);
+        s.widget = parent->widget;
+        parent->inside.push_back(&s);
     } else {
-        make_widget(s, holder == nullptr ? this : holder->widget,
+        make_widget(s, parent == nullptr ? this : parent->widget,
                     [this](const std::function<void()>& event) { pc_.run(event); });
         if (has_hooks(o) || hears_moves(o)) s.widget->installEventFilter(this);
-        if (auto* b = qobject_cast<QAbstractButton*>(s.widget)) hold_by_key(*b, o);
+        if (auto* b = qobject_cast<QAbstractButton*>(s.widget)) connect_space(*b, o);
     }
     draw_fields(s, style_.scale, true);
 }
 
-// What works while the mouse holds it works as well while the space bar does. The mouse has its own road, on
-// which leaving the button doesn't let go of it.
-void form_window::hold_by_key(QAbstractButton& b, screen_object& o)
+// Buttons that act while held also act while Space is down. The mouse is handled by mouse_event, since
+// leaving the button doesn't release it.
+void form_window::connect_space(QAbstractButton& b, screen_object& o)
 {
     if (!o.MouseDown && !o.MouseUp) return;
     connect(&b, &QAbstractButton::pressed, &b, [this, &o] {
         if (QGuiApplication::mouseButtons() != Qt::NoButton || !takes_input(o)) return;
-        held_by_key_ = &o;
+        pressed_by_space_ = &o;
         pc_.press(o);
     });
     connect(&b, &QAbstractButton::released, &b, [this, &o] {
-        if (held_by_key_ != &o) return;
-        held_by_key_ = nullptr;
-        if (pc_.holds(o)) pc_.release_mouse();
+        if (pressed_by_space_ != &o) return;
+        pressed_by_space_ = nullptr;
+        if (pc_.is_pressed(o)) pc_.release_pressed();
     });
 }
 
@@ -135,8 +135,8 @@ void form_window::sync()
 
 void form_window::paint_now()
 {
-    QEvent due(QEvent::UpdateRequest);
-    QCoreApplication::sendEvent(this, &due);
+    QEvent update(QEvent::UpdateRequest);
+    QCoreApplication::sendEvent(this, &update);
 }
 
 // Scale ---------------------------------------------------------------------------------------------------
@@ -161,7 +161,7 @@ static QPointF corner_of(const screen_object* o)
     return at;
 }
 
-// Where an object is shown: at its place, or as near to it as it may be.
+// Where an object is shown: at its place, moved into its area `Within` if there is one.
 static QPointF shown_place(const screen_object& o)
 {
     const area& a = o.Within;
@@ -170,7 +170,7 @@ static QPointF shown_place(const screen_object& o)
             std::clamp(o.Top, a.Top, a.Top + a.Height - o.Height)};
 }
 
-// Edges are rounded where they lie on the form, so that objects in line stay in line at every scale.
+// Edges are rounded in coordinates of the form, so that aligned objects stay aligned at every scale.
 QRect form_window::place_of(const screen_object& o) const
 {
     const auto pixel = [&](const QPointF& p) { return (p / twips_per_pixel * style_.scale).toPoint(); };
@@ -204,15 +204,15 @@ void form_window::paintEvent(QPaintEvent*)
     for (const auto& s : objects_)
         if (s->drawn.kind == object_kind::sight && s->widget->isVisible() && s->widget->parent() == this)
             p.drawRoundedRect(QRectF(s->widget->geometry()).adjusted(-rim, -rim, rim, rim), rim, rim);
-    if (!std::exchange(seen_, true)) QTimer::singleShot(0, this, [this] { pc_.hide_leaving(); });
+    if (!std::exchange(painted_, true)) QTimer::singleShot(0, this, [this] { pc_.hide_leaving(); });
 }
 
 void form_window::showEvent(QShowEvent*)
 {
-    seen_ = false;
+    painted_ = false;
 }
 
-// A slider whose release goes to another window would follow the mouse, or go on paging, with no button held.
+// A slider whose release event goes to another window would go on following the mouse or paging.
 void form_window::release_sliders()
 {
     for (QSlider* s : findChildren<QSlider*>()) {
@@ -225,29 +225,30 @@ void form_window::release_sliders()
 
 // Place ---------------------------------------------------------------------------------------------------
 
-// A window that is being maximised may get its new size before its new state, so a place counts as the normal
-// one only when it has been kept for a while.
+// A window that is being maximised may get its new size before its new state. So a geometry is the normal one
+// only when the window has kept it for a while.
 void form_window::moveEvent(QMoveEvent*)
 {
     settled_.start();
 }
 
-// The toolkit's own memory of it takes the size of a maximised window for the normal one.
+// QWidget::normalGeometry() may give the geometry of the maximised window, for the same reason.
 QRect form_window::normal_place() const
 {
     if (!(windowState() & filling)) return geometry();
     return normal_.isValid() ? normal_ : normalGeometry();
 }
 
-// As it is where it can be seen whole.
+// The rectangle, moved and shrunk to fit on its screen if necessary.
 static QRect on_screen(const QRect& at, const QWidget& w)
 {
     const QScreen* screen = QGuiApplication::screenAt(at.center());
-    const QRect room = (screen != nullptr ? screen : w.screen())->availableGeometry();
-    if (room.contains(at)) return at;
-    const QSize size = at.size().boundedTo(room.size() - window_borders);
-    const QPoint first = room.topLeft() + QPoint(window_borders.width() / 2, window_borders.height() - 8);
-    const QPoint last = room.bottomRight() - QPoint(size.width(), size.height()) - QPoint(8, 8);
+    const QRect available = (screen != nullptr ? screen : w.screen())->availableGeometry();
+    if (available.contains(at)) return at;
+    const QSize size = at.size().boundedTo(available.size() - window_borders);
+    const QPoint first =
+        available.topLeft() + QPoint(window_borders.width() / 2, window_borders.height() - 8);
+    const QPoint last = available.bottomRight() - QPoint(size.width(), size.height()) - QPoint(8, 8);
     return {QPoint(std::clamp(at.x(), first.x(), std::max(first.x(), last.x())),
                    std::clamp(at.y(), first.y(), std::max(first.y(), last.y()))),
             size};
@@ -257,35 +258,35 @@ void form_window::toggle_full_screen()
 {
     normal_ = normal_place();
     if (!isFullScreen()) {
-        beneath_full_ = windowState() & Qt::WindowMaximized;
+        before_full_screen_ = windowState() & Qt::WindowMaximized;
         return setWindowState(Qt::WindowFullScreen);
     }
-    setWindowState(std::exchange(beneath_full_, {}));
+    setWindowState(std::exchange(before_full_screen_, {}));
     if (!isMaximized()) setGeometry(on_screen(normal_, *this));
 }
 
-// As far as the screen has room, the frame of the window included.
-static QRect stepped_aside(const QRect& at, const QWidget& before)
+// The rectangle, moved a step down and right as far as the window with its frame fits on the screen.
+static QRect cascaded(const QRect& at, const QWidget& before)
 {
     constexpr QPoint step(28, 28);
-    const QRect room = before.screen()->availableGeometry(), framed = before.frameGeometry();
-    const QPoint free = room.bottomRight() - framed.bottomRight();
+    const QPoint free =
+        before.screen()->availableGeometry().bottomRight() - before.frameGeometry().bottomRight();
     return at.translated(std::clamp(free.x(), 0, step.x()), std::clamp(free.y(), 0, step.y()));
 }
 
-void form_window::take_place(const form_window& before, bool aside)
+void form_window::place_like(const form_window& before, bool cascade)
 {
     const Qt::WindowStates kept = before.windowState() & filling;
     const QRect place = before.normal_place();
-    beneath_full_ = before.beneath_full_;
+    before_full_screen_ = before.before_full_screen_;
     setWindowState(Qt::WindowNoState);
     if (place.isValid()) {
         normal_ = kept != Qt::WindowNoState ? on_screen(place, before)
-                  : aside                   ? stepped_aside(place, before)
+                  : cascade                 ? cascaded(place, before)
                                             : place;
         setGeometry(normal_);
-        // A window that stands there already, where the desktop once put it, keeps its place as one that was
-        // chosen: the desktop would put it somewhere else.
+        // Marks the position as set by the program: otherwise the window manager would choose another for a
+        // window that has it already.
         if (QWindow* handle = windowHandle()) handle->setGeometry(handle->geometry());
     }
     setWindowState(kept);
@@ -343,7 +344,7 @@ bool form_window::mouse_event(screen_object& o, QEvent& e)
         pc_.run([&o, at] { user_click_at(o, at.x(), at.y()); });
     }
     if (left_press(e)) return (o.MouseDown || o.MouseUp) && takes_input(o) && !pc_.press(o);
-    if (left_release(e)) pc_.release_mouse();
+    if (left_release(e)) pc_.release_pressed();
     if (e.type() != QEvent::MouseMove) return false;
     if (const screen_object* over = under_mouse(o)) pc_.run(over->MouseMove);
     return false;

@@ -1,4 +1,4 @@
-// The window of one form: scales it as a whole, and shows its objects as they are.
+// The window of a form, which scales the form as a whole and shows its objects.
 #pragma once
 
 #include <QTimer>
@@ -20,13 +20,13 @@ public:
     form_window(form&, desktop_machine&);
     ~form_window() override;
 
-    // Draws what has changed since the last time.
+    // Updates the widgets whose objects have changed.
     void sync();
-    // Puts what has been drawn on the screen at once, without an event being handled.
+    // Paints the pending updates at once, without handling events.
     void paint_now();
     void toggle_full_screen();
-    // Puts a window that isn't seen where the one before it is, in the same state.
-    void take_place(const form_window& before, bool aside);
+    // Gives a hidden window the position and state of another; `cascade` moves it a step down and right.
+    void place_like(const form_window& before, bool cascade);
     void release_sliders();
     QWidget* widget(const screen_object&) const;
     double scale() const { return style_.scale; }
@@ -47,7 +47,7 @@ private:
     QRect normal_place() const;
     void make_new_objects();
     void make_object(screen_object&);
-    void hold_by_key(QAbstractButton&, screen_object&);
+    void connect_space(QAbstractButton&, screen_object&);
     void fit_scale();
     void place_objects();
     QRect place_of(const screen_object&) const;
@@ -56,13 +56,13 @@ private:
 
     desktop_machine& pc_;
     form_style style_;
-    QPoint corner_;   // of the scaled form in the window
-    QSize fitted_;    // the window size that the scale was made for
-    bool seen_ = false;
-    QRect normal_;                      // its place when it is neither maximised nor fills the screen
-    QTimer settled_;                    // runs out when it hasn't been moved for a while
-    Qt::WindowStates beneath_full_{};   // maximised or not, where it fills the screen
-    const screen_object* held_by_key_ = nullptr;   // the button that the space bar holds down
+    QPoint corner_;          // of the scaled form in the window
+    QSize fitted_;           // the window size for which the scale was computed
+    bool painted_ = false;   // since it was shown
+    QRect normal_;           // its geometry when neither maximised nor full screen
+    QTimer settled_;         // times out when it hasn't been moved for a while
+    Qt::WindowStates before_full_screen_{};
+    const screen_object* pressed_by_space_ = nullptr;
     std::vector<std::unique_ptr<shown_object>> objects_;
 };
 

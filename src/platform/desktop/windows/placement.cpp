@@ -1,4 +1,4 @@
-// Which windows are on the desk, where, and in which order: follows the screens that the program has shown.
+// Shows, hides, places and raises the windows as the program shows and hides its screens.
 #include <QWindow>
 #include <algorithm>
 
@@ -6,7 +6,7 @@
 
 namespace vorn {
 
-static bool among(const std::vector<form*>& forms, const form* f)
+static bool contains(const std::vector<form*>& forms, const form* f)
 {
     return std::find(forms.begin(), forms.end(), f) != forms.end();
 }
@@ -42,23 +42,23 @@ QWidget* desktop_machine::front_window() const
 
 void desktop_machine::open_window(form_window& w, const form_window* before, bool over_it)
 {
-    if (w.isVisible()) return;   // it was about to leave
-    if (before != nullptr && before != &w) w.take_place(*before, over_it);
+    if (w.isVisible()) return;   // hide_leaving has not run yet
+    if (before != nullptr && before != &w) w.place_like(*before, over_it);
     w.sync();
     w.show();
 }
 
-// The window of a new screen is shown before that of the last one goes, so that the desk is never bare.
+// A window is hidden only after the next one has been painted, so that the desktop behind doesn't flash up.
 void desktop_machine::place_windows()
 {
     if (shown_ == screens.shown) return;
     const std::vector<form*> before = std::exchange(shown_, screens.shown);
     const bool replaced =
-        std::any_of(before.begin(), before.end(), [&](form* f) { return !among(shown_, f); });
+        std::any_of(before.begin(), before.end(), [&](form* f) { return !contains(shown_, f); });
     for (form* f : shown_)
-        if (!among(before, f)) open_window(make_window(*f), last_front_, !before.empty() && !replaced);
+        if (!contains(before, f)) open_window(make_window(*f), last_front_, !before.empty() && !replaced);
     for (form* f : before)
-        if (!among(shown_, f)) leaving_.push_back(window(*f));
+        if (!contains(shown_, f)) leaving_.push_back(window(*f));
     if (shown_.empty()) return hide_leaving();
     form_window& top = *window(*shown_.back());
     if (last_front_ != &top) {
@@ -66,7 +66,7 @@ void desktop_machine::place_windows()
         top.activateWindow();
     }
     last_front_ = &top;
-    QTimer::singleShot(150, &top, [this] { hide_leaving(); });   // should it never be painted
+    QTimer::singleShot(150, &top, [this] { hide_leaving(); });   // in case it is never painted
 }
 
 void desktop_machine::hide_leaving()
@@ -74,7 +74,7 @@ void desktop_machine::hide_leaving()
     for (form_window* w : std::exchange(leaving_, {}))
         if (w->model.state != form_state::shown) {
             w->hide();
-            // A screen that is loaded anew begins with the focus as at the first time.
+            // So that the next load begins with the default focus.
             QWidget* focus = w->model.state == form_state::not_loaded ? w->focusWidget() : nullptr;
             if (focus != nullptr) focus->clearFocus();
         }
