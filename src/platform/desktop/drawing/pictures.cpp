@@ -14,17 +14,17 @@ namespace vorn {
 
 namespace {
 
-constexpr int largest_picture_mb = 512;   // decoded; a larger one is refused rather than let the machine swap
-constexpr std::size_t most_icon_sizes = 64;
-constexpr int largest_icon_mb = 8;   // decoded; of an icon's images those beyond are passed over, by what
-                                     // they hold rather than by the size that the head of the file gives them
+// Limits for the memory of a decoded image, in MB: the machine is not to swap. Images of an icon beyond the
+// limit are skipped, by their real size rather than the one in the icon's directory.
+constexpr int largest_picture_mb = 512, largest_icon_mb = 8;
+constexpr std::size_t max_icon_sizes = 64;
 
 bool too_large(const QSize& s)
 {
     return qint64{4} * s.width() * s.height() > qint64{largest_picture_mb} * 1024 * 1024;
 }
 
-// Formats that the painter draws without converting each line anew.
+// In a format that QPainter draws without conversion.
 QImage drawable(QImage image)
 {
     image.setDevicePixelRatio(1);
@@ -40,26 +40,28 @@ std::vector<QImage> read_sizes(QImageReader& reader)
     do {
         QImage image = reader.read();
         if (!image.isNull()) sizes.push_back(drawable(std::move(image)));
-    } while (icon && sizes.size() < most_icon_sizes && reader.jumpToNextImage());
-    QImageReader::setAllocationLimit(largest_picture_mb);   // it holds for the whole program
+    } while (icon && sizes.size() < max_icon_sizes && reader.jumpToNextImage());
+    QImageReader::setAllocationLimit(largest_picture_mb);   // the limit is global
     std::stable_sort(sizes.begin(), sizes.end(),
                      [](const QImage& a, const QImage& b) { return a.width() < b.width(); });
     return sizes;
 }
 
-}   // namespace
-
+// Qt's name of the format, by the first bytes; empty for formats that the program doesn't support, even if a
+// plugin on this machine does.
 QByteArray picture_format(QIODevice& file)
 {
     using namespace std::string_view_literals;
-    constexpr std::pair<std::string_view, const char*> heads[] = {
+    constexpr std::pair<std::string_view, const char*> signatures[] = {
         {"\x89PNG\r\n\x1a\n"sv, "png"}, {"\xFF\xD8"sv, "jpeg"}, {"BM"sv, "bmp"}, {"GIF8"sv, "gif"},
         {"\0\0\1\0"sv, "ico"},          {"\0\0\2\0"sv, "cur"}};
     const QByteArray head = file.peek(8);
-    for (const auto& [begin, format] : heads)
-        if (head.startsWith(begin)) return format;
+    for (const auto& [signature, format] : signatures)
+        if (head.startsWith(signature)) return format;
     return {};
 }
+
+}   // namespace
 
 loaded_picture read_picture(const std::string& source, const std::string& path)
 {

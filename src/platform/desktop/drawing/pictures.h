@@ -1,39 +1,36 @@
-// Pictures: reading them from a file by their content, and drawing them, or a drawing of our own, at any
-// size.
+// Reads pictures from files, recognised by content, and draws them, or built-in drawings, at any size.
 #pragma once
 
 #include <QImage>
 #include <QPainter>
+#include <string>
 #include <vector>
 
 #include "platform/machine.h"
 
 namespace vorn {
 
-// All the sizes in which the file holds the picture, smallest first; a photograph holds one.
+// The images of a picture file, smallest first: several sizes for an icon, one for other formats.
 struct decoded_picture final : picture_pixels {
     std::vector<QImage> sizes;
 };
 
-// The toolkit's name of the format, by the first bytes: one of those that the program knows, or empty.
-// Whatever other formats the toolkit has been taught on this machine, no picture from elsewhere is decoded by
-// them.
-QByteArray picture_format(QIODevice&);
-
-// The names that files in those formats usually have, for a file dialog.
+// File name patterns of the supported formats, for a file dialog.
 inline constexpr const char* picture_patterns = "*.vrp *.trp *.png *.jpg *.jpeg *.bmp *.gif *.ico *.cur";
 
-// Reads a picture from an absolute path. Its natural size is 15 twips to a pixel of its largest image,
-// whatever density the file claims.
+// Reads a picture from an absolute path. Its natural size is 15 twips for each pixel of its largest image,
+// whatever resolution the file states.
 loaded_picture read_picture(const std::string& source, const std::string& path);
 
-// The image to draw at this size in device pixels: the smallest that isn't smaller; null when there is none.
+// The image to draw at this size in device pixels: the smallest that is at least as large, or else the
+// largest. Null when the picture has no images.
 const QImage* image_for(const picture&, const QSize& device);
 
-// Stretches the picture over a rectangle of device pixels, from its source.
+// Scales the picture to a rectangle of device pixels.
 void draw_picture(QPainter&, const picture&, const QRect& at);
 
-// Sets the painter of a widget to whole device pixels, and gives the widget's rectangle in them.
+// Makes the painter of a widget use device pixels as coordinates. Returns the rectangle of the widget in
+// them.
 QRect to_device_pixels(QPainter&, const QSize& widget);
 
 }   // namespace vorn

@@ -23,13 +23,14 @@ QString caption_of(const object_fields& o)
     return QString::fromStdString(o.Caption);
 }
 
-// A caption in which '&' is just a character.
+// A caption without access key: '&' is an ordinary character.
 QString plain_caption(const object_fields& o)
 {
     return caption_of(o).replace('&', "&&");
 }
 
-// Making ---------------------------------------------------------------------------------------------------
+// Creation
+// ---------------------------------------------------------------------------------------------------
 
 template <class Button>
 QWidget* clicking(Button* b, shown_object& s, const event_runner& run)
@@ -103,7 +104,7 @@ QWidget* make_by_kind(shown_object& s, QWidget* parent, const event_runner& run)
     return new QWidget(parent);
 }
 
-// What lies over something else without any use for the mouse leaves it to what is beneath.
+// Objects without mouse handlers let the mouse events through to objects beneath.
 bool ignores_mouse(const screen_object& o)
 {
     const bool passive =
@@ -111,17 +112,17 @@ bool ignores_mouse(const screen_object& o)
     return passive && !has_hooks(o) && o.ToolTipText.empty();
 }
 
-// Setting --------------------------------------------------------------------------------------------------
+// Update ---------------------------------------------------------------------------------------------------
 
 struct difference {
-    const object_fields& was;
-    const object_fields& is;
+    const object_fields& before;
+    const object_fields& after;
     bool everything;
 
     template <class T>
     bool in(T object_fields::*field) const
     {
-        return everything || was.*field != is.*field;
+        return everything || before.*field != after.*field;
     }
 };
 
@@ -135,26 +136,26 @@ void set_label(QLabel& l, const object_fields& o)
     l.setMargin(plate ? static_cast<int>(rim * scale_of(l)) : 0);
 }
 
-// Tab leads to the chosen option of a group and the arrows from there to the others; with none chosen, to
-// each.
-void lead_tab(const QRadioButton& in_group)
+// Tab stops at the selected option of a group only, as arrow keys lead to the others; at each
+// if none is selected.
+void set_tab_stops(const QRadioButton& in_group)
 {
     const auto group =
         in_group.parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
-    const bool any =
+    const bool selected =
         std::any_of(group.begin(), group.end(), [](const QRadioButton* b) { return b->isChecked(); });
     for (QRadioButton* b : group)
-        b->setFocusPolicy(b->isChecked() || !any ? Qt::StrongFocus : Qt::ClickFocus);
+        b->setFocusPolicy(b->isChecked() || !selected ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
-// Code may clear all options of a group, which a group of buttons would refuse.
+// Auto-exclusive buttons don't let the program clear all options of a group.
 void set_option(QRadioButton& b, const object_fields& o)
 {
     b.setText(plain_caption(o));
     b.setAutoExclusive(false);
     b.setChecked(o.Value != 0);
     b.setAutoExclusive(true);
-    lead_tab(b);
+    set_tab_stops(b);
 }
 
 void set_checkbox(QCheckBox& b, const object_fields& o)
@@ -165,13 +166,13 @@ void set_checkbox(QCheckBox& b, const object_fields& o)
 
 void set_slider_widget(QSlider& s, const object_fields& o)
 {
-    const QSignalBlocker ours(s);
+    const QSignalBlocker no_signals(s);
     s.setRange(o.Min, o.Max);
     s.setPageStep(o.LargeChange);
     s.setValue(o.Value);
 }
 
-// Replacing the text moves the cursor: not while the user types and the text is as he typed it.
+// Setting the same text would move the cursor while the user types.
 void set_textbox(QLineEdit& box, const object_fields& o)
 {
     const QString text = QString::fromStdString(o.Text);
@@ -209,9 +210,9 @@ void set_font(QWidget& w, const object_fields& o, double scale)
     w.setFont(title ? text_font(text_size::small, true, scale) : text_font(o.size, o.bold, scale));
 }
 
-// What a screen reader says: the name of the object and what stands in it. A tip tells what a thing without a
-// caption is for, but not what a label says that is empty for the moment. A frame without a name would be
-// heard by that of the frame around it.
+// The name for screen readers: the object's own name with its caption, or its tool tip if it has no caption
+// (not for labels, which may be empty at the moment). A frame uses its caption; without a name Qt would use
+// that of the frame around it.
 void set_name(QWidget& w, const object_fields& o)
 {
     std::string name = o.AccessibleName;
@@ -221,8 +222,8 @@ void set_name(QWidget& w, const object_fields& o)
     w.setAccessibleName(QString::fromStdString(name));
 }
 
-// The focus of what is disabled goes to no neighbour, where the next press of the space bar would work a
-// button that nobody chose; it comes back unless the user has gone on meanwhile.
+// Qt would pass the focus of a disabled widget to the next one, whose button Space would then click. Here the
+// window keeps it, and the widget gets it back when it is enabled, unless the user has moved the focus.
 void set_enabled(QWidget& w, bool enabled)
 {
     constexpr const char* had_focus = "had_focus";
@@ -239,13 +240,13 @@ void set_enabled(QWidget& w, bool enabled)
 
 void set_looks(QWidget& w, const difference& d, double scale)
 {
-    if (d.in(&object_fields::ForeColor) || d.in(&object_fields::BackColor)) set_colours(w, d.is);
-    if (d.in(&object_fields::size) || d.in(&object_fields::bold)) set_font(w, d.is, scale);
-    if (d.in(&object_fields::ToolTipText)) w.setToolTip(QString::fromStdString(d.is.ToolTipText));
+    if (d.in(&object_fields::ForeColor) || d.in(&object_fields::BackColor)) set_colours(w, d.after);
+    if (d.in(&object_fields::size) || d.in(&object_fields::bold)) set_font(w, d.after, scale);
+    if (d.in(&object_fields::ToolTipText)) w.setToolTip(QString::fromStdString(d.after.ToolTipText));
     const bool named = d.in(&object_fields::AccessibleName) || d.in(&object_fields::ToolTipText);
-    if (named || d.in(&object_fields::Caption)) set_name(w, d.is);
-    if (d.in(&object_fields::Enabled)) set_enabled(w, d.is.Enabled);
-    if (d.in(&object_fields::Visible)) w.setVisible(d.is.Visible);
+    if (named || d.in(&object_fields::Caption)) set_name(w, d.after);
+    if (d.in(&object_fields::Enabled)) set_enabled(w, d.after.Enabled);
+    if (d.in(&object_fields::Visible)) w.setVisible(d.after.Visible);
 }
 
 }   // namespace
@@ -280,9 +281,9 @@ QWidget* make_widget(shown_object& s, QWidget* parent, const event_runner& run)
 
 void draw_fields(shown_object& s, double scale, bool everything)
 {
-    const object_fields was = std::exchange(s.drawn, *s.object);
+    const object_fields before = std::exchange(s.drawn, *s.object);
     if (in_sight(*s.object)) return s.widget->update();
-    set_looks(*s.widget, {was, s.drawn, everything}, scale);
+    set_looks(*s.widget, {before, s.drawn, everything}, scale);
     set_by_kind(*s.widget, s.drawn);
 }
 

@@ -1,4 +1,4 @@
-// The widgets of a form's objects: made by their kind, set from their fields, and telling what the user does.
+// The widgets of a form's objects: created by kind, set from the fields, and reporting the user's actions.
 #pragma once
 
 #include <QWidget>
@@ -9,26 +9,27 @@
 
 namespace vorn {
 
-// Runs an event to its end and draws what it changed.
+// Runs a handler to its end and updates the windows.
 using event_runner = std::function<void(const std::function<void()>&)>;
 
-// One object of a form as it is seen. `drawn` is what the user sees at this moment: what the model last said,
-// and, until the event is done, what the user's own click or drag has just changed in the widget.
+// An object of a form and its widget. `drawn` is the state of the widget: the object's fields at the last
+// update, plus the change that the user has made in the widget and that is being handled.
 struct shown_object {
     screen_object* object = nullptr;
     object_fields drawn;
-    QWidget* widget = nullptr;                 // for an object in a sight, the sight
-    std::vector<const shown_object*> inside;   // what a sight paints, in order
+    QWidget* widget = nullptr;                 // for an object in a sight: that of the sight
+    std::vector<const shown_object*> inside;   // the objects in a sight, in drawing order
 };
 
 bool in_sight(const screen_object&);
+// True when it has a mouse handler.
 bool has_hooks(const screen_object&);
-// Whether it, or a frame that holds it, wants to know where the mouse is.
+// True when it, or a frame around it, has a handler for mouse moves.
 bool hears_moves(const screen_object&);
 
 QWidget* make_widget(shown_object&, QWidget* parent, const event_runner&);
 
-// Sets the widget from the fields where they differ from what is drawn; everything, when the scale is new.
+// Updates the widget from the fields that have changed, or from all, which a new scale requires.
 void draw_fields(shown_object&, double scale, bool everything);
 
 }   // namespace vorn
