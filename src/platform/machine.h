@@ -44,8 +44,8 @@ struct loaded_picture {
 };
 
 struct print_outcome {
-    std::string reason;   // why it could not be printed; empty if it was printed or cancelled
-    std::string file;     // the file that was written instead of paper
+    std::string reason = {};   // why it could not be printed; empty if it was printed or cancelled
+    std::string file = {};     // the file that was written instead of paper
     bool cancelled = false;
 };
 

@@ -17,7 +17,7 @@
 
 namespace vorn {
 
-static const char* const job_name = "V.O.R.N. practice report";   // in the queue of the printer
+static const char* const job_name = "V.O.R.N. practice report";   // in the print queue
 
 static QFont printed_font(const printed_line& l)
 {
@@ -62,35 +62,39 @@ static std::string pdf_bytes(const std::vector<printed_line>& lines)
     return bytes.data().toStdString();
 }
 
-// Made whole in memory first: a disk that is full takes no earlier report.
+// The pages are made in memory first, so that a full disk destroys no earlier report.
 std::string print_to_pdf(const machine& m, const std::string& file, const std::vector<printed_line>& lines)
 {
     const std::string bytes = pdf_bytes(lines);
     return bytes.empty() ? "The pages can't be drawn." : write_file(m, file, bytes);
 }
 
-// The name and the day, without what a file's name can't hold on every system.
-static std::string dated(const std::string& name)
+// The file name of a report: name and date, with characters replaced that some file systems don't allow.
+static std::string dated_file_name(const std::string& name)
 {
     QString proposed = QString::fromStdString(name) + ' ' + QDate::currentDate().toString(Qt::ISODate);
     return proposed.replace(QRegularExpression("[/\\\\:*?\"<>|[:cntrl:]]"), "_").trimmed().toStdString() +
            ".pdf";
 }
 
-// On a machine without a printer the same lines go to a PDF, if the user names one.
+// Without a printer the lines go to a PDF file that the user selects.
 print_outcome desktop_machine::print(const std::vector<printed_line>& lines, const std::string& name)
 {
     if (printer_present()) {
         QPrinter printer(QPrinter::HighResolution);
         printer.setDocName(job_name);
-        return {print_lines(printer, lines), {}};
+        return {.reason = print_lines(printer, lines)};
     }
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     const QString place = QFileInfo(documents).isDir() ? documents : QDir::homePath();
-    const auto file = choose_file({"THERE IS NO PRINTER: SAVE AS PDF", "PDF Files (*.pdf)|*.pdf|",
-                                   place.toStdString(), dated(name), true, "pdf"});
-    if (!file) return {{}, {}, true};
-    return {print_to_pdf(*this, *file, lines), *file};
+    const auto file = choose_file({.title = "THERE IS NO PRINTER: SAVE AS PDF",
+                                   .filter = "PDF Files (*.pdf)|*.pdf|",
+                                   .folder = place.toStdString(),
+                                   .proposed = dated_file_name(name),
+                                   .save = true,
+                                   .suffix = "pdf"});
+    if (!file) return {.cancelled = true};
+    return {.reason = print_to_pdf(*this, *file, lines), .file = *file};
 }
 
 }   // namespace vorn

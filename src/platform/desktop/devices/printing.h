@@ -1,4 +1,4 @@
-// Printing of plain lines, from top to bottom, page after page.
+// Prints lines of text from top to bottom, page after page.
 #pragma once
 
 #include <string>
@@ -10,10 +10,10 @@ class QPagedPaintDevice;
 
 namespace vorn {
 
-// Gives the reason when the printer can't be used, empty when all is printed.
+// Returns the reason why printing failed, or an empty text.
 std::string print_lines(QPagedPaintDevice&, const std::vector<printed_line>&);
 
-// The same into a PDF file of A4 pages, which takes the place of an old one when it is whole.
+// Prints to a PDF file of A4 pages. An existing file is replaced only when the new one is complete.
 std::string print_to_pdf(const machine&, const std::string& file, const std::vector<printed_line>&);
 
 }   // namespace vorn

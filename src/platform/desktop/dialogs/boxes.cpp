@@ -1,4 +1,4 @@
-// Message boxes, the input box and the file dialogs: the platform's own, over the screen that asks.
+// Message boxes, the input box and file dialogs, in the look of the platform, over the screen in front.
 #include <QDir>
 #include <QFileDialog>
 #include <QFileSystemModel>
@@ -15,7 +15,7 @@
 
 namespace vorn {
 
-// The program joins lines by line feed and carriage return; a box would show the pair as a blank line.
+// The program separates lines by line feed and carriage return, which a box would show as two line breaks.
 static QString box_text(const std::string& text)
 {
     return QString::fromStdString(text).replace("\n\r", "\n");
@@ -27,8 +27,8 @@ static QMessageBox::Icon icon_of(box_sign sign)
     return sign == box_sign::question ? QMessageBox::Question : QMessageBox::NoIcon;
 }
 
-// What is held is let go behind the box, each as an event of its own: no handler runs in the midst of the one
-// that asks.
+// Keys and buttons that are held down are released while the box is open, as separate events: no handler runs
+// within the one that opens the box.
 void desktop_machine::before_box()
 {
     QTimer::singleShot(0, &clock_, [this] { release_input(); });
@@ -49,9 +49,9 @@ bool desktop_machine::message_box(const message& asked)
     box.setStandardButtons(asked.buttons == box_buttons::ok ? QMessageBox::Ok
                                                             : QMessageBox::Yes | QMessageBox::No);
     if (asked.on_return == default_button::no) box.setDefaultButton(QMessageBox::No);
-    const double beneath = std::exchange(box_opened_, world_clock());
+    const double outer_box = std::exchange(box_opened_, world_clock());
     const int answer = box.exec();
-    box_opened_ = beneath;
+    box_opened_ = outer_box;
     return answer == QMessageBox::Yes || asked.buttons == box_buttons::ok;
 }
 
@@ -84,8 +84,7 @@ QStringList name_filters(const std::string& pairs)
 static void prepare(QFileDialog& d, const file_dialog& asked)
 {
     d.setAcceptMode(asked.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    d.setFileMode(
-        QFileDialog::AnyFile);   // the program itself says what is wrong with a name that isn't there
+    d.setFileMode(QFileDialog::AnyFile);   // the program itself reports missing files
     d.setOption(QFileDialog::DontConfirmOverwrite, asked.suffix.empty());
     d.setDefaultSuffix(QString::fromStdString(asked.suffix));
     QStringList filters = name_filters(asked.filter);
@@ -93,10 +92,10 @@ static void prepare(QFileDialog& d, const file_dialog& asked)
     if (!asked.save && !filters.contains("All Files (*)")) filters << "All Files (*)";
     d.setNameFilters(filters);
     if (!asked.proposed.empty()) d.selectFile(QString::fromStdString(asked.proposed));
-    auto* list = d.findChild<QTreeView*>();   // there is none in a dialog of the desktop's own
+    auto* list = d.findChild<QTreeView*>();   // null in a native dialog
     auto* files = d.findChild<QFileSystemModel*>();
     if (list == nullptr || files == nullptr) return;
-    // As wide as a folder needs when it is read, and from then on as the user drags them.
+    // Each folder that is read sets the column widths, which the user may then change.
     list->header()->setSectionResizeMode(QHeaderView::Interactive);
     const auto fit = [list] {
         for (int column = 0; column < list->header()->count(); ++column) list->resizeColumnToContents(column);

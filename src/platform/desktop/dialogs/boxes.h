@@ -1,4 +1,4 @@
-// What a file dialog offers.
+// The filters of a file dialog.
 #pragma once
 
 #include <QStringList>
@@ -6,7 +6,7 @@
 
 namespace vorn {
 
-// "Range Files (*.arf)|*.arf|", pairs of a name and its patterns, in the form that the toolkit wants.
+// Converts "Range Files (*.arf)|*.arf|", pairs of name and patterns, to Qt's name filters.
 QStringList name_filters(const std::string& pairs);
 
 }   // namespace vorn

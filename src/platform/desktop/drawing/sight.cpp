@@ -10,7 +10,7 @@ namespace vorn {
 
 static int device_pixel(double twips, double scale)
 {
-    // Far outside any screen a coordinate only has to stay there.
+    // Clamped to the range of int; such a coordinate is far outside any screen.
     return static_cast<int>(std::lround(std::clamp(twips / twips_per_pixel * scale, -1e6, 1e6)));
 }
 
@@ -30,7 +30,7 @@ static void draw_outline(QPainter& p, shape_kind kind, const QRectF& r)
         p.drawEllipse(r);
 }
 
-// A mark of the sight has a dark rim, without which it would vanish before sky or ground.
+// A mark of the sight has a dark outline, so that it is visible against sky and ground.
 static void draw_shape(QPainter& p, const object_fields& o, const QRect& at, double scale)
 {
     const double line = std::max(1.0, scale * 1.25);
@@ -51,14 +51,13 @@ static void draw_shape(QPainter& p, const object_fields& o, const QRect& at, dou
     draw_outline(p, o.Shape, r);
 }
 
-// A round in flight glows: a white core in a light that reaches beyond it, orange to the eye. However far
-// away, it is seen.
+// A round in flight: a white core with a coloured glow, at least large enough to be seen at any range.
 static void draw_tracer(QPainter& p, const QColor& c, const QRect& at, double scale)
 {
-    constexpr double smallest = 1.4,
-                     beyond = 1.5;   // radius and reach of the light, pixels at the designed size
-    const double radius = std::max(at.width() / 2.0, smallest * scale);
-    const double light = radius * 1.35 + beyond * scale;
+    constexpr double min_radius = 1.4,
+                     reach = 1.5;   // of the core and of the glow beyond it, pixels at scale 1
+    const double radius = std::max(at.width() / 2.0, min_radius * scale);
+    const double light = radius * 1.35 + reach * scale;
     const QPointF middle = QRectF(at).center();
     QColor faint = c.darker(115), gone = faint;
     faint.setAlphaF(0.43f);

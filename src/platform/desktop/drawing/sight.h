@@ -1,5 +1,5 @@
-// What lies in a sight is not made of widgets: one widget paints it all, straight from the source pictures.
-// The same painting serves images and shapes outside a sight.
+// Drawing of single objects. The objects in a sight have no widgets: the sight paints them all, directly from
+// the source pictures. Images and shapes outside a sight are painted by the same functions.
 #pragma once
 
 #include <QPainter>
@@ -8,17 +8,19 @@
 
 namespace vorn {
 
-// Opacity of a picture that is pale or can't be used.
+// The opacity of a picture that is pale or disabled.
 inline constexpr double pale_picture = 0.35;
 
-// Device pixels of an object: both edges are rounded, so that neighbours meet without a seam.
+// The rectangle of an object in device pixels. Both edges are rounded, so that there is no gap between
+// neighbours.
 QRect device_rect(const object_fields&, double scale);
 
-// Where a label's text lies: a line or two in the middle of its height, a longer text from the top.
+// The alignment of a label's text: vertically centred if the label has room for one or two lines, else at the
+// top.
 Qt::Alignment text_alignment(const object_fields&);
 
-// Paints an image, a shape or a label over a rectangle of device pixels; `scale` device pixels go to a
-// designed pixel.
+// Paints an image, a shape or a label in a rectangle of device pixels. `scale` is device pixels for each
+// pixel of the form at 1024 x 768.
 void draw_object(QPainter&, const object_fields&, const QRect& at, double scale);
 
 }   // namespace vorn

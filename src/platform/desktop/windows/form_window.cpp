@@ -326,8 +326,8 @@ static bool left_release(const QEvent& e)
            static_cast<const QMouseEvent&>(e).button() == Qt::LeftButton;
 }
 
-// The mouse is over a frame also where it is over something that the frame holds, and over what can't be used
-// now: that is where a user wants to know what it is for.
+// The object that gets a mouse move: the one under the mouse or the nearest around it that has a handler,
+// also when it is disabled, so that its hint can be shown.
 static const screen_object* under_mouse(const screen_object& object)
 {
     const screen_object* o = &object;
@@ -335,8 +335,8 @@ static const screen_object* under_mouse(const screen_object& object)
     return o != nullptr && o->owner->state == form_state::shown ? o : nullptr;
 }
 
-// Gives true when the widget is not to have the event: it would stay pressed after a handler that a box has
-// interrupted, since the release went to the box.
+// True when the widget must not get the event: a box opened by the handler has got the release, so the widget
+// would stay down.
 bool form_window::mouse_event(screen_object& o, QEvent& e)
 {
     if (left_press(e) && o.ClickAt) {

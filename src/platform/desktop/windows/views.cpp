@@ -23,10 +23,10 @@ static bool has_picture(const picture& p)
 
 push_button::push_button(const object_fields& fields, QWidget* parent) : QPushButton(parent), fields_(fields)
 {
-    setAutoDefault(true);   // Return works it, as Space does
+    setAutoDefault(true);   // Return clicks it, as Space does
 }
 
-// An access key works at once; the toolkit would show the button pressed for a tenth of a second first.
+// An access key clicks at once; Qt would first show the button down for a tenth of a second.
 bool push_button::event(QEvent* e)
 {
     if (e->type() != QEvent::Shortcut || static_cast<const QShortcutEvent*>(e)->isAmbiguous())
@@ -69,25 +69,26 @@ text_button::text_button(const object_fields& fields, QWidget* parent) : QPushBu
     setAutoDefault(true);
 }
 
-// Its own back colour, if it has one, and a veil of light while the mouse is on it.
-void text_button::paint_plate(QPainter& p)
+// The background colour, if it has one, and a light overlay while the mouse is on it.
+void text_button::paint_background(QPainter& p)
 {
     const double scale = scale_of(*this);
-    const bool own = fields_.BackColor != colour::ground;
-    const int veil = !isEnabled() ? 0 : isDown() ? 44 : underMouse() ? 26 : 0;
+    const bool has_colour = fields_.BackColor != colour::ground;
+    const int overlay = !isEnabled() ? 0 : isDown() ? 44 : underMouse() ? 26 : 0;
     p.setRenderHint(QPainter::Antialiasing);
-    const bool chosen = own && fields_.ForeColor == colour::white;   // told by more than a shade of white
+    const bool chosen = has_colour && fields_.ForeColor == colour::white;   // not by colour alone
     const double inset = chosen ? 0.75 * scale : 0;
     p.setPen(chosen ? QPen(shade(colour::white), 1.5 * scale) : QPen(Qt::NoPen));
-    p.setBrush(own ? QBrush(back_shade(fields_.BackColor)) : Qt::NoBrush);
+    p.setBrush(has_colour ? QBrush(back_shade(fields_.BackColor)) : Qt::NoBrush);
     p.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 3 * scale, 3 * scale);
     p.setPen(Qt::NoPen);
-    p.setBrush(QColor(255, 255, 255, veil));
+    p.setBrush(QColor(255, 255, 255, overlay));
     p.drawRoundedRect(rect(), 3 * scale, 3 * scale);
 }
 
-// A number that stands over a picture has a dark plate behind it.
-static void paint_number_plate(QPainter& p, const QRect& at, int flags, const QString& text, double scale)
+// A dark background for a number over a picture.
+static void paint_number_background(QPainter& p, const QRect& at, int flags, const QString& text,
+                                    double scale)
 {
     const QRectF words = p.fontMetrics().boundingRect(at, flags, text);
     p.setPen(Qt::NoPen);
@@ -98,11 +99,11 @@ static void paint_number_plate(QPainter& p, const QRect& at, int flags, const QS
 void text_button::paintEvent(QPaintEvent*)
 {
     QPainter p(this);
-    paint_plate(p);
+    paint_background(p);
     const bool numbered = fields_.ForeColor == colour::red || fields_.ForeColor == colour::darkred;
     const int flags = static_cast<int>(text_alignment(fields_)) | Qt::TextWordWrap;
     const QString words = QString::fromStdString(fields_.Caption);
-    if (numbered && !words.isEmpty()) paint_number_plate(p, rect(), flags, words, scale_of(*this));
+    if (numbered && !words.isEmpty()) paint_number_background(p, rect(), flags, words, scale_of(*this));
     p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
     p.drawText(rect(), flags, words);
     if (!hasFocus()) return;
@@ -113,21 +114,21 @@ void text_button::paintEvent(QPaintEvent*)
 
 text_box::text_box(QWidget* parent) : QLineEdit(parent)
 {
-    setAttribute(Qt::WA_Hover);   // its frame is lit while the mouse is on it, and no longer
+    setAttribute(Qt::WA_Hover);   // repaints the frame when the mouse enters and leaves
 }
 
 void text_box::focusInEvent(QFocusEvent* e)
 {
     QLineEdit::focusInEvent(e);
-    arrived_ = e->reason() == Qt::MouseFocusReason;
-    if (!std::exchange(entered_, true) && !arrived_) selectAll();   // where the focus is to begin with
+    clicked_ = e->reason() == Qt::MouseFocusReason;
+    if (!std::exchange(had_focus_, true) && !clicked_) selectAll();   // the initial focus
 }
 
-// Once the press that brought the focus is over, unless it has dragged over a part.
+// Not in focusInEvent, since the press sets the cursor afterwards; and not when the user has selected a part.
 void text_box::mouseReleaseEvent(QMouseEvent* e)
 {
     QLineEdit::mouseReleaseEvent(e);
-    if (std::exchange(arrived_, false) && !hasSelectedText()) selectAll();
+    if (std::exchange(clicked_, false) && !hasSelectedText()) selectAll();
 }
 
 picture_view::picture_view(const object_fields& fields, QWidget* parent)
@@ -136,7 +137,7 @@ picture_view::picture_view(const object_fields& fields, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
 }
 
-// Shrunk with all pixels counted: a photograph drawn at a quarter of its size would flicker with single ones.
+// Scaled once with filtering: QPainter skips pixels when it scales a picture to a quarter.
 QPixmap picture_view::rendered(const QSize& device) const
 {
     const QImage* image = image_for(fields_.Picture, device);

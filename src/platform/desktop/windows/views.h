@@ -1,5 +1,5 @@
-// Widgets that paint an object themselves. Each paints the fields as they were last drawn, so that all that
-// is seen belongs to one moment.
+// Widgets that paint an object themselves. They paint the fields as of the last update, so that everything on
+// the screen belongs to the same state.
 #pragma once
 
 #include <QLineEdit>
@@ -10,7 +10,7 @@
 
 namespace vorn {
 
-// A button with its caption on as many lines as it needs, or with a picture instead.
+// A button with a picture, or with a caption that is wrapped.
 class push_button final : public QPushButton {
 public:
     push_button(const object_fields& fields, QWidget* parent);
@@ -24,7 +24,7 @@ private:
     const object_fields& fields_;
 };
 
-// A label that can be clicked: text without a border, reached by Tab like any button.
+// A label that can be clicked: text without a border, with Tab focus like any button.
 class text_button final : public QPushButton {
 public:
     text_button(const object_fields& fields, QWidget* parent);
@@ -33,11 +33,11 @@ protected:
     void paintEvent(QPaintEvent*) override;
 
 private:
-    void paint_plate(QPainter&);
+    void paint_background(QPainter&);
     const object_fields& fields_;
 };
 
-// A text box that selects all when it is arrived in by mouse, as it does by Tab: what is typed replaces it.
+// A text box that selects its text when it gets the focus, also by mouse.
 class text_box final : public QLineEdit {
 public:
     explicit text_box(QWidget* parent);
@@ -47,11 +47,11 @@ protected:
     void mouseReleaseEvent(QMouseEvent*) override;
 
 private:
-    bool arrived_ = false;   // by the mouse, which is still held
-    bool entered_ = false;   // has had the focus before
+    bool clicked_ = false;   // got the focus by a press of the mouse that has not ended
+    bool had_focus_ = false;
 };
 
-// A picture stretched to the object. It keeps its pixels at the size in which they are on the screen.
+// A picture scaled to the object, with a cache of the scaled pixels.
 class picture_view final : public QAbstractButton {
 public:
     picture_view(const object_fields& fields, QWidget* parent);
@@ -78,7 +78,7 @@ private:
     const object_fields& fields_;
 };
 
-// The sight: clips what lies in it and draws it in its order.
+// The sight: draws its objects in order, clipped to its rectangle.
 class sight_view final : public QWidget {
 public:
     sight_view(const shown_object& sight, QWidget* parent);

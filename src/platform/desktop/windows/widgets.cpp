@@ -131,9 +131,9 @@ void set_label(QLabel& l, const object_fields& o)
     l.setText(caption_of(o));
     const Qt::Alignment at = text_alignment(o);
     l.setAlignment(at);
-    constexpr double rim = 15;   // of a plate with a longer text; pixels at the designed size
-    const bool plate = o.BackColor != colour::ground && at.testFlag(Qt::AlignTop);
-    l.setMargin(plate ? static_cast<int>(rim * scale_of(l)) : 0);
+    constexpr double margin = 15;   // pixels at scale 1
+    const bool long_text = o.BackColor != colour::ground && at.testFlag(Qt::AlignTop);
+    l.setMargin(long_text ? static_cast<int>(margin * scale_of(l)) : 0);
 }
 
 // Tab stops at the selected option of a group only, as arrow keys lead to the others; at each
