@@ -1,5 +1,8 @@
 // Accessibility of every screen: a contrast of 4.5 to 1 for texts, Tab order, and names for screen readers.
 #include <QAccessible>
+#include <QLabel>
+#include <QRadioButton>
+#include <algorithm>
 #include <cmath>
 #include <set>
 
@@ -98,6 +101,12 @@ TEST_F(accessibility, every_control_is_reached_by_tab_and_has_a_name)
         ASSERT_TRUE(QTest::qWaitForWindowActive(pc.window(*f)));
         const std::vector<QWidget*> order = tab_order(*pc.window(*f));
         const std::set<QWidget*> reached(order.begin(), order.end());
+        if (f == &t.startsim.window) {
+            const auto at = [&](const screen_object& o) { return std::ranges::find(order, &widget(o)); };
+            EXPECT_TRUE(at(t.startsim.Optsys1) < at(t.startsim.Cmdopenrange) &&
+                        at(t.startsim.Cmdopenrange) < at(t.startsim.Cmdstart))
+                << "the order of the work";
+        }
         for (const screen_object* o : f->objects) {
             const bool is_control = o->Click || o->Change || o->MouseDown || o->kind == object_kind::textbox;
             if (!is_control || in_sight(*o)) continue;
@@ -126,6 +135,27 @@ TEST_F(accessibility, every_control_is_reached_by_tab_and_has_a_name)
     EXPECT_EQ(spoken_name(t.results.Lblsystem), "SYSTEM FULL");
     EXPECT_EQ(spoken_name(t.rauthor.Lbltargetnum[3]), "Placed, target number 3");
     EXPECT_EQ(spoken_name(t.rauthor.Lbltargetnum[4]), "Target number 4");
+}
+
+TEST_F(accessibility, no_text_of_set_up_and_author_is_cut_at_any_size)
+{
+    open_setup();
+    answer_yes();
+    click(t.startsim.cmdeditrange);
+    for (form_window* window : {pc.window(t.rauthor.window), pc.window(t.startsim.window)})
+        for (const double scale : {1.0, 1.5, 2.0}) {
+            window->resize(static_cast<int>(1024 * scale), static_cast<int>(768 * scale));
+            settle();
+            for (const auto* label : window->findChildren<QLabel*>()) {
+                if (!label->isVisible()) continue;
+                const QRect needed =
+                    label->fontMetrics().boundingRect(label->rect(), Qt::TextWordWrap, label->text());
+                EXPECT_TRUE(needed.height() <= label->height() + 1 && needed.width() <= label->width() + 1)
+                    << label->text().toStdString() << " at " << scale;
+            }
+            for (const auto* b : window->findChildren<QRadioButton*>())
+                EXPECT_LE(b->sizeHint().width(), b->width() + 1) << b->text().toStdString() << ' ' << scale;
+        }
 }
 
 }   // namespace vorn::desktop_tests

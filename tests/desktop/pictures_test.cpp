@@ -90,6 +90,12 @@ TEST_F(pictures, that_cannot_be_loaded_give_a_reason)
     EXPECT_EQ(reason("huge.bmp"), "The picture is too large.");
     EXPECT_EQ(reason("absent.jpg"), "The file does not exist.");
     EXPECT_EQ(reason("."), "It is not a file.");
+    QByteArray jpeg = encoded(plain(8, 8), "JPG");
+    write("cut.jpg", jpeg.left(100));
+    EXPECT_EQ(reason("cut.jpg"), "It is not a picture that can be read.");
+    jpeg.replace(jpeg.indexOf("\xff\xc0") + 5, 4, "\xea\x60\xea\x60");   // 60000 x 60000
+    write("huge.jpg", jpeg);
+    EXPECT_EQ(reason("huge.jpg"), "The picture is too large.");
     // Qt could read the last two, but the program supports no such formats.
     for (const char* bytes : {"", "BM and then text", "P3 1 1 255 1 2 3\n",
                               "<svg xmlns='http://www.w3.org/2000/svg' width='2000' height='900'/>"}) {

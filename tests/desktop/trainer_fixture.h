@@ -1,8 +1,6 @@
 // The fixture of the tests that run the whole trainer on real widgets.
 #pragma once
 
-#include <QFileDialog>
-#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -38,27 +36,6 @@ protected:
     void answer_yes()
     {
         when_box<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
-    }
-    // Selects a file in the next file dialog.
-    void choose(const QString& file)
-    {
-        when_box<QFileDialog>([file](QFileDialog& d) {
-            d.selectFile(file);
-            static_cast<QDialog&>(d).accept();
-        });
-    }
-    // Begins a new range in the author, with this picture.
-    void new_range(const QString& name, const QString& picture)
-    {
-        when_box<QInputDialog>([=, this](QInputDialog& box) {
-            box.setTextValue(name);
-            when_box<QMessageBox>([=, this](QMessageBox& question) {
-                choose(picture);
-                question.button(QMessageBox::No)->click();
-            });
-            box.accept();
-        });
-        click(t.rauthor.cmdnew);
     }
 
     trainer t{pc};

@@ -1,5 +1,7 @@
 // One run through every screen on real widgets, from the title to the exit, by mouse, keys, dialogs and
 // joystick.
+#include <QFileDialog>
+#include <QInputDialog>
 #include <QLabel>
 #include <cmath>
 
@@ -20,6 +22,27 @@ protected:
     std::string shown(const screen_object& o) const { return widget<QLabel>(o).text().toStdString(); }
 
     bool wait_for(const std::function<bool()>& what) { return QTest::qWaitFor(what, 15000); }
+    // Selects a file in the next file dialog.
+    void choose(const QString& file)
+    {
+        when_box<QFileDialog>([file](QFileDialog& d) {
+            d.selectFile(file);
+            static_cast<QDialog&>(d).accept();
+        });
+    }
+    // Begins a new range in the author, with this picture.
+    void new_range(const QString& name, const QString& picture)
+    {
+        when_box<QInputDialog>([=, this](QInputDialog& box) {
+            box.setTextValue(name);
+            when_box<QMessageBox>([=, this](QMessageBox& question) {
+                choose(picture);
+                question.button(QMessageBox::No)->click();
+            });
+            box.accept();
+        });
+        click(t.rauthor.cmdnew);
+    }
     // With the practice's clock at twelve times the speed.
     bool wait_fast(const std::function<bool()>& what)
     {

@@ -36,6 +36,7 @@ TEST_F(objects, show_their_fields_after_the_handler)
         label.ToolTipText = "STATUS";
         text.Text = "nameless";
         text.Enabled = false;
+        text.ReadOnly = true;
         slider.Min = 1;
         slider.Max = 160;
         slider.Value = 110;
@@ -48,11 +49,16 @@ TEST_F(objects, show_their_fields_after_the_handler)
     EXPECT_EQ(widget<QLabel>(label).geometry(), QRect(20, 40, 100, 20));
     EXPECT_EQ(widget<QLabel>(label).mapTo(&window(one), QPoint()), QPoint(120, 140));
     EXPECT_EQ(widget<QLineEdit>(text).text(), "nameless");
-    EXPECT_FALSE(widget<QLineEdit>(text).isEnabled());
+    EXPECT_TRUE(widget<QLineEdit>(text).isReadOnly() && !widget<QLineEdit>(text).isEnabled());
     EXPECT_EQ(widget<QSlider>(slider).value(), 110);
     EXPECT_EQ(widget<QSlider>(slider).pageStep(), 10);
-    pc.run([&] { frame.Left += 300; });
+    pc.run([&] {
+        frame.Left += 300;
+        slider.Left = 30000;
+        slider.Within = {300, 300, 4500, 3000};
+    });
     EXPECT_EQ(widget<QLabel>(label).mapTo(&window(one), QPoint()), QPoint(140, 140));
+    EXPECT_EQ(widget<QSlider>(slider).pos(), QPoint(220, 120)) << "at the edge of its area";
 }
 
 TEST_F(objects, of_a_hidden_or_disabled_frame_are_hidden_or_disabled)
@@ -282,6 +288,34 @@ TEST_F(mouse, a_press_ends_with_the_release_anywhere)
     EXPECT_EQ(log, pair);
     QTest::mouseClick(w, Qt::RightButton);
     EXPECT_EQ(log, pair);
+}
+
+TEST_F(mouse, space_presses_a_button_until_it_is_released_or_another_gets_focus_or_press)
+{
+    screen_object& other = one.put(kind::button, 1500, 3000, 1500, 600);
+    other.MouseDown = [this] { log.push_back("other down"); };
+    other.MouseUp = [this] { log.push_back("other up"); };
+    hook();
+    open(one);
+    const auto space_on_button = [&] {
+        log.clear();
+        widget(button).setFocus();
+        press(one, Qt::Key_Space);
+        EXPECT_EQ(log, strings{"down"});
+    };
+    space_on_button();
+    release(one, Qt::Key_Space);
+    EXPECT_EQ(log, pair);
+    space_on_button();
+    widget(other).setFocus();
+    release(one, Qt::Key_Space);
+    EXPECT_EQ(log, pair);
+    space_on_button();
+    QTest::mousePress(&widget(other), Qt::LeftButton);
+    release(one, Qt::Key_Space);
+    EXPECT_EQ(log, (strings{"down", "up", "other down"}));
+    QTest::mouseRelease(&widget(other), Qt::LeftButton);
+    EXPECT_EQ(log.back(), "other up");
 }
 
 TEST_F(mouse, a_press_ends_when_the_button_is_disabled_or_the_screen_deactivated_or_hidden)
