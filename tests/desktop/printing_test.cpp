@@ -55,7 +55,7 @@ TEST_F(printing, without_a_printer_goes_to_a_file_or_is_cancelled)
         return pc.print({line}, "SMITH: 1/2");
     };
     const print_outcome cancelled = print_to("");
-    EXPECT_TRUE(cancelled.broken_off && cancelled.reason.empty());
+    EXPECT_TRUE(cancelled.cancelled && cancelled.reason.empty());
     EXPECT_TRUE(QFileInfo(proposed).fileName().startsWith("SMITH_ 1_2 20")) << proposed.toStdString();
     EXPECT_FALSE(QFile::exists(proposed));
     const QString too_long = QString(247, 'r') + ".pdf";   // no room for the ending of the temporary file

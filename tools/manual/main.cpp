@@ -56,7 +56,7 @@ private:
     void order_and_target(gunnery_screen& s, int metres)
     {
         const int position = position_at(metres);
-        t.luck.source = [position] { return (position - 0.5) / 19; };
+        t.random.source = [position] { return (position - 0.5) / 19; };
         tick_while(s.Timpause, [&] { return !s.Timtarget.Enabled; });
         tick_while(s.Timtarget, [&] { return !s.Imgtargets.Visible || !s.targetcalled; });
     }
@@ -236,7 +236,7 @@ private:
         lay_on(s, 45, 2.0 * s.currentrange + 30);
         for (int burst = 0; burst < 5 && !s.targethit; ++burst) {
             key(s, 'D', true);
-            t.luck.source = [] { return 0.35; };
+            t.random.source = [] { return 0.35; };
             for (int i = 0; i < 3; ++i) tick(s.Timcoax);
             if (burst == 1) take_part("coax", s.window, place_of(s.Picrange), 440);
             key(s, 'D', false);
