@@ -79,7 +79,7 @@ private:
     {
         order_and_target(s, metres);
         tap(s, nature);
-        lay_on(s);
+        lay_on(s, 12, -20);   // the debrief takes 0 for never lased
         tap(s, "A");
         hold_autolay_and_load(s);
     }
@@ -196,7 +196,7 @@ private:
     {
         order_and_target(s, 900);
         tap(s, "E");
-        lay_on(s);
+        lay_on(s, 12, -20);
         visual_screen(s);
         take_sight("fin_laid_on", s);
         tap(s, "A");
