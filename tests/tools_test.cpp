@@ -34,12 +34,7 @@ protected:
         return range;
     }
     // As the sight sizes its target there.
-    double side(int i) const
-    {
-        const sight_numbers& n = numbers_of(d_->kind);
-        const double metres = range_.targetrange[i];
-        return std::clamp(metres < n.far ? n.widest - metres / 4 : 0, smallest_target, largest_target);
-    }
+    double side(int i) const { return target_width(numbers_of(d_->kind), range_.targetrange[i], 4); }
 
     headless_machine pc_;
     practice_state range_;

@@ -55,7 +55,8 @@ void setuppanels(trainer& t, gunnery_screen& s)
     hidepanels(t.shared, s);
 }
 
-// Where the buttons' panel is hidden its place says which keys work them, until the practice starts.
+// While the panel of the practice's buttons is hidden, shows their keys in its place until the practice
+// starts.
 void showkeynote(gunnery_screen& s)
 {
     s.keynote.Visible = !s.Frame3.Visible;

@@ -162,18 +162,18 @@ inline constexpr rectangle ticks_left{3480, 2430, 255, 2775}, ticks_right{5640, 
 // A target's width at a range: larger divisors make larger targets.
 inline constexpr double smallest_target = 160;
 inline constexpr double largest_target = 480;
-inline double target_width(const sight_numbers& n, int metres, int divisor)
+inline double target_width(const sight_numbers& n, double metres, int divisor)
 {
-    const int range = std::max(metres, n.nearest);
-    const double width = range < n.far ? n.widest - static_cast<double>(range) / divisor : smallest_target;
+    const double range = std::max<double>(metres, n.nearest);
+    const double width = range < n.far ? n.widest - range / divisor : smallest_target;
     return std::clamp(width, smallest_target, largest_target);
 }
 
-// Where the corner of a round hits, against the corner of the target; twips, the edges themselves are a miss.
+// Where the corner of a round hits, relative to the corner of the target. The edges are a miss.
 struct kill_box {
     double left, right, top, bottom;
 };
-// The margin is taken off all sides; at the top of a thermal target it isn't.
+// The margin is taken off all sides, on the thermal sight all but the top.
 inline kill_box kill_box_of(sight_kind kind, double width, double height, double margin)
 {
     return {margin, width - margin, kind == sight_kind::visual ? margin : 0, height - margin};

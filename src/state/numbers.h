@@ -58,7 +58,6 @@ struct table {
     constexpr T& operator[](int i) { return cells[static_cast<std::size_t>(i)]; }
     constexpr const T& operator[](int i) const { return cells[static_cast<std::size_t>(i)]; }
     static constexpr int size() { return N; }
-    void fill(const T& value) { cells.fill(value); }
     constexpr auto begin() { return cells.begin(); }
     constexpr auto end() { return cells.end(); }
     constexpr auto begin() const { return cells.begin(); }

@@ -154,9 +154,9 @@ void shoot_in_turn(const std::string& file, sight_kind sight, int first, int16 b
     // Puts the position that is next in turn in place of all others.
     d.t.random.source = [&p, &range, first, other = random_numbers{}]() mutable {
         const int turn = std::min(first - 1 + p.engagement, 19);
-        p.targetx.fill(range.targetx[turn]);
-        p.targety.fill(range.targety[turn]);
-        p.targetrange.fill(range.targetrange[turn]);
+        std::ranges::fill(p.targetx, range.targetx[turn]);
+        std::ranges::fill(p.targety, range.targety[turn]);
+        std::ranges::fill(p.targetrange, range.targetrange[turn]);
         return Rnd(other);
     };
     g.fire_practice();

@@ -1,6 +1,7 @@
 // The sequence of a practice in which no round is fired, and what interrupts it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <set>
@@ -460,9 +461,9 @@ TEST_F(during_the_lay, exit_cancelled)
 TEST_P(practice_on, a_range_with_extreme_positions)
 {
     practice_state range = plain_range(GetParam());
-    range.targetx.fill(2'000'000'000);
-    range.targety.fill(-2'147'483'647);
-    range.targetrange.fill(32767);
+    std::ranges::fill(range.targetx, 2'000'000'000);
+    std::ranges::fill(range.targety, -2'147'483'647);
+    std::ranges::fill(range.targetrange, 32767);
     range.targetrange[7] = 5000;   // too far for FIN and COAX, but the nearest
     d.data.put_range(visual ? "visualrange.arf" : "Thermalrange.arf", range);
     d.start();

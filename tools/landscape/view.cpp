@@ -27,11 +27,8 @@ view view_of(const country& land, int scale)
 
 float target_side(vorn::sight_kind sight, float range)
 {
-    constexpr float targetsize = 4;   // the default
-    const vorn::sight_numbers& numbers = vorn::numbers_of(sight);
-    const auto smallest = real(vorn::smallest_target), largest = real(vorn::largest_target);
-    const float width = range < real(numbers.far) ? real(numbers.widest) - range / targetsize : smallest;
-    return std::clamp(width, smallest, largest);
+    constexpr int targetsize = 4;   // the default
+    return real(vorn::target_width(vorn::numbers_of(sight), range, targetsize));
 }
 
 float agreeing_row(const country& land, float range)
