@@ -247,11 +247,13 @@ void wronground(trainer& t, gunnery_screen& s)
         playsound(t, s, c.voice);   // the thermal screen plays it with voices off too
 }
 
-double flightseconds(const gunnery_screen& s, double metres_a_second)
+constexpr double fin_speed = 1500, hesh_speed = 670;   // metres per second
+// Seconds. No event is handled during a flight; with the re-lay this makes 4 seconds at most.
+constexpr double longest_flight = 3.4;
+
+double flightseconds(const gunnery_screen& s, double speed)
 {
-    constexpr double longest =
-        3.4;   // no event is handled meanwhile; with the re-lay this makes 4 seconds at most
-    return std::clamp(s.currentrange / metres_a_second, 0.0, longest);
+    return std::clamp(s.currentrange / speed, 0.0, longest_flight);
 }
 
 void shotsound(trainer& t, gunnery_screen& s)
@@ -288,7 +290,7 @@ void firefin(trainer& t, gunnery_screen& s, int round)
     s.ammo.Width = s.ammo.Height = n.size;
     s.ammo.Left = s.mbs1.Left;
     s.ammo.Top = from;
-    count(t.pc, from, to, n.step, flightseconds(s, 1500), [&](double y) {
+    count(t.pc, from, to, n.step, flightseconds(s, fin_speed), [&](double y) {
         s.ammo.Top = y + spready;
         s.ammo.Height = std::max(s.ammo.Height - n.shrink, n.smallest);
         s.ammo.Width = std::max(s.ammo.Width - n.shrink, n.smallest);
@@ -326,7 +328,7 @@ void firehesh(trainer& t, gunnery_screen& s, int round)
     s.ammo.Left = s.mbs1.Left + (s.windoffset - static_cast<double>(s.heshcorrection));
     s.ammo.Visible = true;
     int c = 1;
-    count(t.pc, from, to - relayed, n.step, flightseconds(s, 670), [&](double y) {
+    count(t.pc, from, to - relayed, n.step, flightseconds(s, hesh_speed), [&](double y) {
         c = std::min(c + 1, 340);
         s.ammo.Height = 360 - c;
         s.ammo.Width = 360 - c;
