@@ -15,8 +15,8 @@ std::vector<printed_line> report_lines(const practice_state&);
 
 // Prints the report on the default printer, or into a file that is named after the student.
 print_outcome print_report(machine&, const practice_state&);
-// Writes it to "printtest.txt" in the working directory, in place of any file of that name. Gives the reason
-// when it can't, empty when it did.
+// Writes it to "printtest.txt" in the working directory, and replaces a file of that name. Returns the reason
+// of a failure, empty on success.
 std::string write_text_report(const machine&, const practice_state&);
 
 }   // namespace vorn

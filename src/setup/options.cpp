@@ -12,7 +12,7 @@ using P = practice_state;
 
 // A line of the summary of what is set up.
 struct line {
-    int number = -1;   // none
+    int number = -1;   // -1: none
     const char* text = nullptr;
 };
 

@@ -166,10 +166,9 @@ TEST_F(setup, options_stay_after_a_practice)
     pc.click(s.Optcon2);
     pc.click(s.Optcontroller2);
     pc.click(s.Opttargets2);
-    pc.answers = {{true}};
     pc.event(s.Cmdstart.MouseMove);
     pc.wait(2);
-    pc.click(s.Cmdstart);
+    pc.confirm(s.Cmdstart);
     EXPECT_EQ(p.targetcount, 9);
     pc.click(t.simulator.Cmdmain);
     EXPECT_FALSE(s.Lblhelp.Visible || s.Timhelp.Enabled) << "the click ended it";

@@ -19,8 +19,7 @@ void play(vorn::headless_machine& pc, vorn::trainer& t, bool thermal)
     pc.click(t.intro.lblstart);
     if (thermal) pc.click(t.startsim.Optmode2);
     pc.click(t.startsim.Optcon2);
-    pc.answers = {{true, 0}};
-    pc.click(t.startsim.Cmdstart);
+    pc.confirm(t.startsim.Cmdstart);
     pc.click(s.Cmdstartsim);
     while (!pc.ended && s.simrunning) pc.advance(1);
 }
