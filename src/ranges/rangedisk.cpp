@@ -47,7 +47,6 @@ taken loadpicture(trainer& t, const std::string& path)
         return taken::unsuitable;
     }
     putpicture(s, std::move(*loaded.result));
-    s.Imagerange.Visible = true;
     s.outcome.Caption.clear();
     if (!kept)
         t.pc.message_box({lines({"THE PATH OF THAT PICTURE IS TOO LONG FOR A RANGE FILE",
@@ -97,7 +96,6 @@ std::string showpicture(trainer& t)
     loaded_picture loaded = t.pc.load_picture(file);
     if (!loaded.result) return "Its picture " + file + " could not be loaded. " + loaded.reason;
     putpicture(s, std::move(*loaded.result));
-    s.Imagerange.Visible = true;
     proposerange(s);
     return {};
 }

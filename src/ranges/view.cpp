@@ -130,6 +130,7 @@ void putpicture(rauthor_screen& s, picture p)
     hangpicture(s, std::move(p));
     s.Imagerange.Left = -s.Imagerange.Width / 2;
     s.Imagerange.Top = -s.Imagerange.Height / 2;
+    s.Imagerange.Visible = true;
     scaleoverview(s);
     findband(s);
     showmiddle(s);
