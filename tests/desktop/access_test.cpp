@@ -31,11 +31,11 @@ double contrast(const QColor& a, const QColor& b)
 // The background of an object: its own, or that of the nearest container.
 QColor background(const screen_object& object)
 {
-    if (object.kind == object_kind::button) return furniture::face;
-    if (object.kind == object_kind::textbox) return furniture::field;
+    if (object.kind == object_kind::button) return control_colour::face;
+    if (object.kind == object_kind::textbox) return control_colour::field;
     if (object.BackColor != colour::ground) return back_shade(object.BackColor);
     for (const screen_object* o = object.parent; o != nullptr; o = o->parent) {
-        if (o->kind == object_kind::frame) return furniture::panel;
+        if (o->kind == object_kind::frame) return control_colour::panel;
         if (o->kind == object_kind::sight) return shade(colour::black);
     }
     return shade(colour::ground);
@@ -60,7 +60,7 @@ TEST_F(accessibility, texts_have_sufficient_contrast)
             if (!text || outlined || f == &t.intro.window) continue;
             const bool frame = o->kind == object_kind::frame;
             const QColor ink = shade(frame && o->ForeColor == colour::text ? colour::dim : o->ForeColor);
-            const QColor ground = frame ? QColor(furniture::panel) : background(*o);
+            const QColor ground = frame ? QColor(control_colour::panel) : background(*o);
             EXPECT_GE(contrast(ink, ground), 4.5)
                 << f->name << ": " << o->Caption << o->Text << o->AccessibleName << ' '
                 << ink.name().toStdString() << " on " << ground.name().toStdString();

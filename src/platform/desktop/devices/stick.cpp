@@ -16,8 +16,8 @@ namespace {
 
 // SDL's axes run from -32768 to 32767; the system's from 0 to 65535.
 constexpr long axis_max = 65535, centre = 32768;
-constexpr int takeover_distance =
-    16384;   // half of the way to the end: more than drift or an accidental touch
+// Half of the way to the end: more than drift or an accidental touch.
+constexpr int takeover_distance = 16384;
 // Milliseconds.
 constexpr int search_interval = 500;   // while no stick is in use
 constexpr int start_delay = 400;       // until the first window is up: the first search is slow

@@ -67,7 +67,7 @@ public:
 protected:
     void wheelEvent(QWheelEvent* e) override
     {
-        constexpr double notch = 120;   // the toolkit's units of one notch of the wheel
+        constexpr double notch = 120;   // of the wheel, in Qt's units
         if (!e->modifiers().testFlag(Qt::ControlModifier)) return QTextBrowser::wheelEvent(e);
         zoom(*this, e->angleDelta().y() / notch);
     }

@@ -94,10 +94,11 @@ static void draw_label(QPainter& p, const object_fields& o, const QRect& at, dou
     if (o.BackColor != colour::ground) p.fillRect(at, back_shade(o.BackColor));
     p.setFont(text_font(o.size, o.bold, scale));
     const int flags = static_cast<int>(text_alignment(o)) | Qt::TextWordWrap;
-    const int rim = std::max(1, static_cast<int>(std::lround(scale)));
+    const int outline = std::max(1, static_cast<int>(std::lround(scale)));
     p.setPen(QColor(0, 0, 0, 210));
     if (o.ForeColor == colour::sight)
-        for (const QPoint d : {QPoint(-rim, 0), QPoint(rim, 0), QPoint(0, -rim), QPoint(0, rim)})
+        for (const QPoint d :
+             {QPoint(-outline, 0), QPoint(outline, 0), QPoint(0, -outline), QPoint(0, outline)})
             p.drawText(at.translated(d), flags, text);
     p.setPen(shade(o.ForeColor));
     p.drawText(at, flags, text);

@@ -16,6 +16,8 @@ namespace vorn {
 
 namespace {
 
+constexpr QColor outline(0, 0, 0, 150);
+
 // Marks are defined in twips from their top-left corner and drawn at any size.
 struct canvas {
     QPainter& p;
@@ -35,7 +37,7 @@ void stroke(const canvas& s, const QPainterPath& path, double width = 1.3)
     const double line = std::max(1.0, width * s.scale());
     s.p.setRenderHint(QPainter::Antialiasing);
     s.p.setBrush(Qt::NoBrush);
-    s.p.setPen(QPen(QColor(0, 0, 0, 150), line * 2.6, Qt::SolidLine, Qt::FlatCap));
+    s.p.setPen(QPen(outline, line * 2.6, Qt::SolidLine, Qt::FlatCap));
     s.p.drawPath(path);
     s.p.setPen(QPen(shade(colour::sight), line, Qt::SolidLine, Qt::FlatCap));
     s.p.drawPath(path);
@@ -62,7 +64,7 @@ void figure(const canvas& s, const QPointF& middle, double pixels, const QString
     QPainterPath path;
     path.addText(middle - QPointF(size.horizontalAdvance(text) / 2, -size.capHeight() / 2), font, text);
     s.p.setRenderHint(QPainter::Antialiasing);
-    s.p.strokePath(path, QPen(QColor(0, 0, 0, 150), std::max(1.0, 2 * s.scale())));
+    s.p.strokePath(path, QPen(outline, std::max(1.0, 2 * s.scale())));
     s.p.fillPath(path, shade(colour::sight));
 }
 
@@ -165,7 +167,7 @@ void ballistic_mark(QPainter& p, const QRectF& at)
     for (const double x : {12.0, 468.0})
         for (const double y : {12.0, 468.0}) corner(s, path, x, y, 110);
     stroke(s, path, 1.6);
-    s.p.setPen(QPen(QColor(0, 0, 0, 150), 1));
+    s.p.setPen(QPen(outline, 1));
     s.p.setBrush(shade(colour::sight));
     const double r = 2 * s.scale();
     s.p.drawEllipse(s.point(240, 240), r, r);

@@ -193,17 +193,18 @@ void form_window::resizeEvent(QResizeEvent*)
     if (fitted_ != size()) fit_scale();
 }
 
-// A dark rim sets each sight off from the panels beside it.
+// Each sight has a dark border.
 void form_window::paintEvent(QPaintEvent*)
 {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(QColor(furniture::edge), std::max(1.0, style_.scale)));
-    p.setBrush(QColor(furniture::shadow));
-    const double rim = 5 * style_.scale;
+    p.setPen(QPen(QColor(control_colour::edge), std::max(1.0, style_.scale)));
+    p.setBrush(QColor(control_colour::shadow));
+    const double border = 5 * style_.scale;
     for (const auto& s : objects_)
         if (s->drawn.kind == object_kind::sight && s->widget->isVisible() && s->widget->parent() == this)
-            p.drawRoundedRect(QRectF(s->widget->geometry()).adjusted(-rim, -rim, rim, rim), rim, rim);
+            p.drawRoundedRect(QRectF(s->widget->geometry()).adjusted(-border, -border, border, border),
+                              border, border);
     if (!std::exchange(painted_, true)) QTimer::singleShot(0, this, [this] { pc_.hide_leaving(); });
 }
 

@@ -52,7 +52,7 @@ QRectF inside(const QRect& r, double line)
 
 QColor outline(const QStyleOption& o)
 {
-    const QColor edge(furniture::edge);
+    const QColor edge(control_colour::edge);
     if (!has(o, QStyle::State_Enabled)) return edge;
     if (has(o, QStyle::State_HasFocus)) return shade(colour::live);
     return has(o, QStyle::State_MouseOver) ? mixed(edge, shade(colour::live), 0.6) : edge.lighter(125);
@@ -60,9 +60,9 @@ QColor outline(const QStyleOption& o)
 
 QColor button_face(const QStyleOption& o)
 {
-    const QColor face(furniture::face);
+    const QColor face(control_colour::face);
     if (!has(o, QStyle::State_Enabled)) return mixed(face, shade(colour::ground), 0.65);
-    if (has(o, QStyle::State_Sunken)) return QColor(furniture::field);
+    if (has(o, QStyle::State_Sunken)) return QColor(control_colour::field);
     return has(o, QStyle::State_MouseOver) ? face.lighter(122) : face;
 }
 
@@ -93,7 +93,7 @@ QColor mark_shade(const QStyleOption& o)
 void draw_indicator_well(QPainter& p, const QStyleOption& o, double radius, double scale)
 {
     const double line = std::max(1.0, scale);
-    p.setBrush(QColor(furniture::field));
+    p.setBrush(QColor(control_colour::field));
     p.setPen(QPen(outline(o), line));
     p.drawRoundedRect(inside(o.rect, line), radius, radius);
 }
@@ -132,8 +132,8 @@ void draw_focus(QPainter& p, const QStyleOption& o, double scale)
 void draw_field(QPainter& p, const QStyleOption& o, double scale)
 {
     const double line = std::max(1.0, scale);
-    const QColor field(furniture::field);
-    p.setBrush(has(o, QStyle::State_Enabled) ? field : mixed(field, QColor(furniture::panel), 0.6));
+    const QColor field(control_colour::field);
+    p.setBrush(has(o, QStyle::State_Enabled) ? field : mixed(field, QColor(control_colour::panel), 0.6));
     p.setPen(QPen(outline(o), line));
     p.drawRoundedRect(inside(o.rect, line), 2 * scale, 2 * scale);
 }
@@ -142,7 +142,7 @@ void draw_frame(QPainter& p, const QStyleOptionGroupBox& o, double scale)
 {
     const double line = std::max(1.0, scale);
     p.setBrush(o.palette.window());
-    p.setPen(QPen(QColor(furniture::edge), line));
+    p.setPen(QPen(QColor(control_colour::edge), line));
     p.drawRoundedRect(inside(o.rect, line), 4 * scale, 4 * scale);
     const QRectF title = QRectF(o.rect).adjusted(8 * scale, 2 * scale, -4 * scale, 0);
     p.setPen(o.palette.color(QPalette::WindowText));
@@ -156,11 +156,11 @@ void draw_slider(QPainter& p, const QStyleOptionSlider& o, const QRect& knob, do
     const QRectF groove(o.rect.left(), middle - 2.5 * scale, o.rect.width(), 5 * scale);
     QRectF passed = groove;
     passed.setRight(knob.center().x());
-    p.setPen(QPen(QColor(furniture::edge), std::max(1.0, scale)));
-    p.setBrush(QColor(furniture::field));
+    p.setPen(QPen(QColor(control_colour::edge), std::max(1.0, scale)));
+    p.setBrush(QColor(control_colour::field));
     p.drawRoundedRect(groove, 2.5 * scale, 2.5 * scale);
     p.setPen(Qt::NoPen);
-    p.setBrush(mixed(QColor(furniture::field), mark_shade(o), 0.75));
+    p.setBrush(mixed(QColor(control_colour::field), mark_shade(o), 0.75));
     p.drawRoundedRect(passed, 2.5 * scale, 2.5 * scale);
     QStyleOption face = o;
     face.rect = knob;
@@ -233,9 +233,9 @@ static void set_text_roles(QPalette& p, const QColor& c)
 
 QPalette form_palette()
 {
-    QPalette p(QColor(furniture::face), shade(colour::ground));
-    p.setColor(QPalette::Base, QColor(furniture::field));
-    p.setColor(QPalette::AlternateBase, QColor(furniture::panel));
+    QPalette p(QColor(control_colour::face), shade(colour::ground));
+    p.setColor(QPalette::Base, QColor(control_colour::field));
+    p.setColor(QPalette::AlternateBase, QColor(control_colour::panel));
     p.setColor(QPalette::Highlight, mixed(shade(colour::ground), shade(colour::live), 0.55));
     p.setColor(QPalette::HighlightedText, shade(colour::white));
     p.setColor(QPalette::Link, shade(colour::live));

@@ -198,7 +198,7 @@ void set_colours(QWidget& w, const object_fields& o)
     const bool frame = o.kind == object_kind::frame;
     const colour fore = frame && o.ForeColor == colour::text ? colour::dim : o.ForeColor;
     QPalette p = object_palette(fore, o.BackColor);
-    if (frame && o.BackColor == colour::ground) p.setColor(QPalette::Window, QColor(furniture::panel));
+    if (frame && o.BackColor == colour::ground) p.setColor(QPalette::Window, QColor(control_colour::panel));
     w.setPalette(p);
     w.setAutoFillBackground(o.kind == object_kind::label && o.BackColor != colour::ground &&
                             qobject_cast<QLabel*>(&w) != nullptr);
