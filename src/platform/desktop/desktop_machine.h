@@ -66,7 +66,7 @@ public:
     form_window* window_of(const QObject* handle) const;   // of a QWindow
     const QIcon& icon() const { return icon_; }
 
-    // Set by tests: ends the process; real time in seconds; whether there is a printer.
+    // Tests replace these: the end of the process, real time in seconds, and whether there is a printer.
     std::function<void()> leave;
     std::function<double()> world_clock;
     std::function<bool()> printer_present;
