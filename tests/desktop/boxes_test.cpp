@@ -94,7 +94,7 @@ TEST_F(boxes, columns_of_a_file_dialog_fit_the_names_and_can_be_dragged)
     pc.choose_file({"OPEN RANGE", "Range Files (*.arf)|*.arf|", folder.path().toStdString(), ""});
 }
 
-TEST_F(boxes, an_open_dialog_offers_all_files_and_one_for_a_picture_all_that_can_be_read)
+TEST_F(boxes, an_open_dialog_offers_all_files_and_for_pictures_all_formats)
 {
     open(one);
     const auto offered = [&](bool save, bool picture) {

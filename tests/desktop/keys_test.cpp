@@ -90,7 +90,7 @@ TEST_F(keys, of_an_access_key_click_its_button_and_do_not_go_to_the_form)
     EXPECT_EQ(log, strings{"click"});
 }
 
-TEST_F(keys, work_the_buttons_of_a_hidden_panel)
+TEST_F(keys, click_the_buttons_of_a_hidden_panel)
 {
     screen_object& panel = one.put(object_kind::frame, 0, 0, 3000, 3000);
     screen_object& start = one.put(object_kind::button, 0, 0, 1500, 300, &panel);
@@ -107,7 +107,7 @@ TEST_F(keys, work_the_buttons_of_a_hidden_panel)
         return std::exchange(log, {});
     };
     open(one);
-    EXPECT_EQ(both(), strings{"start"}) << "by the access key";
+    EXPECT_EQ(both(), strings{"start"}) << "as an access key";
     pc.run([&] { panel.Visible = false; });
     EXPECT_EQ(both(), (strings{"start", "leave"}));
     pc.run([&] { start.Enabled = false; });

@@ -104,7 +104,7 @@ TEST_F(objects, a_disabled_button_passes_its_focus_to_no_other)
         one.f.takes_focus = &start;
         start.Enabled = true;
     });
-    EXPECT_TRUE(widget(start).hasFocus()) << "a handler says who has it";
+    EXPECT_TRUE(widget(start).hasFocus()) << "the handler has set the focus";
     EXPECT_EQ(one.f.takes_focus, nullptr);
 }
 
@@ -185,7 +185,7 @@ TEST_F(objects, typing_is_reported_and_keeps_the_cursor)
     EXPECT_EQ(box.cursorPosition(), 3);
 }
 
-TEST_F(objects, arriving_in_a_text_box_selects_what_stands_there)
+TEST_F(objects, a_text_box_that_gets_the_focus_selects_its_text)
 {
     screen_object& name = one.put(kind::textbox, 0, 0, 1500, 300);
     screen_object& number = one.put(kind::textbox, 0, 600, 1500, 300);
@@ -194,7 +194,7 @@ TEST_F(objects, arriving_in_a_text_box_selects_what_stands_there)
     number.Text = "000";
     open(one);
     auto& box = widget<QLineEdit>(name);
-    EXPECT_EQ(box.selectedText(), "nameless") << "the focus to begin with";
+    EXPECT_EQ(box.selectedText(), "nameless") << "the initial focus";
     click(number);
     QTest::keyClicks(&widget<QLineEdit>(number), "123");
     EXPECT_EQ(number.Text, "123");
@@ -206,7 +206,7 @@ TEST_F(objects, arriving_in_a_text_box_selects_what_stands_there)
     EXPECT_EQ(widget<QLineEdit>(number).selectedText(), "1234");
 }
 
-TEST_F(objects, a_picture_says_where_it_was_clicked_and_a_pale_one_is_faint)
+TEST_F(objects, a_picture_reports_where_it_was_clicked_and_is_faint_if_pale)
 {
     screen_object& picture = one.put(kind::image, 1500, 1500, 3000, 1500);
     picture.Picture.source = ":lamp_green";
@@ -214,15 +214,15 @@ TEST_F(objects, a_picture_says_where_it_was_clicked_and_a_pale_one_is_faint)
         log.push_back(std::to_string(std::lround(x)) + ' ' + std::to_string(std::lround(y)));
     };
     open(one, 2048, 1536);
-    QTest::mouseClick(window(one).widget(picture), Qt::LeftButton, {}, QPoint(100, 60));
+    QTest::mouseClick(&widget(picture), Qt::LeftButton, {}, QPoint(100, 60));
     EXPECT_EQ(log, strings{"750 450"});
     const QPoint middle(200, 100);
-    const QColor full = window(one).widget(picture)->grab().toImage().pixelColor(middle);
+    const QColor full = widget(picture).grab().toImage().pixelColor(middle);
     pc.run([&] { picture.Pale = true; });
-    const QColor pale = window(one).widget(picture)->grab().toImage().pixelColor(middle);
+    const QColor pale = widget(picture).grab().toImage().pixelColor(middle);
     EXPECT_LT(pale.green(), full.green() - 30);
     pc.run([&] { picture.Enabled = false; });
-    QTest::mouseClick(window(one).widget(picture), Qt::LeftButton);
+    QTest::mouseClick(&widget(picture), Qt::LeftButton);
     EXPECT_EQ(log.size(), 1U);
 }
 

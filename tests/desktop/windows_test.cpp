@@ -171,7 +171,7 @@ TEST_F(windows, a_screen_that_comes_to_the_front_arrives_once)
     EXPECT_EQ(log, strings{"one"});
 }
 
-TEST_F(windows, the_mouse_that_leaves_the_window_leaves_the_screen)
+TEST_F(windows, the_screen_is_notified_when_the_mouse_leaves_the_window)
 {
     one.f.MouseLeave = [&] { log.push_back("left"); };
     open(one);
