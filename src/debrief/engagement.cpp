@@ -86,7 +86,9 @@ void place_markers(const practice_state& p, results_screen& s, int round)
     place(s.Imagepoa, left - p.recaimx[e][round] * scale, top + p.recaimy[e][round] * scale);
     place(s.Imglaze, left - p.reclazex[e] * scale, top + p.reclazey[e] * scale);
     place(s.Imgfos, left - p.recfallx[e][round] * scale, top - p.recfally[e][round] * scale);
-    s.Imagepoa.Pale = s.Imgfos.Pale = p.recrounds[e] < 1;
+    s.Imagepoa.Pale = p.recrounds[e] < 1;
+    // Auto-repeats of the trigger in a visual coax burst have an aim and no fall.
+    s.Imgfos.Pale = s.Imagepoa.Pale || (p.recfallx[e][round] == 0 && p.recfally[e][round] == 0);
     s.Imglaze.Pale = p.reclazex[e] == 0 && p.reclazey[e] == 0;
     show_round(s, round);
 }
@@ -152,6 +154,7 @@ void target(trainer& t)
     point_at_target(t.shared, s);
     show_markers(t.shared, s);
     show_round_buttons(t.shared, s);
+    s.Imgthermtarget.Pale = true;   // until a round button places it
     s.Frame1.Visible = t.shared.recsystem[s.selectedengagement] != "TLS ONLY";
 }
 
@@ -182,6 +185,7 @@ void cmdround_click(trainer& t, int round)
     place_markers(t.shared, s, round);
     place(s.Imgthermtarget, s.Imgbam.Left + t.shared.recaimx[e][round],
           s.Imgbam.Top - t.shared.recaimy[e][round]);
+    s.Imgthermtarget.Pale = s.Imagepoa.Pale;
 }
 
 }   // namespace

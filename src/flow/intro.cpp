@@ -68,9 +68,15 @@ void make_intro(trainer& t)
     s.lblhelp.Click = [&t] { openhelp(t); };
     s.lblexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", "V. O. R. N."); };
     for (screen_object* o : {&s.lblstart, &s.lblabout, &s.lblhelp, &s.lblexit})
-        o->MouseMove = [o] { o->ForeColor = colour::highlight; };
+        o->MouseMove = [&s, o] {
+            unhighlight(s);
+            o->ForeColor = colour::highlight;
+        };
     s.Image1.MouseMove = s.window.MouseLeave = [&s] { unhighlight(s); };
-    s.window.arrival = [&t] { finddata(t); };
+    s.window.arrival = [&t, &s] {
+        unhighlight(s);   // a word that was clicked to leave the screen
+        finddata(t);
+    };
 }
 
 void start_program(trainer& t)
@@ -84,8 +90,8 @@ void start_program(trainer& t)
     load(t.pc, t.results.window);
 }
 
-// The user may choose a file in the folder "ranges" instead: the program directory itself may contain no file.
-// A program directory can also be named "ranges"; the manual is then in the folder "ranges" in it.
+// The user may choose a file in the folder "ranges" instead: the program directory itself may contain no
+// file. A program directory can also be named "ranges"; the manual is then in the folder "ranges" in it.
 static std::filesystem::path directory_of(const std::string& file)
 {
     const std::filesystem::path folder = from_utf8(file).parent_path();

@@ -102,7 +102,12 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     EXPECT_LT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "and the hit inside";
     EXPECT_TRUE(s.cmdround2.bold && !s.Cmdround1.bold);
     expect_at(s.Imgthermtarget, s.Imgbam.Left + 56, s.Imgbam.Top - 602, "thermal target");
+    EXPECT_FALSE(s.Imgthermtarget.Pale);
+    p.recfallx[1][2] = p.recfally[1][2] = 0;   // as an auto-repeat of a coax burst leaves it
+    d.pc.click(s.cmdround2);
+    EXPECT_TRUE(s.Imgfos.Pale && !s.Imagepoa.Pale);
     d.pc.click(s.Lbltgtnumber[2]);
+    EXPECT_TRUE(s.Imgthermtarget.Pale);
     EXPECT_EQ(s.Lbltarget.Caption + s.Lbltime.Caption, "NO100");
     expect_at(s.Imgfos, 2040, 1560, "nothing was fired");
     EXPECT_TRUE(s.Imagepoa.Pale && s.Imgfos.Pale && s.Imglaze.Pale);

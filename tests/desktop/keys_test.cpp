@@ -110,6 +110,8 @@ TEST_F(keys, click_the_buttons_of_a_hidden_panel)
     EXPECT_EQ(both(), strings{"start"}) << "as an access key";
     pc.run([&] { panel.Visible = false; });
     EXPECT_EQ(both(), (strings{"start", "leave"}));
+    QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier | Qt::ControlModifier);   // AltGr
+    EXPECT_TRUE(log.empty());
     pc.run([&] { start.Enabled = false; });
     EXPECT_EQ(both(), strings{"leave"});
 }

@@ -50,8 +50,13 @@ TEST_F(program, starts_with_a_box_and_the_title_screen)
     pc.event(t.intro.window.MouseLeave);
     EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::text);
     pc.event(t.intro.lblhelp.MouseMove);
-    pc.event(t.intro.Image1.MouseMove);
+    pc.event(t.intro.lblexit.MouseMove);
     EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::text);
+    pc.event(t.intro.Image1.MouseMove);
+    EXPECT_EQ(t.intro.lblexit.ForeColor, colour::text);
+    pc.event(t.intro.lblexit.MouseMove);
+    pc.event(t.intro.window.arrival);
+    EXPECT_EQ(t.intro.lblexit.ForeColor, colour::text);
     pc.click(t.intro.lblhelp);
     EXPECT_EQ(pc.of_kind("help"), std::vector<std::string>{data.ranges() + "/vorn.HLP"});
 }

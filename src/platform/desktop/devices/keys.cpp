@@ -158,7 +158,8 @@ bool keyboard::pressed(form_window* w, const QKeyEvent& e)
     }
     const int code = virtual_key(e);
     const bool alt = e.modifiers().testFlag(Qt::AltModifier);
-    if (screen_object* button = button_of_key(w->model, code, alt)) {
+    const bool alt_gr = alt && e.modifiers().testFlag(Qt::ControlModifier);
+    if (screen_object* button = alt_gr ? nullptr : button_of_key(w->model, code, alt)) {
         if (!held) pc_.run(button->Click);
         return true;
     }
