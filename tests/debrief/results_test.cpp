@@ -74,8 +74,8 @@ TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
         "FULL FIN 2 YES");
     EXPECT_EQ(s.lbltargetrange.Caption, "1100");
     EXPECT_EQ(s.Lbltgtnumber[1].ForeColor, colour::red);
-    // 4295 x 2121 pixels on a strip of 15045 x 3000 twips: scales of 4 and 11.
     EXPECT_FALSE(s.Imagepoa.Pale || s.Imgfos.Pale || s.Imglaze.Pale);
+    // 4295 x 2121 pixels on a strip of 15045 x 3000 twips: scales of 4 and 11.
     expect_at(s.imgtargetpointer, 120 + 51000 / 4.0, 360 + 15500 / 11.0, "pointer");
 }
 
@@ -87,7 +87,7 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     expect_at(s.Imagepoa, 2040 + 4 * 44, 1560 + 4 * 652, "aim 1");
     expect_at(s.Imgfos, 2040 + 4 * 300, 1560 + 4 * 100, "fall 1");
     expect_at(s.Imgreptarget, 2040, 1560, "centre");
-    // The box begins and ends a quarter of the width from the target's edges; marks are 480 wide.
+    // The box begins and ends a quarter of the width from the edges of the target; marks are 480 wide.
     expect_at(s.killbox, 2040 + 240 + 385, 1560 + 240 + 385, "kill box");
     EXPECT_TRUE(s.killbox.Width == 770 && s.killbox.Height == 770);
     EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";
@@ -178,7 +178,7 @@ TEST_F(debrief, the_record_decides_which_marks_are_visible)
     EXPECT_TRUE(s.Frame1.Visible);
     EXPECT_FALSE(s.Imgfos.Visible || s.killbox.Visible || s.Imglaze.Visible || s.Imagepoa.Visible ||
                  s.Imgreptarget.Visible)
-        << "it was never measured";
+        << "width 0: not measured";
     d.pc.click(s.Lbltgtnumber[5]);
     EXPECT_TRUE(s.cmdround2.Visible && !s.Cmdround3.Visible && s.cmdround4.Visible);
     const struct {

@@ -116,7 +116,7 @@ TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
     }
 }
 
-TEST_F(author, a_click_on_the_whole_range_moves_the_point_as_far_as_the_arrows_could)
+TEST_F(author, a_click_on_the_overview_moves_the_point_as_far_as_the_arrows_can)
 {
     new_range("MOOR", false, "moor.vrp");
     const double across = 43560 / 14000.0, down = 7335 / 5000.0;
@@ -131,7 +131,7 @@ TEST_F(author, a_click_on_the_whole_range_moves_the_point_as_far_as_the_arrows_c
         for (screen_object* arrow :
              {corner > 0 ? &s.cmdright : &s.cmdleft, corner > 0 ? &s.Cmddown : &s.cmdup})
             move(*arrow, 3);
-        EXPECT_TRUE(s.pointx == x && s.pointy == y) << "no arrow leads further";
+        EXPECT_TRUE(s.pointx == x && s.pointy == y) << "no arrow moves it further";
         EXPECT_NEAR(x, corner > 0 ? 43560 - 1320 : 1800, 100);
         EXPECT_NEAR(y, corner > 0 ? 7335 - 1160 : 1560, 100);
     }
@@ -140,30 +140,29 @@ TEST_F(author, a_click_on_the_whole_range_moves_the_point_as_far_as_the_arrows_c
     const double x = s.pointx;
     pc.wait(tick * 1.5);
     pc.release(s.cmdright);
-    EXPECT_GT(s.pointx, x) << "an arrow that is held goes on its way";
+    EXPECT_GT(s.pointx, x) << "a pressed arrow keeps its direction";
 }
 
 TEST_F(author, shows_the_target_of_the_chosen_icon_at_the_size_of_its_range)
 {
     new_range("MOOR", false, "moor.vrp");
-    EXPECT_FALSE(s.shown_target.Visible) << "there is no range yet";
+    EXPECT_FALSE(s.shown_target.Visible) << "no range yet";
     enter_range("1000");
     EXPECT_TRUE(s.shown_target.Visible && s.shown_target.Pale);
     EXPECT_EQ(s.shown_target.Width, 660 - 1000 / 4.0);
     enter_range("2500");
     EXPECT_EQ(s.shown_target.Width, 160);
     enter_range("300");
-    EXPECT_EQ(s.shown_target.Height, 480) << "nearer than 600 is taken as 600";
+    EXPECT_EQ(s.shown_target.Height, 480) << "nearer than 600 counts as 600";
     new_range("MOOR", true, "moor.vrp");
     enter_range("1000");
     EXPECT_EQ(s.shown_target.Width, 560 - 1000 / 4.0);
     d.data.put("target icons/own.ico", picture_head(64, 64));
-    pc.files = {path("target icons/own.ico")};
-    pc.click(s.Imgtarget[3]);
+    pc.choose(s.Imgtarget[3], path("target icons/own.ico"));
     EXPECT_EQ(s.shown_target.Picture.width, 960);
     move(s.cmdup, 1);
     EXPECT_EQ(s.shown_target.Width, 560 - std::stod(s.Lbltgtrange.Caption) / 4);
-    p.targetsize = 8;   // set on the set-up, over which the author stands
+    p.targetsize = 8;   // set on the set-up screen beneath
     pc.activate(d.t.startsim.window);
     pc.activate(s.window);
     enter_range("1000");
