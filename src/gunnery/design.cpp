@@ -82,7 +82,7 @@ void practice_buttons(gunnery_screen& s, const layout& l)
                     {'P', true, &s.Cmdpausesim},
                     {'G', true, &s.Cmdtarget},
                     {escape, false, &s.Cmdmain}};
-    if (!s.visual()) return;   // hides no panel of buttons
+    if (!s.visual()) return;   // the thermal panel is never hidden
     add(f, s.keynote,
         hidden(label({2 * inner, 420, l.button_width, 1800}, "", colour::dim, text_size::small)), &s.Frame1);
 }

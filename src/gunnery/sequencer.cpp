@@ -19,7 +19,7 @@ void cmdstartsim_click(trainer& t, gunnery_screen& s)
     s.Cmdpausesim.Enabled = true;
     s.Cmdstartsim.Enabled = false;
     s.keynote.Visible = false;
-    s.window.takes_focus = &s.Picrange;   // or the space bar would work the button that is clicked next
+    s.window.takes_focus = &s.Picrange;   // so that Space doesn't click a button
     s.simrunning = true;
     s.lblcrew.Caption = "COMMANDER:- ACTION !!";
     say(t, s, "action.wav");

@@ -64,48 +64,46 @@ TEST_F(screen_reset, leaves_hidden_panels_hidden_until_the_next_load)
     EXPECT_TRUE(s.Frame3.Visible && s.lblcrew.Visible);
 }
 
-TEST(screen, a_plain_screen_is_worked_by_keys_and_says_so_until_the_practice_starts)
+TEST_F(screen_reset, a_plain_screen_shows_its_keys_until_the_practice_starts)
 {
     constexpr int escape = 27;
-    drill d(sight_kind::visual);
-    gunnery_screen& s = d.screen();
-    d.t.shared.plainscreen = true;
-    d.t.shared.targetauto = false;
+    p.plainscreen = true;
+    p.targetauto = false;
     d.set_up();
     EXPECT_TRUE(s.keynote.Visible && s.keynote.parent->Visible);
     for (const char* key : {"Alt+S", "Alt+T", "Alt+P", "Alt+G", "Esc"})
         EXPECT_NE(s.keynote.Caption.find(key), std::string::npos) << key;
     d.pc.key_down('P', true);
-    EXPECT_FALSE(d.t.shared.paused) << "its button can't be used yet";
+    EXPECT_FALSE(p.paused) << "Cmdpausesim is disabled";
     d.pc.key_down('S', true);
     EXPECT_TRUE(s.simrunning && !s.keynote.Visible);
     d.pc.key_down('G', true);
     EXPECT_TRUE(s.Timpause.Enabled);
     d.pc.key_down('P', true);
-    EXPECT_TRUE(d.t.shared.paused);
+    EXPECT_TRUE(p.paused);
     d.pc.key_down('P', true);
     d.pc.key_down('T', true);
     EXPECT_TRUE(!s.simrunning && s.keynote.Visible);
     d.pc.key_down(escape);
     EXPECT_EQ(front(d.pc), &d.t.startsim.window);
 
-    d.t.shared.plainscreen = false;
+    p.plainscreen = false;
     d.set_up();
     EXPECT_FALSE(s.keynote.Visible);
     d.pc.key_down('S', true);
     d.pc.key_down(escape);
-    EXPECT_TRUE(front(d.pc) == &s.window && !s.simrunning) << "the panel is seen";
+    EXPECT_TRUE(front(d.pc) == &s.window && !s.simrunning) << "the panel is visible";
 }
 
-TEST(screen, the_keyboard_is_on_start_until_it_is_clicked)
+TEST(screen, start_has_the_focus_until_the_practice_starts)
 {
-    for (const sight_kind kind : {sight_kind::visual, sight_kind::thermal}) {
+    for (const sight_kind kind : both_sights) {
         drill d(kind);
-        const screen_object*& focus = d.screen().window.takes_focus;   // nothing clears it here
+        const screen_object*& focus = d.screen().window.takes_focus;   // the headless machine leaves it set
         d.start();
         EXPECT_EQ(focus, &d.screen().Picrange);
         d.pc.click(d.screen().Cmdstopsim);
-        EXPECT_EQ(focus, &d.screen().Cmdstartsim) << "not the button that has ended the practice";
+        EXPECT_EQ(focus, &d.screen().Cmdstartsim);
         d.pc.click(d.screen().Cmdmain);
         d.t.shared.plainscreen = kind == sight_kind::visual;
         d.set_up();
