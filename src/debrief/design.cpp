@@ -52,7 +52,7 @@ void engagement_list(S& s)
         const rectangle at{e <= 8 ? 240.0 : 1080.0, 240.0 + 600 * ((e - 1) % 8), 495, 495};
         const std::string number = std::to_string(e);
         add(s.window, s.Imgtgtnumber[e], image(at, ":blank"), &s.Frame4);
-        object_fields f = label(at, number, colour::darkred, text_size::normal, alignment::centre);
+        object_fields f = label(at, number, colour::darkred, text_size::normal, alignment::right);
         f.AccessibleName = "Engagement";
         if (e == 1) f.ToolTipText = "ENGAGEMENT  NUMBER ";
         add(s.window, s.Lbltgtnumber[e], std::move(f), &s.Frame4);

@@ -9,7 +9,7 @@
 namespace vorn {
 
 // The opacity of a picture that is pale or disabled.
-inline constexpr double pale_picture = 0.35;
+inline constexpr double pale_picture = 0.5, disabled_picture = 0.35;
 
 // The rectangle of an object in device pixels. Both edges are rounded, so that there is no gap between
 // neighbours.

@@ -45,7 +45,7 @@ void push_button::paint_picture(QPainter& p)
                   .scaled(at.size(), Qt::KeepAspectRatio)
                   .toSize();
     box = box * 0.72;
-    p.setOpacity(isEnabled() ? 1 : pale_picture);
+    p.setOpacity(isEnabled() ? 1 : disabled_picture);
     const QPoint corner((at.width() - box.width()) / 2, (at.height() - box.height()) / 2);
     draw_picture(p, fields_.Picture, QRect(corner, box));
 }
@@ -101,11 +101,16 @@ void text_button::paintEvent(QPaintEvent*)
     QPainter p(this);
     paint_background(p);
     const bool numbered = fields_.ForeColor == colour::red || fields_.ForeColor == colour::darkred;
-    const int flags = static_cast<int>(text_alignment(fields_)) | Qt::TextWordWrap;
+    // A number at the right is in the lower corner, where it hides little of the picture under it.
+    const bool corner = numbered && fields_.Alignment == alignment::right;
+    const auto place = corner ? Qt::AlignRight | Qt::AlignBottom : text_alignment(fields_);
+    const int flags = static_cast<int>(place) | Qt::TextWordWrap;
+    const int inset = corner ? static_cast<int>(6 * scale_of(*this)) : 0;
+    const QRect at = rect().adjusted(0, 0, -inset, -inset);
     const QString words = QString::fromStdString(fields_.Caption);
-    if (numbered && !words.isEmpty()) paint_number_background(p, rect(), flags, words, scale_of(*this));
+    if (numbered && !words.isEmpty()) paint_number_background(p, at, flags, words, scale_of(*this));
     p.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-    p.drawText(rect(), flags, words);
+    p.drawText(at, flags, words);
     if (!hasFocus()) return;
     QStyleOptionButton o;
     initStyleOption(&o);
@@ -160,7 +165,7 @@ void picture_view::paintEvent(QPaintEvent*)
         cache_ = rendered(at.size());
         cached_ = fields_.Picture;
     }
-    p.setOpacity(isEnabled() && !fields_.Pale ? 1 : pale_picture);
+    p.setOpacity(!isEnabled() ? disabled_picture : fields_.Pale ? pale_picture : 1);
     p.drawPixmap(at.topLeft(), cache_);
     if (!hasFocus()) return;
     QStyleOption o;
