@@ -301,7 +301,7 @@ void firefin(trainer& t, gunnery_screen& s, int round)
 }
 
 // A lased round in the full system opens the correction. While the autolay is held down, the lay is taken
-// back. Gives the twips of that.
+// back. Gives the twips moved.
 double preparehesh(trainer& t, gunnery_screen& s)
 {
     if (t.shared.systemstatus >= 2 || !s.lazed) {

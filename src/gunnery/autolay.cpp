@@ -122,7 +122,7 @@ void timautolay_tick(trainer& t, gunnery_screen& s)
     keyautolay(t, s);
 }
 
-// The lead of the lay that follows. It is left as it was while the picture's Top is 0, the divisor.
+// Sets the lead for the next lay. It is unchanged if the divisor, the picture's Top, is 0.
 void takelead(gunnery_screen& s)
 {
     if (s.Imgrange.Top != 0) s.leadperstep = static_cast<float>(s.windoffset / (0 - s.Imgrange.Top));

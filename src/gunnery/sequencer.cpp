@@ -122,8 +122,8 @@ int nearestposition(const trainer& t)
     return nearest;
 }
 
-// A position exactly at the limit is kept, but not drawn. A range without a nearer position gives its nearest
-// one; the draws would never end.
+// A candidate exactly at the limit is kept, but a drawn one is not. If no position is nearer than the limit,
+// the nearest one is taken, since the draws would never end.
 void drawnearer(trainer& t, gunnery_screen& s, int limit)
 {
     if (rangeof(t, s.targetindex) <= limit) return;

@@ -38,7 +38,7 @@ bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n
     return true;
 }
 
-// A target that has just been placed counts as left of the sight below the one, as above it below the other.
+// A target that is placed with a smaller Left is left of the sight, one with a smaller Top is above it.
 constexpr double left_of_sight = 2040;
 constexpr double above_sight = 960;
 
