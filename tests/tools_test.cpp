@@ -1,4 +1,4 @@
-// The data that the trainer ships with: what a practice needs of it is there and fits together.
+// The data that the trainer ships with: complete for a practice, and consistent.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -33,7 +33,7 @@ protected:
         EXPECT_TRUE(take_range(items, range));
         return range;
     }
-    // As the sight sizes its target there.
+    // Width of a target at a position, as the sight draws it; twips.
     double side(int i) const { return target_width(numbers_of(d_->kind), range_.targetrange[i], 4); }
 
     headless_machine pc_;
@@ -76,7 +76,7 @@ TEST_P(shipped_range, has_targets_near_and_far_for_every_nature)
     }
 }
 
-// By hand from any position to any other, with the picture on all sides of the window when the sight is on
+// With the keys, from any position to any other; the picture fills the window when the sight is on
 // the target, and as far above it as the gun is laid for the range.
 TEST_P(shipped_range, can_be_laid_on_all_over)
 {

@@ -17,8 +17,8 @@ using S = results_screen;
 // The marks of laze and visual aim are placed upside down, with the signs of the record.
 constexpr const char* reading =
     "The cross is the middle of the target. The other marks show laser, aim and round against it.\n\n"
-    "Laser, and aim of the visual sight, stand upside down: below the cross is too high.\n\n"
-    "The round stands half a target right and low: a hit in the dashed line.\n\n"
+    "Laser, and aim of the visual sight, are upside down: below the cross is too high.\n\n"
+    "The round is shown half a target right and low: a hit in the dashed line.\n\n"
     "Aim and strike apart: range, wind, lay. Each time the same: no correction.\n\n"
     "Pale: never fired, never lased.\nAt the edge: further out.";
 

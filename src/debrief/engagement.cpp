@@ -22,7 +22,7 @@ round_buttons roundbuttons(results_screen& s)
     return {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4};
 }
 
-// There is no picture for "DST": the list keeps the one from before.
+// There is no picture for "DST": the row of the list keeps its previous one.
 void show_in_list(const practice_state& p, results_screen& s, int e)
 {
     const struct {

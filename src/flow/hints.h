@@ -1,4 +1,4 @@
-// The hints of a screen: a bar at its foot that tells the purpose of the frame under the cursor, and a small
+// The hints of a screen: a bar at its lower edge with the purpose of the frame under the cursor, and a small
 // label beside a button on which the cursor rests.
 #pragma once
 

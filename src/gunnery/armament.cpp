@@ -85,8 +85,8 @@ void cmdmaingun_click(trainer& t, gunnery_screen& s)
     heshcorrect(s);
 }
 
-// Selecting it again steps on to the next round. The thermal record says FIN all the same, the visual one
-// doesn't.
+// Starts at FIN, or at the next round if a weapon was selected already. The thermal record contains FIN in
+// both cases, the visual one the round selected.
 void cmdselectmain_click(trainer& t, gunnery_screen& s)
 {
     showaimingmark(s);
@@ -248,7 +248,7 @@ void wronground(trainer& t, gunnery_screen& s)
 }
 
 constexpr double fin_speed = 1500, hesh_speed = 670;   // metres per second
-// Seconds. No event is handled during a flight; with the re-lay this makes 4 seconds at most.
+// Seconds. No event is handled during a flight, so flight and re-lay together take at most 4 seconds.
 constexpr double longest_flight = 3.4;
 
 double flightseconds(const gunnery_screen& s, double speed)
@@ -300,8 +300,8 @@ void firefin(trainer& t, gunnery_screen& s, int round)
     endflight(t, s, round);
 }
 
-// A lased round in the full system opens the correction. While the autolay is held down, the lay is taken
-// back. Gives the twips moved.
+// A lased round in the full system opens the correction. While the autolay is held down, the lay is reversed.
+// Returns the twips moved.
 double preparehesh(trainer& t, gunnery_screen& s)
 {
     if (t.shared.systemstatus >= 2 || !s.lazed) {

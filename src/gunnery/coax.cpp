@@ -3,7 +3,7 @@
 
 namespace vorn {
 
-// A burst is assessed at its start, at the place where the last one ended. Its own tracer is never tested.
+// A burst is tested for a hit when it starts, at the last position of the previous burst's tracer.
 void firecoax(trainer& t, gunnery_screen& s, int round)
 {
     s.hasfired = true;

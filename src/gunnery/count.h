@@ -1,5 +1,5 @@
 // Counted moves: inside one handler a counter goes from one value to another by a step, and each count is
-// shown. Only the end values belong to the model; the seconds are how long the move is shown.
+// shown. Only the end values affect the practice; the duration in seconds is for display.
 #pragma once
 
 #include <algorithm>

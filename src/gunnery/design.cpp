@@ -124,7 +124,7 @@ void lights(gunnery_screen& s, const layout& l)
         const char* drawing;
         const char* state;
     };
-    // The upper one is hidden to show the other.
+    // The upper lamp covers the lower one; hiding it shows the other state.
     const struct {
         const char* words;
         lamp lower, upper;

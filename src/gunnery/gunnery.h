@@ -61,7 +61,7 @@ void make_autolay(trainer&, gunnery_screen&);
 void pressautolay(gunnery_screen&);
 void releaseautolay(trainer&, gunnery_screen&);
 void keyautolay(trainer&, gunnery_screen&);
-// Takes a HESH lay back while the round is in the air; gives the twips moved.
+// Reverses a HESH lay while the round is in flight; returns the twips moved.
 double relay(trainer&, gunnery_screen&);
 
 // armament.cpp: weapons, the loader, the trigger, the flight and its hit.

@@ -95,7 +95,7 @@ void recordsystem(trainer& t, gunnery_screen& s)
 {
     struct status {
         const char* record;
-        const char* shown;   // null: leaves what is shown
+        const char* shown;   // null: unchanged
         const char* suffix;
     };
     static constexpr status full{"FULL", nullptr, nullptr};

@@ -143,7 +143,7 @@ struct form {
     std::vector<screen_object*> objects;
     std::vector<timer*> timers;
     screen_object* exit_button = nullptr;   // clicked when the window is closed by its frame
-    std::function<void()> closed;           // runs then on a screen without one
+    std::function<void()> closed;           // called then if there is no exit_button
     std::vector<panel_key> panel_keys;
     // Set by a handler: the object that gets the keyboard focus after it. The machine clears it.
     const screen_object* takes_focus = nullptr;
@@ -161,7 +161,7 @@ struct form {
     std::function<void()> JoystickChanged;   // connected or disconnected; also on a hidden screen
 };
 
-// Adds an object to the form, on top of the others. With design values, each load sets it to them.
+// Adds an object to the form, on top of the others. Each load resets it to the design values, if given.
 void add(form&, screen_object&, screen_object* parent = nullptr);
 void add(form&, screen_object&, object_fields design, screen_object* parent = nullptr);
 void add(form&, timer&, int interval, std::function<void()> tick);

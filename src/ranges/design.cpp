@@ -21,7 +21,7 @@ constexpr const char* instructions =
     "\"SAVE "
     "TARGET\" TO SAVE THAT TARGET WHEN ALL TARGETS ARE CHOSEN CLICK ON \"SAVE RANGE\"";
 constexpr const char* marking =
-    "The corner of the cursor is the point that is marked. The target stands to the right of it and below.";
+    "The corner of the cursor is the point that is marked. The target is to the right of it and below.";
 constexpr const char* bare = "NO PICTURE\nChoose one by NEW RANGE or OPEN RANGE";
 
 void buttons(S& s)

@@ -109,7 +109,7 @@ void showposition(const practice_state& p, rauthor_screen& s, int position)
     showplaced(s, position);
 }
 
-// Shows a part of a range that has just been read. Returns the reason of a failure.
+// Shows a part of a range that has just been read. Returns the reason for a failure.
 std::string showpart(trainer& t, range_part part, int position)
 {
     rauthor_screen& s = t.rauthor;
@@ -123,7 +123,7 @@ std::string showpart(trainer& t, range_part part, int position)
     return {};
 }
 
-// Shows each part as it is read, also when the file ends early. Returns the reason of a failure.
+// Shows each part as it is read, also when the file ends early. Returns the reason for a failure.
 std::string openrange(trainer& t, const std::string& path)
 {
     const file_text file = read_file(t.pc, path);

@@ -45,7 +45,7 @@ public:
     void put(std::integral auto number) { put_line(std::to_string(number)); }
     void put(int16 number) { put_line(std::to_string(static_cast<int>(number))); }
 
-    // The bytes of the file: Latin-1 if it has all the characters and the reader doesn't take it for UTF-8;
+    // The bytes of the file: Latin-1 if it has all the characters and wouldn't be read as UTF-8;
     // UTF-8 otherwise.
     std::string file_bytes() const;
 

@@ -91,7 +91,7 @@ TEST_F(program, without_its_directory_reports_the_folder_of_the_ranges)
     pc.event([this] { start_program(t); });
     EXPECT_EQ(pc.dialogs.size(), 1U) << "cancelled";
     EXPECT_EQ(t.shared.rootpath, "");
-    pc.click(t.intro.lblexit);   // no answer means no
+    pc.click(t.intro.lblexit);   // without an answer the question is answered No
     EXPECT_FALSE(pc.ended);
     const std::size_t boxes = pc.boxes.size();
     pc.answers = {{true}, {true}};
@@ -131,7 +131,7 @@ TEST_F(program, each_exit_box_has_its_text_and_ends_the_program_on_yes_only)
     EXPECT_TRUE(pc.ended);
 }
 
-TEST_F(program, an_uncalibrated_joystick_refuses_a_start_and_a_quick_start)
+TEST_F(program, an_uncalibrated_joystick_prevents_a_start_and_a_quick_start)
 {
     to_setup();
     pc.confirm(t.startsim.Cmdstart);

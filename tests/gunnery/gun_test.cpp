@@ -164,7 +164,7 @@ TEST_P(gun, a_wrong_round_is_not_fired)
     }
 }
 
-TEST_P(gun, a_kill_with_voices_off)
+TEST_P(gun, a_kill_with_voices_off_plays_an_explosion)
 {
     p.voiceson = false;
     d.target_at(fall_left() - 200, fall_top() - 150);

@@ -65,7 +65,7 @@ TEST_F(visual_practice, one_engagement_second_by_second)
     EXPECT_EQ(s.Label2.Caption, "1");
     EXPECT_EQ(s.Label1.Caption, "28");
     EXPECT_TRUE(s.Imgtargets.Width == 385 && s.Imgtargets.Height == 385 && p.recwidth[1] == 385);
-    // From 5400, 3500 in steps of 350 and 250 to 3943, 2972; the picture moves one step more.
+    // From (5400, 3500) towards (3943, 2972) in steps of 350 and 250; the picture moves one step more.
     EXPECT_DOUBLE_EQ(s.Imgtargets.Left, 4000);
     EXPECT_DOUBLE_EQ(s.Imgrange.Left, -45600 - 5 * 350);
     EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 3000);
@@ -302,7 +302,7 @@ TEST_F(visual_practice, the_commander_calls_the_range_in_hundreds)
     }
 }
 
-TEST_F(visual_practice, the_mixed_order_goes_on_across_practices_and_ends_in_fin)
+TEST_F(visual_practice, the_mixed_order_continues_across_practices_and_ends_in_fin)
 {
     for (const int blocks : {3, 3, 5}) {
         p.targetblocks = blocks;
@@ -409,7 +409,7 @@ struct during_the_lay : visual_practice {
     }
 };
 
-TEST_F(during_the_lay, stop)
+TEST_F(during_the_lay, a_stop_ends_the_practice)
 {
     act([&] { d.pc.click(s.Cmdstopsim); });
     EXPECT_FALSE(s.Imgtargets.Visible || s.Timloading.Enabled);
@@ -443,7 +443,7 @@ TEST_F(during_the_lay, pause_stops_the_loader_too)
     EXPECT_EQ(d.crew(), "LOADED....  FIRE");
 }
 
-TEST_F(during_the_lay, exit)
+TEST_F(during_the_lay, an_exit_ends_the_program)
 {
     d.pc.answers = {{true}, {true}};
     act([&] { d.pc.click(s.CMDEXIT); });

@@ -121,7 +121,7 @@ TEST(screen, thermal_is_never_plain)
     EXPECT_FALSE(d.screen().Frame4.Visible);
 }
 
-// A HESH engagement that changes all of the fire control's state; gives the readouts, places and sounds. The
+// A HESH engagement that changes all state of the fire control; returns readouts, positions and sounds. The
 // lase is followed by an early release, a whole lay, a round and half of its correction.
 std::vector<std::string> hesh_shoot(drill& d)
 {

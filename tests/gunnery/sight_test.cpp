@@ -132,7 +132,7 @@ TEST_F(visual_laser, on_target_gives_range_mark_and_lay)
     EXPECT_TRUE(s.laze.Visible && s.layready && s.lazed && s.Cmdautolay.Enabled);
     EXPECT_TRUE(s.laze.Height == 385 && s.laze.Width == 770);
     EXPECT_TRUE(s.laze.Left == 4170 && s.laze.Top == 977.5);
-    EXPECT_EQ(d.t.shared.reclazex[1], -32);   // -32.5, and 52.5 below: to the even neighbour
+    EXPECT_EQ(d.t.shared.reclazex[1], -32);   // -32.5 across, 52.5 down: halves round to even
     EXPECT_EQ(d.t.shared.reclazey[1], 52);
     EXPECT_FALSE(s.Lblcharge.Visible);
     d.pc.wait(2.1);
@@ -181,7 +181,7 @@ TEST_F(visual_laser, degraded)
     EXPECT_FALSE(s.lazed);
 }
 
-TEST_F(visual_laser, a_near_range_is_raised_until_the_range_is_read_again)
+TEST_F(visual_laser, a_lase_raises_a_near_range_to_600_until_the_range_file_is_read_again)
 {
     d.t.shared.targetrange[6] = 450;
     d.tap('W');

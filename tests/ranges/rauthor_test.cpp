@@ -97,7 +97,7 @@ TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
     move(s.Cmdbigup, 1);
     EXPECT_EQ(s.Lblx.Caption, "23960");
     EXPECT_EQ(s.Lbly.Caption, "4707.5");
-    // 7335 high: the band from 2445 to 5499 in steps of 76, and 4707.5 is in the 29th.
+    // The picture is 7335 high: its band is 2445 to 5499 in steps of 76, from 0; 4707.5 is in step 29.
     EXPECT_EQ(s.Lbltgtrange.Caption, "941");
     EXPECT_EQ(s.Imgpoint.Left, std::floor(23960 / (43560 / 14000.0) - 120));
     EXPECT_EQ(s.Imgpoint.Top, std::floor(4707.5 / (7335 / 5000.0) + 120));
@@ -358,7 +358,7 @@ TEST_F(author, changes_an_icon_only_if_it_can_be_loaded)
     EXPECT_EQ(s.Imgtarget[3].Picture.width, 240) << "the others are loaded all the same";
 }
 
-// The set-up screen reads heads of ranges between two visits. Only a practice replaces the open range.
+// Between visits the set-up screen reads names and types of ranges. Only a practice replaces the open range.
 TEST_F(author, keeps_its_range_until_a_practice_reads_another)
 {
     practice_state own = plain_range(sight_kind::visual), other = own;

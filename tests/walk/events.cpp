@@ -240,7 +240,7 @@ constexpr event_row setup_events[] = {{30, start_practice},   {6, quick_start}, 
                                       {4, load_range},        {2, edit_range},  {5, open_calibration},
                                       {100, any_screen_event}};
 
-// On the calibration and the author: what it takes to finish -----------------------------------------------
+// On the calibration and the author: how the walker finishes -----------------------------------------------
 
 constexpr auto finish_calibration = [](walker& w) { w.click(w.t().joycal.Cmdfinish); };
 

@@ -66,14 +66,14 @@ void check_bounds(rules& r, const practice_state& p, const gunnery_screen& s)
               "a target has a round, a row of the record and a number");
 }
 
-// Outside a practice only what the instructor asked for goes on. A resume enables two weapons, and the
+// Outside a practice nothing runs unless the instructor asked for it. A resume enables two weapons, and the
 // thermal screen accepts one outside a practice too.
 void check_when_over(rules& r, const gunnery_screen& s)
 {
     if (s.simrunning) return;
-    const bool goes_on =
+    const bool active =
         s.Timpause.Enabled || s.Timtarget.Enabled || s.Timloading.Enabled || s.Imgtargets.Visible;
-    r.require(!s.visual() || s.Cmdtarget.Visible || !goes_on, "nothing goes on after a practice");
+    r.require(!s.visual() || s.Cmdtarget.Visible || !active, "nothing runs after a practice");
     const bool two = s.Cmdfire.Enabled || s.Cmdautolay.Enabled;
     const bool others = s.Cmdcoax.Enabled || s.Cmdoff.Enabled || s.Cmdselectmain.Enabled ||
                         s.Cmdmaingun.Enabled || s.Cmdlaze.Enabled;
@@ -113,7 +113,7 @@ void check_progress(rules& r, const practice_state& p, const gunnery_screen& s)
 {
     if (!s.simrunning) return;
     r.require(s.Timpause.Enabled || s.Timtarget.Enabled || s.Cmdtarget.Enabled,
-              "a practice goes on by itself or waits for SHOW NEXT TARGET");
+              "a practice continues by itself or waits for SHOW NEXT TARGET");
     r.require(p.paused || !s.Imgtargets.Visible || s.gunloaded || s.targethit || s.Timloading.Enabled,
               "an empty gun is loaded while a target is up");
 }

@@ -96,7 +96,7 @@ void walker::settle()
     while (!pc().ended && next_tick(pc()) <= pc().now()) {
         pc().wait(0);
         if (++tries > 100) {
-            failure = "the program comes to rest";
+            failure = "the program becomes idle";
             return;
         }
     }

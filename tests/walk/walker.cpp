@@ -235,13 +235,13 @@ void walker::wait(double seconds)
         for (double left = seconds; left > 0 && failure.empty() && !pc().ended; left -= slice) {
             const double until = pc().now() + std::min(left, slice);
             pc().wait(std::min(left, slice));
-            if (!pc().ended && pc().now() < until) failure = "time goes on";
+            if (!pc().ended && pc().now() < until) failure = "time advances during a wait";
             check(false);
         }
     });
 }
 
-// Within a minute without input the next target comes up, or the last one goes down.
+// Within a minute without input the next target appears, or the last one goes down.
 void walker::wait_a_minute()
 {
     const gunnery_screen* s = gunnery();
@@ -251,7 +251,7 @@ void walker::wait_a_minute()
     wait(60);
     if (!watched || pc().ended || gunnery() != s || s->resets != resets || paused()) return;
     count("minutes without input");
-    if (failure.empty() && s->targetnumber == target) failure = "a practice goes on without input";
+    if (failure.empty() && s->targetnumber == target) failure = "a practice continues without input";
 }
 
 void walker::later(double seconds, void (*action)(walker&))

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "data_folder.h"
 #include "controls.h"
+#include "data_folder.h"
 #include "platform/headless/headless_machine.h"
 #include "trainer.h"
 
@@ -89,7 +89,7 @@ struct walker {
     void release_all();
     void plug_stick(bool in);
     void wait(double seconds);
-    void wait_a_minute();   // and checks that a practice goes on
+    void wait_a_minute();   // and checks that a practice continues
     // An action at a later moment, also in the middle of a handler.
     void later(double seconds, void (*action)(walker&));
 

@@ -46,7 +46,7 @@ grid<T> halved(const grid<T>& big)
     return small;
 }
 
-// By a Gaussian of `sigma` pixels, cut off after `reach`; the outermost values go on beyond the edge.
+// By a Gaussian of `sigma` pixels, cut off after `reach`; the edge values are repeated outside.
 template <class T>
 grid<T> blurred(const grid<T>& sharp, float sigma, int reach)
 {

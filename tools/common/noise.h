@@ -16,7 +16,7 @@ float fractal(float x, float y, std::uint32_t seed, int octaves, float gain = .5
 // Value noise in three dimensions, from -1 to 1.
 float noise3(float x, float y, float z);
 
-// Draw each number in a statement of its own: the order of evaluation within one expression isn't fixed.
+// Draw each number in a separate statement: the order of evaluation within one expression isn't fixed.
 class rng {
 public:
     explicit rng(std::uint64_t seed);

@@ -40,7 +40,7 @@ constexpr float look_down =
 
 struct puff {
     vec3 thrown;          // how far it gets before the air has stopped it: right, up, towards the eye
-    float young, grown;   // its radius at first, and what it gains
+    float young, grown;   // its first radius, and the increase
     float heat;           // 1 is a fire of medium heat
     float dust;           // 0 soot, 1 earth
 };
@@ -127,8 +127,8 @@ cell filled(vec3 at, const std::vector<placed_puff>& puffs, float time)
         dust += share * p.dust;
     }
     if (weight <= 0 || at.y < 0) return {};
-    // The billows grow and rise with the cloud, so that a lump stays the same lump from frame to frame. Later
-    // they cut deeper, and what is left of each puff shrinks.
+    // The noise is scaled and moved with the cloud, so that each lump keeps its shape between frames. Later
+    // its amplitude grows and each puff shrinks.
     const vec3 lump = (at - drift(time)) * (7.5f / (.35f + .65f * braked(time)));
     const float torn =
         (.9f + .5f * smoothstep(.4f, 1, time)) * billows(lump + vec3{20, 20, 20 + 1.5f * time});
@@ -195,7 +195,7 @@ vec3 cell_colour(const block& b, int x, int y, int z, float thick)
     // From a dark red through orange and yellow to white.
     const vec3 glow{3.6f * std::pow(c.heat, 2.6f), 1.7f * std::pow(c.heat, 3.6f),
                     .4f * std::pow(c.heat, 6.f)};
-    const vec3 light = lit + glow;   // strong light turns pale before it stops growing
+    const vec3 light = lit + glow;   // strong light loses its colour before it saturates
     return {1 - std::exp(-light.x), 1 - std::exp(-light.y), 1 - std::exp(-light.z)};
 }
 

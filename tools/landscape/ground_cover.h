@@ -1,4 +1,4 @@
-// What covers the ground, in colour and in warmth: rough grass, fields, woodland floor, tracks and roads,
+// The ground cover, in colour and temperature: rough grass, fields, woodland floor, tracks and roads,
 // broken ground, water. Its texture has wavelengths from hundreds of metres to
 // ten centimetres; those finer than a pixel are faded out.
 #pragma once

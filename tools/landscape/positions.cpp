@@ -25,7 +25,7 @@ struct box {
     float left, right, top, bottom;   // pixels
 };
 
-// Where the sight can be laid by hand while the picture fills its window, with some room on all sides.
+// Where the sight can be laid with the keys while the picture fills its window, with some room on all sides.
 box in_reach(const country& land)
 {
     const vorn::sight_numbers& sight = vorn::numbers_of(land.sight);

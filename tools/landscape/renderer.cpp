@@ -206,7 +206,7 @@ void draw_plant(strip& s, const plant& p)
 // the dark edge of the bank, then the sky.
 vec3 reflected(const strip& s, int x, int y, int bank)
 {
-    constexpr float kept = .80f, edge = 6 * fine;   // of the light; rows
+    constexpr float kept = .80f, edge = 6 * fine;   // share of the light; rows
     // Ripples shift it by a row or two.
     const int shift = static_cast<int>(2.5f * noise(real(s.first * fine + x) / 9, real(y) / 1.7f, 611));
     const pixel& other = s.samples.at(x, std::max(0, 2 * bank - y - 1 + shift));

@@ -36,7 +36,7 @@ float agreeing_row(const country& land, float range)
     const float twips = real(land.height) * real(vorn::twips_per_pixel);
     const float top = std::floor(twips / 3), bottom = 3 * std::floor(twips / 4);
     const float step = std::floor((bottom - top) / band_steps);
-    // Below 580 m, nearer than any target, the curve would become vertical. It goes on as a parabola, so that
+    // Below 580 m, nearer than any target, the curve would be vertical. It continues as a parabola, so that
     // the lower edge of the picture shows ground some 330 m away.
     constexpr float bend = 580, faster = .00016f;
     const float nearer = std::max(0.f, bend - range);

@@ -20,7 +20,7 @@ namespace vorn {
 // Places on a form, in twips.
 using place = QRectF;
 
-// A number, joined by a line to what it names.
+// A number, joined by a line to the part it marks.
 struct callout {
     QPointF at, names;
 };
@@ -76,7 +76,7 @@ inline callout right_of(const screen_object& o)
     const place p = place_of(o);
     return on({p.right() + 240, p.center().y()});
 }
-// So many twips from what is named.
+// A number at this distance from a point or object, twips.
 inline callout beside(QPointF point, double across, double down)
 {
     return {point + QPointF(across, down), point};

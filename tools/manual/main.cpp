@@ -60,7 +60,7 @@ private:
         tick_while(s.Timpause, [&] { return !s.Timtarget.Enabled; });
         tick_while(s.Timtarget, [&] { return !s.Imgtargets.Visible || !s.targetcalled; });
     }
-    // Moves the centre of the target to so many twips from the dot or mark.
+    // Moves the centre of the target to this offset from the dot or mark, twips.
     void lay_on(gunnery_screen& s, double across = 0, double down = 0)
     {
         pc.run([&] {
@@ -183,7 +183,7 @@ private:
                    beside(place_of(s.mbs1).center() + QPointF(110, -40), 1500, -250),
                    beside(at(3755, 1950), -1500, 200), beside(at(4280, 2910), -2200, -150),
                    beside(at(3060, 3740), -700, 300), beside(at(6490, 3740), 700, 300)});
-        // The panel for work by mouse, in the place of the card with the keys.
+        // The panel of the mouse controls; it takes the place of the key card.
         s.Frmcon.Visible = false;
         s.Frmmousecon.Visible = true;
         take_part("gunners_buttons", s.window, place_of(s.Frmmousecon), 260);

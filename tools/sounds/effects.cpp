@@ -96,7 +96,7 @@ void add(track& t, const rush& r, rng& random)
     });
 }
 
-// A low blow: a tone that falls in pitch.
+// A thud: a low tone that falls in pitch.
 struct thump {
     double start, high, low, fall, rise, decay, loudness;
 };

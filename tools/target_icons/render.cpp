@@ -151,7 +151,7 @@ vec3 light_on(const std::vector<lamp>& lamps, vec3 at, vec3 normal)
 
 // Colours ---------------------------------------------------------------------------------------------------
 
-// Slow patches of three shades, and dust on what is near the ground.
+// Large patches of three shades, and dust on surfaces near the ground.
 vec3 paint_at(const material& m, vec3 at)
 {
     constexpr vec3 dust{.30f, .25f, .16f};

@@ -21,7 +21,7 @@ static bool can_write(const fs::path& folder)
     return QFileInfo(QString::fromStdString(to_utf8(folder))).isWritable();
 }
 
-// For each copied file, the modification time of the installed file at that moment. The copy has the same
+// For each copied file, the modification time of the installed file when it was copied. The copy has the same
 // time, unless the user has replaced it.
 using copied_times = std::map<std::string, long long>;
 
@@ -68,7 +68,7 @@ static bool write_times(const fs::path& folder, const copied_times& times)
     return file && rename_to(temporary, folder / times_file);
 }
 
-// Removes what killed programs have left. The pattern is that of temporary_for, so that no file of the user
+// Removes files left by killed programs. The pattern is that of temporary_for, so that no file of the user
 // matches.
 static void remove_old_temporaries(const fs::path& folder)
 {

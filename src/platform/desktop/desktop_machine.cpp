@@ -79,7 +79,7 @@ void desktop_machine::sync()
 void desktop_machine::activated(form& f)
 {
     if (ending_ || f.state != form_state::shown || front(*this) == &f) return;
-    last_front_ = window(f);   // not activated again: two windows could do that to each other for ever
+    last_front_ = window(f);   // keeps sync from activating it again: two windows could alternate endlessly
     run([&] { came_to_front(*this, f); });
 }
 

@@ -27,7 +27,7 @@ constexpr double normal_text = 10.5, smallest_text = 7, largest_text = 32;   // 
 QString missing_page(const QString& file)
 {
     return "<h2>The help file can't be opened</h2><p>" + file.toHtmlEscaped() +
-           "</p><p>Practice goes on without it.</p>";
+           "</p><p>The trainer works without it.</p>";
 }
 
 // The document takes its colours from this style sheet, not from the palette of the window.

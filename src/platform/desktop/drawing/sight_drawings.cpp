@@ -119,7 +119,7 @@ void chevron(QPainter& p, const QRectF& at, const QString& text)
     figure(s, s.point(397, 560), 9, text);
 }
 
-// Mark by mark: the first row aims off to the sides, the others show hundreds of metres at about their drop.
+// The figure of each mark: the lead to either side in the first row, below it the range in hundreds of m.
 void graticule(QPainter& p, const QRectF& at, int number)
 {
     static constexpr table<const char*, 15> figures{"8",  "4",  "0",  "4",  "8",  "9",  "9", "13",

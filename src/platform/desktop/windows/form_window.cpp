@@ -81,7 +81,7 @@ void form_window::make_object(screen_object& o)
     } else {
         make_widget(s, parent == nullptr ? this : parent->widget,
                     [this](const std::function<void()>& event) { pc_.run(event); });
-        if (has_hooks(o) || hears_moves(o)) s.widget->installEventFilter(this);
+        if (has_mouse_handler(o) || has_move_handler(o)) s.widget->installEventFilter(this);
         if (auto* b = qobject_cast<QAbstractButton*>(s.widget)) connect_space(*b, o);
     }
     draw_fields(s, style_.scale, true);
@@ -213,7 +213,7 @@ void form_window::showEvent(QShowEvent*)
     painted_ = false;
 }
 
-// A slider whose release event goes to another window would go on following the mouse or paging.
+// A slider whose release event goes to another window would keep following the mouse or paging.
 void form_window::release_sliders()
 {
     for (QSlider* s : findChildren<QSlider*>()) {

@@ -109,7 +109,7 @@ bool ignores_mouse(const screen_object& o)
 {
     const bool passive =
         o.kind == object_kind::label || o.kind == object_kind::image || o.kind == object_kind::shape;
-    return passive && !has_hooks(o) && o.ToolTipText.empty();
+    return passive && !has_mouse_handler(o) && o.ToolTipText.empty();
 }
 
 // Update ---------------------------------------------------------------------------------------------------
@@ -256,12 +256,12 @@ bool in_sight(const screen_object& o)
     return o.parent != nullptr && o.parent->kind == object_kind::sight;
 }
 
-bool has_hooks(const screen_object& o)
+bool has_mouse_handler(const screen_object& o)
 {
     return o.Click || o.ClickAt || o.MouseDown || o.MouseUp || o.MouseMove;
 }
 
-bool hears_moves(const screen_object& object)
+bool has_move_handler(const screen_object& object)
 {
     for (const screen_object* o = &object; o != nullptr; o = o->parent)
         if (o->MouseMove) return true;
@@ -275,7 +275,7 @@ QWidget* make_widget(shown_object& s, QWidget* parent, const event_runner& run)
     s.widget->setStyle(parent->style());
     s.widget->setAttribute(Qt::WA_NoMousePropagation);
     s.widget->setAttribute(Qt::WA_TransparentForMouseEvents, ignores_mouse(*s.object));
-    s.widget->setMouseTracking(hears_moves(*s.object));
+    s.widget->setMouseTracking(has_move_handler(*s.object));
     return s.widget;
 }
 

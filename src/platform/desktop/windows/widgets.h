@@ -23,9 +23,9 @@ struct shown_object {
 
 bool in_sight(const screen_object&);
 // True when it has a mouse handler.
-bool has_hooks(const screen_object&);
+bool has_mouse_handler(const screen_object&);
 // True when it, or a frame around it, has a handler for mouse moves.
-bool hears_moves(const screen_object&);
+bool has_move_handler(const screen_object&);
 
 QWidget* make_widget(shown_object&, QWidget* parent, const event_runner&);
 
