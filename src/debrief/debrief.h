@@ -6,7 +6,7 @@ namespace vorn {
 struct trainer;
 struct results_screen;
 
-// Side of a marker, twips. A marker marks its middle.
+// Side of a marker's image, twips. The middle of the image is the marked point.
 inline constexpr double mark = 480;
 
 // design.cpp: the layout.

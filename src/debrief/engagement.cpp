@@ -93,8 +93,8 @@ void place_markers(const practice_state& p, results_screen& s, int round)
     show_round(s, round);
 }
 
-// The outline in which the middle of the fall mark is a hit. The record has no kill area, so it is the
-// present one.
+// A hit has the middle of its fall mark inside this outline. The record has no kill area, so this uses
+// the present option.
 void outline_killbox(const practice_state& p, results_screen& s)
 {
     const double width = p.recwidth[s.selectedengagement];

@@ -13,7 +13,7 @@ namespace vorn {
 // The lines with their fonts, from engagements 1 to targetcount of the record in memory.
 std::vector<printed_line> report_lines(const practice_state&);
 
-// Prints the report on the default printer, or into a file that is named after the student.
+// Prints the report on the default printer or, without one, into a file named after the student.
 print_outcome print_report(machine&, const practice_state&);
 // Writes it to "printtest.txt" in the working directory, and replaces a file of that name. Returns the reason
 // of a failure, empty on success.

@@ -67,7 +67,7 @@ static bool take_student(item_reader& items, practice_state& p)
 }
 
 // The record has rows for 15 engagements. Loops over the engagements run to this number, so a larger one
-// would leave the tables.
+// would index past the end of the tables.
 static bool take_count(item_reader& items, practice_state& p)
 {
     int16 count;

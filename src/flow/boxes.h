@@ -1,4 +1,4 @@
-// Box texts and the questions that several screens ask.
+// Texts of message boxes and the questions that several screens ask.
 #pragma once
 
 #include <initializer_list>

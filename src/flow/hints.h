@@ -23,7 +23,7 @@ struct hint_panel {
     timer& clock;
     int& ticks;                          // since the cursor came to a button
     double below;                        // twips from the top of a button to the top of its hint
-    const char* bare_text = foot_text;   // in the bar while the cursor is over the bare screen
+    const char* bare_text = foot_text;   // in the bar while the cursor is over the background
 };
 
 void lay_out_hints(form&, screen_object& bar, const rectangle& bar_at, screen_object& label,

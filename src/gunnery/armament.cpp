@@ -61,7 +61,7 @@ void nextround(trainer& t, gunnery_screen& s)
         s.autolaycount = 2;
 }
 
-// Two presses with a traverse between them correct the next rounds sideways. A third repeats the second.
+// Two presses with a traverse between them correct the next rounds sideways. A third replaces the second.
 void heshcorrect(gunnery_screen& s)
 {
     s.Cmdautolay.Enabled = true;
@@ -300,7 +300,7 @@ void firefin(trainer& t, gunnery_screen& s, int round)
     endflight(t, s, round);
 }
 
-// A lased round in the full system opens the correction. While the autolay is held down, the lay is reversed.
+// A lased round in the full system starts the HESH correction. If autolay is held, the lay is reversed.
 // Returns the twips moved.
 double preparehesh(trainer& t, gunnery_screen& s)
 {

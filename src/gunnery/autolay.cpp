@@ -14,7 +14,7 @@ constexpr double fine_seconds = 0.25;
 constexpr double relay_seconds = 0.4;
 constexpr double creep_seconds = 1;
 
-constexpr double fine_part = 200;   // twips, the last of a lay
+constexpr double fine_part = 200;   // twips; the last part of a lay, in small steps
 
 // Each count sets the picture's place and moves the target by a step, so the target ends one step further.
 void lay(trainer& t, gunnery_screen& s, double twips, double step, double seconds,

@@ -8,7 +8,7 @@ void firecoax(trainer& t, gunnery_screen& s, int round)
 {
     s.hasfired = true;
     s.coaxfired = s.visual();
-    if (s.visual() && s.coaxrunning) return;   // auto-repeat; the thermal screen tests it
+    if (s.visual() && s.coaxrunning) return;   // auto-repeat; on the thermal screen it is a new burst
     effect(t, s, "coax.wav");
     s.ammo.Height = s.ammo.Width = s.numbers.coax.size;
     s.coaxrunning = s.visual();

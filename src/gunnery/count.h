@@ -9,7 +9,7 @@
 
 namespace vorn {
 
-// The number of counts, with the first value and without those past the end; 0 when the first is past it.
+// The number of counts, from the first value up to the end; 0 if the first value is past the end.
 inline int counts(double from, double to, double step)
 {
     constexpr double rounding = 1e-9;   // so that a fractional step reaches the end

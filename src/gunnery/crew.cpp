@@ -43,7 +43,7 @@ static void timvoice_tick(gunnery_screen& s)
     stop(s.Timvoice);
 }
 
-// In hundreds rounded down, but 600 and 800 below 900 metres and 2000 from 1900 metres on.
+// Rounded down to hundreds of metres, but 600 below 700, 800 below 900 and 2000 from 1900 on.
 void callrange(trainer& t, gunnery_screen& s)
 {
     const int range = t.shared.targetrange[s.currenttarget];
@@ -82,7 +82,7 @@ void reporton(trainer& t, gunnery_screen& s)
         callrange(t, s);
     else
         visual_on(t, s);
-    // A pause during the lay has stopped Timtarget; its resume starts the loader.
+    // A pause during the lay has stopped Timtarget; the resume then starts the loader.
     if (s.Timtarget.Enabled) start(s.Timloading);
 }
 

@@ -17,7 +17,7 @@ void design_gunnery(gunnery_screen&);
 // Prepares the screen for the next practice. When the range or one of its pictures can't be read: shows a
 // box, returns to the set-up screen, and gives false.
 bool screenreset(trainer&, gunnery_screen&);
-// The caption of the pause button, which says what a click on it will do.
+// Sets the caption of the pause button to what a click on it will do.
 void showpause(gunnery_screen&, bool paused);
 
 // sequencer.cpp: orders, targets and their time.
@@ -64,12 +64,12 @@ void keyautolay(trainer&, gunnery_screen&);
 // Reverses a HESH lay while the round is in flight; returns the twips moved.
 double relay(trainer&, gunnery_screen&);
 
-// armament.cpp: weapons, the loader, the trigger, the flight and its hit.
+// armament.cpp: weapons, the loader, the trigger, the flight of a round and its hit.
 void make_armament(trainer&, gunnery_screen&);
 void keyfire(trainer&, gunnery_screen&);
 // Records the fall of shot in this round's row and tests it against the kill box.
 void assessround(trainer&, gunnery_screen&, int round);
-// The caption of Lblammotype, which stays where it is.
+// Sets the caption of Lblammotype without moving the label.
 void showammo(gunnery_screen&, ammo_shown);
 // The nature that Lblammotype shows; no_nature when it is empty.
 nature_of_target natureshown(const gunnery_screen&);
@@ -86,7 +86,7 @@ void make_input(trainer&, gunnery_screen&);
 void choosestadia(gunnery_screen&);
 
 // score.cpp: hits, and the score at the end of a practice.
-int row(const trainer&);   // of the record: the running engagement
+int row(const trainer&);   // row of the record for the running engagement
 void recordhit(trainer&, gunnery_screen&);
 void practiceend(trainer&, gunnery_screen&);
 

@@ -28,7 +28,7 @@ void release(trainer&, gunnery_screen& s)
     releasedirection(s, d);
 }
 
-// A key does what its button does, enabled or not.
+// A key does what its button does, whether the button is enabled or not.
 template <screen_object gunnery_screen::*button>
 void click(trainer&, gunnery_screen& s)
 {
@@ -91,7 +91,7 @@ void mouse_buttons(trainer& t, gunnery_screen& s)
         o->MouseUp = [&s, d = d] { releasedirection(s, d); };
     }
     s.Cmdlaze.MouseDown = [&t, &s] { keylaze(t, s); };
-    // Has no release: the visual screen lays after the hold, the thermal one at once.
+    // No MouseUp: the visual screen lays after the hold time, the thermal one at once.
     s.Cmdautolay.MouseDown = [&t, &s] { s.visual() ? pressautolay(s) : keyautolay(t, s); };
     s.Cmdfire.MouseDown = [&t, &s] { keyfire(t, s); };
     s.Cmdfire.MouseUp = [&t, &s] { keycoaxstop(t, s); };

@@ -12,7 +12,7 @@ bool betweensides(const gunnery_screen& s)
     return left < s.mbs1.Left && left + s.Imgtargets.Width > s.mbs1.Left;
 }
 
-// The visual sight compares the lower edge with the top of the ring: the dot may be a little below the
+// The visual sight compares the lower edge with the top of the ring: the aim point may be a little below the
 // target.
 bool betweenedges(const gunnery_screen& s)
 {
@@ -126,7 +126,7 @@ void degraded_laze(trainer& t, gunnery_screen& s)
     reversionarydrop(s);
 }
 
-// The readout returns on the second tick. It is for show: the laser can be fired again at once.
+// The readout returns on the second tick. It is display only: the laser can be fired again at once.
 void timchrg_tick(gunnery_screen& s)
 {
     s.chargecount += 1;

@@ -101,7 +101,7 @@ struct gunnery_screen : since_load {
     screen_object mbs1;                                         // the aim point
     screen_object laze;                                         // mark that a lase leaves; visual
     screen_object ammo;                                         // the round in flight
-    screen_object Imgstadia;   // stadia mark, shown when no weapon is selected; thermal, as those that follow
+    screen_object Imgstadia;   // stadia mark, shown when no weapon is selected; thermal, like those below
     screen_object Imglam;      // laser aiming mark
     screen_object imgbam;      // ballistic aiming mark
     screen_object Imgrevfin, Imgrevhesh;   // reversionary marks

@@ -38,7 +38,7 @@ void cmdtarget_click(gunnery_screen& s)
     start(s.Timpause);
 }
 
-// After a resume the count runs on while a target is up, and can be past the shorter wait that follows.
+// After a resume the count runs on while a target is up, so that it can already exceed the next wait.
 void timpause_tick(trainer& t, gunnery_screen& s)
 {
     s.pausecount += 1;
@@ -84,7 +84,7 @@ void showestimate(trainer& t, gunnery_screen& s)
     s.Lblrange.Caption = number_text(estimate) + "S";
 }
 
-// One step worse with each third of the practice; called before the new target is counted.
+// System status one step worse with each third of the practice; called before the new target is counted.
 void degrade(trainer& t, const gunnery_screen& s)
 {
     const double thirds = static_cast<double>(s.targetnumber) / std::max<int>(t.shared.targetblocks, 1);
@@ -164,7 +164,7 @@ void placetarget(trainer& t, gunnery_screen& s)
     if (s.visual()) t.shared.recwidth[row(t)] = s.Imgtargets.Width;
 }
 
-// False when all targets have been presented, which happens only after a resume; ends the practice.
+// When all targets have been presented (possible only after a resume): ends the practice, gives false.
 bool presenttarget(trainer& t, gunnery_screen& s)
 {
     t.shared.roundnumber = 1;

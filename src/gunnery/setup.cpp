@@ -102,7 +102,7 @@ void resetstate(gunnery_screen& s)
     s.windoffset = 0;
 }
 
-// The visual screen marks the row after the last engagement, the thermal one row 1.
+// The visual screen writes into the row after the last engagement, the thermal one into row 1.
 void resetrecord(trainer& t, gunnery_screen& s)
 {
     t.shared.recsystem[s.visual() ? row(t) : 1] = "FULL";

@@ -43,22 +43,22 @@ struct fin_numbers {
     double drift;      // per step, to the right
 };
 
-// The flight of a HESH round: from above the aim point, by the range and `from`, down to its drop.
+// The flight of a HESH round: from above the aim point (by the range plus `from`) down to its drop.
 struct hesh_numbers {
     double from;
     drop_numbers to;
     double step;
-    double below;   // what the round falls below that at any range
+    double below;   // added to the drop at any range
 };
 
 struct coax_numbers {
     double size;         // of the tracer
     drop_numbers drop;   // of the beaten zone, below the aim point
-    int bursts;          // hits needed for a kill, beyond the number that is set
+    int bursts;          // hits needed for a kill in addition to the option's number
 };
 
 struct loader_numbers {
-    int from, to;   // the gun is loaded when `loadcount` is one of these
+    int from, to;   // the gun is loaded when `loadcount` lies between these, inclusive
 };
 
 struct explosion_numbers {
@@ -73,7 +73,7 @@ struct sight_numbers {
     rectangle aim;              // the aim point in the window
     int timer1;                 // interval of Timer1, milliseconds
     int nearest;                // a nearer target counts as this far away
-    double widest;              // width of a target at range 0, before the bounds
+    double widest;              // width of a target at range 0, before it is clamped
     int far;                    // from this range on a target has its smallest width
     slew_numbers right, left;   // for a target left of the sight, and for any other
     slew_numbers down, up;      // for a target above it, and for any other
@@ -155,7 +155,7 @@ constexpr const sight_numbers& numbers_of(sight_kind kind)
     return kind == sight_kind::visual ? visualsight : thermalsight;
 }
 
-// The columns of figures and of ticks in the visual sight, which show the drop of HESH. Nothing reads them.
+// The columns of figures and of ticks in the visual sight, which show the drop of HESH. For display only.
 inline constexpr rectangle figures_left{2880, 2520, 375, 3255}, figures_right{6360, 2520, 255, 3495};
 inline constexpr rectangle ticks_left{3480, 2430, 255, 2775}, ticks_right{5640, 2430, 255, 2775};
 
@@ -169,7 +169,7 @@ inline double target_width(const sight_numbers& n, double metres, int divisor)
     return std::clamp(width, smallest_target, largest_target);
 }
 
-// Where the corner of a round hits, relative to the corner of the target. The edges are a miss.
+// Where a round's top-left corner must be for a hit, relative to the target's. The edges are a miss.
 struct kill_box {
     double left, right, top, bottom;
 };

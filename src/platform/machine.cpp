@@ -107,7 +107,7 @@ void joystick_changed(machine& m)
         if (f->JoystickChanged) f->JoystickChanged();
 }
 
-// Counts the depth of nested handlers, also when the end of the program throws out of one.
+// Counts the depth of nested handlers, also when end_program leaves one by an exception.
 static void run_nested(machine& m, const std::function<void()>& event)
 {
     struct depth_guard {

@@ -95,7 +95,7 @@ public:
     virtual void show_help(const std::string& path) = 0;
 
     // The only sound channel. play stops the present sound and returns immediately. A missing or damaged file
-    // and a machine without sound are ignored.
+    // is silent, as is a machine without sound.
     virtual void play(const std::string& path) = 0;
     virtual void close_sound() = 0;
 

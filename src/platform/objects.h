@@ -14,7 +14,7 @@ inline constexpr double twips_per_pixel = 15;   // at 96 dots per inch
 inline constexpr double form_width = 15360;     // every screen is designed on 1024 x 768 pixels
 inline constexpr double form_height = 11520;
 
-// Colours by their role; the desktop turns each into a shade.
+// Colours by their role; the desktop machine gives each its RGB values.
 enum class colour {
     ground,      // background of form or frame; as a back colour: transparent
     text,        // ordinary text and button text
@@ -126,7 +126,7 @@ struct timer {
 void start(timer&);
 void stop(timer&);
 
-// A key, by its virtual key code, that works a button while the panel of the button is hidden.
+// A key, by its virtual key code, that clicks a button while the panel of the button is hidden.
 struct panel_key {
     int code = 0;
     bool alt = false;   // with Alt held
@@ -151,7 +151,7 @@ struct form {
     std::function<void()> load;      // sets the design values; runs at the first show after an unload
     std::function<void()> arrival;   // the screen has been shown or has come to the front
     std::function<void()> unloaded;
-    std::function<void()> MouseMove;    // over the bare screen
+    std::function<void()> MouseMove;    // over the form outside its objects
     std::function<void()> MouseLeave;   // the mouse has left the window
     std::function<void(int)> KeyDown;   // virtual key code; seen before the controls see it
     std::function<void(int)> KeyUp;

@@ -23,13 +23,13 @@ void make_view(rauthor_screen&);
 void scaleoverview(rauthor_screen&);
 // Sets the ground band for the placeholder picture.
 void placeholderband(rauthor_screen&);
-// Puts a loaded picture behind the sight window, without moving it.
+// Puts a loaded picture behind the sight window, at the place of the previous one.
 void hangpicture(rauthor_screen&, picture);
 // Puts a loaded picture behind the sight window and shows its middle.
 void putpicture(rauthor_screen&, picture);
-// Shows the size of the picture and marks its middle.
+// Shows the size of the picture and makes its middle the marked point.
 void showmiddle(rauthor_screen&);
-// Proposes a range by the height of the point on the picture. No proposal above or below the ground band.
+// Proposes a range from the height of the point on the picture. No proposal above or below the ground band.
 void proposerange(rauthor_screen&);
 // The place of the cursor or of a marker on the overview for a point on the picture.
 area overviewplace(const rauthor_screen&, double x, double y);

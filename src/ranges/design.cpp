@@ -1,5 +1,5 @@
-// The layout of the range author, in twips: above the frames from left to right in the order in which a
-// position is marked, below the overview of the range.
+// The layout of the range author, in twips: at the top the frames from left to right in the order in which a
+// position is marked, under them the overview of the range.
 #include <string>
 #include <utility>
 
@@ -40,7 +40,7 @@ void buttons(S& s)
 // The picture starts with its middle in the window.
 void sight_window(S& s)
 {
-    constexpr double width = 43560, height = 7335;   // of the placeholder, as of a small range picture
+    constexpr double width = 43560, height = 7335;   // of the placeholder: the size of a small range picture
     add(s.window, s.Frame5, frame({90, frames_top, 3275, frames_height}, "Veiw Through Sight"), &s.Frame2);
     add(s.window, s.Picture1, placed(object_kind::sight, {120, 330, 3035, 2560}), &s.Frame5);
     caption(s, &s.Picture1,
@@ -55,7 +55,7 @@ void sight_window(S& s)
 
 void arrows(S& s)
 {
-    constexpr double left = 120, top = 900, step = 465, side = 450;   // a cross of five by five places
+    constexpr double left = 120, top = 900, step = 465, side = 450;   // a cross in a grid of 5 by 5 places
     const struct {
         screen_object& button;
         int column, row;

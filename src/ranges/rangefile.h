@@ -1,4 +1,4 @@
-// The range file (.arf): a picture of a piece of country, twenty numbered target positions on it and the
+// The range file (.arf): a picture of a landscape, twenty numbered target positions on it and the
 // range of each. 69 lines of item text; entry 0 has no number.
 #pragma once
 
@@ -17,17 +17,17 @@ inline constexpr const char* range_filter = "Range Files (*.arf)|*.arf|";
 // Entries that a practice reads. Position 20 is never shot at.
 inline constexpr int practice_entries = 20;
 
-// The parts of the file in their order. The entries follow one another.
+// The parts of the file in their order. `entry` occurs once for each position.
 enum class range_part { name, picture, type, icons, entry };
 
-// Reads all parts and calls `taken` after each; an entry has a position. Stops at the first item that can't
+// Reads all parts and calls `taken` after each; `position` is for entries. Stops at the first item that can't
 // be read, or when `taken` returns false; keeps what was read before. True if all was read.
 bool take_range(item_reader&, practice_state&,
                 const std::function<bool(range_part, int position)>& taken = {});
 
 // Each returns the reason of a failure, empty on success.
 
-// Reads name and type only. The path of the picture belongs to the positions, which a head doesn't have.
+// Reads name and type only. The path of the picture is left unchanged, as it must match the positions.
 std::string read_range_head(const machine&, const std::string& file, practice_state&);
 // Reads what a practice needs, or on a failure nothing.
 std::string read_range(const machine&, const std::string& file, practice_state&);

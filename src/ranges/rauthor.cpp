@@ -61,7 +61,7 @@ void make_rauthor_hints(rauthor_screen& s)
                 {&s.Cmdstart, "return to practice editor"},
                 {&s.Cmdexit, "Exit from VORN"},
                 {&s.Command1, "Open help file"}});
-    // The bare screen between the buttons and these is a narrow strip.
+    // A fast mouse can skip the narrow strip of background between the buttons and these frames.
     end_hint_over(hints_of(s), {&s.Frame2, &s.Frame3, &s.Frame4, &s.Frame5});
 }
 

@@ -23,7 +23,7 @@ struct rauthor_screen {
     // The sight window: the picture moves behind it. The marked point is the lower right corner of the fixed
     // cursor.
     screen_object Frame5, Picture1, Imagerange, Imgex;
-    screen_object shown_target;   // the target of the icon chosen last, as it would be seen at the point
+    screen_object shown_target;   // the target of the icon chosen last, as it would be seen there
 
     screen_object Frame3;         // target selector, and the cross of arrows
     screen_object Imgtarget[4];   // from 1
@@ -47,7 +47,7 @@ struct rauthor_screen {
     timer Timex, Timex1, Timey, Timey1, Timhelp;
 
     int iconnumber = 1;              // the icon clicked last
-    int targetsize = 4;              // as the option of that name: divisor of the range in a target's width
+    int targetsize = 4;              // as in practice_state: divisor of the range in a target's width
     double pointx = 0, pointy = 0;   // the marked point, twips on the picture, shown by Lblx and Lbly
     int target = 1;                  // the selected position, shown by Lbltarget
     int metres = 0;                  // range of the marked point, shown by Lbltgtrange; 0: none yet

@@ -143,7 +143,7 @@ void proposerange(rauthor_screen& s)
     constexpr double nearest = 500;   // metres at the origin
     if (s.pointy <= s.bandtop || s.pointy >= s.bandbottom) return;
     const double step = Int(s.bandheight / steps);
-    if (step < 1) return;   // a picture of a few lines, from a range file
+    if (step < 1) return;   // a picture only a few pixels high, from a range file
     const double m = beyond - Int((s.pointy - s.bandtop) / step);
     settargetrange(s, static_cast<int>(m * m + nearest));
 }

@@ -94,7 +94,7 @@ void make_startsim_hints(startsim_screen& s)
          {&s.Cmddebrief, "Debrief a practice"},
          {&s.Cmdabout, "Info on the program"},
          {&s.Cmdexit, "Exit from VORN"}});
-    // The bare screen between the buttons and these is a narrow strip.
+    // A fast mouse can skip the narrow strip of background between the buttons and these frames.
     end_hint_over(panel, {&s.Frame2, &s.Frame13, &s.Frame9});
 }
 

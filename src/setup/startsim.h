@@ -67,7 +67,7 @@ struct startsim_screen {
 void make_startsim(trainer&);
 
 // Reads name and type of the range of the practice and sets the mode by the type. If it can't be read, asks
-// the user for another; no ends the program.
+// the user for another; the answer No ends the program.
 void readrangehead(trainer&);
 
 }   // namespace vorn

@@ -16,7 +16,7 @@ namespace vorn {
 
 // Seconds.
 static constexpr double frame = 1.0 / 60;
-static constexpr double max_delay = 0.1;   // a move that is later than this doesn't catch up
+static constexpr double max_delay = 0.1;   // a counted move further behind than this doesn't catch up
 
 static double steady_seconds()
 {
@@ -62,7 +62,7 @@ void desktop_machine::set_speed(double factor)
 void desktop_machine::run(const std::function<void()>& event)
 {
     if (ending_) return;
-    const auto outer = std::exchange(move_, std::nullopt);   // that of a handler in do_events
+    const auto outer = std::exchange(move_, std::nullopt);   // of a handler that called do_events
     handle(*this, event);
     move_ = outer;
     if (screens.depth == 0 && pressed_ != nullptr && !takes_input(*pressed_)) release_pressed();
@@ -85,7 +85,7 @@ void desktop_machine::activated(form& f)
 
 bool desktop_machine::press(screen_object& o)
 {
-    if (pressed_ != &o) release_pressed();   // it would get no release
+    if (pressed_ != &o) release_pressed();   // the previous object would get no release
     pressed_ = &o;
     if (o.MouseDown) run(o.MouseDown);
     return pressed_ == &o;
@@ -125,7 +125,7 @@ void desktop_machine::start_clock()
     clock_.start(static_cast<int>(std::ceil(std::max(0.0, next - now()) / speed_ * 1000)));
 }
 
-// Keys that were delayed by a counted move come before the ticks that fell due during it, as they would have
+// Keys delayed by a counted move are handled before the ticks that fell due during it, as they would have
 // without the move.
 void desktop_machine::tick()
 {

@@ -1,4 +1,4 @@
-// The machine with a screen, of Qt and SDL. Each event of the user or of a timer goes through run() or
+// The machine with a screen, built on Qt and SDL. Each event of the user or of a timer goes through run() or
 // tick(), which then update the windows.
 #pragma once
 
@@ -56,7 +56,7 @@ public:
     // Releases whatever is held down: keys, joystick buttons, objects and sliders. Called when another window
     // gets the input and with it the release events.
     void release_input();
-    // Hides the windows of hidden screens, once the window that follows has been painted.
+    // Hides the windows of hidden screens, once the next window has been painted.
     void hide_leaving();
 
     // Seconds since the message box in front was opened.

@@ -17,7 +17,7 @@ namespace vorn {
 
 namespace {
 
-// Seconds after a box opens in which a letter is taken for a key of the gun.
+// For this many seconds after a box opens, a letter is taken as meant for the gun, not for the box.
 constexpr double letter_delay = 1;
 
 // The longest interval of auto-repeat in milliseconds. After a longer one the release was missed.

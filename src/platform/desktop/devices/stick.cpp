@@ -43,7 +43,7 @@ table<int, 2> axes_of(SDL_Joystick* device)
 void init_joysticks()
 {
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");   // SDL would handle the signals that end the program
-    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");   // the windows are not SDL's
+    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");   // the windows are Qt's, not SDL's
     if (SDL_WasInit(SDL_INIT_JOYSTICK) == 0) SDL_InitSubSystem(SDL_INIT_JOYSTICK);
 }
 
@@ -135,7 +135,7 @@ void stick::poll()
     init_joysticks();
     if (timer_.interval() == start_delay) timer_.setInterval(search_interval);
     take_events();
-    // Without a stick at each poll: one that could not be opened when it was plugged in may be ready by now.
+    // Repeated while there is no stick: one that failed to open when it was plugged in may be ready by now.
     if (std::exchange(search_, false) || device_ == nullptr) open_new();
     deliver_move();
 }
@@ -161,8 +161,8 @@ void stick::release_all()
     for (int i = 0; i < held_.size(); ++i) button(i, false);
 }
 
-// A deflected stick is reported at each poll, since the screens take its position for a rate. Otherwise the
-// position is reported when it has changed, also behind a box or by unplugging, and once to a screen that
+// A deflected stick is reported at each poll, since the screens use its position as a rate. Otherwise the
+// position is reported when it has changed, also by unplugging or during a box, and once to a screen that
 // comes to the front.
 void stick::deliver_move()
 {

@@ -21,7 +21,7 @@ public:
     stick(const stick&) = delete;
     stick& operator=(const stick&) = delete;
 
-    // By number: 5 and 7 are the maxima of X and Y, 13 and 14 the positions of X and Y; without a stick these
+    // By number: 5 and 7 are the maxima of X and Y, 13 and 14 the positions of X and Y, which without a stick
     // are at the centre.
     long reading(int number) const;
     bool present() const { return device_ != nullptr; }

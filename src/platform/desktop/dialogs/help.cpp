@@ -217,7 +217,7 @@ void help_window::open_file(const std::string& path)
     const bool again = browser_->source().adjusted(QUrl::RemoveFragment) == file;
     browser_->setSource(file, QTextDocument::HtmlResource);
     if (again) browser_->reload();   // the file may have changed since
-    browser_->clearHistory();        // Contents leads to the page that is open now
+    browser_->clearHistory();        // the Contents button leads to the page open now
     browser_->setFocus();
     show();
     raise();

@@ -1,4 +1,4 @@
-// The help viewer: a modeless window that shows an HTML file, whatever the file's name ends in.
+// The help viewer: a modeless window that shows an HTML file, whatever its file name extension.
 #pragma once
 
 #include <QDialog>

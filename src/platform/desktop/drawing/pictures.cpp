@@ -14,7 +14,7 @@ namespace vorn {
 
 namespace {
 
-// Limits for the memory of a decoded image, in MB: the machine is not to swap. Images of an icon beyond the
+// Limits for the memory of a decoded image, in MB, to avoid swapping. Images of an icon beyond the
 // limit are skipped, by their real size rather than the one in the icon's directory.
 constexpr int largest_picture_mb = 512, largest_icon_mb = 8;
 constexpr std::size_t max_icon_sizes = 64;

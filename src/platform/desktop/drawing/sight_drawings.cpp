@@ -70,13 +70,13 @@ void figure(const canvas& s, const QPointF& middle, double pixels, const QString
 
 // The visual sight ------------------------------------------------------------------------------------------
 
-// How far below the top of a column a HESH round falls that is fired at the aim point.
+// How far below the top of a column a HESH round fired at the aim point falls.
 double fall(int hundreds, const rectangle& column)
 {
     return visualsight.aim.Top + visualsight.hesh.to.at(100 * hundreds) - column.Top;
 }
 
-// Hundreds of metres down a column, each at the drop of its range.
+// Ranges in hundreds of metres in a column, each at the height of the HESH drop at that range.
 void scale_column(QPainter& p, const QRectF& at, const rectangle& column)
 {
     const canvas s{p, at, {column.Width, column.Height}};

@@ -1,4 +1,4 @@
-// Accessibility of the widgets of our own, for screen readers.
+// Accessibility of the program's own widgets, for screen readers.
 #pragma once
 
 namespace vorn {

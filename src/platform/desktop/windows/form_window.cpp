@@ -49,7 +49,7 @@ form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc), sett
 
 form_window::~form_window()
 {
-    // The widgets use the style and the fields.
+    // First the widgets, since they use the style and the fields.
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
@@ -287,7 +287,7 @@ void form_window::place_like(const form_window& before, bool cascade)
                                             : place;
         setGeometry(normal_);
         // Marks the position as set by the program: otherwise the window manager would choose another for a
-        // window that has it already.
+        // window that is there already.
         if (QWindow* handle = windowHandle()) handle->setGeometry(handle->geometry());
     }
     setWindowState(kept);

@@ -28,7 +28,7 @@ QColor back_shade(colour role);   // as background
 QColor disabled_shade(const QColor&);
 QColor mixed(const QColor& a, const QColor& b, double part_of_b);
 
-// The distance of two lines of text in pixels, at scale 1.
+// The distance between two lines of text in pixels, at scale 1.
 double line_height(text_size);
 // The font of a text size; scale 1 is the form at 1024 x 768.
 QFont text_font(text_size, bool bold, double scale);

@@ -22,7 +22,6 @@ struct shown_object {
 };
 
 bool in_sight(const screen_object&);
-// True when it has a mouse handler.
 bool has_mouse_handler(const screen_object&);
 // True when it, or a frame around it, has a handler for mouse moves.
 bool has_move_handler(const screen_object&);
