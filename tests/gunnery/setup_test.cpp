@@ -172,6 +172,10 @@ TEST(screen, a_load_resets_all_state)
         EXPECT_EQ(hesh_shoot(d), first);
         d.pc.click(d.screen().Cmdstopsim);
         EXPECT_TRUE(d.screen().heshcorrecting) << "a reset keeps the correction";
+        d.screen().coaxhits = 2;
+        d.pc.click(d.screen().Cmdmain);
+        d.set_up();
+        EXPECT_EQ(d.screen().coaxhits, 0);
     }
 }
 
