@@ -38,11 +38,11 @@ void buttons(S& s)
 
 void range_strip(S& s)
 {
-    add(s.window, s.Imgrange, image({120, 360, 15045, 3000}, ":title"));
+    add(s.window, s.Imgrange, image({120, 360, 15045, 3000}, ":country"));
     object_fields pointer = hidden(image({120, 360, mark, mark}, ":pointer"));
     pointer.Within = {120, 360, 15045, 3000};
     add(s.window, s.imgtargetpointer, std::move(pointer));
-    add(s.window, s.originalrange, hidden(image({0, 0, 43560, 7335}, ":title")));
+    add(s.window, s.originalrange, hidden(image({0, 0, 43560, 7335}, ":country")));
 }
 
 void engagement_list(S& s)

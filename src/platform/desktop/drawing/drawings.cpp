@@ -13,7 +13,7 @@ namespace vorn {
 // Landscapes are stretched to the rectangle; all other pictures keep their aspect ratio.
 static bool is_stretched(std::string_view name)
 {
-    constexpr std::array<std::string_view, 3> landscapes{":title", ":country", ":target_ground"};
+    constexpr std::array<std::string_view, 2> landscapes{":country", ":target_ground"};
     return std::ranges::find(landscapes, name) != landscapes.end();
 }
 
