@@ -7,7 +7,7 @@
 #include <cmath>
 
 #include "gunnery/sight.h"
-#include "platform/desktop/drawing/explosion.h"
+#include "platform/desktop/drawing/effects.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/windows/look.h"
 #include "state/numbers.h"
@@ -215,6 +215,12 @@ constexpr std::array<mark, 8> marks{{{":scale_left", scale_left},
                                      {":revhesh", reversionary_hesh},
                                      {":target", plain_target}}};
 
+template <effect what>
+void effect_frame(QPainter& p, const QRectF& at, int number)
+{
+    draw_effect(p, what, at, number);
+}
+
 // Drawings with a number after the name.
 struct series {
     std::string_view name;
@@ -222,8 +228,8 @@ struct series {
 };
 constexpr std::array<series, 4> numbered{{{":graticule", graticule},
                                           {":stadia", stadia},
-                                          {":explosion", draw_explosion},
-                                          {":hotexplosion", draw_hot_explosion}}};
+                                          {":explosion", effect_frame<effect::explosion>},
+                                          {":hotexplosion", effect_frame<effect::hot_explosion>}}};
 
 }   // namespace
 

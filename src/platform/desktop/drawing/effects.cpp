@@ -1,0 +1,82 @@
+#include "platform/desktop/drawing/effects.h"
+
+#include <QList>
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include "platform/desktop/drawing/pictures.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr int frames = 16, frames_in_row = 4;
+constexpr int smallest = 16;   // pixels; the size of the explosion at the furthest target
+
+struct sheet {
+    const char* name;   // of the picture
+    bool by_heat;       // made from the one for the eye
+};
+constexpr std::array<sheet, 8> sheets{{{"explosion", false},   // by effect
+                                       {"explosion", true},
+                                       {"fire", false},
+                                       {"fire", true},
+                                       {"burst_fin", false},
+                                       {"burst_hesh", false},
+                                       {"burst_coax", false},
+                                       {"hot_spot", false}}};
+
+// Adds copies of half the size, a quarter and so on: QPainter skips source pixels when it scales a picture to
+// less than half.
+picture with_smaller_copies(const char* name, const QImage& frame)
+{
+    auto pixels = std::make_shared<decoded_picture>();
+    for (QImage copy = frame; copy.width() >= smallest;
+         copy = copy.scaled(copy.size() / 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation))
+        pixels->sizes.push_back(copy);
+    std::reverse(pixels->sizes.begin(), pixels->sizes.end());
+    return {name, frame.width() * twips_per_pixel, frame.height() * twips_per_pixel, pixels};
+}
+
+// Fire is white; smoke, though black to the eye, is warmer than the ground.
+QImage by_heat(QImage sheet)
+{
+    constexpr int smoke = 150;   // of 255
+    for (int y = 0; y < sheet.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(sheet.scanLine(y));
+        for (int x = 0; x < sheet.width(); ++x) {
+            const QRgb c = line[x];
+            const int brightest = std::max({qRed(c), qGreen(c), qBlue(c)});
+            const int heat = (qAlpha(c) * smoke + brightest * (255 - smoke)) / 255;
+            line[x] = qRgba(heat, heat, heat, qAlpha(c));
+        }
+    }
+    return sheet;
+}
+
+QList<picture> frames_of(const sheet& s)
+{
+    QImage whole =
+        QImage(QString(":/pictures/%1.png").arg(s.name)).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (s.by_heat) whole = by_heat(std::move(whole));
+    const QSize size = whole.size() / frames_in_row;
+    QList<picture> found;
+    for (int i = 0; i < frames && !whole.isNull(); ++i) {
+        const QPoint corner(i % frames_in_row * size.width(), i / frames_in_row * size.height());
+        found.push_back(with_smaller_copies(s.name, whole.copy(QRect(corner, size))));
+    }
+    return found;
+}
+
+}   // namespace
+
+void draw_effect(QPainter& p, effect what, const QRectF& at, int frame)
+{
+    static std::array<QList<picture>, sheets.size()> read;
+    const auto number = static_cast<std::size_t>(what);
+    if (read[number].isEmpty()) read[number] = frames_of(sheets[number]);
+    if (frame >= 0 && frame < read[number].size()) draw_picture(p, read[number][frame], at.toRect());
+}
+
+}   // namespace vorn
