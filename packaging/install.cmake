@@ -1,6 +1,6 @@
 # What is installed where, and the Debian package: `cmake --build --preset release && (cd build/release && cpack)`.
 install(TARGETS vorn RUNTIME DESTINATION bin)
-# Only the shipped files: a source tree in which somebody practises also contains that user's own.
+# Only the shipped files: a source tree in which somebody practises also contains files saved by that user.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS packaging/shipped)
 file(STRINGS packaging/shipped shipped)
 foreach(name ${shipped})

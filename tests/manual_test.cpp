@@ -35,7 +35,7 @@ std::vector<std::string> found(const std::string& text, const char* pattern)
     return all;
 }
 
-// Without tags, and with one blank for any white space.
+// Without tags, and with one space for any white space.
 std::string words(const std::string& text)
 {
     return std::regex_replace(std::regex_replace(text, std::regex("<[^>]*>"), ""), std::regex("\\s+"), " ");

@@ -82,7 +82,7 @@ void readings(S& s)
         add(s.window, *o, hidden(label({0, 0, width, 300}, "")), &s.Frmreadings);
 }
 
-// In the order in which the gunnery screens take the buttons.
+// The joystick's buttons, and what each does in a practice.
 void lamps(S& s)
 {
     add(s.window, s.Frmbuttons, frame({9480, top, 5760, height}, "BUTTONS"));

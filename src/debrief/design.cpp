@@ -14,7 +14,7 @@ namespace {
 
 using S = results_screen;
 
-// The marks of laze and visual aim are upside down, since they are placed with the signs of the record.
+// The marks of lase and visual aim are upside down, since they are placed with the signs of the record.
 constexpr const char* reading =
     "The cross is the middle of the target. The other marks show laser, aim and round against it.\n\n"
     "Laser, and aim of the visual sight, are upside down: below the cross is too high.\n\n"

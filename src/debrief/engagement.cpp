@@ -76,7 +76,7 @@ void show_round(results_screen& s, int round)
     }
 }
 
-// The offsets of the record run from the aim, the laze and the round to the target. A mark without an entry
+// The offsets of the record run from the aim, the lase and the round to the target. A mark without an entry
 // in the record is pale.
 void place_markers(const practice_state& p, results_screen& s, int round)
 {
@@ -94,7 +94,7 @@ void place_markers(const practice_state& p, results_screen& s, int round)
 }
 
 // A hit has the middle of its fall mark inside this outline. The record has no kill area, so this uses
-// the present option.
+// the current option.
 void outline_killbox(const practice_state& p, results_screen& s)
 {
     const double width = p.recwidth[s.selectedengagement];
@@ -106,7 +106,7 @@ void outline_killbox(const practice_state& p, results_screen& s)
     s.killbox.Height = std::max(box.bottom - box.top, 0.0) * scale;
 }
 
-// A target without a width, such as a thermal one that was not lazed, gives no scale: its markers are hidden.
+// A target without a width, such as a thermal one that was not lased, gives no scale: its markers are hidden.
 void show_markers(const practice_state& p, results_screen& s)
 {
     const int e = s.selectedengagement;

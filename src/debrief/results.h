@@ -1,4 +1,4 @@
-// The debrief screen: shows a finished practice engagement by engagement, with the last laze, the point of
+// The debrief screen: shows a finished practice engagement by engagement, with the last lase, the point of
 // aim and the fall of each round marked on the target; saves, opens, deletes and prints records.
 #pragma once
 

@@ -15,7 +15,7 @@ namespace vorn {
 // Rows of the record that a file contains.
 inline constexpr int stored_rows = 16;
 
-// The bytes of a file with the present record. Range name and picture path are cut or padded to 20 and 60
+// The bytes of a file with the current record. Range name and picture path are cut or padded to 20 and 60
 // characters.
 std::string results_file_bytes(const practice_state&);
 
@@ -24,7 +24,7 @@ std::string results_file_bytes(const practice_state&);
 // rows; what was read before stays. Ignores text after the last item.
 bool take_results(item_reader&, practice_state&, const std::function<void()>& head_taken = {});
 
-// Returns the reason of a failure, empty on success.
+// Returns the reason for a failure, empty on success.
 std::string write_results(const machine&, const std::string& file, const practice_state&);
 
 }   // namespace vorn

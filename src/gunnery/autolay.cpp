@@ -38,7 +38,8 @@ void layfin(trainer& t, gunnery_screen& s)
     s.ammoselected = fin_tank;
 }
 
-// Moves sideways by the lead for the wind during a lay. The Lefts are added up in single precision.
+// Moves sideways by the lead for the wind during a lay. The sums are in single precision: the aim in the
+// record depends on how they are rounded.
 struct sideways_lead {
     gunnery_screen& s;
     float rangeleft = static_cast<float>(s.Imgrange.Left);

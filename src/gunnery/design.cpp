@@ -17,7 +17,7 @@ constexpr double row_step = 480;
 struct layout {
     double panel_width;
     double inner_width;    // of the frames in the panel
-    double button_width;   // across a frame
+    double button_width;   // of a button as wide as its frame
     double half_width;     // of two buttons side by side
 };
 

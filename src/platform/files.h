@@ -29,10 +29,11 @@ struct file_text {
 file_text read_file(const machine&, const std::string& path);
 // The extension of a file name in lower case, with its dot; empty if it has none.
 std::string extension(const std::string& path);
-// Creates or replaces a file. Returns the reason of a failure, empty on success; a failure leaves the old
+// Creates or replaces a file. Returns the reason for a failure, empty on success; a failure leaves the old
 // file.
 std::string write_file(const machine&, const std::string& path, const std::string& text);
-// Deletes a regular file whose name is exactly as written. Returns the reason of a failure, empty on success.
+// Deletes a regular file whose name is exactly as written. Returns the reason for a failure, empty on
+// success.
 std::string delete_file(const machine&, const std::string& path);
 
 // Makes a folder the working directory. False, and no change, if it can't be listed or the path is empty.

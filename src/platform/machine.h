@@ -94,12 +94,12 @@ public:
     // Opens a help file at its table of contents in a separate window and returns immediately.
     virtual void show_help(const std::string& path) = 0;
 
-    // The only sound channel. play stops the present sound and returns immediately. A missing or damaged file
+    // The only sound channel. play stops the current sound and returns immediately. A missing or damaged file
     // is silent, as is a machine without sound.
     virtual void play(const std::string& path) = 0;
     virtual void close_sound() = 0;
 
-    // Readings of the joystick: 5 and 7 are the upper ends of the X and Y scales, 13 and 14 the present X and
+    // Readings of the joystick: 5 and 7 are the upper ends of the X and Y scales, 13 and 14 the current X and
     // Y.
     virtual long joystick_reading(int number) = 0;
     virtual bool joystick_present() = 0;
@@ -124,7 +124,7 @@ void unload(machine&, form&);
 form* front(const machine&);
 // The window system has brought this screen to the front.
 void came_to_front(machine&, form&);
-// The user has closed the window by its frame: runs the click of the exit button, even in a hidden panel, or
+// The window manager asks to close the window: runs the click of the exit button, even in a hidden panel, or
 // `closed` on a screen without one.
 void close_by_frame(form&);
 // A joystick has been connected or disconnected: runs the handlers of all loaded screens.

@@ -20,7 +20,7 @@ enum class colour {
     text,        // ordinary text and button text
     highlight,   // text under the mouse cursor, the selected item
     dim,         // secondary text
-    live,        // present values: readouts, the crew line
+    live,        // current values: readouts, the crew line
     red,         // full red
     darkred,     // half red
     white,
@@ -142,7 +142,7 @@ struct form {
     form_state state = form_state::not_loaded;
     std::vector<screen_object*> objects;
     std::vector<timer*> timers;
-    screen_object* exit_button = nullptr;   // clicked when the window is closed by its frame
+    screen_object* exit_button = nullptr;   // clicked when the user closes the window
     std::function<void()> closed;           // called then if there is no exit_button
     std::vector<panel_key> panel_keys;
     // Set by a handler: the object that gets the keyboard focus after it. The machine clears it.

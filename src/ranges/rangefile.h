@@ -25,7 +25,7 @@ enum class range_part { name, picture, type, icons, entry };
 bool take_range(item_reader&, practice_state&,
                 const std::function<bool(range_part, int position)>& taken = {});
 
-// Each returns the reason of a failure, empty on success.
+// Each returns the reason for a failure, empty on success.
 
 // Reads name and type only. The path of the picture is left unchanged, as it must match the positions.
 std::string read_range_head(const machine&, const std::string& file, practice_state&);
@@ -38,7 +38,7 @@ std::string write_range(const machine&, const std::string& file, practice_state&
 std::string range_file_bytes(const practice_state&);
 
 // The file that a stored icon text names: below rootpath, with or without a leading separator of either kind.
-// If there is no such file, the text can be a full path.
+// If there is no such file, the text is taken as a full path.
 std::string icon_path(const machine&, const std::string& rootpath, const std::string& stored);
 // The path relative to a folder, without a leading separator; nothing if it lies elsewhere.
 std::optional<std::string> below_folder(const machine&, const std::string& folder, const std::string& path);

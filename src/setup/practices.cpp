@@ -24,7 +24,7 @@ constexpr option up30 = &S::Opttime3, up40 = &S::Opttime4;
 constexpr const char* standard = "STANDARD PRACTICE SHOOT";
 constexpr const char* special = "SPECIAL PRACTICE SHOOT";
 constexpr const char* thirty = "UP FOR 30 SECS ";
-constexpr const char* thirty2 = " UP FOR 30 SECS ";   // practices 1 and 2 have one blank more
+constexpr const char* thirty2 = " UP FOR 30 SECS ";   // practices 1 and 2 have one space more
 constexpr const char* no_coax = "THERE WILL BE NO COAX TARGETS";
 constexpr const char* bursts = "2 KILL BURSTS FOR COAX TARGETS";
 

@@ -77,7 +77,7 @@ bool reads_as_utf8(std::string_view latin)
 
 }   // namespace
 
-// An item ends at a comma, CR LF, CR or LF, and has no blanks around it.
+// An item ends at a comma, CR LF, CR or LF, and has no spaces around it.
 bool item_reader::next_item(std::string_view& item)
 {
     if (failed_ || place_ >= text_.size()) {

@@ -35,7 +35,7 @@ private:
 };
 
 // Builds the text of a file item by item. In texts a double quote becomes an apostrophe and a line break a
-// blank, since the format has no escape for them.
+// space, since the format has no escape for them.
 class item_writer {
 public:
     void put(std::string_view text);

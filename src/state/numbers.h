@@ -69,12 +69,12 @@ struct table {
 // The number of characters in a UTF-8 text, and its first n characters.
 std::size_t length(const std::string& text);
 std::string left(const std::string& text, std::size_t n);
-// Without trailing blanks.
+// Without trailing spaces.
 std::string without_padding(std::string text);
 // With up to 15 significant digits.
 std::string number_text(double x);
 
-// Text of exactly N characters: truncated, or padded with blanks on the right.
+// Text of exactly N characters: truncated, or padded with spaces on the right.
 template <std::size_t N>
 class padded {
 public:

@@ -38,7 +38,7 @@ struct practice_state {
     bool selfdegrading = false;    // the status worsens during the practice
     int targetsize = 0;            // a target's width decreases by the range / this
     int killarea = 0;              // the kill radius is the target's width / this
-    int coaxbursts = 0;            // bursts needed on a coax target: 2 to 4
+    int coaxbursts = 0;            // 2 to 4; a kill of a coax target takes one or two bursts more
     int coaxerror = 0;             // vertical error of a burst, twips
     double coaxerrorwide = 0;      // horizontal error of a burst, twips
     bool coaxlight = false;        // the lights panel is shown

@@ -92,7 +92,7 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     EXPECT_TRUE(s.killbox.Width == 770 && s.killbox.Height == 770);
     EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";
     EXPECT_TRUE(s.Cmdround1.bold && !s.cmdround2.bold);
-    // The last laze is that of the second round.
+    // The last lase is that of the second round.
     expect_at(s.Imglaze, 2040 + 4 * (-56), 1560 + 4 * 602, "laze");
     EXPECT_TRUE(s.Cmdround1.Visible && s.cmdround2.Visible);
     EXPECT_FALSE(s.Cmdround3.Visible || s.cmdround4.Visible);

@@ -268,7 +268,7 @@ TEST(commander, report_by_system_status)
         drill d(sight_kind::visual);
         d.t.shared.systemstatus = c.status;
         d.t.shared.engagementtype = c.type;
-        d.t.shared.voiceson = false;   // for the order
+        d.t.shared.voiceson = false;   // during the order
         d.random(draw_of(6));
         d.start();
         d.pc.advance(7.5);

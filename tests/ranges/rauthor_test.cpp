@@ -162,7 +162,7 @@ TEST_F(author, shows_the_target_of_the_chosen_icon_at_the_size_of_its_range)
     EXPECT_EQ(s.shown_target.Picture.width, 960);
     move(s.cmdup, 1);
     EXPECT_EQ(s.shown_target.Width, 560 - std::stod(s.Lbltgtrange.Caption) / 4);
-    p.targetsize = 8;   // set on the set-up screen beneath
+    p.targetsize = 8;   // as set on the set-up screen
     pc.activate(d.t.startsim.window);
     pc.activate(s.window);
     enter_range("1000");

@@ -166,8 +166,9 @@ void walker::step()
     check(settles);
 }
 
-// Besides the usual ranges: positions anywhere in the reach of the sight, positions and distances that the
-// author can't give, none near enough, and files that are damaged in different ways.
+// Besides the usual ranges: ones with positions anywhere in the reach of the sight, with positions and
+// distances that the range author can't set, with targets too far for FIN and the coax, without a picture,
+// and damaged files.
 static void put_ranges(walker& w)
 {
     const practice_state plain = plain_range(sight_kind::visual);

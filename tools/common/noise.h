@@ -11,7 +11,8 @@ std::uint32_t hash(int x, int y, std::uint32_t seed);
 float scatter(int x, int y, std::uint32_t seed);
 // Gradient noise with features about one unit wide, from -1 to 1 and mostly within half of it.
 float noise(float x, float y, std::uint32_t seed);
-// Octaves of noise, each about half as wide and `gain` times as high as the one before.
+// A sum of octaves of noise: each has about twice the frequency and `gain` times the amplitude of the one
+// before.
 float fractal(float x, float y, std::uint32_t seed, int octaves, float gain = .5f);
 // Value noise in three dimensions, from -1 to 1.
 float noise3(float x, float y, float z);

@@ -157,7 +157,7 @@ block filled_block(const std::vector<puff>& puffs, float time)
     for (int y = 0; y < side; ++y)
         for (int x = 0; x < side; ++x)
             for (int z = 0; z < depth; ++z) {
-                // The block leans, so that the eye looks straight along it.
+                // The block is sheared so that the lines of sight run along its z axis.
                 const float near = (real(z) + .5f - depth / 2.f) * cell_size;
                 const vec3 at{(real(x) + .5f) * cell_size - burst_across,
                               (real(y) + .5f) * cell_size - ground_line + look_down * near, near};

@@ -7,7 +7,7 @@ namespace {
 
 struct house {
     point middle;
-    float angle;           // of its length, radians
+    float angle;           // of its long side, radians
     float length, width;   // metres
     float eaves, ridge;    // height of the walls, and of the roof above them
     vec3 wall, roof;

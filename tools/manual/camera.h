@@ -65,7 +65,7 @@ inline callout on(QPointF point)
 {
     return {point, point};
 }
-// On a panel's head line, where its caption leaves room.
+// On a panel's caption line, to the right of the caption.
 inline callout on_head(const screen_object& o, double across = 0.93)
 {
     const place p = place_of(o);

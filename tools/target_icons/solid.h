@@ -7,7 +7,7 @@
 namespace tools {
 
 struct material {
-    vec3 paint;   // the light it reflects, 0 to 1, linear
+    vec3 paint;   // reflectance, 0 to 1, linear
     float heat;   // 0 as cold as the ground, 1 the hottest that the sight shows
     bool camouflaged = false;
 };

@@ -76,7 +76,7 @@ public:
     void stick(long x, long y);
     void stick_button(int number, bool down);
     void activate(form&);       // the user brings its window to the front
-    void close_window(form&);   // the user closes it by its frame
+    void close_window(form&);   // the user clicks its close button
 
     // Runs until this many seconds after the end of the last advance, so that time taken by handlers in
     // between is included in it.

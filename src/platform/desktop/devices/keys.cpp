@@ -59,7 +59,7 @@ quint32 identity(const QKeyEvent& e)
     return e.nativeScanCode() != 0 ? e.nativeScanCode() : static_cast<quint32>(e.key());
 }
 
-// In a text, Space types a blank or turns the page, also by auto-repeat.
+// In a text, Space types a space or turns the page, also by auto-repeat.
 bool text_has_focus()
 {
     const QWidget* focus = QApplication::focusWidget();

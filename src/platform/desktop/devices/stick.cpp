@@ -107,7 +107,7 @@ void stick::close(int id)
     SDL_JoystickClose(device);
 }
 
-// Another stick that is moved takes over, unless a button of the present one is held.
+// Another stick that is moved takes over, unless a button of the current one is held.
 void stick::take_axis(int id, int number, int value)
 {
     const auto other = find_open(id);
