@@ -37,7 +37,7 @@ struct drill {
     void hold(int key, double seconds);
     // All random numbers are this one from now on.
     void random(double number);
-    // Waits until the practice has ended; gives the seconds.
+    // Waits until the practice has ended. Returns the seconds it took.
     double to_the_end();
     // The times at which the crew line was set to this text.
     std::vector<double> times_of(const std::string& line);

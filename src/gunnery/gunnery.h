@@ -14,8 +14,8 @@ using coordinate = double object_fields::*;
 // setup.cpp, design.cpp: the screen as a whole.
 void make_gunnery(trainer&, gunnery_screen&);
 void design_gunnery(gunnery_screen&);
-// Prepares the screen for the next practice. When the range or one of its pictures can't be read: shows a
-// box, returns to the set-up screen, and gives false.
+// Prepares the screen for the next practice. If the range or one of its pictures can't be read, shows a box,
+// goes back to the set-up screen and returns false.
 bool screenreset(trainer&, gunnery_screen&);
 // Sets the caption of the pause button to what a click on it will do.
 void showpause(gunnery_screen&, bool paused);

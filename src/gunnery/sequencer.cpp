@@ -122,8 +122,8 @@ int nearestposition(const trainer& t)
     return nearest;
 }
 
-// A candidate exactly at the limit is kept, but a drawn one is not. If no position is nearer than the limit,
-// the nearest one is taken, since the draws would never end.
+// The current candidate may be exactly at the limit; one drawn in its place must be nearer. If no position is
+// nearer than the limit, the nearest one is taken, since the draws would never end.
 void drawnearer(trainer& t, gunnery_screen& s, int limit)
 {
     if (rangeof(t, s.targetindex) <= limit) return;
@@ -164,7 +164,7 @@ void placetarget(trainer& t, gunnery_screen& s)
     if (s.visual()) t.shared.recwidth[row(t)] = s.Imgtargets.Width;
 }
 
-// When all targets have been presented (possible only after a resume): ends the practice, gives false.
+// If all targets have been presented (possible only after a resume), ends the practice and returns false.
 bool presenttarget(trainer& t, gunnery_screen& s)
 {
     t.shared.roundnumber = 1;

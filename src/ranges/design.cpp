@@ -33,7 +33,7 @@ void buttons(S& s)
                  {s.Cmdstart, "RETURN", "START"},
                  {s.Cmdexit, "EXIT VORN", ""},
                  {s.Command1, "HELP", ""}});
-    // Closing the window returns to the set-up screen beneath and loses nothing.
+    // Closing the window returns to the set-up screen behind it and loses nothing.
     s.window.exit_button = &s.Cmdstart;
 }
 

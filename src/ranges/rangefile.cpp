@@ -26,7 +26,7 @@ static bool each_item(state& p, range_part part, int i, const visitor& visit)
     return all(p.targetx[i], p.targety[i], p.targetrange[i]);
 }
 
-// The parts in the order of the file, up to a number of entries. Stops when the visitor returns false.
+// Visits the parts of a file with this many entries, in their order. Stops when the visitor returns false.
 template <class visitor>
 static bool each_part(int entries, const visitor& visit)
 {

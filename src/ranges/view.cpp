@@ -68,8 +68,8 @@ void moveto(S& s, double x, double y)
 {
     constexpr int small_step = 100;
     const auto go = [&s](double off, int S::*step, void (*back)(S&), void (*on)(S&)) {
-        const int pressed =
-            std::exchange(s.*step, off < 0 ? small_step : -small_step);   // of a pressed arrow
+        // The step of an arrow that may be pressed; it is restored below.
+        const int pressed = std::exchange(s.*step, off < 0 ? small_step : -small_step);
         for (double n = rounded(std::abs(off) / small_step); n > 0; --n) (off < 0 ? back : on)(s);
         s.*step = pressed;
     };

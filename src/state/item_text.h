@@ -13,7 +13,7 @@
 namespace vorn {
 
 // Takes items one by one from the text of a file. A take fails when no item is left, the item has another
-// type or a number doesn't fit its field. It then gives false and leaves the argument unchanged, as do all
+// type or a number doesn't fit its field. It then returns false and leaves the argument unchanged, as do all
 // later takes. An item also ends at a comma outside quotes.
 class item_reader {
 public:

@@ -200,7 +200,7 @@ TEST(drawings, the_marks_of_a_scale_are_equally_bright)
     EXPECT_EQ(marks, 14);
 }
 
-// The share of pixels of each kind, on a ground of one colour.
+// The share of pixels of each kind, on a plain background.
 TEST(explosion, is_a_flash_then_fire_then_smoke_and_grey_in_the_thermal_sight)
 {
     QImage canvas(78, 78, QImage::Format_RGB32);

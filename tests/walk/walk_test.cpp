@@ -7,7 +7,7 @@ namespace vorn {
 namespace {
 
 // What a walk of 250 000 events reaches at least: about half of the mean of several seeds. A walk that
-// reaches less has stuck somewhere and proves little.
+// reaches less got stuck somewhere and proves little.
 constexpr struct {
     const char* what;
     long times;

@@ -24,7 +24,7 @@ public:
     float unit();    // from 0 to below 1, 24 bits
     double fine();   // the same with 53 bits
     float between(float low, float high);
-    float normal();   // around 0, mostly within 1
+    float normal();   // about normally distributed, mean 0, standard deviation 1
     bool chance(float probability) { return unit() < probability; }
     int below(int count);
 

@@ -48,7 +48,7 @@ struct ground_paint {
 
 struct sky_paint {
     vec3 zenith, horizon, haze_band;
-    float cover;   // of cumulus: 0 none, 1 nearly closed
+    float cover;   // of cumulus: 0 clear, 1 nearly overcast
     float veil;    // of high cloud, 0 to 1
 };
 

@@ -8,8 +8,8 @@
 
 namespace tools {
 
-// One byte, times a unit, for each cell of the country in front of the gunner; 255 at first and beyond the
-// map.
+// A map of the country in front of the gunner with a byte for each cell, initially 255. The value at a place
+// is that byte times a unit; beyond the map the byte counts as 255.
 class map_layer {
 public:
     explicit map_layer(float unit);

@@ -286,7 +286,7 @@ private:
         take_sight("thermal_cross", s);
         tap(s, "A");
         take_sight("thermal_lased", s);
-        // A degraded sight instead: the picture has gone up, and the target is to be laid on the bar.
+        // A degraded sight instead: the picture has gone up, and the gunner lays the bar on the target.
         const int status = std::exchange(t.shared.systemstatus, 2);
         tap(s, "A");
         s.imgbam.Visible = false;

@@ -74,7 +74,7 @@ public:
 private:
     // The counted move that is running; times as of now().
     struct counted_move {
-        double clock;        // the time its counts have reached
+        double clock;        // the time of its last count
         double next_frame;   // the time of its next frame
     };
 

@@ -54,8 +54,8 @@ static void draw_shape(QPainter& p, const object_fields& o, const QRect& at, dou
 // A round in flight: a white core with a coloured glow, at least large enough to be seen at any range.
 static void draw_tracer(QPainter& p, const QColor& c, const QRect& at, double scale)
 {
-    constexpr double min_radius = 1.4,
-                     reach = 1.5;   // of the core and of the glow beyond it, pixels at scale 1
+    constexpr double min_radius = 1.4;   // of the core, pixels at scale 1
+    constexpr double reach = 1.5;        // of the glow beyond the core, pixels at scale 1
     const double radius = std::max(at.width() / 2.0, min_radius * scale);
     const double light = radius * 1.35 + reach * scale;
     const QPointF middle = QRectF(at).center();
