@@ -82,9 +82,6 @@ void practice_buttons(gunnery_screen& s, const layout& l)
                     {'P', true, &s.Cmdpausesim},
                     {'G', true, &s.Cmdtarget},
                     {escape, false, &s.Cmdmain}};
-    if (!s.visual()) return;   // the thermal panel is never hidden
-    add(f, s.keynote,
-        hidden(label({2 * inner, 420, l.button_width, 1800}, "", colour::dim, text_size::small)), &s.Frame1);
 }
 
 void information(gunnery_screen& s, const layout& l)
@@ -187,26 +184,33 @@ void control_panel(gunnery_screen& s)
     gunners_buttons(s, l);
     add(f, s.Frmcon, hidden(frame({inner, 7440, l.inner_width, 3870}, "Keyboard")), &s.Frame1);
     add(f, s.Image1, image({inner, 330, l.button_width, 3420}, ":keys"), &s.Frmcon);
+    s.Frame1.docked = dock::panel;
 }
 
+// On the visual screen also what a quick start shows instead of panels.
 void title_and_crew(gunnery_screen& s)
 {
     form& f = s.window;
-    caption(s, nullptr,
-            bold(label({2970, 150, 12240, 480}, s.window.Caption, colour::text, text_size::large,
-                       alignment::centre)));
     const rectangle& window = s.numbers.window;
+    caption(s, nullptr,
+            bold(label({window.Left, 150, 2775, 450}, s.window.Caption, colour::text, text_size::large,
+                       alignment::right)));
+    s.captions.back().docked = dock::above;
     const rectangle crew{window.Left, s.visual() ? 840.0 : 1290.0, window.Width, 450};
     add(f, s.lblcrew, bold(label(crew, "CREW:", colour::live, text_size::large)));
+    s.lblcrew.docked = dock::above;
     if (!s.visual()) return;
-    add(f, s.lbltargetnum, hidden(bold(label({2970, 840, 2700, 450}, "TARGET NUMBER 0 OF 9", colour::text))));
-    add(f, s.Imgname, hidden(image({window.Left, 8310, window.Width, 2600}, ":emblem")));
+    add(f, s.Imgname, hidden(image({2970, 4400, 2655, 4470}, ":emblem")));
+    add(f, s.lbltargetnum, hidden(bold(label({2970, 840, 2655, 390}, "TARGET NUMBER 0 OF 9", colour::text))));
+    for (screen_object* o : {&s.Imgname, &s.lbltargetnum}) o->docked = dock::beside;
 }
 
 void visual_display(gunnery_screen& s)
 {
     form& f = s.window;
     add(f, s.Frame2, frame({2970, 1310, 2655, 3000}, ""));
+    s.Frame2.docked = dock::beside;
+    s.Frame2.fold = 1500;
     caption(s, &s.Frame2,
             label({inner, 300, 2475, 270}, "RANGE", colour::dim, text_size::small, alignment::centre));
     add(f, s.Lblrange,
@@ -221,6 +225,8 @@ void visual_display(gunnery_screen& s)
         &s.Frame2);
     caption(s, &s.Frame2,
             label({inner, 2580, 2475, 270}, "AMMUNITION", colour::dim, text_size::small, alignment::centre));
+    add(f, s.keynote, hidden(label({2970, 4400, 2655, 1500}, "", colour::dim, text_size::small)));
+    s.keynote.docked = dock::beside;
 }
 
 void thermal_display(gunnery_screen& s)
@@ -230,11 +236,14 @@ void thermal_display(gunnery_screen& s)
         return rectangle{s.numbers.window.Left + place * 1577, 7770, 1560, 450};
     };
     add(f, s.Lblammotype, named(bold(label(at(0), "", colour::live)), "AMMUNITION"));
-    caption(s, nullptr, label(at(1), "PRED ", colour::dim));
-    caption(s, nullptr, label(at(2), "THERMAL", colour::dim));
+    const std::pair<int, const char*> constant[] = {{1, "PRED "}, {2, "THERMAL"}, {4, "FIRST"}};
+    for (const auto& [place, words] : constant) {
+        caption(s, nullptr, label(at(place), words, colour::dim));
+        s.captions.back().docked = dock::below;
+    }
     add(f, s.Lblcharge, hidden(label(at(3), "CHRG", colour::live)));
-    caption(s, nullptr, label(at(4), "FIRST", colour::dim));
     add(f, s.Lblrange, bold(label(at(5), "10.0 S", colour::live)));
+    for (screen_object* o : {&s.Lblammotype, &s.Lblcharge, &s.Lblrange}) o->docked = dock::below;
 }
 
 void explosion(gunnery_screen& s)
@@ -250,6 +259,7 @@ void range_and_target(gunnery_screen& s, rectangle range)
 {
     form& f = s.window;
     add(f, s.Picrange, placed(object_kind::sight, s.numbers.window));
+    s.Picrange.docked = dock::sight;
     add(f, s.Imgrange, image(range), &s.Picrange);
     for (screen_object* o : {&s.Imgtargetfin, &s.Imgtargethesh, &s.Imgtargetcoax})
         add(f, *o, hidden(image({0, 0, 480, 480}, ":target")), &s.Picrange);

@@ -34,6 +34,17 @@ enum class alignment { left, centre, right };
 enum class text_size { small, normal, large };
 enum class shape_kind { rectangle, dashed_rectangle, ellipse, filled_ellipse };
 
+// How an object is arranged around the sight of its screen, so that the sight can take all the space that the
+// others leave. `none`: at its own place.
+enum class dock {
+    none,
+    sight,    // the sight itself
+    panel,    // a frame whose frames may be placed below or beside each other
+    beside,   // left of the sight or below it
+    above,    // in the line above the sight
+    below,    // in the line below the sight
+};
+
 enum class object_kind {
     frame,   // a panel with a caption that contains other objects
     sight,   // a window that clips its objects and draws them in their order
@@ -101,6 +112,8 @@ struct screen_object : object_fields {
     std::optional<object_fields> design;   // values of the fields at each load
     screen_object* parent = nullptr;       // none: the form itself
     form* owner = nullptr;
+    dock docked = dock::none;
+    double fold = 0;   // docked beside: what is below this Top may be shown beside what is above it
 
     std::function<void()> Click;                   // button, label, option, check box
     std::function<void(double, double)> ClickAt;   // image; twips from its upper left corner

@@ -118,15 +118,19 @@ static bool moved(const object_fields& a, const object_fields& b)
 
 void form_window::sync()
 {
-    if (fitted_ != size()) fit_scale();
+    if (fitted_ != size()) arrange_objects();
     make_new_objects();
-    bool widgets_moved = false;
+    bool widgets_moved = false, rearranged = false;
     for (const auto& s : objects_) {
         if (static_cast<const object_fields&>(*s->object) == s->drawn) continue;
         if (!in_sight(*s->object)) widgets_moved |= moved(*s->object, s->drawn);
+        rearranged |= s->object->Visible != s->drawn.Visible && affects_arrangement(*s->object);
         draw_fields(*s, style_.scale, false);
     }
-    if (widgets_moved) place_objects();
+    if (rearranged)
+        arrange_objects();
+    else if (widgets_moved)
+        place_objects();
     const QString title = QString::fromStdString(model.Caption);
     if (windowTitle() != title) setWindowTitle(title);
     const screen_object* focus = std::exchange(model.takes_focus, nullptr);
@@ -141,33 +145,34 @@ void form_window::paint_now()
 
 // Scale ---------------------------------------------------------------------------------------------------
 
-void form_window::fit_scale()
+void form_window::arrange_objects()
 {
+    arrangement_ = arrange(model, size());
     fitted_ = size();
-    style_.scale = std::min(static_cast<double>(width()) / designed.width(),
-                            static_cast<double>(height()) / designed.height());
-    const QSizeF form = QSizeF(designed) * style_.scale;
-    corner_ = QPoint(static_cast<int>((width() - form.width()) / 2),
-                     static_cast<int>((height() - form.height()) / 2));
-    for (const auto& s : objects_) draw_fields(*s, style_.scale, true);
+    if (std::exchange(style_.scale, arrangement_.scale) != arrangement_.scale)
+        for (const auto& s : objects_) draw_fields(*s, style_.scale, true);
     place_objects();
-    update();
 }
 
-static QPointF corner_of(const screen_object* o)
+// Where an object is shown in its parent, in twips: where it is arranged, or at its own place, moved into its
+// area `Within` if there is one.
+QRectF form_window::shown_place(const screen_object& o) const
+{
+    const auto arranged = arrangement_.places.find(&o);
+    if (arranged != arrangement_.places.end()) return arranged->second;
+    const area& a = o.Within;
+    const auto moved = arrangement_.offsets.find(&o);
+    const QPointF offset = moved == arrangement_.offsets.end() ? QPointF() : moved->second;
+    if (a.Width <= 0) return QRectF(o.Left, o.Top, o.Width, o.Height).translated(offset);
+    return {std::clamp(o.Left, a.Left, a.Left + a.Width - o.Width),
+            std::clamp(o.Top, a.Top, a.Top + a.Height - o.Height), o.Width, o.Height};
+}
+
+QPointF form_window::corner_of(const screen_object* o) const
 {
     QPointF at;
-    for (; o != nullptr; o = o->parent) at += QPointF(o->Left, o->Top);
+    for (; o != nullptr; o = o->parent) at += shown_place(*o).topLeft();
     return at;
-}
-
-// Where an object is shown: at its place, moved into its area `Within` if there is one.
-static QPointF shown_place(const screen_object& o)
-{
-    const area& a = o.Within;
-    if (a.Width <= 0) return {o.Left, o.Top};
-    return {std::clamp(o.Left, a.Left, a.Left + a.Width - o.Width),
-            std::clamp(o.Top, a.Top, a.Top + a.Height - o.Height)};
 }
 
 // Edges are rounded in coordinates of the form, so that aligned objects stay aligned at every scale.
@@ -175,22 +180,24 @@ QRect form_window::place_of(const screen_object& o) const
 {
     const auto pixel = [&](const QPointF& p) { return (p / twips_per_pixel * style_.scale).toPoint(); };
     const QPoint origin = pixel(corner_of(o.parent));
-    const QPointF from = corner_of(o.parent) + shown_place(o);
-    const QRect at(pixel(from) - origin, pixel(from + QPointF(o.Width, o.Height)) - origin - QPoint(1, 1));
-    return o.parent == nullptr ? at.translated(corner_) : at;
+    const QRectF twips = shown_place(o).translated(corner_of(o.parent));
+    const QRect at(pixel(twips.topLeft()) - origin, pixel(twips.bottomRight()) - origin - QPoint(1, 1));
+    return o.parent == nullptr ? at.translated(arrangement_.corner.toPoint()) : at;
 }
 
 void form_window::place_objects()
 {
-    for (const auto& s : objects_)
+    for (const auto& s : objects_) {
+        if (s->object->docked == dock::sight) s->growth = arrangement_.growth;
         if (!in_sight(*s->object)) s->widget->setGeometry(place_of(*s->object));
+    }
     update();
 }
 
 void form_window::resizeEvent(QResizeEvent*)
 {
     settled_.start();
-    if (fitted_ != size()) fit_scale();
+    if (fitted_ != size()) arrange_objects();
 }
 
 // Each sight has a dark border.

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/desktop/windows/arrangement.h"
 #include "platform/desktop/windows/look.h"
 #include "platform/desktop/windows/widgets.h"
 
@@ -48,16 +49,18 @@ private:
     void make_new_objects();
     void make_object(screen_object&);
     void connect_space(QAbstractButton&, screen_object&);
-    void fit_scale();
+    void arrange_objects();
     void place_objects();
+    QRectF shown_place(const screen_object&) const;
+    QPointF corner_of(const screen_object*) const;
     QRect place_of(const screen_object&) const;
     bool mouse_event(screen_object&, QEvent&);
     shown_object* shown(const screen_object*) const;
 
     desktop_machine& pc_;
     form_style style_;
-    QPoint corner_;          // of the scaled form in the window
-    QSize fitted_;           // the window size for which the scale was computed
+    arrangement arrangement_;
+    QSize fitted_;           // the window size for which it was made
     bool painted_ = false;   // since it was shown
     QRect normal_;           // its geometry when neither maximised nor full screen
     QTimer settled_;         // times out when it hasn't been moved for a while

@@ -198,7 +198,7 @@ void sight_view::paintEvent(QPaintEvent*)
 {
     QPainter p(this);
     const QRect whole = to_device_pixels(p, size());
-    const double scale = scale_of(*this) * devicePixelRatioF();
+    const double scale = scale_of(*this) * sight_.growth * devicePixelRatioF();
     const colour back = sight_.drawn.BackColor == colour::ground ? colour::black : sight_.drawn.BackColor;
     p.fillRect(whole.adjusted(-1, -1, 1, 1), back_shade(back));
     for (const shown_object* o : sight_.inside) {

@@ -1,0 +1,269 @@
+#include "platform/desktop/windows/arrangement.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace vorn {
+
+namespace {
+
+// Twips at the scale of the form.
+constexpr double margin = 60;   // around everything
+constexpr double gap = 90;      // between blocks
+constexpr double border = 75;   // of the sight, drawn around it
+constexpr double panel_title = 330;
+
+using object_list = std::vector<const screen_object*>;
+
+// The visible docked objects of a form.
+struct docked_objects {
+    const screen_object* sight = nullptr;
+    const screen_object* panel = nullptr;
+    const screen_object* title = nullptr;   // over the panel
+    object_list frames;                     // in the panel
+    object_list beside, above, below;
+};
+
+docked_objects docked_of(const form& f)
+{
+    docked_objects d;
+    for (const screen_object* o : f.objects) {
+        if (!o->Visible) continue;
+        if (o->docked == dock::sight) d.sight = o;
+        if (o->docked == dock::panel) d.panel = o;
+        if (o->docked == dock::beside) d.beside.push_back(o);
+        if (o->docked == dock::above) d.above.push_back(o);
+        if (o->docked == dock::below) d.below.push_back(o);
+        if (o->parent != nullptr && o->parent->docked == dock::panel) d.frames.push_back(o);
+    }
+    std::ranges::stable_sort(d.frames, {}, &screen_object::Top);
+    return d;
+}
+
+struct block {
+    const screen_object* object;
+    QSizeF size;
+    QPointF at = {};
+    bool folded = false;
+};
+
+block block_of(const screen_object* o, bool folded = false)
+{
+    block b{o, {o->Width, o->Height}};
+    b.folded = folded && o->fold > 0;
+    if (b.folded) b.size = {2 * o->Width - gap, std::max(o->fold, o->Height - o->fold) + gap};
+    return b;
+}
+
+// Places blocks one below the other, in a new column where they would pass the bottom. Returns the right and
+// lower edge of all.
+QPointF fill_columns(std::vector<block>& blocks, const QPointF& from, double bottom)
+{
+    QPointF at = from, end = from;
+    for (block& b : blocks) {
+        if (at.y() > from.y() && at.y() + b.size.height() > bottom) at = {end.x() + gap, from.y()};
+        b.at = at;
+        at.ry() += b.size.height() + gap;
+        end = {std::max(end.x(), b.at.x() + b.size.width()), std::max(end.y(), at.y() - gap)};
+    }
+    return end;
+}
+
+// Places blocks side by side, in a new row where they would pass the right edge. Returns the lower edge.
+double fill_rows(std::vector<block>& blocks, const QPointF& from, double right)
+{
+    QPointF at = from;
+    double end = from.y();
+    for (block& b : blocks) {
+        if (at.x() > from.x() && at.x() + b.size.width() > right) at = {from.x(), end + gap};
+        b.at = at;
+        at.rx() += b.size.width() + gap;
+        end = std::max(end, at.y() + b.size.height());
+    }
+    return end;
+}
+
+double right_edge(const std::vector<block>& blocks)
+{
+    double right = 0;
+    for (const block& b : blocks) right = std::max(right, b.at.x() + b.size.width());
+    return right;
+}
+
+// A title alone above the sight goes over a short panel instead.
+void move_title(docked_objects& d)
+{
+    double height = d.above.front()->Height + 2 * margin + panel_title;
+    for (const screen_object* o : d.frames) height += o->Height + gap;
+    if (height > form_height / 2) return;
+    d.title = d.above.front();
+    d.above.clear();
+}
+
+std::vector<block> frames_of(const docked_objects& d)
+{
+    std::vector<block> frames;
+    for (const screen_object* o : d.frames) frames.push_back(block_of(o));
+    return frames;
+}
+
+struct frames_in_panel {
+    std::vector<block> frames;
+    QSizeF size;   // of the panel
+};
+
+// Upright: all frames in one column. Otherwise in columns as high as the highest frame.
+frames_in_panel fill_panel(const docked_objects& d, bool upright)
+{
+    frames_in_panel p{frames_of(d), {}};
+    if (p.frames.empty()) return p;
+    double highest = 0;
+    for (const block& b : p.frames) highest = std::max(highest, b.size.height());
+    const QPointF end = fill_columns(p.frames, {gap, panel_title}, upright ? 1e9 : panel_title + highest);
+    p.size = {end.x() + gap, end.y() + gap};
+    return p;
+}
+
+// One way to arrange the objects. All in twips at its scale.
+struct plan {
+    double scale = 1;
+    frames_in_panel panel = {};
+    std::vector<block> blocks = {};
+    QRectF sight = {};
+    double growth = 0;
+    double width = 0;   // of all objects with the margin
+
+    double sight_area() const { return growth * scale * growth * scale; }
+};
+
+double height_of(const object_list& line)
+{
+    double height = 0;
+    for (const screen_object* o : line) height = std::max(height, o->Height);
+    return height;
+}
+
+// The first `in_columns` blocks are put left of the sight, the others below it.
+plan make_plan(const docked_objects& d, const QSizeF& window, double scale, std::size_t in_columns)
+{
+    plan p{.scale = scale, .panel = fill_panel(d, in_columns > 0)};
+    const QSizeF room = window / scale;
+    std::vector<block> columns, rows;
+    if (d.title != nullptr) columns.push_back(block_of(d.title));
+    if (!d.frames.empty()) columns.push_back({d.panel, p.panel.size});
+    if (in_columns == 0) rows = std::exchange(columns, {});
+    for (const screen_object* o : d.beside)
+        (columns.size() < in_columns ? columns : rows).push_back(block_of(o, columns.size() >= in_columns));
+
+    const QPointF columns_end = fill_columns(columns, {margin, margin}, room.height() - margin);
+    if (columns_end.y() > room.height() - margin + 0.5) return p;   // too high
+    const double left = columns.empty() ? margin : columns_end.x() + gap;
+    const double rows_height = rows.empty() ? 0 : fill_rows(rows, {left, 0}, room.width() - margin) + gap;
+    const double head = height_of(d.above), foot = height_of(d.below);
+    const QSizeF free(room.width() - margin - left - 2 * border,
+                      room.height() - 2 * margin - head - foot - rows_height - 2 * border);
+    if (free.isEmpty()) return p;
+    const double rows_right = right_edge(rows);
+    if (rows_right > room.width() - margin + 0.5) return p;   // too wide
+    p.growth = std::min(free.width() / d.sight->Width, free.height() / d.sight->Height);
+    const QSizeF size = QSizeF(d.sight->Width, d.sight->Height) * p.growth;
+    // In the middle of the height that is left.
+    const double top = margin + head + border + (free.height() - size.height()) / 2;
+    p.sight = QRectF(QPointF(left + border, top), size);
+    for (block& b : rows) b.at.ry() += p.sight.bottom() + border + foot + gap;
+    p.width = std::max(p.sight.right() + border, rows_right) + margin;
+    p.blocks = std::move(columns);
+    p.blocks.insert(p.blocks.end(), rows.begin(), rows.end());
+    return p;
+}
+
+// With all panels below the sight, as large as they can be while the sight keeps nearly its size.
+plan panels_below(const docked_objects& d, const QSizeF& window, double scale)
+{
+    plan best = make_plan(d, window, scale, 0);
+    const double least = 0.95 * best.sight_area();
+    for (int percent = 105; percent <= 250; percent += 5) {
+        plan larger = make_plan(d, window, scale * percent / 100, 0);
+        if (larger.sight_area() >= least) best = std::move(larger);
+    }
+    return best;
+}
+
+// The plan with the largest sight. One with more in columns may have a slightly smaller one, since there the eye
+// finds everything at once.
+plan best_plan(const docked_objects& d, const QSizeF& window, double scale)
+{
+    constexpr double nearly = 0.97;
+    plan best = panels_below(d, window, scale);
+    for (std::size_t in_columns = 1; in_columns <= d.beside.size() + 2; ++in_columns) {
+        plan p = make_plan(d, window, scale, in_columns);
+        if (p.sight_area() > nearly * best.sight_area()) best = std::move(p);
+    }
+    return best;
+}
+
+// The line above the sight. An object aligned to the right ends at the right edge of the sight; another gets
+// the width that is left.
+void place_above(arrangement& a, const object_list& line, const QRectF& sight)
+{
+    double right = sight.right();
+    for (const screen_object* o : line) {
+        const bool at_right = o->Alignment == alignment::right;
+        const double left = at_right ? right - o->Width : sight.left();
+        a.places[o] = {left, sight.top() - border - o->Height, right - left, o->Height};
+        if (at_right) right = left - gap;
+    }
+}
+
+void fold_objects(arrangement& a, const form& f, const screen_object& frame)
+{
+    const QPointF offset(frame.Width - gap, gap - frame.fold);
+    for (const screen_object* o : f.objects)
+        if (o->parent == &frame && o->Top >= frame.fold) a.offsets[o] = offset;
+}
+
+void place_below(arrangement& a, const object_list& line, const screen_object& sight, const QRectF& at)
+{
+    for (const screen_object* o : line)
+        a.places[o] = {at.left() + (o->Left - sight.Left) * a.growth, at.bottom() + border, o->Width,
+                       o->Height};
+}
+
+}   // namespace
+
+arrangement arrange(const form& f, const QSize& window)
+{
+    const QSizeF twips = QSizeF(window) * twips_per_pixel;
+    arrangement a;
+    a.scale = std::min(twips.width() / form_width, twips.height() / form_height);
+    docked_objects d = docked_of(f);
+    if (d.sight == nullptr) {
+        const QSizeF size = QSizeF(form_width, form_height) / twips_per_pixel * a.scale;
+        a.corner = {(window.width() - size.width()) / 2, (window.height() - size.height()) / 2};
+        return a;
+    }
+    if (d.above.size() == 1) move_title(d);
+    const plan p = best_plan(d, twips, a.scale);
+    a.scale = p.scale;
+    a.growth = p.growth;
+    a.corner = {(window.width() - p.width / twips_per_pixel * a.scale) / 2, 0};
+    a.places[d.sight] = p.sight;
+    for (const block& b : p.panel.frames) a.places[b.object] = QRectF(b.at, b.size);
+    if (d.panel != nullptr) a.places[d.panel] = {};   // without frames
+    for (const block& b : p.blocks) {
+        a.places[b.object] = QRectF(b.at, b.size);
+        if (b.folded) fold_objects(a, f, *b.object);
+    }
+    place_above(a, d.above, p.sight);
+    place_below(a, d.below, *d.sight, p.sight);
+    return a;
+}
+
+bool affects_arrangement(const screen_object& o)
+{
+    return o.docked != dock::none || (o.parent != nullptr && o.parent->docked == dock::panel);
+}
+
+}   // namespace vorn
