@@ -68,10 +68,10 @@ bool read_record(trainer& t)
         return false;
     s.Cmdopen.Enabled = true;
     showdetails(t);
-    const bool range = showrange(t), icons = loadstock(t);   // both, to replace those of another record
-    if (!range || !icons) return false;
+    // All of it, so that nothing of another record stays on the screen.
+    const bool range = showrange(t), icons = loadstock(t);
     fillengagements(t);
-    return true;
+    return range && icons;
 }
 
 void cmdopen_click(trainer& t)

@@ -195,6 +195,7 @@ void explode(trainer& t, gunnery_screen& s)
     s.Imgexplode.Width = s.Imgtargets.Width + 100;
     s.Imgexplode.Picture = s.Imgexp[1].Picture;
     s.Imgexplode.Visible = true;
+    s.Imgtargets.Fire = s.visual() ? fire::flames : fire::hot;
     start(s.Timexplode);
     playsound(t, s, t.shared.voiceson ? "explode.wav" : s.numbers.explosion.voiceless);
 }
@@ -261,10 +262,11 @@ void shotsound(trainer& t, gunnery_screen& s)
     s.visual() ? playsound(t, s, "fire.wav") : effect(t, s, "fire.wav");
 }
 
-void endflight(trainer& t, gunnery_screen& s, int round)
+void endflight(trainer& t, gunnery_screen& s, int round, round_kind kind)
 {
     s.ammo.Visible = false;
     assessround(t, s, round);
+    if (!s.Imgtargets.Visible || !inkillbox(t, s)) showstrike(t, s, kind);
 }
 
 // Up to a third of the target's width, always to the right.
@@ -297,7 +299,7 @@ void firefin(trainer& t, gunnery_screen& s, int round)
         s.ammo.Left = std::min(s.ammo.Left + n.drift, s.mbs1.Left + spreadx);
         s.ammo.Visible = true;
     });
-    endflight(t, s, round);
+    endflight(t, s, round, round_kind::fin);
 }
 
 // A lased round in the full system starts the HESH correction. If autolay is held, the lay is reversed.
@@ -334,7 +336,7 @@ void firehesh(trainer& t, gunnery_screen& s, int round)
         s.ammo.Width = 360 - c;
         s.ammo.Top = y + spready;
     });
-    endflight(t, s, round);
+    endflight(t, s, round, round_kind::hesh);
 }
 
 }   // namespace
@@ -348,6 +350,17 @@ void showammo(gunnery_screen& s, ammo_shown a)
 nature_of_target natureshown(const gunnery_screen& s)
 {
     return row_of(s.shown).nature;
+}
+
+void showstrike(trainer& t, const gunnery_screen& s, round_kind kind)
+{
+    t.pc.show_strike({.round = kind,
+                      .hot = !s.visual(),
+                      .ground = &s.Imgrange,
+                      .Left = s.ammo.Left - s.Imgrange.Left,
+                      .Top = s.ammo.Top - s.Imgrange.Top,
+                      .size = target_width(s.numbers, s.currentrange, t.shared.targetsize),
+                      .wind = t.shared.windbias});
 }
 
 void assessround(trainer& t, gunnery_screen& s, int round)

@@ -31,6 +31,7 @@ static void timcoax_tick(trainer& t, gunnery_screen& s)
     s.ammo.Top = s.mbs1.Top + s.numbers.coax.drop.at(s.currentrange) + c + t.shared.coaxerror;
     s.ammo.Left = s.mbs1.Left + c + t.shared.coaxerrorwide;
     s.ammo.Visible = true;
+    showstrike(t, s, round_kind::coax);
 }
 
 void make_coax(trainer& t, gunnery_screen& s)

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "gunnery/screen.h"
+#include "platform/machine.h"
 
 namespace vorn {
 
@@ -69,6 +70,8 @@ void make_armament(trainer&, gunnery_screen&);
 void keyfire(trainer&, gunnery_screen&);
 // Records the fall of shot in this round's row and tests it against the kill box.
 void assessround(trainer&, gunnery_screen&, int round);
+// Has the machine show where the round has come down.
+void showstrike(trainer&, const gunnery_screen&, round_kind);
 // Sets the caption of Lblammotype without moving the label.
 void showammo(gunnery_screen&, ammo_shown);
 // The nature that Lblammotype shows; no_nature when it is empty.

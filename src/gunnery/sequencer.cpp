@@ -152,8 +152,10 @@ void chooseposition(trainer& t, gunnery_screen& s)
 void placetarget(trainer& t, gunnery_screen& s)
 {
     const int position = s.currenttarget;
+    t.pc.clear_strikes();
     s.Imgtargets.Width = target_width(s.numbers, s.currentrange, t.shared.targetsize);
     s.Imgtargets.Height = s.Imgtargets.Width;
+    s.Imgtargets.Fire = fire::none;
     s.Imgtargets.Left = s.Imgrange.Left + t.shared.targetx[position];
     s.Imgtargets.Top = s.Imgrange.Top + t.shared.targety[position];
     s.windoffset = static_cast<int>(Int(t.shared.windbias * s.Imgtargets.Width / 2));

@@ -203,6 +203,7 @@ void make_setup(trainer& t, gunnery_screen& s)
 
 bool screenreset(trainer& t, gunnery_screen& s)
 {
+    t.pc.clear_strikes();
     setuppanels(t, s);
     showkeynote(s);
     s.window.takes_focus = s.Frame3.Visible ? &s.Cmdstartsim : &s.Picrange;

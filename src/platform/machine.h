@@ -69,6 +69,18 @@ struct screen_stack {
     int depth = 0;   // of nested handlers
 };
 
+enum class round_kind { fin, hesh, coax };
+
+// A round has come down in a sight without a kill.
+struct strike {
+    round_kind round = round_kind::fin;
+    bool hot = false;                        // seen by a thermal sight
+    const screen_object* ground = nullptr;   // the picture on which the mark stays
+    double Left = 0, Top = 0;                // in `ground`, twips
+    double size = 0;                         // width of a target at this range, twips
+    int wind = 0;                            // to the right, in half target widths
+};
+
 class machine {
 public:
     machine();   // in the working directory of the process
@@ -98,6 +110,11 @@ public:
     // is silent, as is a machine without sound.
     virtual void play(const std::string& path) = 0;
     virtual void close_sound() = 0;
+
+    // Marks where a round has come down, for a second or two. For display only: a machine without a screen
+    // has nothing to do. clear_strikes removes all marks.
+    virtual void show_strike(const strike&) {}
+    virtual void clear_strikes() {}
 
     // Readings of the joystick: 5 and 7 are the upper ends of the X and Y scales, 13 and 14 the current X and
     // Y.

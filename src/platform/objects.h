@@ -34,6 +34,9 @@ enum class alignment { left, centre, right };
 enum class text_size { small, normal, large };
 enum class shape_kind { rectangle, dashed_rectangle, ellipse, filled_ellipse };
 
+// A target that has been hit is drawn as a wreck on fire, as the eye or as a thermal sight sees it.
+enum class fire { none, flames, hot };
+
 // How an object is arranged around the sight of its screen, so that the sight can take all the space that the
 // others leave. `none`: at its own place.
 enum class dock {
@@ -96,6 +99,7 @@ struct object_fields {
     colour BackColor = colour::ground;
     picture Picture;                         // image; a button shows it instead of its caption
     bool Pale = false;                       // image: drawn faintly
+    fire Fire = fire::none;                  // image in a sight
     int Value = 0;                           // option and check box 0 or 1, slider its position
     int Min = 0, Max = 0, LargeChange = 1;   // slider
     alignment Alignment = alignment::left;

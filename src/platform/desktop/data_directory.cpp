@@ -1,6 +1,7 @@
 #include "platform/desktop/data_directory.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
 #include <chrono>
 #include <cstdlib>
@@ -128,6 +129,11 @@ static bool needs_copy(const fs::path& installed, const fs::path& own, const std
     return untouched && is_updated(name) && !same_time(time_of(installed), copied->second);
 }
 
+static bool is_twin(const fs::path& file)
+{
+    return file.stem().string().ends_with("@2x");
+}
+
 bool fill_directory(const fs::path& from, const fs::path& to)
 {
     std::error_code failed;
@@ -135,7 +141,7 @@ bool fill_directory(const fs::path& from, const fs::path& to)
     copied_times times = read_times(to);
     const copied_times before = times;
     for (fs::recursive_directory_iterator i(from, failed), end; !failed && i != end; i.increment(failed)) {
-        if (!i->is_regular_file(failed)) continue;
+        if (!i->is_regular_file(failed) || is_twin(i->path())) continue;
         const fs::path own = to / i->path().lexically_relative(from);
         const std::string name = to_utf8(own.lexically_relative(to));
         const bool needed = needs_copy(i->path(), own, name, times);
@@ -149,6 +155,21 @@ bool fill_directory(const fs::path& from, const fs::path& to)
     if (was_complete(to) ? times != before : complete) complete &= write_times(to, times);
     remove_old_temporaries(to);
     return complete;
+}
+
+static bool same_content(const QString& one, const QString& other)
+{
+    QFile a(one), b(other);
+    return a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly) && a.size() == b.size() &&
+           a.readAll() == b.readAll();
+}
+
+QString folder_of_same_file(const fs::path& installed, const std::string& file)
+{
+    if (installed.empty()) return {};
+    const QString folder = QString::fromStdString(to_utf8(installed / "ranges"));
+    const QString path = QString::fromStdString(file);
+    return same_content(folder + '/' + QFileInfo(path).fileName(), path) ? folder : QString();
 }
 
 fs::path data_directory(const fs::path& installed, const fs::path& own)

@@ -2,7 +2,9 @@
 // copy.
 #pragma once
 
+#include <QString>
 #include <filesystem>
+#include <string>
 
 namespace vorn {
 
@@ -14,8 +16,12 @@ std::filesystem::path data_directory(const std::filesystem::path& installed,
                                      const std::filesystem::path& own);
 
 // Copies the files below `from` that are missing below `to`. Replaces those that have changed in `from` since
-// they were copied and that the user has not changed, except ranges and their pictures. False when a file
-// could not be copied. An interrupted copy leaves no incomplete file under the final name.
+// they were copied and that the user has not changed, except ranges and their pictures. Twins of pictures
+// stay where they are: they are large, and the program finds them there. False when a file could not be
+// copied. An interrupted copy leaves no incomplete file under the final name.
 bool fill_directory(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// The folder below `installed` that contains a file of the same name and content; empty if there is none.
+QString folder_of_same_file(const std::filesystem::path& installed, const std::string& file);
 
 }   // namespace vorn

@@ -8,8 +8,10 @@
 #include <thread>
 #include <utility>
 
+#include "platform/desktop/data_directory.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/windows/access.h"
+#include "platform/desktop/windows/sight_view.h"
 #include "platform/files.h"
 
 namespace vorn {
@@ -147,9 +149,23 @@ void desktop_machine::pace(double seconds)
     move_->clock += seconds;
     if (move_->clock < move_->next_frame) return;
     sync();
-    for (const form* f : screens.shown) window(*f)->paint_now();
-    std::this_thread::sleep_for(std::chrono::duration<double>((move_->clock - now()) / speed_));
+    paint_move(seconds);
     move_->next_frame = std::max(move_->clock, now()) + frame;
+}
+
+// A step longer than a frame is painted in several, between which a round in flight goes on.
+void desktop_machine::paint_move(double seconds)
+{
+    const int paints = std::max(1, static_cast<int>(std::lround(seconds / frame)));
+    for (int i = 1; i <= paints; ++i) {
+        const double time = move_->clock - seconds * (paints - i) / paints;
+        for (const form* f : screens.shown) {
+            window(*f)->animate();
+            window(*f)->set_progress(static_cast<double>(i) / paints);
+            window(*f)->paint_now();
+        }
+        std::this_thread::sleep_for(std::chrono::duration<double>((time - now()) / speed_));
+    }
 }
 
 void desktop_machine::do_events()
@@ -161,9 +177,11 @@ void desktop_machine::do_events()
 
 // Files ---------------------------------------------------------------------------------------------------
 
+// A copy of an installed picture has its twin where it is installed.
 loaded_picture desktop_machine::load_picture(const std::string& path)
 {
-    return read_picture(path, find_path(*this, path));
+    const std::string found = find_path(*this, path);
+    return read_picture(path, found, folder_of_same_file(installed_data, found));
 }
 
 void desktop_machine::show_help(const std::string& path)
@@ -172,7 +190,8 @@ void desktop_machine::show_help(const std::string& path)
     help_->open_file(find_path(*this, path));
 }
 
-// Sound and stick -----------------------------------------------------------------------------------------
+// Sound, strikes and stick
+// -----------------------------------------------------------------------------------------
 
 void desktop_machine::play(const std::string& path)
 {
@@ -182,6 +201,17 @@ void desktop_machine::play(const std::string& path)
 void desktop_machine::close_sound()
 {
     sound_.stop();
+}
+
+void desktop_machine::show_strike(const strike& s)
+{
+    for (const auto& w : windows_)
+        if (sight_view* v = w->sight_of(*s.ground)) v->show_strike(s);
+}
+
+void desktop_machine::clear_strikes()
+{
+    for (const auto& w : windows_) w->clear_strikes();
 }
 
 long desktop_machine::joystick_reading(int number)

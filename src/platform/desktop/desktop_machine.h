@@ -33,6 +33,8 @@ public:
     void show_help(const std::string& path) override;
     void play(const std::string& path) override;
     void close_sound() override;
+    void show_strike(const strike&) override;
+    void clear_strikes() override;
     long joystick_reading(int number) override;
     bool joystick_present() override;
     loaded_picture load_picture(const std::string& path) override;
@@ -66,6 +68,9 @@ public:
     form_window* window_of(const QObject* handle) const;   // of a QWindow
     const QIcon& icon() const { return icon_; }
 
+    // Where the data is installed, when the user works on a copy; else empty.
+    std::filesystem::path installed_data;
+
     // Tests replace these: the end of the process, real time in seconds, and whether there is a printer.
     std::function<void()> leave;
     std::function<double()> world_clock;
@@ -78,6 +83,7 @@ private:
         double next_frame;   // the time of its next frame
     };
 
+    void paint_move(double seconds);
     void start_clock();
     void tick();
     void before_box();

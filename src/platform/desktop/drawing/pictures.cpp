@@ -63,7 +63,24 @@ QByteArray picture_format(QIODevice& file)
 
 }   // namespace
 
-loaded_picture read_picture(const std::string& source, const std::string& path)
+QString twin_of(const QFileInfo& file)
+{
+    return file.completeBaseName() + "@2x." + file.suffix();
+}
+
+static QString find_twin(const QFileInfo& file, const QSize& natural, const QString& more_twins)
+{
+    for (const QString& folder : {file.path(), more_twins}) {
+        if (folder.isEmpty()) continue;
+        const QString path = folder + '/' + twin_of(file);
+        QImageReader reader(path);
+        reader.setDecideFormatFromContent(true);
+        if (reader.size() == natural * 2) return path;
+    }
+    return {};
+}
+
+loaded_picture read_picture(const std::string& source, const std::string& path, const QString& more_twins)
 {
     const QFileInfo file(QString::fromStdString(path));
     if (!file.exists()) return {std::nullopt, "The file does not exist."};
@@ -79,8 +96,21 @@ loaded_picture read_picture(const std::string& source, const std::string& path)
     pixels->sizes = read_sizes(reader);
     if (pixels->sizes.empty()) return {std::nullopt, "It is not a picture that can be read."};
     const QSize natural = pixels->sizes.back().size();
+    pixels->twin = find_twin(file, natural, more_twins);
     return {picture{source, natural.width() * twips_per_pixel, natural.height() * twips_per_pixel, pixels},
             {}};
+}
+
+// A file that can't be read, though its size could, leaves the picture itself.
+static const QImage& twin_image(const decoded_picture& pixels)
+{
+    if (!pixels.twin_image) {
+        QImageReader reader(pixels.twin);
+        reader.setDecideFormatFromContent(true);
+        const QImage twin = reader.read();
+        pixels.twin_image = twin.isNull() ? pixels.sizes.back() : drawable(twin);
+    }
+    return *pixels.twin_image;
 }
 
 const QImage* image_for(const picture& pic, const QSize& device)
@@ -91,7 +121,8 @@ const QImage* image_for(const picture& pic, const QSize& device)
         return i.width() >= device.width() && i.height() >= device.height();
     };
     const auto found = std::find_if(decoded->sizes.begin(), decoded->sizes.end(), enough);
-    return found == decoded->sizes.end() ? &decoded->sizes.back() : &*found;
+    if (found != decoded->sizes.end()) return &*found;
+    return decoded->twin.isEmpty() ? &decoded->sizes.back() : &twin_image(*decoded);
 }
 
 void draw_picture(QPainter& p, const picture& pic, const QRect& at)

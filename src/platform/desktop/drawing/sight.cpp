@@ -74,7 +74,7 @@ static void draw_tracer(QPainter& p, const QColor& c, const QRect& at, double sc
     p.drawEllipse(middle, light, light);
 }
 
-static bool is_tracer(const object_fields& o)
+bool is_tracer(const object_fields& o)
 {
     return o.ForeColor == colour::tracer || o.ForeColor == colour::hottracer;
 }

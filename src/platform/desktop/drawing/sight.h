@@ -15,6 +15,9 @@ inline constexpr double pale_picture = 0.5, disabled_picture = 0.35;
 // neighbours.
 QRect device_rect(const object_fields&, double scale);
 
+// Whether it is a round in flight.
+bool is_tracer(const object_fields&);
+
 // The alignment of a label's text: vertically centred if the label has room for one or two lines, else at the
 // top.
 Qt::Alignment text_alignment(const object_fields&);

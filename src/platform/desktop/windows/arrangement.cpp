@@ -191,8 +191,8 @@ plan panels_below(const docked_objects& d, const QSizeF& window, double scale)
     return best;
 }
 
-// The plan with the largest sight. One with more in columns may have a slightly smaller one, since there the eye
-// finds everything at once.
+// The plan with the largest sight. One with more in columns may have a slightly smaller one, since there the
+// eye finds everything at once.
 plan best_plan(const docked_objects& d, const QSizeF& window, double scale)
 {
     constexpr double nearly = 0.97;

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "platform/desktop/desktop_machine.h"
+#include "platform/desktop/windows/sight_view.h"
 
 namespace vorn {
 
@@ -31,8 +32,10 @@ static QSize first_size(const QScreen* screen)
                : designed.scaled(available, Qt::KeepAspectRatio);
 }
 
-form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc), settled_(this)
+form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc), animation_(this), settled_(this)
 {
+    animation_.setInterval(33);   // milliseconds
+    connect(&animation_, &QTimer::timeout, this, &form_window::animate);
     setStyle(&style_);
     setPalette(form_palette());
     setAutoFillBackground(true);
@@ -81,6 +84,10 @@ void form_window::make_object(screen_object& o)
     } else {
         make_widget(s, parent == nullptr ? this : parent->widget,
                     [this](const std::function<void()>& event) { pc_.run(event); });
+        if (auto* sight = dynamic_cast<sight_view*>(s.widget)) {
+            sight->now = [this] { return pc_.now(); };
+            sights_.push_back(sight);
+        }
         if (has_mouse_handler(o) || has_move_handler(o)) s.widget->installEventFilter(this);
         if (auto* b = qobject_cast<QAbstractButton*>(s.widget)) connect_space(*b, o);
     }
@@ -131,10 +138,33 @@ void form_window::sync()
         arrange_objects();
     else if (widgets_moved)
         place_objects();
+    animate();
     const QString title = QString::fromStdString(model.Caption);
     if (windowTitle() != title) setWindowTitle(title);
     const screen_object* focus = std::exchange(model.takes_focus, nullptr);
     if (QWidget* w = focus == nullptr ? nullptr : widget(*focus)) w->setFocus();
+}
+
+sight_view* form_window::sight_of(const screen_object& ground) const
+{
+    return ground.owner == &model ? dynamic_cast<sight_view*>(widget(ground)) : nullptr;
+}
+
+void form_window::clear_strikes()
+{
+    for (sight_view* v : sights_) v->clear_strikes();
+}
+
+void form_window::animate()
+{
+    bool moving = false;
+    for (sight_view* v : sights_) moving |= v->animate();
+    if (moving != animation_.isActive()) moving ? animation_.start() : animation_.stop();
+}
+
+void form_window::set_progress(double part)
+{
+    for (sight_view* v : sights_) v->set_progress(part);
 }
 
 void form_window::paint_now()

@@ -15,6 +15,7 @@ class QAbstractButton;
 namespace vorn {
 
 class desktop_machine;
+class sight_view;
 
 class form_window final : public QWidget {
 public:
@@ -26,6 +27,13 @@ public:
     // Paints the pending updates at once, without handling events.
     void paint_now();
     void toggle_full_screen();
+    // The sight that shows a ground; null when there is none in this form.
+    sight_view* sight_of(const screen_object& ground) const;
+    void clear_strikes();
+    // Repaints what moves by itself in the sights, now and then until nothing does.
+    void animate();
+    // See sight_view.
+    void set_progress(double part);
     // Gives a hidden window the position and state of another; `cascade` moves it a step down and right.
     void place_like(const form_window& before, bool cascade);
     void release_sliders();
@@ -63,10 +71,12 @@ private:
     QSize fitted_;           // the window size for which it was made
     bool painted_ = false;   // since it was shown
     QRect normal_;           // its geometry when neither maximised nor full screen
-    QTimer settled_;         // times out when it hasn't been moved for a while
+    QTimer animation_;
+    QTimer settled_;   // times out when it hasn't been moved for a while
     Qt::WindowStates before_full_screen_{};
     const screen_object* pressed_by_space_ = nullptr;
     std::vector<std::unique_ptr<shown_object>> objects_;
+    std::vector<sight_view*> sights_;
 };
 
 }   // namespace vorn

@@ -189,22 +189,4 @@ void shape_view::paintEvent(QPaintEvent*)
     draw_object(p, fields_, at, scale_of(*this) * devicePixelRatioF());
 }
 
-sight_view::sight_view(const shown_object& sight, QWidget* parent) : QWidget(parent), sight_(sight)
-{
-    setAttribute(Qt::WA_OpaquePaintEvent);
-}
-
-void sight_view::paintEvent(QPaintEvent*)
-{
-    QPainter p(this);
-    const QRect whole = to_device_pixels(p, size());
-    const double scale = scale_of(*this) * sight_.growth * devicePixelRatioF();
-    const colour back = sight_.drawn.BackColor == colour::ground ? colour::black : sight_.drawn.BackColor;
-    p.fillRect(whole.adjusted(-1, -1, 1, 1), back_shade(back));
-    for (const shown_object* o : sight_.inside) {
-        const QRect at = device_rect(o->drawn, scale);
-        if (o->drawn.Visible && at.intersects(whole)) draw_object(p, o->drawn, at, scale);
-    }
-}
-
 }   // namespace vorn

@@ -78,16 +78,4 @@ private:
     const object_fields& fields_;
 };
 
-// The sight: draws its objects in order, clipped to its rectangle.
-class sight_view final : public QWidget {
-public:
-    sight_view(const shown_object& sight, QWidget* parent);
-
-protected:
-    void paintEvent(QPaintEvent*) override;
-
-private:
-    const shown_object& sight_;
-};
-
 }   // namespace vorn

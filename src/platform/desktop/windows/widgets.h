@@ -17,8 +17,9 @@ using event_runner = std::function<void(const std::function<void()>&)>;
 struct shown_object {
     screen_object* object = nullptr;
     object_fields drawn;
-    double growth = 1;                         // of a sight, relative to the scale of the form
-    QWidget* widget = nullptr;                 // for an object in a sight: that of the sight
+    area before;                 // its place at the update before, or at the last one if it was hidden
+    double growth = 1;           // of a sight, relative to the scale of the form
+    QWidget* widget = nullptr;   // for an object in a sight: that of the sight
     std::vector<const shown_object*> inside;   // the objects in a sight, in drawing order
 };
 

@@ -1,0 +1,181 @@
+#include "platform/desktop/windows/sight_view.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "platform/desktop/drawing/effects.h"
+#include "platform/desktop/drawing/pictures.h"
+#include "platform/desktop/drawing/sight.h"
+#include "platform/desktop/windows/look.h"
+
+namespace vorn {
+
+namespace {
+
+constexpr int frames = 16;             // of each effect
+constexpr double smallest_burst = 5;   // pixels at scale 1
+constexpr double lean = 0.22;          // of the oldest smoke, for each step of the wind
+constexpr double fire_size = 2;        // in widths of the target
+constexpr double fire_growing = 0.7;   // seconds; it takes over from the explosion
+constexpr double fire_turn = 1.3;      // seconds for all frames
+
+struct burst {
+    effect seen, hot;
+    double seconds;
+    double size;   // width and height, in widths of a target
+};
+
+// By round: FIN throws up a spurt of earth, HESH a cloud with smoke, each round of the coax a little dust.
+constexpr burst bursts[] = {{effect::burst_fin, effect::hot_spot, 1.2, 1.3},
+                            {effect::burst_hesh, effect::hot_spot, 2.0, 2.2},
+                            {effect::burst_coax, effect::hot_spot, 1.0, 0.45}};
+
+const burst& burst_of(const strike& s)
+{
+    return bursts[static_cast<int>(s.round)];
+}
+
+// The position in the frames, for example 2.25, as a mixture of two frames.
+void draw_moving(QPainter& p, effect e, const QRectF& at, double position, bool endless)
+{
+    const double opacity = p.opacity();
+    const int frame = static_cast<int>(position);
+    const double part = position - frame;
+    draw_effect(p, e, at, endless ? frame % frames : frame);
+    p.setOpacity(opacity * part);
+    draw_effect(p, e, at, endless ? (frame + 1) % frames : frame + 1);
+    p.setOpacity(opacity);
+}
+
+// A burnt-out target is nearly black; a thermal sight sees it glow.
+void draw_wreck(QPainter& p, const object_fields& o, const QRect& at)
+{
+    QImage wreck(at.size(), QImage::Format_ARGB32_Premultiplied);
+    wreck.fill(Qt::transparent);
+    QPainter q(&wreck);
+    draw_picture(q, o.Picture, QRect(QPoint(0, 0), at.size()));
+    q.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    q.fillRect(wreck.rect(), o.Fire == fire::hot ? QColor(255, 255, 255, 130) : QColor(18, 14, 10, 205));
+    p.drawImage(at.topLeft(), wreck);
+}
+
+}   // namespace
+
+sight_view::sight_view(const shown_object& sight, QWidget* parent) : QWidget(parent), sight_(sight)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+double sight_view::scale() const
+{
+    return scale_of(*this) * sight_.growth * devicePixelRatioF();
+}
+
+void sight_view::show_strike(const strike& s)
+{
+    strikes_.push_back({s, now()});
+}
+
+void sight_view::clear_strikes()
+{
+    strikes_.clear();
+    update();
+}
+
+void sight_view::set_progress(double part)
+{
+    if (std::exchange(progress_, part) != part) update();
+}
+
+bool sight_view::animate()
+{
+    const double time = now();
+    if (!strikes_.empty()) update();   // also when the last one ends
+    std::erase_if(strikes_, [&](const shown_strike& s) {
+        return time < s.since || time > s.since + burst_of(s.what).seconds;
+    });
+    for (const shown_object* o : sight_.inside) {
+        if (o->drawn.Fire == fire::none || !o->drawn.Visible)
+            fires_.erase(o);
+        else if (fires_.emplace(o, time); true)
+            update();
+    }
+    return !strikes_.empty() || !fires_.empty();
+}
+
+void sight_view::paintEvent(QPaintEvent*)
+{
+    QPainter p(this);
+    const QRect whole = to_device_pixels(p, size());
+    const colour back = sight_.drawn.BackColor == colour::ground ? colour::black : sight_.drawn.BackColor;
+    p.fillRect(whole.adjusted(-1, -1, 1, 1), back_shade(back));
+    paint_objects(p, whole);
+}
+
+// Strikes are in front of the pictures and behind the marks of the sight and the rounds in flight.
+void sight_view::paint_objects(QPainter& p, const QRect& whole)
+{
+    bool strikes_due = !strikes_.empty();
+    for (const shown_object* o : sight_.inside) {
+        if (o->drawn.kind != object_kind::image && std::exchange(strikes_due, false)) paint_strikes(p);
+        if (!o->drawn.Visible) continue;
+        if (is_tracer(o->drawn)) {
+            paint_tracer(p, *o);
+            continue;
+        }
+        const QRect at = device_rect(o->drawn, scale());
+        if (!at.intersects(whole)) continue;
+        if (const auto lit = fires_.find(o); lit != fires_.end())
+            paint_burning(p, o->drawn, at, now() - lit->second);
+        else
+            draw_object(p, o->drawn, at, scale());
+    }
+}
+
+void sight_view::paint_tracer(QPainter& p, const shown_object& o)
+{
+    const object_fields& to = o.drawn;
+    const auto mix = [this](double from, double value) { return from + (value - from) * progress_; };
+    object_fields now = to;
+    now.Left = mix(o.before.Left, to.Left);
+    now.Top = mix(o.before.Top, to.Top);
+    now.Width = mix(o.before.Width, to.Width);
+    now.Height = mix(o.before.Height, to.Height);
+    draw_object(p, now, device_rect(now, scale()), scale());
+}
+
+// Smoke leans with the wind, the more the older it is.
+void sight_view::paint_strikes(QPainter& p)
+{
+    for (const shown_strike& s : strikes_) {
+        const burst& b = burst_of(s.what);
+        const auto ground = std::ranges::find(sight_.inside, s.what.ground, &shown_object::object);
+        if (ground == sight_.inside.end()) continue;
+        const double pixels = scale() / twips_per_pixel;
+        const QPointF foot =
+            QPointF((*ground)->drawn.Left + s.what.Left, (*ground)->drawn.Top + s.what.Top) * pixels;
+        const double size = std::max(s.what.size * b.size * pixels, smallest_burst * scale());
+        const double age = std::clamp((now() - s.since) / b.seconds, 0.0, 1.0);
+        p.save();
+        p.translate(foot);
+        p.shear(-lean * s.what.wind * age, 0);
+        draw_moving(p, s.what.hot ? b.hot : b.seen, QRectF(-size / 2, -size, size, size), age * frames,
+                    false);
+        p.restore();
+    }
+}
+
+void sight_view::paint_burning(QPainter& p, const object_fields& target, const QRect& at, double age)
+{
+    draw_wreck(p, target, at);
+    const double size = fire_size * at.width();
+    const QRectF over(at.center().x() - size / 2, at.bottom() + 0.04 * size - size, size, size);
+    p.setOpacity(std::clamp(age / fire_growing, 0.0, 1.0));
+    draw_moving(p, target.Fire == fire::hot ? effect::hot_fire : effect::fire, over,
+                std::fmod(age / fire_turn, 1) * frames, true);
+    p.setOpacity(1);
+}
+
+}   // namespace vorn

@@ -1,0 +1,49 @@
+// The widget of a sight. Besides the objects of the model it shows where rounds have come down and the fire
+// at a target that was hit; these move by themselves.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/desktop/windows/widgets.h"
+#include "platform/machine.h"
+
+namespace vorn {
+
+class sight_view final : public QWidget {
+public:
+    sight_view(const shown_object& sight, QWidget* parent);
+
+    void show_strike(const strike&);
+    void clear_strikes();
+    // Repaints what moves by itself. False when nothing does.
+    bool animate();
+    // From now on draws rounds in flight at this part of the way from their place before to the present one.
+    void set_progress(double part);
+
+    std::function<double()> now = [] { return 0.0; };   // seconds
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+
+private:
+    struct shown_strike {
+        strike what;
+        double since;
+    };
+
+    void paint_objects(QPainter&, const QRect& whole);
+    void paint_tracer(QPainter&, const shown_object&);
+    void paint_strikes(QPainter&);
+    static void paint_burning(QPainter&, const object_fields&, const QRect& at, double age);
+    double scale() const;   // device pixels for each pixel of the form at 1024 x 768
+
+    const shown_object& sight_;
+    std::vector<shown_strike> strikes_;
+    std::unordered_map<const shown_object*, double> fires_;   // when each was lit
+    double progress_ = 1;
+};
+
+}   // namespace vorn
