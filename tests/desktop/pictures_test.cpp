@@ -58,6 +58,27 @@ struct pictures : trainer_test {
     static QSize size_drawn_at(const picture& p, int size) { return image_for(p, QSize(size, size))->size(); }
 };
 
+TEST_F(pictures, a_twin_of_exactly_twice_the_size_is_drawn_where_the_picture_is_too_small)
+{
+    write("valley.vrp", encoded(plain(40, 20), "PNG"));
+    const auto loaded = [&](const QString& more_twins = {}) {
+        return *read_picture("valley.vrp", folder.filePath("valley.vrp").toStdString(), more_twins).result;
+    };
+    EXPECT_EQ(size_drawn_at(loaded(), 80), QSize(40, 20)) << "without a twin";
+    write("valley@2x.vrp", encoded(plain(80, 40), "JPEG"));
+    const picture valley = loaded();
+    EXPECT_TRUE(valley.width == 40 * twips_per_pixel && valley.height == 20 * twips_per_pixel);
+    EXPECT_EQ(image_for(valley, QSize(40, 20))->size(), QSize(40, 20)) << "not larger than the picture";
+    EXPECT_EQ(size_drawn_at(valley, 60), QSize(80, 40));
+    write("valley@2x.vrp", encoded(plain(80, 40), "PNG").left(60));
+    EXPECT_EQ(size_drawn_at(loaded(), 60), QSize(40, 20)) << "a damaged twin";
+    write("valley@2x.vrp", encoded(plain(81, 40), "PNG"));
+    EXPECT_EQ(size_drawn_at(loaded(), 60), QSize(40, 20)) << "another size";
+    QDir(folder.path()).mkdir("installed");
+    write("installed/valley@2x.vrp", encoded(plain(80, 40), "PNG"));
+    EXPECT_EQ(size_drawn_at(loaded(folder.filePath("installed")), 60), QSize(80, 40));
+}
+
 TEST_F(pictures, are_recognised_by_content)
 {
     QImage dense = plain(40, 20);

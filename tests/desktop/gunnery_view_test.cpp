@@ -1,0 +1,220 @@
+// The gunnery screens in windows of any shape, and what the sight shows besides the objects of the model.
+#include <QImage>
+
+#include "platform/desktop/drawing/pictures.h"
+#include "platform/desktop/windows/sight_view.h"
+#include "trainer_fixture.h"
+
+namespace vorn::desktop_tests {
+
+struct gunnery_view : trainer_test, testing::WithParamInterface<QSize> {
+    // Opens the practice screen with the options chosen.
+    form_window& open_practice(std::initializer_list<screen_object*> options, screen_object& start,
+                               gunnery_screen& s)
+    {
+        for (screen_object* o : options) click(*o);
+        click(start);
+        form_window& w = *pc.window(s.window);
+        w.resize(GetParam());
+        settle();
+        return w;
+    }
+    void leave(gunnery_screen& s)
+    {
+        pc.run(s.Cmdmain.Click);
+        if (t.intro.window.state == form_state::shown) click(t.intro.lblstart);
+    }
+    // The visible objects of the screen that must not overlap: those on the form and the frames of the panel.
+    static std::vector<const screen_object*> parts(const gunnery_screen& s)
+    {
+        std::vector<const screen_object*> found;
+        for (const screen_object* o : s.window.objects)
+            if (o->Visible && (o->parent == nullptr ? o != &s.Frame1 : o->parent == &s.Frame1))
+                found.push_back(o);
+        return found;
+    }
+    QRect in_window(const screen_object& o)
+    {
+        QWidget& w = widget(o);
+        return QRect(w.mapTo(w.window(), QPoint(0, 0)), w.size());
+    }
+    void expect_orderly(gunnery_screen& s, const char* what)
+    {
+        const auto all = parts(s);
+        const QRect window = pc.window(s.window)->rect();
+        for (const screen_object* o : all) {
+            EXPECT_TRUE(window.contains(in_window(*o))) << what << ' ' << o->Caption;
+            for (const screen_object* other : all)
+                EXPECT_TRUE(o == other || !in_window(*o).intersects(in_window(*other)))
+                    << what << ": " << o->Caption << " and " << other->Caption << " at " << other->Left;
+        }
+    }
+    // The sight has the shape of the model and no room is left for a larger one.
+    void expect_large(gunnery_screen& s, double share, const char* what)
+    {
+        const QRectF at = in_window(s.Picrange), window = pc.window(s.window)->rect();
+        EXPECT_NEAR(at.width() / at.height(), s.Picrange.Width / s.Picrange.Height, 0.01) << what;
+        EXPECT_GE(at.width() * at.height() / (window.width() * window.height()), share) << what;
+    }
+};
+
+// The least share of the window that the sights must have in each shape.
+static double least_share(const QSize& window)
+{
+    const double shape = static_cast<double>(window.width()) / window.height();
+    return shape > 2 ? 0.45 : shape > 1.7 ? 0.6 : shape > 1 ? 0.5 : 0.33;
+}
+
+TEST_P(gunnery_view, gives_the_sight_all_that_the_panels_leave)
+{
+    open_setup();
+    startsim_screen& u = t.startsim;
+    const struct {
+        const char* what;
+        std::initializer_list<screen_object*> options;
+        screen_object& start;
+        gunnery_screen& screen;
+    } practices[] = {{"visual, keyboard", {&u.Optmode1, &u.Optcon2}, u.Cmdstart, t.simulator},
+                     {"visual, mouse", {&u.Optcon3}, u.Cmdstart, t.simulator},
+                     {"Plain Screen", {&u.Optscreen1}, u.Cmdstart, t.simulator},
+                     {"quick start", {&u.Optscreen2}, u.cmdgame, t.simulator},
+                     {"thermal, mouse", {&u.Optmode2}, u.Cmdstart, t.thermal},
+                     {"thermal, keyboard", {&u.Optcon2}, u.Cmdstart, t.thermal}};
+    for (const auto& p : practices) {
+        open_practice(p.options, p.start, p.screen);
+        expect_orderly(p.screen, p.what);
+        expect_large(p.screen, least_share(GetParam()), p.what);
+        leave(p.screen);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(windows, gunnery_view,
+                         testing::Values(QSize(800, 600), QSize(1024, 768), QSize(1366, 768),
+                                         QSize(1920, 1080), QSize(2560, 1080), QSize(3840, 2160),
+                                         QSize(1080, 1920)));
+
+// A sight of 400 x 400 pixels over green ground, with a clock that the test sets.
+struct sight_effects : desktop_test {
+    sight_effects()
+    {
+        put_picture(ground, QColor(60, 120, 60));
+        pc.world_clock = [this] { return time; };
+        pc.set_speed(1);
+        open(one);
+        empty = seen();
+    }
+    void put_picture(screen_object& o, const QColor& c)
+    {
+        auto pixels = std::make_shared<decoded_picture>();
+        pixels->sizes.emplace_back(8, 8, QImage::Format_ARGB32_Premultiplied);
+        pixels->sizes.back().fill(c);
+        o.Picture = {"test", 8 * twips_per_pixel, 8 * twips_per_pixel, pixels};
+    }
+    QImage seen()
+    {
+        pc.sync();
+        return widget(sight).grab().toImage();
+    }
+    // The rectangle in which the picture differs from that of the empty ground.
+    QRect changed()
+    {
+        const QImage now = seen();
+        QRect all;
+        for (int y = 0; y < now.height(); ++y)
+            for (int x = 0; x < now.width(); ++x)
+                if (now.pixel(x, y) != empty.pixel(x, y)) all |= QRect(x, y, 1, 1);
+        return all;
+    }
+    void strike_at(round_kind round, double left, double top, int wind = 0)
+    {
+        pc.show_strike(
+            {.round = round, .ground = &ground, .Left = left, .Top = top, .size = 600, .wind = wind});
+    }
+
+    screen_object& sight = one.put(object_kind::sight, 1500, 1500, 6000, 6000);
+    screen_object& ground = one.put(object_kind::image, -3000, -3000, 12000, 12000, &sight);
+    screen_object& target = one.put(object_kind::image, 2700, 2700, 600, 600, &sight);
+    screen_object& round = one.put(object_kind::shape, 1500, 3000, 60, 60, &sight);
+    double time = 1000;
+    QImage empty;
+};
+
+TEST_F(sight_effects, a_strike_bursts_on_its_spot_of_the_ground_and_ends)
+{
+    target.Visible = round.Visible = false;
+    pc.sync();
+    empty = seen();
+    for (const round_kind kind : {round_kind::fin, round_kind::hesh, round_kind::coax}) {
+        strike_at(kind, 6000, 6000);   // in the middle of the sight
+        time += 0.3;
+        const QRect at = changed();
+        ASSERT_FALSE(at.isEmpty());
+        EXPECT_NEAR(at.center().x(), 200, 12);
+        EXPECT_NEAR(at.bottom(), 200, 12) << "it stands on the ground";
+        ground.Left -= 1500;
+        EXPECT_NEAR(changed().center().x(), 100, 12) << "it stays there while the gunner traverses";
+        ground.Left += 1500;
+        time += 2.1;
+        EXPECT_TRUE(changed().isEmpty());
+    }
+    strike_at(round_kind::hesh, 6000, 6000);
+    time += 0.3;
+    pc.clear_strikes();
+    EXPECT_TRUE(changed().isEmpty());
+}
+
+TEST_F(sight_effects, the_smoke_of_a_strike_drifts_with_the_wind)
+{
+    target.Visible = round.Visible = false;
+    pc.sync();
+    empty = seen();
+    const auto middle = [&](int wind) {
+        pc.clear_strikes();
+        strike_at(round_kind::hesh, 6000, 6000, wind);
+        time += 1.4;
+        return changed().center().x();
+    };
+    const int calm = middle(0);
+    EXPECT_GT(middle(3), calm + 4);
+    EXPECT_LT(middle(-3), calm - 4);
+}
+
+TEST_F(sight_effects, a_target_that_was_hit_is_a_dark_wreck_in_flames_until_it_goes_down)
+{
+    round.Visible = false;
+    put_picture(target, QColor(200, 200, 200));
+    const QRect whole = changed();
+    const auto lightness = [&] {
+        return seen().pixelColor(whole.left() + 1, whole.center().y()).lightness();
+    };
+    EXPECT_GT(lightness(), 150);
+    target.Fire = fire::flames;
+    seen();
+    EXPECT_LT(lightness(), 100);
+    time += 1;
+    EXPECT_GT(changed().height(), whole.height() + 10) << "flames and smoke rise above it";
+    const QImage one_moment = seen();
+    time += 0.4;
+    EXPECT_NE(seen(), one_moment) << "they move";
+    target.Fire = fire::hot;
+    EXPECT_GT(lightness(), 100) << "a thermal sight sees it glow";
+    target.Visible = false;
+    EXPECT_TRUE(changed().isEmpty());
+}
+
+TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
+{
+    target.Visible = false;
+    round.Shape = shape_kind::filled_ellipse;
+    round.ForeColor = colour::tracer;
+    pc.sync();
+    round.Left = 4500;   // pixel 300, from 100
+    pc.sync();
+    auto& view = widget<sight_view>(sight);
+    for (const auto& [part, middle] : {std::pair{0.0, 102}, {0.5, 202}, {1.0, 302}}) {
+        view.set_progress(part);
+        EXPECT_NEAR(changed().center().x(), middle, 3) << part;
+    }
+}
+
+}   // namespace vorn::desktop_tests
