@@ -83,7 +83,7 @@ TEST_F(windows, f11_toggles_full_screen_and_restores_the_window_also_on_the_next
     open(one, 700, 500);
     window(one).move(60, 50);
     const QRect place = window(one).geometry();
-    const auto settled = [&] { return !window(one).findChild<QTimer*>()->isActive(); };
+    const auto settled = [&] { return !window(one).findChild<QTimer*>("settled")->isActive(); };
     EXPECT_TRUE(QTest::qWaitFor(settled));
     // Window managers set the size of the new state before the state.
     window(one).setGeometry(window(one).screen()->availableGeometry());

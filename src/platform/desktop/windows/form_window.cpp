@@ -42,6 +42,7 @@ form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc), anim
     setMouseTracking(true);
     setMinimumSize(designed / 2);
     setWindowIcon(pc.icon());
+    settled_.setObjectName("settled");
     settled_.setSingleShot(true);
     settled_.setInterval(300);
     connect(&settled_, &QTimer::timeout, this, [this] {
