@@ -1,6 +1,7 @@
 // The gunnery screens in windows of any shape, and what the sight shows besides the objects of the model.
 #include <QImage>
 
+#include "gunnery/gunnery.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/windows/sight_view.h"
 #include "trainer_fixture.h"
@@ -13,6 +14,7 @@ struct gunnery_view : trainer_test, testing::WithParamInterface<QSize> {
                                gunnery_screen& s)
     {
         for (screen_object* o : options) click(*o);
+        if (&start == &t.startsim.Cmdstart) answer_yes();
         click(start);
         form_window& w = *pc.window(s.window);
         w.resize(GetParam());
@@ -62,7 +64,7 @@ struct gunnery_view : trainer_test, testing::WithParamInterface<QSize> {
 static double least_share(const QSize& window)
 {
     const double shape = static_cast<double>(window.width()) / window.height();
-    return shape > 2 ? 0.45 : shape > 1.7 ? 0.6 : shape > 1 ? 0.5 : 0.33;
+    return shape > 2 ? 0.45 : shape > 1.7 ? 0.6 : shape > 1 ? 0.5 : 0.3;
 }
 
 TEST_P(gunnery_view, gives_the_sight_all_that_the_panels_leave)
@@ -93,6 +95,79 @@ INSTANTIATE_TEST_SUITE_P(windows, gunnery_view,
                                          QSize(1920, 1080), QSize(2560, 1080), QSize(3840, 2160),
                                          QSize(1080, 1920)));
 
+// A practice on the shipped range. Time runs fast during a flight and nearly stands still when it is looked
+// at.
+struct strikes_in_practice : trainer_test, testing::WithParamInterface<bool> {
+    strikes_in_practice() : s(GetParam() ? t.thermal : t.simulator)
+    {
+        open_setup();
+        answer_yes();
+        for (screen_object* o : {GetParam() ? &t.startsim.Optmode2 : &t.startsim.Optmode1,
+                                 &t.startsim.Optcon2, &t.startsim.Cmdstart})
+            click(*o);
+        s.currentrange = 800;
+    }
+    void fire(nature_of_target nature)
+    {
+        s.gunloaded = true;
+        s.nature = s.ammoselected = nature;
+        pc.set_speed(50);
+        pc.run([&] { keyfire(t, s); });
+        if (nature == coax_transport) pc.run(s.Timcoax.tick);
+        pc.run([&] { keycoaxstop(t, s); });
+        pc.set_speed(0.01);
+    }
+    QImage seen()
+    {
+        pc.sync();
+        return widget(s.Picrange).grab().toImage();
+    }
+    // Whether the pictures differ just above the fall of shot.
+    bool differ_at_fall(const QImage& a, const QImage& b) const
+    {
+        const double pixels = a.width() / s.Picrange.Width;
+        const QPoint foot((QPointF(s.ammo.Left, s.ammo.Top) * pixels).toPoint());
+        const QRect near(foot - QPoint(4, 6), QSize(8, 6));
+        return a.copy(near) != b.copy(near);
+    }
+
+    gunnery_screen& s;
+};
+
+TEST_P(strikes_in_practice, are_seen_where_the_round_came_down_and_not_after_a_reset)
+{
+    for (const nature_of_target nature : {fin_tank, hesh_bmp, coax_transport}) {
+        SCOPED_TRACE(nature);
+        const QImage before = seen();
+        fire(nature);
+        EXPECT_TRUE(differ_at_fall(seen(), before));
+        pc.run([&] { screenreset(t, s); });
+        EXPECT_FALSE(differ_at_fall(seen(), before));
+    }
+}
+
+TEST_P(strikes_in_practice, end_with_the_next_target_and_a_kill_burns_until_then)
+{
+    click(s.Cmdstartsim);
+    s.nature = fin_tank;
+    const QImage before = seen();
+    fire(fin_tank);
+    ASSERT_TRUE(differ_at_fall(seen(), before));
+    EXPECT_EQ(s.Imgtargets.Fire, fire::none);
+    pc.set_speed(50);
+    pc.run(s.Timtarget.tick);   // presents a target
+    ASSERT_TRUE(s.Imgtargets.Visible);
+    pc.run([&] {
+        movepicture(s, &object_fields::Left, -aimacross(s));
+        movepicture(s, &object_fields::Top, s.numbers.fin.to.at(s.currentrange) - aimdown(s));
+    });
+    t.random.source = [] { return 0.5; };
+    fire(fin_tank);
+    EXPECT_EQ(s.Imgtargets.Fire, GetParam() ? fire::hot : fire::flames);
+}
+
+INSTANTIATE_TEST_SUITE_P(sights, strikes_in_practice, testing::Bool());
+
 // A sight of 400 x 400 pixels over green ground, with a clock that the test sets.
 struct sight_effects : desktop_test {
     sight_effects()
@@ -100,6 +175,7 @@ struct sight_effects : desktop_test {
         put_picture(ground, QColor(60, 120, 60));
         pc.world_clock = [this] { return time; };
         pc.set_speed(1);
+        target.Visible = round.Visible = false;
         open(one);
         empty = seen();
     }
@@ -141,9 +217,6 @@ struct sight_effects : desktop_test {
 
 TEST_F(sight_effects, a_strike_bursts_on_its_spot_of_the_ground_and_ends)
 {
-    target.Visible = round.Visible = false;
-    pc.sync();
-    empty = seen();
     for (const round_kind kind : {round_kind::fin, round_kind::hesh, round_kind::coax}) {
         strike_at(kind, 6000, 6000);   // in the middle of the sight
         time += 0.3;
@@ -165,9 +238,6 @@ TEST_F(sight_effects, a_strike_bursts_on_its_spot_of_the_ground_and_ends)
 
 TEST_F(sight_effects, the_smoke_of_a_strike_drifts_with_the_wind)
 {
-    target.Visible = round.Visible = false;
-    pc.sync();
-    empty = seen();
     const auto middle = [&](int wind) {
         pc.clear_strikes();
         strike_at(round_kind::hesh, 6000, 6000, wind);
@@ -181,7 +251,7 @@ TEST_F(sight_effects, the_smoke_of_a_strike_drifts_with_the_wind)
 
 TEST_F(sight_effects, a_target_that_was_hit_is_a_dark_wreck_in_flames_until_it_goes_down)
 {
-    round.Visible = false;
+    target.Visible = true;
     put_picture(target, QColor(200, 200, 200));
     const QRect whole = changed();
     const auto lightness = [&] {
@@ -204,7 +274,7 @@ TEST_F(sight_effects, a_target_that_was_hit_is_a_dark_wreck_in_flames_until_it_g
 
 TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
 {
-    target.Visible = false;
+    round.Visible = true;
     round.Shape = shape_kind::filled_ellipse;
     round.ForeColor = colour::tracer;
     pc.sync();

@@ -167,7 +167,9 @@ plan make_plan(const docked_objects& d, const QSizeF& window, double scale, std:
     if (free.isEmpty()) return p;
     const double rows_right = right_edge(rows);
     if (rows_right > room.width() - margin + 0.5) return p;   // too wide
-    p.growth = std::min(free.width() / d.sight->Width, free.height() / d.sight->Height);
+    const double growth = std::min(free.width() / d.sight->Width, free.height() / d.sight->Height);
+    if (!d.below.empty() && growth < 1) return p;   // the line below would be too narrow
+    p.growth = growth;
     const QSizeF size = QSizeF(d.sight->Width, d.sight->Height) * p.growth;
     // In the middle of the height that is left.
     const double top = margin + head + border + (free.height() - size.height()) / 2;
