@@ -155,7 +155,8 @@ TEST_P(strikes_in_practice, end_with_the_next_target_and_a_kill_burns_until_then
     ASSERT_TRUE(differ_at_fall(seen(), before));
     EXPECT_EQ(s.Imgtargets.Fire, fire::none);
     pc.set_speed(50);
-    pc.run(s.Timtarget.tick);   // presents a target
+    pc.run([&] { nexttarget(t, s); });
+    pc.run(s.Timtarget.tick);
     ASSERT_TRUE(s.Imgtargets.Visible);
     pc.run([&] {
         movepicture(s, &object_fields::Left, -aimacross(s));
