@@ -28,9 +28,9 @@ struct burst {
 };
 
 // By round: FIN throws up a spurt of earth, HESH a cloud with smoke, each round of the coax a little dust.
-constexpr burst bursts[] = {{effect::burst_fin, effect::hot_spot, 1.2, 1.3},
+constexpr burst bursts[] = {{effect::burst_fin, effect::hot_spot, 1.2, 1.7},
                             {effect::burst_hesh, effect::hot_spot, 2.0, 2.2},
-                            {effect::burst_coax, effect::hot_spot, 1.0, 0.45}};
+                            {effect::burst_coax, effect::hot_spot, 1.0, 0.6}};
 
 const burst& burst_of(const strike& s)
 {
