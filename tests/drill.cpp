@@ -42,6 +42,20 @@ void drill::start()
     pc.click(screen().Cmdstartsim);
 }
 
+gunner drill::gunner_by(device by)
+{
+    practice_state& p = t.shared;
+    p.keyboardselected = by != device::mouse;
+    p.mouseselected = by == device::mouse;
+    p.joyselected = by == device::stick;
+    if (!p.joycalibrated) {
+        p.joycalibrated = true;
+        p.joyxcentre = p.joyycentre = 32768;
+        p.joyxfactor = p.joyyfactor = 1000;
+    }
+    return {pc, t, screen(), by};
+}
+
 void drill::present(int position)
 {
     random(draw_of(position));

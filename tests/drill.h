@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "data_folder.h"
-#include "gunnery/screen.h"
+#include "gunner.h"
 #include "platform/headless/headless_machine.h"
 #include "ranges/rangefile.h"
 #include "trainer.h"
@@ -25,11 +25,15 @@ struct drill {
     explicit drill(sight_kind, const std::string& program = {});
 
     gunnery_screen& screen() { return kind == sight_kind::visual ? t.simulator : t.thermal; }
+    std::string path(const std::string& name) const { return data.ranges() + '/' + name; }
+    std::string last_box() const { return pc.boxes.back().text; }
     std::string crew() { return screen().lblcrew.Caption; }
     // Shows the gunnery screen. Set the options before.
     void set_up();
     // Shows the gunnery screen if it isn't shown, and clicks on Cmdstartsim.
     void start();
+    // A gunner with these controls, which the options are set for.
+    gunner gunner_by(device);
     // Starts a practice and waits until the first target is up at this position.
     void present(int position);
     void target_at(double left, double top);
@@ -48,6 +52,16 @@ struct drill {
     headless_machine pc;
     trainer t{pc};
 };
+
+// A suite of drills on one sight.
+template <sight_kind sight>
+struct on_sight : testing::Test {
+    drill d{sight};
+    gunnery_screen& s = d.screen();
+    practice_state& p = d.t.shared;
+};
+using on_visual = on_sight<sight_kind::visual>;
+using on_thermal = on_sight<sight_kind::thermal>;
 
 constexpr sight_kind both_sights[] = {sight_kind::visual, sight_kind::thermal};
 

@@ -22,18 +22,10 @@ long deflected(double middle, double factor, int sign, int twips)
 
 }   // namespace
 
-gunner::gunner(drill& d, device by) : d_(d), s_(d.screen()), by_(by)
+gunner::gunner(headless_machine& pc, trainer& t, gunnery_screen& s, device by)
+    : pc_(pc), p_(t.shared), s_(s), by_(by)
 {
-    practice_state& p = d.t.shared;
-    p.keyboardselected = by != device::mouse;
-    p.mouseselected = by == device::mouse;
-    p.joyselected = by == device::stick;
-    if (!p.joycalibrated) {
-        p.joycalibrated = true;
-        p.joyxcentre = p.joyycentre = centre;
-        p.joyxfactor = p.joyyfactor = 1000;
-    }
-    d.pc.at_pace = [this] {
+    pc.at_pace = [this] {
         if (const auto r = round()) seen_ = r;
     };
 }
@@ -65,8 +57,8 @@ spot gunner::mark()
 // The crew line since the order that contains the words.
 std::optional<std::string> gunner::heard(const std::string& words) const
 {
-    for (std::size_t i = order_at_; i < d_.pc.log.size(); ++i) {
-        const logged& l = d_.pc.log[i];
+    for (std::size_t i = order_at_; i < pc_.log.size(); ++i) {
+        const logged& l = pc_.log[i];
         if (l.kind == "caption" && l.text.find(words) != std::string::npos) return l.text;
     }
     return std::nullopt;
@@ -74,20 +66,36 @@ std::optional<std::string> gunner::heard(const std::string& words) const
 
 bool gunner::await(const std::function<bool()>& condition, double seconds)
 {
-    for (double waited = 0; !condition() && waited < seconds && running(); waited += 0.1) d_.pc.wait(0.1);
+    for (double waited = 0; !condition() && waited < seconds && running(); waited += 0.1) pc_.wait(0.1);
     return condition();
 }
 
 // Controls -------------------------------------------------------------------------------------------------
 
+// A button of the practice, or its key while its panel is hidden.
+void gunner::push_panel_button(screen_object& o, char key)
+{
+    takes_input(o) ? pc_.click(o) : pc_.key_down(key, true);
+}
+
+void gunner::resume()
+{
+    if (s_.Cmdpausesim.Caption == "PAUSE OFF") push_panel_button(s_.Cmdpausesim, 'P');
+}
+
 void gunner::work(control c, bool down)
 {
+    if (down && !running()) return;
     const control_row& row = row_of(c);
     screen_object& button = s_.*row.button;
-    if (by_ == device::stick && row.stick != 0) return d_.pc.stick_button(row.stick, down);
-    if (by_ != device::mouse) return down ? d_.pc.key_down(row.key) : d_.pc.key_up(row.key);
-    if (down && button.Click) return d_.pc.click(button);
-    down ? d_.pc.press(button) : d_.pc.release(button);
+    const bool key = by_ == device::key || (by_ == device::stick && row.stick == 0);
+    const int code = key ? row.key : row.stick;
+    // The release goes to the screen that received the press, even if another is in front by then.
+    if (by_ != device::mouse && !down)
+        return pc_.event([&] { (key ? s_.window.KeyUp : s_.window.ButtonUp)(code); });
+    if (by_ != device::mouse) return key ? pc_.key_down(code) : pc_.stick_button(code, true);
+    if (down && button.Click) return pc_.click(button);
+    down ? pc_.press(button) : pc_.release(button);
 }
 
 void gunner::tap(control c)
@@ -101,19 +109,18 @@ void gunner::hold(control c, double seconds)
 {
     if (by_ != device::stick) {
         work(c, true);
-        d_.pc.wait(seconds);
+        pc_.wait(seconds);
         return work(c, false);
     }
     const int sign = c == control::left || c == control::up ? -1 : 1;
     const bool across = c == control::left || c == control::right;
-    const practice_state& p = d_.t.shared;
-    const long at = deflected(across ? p.joyxcentre : p.joyycentre, across ? p.joyxfactor : p.joyyfactor,
+    const long at = deflected(across ? p_.joyxcentre : p_.joyycentre, across ? p_.joyxfactor : p_.joyyfactor,
                               sign, seconds < 0.05 ? 20 : 100);
     for (double t = 0; t < seconds; t += event) {
-        d_.pc.stick(across ? at : static_cast<long>(centre), across ? static_cast<long>(centre) : at);
-        d_.pc.wait(event);
+        pc_.stick(across ? at : static_cast<long>(centre), across ? static_cast<long>(centre) : at);
+        pc_.wait(event);
     }
-    d_.pc.stick(static_cast<long>(centre), static_cast<long>(centre));
+    pc_.stick(static_cast<long>(centre), static_cast<long>(centre));
 }
 
 void gunner::push(control less, control more, double off)
@@ -143,9 +150,12 @@ bool gunner::awaitorder()
 {
     static constexpr std::array<std::pair<const char*, const char*>, 3> orders{
         {{"FIN TANK", "FIN"}, {"HESH BMP", "HESH"}, {"COAX TRANSPORT", "COAX"}}};
-    for (; running(); d_.pc.wait(0.1))
-        for (; heard_ < d_.pc.log.size(); ++heard_) {
-            const logged& l = d_.pc.log[heard_];
+    // Half a minute without an order is a pause, a minute the end.
+    for (int waited = 0; running() && waited < 600; pc_.wait(0.1), ++waited) {
+        if (waited == 300) resume();
+        if (s_.Cmdtarget.Enabled) push_panel_button(s_.Cmdtarget, 'G');
+        for (; heard_ < pc_.log.size(); ++heard_) {
+            const logged& l = pc_.log[heard_];
             for (const auto& [words, name] : orders) {
                 if (l.kind != "caption" || l.text.find(words) == std::string::npos ||
                     l.text.find("ON ") != std::string::npos)   // the report after the lay
@@ -157,6 +167,7 @@ bool gunner::awaitorder()
                 return true;
             }
         }
+    }
     return false;
 }
 
@@ -171,8 +182,8 @@ void gunner::select()
 // estimate from the size of the target.
 double gunner::range() const
 {
-    if (s_.visual() && !s_.Lblrange.Caption.empty()) return std::stod(s_.Lblrange.Caption);
-    if (!s_.visual() && degraded()) return std::stod(s_.Lblrange.Caption);
+    if (s_.visual() && !s_.Lblrange.Caption.empty()) return std::atof(s_.Lblrange.Caption.c_str());
+    if (!s_.visual() && degraded()) return std::atof(s_.Lblrange.Caption.c_str());
     if (const auto call = heard(" ON ")) {
         const std::size_t number = call->find_first_of("0123456789");
         if (number != std::string::npos) return std::stod(call->substr(number)) + 50;
@@ -199,7 +210,7 @@ void gunner::lay()
     const bool autolay = !degraded();
     if (autolay) {
         work(control::lay, true);
-        d_.pc.wait(2.6);
+        pc_.wait(2.6);
     }
     if (s_.visual() && autolay) {
         if (order_is("COAX")) shift(beaten_zone);
@@ -253,7 +264,7 @@ void gunner::burst()
         note_fall({s_.ammo.Left, s_.ammo.Top});
         work(control::fire, true);
         for (int look = 0; look < 15; ++look) {
-            d_.pc.wait(0.02);
+            pc_.wait(0.02);
             if (const auto r = round()) seen_ = r;
         }
         work(control::fire, false);
@@ -267,10 +278,13 @@ void gunner::judge()
     engagement_note& n = notes.back();
     if (heard("COMD: TARGET STOP")) {
         n.hit = true;
-        n.killed = d_.pc.now();
+        n.killed = pc_.now();
         n.timeleft = std::atoi(s_.Label1.Caption.c_str());
         await([this] { return !target(); }, 3);
-    } else if (seen_ && target()) {
+    } else if (!seen_) {
+        pc_.wait(0.1);   // no round was fired
+        resume();
+    } else if (target()) {
         const spot at = *target();
         if (order_is("HESH") && !degraded() && std::abs(seen_->x - at.x) > s_.Imgtargets.Width / 3)
             return correctwind();
@@ -295,8 +309,8 @@ void gunner::engage()
 
 void gunner::fire_practice()
 {
-    heard_ = d_.pc.log.size();
-    d_.pc.click(s_.Cmdstartsim);
+    heard_ = pc_.log.size();
+    push_panel_button(s_.Cmdstartsim, 'S');
     while (awaitorder()) engage();
 }
 

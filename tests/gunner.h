@@ -1,5 +1,6 @@
 // A scripted gunner who fires whole practices. It uses only what a gunner sees and hears: visible objects and
-// crew lines. It operates keys, buttons or stick, and takes notes to compare with the record.
+// crew lines. It operates keys, buttons or stick, and takes notes to compare with the record. The machine
+// must watch the crew line. What others do meanwhile may spoil the shoot, but doesn't stop the gunner.
 #pragma once
 
 #include <functional>
@@ -8,7 +9,8 @@
 #include <vector>
 
 #include "controls.h"
-#include "drill.h"
+#include "platform/headless/headless_machine.h"
+#include "trainer.h"
 
 namespace vorn {
 
@@ -30,22 +32,27 @@ struct engagement_note {
 
 class gunner {
 public:
-    gunner(drill&, device);
-    // From the click on START SIM until that button is enabled again.
+    gunner(headless_machine&, trainer&, gunnery_screen&, device);
+    ~gunner() { pc_.at_pace = nullptr; }
+    gunner(const gunner&) = delete;
+    gunner& operator=(const gunner&) = delete;
+    // From START SIM until the practice has ended.
     void fire_practice();
 
     std::vector<engagement_note> notes;
 
 private:
-    bool running() const { return !s_.Cmdstartsim.Enabled; }
+    bool running() const { return !pc_.ended && front(pc_) == &s_.window && !s_.Cmdstartsim.Enabled; }
     std::optional<spot> target() const;
     std::optional<spot> round() const;
     spot mark();
     bool degraded() const { return s_.Lblsystem.Caption != "F"; }
-    bool order_is(const char* nature) const { return notes.back().order == nature; }
+    bool order_is(const std::string& nature) const { return notes.back().order == nature; }
     std::optional<std::string> heard(const std::string& words) const;
     bool await(const std::function<bool()>& condition, double seconds);
 
+    void push_panel_button(screen_object&, char key);
+    void resume();
     void work(control, bool down);
     void tap(control);
     void hold(control, double seconds);
@@ -66,7 +73,8 @@ private:
     void correctwind();
     void judge();
 
-    drill& d_;
+    headless_machine& pc_;
+    const practice_state& p_;
     gunnery_screen& s_;
     device by_;
     std::size_t heard_ = 0;      // end of the part of the log searched for orders

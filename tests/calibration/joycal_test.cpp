@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "calibration/joycal.h"
-#include "gunner.h"
+#include "drill.h"
 #include "gunnery/screen.h"
 #include "setup/startsim.h"
 
@@ -29,12 +29,12 @@ struct calibration : testing::Test {
         pc.click(s.Cmdstart);
         for (int n = 1; n < step; ++n) press(1);
     }
-    // The instructions that are visible, and whether FINISH is enabled.
+    // The instructions that are visible, the highlighted one as '!', and whether FINISH is enabled.
     std::string shown() const
     {
         std::string steps;
         for (const screen_object* o : {&s.Lblinfo1, &s.Lblinfo2, &s.Lblinfo3, &s.Lblinfo4})
-            steps += o->Visible ? '*' : '.';
+            steps += !o->Visible ? '.' : o->ForeColor == colour::live ? '!' : '*';
         return steps + (s.Cmdfinish.Enabled ? " finish" : "");
     }
     std::string lit() const
@@ -56,14 +56,14 @@ TEST_F(calibration, each_button_press_adds_the_next_instruction)
     press(1);
     EXPECT_EQ(shown(), "....") << "before START a button has no step";
     pc.click(s.Cmdstart);
-    const std::string steps[] = {"*...", "**..", "***.", "**** finish", "**** finish"};
+    const std::string steps[] = {"!...", "*!..", "**!.", "***! finish", "***! finish"};
     for (int n = 0; n < 5; ++n) {
         EXPECT_EQ(shown(), steps[n]);
         press(n == 0 ? 9 : n);   // any button
     }
     EXPECT_EQ(s.Lblx.Caption + ' ' + s.Lbly.Caption, "32767.5 32767.5");
     pc.click(s.Cmdstart);
-    EXPECT_EQ(shown(), "*...");
+    EXPECT_EQ(shown(), "!...");
     EXPECT_EQ(p.joyxcentre, 32767.5) << "until the next button";
 }
 
@@ -126,7 +126,7 @@ TEST_F(calibration, shows_whether_a_joystick_is_connected_and_starts_without_one
     EXPECT_NE(s.Lblstick.Caption, "JOYSTICK CONNECTED");
     pc.click(s.Cmdstart);
     press(1);
-    EXPECT_EQ(shown(), "*...");
+    EXPECT_EQ(shown(), "!...");
 }
 
 TEST_F(calibration, only_finish_calibrates_and_each_way_out_leads_to_the_set_up)
@@ -166,7 +166,7 @@ TEST(practice_by_stick, is_allowed_once_calibrated_and_fired_by_stick_and_button
     d.set_up();
     ASSERT_EQ(front(pc), &d.t.simulator.window);
     p.fulldebrief = false;
-    gunner g(d, device::stick);
+    gunner g = d.gunner_by(device::stick);
     g.fire_practice();
     EXPECT_NEAR(p.joyxfactor, 2730.583, 0.001) << "from this calibration";
     ASSERT_EQ(g.notes.size(), 6U);

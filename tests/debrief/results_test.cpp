@@ -4,7 +4,6 @@
 #include "debrief/results.h"
 #include "debrief/resultsfile.h"
 #include "drill.h"
-#include "gunner.h"
 #include "gunnery/screen.h"
 #include "setup/startsim.h"
 
@@ -50,11 +49,11 @@ struct debrief : testing::Test {
         ASSERT_EQ(p.rechit[2], "NO");
         d.pc.confirm(sim.Cmdstopsim);
     }
-    std::string path(const char* name) const { return d.data.ranges() + "/" + name; }
+    std::string path(const char* name) const { return d.path(name); }
     void open(const char* name) { d.pc.choose(s.Cmdopen, path(name)); }
     void save(const char* name) { d.pc.choose(s.Cmdsave, path(name)); }
     void put(const char* name, const practice_state& record) { d.data.put(name, results_file_bytes(record)); }
-    std::string said() const { return d.pc.boxes.back().text; }
+    std::string said() const { return d.last_box(); }
 };
 
 void expect_at(const screen_object& mark, double left, double top, const char* which)
@@ -72,7 +71,11 @@ TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
     EXPECT_EQ(
         s.Lblsystem.Caption + ' ' + s.Lblammo.Caption + ' ' + s.Lblrounds.Caption + ' ' + s.Lbltarget.Caption,
         "FULL FIN 2 YES");
-    EXPECT_EQ(s.lbltargetrange.Caption, "1100");
+    EXPECT_EQ(s.Lbltargetnum.Caption + ' ' + s.lbltargetrange.Caption, "1 1100");
+    EXPECT_EQ(s.Lbltime.Caption, std::to_string(p.rectime[1]));
+    EXPECT_EQ(s.Imgtargetdetails.Picture, sim.Imgtargetfin.Picture);
+    EXPECT_EQ(s.Imgtgtnumber[1].Picture, s.Imgfin.Picture);
+    EXPECT_TRUE(s.Lbltgtnumber[1].bold && !s.Lbltgtnumber[2].bold && !s.Frmtherm.Visible);
     EXPECT_EQ(s.Lbltgtnumber[1].ForeColor, colour::red);
     EXPECT_FALSE(s.Imagepoa.Pale || s.Imgfos.Pale || s.Imglaze.Pale);
     // 4295 x 2121 pixels on a strip of 15045 x 3000 twips: scales of 4 and 11.
@@ -119,7 +122,9 @@ TEST_F(debrief, a_saved_record_is_the_same_when_opened_after_another)
     fire_and_stop();
     save("SMITH_.vrn");
     EXPECT_EQ(d.pc.dialogs.back().proposed, "SMITH_.vrn");
-    EXPECT_EQ(d.pc.dialogs.back().filter, "VORN Files (*.vrn)|*.vrn|");
+    const file_dialog& dialog = d.pc.dialogs.back();
+    EXPECT_EQ(dialog.title + dialog.filter, "SAVEVORN Files (*.vrn)|*.vrn|");
+    EXPECT_TRUE(dialog.save && !dialog.picture && dialog.suffix == "vrn" && dialog.folder == d.data.ranges());
     const std::string bytes = d.data.get("SMITH_.vrn");
     d.pc.confirm(s.Cmdprint);
     const auto before = d.pc.of_kind("printed");
@@ -207,6 +212,10 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
     EXPECT_EQ(said(), "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     EXPECT_EQ(p.resultsfile, "SMITH_.vrn") << "the proposed name";
     EXPECT_EQ(results_file_bytes(p), before) << "unchanged";
+    save("no such folder/own.vrn");
+    EXPECT_EQ(said(), "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+    EXPECT_EQ(s.outcome.Caption, "");
+    d.pc.click(s.Cmdsave);   // the name is proposed again
     d.data.put("smith_.vrn", "another's");
     d.pc.confirm(s.Cmddelete);
     EXPECT_NE(said().find("COULD NOT BE DELETED"), std::string::npos);
@@ -322,7 +331,7 @@ TEST(thermal_debrief, shows_what_the_gunner_saw)
     drill d(sight_kind::thermal, VORN_SOURCE_DIR "/data");
     practice_state& p = d.t.shared;
     p.targettime = 500;
-    gunner g(d, device::key);
+    gunner g = d.gunner_by(device::key);
     d.set_up();
     d.pc.answers.push_back({true});
     g.fire_practice();

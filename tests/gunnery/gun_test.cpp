@@ -54,10 +54,18 @@ TEST_P(gun, fin_hits)
     EXPECT_EQ(p.recaimx[1][1], visual ? 56 : -10);   // 56.5 and -9.5: to the even neighbour
     EXPECT_EQ(p.recaimy[1][1], visual ? 602 : 8);    // 602.5 below; 7.5 above
     EXPECT_EQ(d.crew(), "COMD: TARGET STOP !!");
-    EXPECT_TRUE(s.Imgexplode.Visible);
+    const double size = s.Imgtargets.Width + 100;
+    EXPECT_TRUE(s.Imgexplode.Visible && s.Imgexplode.Width == size && s.Imgexplode.Height == size);
+    EXPECT_DOUBLE_EQ(s.Imgexplode.Left, s.Imgtargets.Left);
     EXPECT_DOUBLE_EQ(s.Imgexplode.Top, s.Imgtargets.Top - 100);
+    EXPECT_EQ(s.Imgexplode.Picture.source, visual ? ":explosion1" : ":hotexplosion1");
+    EXPECT_EQ(s.ammo.Width, visual ? 20 : 10) << "far away";
+    d.pc.wait(13.5 * timer_floor);
+    EXPECT_TRUE(s.Imgexplode.Visible && s.Imgexplode.Picture.source.ends_with("14"));
+    d.pc.wait(timer_floor);
+    EXPECT_FALSE(s.Imgexplode.Visible);
     d.pc.wait(1);
-    EXPECT_FALSE(s.Imgtargets.Visible || s.Imgexplode.Visible);
+    EXPECT_FALSE(s.Imgtargets.Visible);
     const texts sounds = d.sounds();
     EXPECT_EQ(texts(sounds.end() - 3, sounds.end()), (texts{"fire.wav", "targetstop.wav", "explode.wav"}));
 }
@@ -104,6 +112,7 @@ TEST_P(gun, rounds_scatter)
         load(hesh_bmp);
         d.tap('D');
         EXPECT_NEAR(s.ammo.Top, visual ? 1140 + 2200 + c.spread : 2650, 0.31) << c.draw;
+        EXPECT_EQ(s.ammo.Width, 20) << "far away";
     }
 }
 
@@ -271,17 +280,25 @@ TEST_P(gun, deselecting_keeps_a_round_for_a_target_that_is_up)
         EXPECT_EQ(s.Imgloaded.Visible, c.loaded);
         EXPECT_FLOAT_EQ(s.heshcorrection, c.correction);
         EXPECT_FALSE(s.ammoarmed || s.heshcorrecting);
+        EXPECT_EQ(s.Lblammotype.Caption + s.Lblrange.Caption, "");
+        EXPECT_FALSE(visual ? s.laze.Visible : s.Imglam.Visible || s.imgbam.Visible || !s.Imgstadia.Visible);
     }
 }
 
 TEST_P(gun, loads_again_after_a_miss)
 {
-    miss();
-    d.tap('D');
-    d.pc.wait(visual ? 2.9 : 3.9);
-    EXPECT_FALSE(s.gunloaded);
-    d.pc.wait(0.2);
-    EXPECT_TRUE(s.gunloaded);
+    s.targetlife = 500;
+    for (const int nature : {fin_tank, hesh_bmp}) {
+        s.hasfired = false;
+        load(nature);
+        miss();
+        d.tap('D');
+        d.pc.wait(visual ? 2.9 : 3.9);
+        EXPECT_FALSE(s.gunloaded);
+        d.pc.wait(0.2);
+        EXPECT_TRUE(s.gunloaded && s.Imgloaded.Visible);
+        EXPECT_EQ(d.sounds().back(), "loaded.wav") << "without FIRE after the first round";
+    }
 }
 
 TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
@@ -297,6 +314,10 @@ TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
         EXPECT_TRUE(s.Timcoax.Enabled);
         EXPECT_EQ(d.pc.playing.ends_with("coax.wav"), burst < needed) << "the kill has its own sounds";
         d.pc.wait(0.1);
+        // With its errors, 30 across and 20 down, and half of the scatter from -50 to 100.
+        EXPECT_NEAR(s.ammo.Top, (visual ? 1140 + 2200 : 2600 + 1100 / 7.0) + 20 + 25, 0.01);
+        EXPECT_EQ(s.ammo.Left, s.mbs1.Left + 30 + 25);
+        EXPECT_TRUE(s.ammo.Visible && s.ammo.Width == (visual ? 5 : 15));
         d.target_at(s.ammo.Left - 100, s.ammo.Top - 100);
         d.pc.key_up('D');
         EXPECT_FALSE(s.Timcoax.Enabled || s.ammo.Visible);
@@ -339,11 +360,7 @@ TEST(wind, offset_is_rounded_down)
     }
 }
 
-struct visual_input : testing::Test {
-    drill d{sight_kind::visual};
-    gunnery_screen& s = d.screen();
-    practice_state& p = d.t.shared;
-};
+struct visual_input : on_visual {};
 
 TEST_F(visual_input, a_hesh_round_fired_with_the_autolay_held_takes_the_lay_back)
 {

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "gunner.h"
+#include "drill.h"
 
 namespace vorn {
 namespace {
@@ -121,7 +121,7 @@ void expect_score(const drill& d, int targets, int hits, int average, int score)
 
 TEST_P(practice, is_recorded_as_fired)
 {
-    gunner g(d, GetParam().by);
+    gunner g = d.gunner_by(GetParam().by);
     d.set_up();
     g.fire_practice();
     const int targets = p.targetblocks * 3;
@@ -148,7 +148,7 @@ void shoot_in_turn(const std::string& file, sight_kind sight, int first, int16 b
     practice_state& p = d.t.shared;
     p.rangefile = p.rootpath + '/' + file;
     p.targetblocks = blocks;
-    gunner g(d, device::key);
+    gunner g = d.gunner_by(device::key);
     d.set_up();
     const practice_state range = p;
     // Puts the position that is next in turn in place of all others.
@@ -188,7 +188,7 @@ TEST(hesh_practice, a_corrected_round_kills_in_any_wind)
             long_drill d(sight, 3);
             d.t.shared.windbias = wind;
             d.t.shared.heshcorrectall = true;
-            gunner g(d, wind % 2 == 0 ? device::key : device::stick);
+            gunner g = d.gunner_by(wind % 2 == 0 ? device::key : device::stick);
             d.set_up();
             g.fire_practice();
             ASSERT_EQ(g.notes.size(), 6U);
@@ -211,7 +211,7 @@ TEST(timed_practice, hits_and_misses_are_scored)
     p.targettime = 20;
     p.killarea = 4;   // small, so that some targets are missed
     p.targetblocks = 5;
-    gunner g(d, device::key);
+    gunner g = d.gunner_by(device::key);
     d.set_up();
     g.fire_practice();
     ASSERT_EQ(g.notes.size(), 15U);

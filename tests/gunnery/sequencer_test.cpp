@@ -19,11 +19,7 @@ namespace {
 using times = std::vector<double>;
 using texts = std::vector<std::string>;
 
-struct visual_practice : testing::Test {
-    drill d{sight_kind::visual};
-    gunnery_screen& s = d.screen();
-    practice_state& p = d.t.shared;
-};
+struct visual_practice : on_visual {};
 struct practice_on : each_sight {};
 INSTANTIATE_TEST_SUITE_P(sights, practice_on, testing::ValuesIn(both_sights), sight_name);
 
@@ -48,6 +44,11 @@ TEST_F(visual_practice, six_missed_targets)
     }
     EXPECT_EQ(p.recsystem[0], "");
     EXPECT_EQ(d.crew(), "");
+    const message& question = d.pc.boxes[d.pc.boxes.size() - 2];
+    EXPECT_EQ(question.text + '|' + question.title, "DEBRIEF FIRER ?|DEBRIEF");
+    EXPECT_TRUE(question.buttons == box_buttons::yes_no && question.sign == box_sign::question);
+    EXPECT_EQ(d.pc.boxes.back().title, "V. O. R. N.");
+    EXPECT_EQ(d.pc.boxes.back().sign, box_sign::information);
     EXPECT_TRUE(s.Cmdstartsim.Enabled && !s.Cmdstopsim.Enabled);
 }
 
@@ -74,7 +75,17 @@ TEST_F(visual_practice, one_engagement_second_by_second)
     EXPECT_TRUE(s.Imgtargets.Visible && s.Label1.Caption == "1");
     d.pc.advance(1);
     EXPECT_TRUE(!s.Imgtargets.Visible && s.Label1.Caption == "0");
-    EXPECT_EQ(d.sounds(), (texts{"action.wav", "fin1.wav", "on.wav", "loadfire.wav", "deselect.wav"}));
+    d.to_the_end();
+    texts calls{"action.wav"};
+    for (int target = 0; target < 6; ++target) {
+        const bool coax = target % 3 == 2;
+        const char* orders[] = {"fin1.wav", "hesh1.wav", "coaxon1.wav"};
+        for (const char* call :
+             {orders[target % 3], coax ? "on1100.wav" : "on.wav", "loadfire.wav", "deselect.wav"})
+            calls.push_back(call);
+    }
+    calls.push_back("cleargun.wav");
+    EXPECT_EQ(d.sounds(), calls);
 }
 
 TEST(thermal_practice, six_targets_with_waits_of_three_to_seven_seconds)

@@ -12,11 +12,7 @@
 namespace vorn {
 namespace {
 
-struct screen_reset : testing::Test {
-    drill d{sight_kind::visual};
-    gunnery_screen& s = d.screen();
-    practice_state& p = d.t.shared;
-};
+struct screen_reset : on_visual {};
 
 TEST(screen, panels_follow_the_options)
 {

@@ -113,10 +113,7 @@ TEST(visual_traverse, two_opposite_keys_share_the_acceleration)
 }
 
 // The main armament is selected; a target is up at 1100 metres, 385 twips wide.
-struct visual_laser : testing::Test {
-    drill d{sight_kind::visual};
-    gunnery_screen& s = d.screen();
-
+struct visual_laser : on_visual {
     visual_laser()
     {
         d.present(6);
@@ -260,10 +257,7 @@ TEST_F(visual_laser, pressing_the_autolay_in_the_correction_sets_the_lead)
     EXPECT_FLOAT_EQ(s.leadperstep, 0);
 }
 
-struct thermal_laser : testing::Test {
-    drill d{sight_kind::thermal};
-    gunnery_screen& s = d.screen();
-
+struct thermal_laser : on_thermal {
     thermal_laser()
     {
         d.present(6);   // 285 twips wide
@@ -315,6 +309,22 @@ TEST_F(thermal_laser, an_early_release_gives_the_reversionary_mark)
     EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 2500 - 111 * 5);
 }
 
+// The mouse has no release: the first press lays as an early one, the next as one that was held.
+TEST_F(thermal_laser, by_mouse_the_second_press_plays_the_mark)
+{
+    p.mouseselected = true;
+    s.Frmmousecon.Visible = true;
+    for (const bool plays : {false, true}) {
+        d.target_at(4600, 2500);
+        d.tap('A');
+        const double from = d.pc.now();
+        d.pc.press(s.Cmdautolay);
+        EXPECT_EQ(s.Imgtargets.Top == 2500, plays);
+        EXPECT_EQ(d.pc.now() > from, plays);
+        d.pc.wait(1);
+    }
+}
+
 TEST_F(thermal_laser, degraded_lases_move_the_sight)
 {
     for (const auto& [status, shown] : {std::pair{2, "1100L"}, {3, "1100S"}}) {
@@ -333,12 +343,17 @@ TEST_F(thermal_laser, degraded_lases_move_the_sight)
 
 TEST_F(thermal_laser, the_stadia_depend_on_the_height_of_the_target)
 {
+    // Between two classes the picture stays.
     for (const auto& [height, picture] : {std::pair{480.0, ":stadia0"},
+                                          {379.5, ":stadia0"},
                                           {379, ":stadia1"},
-                                          {379.5, ":stadia1"},
-                                          {200, ":stadia2"},
-                                          {279.5, ":stadia2"},
-                                          {179.9, ":stadia3"}}) {
+                                          {279.5, ":stadia1"},
+                                          {279, ":stadia2"},
+                                          {180, ":stadia2"},
+                                          {179.9, ":stadia3"},
+                                          {179.5, ":stadia3"},
+                                          {280, ":stadia1"},
+                                          {380, ":stadia0"}}) {
         s.Imgtargets.Height = height;
         choosestadia(s);
         EXPECT_EQ(s.Imgstadia.Picture.source, picture) << height;

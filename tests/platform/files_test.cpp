@@ -1,4 +1,4 @@
-// Writing files, also on a full disk and without permission, from the functions and from the screens.
+// Writing files, also on a full disk and without permission.
 #include "platform/files.h"
 
 #include <gtest/gtest.h>
@@ -9,10 +9,7 @@
 #include <csignal>
 
 #include "data_folder.h"
-#include "debrief/results.h"
-#include "drill.h"
-#include "ranges/rauthor.h"
-#include "setup/startsim.h"
+#include "platform/headless/headless_machine.h"
 
 namespace vorn {
 namespace {
@@ -139,60 +136,6 @@ TEST_F(writing, files_without_permission_are_reported_and_kept)
     EXPECT_FALSE(fs::exists(data.ranges() + "/shut/new.vrn"));
     EXPECT_EQ(delete_file(pc, "shut"), "It is not a file.");
     put("shut", "", 0755);
-}
-
-// Each button of each screen that reads or writes a file, with a full disk, a folder, a device, or a file of
-// another kind.
-TEST(screens_on_a_bad_disk, report_each_failure_and_keep_the_files)
-{
-    drill d(sight_kind::visual);
-    headless_machine& pc = d.pc;
-    trainer& t = d.t;
-    const auto path = [&](const char* name) { return d.data.ranges() + "/" + name; };
-    pc.printer = false;
-    const char* const places[] = {"wavs", "target icons", "no folder/own.xyz", "/dev/full",
-                                  "visualrange.vrp"};
-    for (const char* place : places) {
-        const std::string file = place[0] == '/' ? place : path(place);
-        const std::string was = d.data.get("visualrange.vrp");
-        const bool whole = file == path("visualrange.vrp");   // a picture, but nothing else
-        const bool kept = whole || file == place;   // not deleted: a device, or a picture of the ranges
-        const small_disk disk(10);
-        for (screen_object* o : {&t.startsim.cmdopenset, &t.startsim.cmdsaveset}) {
-            pc.choose(*o, file);
-        }
-        pc.confirm(t.startsim.cmdeditrange);
-        for (int n = 1; n < positions; ++n) t.rauthor.Lbltargetnum[n].BackColor = colour::red;
-        pc.type(t.rauthor.Textname, "A NAME THAT IS LONG");
-        for (screen_object* o : {&t.rauthor.Cmdsave, &t.rauthor.Cmdopen, &t.rauthor.Imgtarget[1]}) {
-            pc.choose(*o, file);
-            if (o == &t.rauthor.Cmdsave) {
-                EXPECT_NE(t.rauthor.outcome.Caption.find("could not be saved"), std::string::npos) << place;
-            }
-        }
-        pc.inputs = {"NEW"};
-        pc.choose(t.rauthor.cmdnew, file);
-        EXPECT_EQ(t.rauthor.outcome.Caption.find("could not be loaded") == std::string::npos, whole) << place;
-        EXPECT_EQ(t.rauthor.Imagerange.Visible, whole) << place;
-        pc.click(t.rauthor.Cmdstart);
-        pc.confirm(t.startsim.Cmddebrief);
-        const std::pair<screen_object*, std::string> buttons[] = {
-            {&t.results.Cmdsave, "THERE WAS A SERIOUS ERROR SAVING THAT FILE"},
-            {&t.results.Cmdopen, "THAT FILE COULD NOT BE OPENED"},
-            {&t.results.Cmdprint, "THE RECORD COULD NOT BE PRINTED\n\rThere is no printer."},
-            {&t.results.Cmddelete, kept ? "ARE YOU SURE YOU WISH TO DELETE " + file
-                                        : "THAT FILE COULD NOT BE DELETED\n\r" + file + "\n\r"}};
-        for (const auto& [o, expected] : buttons) {
-            pc.files = {file};
-            pc.answers = {{o != &t.results.Cmddelete || !kept}};
-            pc.click(*o);
-            EXPECT_EQ(pc.boxes.back().text.rfind(expected, 0), 0U) << place << pc.boxes.back().text;
-        }
-        pc.click(t.results.cmdnew);
-        EXPECT_EQ(front(pc), &t.startsim.window) << place;
-        EXPECT_EQ(d.data.get("visualrange.vrp"), was) << place;
-    }
-    EXPECT_FALSE(pc.ended);
 }
 
 }   // namespace

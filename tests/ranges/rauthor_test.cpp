@@ -23,7 +23,7 @@ struct author : testing::Test {
         d.data.put("moor.vrp", picture_head(2904, 489));   // 43560 x 7335 twips
         visit();
     }
-    std::string path(const std::string& name) const { return d.data.ranges() + "/" + name; }
+    std::string path(const std::string& name) const { return d.path(name); }
     void new_range(const std::string& name, bool thermal, const std::string& picture)
     {
         pc.inputs = {name};
@@ -283,11 +283,14 @@ TEST_F(author, saves_only_a_range_with_a_name_and_all_positions)
     pc.click(s.Cmdsave);
     EXPECT_EQ(pc.boxes.back().text, "YOU MUST GIVE THE FILE A VALID NAME");
     pc.type(s.Textname, "A \"B\"");
-    for (int n = 1; n <= 19; ++n) place(n);
+    for (int n = 2; n <= 20; ++n) place(n);
     pc.click(s.Cmdsave);
-    EXPECT_EQ(pc.boxes.back().text, "NOT ALL TARGETS ARE ALLOCATED");
+    EXPECT_EQ(d.last_box(), "NOT ALL TARGETS ARE ALLOCATED");
     EXPECT_EQ(d.data.get("own.arf"), "");
-    place(20);
+    place(1);
+    save("no such folder/own.arf");
+    EXPECT_NE(s.outcome.Caption.find("could not be saved"), std::string::npos);
+    EXPECT_TRUE(pc.dialogs.back().save && pc.dialogs.back().suffix == "arf");
     pc.click(s.Cmdsave);   // cancelled
     EXPECT_NE(p.rangefile, path("own.arf"));
     save("own.arf");

@@ -25,7 +25,7 @@ struct setup : testing::Test {
         for (const screen_object& l : s.lblprac) all.push_back(l.Caption);
         return all;
     }
-    std::string path(const std::string& name) const { return data.ranges() + "/" + name; }
+    std::string path(const std::string& name) const { return d.path(name); }
     void open(const std::string& name) { pc.choose(s.cmdopenset, path(name)); }
     void save(const std::string& name) { pc.choose(s.cmdsaveset, path(name)); }
 };
@@ -37,63 +37,71 @@ auto settings(const practice_state& p)
                       int(p.engagementtype), int(p.systemstatus), p.selfdegrading, p.coaxbursts, p.windbias);
 }
 
-TEST_F(setup, each_option_sets_its_value_and_writes_its_line)
+TEST_F(setup, the_line_of_an_option_names_the_value_that_it_sets)
+{
+    const char* const systems[] = {"A FULL SYSTEM ", "A LAZE ONLY ", "A TLS ONLY "};
+    const char* const natures[] = {"ALL NATURE OF", "ONLY COAX", "ONLY HESH", "ONLY FIN"};
+    const struct {
+        std::vector<screen_object*> options;
+        int line;
+        std::function<std::string()> words;   // for the value that is set
+    } groups[] = {
+        {{&s.Opttargets4, &s.Opttargets3, &s.Opttargets2, &s.Opttargets1},
+         3,
+         [&] { return std::to_string(p.targetblocks * 3) + " TARGETS"; }},
+        {{&s.Opttime2, &s.Opttime4, &s.Opttime3},
+         4,
+         [&] { return "UP FOR " + std::to_string(p.targettime) + " SECS"; }},
+        {{&s.Opttime1}, 4, [&] { return p.targettime == 500 ? "UP TILL DESTROYED" : "none"; }},
+        {{&s.Option3, &s.Option4, &s.Option2},
+         7,
+         [&] { return std::to_string(p.coaxbursts) + " KILL BURST"; }},
+        {{&s.Optsys2, &s.Optsys3, &s.Optsys4, &s.Optsys1},
+         0,
+         [&] { return p.selfdegrading ? "A DEGRADING " : systems[p.systemstatus - 1]; }},
+        {{&s.Optsys2, &s.Optsys3, &s.Optsys4, &s.Optsys1},
+         1,
+         [&] { return p.selfdegrading      ? "NORMAL / REV"
+                      : p.systemstatus > 1 ? "A REV MODES"
+                                           : "STANDARD"; }},
+        {{&s.Opteng2, &s.Opteng3, &s.Opteng4, &s.Opteng1}, 2, [&] { return natures[p.engagementtype - 1]; }},
+        {{&s.Opteng3, &s.Opteng4}, 7, [] { return "THERE ARE NO COAX TARGETS"; }},
+        {{&s.Opttarg2, &s.Opttarg1}, 5, [&] { return p.targetauto ? "AUTOMATICALLY" : "ON DEMAND"; }},
+        {{&s.Optmode2, &s.Optmode1}, 6, [&] { return p.practicemode == 2 ? "THERMAL" : "VISUAL"; }}};
+    for (const auto& g : groups)
+        for (screen_object* o : g.options) {
+            pc.click(*o);
+            EXPECT_NE(s.lblprac[g.line].Caption.find(g.words()), std::string::npos) << g.words();
+            s.lblprac[g.line].Caption = "untouched";
+            pc.click(*o);
+            EXPECT_EQ(s.lblprac[g.line].Caption, "untouched") << "selected already";
+        }
+    EXPECT_TRUE(p.systemstatus == 1 && p.targettime == 500 && p.targetauto && p.practicemode == 1);
+}
+
+TEST_F(setup, a_switch_has_two_states)
 {
     const struct {
-        screen_object& o;
-        std::function<bool()> is_set;
-        int line = -1;
-        const char* text = "";
-    } rows[] = {
-        {s.Opttarg2, [&] { return !p.targetauto; }, 5, "TARGETS APPEAR ON DEMAND"},
-        {s.Opttarg1, [&] { return p.targetauto; }, 5, "TARGETS APPEAR AUTOMATICALLY"},
-        {s.Option3, [&] { return p.coaxbursts == 3; }, 7, "3 KILL BURSTS ON COAX TARGETS"},
-        {s.Option4, [&] { return p.coaxbursts == 4; }, 7, "4 KILL BURSTS ON COAX TARGETS"},
-        {s.Option2, [&] { return p.coaxbursts == 2; }, 7, "2 KILL BURST ON COAX TARGETS"},
-        {s.Optsys4, [&] { return p.systemstatus == 1 && p.selfdegrading; }, 1, "NORMAL / REV MODES PRACTICE"},
-        {s.Optsys2, [&] { return p.systemstatus == 2 && !p.selfdegrading; }, 0, "A LAZE ONLY "},
-        {s.Optsys3, [&] { return p.systemstatus == 3; }, 1, "A REV MODES PRACTICE SHOOT"},
-        {s.Optsys1, [&] { return p.systemstatus == 1; }, 0, "A FULL SYSTEM "},
-        {s.Opteng4, [&] { return p.engagementtype == 4; }, 2, "USING ONLY FIN AMMUNITION"},
-        {s.Opteng3, [&] { return p.engagementtype == 3; }, 7, "THERE ARE NO COAX TARGETS"},
-        {s.Opteng2, [&] { return p.engagementtype == 2; }, 2, "USING ONLY COAX AMMUNITION"},
-        {s.Opteng1, [&] { return p.engagementtype == 1; }, 2, "USING ALL NATURE OF AMMUNITION"},
-        {s.Opttargets4, [&] { return p.targetblocks == 5; }, 3, "15 TARGETS"},
-        {s.Opttargets3, [&] { return p.targetblocks == 4; }, 3, "12 TARGETS"},
-        {s.Opttargets2, [&] { return p.targetblocks == 3; }, 3, "9 TARGETS"},
-        {s.Opttargets1, [&] { return p.targetblocks == 2; }, 3, "6 TARGETS"},
-        {s.Opttime2, [&] { return p.targettime == 20; }, 4, "UP FOR 20 SECS"},
-        {s.Opttime4, [&] { return p.targettime == 40; }, 4, "UP FOR 40 SECS"},
-        {s.Opttime1, [&] { return p.targettime == 500; }, 4, "UP TILL DESTROYED"},
-        {s.Opttime3, [&] { return p.targettime == 30; }, 4, "UP FOR 30 SECS "},
-        {s.Optmode2, [&] { return p.practicemode == 2; }, 6, "THERMAL"},
-        {s.Optmode1, [&] { return p.practicemode == 1; }, 6, "VISUAL"},
-        {s.Optcontroller2, [&] { return !p.fulldebrief; }},
-        {s.optcontroller1, [&] { return p.fulldebrief; }},
-        {s.opthesh1, [&] { return p.heshcorrectall; }},
-        {s.Opthesh2, [&] { return !p.heshcorrectall; }},
-        {s.Optvoice2, [&] { return !p.voiceson; }},
-        {s.Optvoice1, [&] { return p.voiceson; }},
-        {s.Opsound2, [&] { return !p.soundson; }},
-        {s.Optsound1, [&] { return p.soundson; }},
-        {s.Optscreen1, [&] { return p.plainscreen; }},
-        {s.Optscreen2, [&] { return !p.plainscreen; }},
-        {s.Optcon3, [&] { return p.keyboardselected && !p.joyselected && p.mouseselected; }},
-        {s.Optcon1, [&] { return p.keyboardselected && p.joyselected && !p.mouseselected; }},
-        {s.Optcon2, [&] { return p.keyboardselected && !p.joyselected && !p.mouseselected; }},
-        {s.Chkinfo1, [&] { return !p.infosystem; }},
-        {s.Chkinfo2, [&] { return !p.infocontrol; }},
-        {s.chkinfo3, [&] { return !p.infocrew; }},
-        {s.Chkgunlight, [&] { return !p.gunlight; }},
-        {s.Chkcoax, [&] { return !p.coaxlight; }}};
-    for (const auto& r : rows) {
-        pc.click(r.o);
-        EXPECT_TRUE(r.is_set()) << r.o.Caption;
-        EXPECT_EQ(r.line < 0 ? "" : s.lblprac[r.line].Caption, r.text);
-        if (r.o.kind != object_kind::option) continue;
-        for (screen_object& l : s.lblprac) l.Caption = "untouched";
-        pc.click(r.o);
-        EXPECT_EQ(summary(), std::vector<std::string>(8, "untouched")) << "selected already";
+        screen_object &on, &off;
+        bool practice_state::*setting;
+    } switches[] = {{s.optcontroller1, s.Optcontroller2, &practice_state::fulldebrief},
+                    {s.opthesh1, s.Opthesh2, &practice_state::heshcorrectall},
+                    {s.Optvoice1, s.Optvoice2, &practice_state::voiceson},
+                    {s.Optsound1, s.Opsound2, &practice_state::soundson},
+                    {s.Optscreen1, s.Optscreen2, &practice_state::plainscreen},
+                    {s.Optcon3, s.Optcon2, &practice_state::mouseselected},
+                    {s.Optcon1, s.Optcon3, &practice_state::joyselected},
+                    {s.Chkinfo1, s.Chkinfo1, &practice_state::infosystem},
+                    {s.Chkinfo2, s.Chkinfo2, &practice_state::infocontrol},
+                    {s.chkinfo3, s.chkinfo3, &practice_state::infocrew},
+                    {s.Chkgunlight, s.Chkgunlight, &practice_state::gunlight},
+                    {s.Chkcoax, s.Chkcoax, &practice_state::coaxlight}};
+    for (const auto& w : switches) {
+        EXPECT_EQ(p.*w.setting, w.on.Value == 1) << "as shown at the start";
+        if (p.*w.setting) pc.click(w.off);
+        EXPECT_FALSE(p.*w.setting);
+        pc.click(w.on);
+        EXPECT_TRUE(p.*w.setting && p.keyboardselected) << w.on.Caption;
     }
 }
 
@@ -178,48 +186,38 @@ TEST_F(setup, options_stay_after_a_practice)
 
 // Programmed practices -------------------------------------------------------------------------------------
 
+// Three of FIN, HESH and COAX for each sight, five of them with the laser only, and a mixed one.
 TEST_F(setup, a_programmed_practice_selects_its_options_and_writes_its_summary)
 {
-    const struct {
-        int number, mode, system, type, wind, time;
-        const char* line0;
-        const char* line7;
-    } rows[] = {{1, 1, 1, 4, 0, 40, "A FULL SYSTEM", "YOU WILL RECEIVE NO COAX TARGETS"},
-                {2, 1, 1, 3, 2, 40, "A FULL SYSTEM", "THERE WILL BE NO COAX TARGETS"},
-                {3, 1, 1, 2, 0, 40, "A FULL SYSTEM", "2 KILL BURSTS FOR COAX TARGETS"},
-                {4, 2, 1, 4, 0, 40, "A FULL SYSTEM", "THERE WILL BE NO COAX TARGETS"},
-                {5, 2, 1, 3, -2, 40, "A FULL SYSTEM", "THERE WILL BE NO COAX TARGETS"},
-                {6, 2, 1, 2, 0, 40, "A FULL SYSTEM", "2 KILL BURSTS FOR COAX TARGETS"},
-                {7, 1, 2, 4, 0, 40, "A  LAZE ONLY ", "THERE WILL BE NO COAX TARGETS"},
-                {8, 1, 2, 3, 2, 40, "A  LAZE ONLY ", "THERE WILL BE NO COAX TARGETS"},
-                {9, 1, 2, 2, 0, 40, "A  LAZE ONLY ", "2 KILL BURSTS FOR COAX TARGETS"},
-                {10, 2, 2, 4, 0, 40, "A  LAZE ONLY ", "THERE WILL BE NO COAX TARGETS"},
-                {11, 2, 2, 3, -2, 30, "A  LAZE ONLY ", "THERE WILL BE NO COAX TARGETS"},
-                {12, 1, 1, 1, 0, 30, "A FULL SYSTEM", "2 KILL BURSTS ON COAX TARGETS"}};
     pc.click(s.Optsys4);
     pc.click(s.Opttarg2);
     pc.click(s.Option4);
-    for (const auto& r : rows) {
-        pc.click(s.Lblpractice[r.number]);
-        EXPECT_EQ(settings(p), std::tuple(r.mode, true, 3, r.time, r.type, r.system, false, 2, r.wind))
-            << r.number;
-        EXPECT_EQ(s.lblprac[0].Caption, r.line0);
-        EXPECT_EQ(s.lblprac[1].Caption, r.system == 2 ? "SPECIAL PRACTICE SHOOT" : "STANDARD PRACTICE SHOOT");
-        static constexpr const char* ammunition[] = {
-            "USING ALL NATURES OF AMMO", "USING ONLY COAX AMMUNITION", "USING ONLY HESH AMMUNITION",
-            "USING ONLY FIN AMMUNITION"};
-        EXPECT_EQ(s.lblprac[2].Caption, ammunition[r.type - 1]);
-        EXPECT_EQ(s.lblprac[5].Caption,
-                  r.number == 12 ? "TARGETS APPEAR AUTOMATICALLY" : "ALL TARGETS APPEAR AUTOMATICALLY");
-        EXPECT_EQ(s.lblprac[7].Caption, r.line7);
-        EXPECT_EQ(s.lblprac[6].Caption, r.mode == 1 ? "VISUAL PRACTICE" : "THERMAL PRACTICE");
-        EXPECT_EQ(s.lblprac[3].Caption, r.number == 12 ? "NINE TARGETS" : "SIX TARGETS");
-        EXPECT_EQ(s.lblprac[4].Caption, r.number <= 2 ? " UP FOR 30 SECS " : "UP FOR 30 SECS ");
-        EXPECT_EQ(p.practicenumber, r.number);
-        EXPECT_EQ(s.Frame6.Enabled, r.type == 1 || r.type == 3);
-        EXPECT_EQ(s.Frame10.Enabled, r.type <= 2);
-        for (int n = 1; n <= 12; ++n)
-            EXPECT_EQ(s.Lblpractice[n].ForeColor == colour::red, n == r.number) << n;
+    for (int n = 1; n <= 12; ++n) {
+        SCOPED_TRACE(n);
+        pc.click(s.Lblpractice[n]);
+        const bool mixed = n == 12, visual = (n - 1) / 3 % 2 == 0 || mixed, laze = n > 6 && !mixed;
+        const int type = mixed ? 1 : 4 - (n - 1) % 3, wind = type != 3 ? 0 : visual ? 2 : -2;
+        EXPECT_EQ(settings(p),
+                  std::tuple(visual ? 1 : 2, true, 3, n < 11 ? 40 : 30, type, laze ? 2 : 1, false, 2, wind));
+        static constexpr const char* rounds[] = {"ALL NATURES OF AMMO", "ONLY COAX AMMUNITION",
+                                                 "ONLY HESH AMMUNITION", "ONLY FIN AMMUNITION"};
+        const std::string coax = mixed       ? "2 KILL BURSTS ON"
+                                 : type == 2 ? "2 KILL BURSTS FOR"
+                                 : n == 1    ? "YOU WILL RECEIVE NO"
+                                             : "THERE WILL BE NO";
+        EXPECT_EQ(summary(),
+                  (std::vector<std::string>{
+                      laze ? "A  LAZE ONLY " : "A FULL SYSTEM",
+                      laze ? "SPECIAL PRACTICE SHOOT" : "STANDARD PRACTICE SHOOT",
+                      std::string("USING ") + rounds[type - 1], mixed ? "NINE TARGETS" : "SIX TARGETS",
+                      n <= 2 ? " UP FOR 30 SECS " : "UP FOR 30 SECS ",
+                      mixed ? "TARGETS APPEAR AUTOMATICALLY" : "ALL TARGETS APPEAR AUTOMATICALLY",
+                      visual ? "VISUAL PRACTICE" : "THERMAL PRACTICE", coax + " COAX TARGETS"}));
+        EXPECT_EQ(p.practicenumber, n);
+        for (int other = 1; other <= 12; ++other) {
+            EXPECT_EQ(s.Lblpractice[other].ForeColor == colour::red, other == n);
+            EXPECT_EQ(s.Lblpractice[other].bold, other == n);
+        }
     }
     pc.click(s.Opttime2);
     EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 20 SECS");

@@ -1,6 +1,6 @@
 // A random walk over the program on the headless machine, longer than those of the tests or with other seeds.
-// Prints what it reached. A failure prints the seed and the event; the same seed repeats it.
-//   random_walk EVENTS [SEED]
+// Prints what it reached. A failure prints the seed and the step; the same seed repeats it.
+//   random_walk STEPS [SEED]
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -16,15 +16,15 @@ static void interrupted(int)
 
 int main(int count, char** words)
 {
-    const long events = count > 1 ? std::atol(words[1]) : 0;
-    if (events <= 0) {
-        std::fprintf(stderr, "usage: random_walk EVENTS [SEED]\n");
+    const long steps = count > 1 ? std::atol(words[1]) : 0;
+    if (steps <= 0) {
+        std::fprintf(stderr, "usage: random_walk STEPS [SEED]\n");
         return 2;
     }
     std::signal(SIGINT, interrupted);
     std::signal(SIGTERM, interrupted);
     const unsigned seed = count > 2 ? static_cast<unsigned>(std::strtoul(words[2], nullptr, 10)) : 1;
-    const vorn::walk_result r = vorn::walk(seed, events);
+    const vorn::walk_result r = vorn::walk(seed, steps);
     for (const auto& [what, times] : r.reached) std::printf("%9ld  %s\n", times, what.c_str());
     if (r.failure.empty()) return 0;
     std::printf("%s\n", r.failure.c_str());

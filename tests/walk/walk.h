@@ -1,6 +1,5 @@
 // A random walk: a simulated user who does anything at any moment on the headless machine. Part of the time
-// the user is a trained gunner, so that practices run to their end. The rules in rules.h are checked after
-// each event.
+// a trained gunner fires, so that practices run to their end. The rules in rules.h are checked all the time.
 #pragma once
 
 #include <map>
@@ -13,10 +12,10 @@ struct walk_result {
     std::string failure;                   // the broken rule and the last actions; empty: none
 };
 
-// Walks this many events. The same seed gives the same walk.
-walk_result walk(unsigned seed, long events);
+// Walks this many steps: a random event, or a whole practice. The same seed gives the same walk.
+walk_result walk(unsigned seed, long steps);
 
-// Seed, event and last actions of the walk that runs in this process.
+// Seed, step and last actions of the walk that runs in this process.
 std::string current_walk();
 
 }   // namespace vorn
