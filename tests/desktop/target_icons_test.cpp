@@ -33,7 +33,7 @@ TEST(shipped_icons, are_whole_and_the_hot_ones_have_no_colour)
             sizes.push_back(size);
             EXPECT_EQ(picture.allGray(), hot) << size;
         }
-        EXPECT_EQ(sizes, (std::vector{16, 24, 32, 48, 64, 128, 256}));
+        EXPECT_EQ(sizes, (std::vector{16, 24, 32, 48, 64, 96, 128, 192, 256}));
     }
 }
 
@@ -54,6 +54,26 @@ TEST(shipped_icons, of_the_ranges_fill_their_squares)
             EXPECT_NEAR(across / count, .5, .12);
             EXPECT_NEAR(down / count, .5, .12);
             EXPECT_GT(count / size / size, .4);
+        }
+}
+
+// The ground of a thermal range is at most .6 of white.
+TEST(shipped_icons, are_warm_bodies_with_hot_parts_in_the_thermal_sight)
+{
+    for (const QString& name : folder.entryList({"thermal?.ico", "*_hot.ico"}))
+        for (const auto& [size, picture] : pictures_of(name)) {
+            SCOPED_TRACE(name.toStdString() + " " + std::to_string(size));
+            double warm = 0, hot = 0, body = 0;
+            for (int i = 0; i < size * size; ++i) {
+                const QRgb c = picture.pixel(i % size, i / size);
+                if (qAlpha(c) < 250) continue;
+                ++body;
+                warm += qRed(c) > 255 * .63;
+                hot += qRed(c) > 255 * .9;
+            }
+            EXPECT_GT(warm / body, .85);
+            EXPECT_GT(hot / body, .01);
+            EXPECT_LT(hot / body, .5) << "the hull is less hot than tracks, wheels and engine";
         }
 }
 

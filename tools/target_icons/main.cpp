@@ -37,7 +37,8 @@ static QByteArray drawn(const icon_plan& i, look l)
 {
     constexpr float width = 6.5f, thinnest = .62f;   // of a picture in metres; of a barrel's radius in pixels
     std::vector<QImage> pictures;
-    for (const int size : {256, 128, 64, 48, 32, 24, 16})   // largest first, for readers that take the first
+    for (const int size :
+         {256, 192, 128, 96, 64, 48, 32, 24, 16})   // largest first, for readers that take the first
         pictures.push_back(render(i.vehicle(thinnest * width / real(size), i.turret), i.from, l, size));
     return icon(pictures);
 }

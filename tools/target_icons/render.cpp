@@ -3,6 +3,7 @@
 #include <limits>
 #include <numbers>
 
+#include "common/noise.h"
 #include "common/sample.h"
 
 namespace tools {
@@ -151,7 +152,13 @@ vec3 light_on(const std::vector<lamp>& lamps, vec3 at, vec3 normal)
 
 // Colours ---------------------------------------------------------------------------------------------------
 
-// Large patches of three shades, and dust on surfaces near the ground.
+// -1 to 1, with features of one metre over `fineness`; stretched downwards, as rain leaves it.
+float grain(vec3 at, float fineness)
+{
+    return noise3(50 + fineness * at.x, 50 + fineness * at.y, 50 + .5f * fineness * at.z);
+}
+
+// Large patches of three shades, worn and stained, and mud on surfaces near the ground.
 vec3 paint_at(const material& m, vec3 at)
 {
     constexpr vec3 dust{.30f, .25f, .16f};
@@ -163,7 +170,9 @@ vec3 paint_at(const material& m, vec3 at)
         if (pattern > .75f) paint = paint * vec3{1.75f, 1.5f, 1.3f};
         if (pattern < -.7f) paint = paint * vec3{.55f, .5f, .5f};
     }
-    return mix(paint, dust, .45f * std::exp(-at.z / .55f));
+    const float stain = grain(at, 3), wear = grain(at, 14);
+    const float muddy = (.55f + .6f * wear + .5f * stain) * std::exp(-at.z / .6f);
+    return mix(paint * (1 + .22f * stain + .2f * wear), dust, clamp01(muddy));
 }
 
 // Light as a screen shows it, through as much air as at the middle ranges of the shipped country.
@@ -188,14 +197,15 @@ sample shaded_ground(const std::vector<lamp>& lamps, vec3 at)
     return {colour * alpha, alpha};
 }
 
-// White is hot. Faces in the sun are a little warmer, and the more sky a face sees, the colder it is.
+// White is hot, and all of a vehicle is warmer than the ground, which is shown at .6 at most. Faces in the
+// sun are a little warmer, and the more sky a face sees, the colder it is.
 vec3 glowing(const std::vector<lamp>& lamps, const material& m, vec3 at, vec3 normal)
 {
     const float sun = reaches(lamps.front(), at + normal * .03f)
                           ? std::max(0.f, dot(normal, lamps.front().there.towards))
                           : 0;
     const float sky = light_on(lamps, at, normal).z;
-    const float grey = clamp01(.46f + .54f * m.heat + (1 - m.heat) * (.13f * sun - .17f * sky));
+    const float grey = clamp01(.69f + .35f * m.heat + (1 - m.heat) * (.12f * sun - .14f * sky));
     return {grey, grey, grey};
 }
 
@@ -230,8 +240,19 @@ float fade(int column, int row, int size)
     return clamp01(std::min({x, 1 - x, y, 1 - y}) / width);
 }
 
-sample sample_at(const hit& h, const camera& c, const std::vector<lamp>& lamps, look l, int x, int y)
+// The upper edge of a face, where boots and branches have worn the paint.
+bool is_edge(const grid<hit>& seen, const camera& c, int x, int y)
 {
+    constexpr float width = .035f, behind = .06f;   // metres
+    const hit &here = seen.at(x, y), &above = seen.at(x, std::max(0, y - 1 - floor_int(width / c.step)));
+    if (here.what == nullptr || above.what == here.what) return false;
+    return above.what == nullptr || above.depth < here.depth - behind ||
+           (std::abs(dot(above.what->normal, here.what->normal)) < .8f && above.depth < here.depth);
+}
+
+sample sample_at(const grid<hit>& seen, const camera& c, const std::vector<lamp>& lamps, look l, int x, int y)
+{
+    const hit& h = seen.at(x, y);
     const vec3 flat = c.right * c.across_at(x) + c.up * c.up_at(y);
     if (h.what == nullptr) {
         if (l == look::hot) return {};
@@ -241,23 +262,24 @@ sample sample_at(const hit& h, const camera& c, const std::vector<lamp>& lamps, 
     const vec3 normal = dot(h.what->normal, c.towards) < 0 ? h.what->normal * -1 : h.what->normal;
     const vec3 at = flat + c.towards * h.depth;
     if (l == look::hot) return {glowing(lamps, m, at, normal), 1};
-    return {shown(paint_at(m, at) * light_on(lamps, at, normal)), 1};
+    const float worn = is_edge(seen, c, x, y) ? 1.45f : 1;
+    return {shown(paint_at(m, at) * light_on(lamps, at, normal) * worn), 1};
 }
 
 }   // namespace
 
 QImage render(const solid& vehicle, const view& from, look l, int size)
 {
-    constexpr float softness = 1.f / 64;               // of the thermal sight's picture, as a share of it
+    constexpr float softness = 1.f / 140;              // of the thermal sight's picture, as a share of it
     const int fine = std::clamp(1024 / size, 4, 16);   // samples to a pixel, each way
-    const camera c = fitted(vehicle, from, l == look::hot ? 2 * softness : .025f, size * fine);
+    const camera c = fitted(vehicle, from, l == look::hot ? 2.5f * softness : .025f, size * fine);
     const grid<hit> seen = see(vehicle, c);
     const std::vector<lamp> lamps = daylight(vehicle, from);
     grid<sample> pixels(size, size);
     for (int y = 0; y < c.size; ++y)
         for (int x = 0; x < c.size; ++x) {
             sample& sum = pixels.at(x / fine, y / fine);
-            sum = sum + sample_at(seen.at(x, y), c, lamps, l, x, y) * (1 / real(fine * fine));
+            sum = sum + sample_at(seen, c, lamps, l, x, y) * (1 / real(fine * fine));
         }
     if (l == look::painted) return image_of(pixels);
     const float sigma = softness * real(size);

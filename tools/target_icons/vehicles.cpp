@@ -3,23 +3,23 @@
 namespace tools {
 namespace {
 
-constexpr material armour{{.115f, .125f, .055f}, .40f, true};
-constexpr material turret_armour{{.115f, .125f, .055f}, .29f, true};   // colder, far from the engine
+constexpr material armour{{.115f, .125f, .055f}, .42f, true};
+constexpr material turret_armour{{.115f, .125f, .055f}, .14f, true};   // colder, far from the engine
 constexpr material dry_armour{{.165f, .155f, .078f}, .40f, true};      // of the carrier
 constexpr material plain_armour{{.115f, .125f, .055f}, .42f};
 constexpr material deck{{.075f, .08f, .045f}, .88f};   // over an engine
 constexpr material louvre{{.03f, .032f, .022f}, 1};
 constexpr material exhaust{{.045f, .035f, .03f}, 1};
-constexpr material rubber{{.022f, .022f, .021f}, .70f};
-constexpr material steel{{.075f, .075f, .06f}, .82f};   // of road wheels and tracks: warm from friction
-constexpr material hub{{.10f, .105f, .055f}, .92f};
-constexpr material barrel{{.040f, .044f, .028f}, .84f};
-constexpr material skirt{{.105f, .11f, .055f}, .48f, true};
-constexpr material fitting{{.055f, .06f, .038f}, .42f};
-constexpr material canvas{{.27f, .24f, .145f}, .36f};
-constexpr material glass{{.03f, .04f, .045f}, .25f};
-constexpr material lamp{{.34f, .34f, .28f}, .45f};
-constexpr material bare_wood{{.16f, .13f, .075f}, .36f};
+constexpr material rubber{{.022f, .022f, .021f}, .76f};
+constexpr material steel{{.075f, .075f, .06f}, .9f};   // of road wheels and tracks: warm from friction
+constexpr material hub{{.10f, .105f, .055f}, .8f};
+constexpr material barrel{{.040f, .044f, .028f}, .1f};
+constexpr material skirt{{.105f, .11f, .055f}, .5f, true};
+constexpr material fitting{{.055f, .06f, .038f}, .32f};
+constexpr material canvas{{.27f, .24f, .145f}, .22f};
+constexpr material glass{{.03f, .04f, .045f}, .05f};
+constexpr material lamp{{.34f, .34f, .28f}, .3f};
+constexpr material bare_wood{{.16f, .13f, .075f}, .2f};
 
 // Six corners on the left, the same on the right: an outline from above.
 path mirrored(const path& left_side)
@@ -39,20 +39,35 @@ struct running_gear {
     float radius;   // of a road wheel
 };
 
+// Bars across a band that runs round an outline (counterclockwise, seen with the front to the right).
+void add_links(solid& to, const path& round, span y, const material& m)
+{
+    constexpr float pitch = .17f, half = .045f, proud = .035f;
+    for (std::size_t i = 0; i < round.size(); ++i) {
+        const point a = round[i], b = round[(i + 1) % round.size()];
+        const float long_ = std::hypot(b.x - a.x, b.y - a.y), c = (b.x - a.x) / long_,
+                    s = (b.y - a.y) / long_;
+        for (float at = pitch / 2; at < long_; at += pitch) {
+            const auto corner = [&](float along, float out) {
+                return point{a.x + c * (at + along) + s * out, a.y + s * (at + along) - c * out};
+            };
+            add_pair(
+                to,
+                across({corner(-half, 0), corner(half, 0), corner(half, proud), corner(-half, proud)}, y, m));
+        }
+    }
+}
+
 // A track: its two runs with the wheels between, sprocket and idler raised at the ends.
 void add_track(solid& to, const running_gear& g)
 {
     constexpr float thickness = .09f, end_wheel = .31f;
     const auto [rear, front] = g.length;
-    add_pair(to, across({{rear + .75f, 0},
-                         {front - .8f, 0},
-                         {front, g.height - .5f},
-                         {front, g.height - .15f},
-                         {front - .2f, g.height},
-                         {rear + .2f, g.height},
-                         {rear, g.height - .15f},
-                         {rear, g.height - .5f}},
-                        {g.width.from, g.width.to - .1f}, rubber));
+    const path band{{rear + .75f, 0},         {front - .8f, 0},        {front, g.height - .5f},
+                    {front, g.height - .15f}, {front - .2f, g.height}, {rear + .2f, g.height},
+                    {rear, g.height - .15f},  {rear, g.height - .5f}};
+    add_pair(to, across(band, {g.width.from, g.width.to - .1f}, rubber));
+    add_links(to, band, g.width, steel);
     // The lower run is wider than the wheels.
     add_pair(to,
              across({{rear + .7f, 0}, {front - .75f, 0}, {front - .65f, thickness}, {rear + .6f, thickness}},
@@ -91,9 +106,21 @@ solid tank_hull()
     add(s, rod({-2.5f, 1.72f, 1.16f}, {-2.5f, 1.9f, 1.16f}, .2f, .18f, exhaust));
     add(s, rod({-3.35f, -1, 1.5f}, {-3.35f, 1, 1.5f}, .16f, .16f, bare_wood));   // unditching beam
     add(s, across({{2.4f, 1.22f}, {2.4f, 1.42f}, {2.46f, 1.42f}, {2.5f, 1.2f}}, {-1.1f, 1.1f},
-                  fitting));   // splash board
-    add_pair(s, rod({3.25f, .75f, 1.14f}, {3.4f, .75f, 1.12f}, .13f, .13f, lamp));
-    add(s, rod({1.35f, 0, 1.42f}, {1.35f, 0, 1.48f}, .32f, .32f, fitting));   // the driver's hatch
+                  fitting));                      // splash board
+    for (float y = -1.65f; y < 1.5f; y += .42f)   // blocks of added armour, then spare links
+        for (float x : {2.52f, 2.86f})
+            add(s, across({{x, 1.17f - (x - 2.5f) * .25f},
+                           {x, 1.27f - (x - 2.5f) * .25f},
+                           {x + .3f, 1.19f - (x - 2.5f) * .25f},
+                           {x + .3f, 1.09f - (x - 2.5f) * .25f}},
+                          {y, y + .37f}, armour));
+    for (float y = -1; y < 1; y += .25f) add(s, box({3.2f, 3.34f}, {y, y + .2f}, {.98f, 1.1f}, fitting));
+    add_pair(s, box({3.3f, 3.62f}, {.5f, .62f}, {.6f, .78f}, fitting));                  // hooks
+    add_pair(s, rod({-1.4f, 1.62f, 1.58f}, {.4f, 1.62f, 1.56f}, .035f, .035f, steel));   // tow cables
+    add_pair(s, rod({3.25f, 1.35f, 1.14f}, {3.4f, 1.35f, 1.12f}, .11f, .11f, lamp));
+    add(s, rod({1.35f, 0, 1.42f}, {1.35f, 0, 1.48f}, .32f, .32f, fitting));
+    for (float y : {-.3f, -.1f, .1f})
+        add(s, box({1.72f, 1.78f}, {y, y + .16f}, {1.38f, 1.5f}, glass));   // the driver's hatch
     return s;
 }
 
@@ -117,7 +144,13 @@ solid tank_turret(float thinnest)
     add(s, rod({-.45f, .45f, 2.66f}, {.75f, .45f, 2.76f}, .045f, .035f, barrel));   // its machine gun
     add(s, box({-.1f, .2f}, {.36f, .54f}, {2.5f, 2.72f}, fitting));
     add(s, rod({-.3f, -.5f, 2.2f}, {-.3f, -.5f, 2.32f}, .34f, .34f, plain_armour));   // the loader's hatch
-    add(s, box({.45f, .75f}, {.5f, .8f}, {2.15f, 2.42f}, fitting));                   // sight
+    for (float x : {-.12f, .02f}) add(s, box({x, x + .04f}, {.28f, .62f}, {2.42f, 2.5f}, glass));
+    for (float y = -.78f; y < .7f; y += .3f)   // blocks of added armour
+        if (std::abs(y + .12f) > .3f) add(s, box({.8f, 1.22f}, {y, y + .26f}, {1.72f, 2.05f}, turret_armour));
+    for (float x = -1.3f; x < .2f; x += .45f)
+        add_pair(s, box({x, x + .4f}, {1.2f, 1.5f}, {1.62f, 1.95f}, turret_armour));
+    add_pair(s, rod({-1.1f, .95f, 2.3f}, {.1f, 1.02f, 2.3f}, .025f, .025f, fitting));   // rails
+    add(s, box({.45f, .75f}, {.5f, .8f}, {2.15f, 2.42f}, fitting));                     // sight
     add(s, box({.75f, .77f}, {.53f, .77f}, {2.22f, 2.39f}, glass));
     for (float x = .05f; x < .7f; x += .2f)   // smoke dischargers
         add_pair(s, rod({x, 1.3f - x * .3f, 1.75f}, {x + .2f, 1.55f - x * .3f, 1.92f}, .06f, .06f, fitting));
@@ -152,7 +185,12 @@ solid carrier_hull()
     add(s, box({.5f, 1.3f}, {1.55f, 1.62f}, {1.25f, 1.6f}, exhaust));
     for (float x : {.62f, .82f, 1.02f}) add(s, box({x, x + .1f}, {1.62f, 1.65f}, {1.29f, 1.56f}, louvre));
     add(s, across({{2.0f, 1.62f}, {2.05f, 1.75f}, {3.25f, 1.24f}, {3.2f, 1.16f}}, {-1.0f, 1.0f},
-                  plain_armour));   // trim vane
+                  plain_armour));            // trim vane
+    for (float y = -.9f; y < 1; y += .44f)   // its ribs
+        add(s, across({{2.08f, 1.74f}, {2.1f, 1.79f}, {3.2f, 1.30f}, {3.2f, 1.25f}}, {y, y + .05f}, fitting));
+    for (float x = -3; x < .6f; x += .58f)   // plates on the side, and a rail above
+        add_pair(s, box({x, x + .52f}, {1.53f, 1.58f}, {1.0f, 1.34f}, dry_armour));
+    add_pair(s, rod({-3.1f, 1.5f, 1.82f}, {.6f, 1.5f, 1.82f}, .03f, .03f, fitting));
     add_pair(s, rod({2.95f, 1.25f, 1.3f}, {3.12f, 1.25f, 1.26f}, .13f, .13f, lamp));
     add(s, rod({.95f, .6f, 1.88f}, {.95f, .6f, 2.0f}, .3f, .28f, fitting));   // the driver's hatch
     for (float x : {-2.6f, -1.75f, -.9f}) {   // firing ports with their periscopes
@@ -192,6 +230,11 @@ void add_wheel(solid& s, float x)
     add_pair(s,
              rod({x, outside - .04f, radius}, {x, outside + .01f, radius}, radius * .56f, radius * .5f, hub));
     add_pair(s, rod({x, outside, radius}, {x, outside + .08f, radius}, .14f, .1f, steel));
+    for (int i = 0; i < 24; ++i) {   // tread
+        const vec3 out{std::cos(real(i) * .2618f), 0, std::sin(real(i) * .2618f)};
+        const vec3 foot = vec3{x, 0, radius} + out * (radius - .03f);
+        add_pair(s, rod(foot + vec3{0, inside, 0}, foot + vec3{0, outside - .02f, 0}, .045f, .045f, rubber));
+    }
 }
 
 void add_cab(solid& s)
@@ -213,6 +256,11 @@ void add_cab(solid& s)
                   glass));   // windscreen
     add(s, across({{1.78f, 2.5f}, {1.8f, 2.5f}, {2.01f, 1.84f}, {1.98f, 1.84f}}, {.06f, .98f}, glass));
     add_pair(s, across({{.9f, 1.8f}, {.9f, 2.45f}, {1.62f, 2.45f}, {1.85f, 1.8f}}, {1.1f, 1.12f}, glass));
+    for (float x : {.82f, 1.92f})
+        add_pair(s, box({x, x + .03f}, {1.1f, 1.115f}, {.95f, 1.75f}, fitting));   // door
+    add_pair(s, box({.95f, 1.1f}, {1.1f, 1.14f}, {1.58f, 1.63f}, steel));
+    add_pair(s, box({2.0f, 2.05f}, {1.2f, 1.38f}, {1.95f, 2.3f}, fitting));   // mirrors
+    add_pair(s, rod({1.95f, 1.1f, 2.1f}, {2.02f, 1.25f, 2.1f}, .025f, .025f, fitting));
     add_pair(s, across({{1.55f, .75f},
                         {1.75f, 1.25f},
                         {3.4f, 1.3f},
