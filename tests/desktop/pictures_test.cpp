@@ -221,29 +221,4 @@ TEST(drawings, the_marks_of_a_scale_are_equally_bright)
     EXPECT_EQ(marks, 14);
 }
 
-// The share of pixels of each kind, on a plain background.
-TEST(explosion, is_a_flash_then_fire_then_smoke_and_grey_in_the_thermal_sight)
-{
-    QImage canvas(78, 78, QImage::Format_RGB32);
-    const auto share = [&](const char* frame, bool (*matches)(const QColor&)) {
-        canvas.fill(QColor(150, 152, 105));
-        QPainter p(&canvas);
-        draw_named(p, frame, QRectF(canvas.rect()));
-        int count = 0;
-        for (int i = 0; i < 78 * 78; ++i) count += matches(canvas.pixelColor(i % 78, i / 78));
-        return count / (78.0 * 78);
-    };
-    const auto flash = [](const QColor& c) { return std::min({c.red(), c.green(), c.blue()}) > 215; };
-    const auto fire = [](const QColor& c) { return c.red() > 150 && c.red() > c.blue() + 90; };
-    const auto smoke = [](const QColor& c) { return c.lightness() < 80 && c.red() < 120; };
-    EXPECT_GT(share(":explosion1", flash), .05);
-    EXPECT_LT(share(":explosion5", flash), .01) << "the flash is over";
-    EXPECT_GT(share(":explosion4", fire), .09);
-    EXPECT_LT(share(":explosion11", fire), .01) << "the fire is out";
-    EXPECT_GT(share(":explosion10", smoke), .2);
-    EXPECT_LT(share(":explosion15", smoke), .01);
-    EXPECT_LT(share(":hotexplosion4", fire), .01);
-    EXPECT_GT(share(":hotexplosion4", [](const QColor& c) { return c.lightness() > 140; }), .1);
-}
-
 }   // namespace vorn::desktop_tests

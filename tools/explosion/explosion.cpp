@@ -1,17 +1,19 @@
-// Paints the explosion of a target: sixteen frames with alpha, four to a row, in one PNG picture.
+// Paints what rounds do where they strike, and a burning target: for each a sheet of sixteen frames with
+// alpha, four to a row, in a PNG picture.
 //
-// A cloud of puffs is thrown from a spot on the ground into the half space above it, slowed by the air,
-// lifted by its heat and carried by a wind from the left; a ring of dust runs out along the ground. For each
-// frame the cloud fills a block of cells. Billow noise that grows and rises with the cloud gives its edge
+// Clouds of puffs are thrown from a spot on the ground into the half space above it, slowed by the air,
+// lifted by their heat and carried by a wind from the left; rings of dust run out along the ground. For each
+// frame the puffs fill a block of cells. Billow noise that grows and rises with the cloud gives its edge
 // lumps and creases; creases show the hot inside, and lumps have cooled to soot. Sun and sky light the cells,
-// shaded by those between, and the eye looks through the block from the front, a little from above. Flash,
-// burning pieces and the glow of the air are added to that.
+// shaded by those above, and the eye looks through the block from the front, a little from above. Flash,
+// flying pieces and the glow of the air are added to that.
 //
-// The sight draws a frame 17 to 110 pixels wide and shows it for a sixtieth of a second. So the flash is
-// broad, fire is either bright or gone, and smoke is darker than any ground behind it.
+// The sight draws a frame 16 to 220 pixels wide and shows it for a few hundredths of a second to a tenth. So
+// a flash is broad, fire is either bright or gone, and its smoke is darker than any ground behind it.
 //
-// Usage: explosion FILE
+// Usage: explosion FOLDER [NAME]
 
+#include <QDir>
 #include <cstdio>
 #include <numbers>
 
@@ -19,184 +21,241 @@
 #include "common/parallel.h"
 #include "common/sample.h"
 #include "common/save.h"
+#include "scenes.h"
 
 namespace tools {
 namespace {
 
-// Lengths are in sides of a frame, times in durations of the explosion.
 constexpr int frames = 16, frames_in_row = 4;
-constexpr int side = 128;   // pixels, and cells across and up
-constexpr int depth = 88;   // cells from back to front
-constexpr float cell_size = 1.f / side;
 constexpr float pi = std::numbers::pi_v<float>;
-
-// The sight puts the lower left corner of the frame on the target's, and the frame is a little larger: so the
-// burst is left of the middle.
-constexpr float burst_across = .44f, ground_line = .12f;
-constexpr float look_down =
-    .19f;   // how far down the picture a place moves for each length that it is nearer
+// How far down the picture a place moves for each length that it is nearer.
+constexpr float look_down = .19f;
 
 // The cloud -------------------------------------------------------------------------------------------------
 
+// In a sheet that goes round a puff starts again and again, each at its own time.
 struct puff {
-    vec3 thrown;          // how far it gets before the air has stopped it: right, up, towards the eye
-    float young, grown;   // its first radius, and the increase
-    float heat;           // 1 is a fire of medium heat
-    float dust;           // 0 soot, 1 earth
+    vec3 start, thrown;
+    float young, grown, heat, born;
+    const puff_group* of;
 };
 
-std::vector<puff> cloud()
+std::vector<puff> cloud(const scene& s)
 {
-    constexpr int fire_puffs = 34, dust_puffs = 44;
     rng random(2);
+    const auto any = [&](limits l) { return .01f * random.between(l.low, l.high); };
     std::vector<puff> puffs;
-    for (int i = 0; i < fire_puffs; ++i) {
-        const float angle = random.between(0, pi), force = random.between(.1f, 1);
-        const float towards = random.between(-.16f, .16f);
-        const float young = random.between(.05f, .075f), grown = random.between(.03f, .10f);
-        const float heat = random.between(1, 1.2f) - .45f * force;   // the core stays hot longest
-        puffs.push_back({{.24f * force * std::cos(angle), .46f * force * std::sin(angle), towards},
-                         young,
-                         grown,
-                         heat,
-                         0});
-    }
-    for (int i = 0; i < dust_puffs; ++i) {
-        const float angle = random.between(0, 2 * pi), force = random.between(.6f, 1);
-        const float lift = random.between(.005f, .025f), grown = random.between(.025f, .065f);
-        puffs.push_back(
-            {{.34f * force * std::cos(angle), lift, .25f * force * std::sin(angle)}, .02f, grown, 0, 1});
-    }
+    for (const puff_group& g : s.puffs)
+        for (int i = 0; i < g.count; ++i) {
+            const float angle = pi * any(g.angle), force = any(g.force), other = random.between(-1, 1);
+            const float young = any(g.young), grown = any(g.grown), hottest = any(g.heat);
+            const float aside = .01f * g.from_side * random.between(-1, 1), at = real(i) + random.unit();
+            const vec3 thrown = g.along_ground ? vec3{std::cos(angle), .6f + .4f * other, std::sin(angle)}
+                                               : vec3{std::cos(angle), std::sin(angle), other};
+            const float heat = std::max(0.f, hottest - .01f * g.weakened * force), born = at / real(g.count);
+            const vec3 start{aside, .3f * young, 0}, way = thrown * g.reach * (.01f * force);
+            puffs.push_back({start, way, young, grown, heat, born, &g});
+        }
     return puffs;
 }
 
 // The share of its way that a thing has covered against the drag of the air.
-constexpr float drag = 5;
-float braked(float time)
+float braked(const scene& s, float time)
 {
-    return 1 - std::exp(-drag * time);
+    return 1 - std::exp(-s.drag * time);
 }
 
 // Where wind and heat have carried the middle of the cloud.
-vec3 drift(float time)
+vec3 drift(const scene& s, float time)
 {
-    return {.16f * time * time, .10f * time + .14f * time * time, 0};
+    return {s.drift.x * time * time, s.drift.z * time + s.drift.y * time * time, 0};
 }
 
 struct placed_puff {
     vec3 middle;
-    float radius, heat, dust;
+    float radius, heat, dust, solid, age;
 };
 
-placed_puff placed(const puff& p, float time)
+placed_puff placed(const scene& s, const puff& p, float time)
 {
-    const float carried = p.dust > 0 ? .1f : .35f + 1.6f * p.thrown.y;   // the wind is weaker near the ground
-    return {vec3{0, .3f * p.young, 0} + p.thrown * braked(time) + drift(time) * carried,
-            p.young * (.45f + .55f * braked(3 * time)) + p.grown * braked(time), p.heat, p.dust};
+    const puff_group& g = *p.of;
+    // The wind is weaker near the ground.
+    const float carried = .01f * g.lift * (s.goes_round || g.along_ground ? 1 : .35f + 1.6f * p.thrown.y);
+    const float cooled = 1.45f * std::exp(-std::pow(time / s.cooling, 1.5f));
+    const float age = s.goes_round ? 100 * time / g.life : time;
+    const float fresh = s.goes_round ? smoothstep(0, .1f, time) * (1 - smoothstep(.45f, 1, age)) : 1;
+    const vec3 middle = p.start + p.thrown * braked(s, time) + drift(s, time) * carried;
+    return {middle - vec3{0, .01f * g.fall * time * time, 0},
+            p.young * (.45f + .55f * braked(s, 3 * time)) + p.grown * (s.goes_round ? age : braked(s, time)),
+            p.heat * cooled,
+            .01f * g.dust,
+            .01f * g.solid * fresh,
+            age};
 }
 
-// Round hills between sharp valleys in four octaves, about -.5 to .5 and 0 in the mean.
+std::vector<placed_puff> placed_puffs(const scene& s, const std::vector<puff>& puffs, float time)
+{
+    std::vector<placed_puff> there;
+    for (const puff& p : puffs) {
+        if (!s.goes_round) there.push_back(placed(s, p, time));
+        for (float own = time + p.born - 1; s.goes_round && own < .01f * p.of->life; own += 1)
+            if (own > 0) there.push_back(placed(s, p, own));
+    }
+    return there;
+}
+
+// Round hills between sharp valleys in five octaves, about -.5 to .5 and 0 in the mean.
 float billows(vec3 p)
 {
     float sum = 0, height = .75f;
-    for (int octave = 0; octave < 4; ++octave) {
+    for (int octave = 0; octave < 5; ++octave) {
         sum += height * (std::abs(noise3(p.x, p.y, p.z)) - .33f);
-        height *= .52f;
+        height *= .54f;
         // Turned as well as shrunk, so that the eye never looks along the lattice.
         p = vec3{7.3f, 1.9f, 4.1f} + vec3{.8f * p.x - .6f * p.z, p.y, .6f * p.x + .8f * p.z} * 2.07f;
     }
     return sum;
 }
 
+// The noise is moved with the cloud, and scaled with it unless it goes round, so that each lump keeps its
+// shape between frames.
+float lumps(const scene& s, vec3 at, float time)
+{
+    constexpr vec3 somewhere{41.7f, 12.2f, 8.6f};
+    if (!s.goes_round)
+        return billows((at - drift(s, time)) * (s.lumps / (.35f + .65f * braked(s, time))) + somewhere +
+                       vec3{0, 0, 1.5f * time});
+    // Two patterns rise, and one takes the other's place: at the end the second is what the first was at the
+    // start.
+    const auto risen = [&](float by) {
+        return billows((at - vec3{0, s.drift.z, .1f} * by) * vec3{s.lumps, .6f * s.lumps, s.lumps} +
+                       somewhere);
+    };
+    return mix(risen(time), risen(time - 1), time) / std::hypot(1 - time, time);
+}
+
 struct cell {
     float density = 0;   // 0 to 1
     float heat = 0, dust = 0;
+    float before_sun = 0, before_sky = 0;   // the stuff that their light has met on its way
+    // While the cell is filled: the greatest closeness to the middle of a puff (1 there, 0 at its rim), and
+    // sums.
+    float closest = -1, weight = 0, solid = 0, age = 0;
 };
 
-cell filled(vec3 at, const std::vector<placed_puff>& puffs, float time)
-{
-    constexpr float reach = .4f;                          // of lumps beyond the rim of a puff, in its radii
-    float closest = -1, weight = 0, heat = 0, dust = 0;   // 1 in the middle of a puff, 0 at its rim
-    for (const placed_puff& p : puffs) {
-        const float closeness = 1 - length(at - p.middle) / p.radius;
-        if (closeness < -reach) continue;
-        const float share = (closeness + reach) * (closeness + reach);
-        closest = std::max(closest, closeness);
-        weight += share;
-        heat += share * p.heat;
-        dust += share * p.dust;
-    }
-    if (weight <= 0 || at.y < 0) return {};
-    // The noise is scaled and moved with the cloud, so that each lump keeps its shape between frames. Later
-    // its amplitude grows and each puff shrinks.
-    const vec3 lump = (at - drift(time)) * (7.5f / (.35f + .65f * braked(time)));
-    const float torn =
-        (.9f + .5f * smoothstep(.4f, 1, time)) * billows(lump + vec3{20, 20, 20 + 1.5f * time});
-    const float solid = closest + torn - .25f * smoothstep(.55f, 1, time);
-    const float sharpness = 5 - 2.5f * time;   // edges grow soft with age
-    const float cooled = 1.45f * std::exp(-std::pow(time / .5f, 1.5f));
-    return {clamp01(sharpness * solid) * (1 - .5f * dust / weight) * smoothstep(0, .03f, at.y),
-            heat / weight * cooled * std::max(0.f, .60f + 1.3f * closest), dust / weight};
-}
-
 struct block {
+    int side, depth;   // cells across and up; from back to front
+    float cell_size;
     std::vector<cell> cells;
 
-    static bool holds(int x, int y, int z)
+    bool holds(int x, int y, int z) const
     {
         return x >= 0 && y >= 0 && z >= 0 && x < side && y < side && z < depth;
     }
-    const cell& at(int x, int y, int z) const { return cells[index((y * side + x) * depth + z)]; }
+    cell& at(int x, int y, int z) { return cells[index((y * side + x) * depth + z)]; }
+    float near(int z) const { return (real(z) + .5f - real(depth) / 2) * cell_size; }
 };
 
-block filled_block(const std::vector<puff>& puffs, float time)
+// The block is sheared so that the lines of sight run along its z axis.
+vec3 place(const scene& s, const block& b, int x, int y, int z)
 {
-    std::vector<placed_puff> there;
-    for (const puff& p : puffs) there.push_back(placed(p, time));
-    block b;
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x)
-            for (int z = 0; z < depth; ++z) {
-                // The block is sheared so that the lines of sight run along its z axis.
-                const float near = (real(z) + .5f - depth / 2.f) * cell_size;
-                const vec3 at{(real(x) + .5f) * cell_size - burst_across,
-                              (real(y) + .5f) * cell_size - ground_line + look_down * near, near};
-                b.cells.push_back(filled(at, there, time));
+    return {(real(x) + .5f) * b.cell_size - s.foot.x,
+            (real(y) + .5f) * b.cell_size - s.foot.y + look_down * b.near(z), b.near(z)};
+}
+
+// Adds what the puff and its lumps have to each of their cells.
+void add_puff(const scene& s, block& b, const placed_puff& p)
+{
+    constexpr float reach = .4f;   // of lumps beyond the rim of a puff, in its radii
+    const float out = p.radius * (1 + reach);
+    const auto first = [&](float middle) { return std::max(0, floor_int((middle - out) / b.cell_size)); };
+    const auto last = [&](float middle, int count) {
+        return std::min(count - 1, floor_int((middle + out) / b.cell_size));
+    };
+    const float across = p.middle.x + s.foot.x, near = p.middle.z + real(b.depth) / 2 * b.cell_size;
+    for (int z = first(near); z <= last(near, b.depth); ++z) {
+        const float up = p.middle.y + s.foot.y - look_down * b.near(z);
+        for (int y = first(up); y <= last(up, b.side); ++y)
+            for (int x = first(across); x <= last(across, b.side); ++x) {
+                const float closeness = 1 - length(place(s, b, x, y, z) - p.middle) / p.radius;
+                if (closeness < -reach) continue;
+                cell& c = b.at(x, y, z);
+                const float share = (closeness + reach) * (closeness + reach) * p.solid;
+                c.closest = std::max(c.closest, closeness - .5f * (1 - p.solid));
+                c.weight += share;
+                c.solid += share * p.solid;
+                c.heat += share * p.heat;
+                c.dust += share * p.dust;
+                c.age += share * p.age;
             }
+    }
+}
+
+// Edges grow soft with age, the amplitude of the noise grows, and each puff shrinks.
+void give_lumps(const scene& s, cell& c, vec3 at, float time)
+{
+    if (c.weight <= 0) return;
+    const float age = c.age / c.weight, noise = lumps(s, at, time);
+    const float torn = (.9f + .5f * smoothstep(.4f, 1, age)) * noise;
+    const float solid = c.closest + torn - .25f * smoothstep(.55f, 1, age);
+    c.dust /= c.weight;
+    c.density = clamp01((5 - 2.5f * age) * solid) * (1 - .5f * c.dust) * c.solid / c.weight *
+                smoothstep(0, .03f, at.y);
+    c.heat *= std::max(0.f, s.goes_round ? 1 + .3f * c.closest - 1.1f * noise
+                                         : .60f + 1.3f * c.closest - .5f * noise) /
+              c.weight;
+}
+
+// Light comes down from above; `aside` is its way along x and z for each cell down.
+void let_light_in(block& b, float cell::*met, point aside)
+{
+    const float way = b.cell_size * length({aside.x, 1, aside.y});
+    const int dx = floor_int(-aside.x), dz = floor_int(-aside.y);
+    const float share_x = -aside.x - real(dx), share_z = -aside.y - real(dz);
+    for (int y = b.side - 2; y >= 0; --y)
+        for (int x = 0; x < b.side; ++x)
+            for (int z = 0; z < b.depth; ++z) {
+                const auto above = [&](int right, int near) {
+                    if (!b.holds(x + dx + right, y + 1, z + dz + near)) return 0.f;
+                    const cell& c = b.at(x + dx + right, y + 1, z + dz + near);
+                    return c.*met + c.density * way;
+                };
+                b.at(x, y, z).*met = mix(mix(above(0, 0), above(1, 0), share_x),
+                                         mix(above(0, 1), above(1, 1), share_x), share_z);
+            }
+}
+
+block filled_block(const scene& s, float time)
+{
+    block b{s.side, s.side * 11 / 16, 1 / real(s.side), {}};
+    b.cells.resize(index(b.side * b.side * b.depth));
+    for (const placed_puff& p : placed_puffs(s, cloud(s), time)) add_puff(s, b, p);
+    for (int y = 0; y < b.side; ++y)
+        for (int x = 0; x < b.side; ++x)
+            for (int z = 0; z < b.depth; ++z) give_lumps(s, b.at(x, y, z), place(s, b, x, y, z), time);
+    // The sun is where it is over the shipped ranges.
+    let_light_in(b, &cell::before_sun, {.79f, -.53f});
+    let_light_in(b, &cell::before_sky, {-.2f, -.2f});
     return b;
 }
 
 // Light -----------------------------------------------------------------------------------------------------
 
-// The share of a light that gets through to a cell; `step`, in cells, leads towards it.
-float let_through(const block& b, int x, int y, int z, vec3 step, float thick)
-{
-    float stuff = 0;
-    for (int i = 1; i <= 14; ++i) {
-        const int to_x = x + static_cast<int>(std::lround(real(i) * step.x));
-        const int to_y = y + static_cast<int>(std::lround(real(i) * step.y));
-        const int to_z = z + static_cast<int>(std::lround(real(i) * step.z));
-        if (!block::holds(to_x, to_y, to_z)) break;
-        stuff += b.at(to_x, to_y, to_z).density;
-    }
-    return std::exp(-stuff * length(step) * cell_size * thick);
-}
-
-vec3 cell_colour(const block& b, int x, int y, int z, float thick)
+vec3 cell_colour(const scene& s, const cell& c, float thick)
 {
     constexpr vec3 soot{.16f, .155f, .15f}, earth{.50f, .43f, .32f};
     constexpr vec3 sunlight{2.1f, 2, 1.8f}, skylight{.40f, .45f, .52f};
-    const cell& c = b.at(x, y, z);
-    // The sun is where it is over the shipped ranges. Light is scattered as well as absorbed, so it gets
-    // deeper in than the eye does.
-    const float sun = let_through(b, x, y, z, {-1.5f, 1.9f, 1}, .5f * thick);
-    const float sky = let_through(b, x, y, z, {0, 2.4f, 0}, .3f * thick);
+    const auto shown = [](vec3 light) {   // strong light loses its colour before it saturates
+        return vec3{1 - std::exp(-light.x), 1 - std::exp(-light.y), 1 - std::exp(-light.z)};
+    };
+    if (s.by_heat) return shown(vec3{1, 1, 1} * (1 + 3 * c.heat));
+    // Light is scattered as well as absorbed, so it gets deeper in than the eye does.
+    const float sun = std::exp(-.5f * thick * c.before_sun), sky = std::exp(-.3f * thick * c.before_sky);
     const vec3 lit = mix(soot, earth, c.dust) * (sunlight * sun + skylight * mix(.3f, 1, sky));
     // From a dark red through orange and yellow to white.
     const vec3 glow{3.6f * std::pow(c.heat, 2.6f), 1.7f * std::pow(c.heat, 3.6f),
                     .4f * std::pow(c.heat, 6.f)};
-    const vec3 light = lit + glow;   // strong light loses its colour before it saturates
-    return {1 - std::exp(-light.x), 1 - std::exp(-light.y), 1 - std::exp(-light.z)};
+    return shown(lit + glow);
 }
 
 constexpr sample covering(vec3 colour, float alpha)
@@ -204,15 +263,15 @@ constexpr sample covering(vec3 colour, float alpha)
     return sample{colour, 1} * alpha;
 }
 
-sample looked_through(const block& b, int x, int y, float time)
+sample looked_through(const scene& s, block& b, int x, int y, float time)
 {
-    const float thick =
-        70 * std::pow(1 - .93f * smoothstep(.45f, 1, time), 1.5f);   // less and less as it thins
+    // Less and less as it thins.
+    const float thick = s.thick * (1 - (1 - s.left) * smoothstep(s.thins.low, s.thins.high, time));
     sample seen;
-    for (int z = depth - 1; z >= 0 && seen.alpha < .995f; --z)
-        if (const float density = b.at(x, y, z).density; density > 0)
+    for (int z = b.depth - 1; z >= 0 && seen.alpha < .995f; --z)
+        if (const cell& c = b.at(x, y, z); c.density > 0)
             seen = over(seen,
-                        covering(cell_colour(b, x, y, z, thick), 1 - std::exp(-density * thick * cell_size)));
+                        covering(cell_colour(s, c, thick), 1 - std::exp(-c.density * thick * b.cell_size)));
     return seen;
 }
 
@@ -223,62 +282,117 @@ float light_distance(point at)
 }
 
 // The air around the fire, and what lies behind it, in its light.
-sample halo(point at, float time)
+sample halo(const scene& s, point at, float time)
 {
     const float far = light_distance({at.x, at.y - .12f}) / .26f;
-    return covering({1, .62f, .25f}, .6f * std::exp(-time / .22f - far * far));
+    const float fades = s.goes_round ? 1 : std::exp(-time / (.44f * s.cooling));
+    return covering({1, .62f, .25f}, s.halo * fades * std::exp(-far * far));
 }
 
-sample flash(point at, int frame)
+sample flash(const scene& s, point at, int frame)
 {
     constexpr float radius[] = {.13f, .32f, .26f, .17f}, strength[] = {1, 1, .85f, .4f};
-    if (frame >= 4) return {};
+    const int step = frame + s.flash_from;
+    if (step >= 4 || s.flash == 0) return {};
     // Some directions get more of it than others.
-    const float angle = std::atan2(at.y - .08f, at.x);
+    const point from{at.x / s.flash, at.y / s.flash - .08f};
+    const float angle = std::atan2(from.y, from.x);
     const float ray = .995f + .375f * noise3(3.6f * std::cos(angle) + 9, 3.6f * std::sin(angle) + 9, 1);
-    const float far = light_distance({at.x, at.y - .08f}) / (radius[frame] * ray);
-    return covering(mix(vec3{1, 1, .96f}, vec3{1, .72f, .28f}, smoothstep(.5f, 1.6f, far)),
-                    strength[frame] * std::exp(-far * far * far));
+    const float far = light_distance(from) / (radius[step] * ray);
+    const vec3 rim = s.by_heat ? vec3{.9f, .9f, .9f} : vec3{1, .72f, .28f};
+    return covering(mix(s.by_heat ? vec3{1, 1, 1} : vec3{1, 1, .96f}, rim, smoothstep(.5f, 1.6f, far)),
+                    strength[step] * std::exp(-far * far * far));
 }
 
-// Burning pieces, each with the streak that it draws during the exposure.
-sample embers(point at, float time)
+// Adds a soft dot in front.
+void add_dot(const scene& s, grid<sample>& picture, point at, float radius, sample what)
 {
-    constexpr int pieces = 22, dots = 12;
-    constexpr float exposure = .05f, radius = 1.1f * cell_size;
-    rng random(2);
-    sample seen;
-    for (int i = 0; i < pieces; ++i) {
-        const float angle = random.between(.25f, pi - .25f), speed = random.between(2, 3.4f);
-        const float strength = 1 - time / random.between(.25f, .5f);
-        for (int k = 0; k < dots && strength > 0; ++k) {
-            const float share = real(k) / dots, then = time - exposure * share, way = braked(then) / drag;
-            const float x = .75f * speed * std::cos(angle) * way;
-            const float y = .06f + speed * std::sin(angle) * way - 1.1f * then * then;
-            const float far = std::hypot(at.x - x, at.y - y) / radius;
-            if (then > 0 && y > 0 && far < 3)
-                seen = over(seen,
-                            covering({1, .80f, .42f}, .6f * strength * (1 - share) * std::exp(-far * far)));
+    const float x = (at.x + s.foot.x) * real(s.side), y = (1 - at.y - s.foot.y) * real(s.side),
+                r = radius * real(s.side);
+    for (int j = floor_int(y - 3 * r); j <= floor_int(y + 3 * r); ++j)
+        for (int i = floor_int(x - 3 * r); i <= floor_int(x + 3 * r); ++i) {
+            if (!picture.holds(i, j)) continue;
+            const float far = std::hypot(real(i) + .5f - x, real(j) + .5f - y) / r;
+            picture.at(i, j) = over(what * std::exp(-far * far), picture.at(i, j));
         }
-    }
-    return seen;
 }
 
-void paint_frame(grid<sample>& sheet, int frame, const std::vector<puff>& puffs)
+void add_pieces(const scene& s, grid<sample>& picture, float time)
+{
+    constexpr int dots = 12;
+    constexpr float exposure = .05f;
+    rng random(2);
+    const auto any = [&](limits l) { return random.between(l.low, l.high); };
+    for (const piece_group& g : s.pieces)
+        for (int i = 0; i < g.count; ++i) {
+            const float angle = pi * any(g.angle), speed = any(g.speed), strength = 1 - time / any(g.life);
+            const float radius = g.radius * random.between(.5f, 1.3f);
+            for (int k = 0; k < dots && strength > 0; ++k) {
+                const float share = real(k) / dots, then = time - exposure * share;
+                const float way = braked(s, then) / s.drag;
+                const point at{.75f * speed * std::cos(angle) * way,
+                               .02f + speed * std::sin(angle) * way - g.fall * then * then};
+                if (then > 0 && at.y > 0)
+                    add_dot(s, picture, at, radius,
+                            covering(g.colour, .6f * std::sqrt(strength) * (1 - share)));
+            }
+        }
+}
+
+// Frames ----------------------------------------------------------------------------------------------------
+
+grid<sample> painted(const scene& s, int frame)
 {
     const float time = (real(frame) + .4f) / frames;
-    const block b = filled_block(puffs, time);
-    const float left = 1 - .95f * smoothstep(.66f, 1, time);   // all thins, and is gone with the last frame
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x) {
-            const point at{(real(x) + .5f) * cell_size - burst_across,
-                           (real(y) + .5f) * cell_size - ground_line};
-            const sample fire = over(over(looked_through(b, x, y, time), halo(at, time)), embers(at, time));
-            // Fades to nothing before the edge.
-            const float inside = (real(std::min({x, y, side - 1 - x, side - 1 - y})) + .5f) * cell_size;
-            sheet.at(frame % frames_in_row * side + x, (frame / frames_in_row + 1) * side - 1 - y) =
-                over(flash(at, frame), fire) * (left * smoothstep(.05f, .11f, inside));
+    block b = filled_block(s, time);
+    // All thins, and a burst is gone with the last frame.
+    const float left = s.goes_round ? 1 : 1 - smoothstep(.65f, 1.03f, time);
+    grid<sample> picture(s.side, s.side);
+    const auto place_of = [&](int x, int y) {
+        return point{(real(x) + .5f) * b.cell_size - s.foot.x,
+                     (real(s.side - y) - .5f) * b.cell_size - s.foot.y};
+    };
+    for (int y = 0; y < s.side; ++y)
+        for (int x = 0; x < s.side; ++x)
+            picture.at(x, y) =
+                over(looked_through(s, b, x, s.side - 1 - y, time), halo(s, place_of(x, y), time));
+    add_pieces(s, picture, time);
+    for (int y = 0; y < s.side; ++y)
+        for (int x = 0; x < s.side; ++x) {
+            // Fades to nothing before the edge; a foot near the lower one is whole.
+            const float aside = (real(std::min({x, y, s.side - 1 - x})) + .5f) * b.cell_size;
+            const float below = (real(s.side - 1 - y) + .5f) * b.cell_size;
+            const float inside = smoothstep(.02f, .11f, aside) * smoothstep(0, .7f * s.foot.y, below);
+            picture.at(x, y) = over(flash(s, place_of(x, y), frame), picture.at(x, y)) * (left * inside);
         }
+    return picture;
+}
+
+// Steps that no eye sees, which make the file much smaller.
+QImage coarse(QImage picture)
+{
+    const auto step = [](int value) { return (value + 2) / 5 * 5; };
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x) {
+            const QRgb c = picture.pixel(x, y);
+            const int alpha = step(qAlpha(c));
+            picture.setPixel(x, y,
+                             alpha == 0 ? 0 : qRgba(step(qRed(c)), step(qGreen(c)), step(qBlue(c)), alpha));
+        }
+    return picture;
+}
+
+bool make(const scene& s, const QDir& folder)
+{
+    grid<sample> sheet(frames_in_row * s.side, frames / frames_in_row * s.side);
+    parallel_for(frames, [&](int frame) {
+        const grid<sample> picture = painted(s, frame);
+        for (int y = 0; y < s.side; ++y)
+            for (int x = 0; x < s.side; ++x)
+                sheet.at(frame % frames_in_row * s.side + x, frame / frames_in_row * s.side + y) =
+                    picture.at(x, y);
+    });
+    return save(folder.filePath(QString(s.name) + ".png"), png(coarse(image_of(sheet))));
 }
 
 }   // namespace
@@ -287,12 +401,12 @@ void paint_frame(grid<sample>& sheet, int frame, const std::vector<puff>& puffs)
 int main(int count, char** arguments)
 {
     using namespace tools;
-    if (count != 2) {
-        std::fprintf(stderr, "usage: explosion FILE\n");
+    if (count != 2 && count != 3) {
+        std::fprintf(stderr, "usage: explosion FOLDER [NAME]\n");
         return 2;
     }
-    grid<sample> sheet(frames_in_row * side, frames / frames_in_row * side);
-    const std::vector<puff> puffs = cloud();
-    parallel_for(frames, [&](int frame) { paint_frame(sheet, frame, puffs); });
-    return save(arguments[1], png(image_of(sheet))) ? 0 : 1;
+    bool saved = true;
+    for (const scene& s : scenes())
+        if (count == 2 || QString(arguments[2]) == s.name) saved &= make(s, QDir(arguments[1]));
+    return saved ? 0 : 1;
 }

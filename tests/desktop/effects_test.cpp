@@ -1,0 +1,123 @@
+// The pictures of explosion, fire and bursts.
+#include "platform/desktop/drawing/effects.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include "platform/desktop/drawing/drawings.h"
+
+namespace vorn::desktop_tests {
+
+namespace {
+
+constexpr int side = 96;
+
+QImage drawn(effect what, int frame)
+{
+    QImage canvas(side, side, QImage::Format_ARGB32_Premultiplied);
+    canvas.fill(Qt::transparent);
+    QPainter p(&canvas);
+    draw_effect(p, what, QRectF(canvas.rect()), frame);
+    return canvas;
+}
+
+// The share of pixels of a kind in a frame, on a ground of one colour.
+double share(effect what, int frame, bool (*matches)(const QColor&))
+{
+    QImage canvas(side, side, QImage::Format_RGB32);
+    canvas.fill(QColor(150, 152, 105));
+    QPainter p(&canvas);
+    draw_effect(p, what, QRectF(canvas.rect()), frame);
+    int count = 0;
+    for (int i = 0; i < side * side; ++i) count += matches(canvas.pixelColor(i % side, i / side));
+    return count / double{side * side};
+}
+
+bool flash(const QColor& c)
+{
+    return std::min({c.red(), c.green(), c.blue()}) > 215;
+}
+bool fire(const QColor& c)
+{
+    return c.red() > 150 && c.red() > c.blue() + 90;
+}
+bool smoke(const QColor& c)
+{
+    return c.lightness() < 80 && c.red() < 120;
+}
+
+double cover(const QImage& picture)
+{
+    double sum = 0;
+    for (int i = 0; i < side * side; ++i) sum += qAlpha(picture.pixel(i % side, i / side)) / 255.;
+    return sum / (side * side);
+}
+
+// The mean difference of the pixels' red, which fire and smoke differ in.
+double change(const QImage& a, const QImage& b)
+{
+    double sum = 0;
+    for (int i = 0; i < side * side; ++i)
+        sum += std::abs(qRed(a.pixel(i % side, i / side)) - qRed(b.pixel(i % side, i / side)));
+    return sum / (side * side);
+}
+
+}   // namespace
+
+TEST(effects, an_explosion_is_a_flash_then_fire_then_smoke_and_grey_in_the_thermal_sight)
+{
+    EXPECT_GT(share(effect::explosion, 1, flash), .05);
+    EXPECT_LT(share(effect::explosion, 5, flash), .01) << "the flash is over";
+    EXPECT_GT(share(effect::explosion, 4, fire), .09);
+    EXPECT_LT(share(effect::explosion, 11, fire), .01) << "the fire is out";
+    EXPECT_GT(share(effect::explosion, 10, smoke), .2);
+    EXPECT_LT(share(effect::explosion, 15, smoke), .01);
+    EXPECT_LT(share(effect::hot_explosion, 4, fire), .01);
+    EXPECT_GT(share(effect::hot_explosion, 4, [](const QColor& c) { return c.lightness() > 140; }), .1);
+    QImage canvas(side, side, QImage::Format_ARGB32_Premultiplied);
+    canvas.fill(Qt::transparent);
+    QPainter p(&canvas);
+    draw_named(p, ":explosion4", QRectF(canvas.rect()));
+    EXPECT_EQ(canvas, drawn(effect::explosion, 4)) << "the name that the screens use";
+}
+
+TEST(effects, a_fire_burns_below_its_smoke_and_goes_round_without_a_jump)
+{
+    double most = 0;
+    for (int i = 0; i < 16; ++i) {
+        const QImage now = drawn(effect::fire, i);
+        EXPECT_GT(share(effect::fire, i, fire), .02) << i;
+        EXPECT_GT(share(effect::fire, i, smoke), .12) << i;
+        for (int y = 0; y < side / 2; ++y)
+            for (int x = 0; x < side; ++x) EXPECT_LT(qRed(now.pixel(x, y)), 160) << "no fire at the top";
+        if (i > 0) most = std::max(most, change(now, drawn(effect::fire, i - 1)));
+    }
+    EXPECT_LT(change(drawn(effect::fire, 15), drawn(effect::fire, 0)), 1.1 * most);
+    EXPECT_TRUE(drawn(effect::hot_fire, 3).allGray());
+}
+
+TEST(effects, a_burst_starts_with_a_flash_at_its_foot_and_is_gone_at_the_end)
+{
+    for (const effect e : {effect::burst_fin, effect::burst_hesh, effect::burst_coax, effect::hot_spot}) {
+        SCOPED_TRACE(static_cast<int>(e));
+        EXPECT_GT(share(e, 0, flash), .002);
+        EXPECT_LT(share(e, 8, flash), .002);
+        EXPECT_GT(cover(drawn(e, 6)), .08);
+        EXPECT_LT(cover(drawn(e, 15)), .01);
+        const QImage early = drawn(e, 2);
+        double across = 0, sum = 0;
+        for (int y = side * 3 / 4; y < side; ++y)
+            for (int x = 0; x < side; ++x) {
+                across += x * qAlpha(early.pixel(x, y));
+                sum += qAlpha(early.pixel(x, y));
+            }
+        EXPECT_NEAR(across / sum / side, .5, .03);
+        EXPECT_GT(qAlpha(early.pixel(side / 2, side * 92 / 100)), 128) << "it stands on the ground";
+    }
+    EXPECT_TRUE(drawn(effect::hot_spot, 4).allGray());
+    EXPECT_EQ(cover(drawn(effect::burst_fin, 16)), 0) << "a number that is no frame's";
+    EXPECT_EQ(cover(drawn(effect::burst_fin, -1)), 0);
+}
+
+}   // namespace vorn::desktop_tests
