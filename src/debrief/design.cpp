@@ -1,5 +1,6 @@
 // The layout of the debrief screen, in twips: the range along the top; below it from left to right the list
 // of engagements, the facts of the selected one, and the target with its markers.
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -186,6 +187,42 @@ void thermal_marks(S& s)
     add(s.window, s.Imgrevhesh, hidden(image({1020, 1418, 1080, 375}, ":revhesh")), &s.Frmtherm);
 }
 
+// In a wide window the target with its markers takes the right side below the buttons. The strip and the
+// frames share the left side, where the frames are as large as its height allows.
+wide_layout wide(const S& s, double width)
+{
+    constexpr double margin = 60, top = 390, foot = 10560, least_left = 11400, least_gain = 1.1;
+    const double growth = std::min((form_height - top - margin) / s.Frame1.Height,
+                                   (width - least_left - 3 * margin) / s.Frame1.Width);
+    if (growth < least_gain) return {};
+    const double column = growth * s.Frame1.Width;
+    const double left = std::min(width - column - 3 * margin, s.Imgrange.Width);
+    wide_layout w{.width = left + column + 3 * margin};
+    const auto put = [&w](const screen_object& o, double factor, double at_left, double at_top) {
+        w.enlarged[&o] = {factor, at_left - factor * o.Left, at_top - factor * o.Top};
+    };
+    put(s.Frame1, growth, w.width - margin - column, top);
+    const double strip = left / s.Imgrange.Width;
+    put(s.Imgrange, strip, margin, s.Imgrange.Top);
+    w.enlarged[&s.imgtargetpointer] = w.enlarged[&s.Imgrange];
+
+    constexpr double gap = 105;
+    const double row = s.Imgrange.Top + strip * s.Imgrange.Height + 2 * margin;
+    const double widths = s.Frame4.Width + s.Frame3.Width + s.Frmreading.Width;
+    const double factor = std::min((foot - margin - row) / s.Frame4.Height, left / (widths + 2 * gap));
+    const double between = (left - factor * widths) / 2;
+    put(s.Frame4, factor, margin, row);
+    put(s.Frame3, factor, margin + factor * s.Frame4.Width + between, row);
+    w.enlarged[&s.Frame2] = w.enlarged[&s.Frame3];
+    put(s.Frmreading, factor, margin + left - factor * s.Frmreading.Width, row);
+    w.enlarged[&s.Frmtherm] = w.enlarged[&s.Frmreading];
+
+    const bool beside = top + growth * s.Frame1.Height > foot;
+    for (const screen_object* o : {&s.outcome, &s.Lblinfo})
+        w.places[o] = {margin, o->Top, beside ? left : w.width - 2 * margin, o->Height};
+    return w;
+}
+
 }   // namespace
 
 void design_results(results_screen& s)
@@ -197,13 +234,14 @@ void design_results(results_screen& s)
     details(s);
     information(s);
     target_details(s);
-    caption(s, nullptr, frame({12120, 3480, 3120, 3840}, "READING THE MARKS"));
-    caption(s, &s.captions.back(), label({180, 375, 2850, 3420}, reading, colour::dim, text_size::small));
+    add(s.window, s.Frmreading, frame({12120, 3480, 3120, 3840}, "READING THE MARKS"));
+    caption(s, &s.Frmreading, label({180, 375, 2850, 3420}, reading, colour::dim, text_size::small));
     thermal_marks(s);
     buttons(s);
     add(s.window, s.outcome,
         label({120, 11100, 15120, 300}, "", colour::live, text_size::normal, alignment::centre));
     lay_out_hints(s.window, s.Lblinfo, {120, 10560, 15120, 540}, s.lblhelp);
+    s.window.wide = [&s](double width) { return wide(s, width); };
 }
 
 }   // namespace vorn

@@ -34,6 +34,7 @@ struct results_screen {
     screen_object Imgtargetdetails, Shape1, Imgreptarget, Imglaze, Imagepoa, Imgfos, Lbltargetvis, Frame7;
     screen_object killbox;   // where the fall of a round is a hit
 
+    screen_object Frmreading;   // how to read the marks
     screen_object Frmtherm, Imgthermtarget, Imgbam, Imgrevfin, Imgrevhesh;
 
     screen_object outcome;   // what was saved, printed or deleted last

@@ -41,7 +41,9 @@ void lay_out(intro_screen& s)
     form& f = s.window;
     f.name = "intro";
     f.Caption = "V. O. R. N.";
-    add(f, s.Image1, image({0, 0, form_width, form_height}, ":title"));
+    // As wide as the widest usual screens, 21:9; a narrower window shows its middle.
+    s.Image1.docked = dock::backdrop;
+    add(f, s.Image1, image({-6000, 0, form_width + 12000, form_height}, ":title"));
     add(f, s.Label2,
         bold(label({645, 645, 14100, 600}, title, colour::black, text_size::large, alignment::centre)));
     add(f, s.Label1,

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace vorn {
@@ -41,11 +42,12 @@ enum class fire { none, flames, hot };
 // others leave. `none`: at its own place.
 enum class dock {
     none,
-    sight,    // the sight itself
-    panel,    // a frame whose frames may be placed below or beside each other
-    beside,   // left of the sight or below it
-    above,    // in the line above the sight
-    below,    // in the line below the sight
+    sight,      // the sight itself
+    panel,      // a frame whose frames may be placed below or beside each other
+    beside,     // left of the sight or below it
+    above,      // in the line above the sight
+    below,      // in the line below the sight
+    backdrop,   // a picture that covers the whole window of a screen without a sight
 };
 
 enum class object_kind {
@@ -150,6 +152,19 @@ struct panel_key {
     screen_object* button = nullptr;
 };
 
+// An object shown larger with all it contains: its place times the factor, then moved, in twips of the
+// parent.
+struct enlargement {
+    double factor = 1, right = 0, down = 0;
+};
+
+// How a screen is shown in a window that is wider than the form. Other objects are shown at their own place.
+struct wide_layout {
+    double width = form_width;                                    // of all
+    std::unordered_map<const screen_object*, area> places = {};   // shown there, at the size of the form
+    std::unordered_map<const screen_object*, enlargement> enlarged = {};
+};
+
 enum class form_state { not_loaded, hidden, shown };
 
 // One screen: its objects from bottom to top, its timers and its handlers.
@@ -164,6 +179,8 @@ struct form {
     std::vector<panel_key> panel_keys;
     // Set by a handler: the object that gets the keyboard focus after it. The machine clears it.
     const screen_object* takes_focus = nullptr;
+    // The layout for a window of this width, at the height of the form; none: as designed.
+    std::function<wide_layout(double width)> wide;
 
     std::function<void()> load;      // sets the design values; runs at the first show after an unload
     std::function<void()> arrival;   // the screen has been shown or has come to the front

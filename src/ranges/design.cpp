@@ -1,5 +1,6 @@
 // The layout of the range author, in twips: at the top the frames from left to right in the order in which a
 // position is marked, under them the overview of the range.
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -181,6 +182,31 @@ void overview(S& s)
     add(s.window, s.Imgpoint, std::move(pointer), &s.Frame1);
 }
 
+// In a wide window the texts are beside the four frames, and the overview grows into the height that they
+// leave.
+wide_layout wide(const S& s, double width)
+{
+    constexpr double margin = 60, top = 390, texts_left = 15150, least_texts = 2000, most_texts = 5400;
+    const double texts = std::min(width - 3 * margin - texts_left - 90, most_texts);
+    if (texts < least_texts) return {};
+    const double row_width = texts_left + texts + 90, row_height = frames_height + 2 * margin;
+    const double overview_top_edge = top + row_height + margin;
+    const double growth = std::min((form_height - margin - overview_top_edge) / s.Frame1.Height,
+                                   (width - 2 * margin) / s.Frame1.Width);
+    wide_layout w{.width = std::max(row_width, growth * s.Frame1.Width) + 2 * margin};
+    const double row_left = (w.width - row_width) / 2;
+    w.places[&s.Frame2] = {row_left, top, row_width, row_height};
+    for (const screen_object* o : {&s.Frame3, &s.Frame4, &s.Frame5, &s.Frame6})
+        w.enlarged[o] = {.down = margin - frames_top};
+    constexpr double hint_height = 1350;
+    w.places[&s.guide] = {texts_left, 2 * margin, texts, row_height - hint_height - 4 * margin};
+    w.places[&s.Lblinfo] = {row_left + texts_left, top + row_height - hint_height - margin, texts,
+                            hint_height};
+    w.enlarged[&s.Frame1] = {growth, (w.width - growth * s.Frame1.Width) / 2 - growth * s.Frame1.Left,
+                             overview_top_edge - growth * s.Frame1.Top};
+    return w;
+}
+
 }   // namespace
 
 void design_rauthor(rauthor_screen& s)
@@ -192,12 +218,14 @@ void design_rauthor(rauthor_screen& s)
     target_selector(s);
     range_details(s);
     range_info(s);
-    caption(s, &s.Frame2,
-            label({180, 4320, 14760, 540}, instructions, colour::text, text_size::normal, alignment::centre));
+    add(s.window, s.guide,
+        label({180, 4320, 14760, 540}, instructions, colour::text, text_size::normal, alignment::centre),
+        &s.Frame2);
     overview(s);
     buttons(s);
     lay_out_hints(s.window, s.Lblinfo, {120, 10950, 15120, 450}, s.lblhelp,
                   "PLACE MOUSE OVER A CONTROL FOR DESCRIPTION OF ITS FUNCTION");
+    s.window.wide = [&s](double width) { return wide(s, width); };
 }
 
 }   // namespace vorn

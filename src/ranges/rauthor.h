@@ -19,6 +19,7 @@ struct rauthor_screen {
     screen_object cmdnew, Cmdopen, Cmdsave, Cmdstart, Cmdexit, Command1;
 
     screen_object Frame2;   // contains the four frames that follow, and the instructions
+    screen_object guide;    // the instructions
 
     // The sight window: the picture moves behind it. The marked point is the lower right corner of the fixed
     // cursor.

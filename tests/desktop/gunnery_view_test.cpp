@@ -35,11 +35,6 @@ struct gunnery_view : trainer_test, testing::WithParamInterface<QSize> {
                 found.push_back(o);
         return found;
     }
-    QRect in_window(const screen_object& o)
-    {
-        QWidget& w = widget(o);
-        return QRect(w.mapTo(w.window(), QPoint(0, 0)), w.size());
-    }
     void expect_orderly(gunnery_screen& s, const char* what)
     {
         const auto all = parts(s);

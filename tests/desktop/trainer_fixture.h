@@ -33,6 +33,12 @@ protected:
         click(t.intro.lblstart);
         EXPECT_TRUE(QTest::qWaitForWindowActive(pc.window(t.startsim.window)));
     }
+    // Where an object is shown in its window.
+    QRect in_window(const screen_object& o)
+    {
+        QWidget& w = widget(o);
+        return {w.mapTo(w.window(), QPoint(0, 0)), w.size()};
+    }
     void answer_yes()
     {
         when_box<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });

@@ -9,15 +9,17 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QTimer>
+#include <stdexcept>
 
 #include "common/save.h"
 #include "gunnery/gunnery.h"
 #include "platform/desktop/desktop_machine.h"
+#include "platform/desktop/windows/form_window.h"
 #include "trainer.h"
 
 namespace vorn {
 
-// Places on a form, in twips.
+// Places on a screen as it is shown, in twips of the form.
 using place = QRectF;
 
 // A number, joined by a line to the part it marks.
@@ -50,20 +52,47 @@ inline void draw_callout(QPainter& p, const callout& c, int number, double size)
                QString::number(number));
 }
 
+// The window of a form, at the size at which pictures are taken.
+inline form_window& window_at_size(const form& f)
+{
+    for (QWidget* w : QApplication::topLevelWidgets()) {
+        auto* window = dynamic_cast<form_window*>(w);
+        if (window == nullptr || &window->model != &f) continue;
+        window->resize(1024 * scale, 768 * scale);
+        window->sync();
+        return *window;
+    }
+    throw std::logic_error("no window of the screen " + f.name);
+}
+
+// Where a widget is shown.
+inline place place_of(const QWidget& w)
+{
+    return {QPointF(w.mapTo(w.window(), QPointF(0, 0))) / resolution, QSizeF(w.size()) / resolution};
+}
+
+// The place in a sight, in its own twips, as it is shown.
+inline place place_in(const screen_object& sight, const place& inside)
+{
+    const place whole = place_of(*window_at_size(*sight.owner).widget(sight));
+    const double growth = whole.width() / sight.Width;
+    return {whole.topLeft() + inside.topLeft() * growth, inside.size() * growth};
+}
+
 inline place place_of(const screen_object& o)
 {
-    place p(o.Left, o.Top, o.Width, o.Height);
-    const area& within = o.Within;   // outside it the object is shown at its edge
-    if (within.Width > 0 && within.Height > 0)
-        p.moveTo(std::clamp(o.Left, within.Left, within.Left + within.Width - o.Width),
-                 std::clamp(o.Top, within.Top, within.Top + within.Height - o.Height));
-    for (const screen_object* up = o.parent; up != nullptr; up = up->parent) p.translate(up->Left, up->Top);
-    return p;
+    if (in_sight(o)) return place_in(*o.parent, place(o.Left, o.Top, o.Width, o.Height));
+    return place_of(*window_at_size(*o.owner).widget(o));
 }
 
 inline callout on(QPointF point)
 {
     return {point, point};
+}
+// The centre of an object in a sight, moved by a distance in twips of the sight.
+inline QPointF centre_in_sight(const screen_object& o, double across = 0, double down = 0)
+{
+    return place_in(*o.parent, place(o.Left + across, o.Top + down, o.Width, o.Height)).center();
 }
 // On a panel's caption line, to the right of the caption.
 inline callout on_head(const screen_object& o, double across = 0.93)
@@ -139,19 +168,16 @@ public:
     }
     void take_sight(const QString& name, gunnery_screen& s, const std::vector<callout>& callouts = {})
     {
-        const QPointF sight = place_of(s.Picrange).topLeft();
         const place middle = s.visual() ? place(2500, 60, 4300, 3225) : place(3000, 1400, 3440, 2580);
-        take_part(name, s.window, middle.translated(sight), 440, callouts);
+        take_part(name, s.window, place_in(s.Picrange, middle), 440, callouts);
     }
     void take_next_box(const QString& name) { box_picture_ = name; }
 
     // At the size at which pictures are taken, with the numbers on it.
     QImage look(form& f, const std::vector<callout>& callouts = {}, double size = 1)
     {
-        form_window& w = *pc.window(f);
-        w.resize(1024 * scale, 768 * scale);
         pc.sync();
-        QImage picture = w.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QImage picture = window_at_size(f).grab().toImage().convertToFormat(QImage::Format_RGB32);
         QPainter p(&picture);
         p.setRenderHint(QPainter::Antialiasing);
         int number = 0;

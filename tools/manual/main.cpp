@@ -176,11 +176,9 @@ private:
         take("visual", s.window,
              {on_head(s.Frame3), on_head(s.Frmsys), on_head(s.Frame5), on_head(s.Frmcon), right_of(s.lblcrew),
               on_head(s.Frame2), on_head(s.Picrange, 0.97)});
-        const place sight = place_of(s.Picrange);
-        const auto at = [&](double x, double y) { return sight.topLeft() + QPointF(x, y); };
-        take_part("reticle", s.window, place(sight.left() + 1500, sight.top() + 300, 6200, 6200), 560,
-                  {beside(place_of(s.mbs1).center(), -1500, -250),
-                   beside(place_of(s.mbs1).center() + QPointF(110, -40), 1500, -250),
+        const auto at = [&](double x, double y) { return place_in(s.Picrange, place(x, y, 0, 0)).topLeft(); };
+        take_part("reticle", s.window, place_in(s.Picrange, place(1500, 300, 6200, 6200)), 560,
+                  {beside(s.mbs1, -1500, -250), beside(centre_in_sight(s.mbs1, 110, -40), 1500, -250),
                    beside(at(3755, 1950), -1500, 200), beside(at(4280, 2910), -2200, -150),
                    beside(at(3060, 3740), -700, 300), beside(at(6490, 3740), 700, 300)});
         // The panel of the mouse controls; it takes the place of the key card.
@@ -217,7 +215,7 @@ private:
         fire(s);
         const double wind = s.windoffset;
         lay_on(s);
-        take_sight("hesh_strike", s, {beside(place_of(s.mbs1).center() + QPointF(wind, 0), 700, -420)});
+        take_sight("hesh_strike", s, {beside(centre_in_sight(s.mbs1, wind), 700, -420)});
         lay_on(s, -wind);
         take_sight("hesh_first_press", s);
         tap(s, "R");

@@ -221,16 +221,44 @@ void place_above(arrangement& a, const object_list& line, const QRectF& sight)
 
 void fold_objects(arrangement& a, const form& f, const screen_object& frame)
 {
-    const QPointF offset(frame.Width - gap, gap - frame.fold);
     for (const screen_object* o : f.objects)
-        if (o->parent == &frame && o->Top >= frame.fold) a.offsets[o] = offset;
+        if (o->parent == &frame && o->Top >= frame.fold)
+            a.enlarged[o] = {.right = frame.Width - gap, .down = gap - frame.fold};
+}
+
+void place_sight(arrangement& a, const screen_object& sight, const QRectF& at)
+{
+    const double factor = at.width() / sight.Width;
+    a.enlarged[&sight] = {factor, at.left() - factor * sight.Left, at.top() - factor * sight.Top};
 }
 
 void place_below(arrangement& a, const object_list& line, const screen_object& sight, const QRectF& at)
 {
+    const double growth = at.width() / sight.Width;
     for (const screen_object* o : line)
-        a.places[o] = {at.left() + (o->Left - sight.Left) * a.growth, at.bottom() + border, o->Width,
+        a.places[o] = {at.left() + (o->Left - sight.Left) * growth, at.bottom() + border, o->Width,
                        o->Height};
+}
+
+// Grown from the middle of the form until it covers the window.
+enlargement cover(const screen_object& o, const QSizeF& room)
+{
+    const double factor = std::max({1.0, room.width() / o.Width, room.height() / o.Height});
+    return {factor, form_width / 2 - factor * (o.Left + o.Width / 2),
+            form_height / 2 - factor * (o.Top + o.Height / 2)};
+}
+
+void arrange_without_sight(arrangement& a, const form& f, const QSizeF& room)
+{
+    constexpr double wider = 150;   // twips; less isn't worth another layout
+    const bool wide = f.wide && room.width() > form_width + wider;
+    const wide_layout layout = wide ? f.wide(room.width()) : wide_layout{};
+    a.corner =
+        QPointF(room.width() - layout.width, room.height() - form_height) / 2 / twips_per_pixel * a.scale;
+    for (const auto& [o, at] : layout.places) a.places[o] = {at.Left, at.Top, at.Width, at.Height};
+    a.enlarged = layout.enlarged;
+    for (const screen_object* o : f.objects)
+        if (o->docked == dock::backdrop) a.enlarged[o] = cover(*o, room);
 }
 
 }   // namespace
@@ -242,16 +270,14 @@ arrangement arrange(const form& f, const QSize& window)
     a.scale = std::min(twips.width() / form_width, twips.height() / form_height);
     docked_objects d = docked_of(f);
     if (d.sight == nullptr) {
-        const QSizeF size = QSizeF(form_width, form_height) / twips_per_pixel * a.scale;
-        a.corner = {(window.width() - size.width()) / 2, (window.height() - size.height()) / 2};
+        arrange_without_sight(a, f, twips / a.scale);
         return a;
     }
     if (d.above.size() == 1) move_title(d);
     const plan p = best_plan(d, twips, a.scale);
     a.scale = p.scale;
-    a.growth = p.growth;
     a.corner = {(window.width() - p.width / twips_per_pixel * a.scale) / 2, 0};
-    a.places[d.sight] = p.sight;
+    place_sight(a, *d.sight, p.sight);
     for (const block& b : p.panel.frames) a.places[b.object] = QRectF(b.at, b.size);
     if (d.panel != nullptr) a.places[d.panel] = {};   // without frames
     for (const block& b : p.blocks) {

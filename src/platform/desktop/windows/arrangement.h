@@ -1,6 +1,6 @@
 // Where the objects of a form are shown in a window of any shape. A form without a docked sight is scaled as
-// a whole. One with a sight keeps its panels at the scale of the form and gives the sight the remaining
-// space.
+// a whole and has its own layout for wide windows. One with a sight keeps its panels at the scale of the form
+// and gives the sight the remaining space.
 #pragma once
 
 #include <QPointF>
@@ -13,13 +13,12 @@
 namespace vorn {
 
 struct arrangement {
-    double scale = 1;    // pixels for each pixel of the form at 1024 x 768
-    double growth = 1;   // of the docked sight, relative to the scale
-    QPointF corner;      // of the form in the window, pixels
-    // Shown at these places, or away from their own by these offsets, in twips in the parent; all other
-    // objects are shown at their own place.
+    double scale = 1;   // pixels for each pixel of the form at 1024 x 768
+    QPointF corner;     // of the form in the window, pixels
+    // Shown at these places in the parent, in twips, or enlarged; all other objects are shown at their own
+    // place.
     std::unordered_map<const screen_object*, QRectF> places;
-    std::unordered_map<const screen_object*, QPointF> offsets;
+    std::unordered_map<const screen_object*, enlargement> enlarged;
 };
 
 // Depends on the window's size in pixels and on which objects are visible.

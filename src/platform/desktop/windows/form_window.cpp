@@ -92,7 +92,8 @@ void form_window::make_object(screen_object& o)
         if (has_mouse_handler(o) || has_move_handler(o)) s.widget->installEventFilter(this);
         if (auto* b = qobject_cast<QAbstractButton*>(s.widget)) connect_space(*b, o);
     }
-    draw_fields(s, style_.scale, true);
+    if (!in_sight(o)) set_growth(*s.widget, growth_of(&o));
+    draw_fields(s, true);
 }
 
 // Buttons that act while held also act while Space is down. The mouse is handled by mouse_event, since
@@ -133,7 +134,7 @@ void form_window::sync()
         if (static_cast<const object_fields&>(*s->object) == s->drawn) continue;
         if (!in_sight(*s->object)) widgets_moved |= moved(*s->object, s->drawn);
         rearranged |= s->object->Visible != s->drawn.Visible && affects_arrangement(*s->object);
-        draw_fields(*s, style_.scale, false);
+        draw_fields(*s, false);
     }
     if (rearranged)
         arrange_objects();
@@ -180,29 +181,51 @@ void form_window::arrange_objects()
 {
     arrangement_ = arrange(model, size());
     fitted_ = size();
-    if (std::exchange(style_.scale, arrangement_.scale) != arrangement_.scale)
-        for (const auto& s : objects_) draw_fields(*s, style_.scale, true);
+    const bool scaled = std::exchange(style_.scale, arrangement_.scale) != arrangement_.scale;
+    for (const auto& s : objects_) {
+        if (in_sight(*s->object)) continue;
+        const bool grown = set_growth(*s->widget, growth_of(s->object));
+        if (scaled || grown) draw_fields(*s, true);
+    }
     place_objects();
 }
 
-// Where an object is shown in its parent, in twips: where it is arranged, or at its own place, moved into its
-// area `Within` if there is one.
+// The place of an object, moved into its area `Within` if there is one.
+static QRectF own_place(const object_fields& o)
+{
+    const area& a = o.Within;
+    if (a.Width <= 0) return {o.Left, o.Top, o.Width, o.Height};
+    return {std::clamp(o.Left, a.Left, a.Left + a.Width - o.Width),
+            std::clamp(o.Top, a.Top, a.Top + a.Height - o.Height), o.Width, o.Height};
+}
+
+// Where an object is shown in its parent, in twips of the parent.
 QRectF form_window::shown_place(const screen_object& o) const
 {
     const auto arranged = arrangement_.places.find(&o);
     if (arranged != arrangement_.places.end()) return arranged->second;
-    const area& a = o.Within;
-    const auto moved = arrangement_.offsets.find(&o);
-    const QPointF offset = moved == arrangement_.offsets.end() ? QPointF() : moved->second;
-    if (a.Width <= 0) return QRectF(o.Left, o.Top, o.Width, o.Height).translated(offset);
-    return {std::clamp(o.Left, a.Left, a.Left + a.Width - o.Width),
-            std::clamp(o.Top, a.Top, a.Top + a.Height - o.Height), o.Width, o.Height};
+    const QRectF own = own_place(o);
+    const auto enlarged = arrangement_.enlarged.find(&o);
+    if (enlarged == arrangement_.enlarged.end()) return own;
+    const enlargement& e = enlarged->second;
+    return {own.topLeft() * e.factor + QPointF(e.right, e.down), own.size() * e.factor};
+}
+
+// How much larger than the form an object shows what it contains.
+double form_window::growth_of(const screen_object* o) const
+{
+    double growth = 1;
+    for (; o != nullptr; o = o->parent) {
+        const auto enlarged = arrangement_.enlarged.find(o);
+        if (enlarged != arrangement_.enlarged.end()) growth *= enlarged->second.factor;
+    }
+    return growth;
 }
 
 QPointF form_window::corner_of(const screen_object* o) const
 {
     QPointF at;
-    for (; o != nullptr; o = o->parent) at += shown_place(*o).topLeft();
+    for (; o != nullptr; o = o->parent) at += shown_place(*o).topLeft() * growth_of(o->parent);
     return at;
 }
 
@@ -211,7 +234,9 @@ QRect form_window::place_of(const screen_object& o) const
 {
     const auto pixel = [&](const QPointF& p) { return (p / twips_per_pixel * style_.scale).toPoint(); };
     const QPoint origin = pixel(corner_of(o.parent));
-    const QRectF twips = shown_place(o).translated(corner_of(o.parent));
+    const QRectF in_parent = shown_place(o);
+    const double growth = growth_of(o.parent);
+    const QRectF twips(corner_of(o.parent) + in_parent.topLeft() * growth, in_parent.size() * growth);
     const QRect at(pixel(twips.topLeft()) - origin, pixel(twips.bottomRight()) - origin - QPoint(1, 1));
     return o.parent == nullptr ? at.translated(arrangement_.corner.toPoint()) : at;
 }
@@ -219,7 +244,6 @@ QRect form_window::place_of(const screen_object& o) const
 void form_window::place_objects()
 {
     for (const auto& s : objects_) {
-        if (s->object->docked == dock::sight) s->growth = arrangement_.growth;
         if (!in_sight(*s->object)) s->widget->setGeometry(place_of(*s->object));
     }
     update();
@@ -379,7 +403,9 @@ static const screen_object* under_mouse(const screen_object& object)
 bool form_window::mouse_event(screen_object& o, QEvent& e)
 {
     if (left_press(e) && o.ClickAt) {
-        const QPointF at = static_cast<const QMouseEvent&>(e).position() / style_.scale * twips_per_pixel;
+        const QWidget& w = *widget(o);
+        const QPointF pixel = static_cast<const QMouseEvent&>(e).position();
+        const QPointF at(pixel.x() / w.width() * o.Width, pixel.y() / w.height() * o.Height);
         pc_.run([&o, at] { user_click_at(o, at.x(), at.y()); });
     }
     if (left_press(e)) return (o.MouseDown || o.MouseUp) && takes_input(o) && !pc_.press(o);

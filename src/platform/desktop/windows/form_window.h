@@ -1,4 +1,4 @@
-// The window of a form, which scales the form as a whole and shows its objects.
+// The window of a form, which shows its objects, arranged for the size of the window.
 #pragma once
 
 #include <QTimer>
@@ -60,6 +60,7 @@ private:
     void arrange_objects();
     void place_objects();
     QRectF shown_place(const screen_object&) const;
+    double growth_of(const screen_object*) const;
     QPointF corner_of(const screen_object*) const;
     QRect place_of(const screen_object&) const;
     bool mouse_event(screen_object&, QEvent&);

@@ -263,6 +263,11 @@ QIcon window_icon()
 
 form_style::form_style() : QProxyStyle("Fusion") {}
 
+double form_style::scale_on(const QWidget* w) const
+{
+    return w == nullptr ? scale : scale_of(*w);
+}
+
 int form_style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
 {
     struct scaled_metric {
@@ -275,7 +280,7 @@ int form_style::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
         {PM_SliderThickness, 18},         {PM_SliderControlThickness, 18},   {PM_SliderLength, 11},
         {PM_DefaultFrameWidth, 3},        {PM_ButtonShiftHorizontal, 0},     {PM_ButtonShiftVertical, 0}};
     for (const scaled_metric& m : metrics)
-        if (m.metric == metric) return m.pixels == 0 ? 0 : std::max(1, qRound(m.pixels * scale));
+        if (m.metric == metric) return m.pixels == 0 ? 0 : std::max(1, qRound(m.pixels * scale_on(widget)));
     return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
@@ -319,7 +324,7 @@ void form_style::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         if (d.element != element) continue;
         p->save();
         p->setRenderHint(QPainter::Antialiasing);
-        d.draw(*p, *option, scale);
+        d.draw(*p, *option, scale_on(widget));
         return p->restore();
     }
     QProxyStyle::drawPrimitive(element, option, p, widget);
@@ -333,18 +338,33 @@ void form_style::drawComplexControl(ComplexControl control, const QStyleOptionCo
     p->save();
     p->setRenderHint(QPainter::Antialiasing);
     if (control == CC_GroupBox && box != nullptr)
-        draw_frame(*p, *box, scale);
+        draw_frame(*p, *box, scale_on(widget));
     else if (control == CC_Slider && slider != nullptr)
-        draw_slider(*p, *slider, subControlRect(control, option, SC_SliderHandle, widget), scale);
+        draw_slider(*p, *slider, subControlRect(control, option, SC_SliderHandle, widget), scale_on(widget));
     else
         QProxyStyle::drawComplexControl(control, option, p, widget);
     p->restore();
 }
 
+static constexpr const char* growth_property = "growth";
+
+static double growth_of(const QWidget& w)
+{
+    const QVariant growth = w.property(growth_property);
+    return growth.isValid() ? growth.toDouble() : 1;
+}
+
+bool set_growth(QWidget& w, double growth)
+{
+    if (growth_of(w) == growth) return false;
+    w.setProperty(growth_property, growth);
+    return true;
+}
+
 double scale_of(const QWidget& w)
 {
     const auto* style = dynamic_cast<const form_style*>(w.style());
-    return style == nullptr ? 1 : style->scale;
+    return style == nullptr ? 1 : style->scale * growth_of(w);
 }
 
 }   // namespace vorn

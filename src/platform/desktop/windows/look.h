@@ -57,9 +57,14 @@ public:
                             const QWidget*) const override;
 
     double scale = 1;   // 1 is the form at 1024 x 768
+
+private:
+    double scale_on(const QWidget*) const;
 };
 
-// The scale of the form that a widget belongs to.
+// Sets how much larger than its form a widget is shown; true if that is new.
+bool set_growth(QWidget&, double growth);
+// The scale at which a widget is shown: that of the form it belongs to, times its growth.
 double scale_of(const QWidget&);
 
 }   // namespace vorn

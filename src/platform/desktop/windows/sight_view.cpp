@@ -70,7 +70,7 @@ sight_view::sight_view(const shown_object& sight, QWidget* parent) : QWidget(par
 
 double sight_view::scale() const
 {
-    return scale_of(*this) * sight_.growth * devicePixelRatioF();
+    return scale_of(*this) * devicePixelRatioF();
 }
 
 void sight_view::show_strike(const strike& s)

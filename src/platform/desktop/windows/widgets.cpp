@@ -205,8 +205,9 @@ void set_colours(QWidget& w, const object_fields& o)
                             qobject_cast<QLabel*>(&w) != nullptr);
 }
 
-void set_font(QWidget& w, const object_fields& o, double scale)
+void set_font(QWidget& w, const object_fields& o)
 {
+    const double scale = scale_of(w);
     const bool title = o.kind == object_kind::frame;
     w.setFont(title ? text_font(text_size::small, true, scale) : text_font(o.size, o.bold, scale));
 }
@@ -239,10 +240,10 @@ void set_enabled(QWidget& w, bool enabled)
     if (window.focusWidget() == nullptr || window.focusWidget() == &window) w.setFocus();
 }
 
-void set_looks(QWidget& w, const difference& d, double scale)
+void set_looks(QWidget& w, const difference& d)
 {
     if (d.in(&object_fields::ForeColor) || d.in(&object_fields::BackColor)) set_colours(w, d.after);
-    if (d.in(&object_fields::size) || d.in(&object_fields::bold)) set_font(w, d.after, scale);
+    if (d.in(&object_fields::size) || d.in(&object_fields::bold)) set_font(w, d.after);
     if (d.in(&object_fields::ToolTipText)) w.setToolTip(QString::fromStdString(d.after.ToolTipText));
     const bool named = d.in(&object_fields::AccessibleName) || d.in(&object_fields::ToolTipText);
     if (named || d.in(&object_fields::Caption)) set_name(w, d.after);
@@ -285,12 +286,12 @@ QWidget* make_widget(shown_object& s, QWidget* parent, const event_runner& run)
     return s.widget;
 }
 
-void draw_fields(shown_object& s, double scale, bool everything)
+void draw_fields(shown_object& s, bool everything)
 {
     const object_fields before = std::exchange(s.drawn, *s.object);
     s.before = before.Visible ? place_of(before) : place_of(s.drawn);
     if (in_sight(*s.object)) return s.widget->update();
-    set_looks(*s.widget, {before, s.drawn, everything}, scale);
+    set_looks(*s.widget, {before, s.drawn, everything});
     set_by_kind(*s.widget, s.drawn);
 }
 

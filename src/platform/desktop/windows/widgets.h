@@ -18,7 +18,6 @@ struct shown_object {
     screen_object* object = nullptr;
     object_fields drawn;
     area before;                 // its place at the update before, or at the last one if it was hidden
-    double growth = 1;           // of a sight, relative to the scale of the form
     QWidget* widget = nullptr;   // for an object in a sight: that of the sight
     std::vector<const shown_object*> inside;   // the objects in a sight, in drawing order
 };
@@ -31,6 +30,6 @@ bool has_move_handler(const screen_object&);
 QWidget* make_widget(shown_object&, QWidget* parent, const event_runner&);
 
 // Updates the widget from the fields that have changed, or from all, which a new scale requires.
-void draw_fields(shown_object&, double scale, bool everything);
+void draw_fields(shown_object&, bool everything);
 
 }   // namespace vorn
