@@ -35,8 +35,7 @@ void data_folder::put(const std::string& name, const std::string& bytes) const
 
 std::string data_folder::get(const std::string& name) const
 {
-    std::ifstream in(path_ / "ranges" / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    return bytes_of(path_ / "ranges" / name);
 }
 
 void data_folder::remove(const std::string& name) const
@@ -47,6 +46,12 @@ void data_folder::remove(const std::string& name) const
 void data_folder::put_range(const std::string& name, const practice_state& range) const
 {
     put(name, range_file_bytes(range));
+}
+
+std::string bytes_of(const fs::path& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 std::string first_lines(const std::string& text, int n)

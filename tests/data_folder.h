@@ -31,6 +31,8 @@ private:
 // A range whose 20 positions are at one place, so that the lay is the same for all, at 600, 700 ... 2500
 // metres. With the sight as loaded, the place is a little to the right of and below the end of a lay.
 practice_state plain_range(sight_kind);
+// The bytes of a file; none if it can't be read.
+std::string bytes_of(const std::filesystem::path&);
 // The first lines of the text of a file.
 std::string first_lines(const std::string& text, int n);
 // The header of a PNG file of this many pixels, which is all that the headless machine reads of a picture.

@@ -50,7 +50,6 @@ void save_record(trainer& t)
                                           .suffix = "vrn"});
     if (!chosen) return show_box(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     t.shared.resultsfile = *chosen;
-    t.results.Cmddelete.Enabled = true;
     if (!write_results(t.pc, t.shared.resultsfile, t.shared).empty())
         return show_box(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     t.results.outcome.Caption = t.shared.resultsfile + " is saved";
@@ -60,7 +59,6 @@ void save_record(trainer& t)
 bool read_record(trainer& t)
 {
     results_screen& s = t.results;
-    s.Cmddelete.Enabled = true;
     const file_text file = read_file(t.pc, t.shared.resultsfile);
     if (!file.text) return false;
     item_reader items(*file.text);

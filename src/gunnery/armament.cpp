@@ -76,7 +76,7 @@ void heshcorrect(gunnery_screen& s)
 void cmdmaingun_click(trainer& t, gunnery_screen& s)
 {
     if (!s.heshcorrecting) {
-        if (s.simrunning && s.ammoarmed) nextround(t, s);
+        if (s.ammoarmed) nextround(t, s);
         return;
     }
     if (!s.visual())
@@ -116,7 +116,6 @@ void cmdcoax_click(trainer& t, gunnery_screen& s)
     for (screen_object* o : {&s.Cmdmaingun, &s.Cmdselectmain}) o->Enabled = false;
     for (screen_object* o : {&s.Cmdfire, &s.Cmdlaze}) o->Enabled = true;
     s.laze.Visible = false;
-    if (!s.simrunning) return;
     selectround(t, s, ammo_shown::coax);
     s.ammoarmed = true;
     s.Imgcoax.Visible = false;
@@ -325,8 +324,6 @@ void firehesh(trainer& t, gunnery_screen& s, int round)
     s.hasfired = true;
     const double relayed = preparehesh(t, s);
     const double from = s.mbs1.Top - (s.currentrange + n.from), to = s.mbs1.Top + n.to.at(s.currentrange);
-    s.ammo.Width = 30;
-    s.ammo.Top = to;
     s.ammo.Left = s.mbs1.Left + (s.windoffset - static_cast<double>(s.heshcorrection));
     s.ammo.Visible = true;
     int c = 1;

@@ -39,7 +39,7 @@ result workout(gunnery_screen& s)
     if (s.targetnumber < 1) s.targetnumber = 1;
     result r{Int(static_cast<double>(s.hittime) / s.targetnumber), 0};
     const int factor = s.visual() ? s.hits : s.targetnumber;
-    if (factor > 0 && s.targetlife != 0) r.score = Int(r.average * factor) * (1000.0 / s.targetlife);
+    if (s.targetlife != 0) r.score = Int(r.average * factor) * (1000.0 / s.targetlife);
     return r;
 }
 
@@ -76,7 +76,6 @@ void showscore(trainer& t, const gunnery_screen& s, const result& r)
 
 static void todebrief(trainer& t, gunnery_screen& s)
 {
-    s.gunloaded = false;
     if (!screenreset(t, s)) return;
     show(t.pc, t.results.window);
     hide(t.pc, s.window);
@@ -96,7 +95,6 @@ void practiceend(trainer& t, gunnery_screen& s)
     if (debrief) return todebrief(t, s);
     showscore(t, s, r);
     if (resets != s.resets) return;
-    s.gunloaded = false;
     screenreset(t, s);
     if (s.visual()) s.lblcrew.Caption.clear();
 }

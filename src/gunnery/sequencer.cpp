@@ -216,12 +216,7 @@ void taketargetdown(trainer& t, gunnery_screen& s)
     static_cast<since_target&>(s) = {};
     t.shared.engagement += 1;
     stop(s.Timtarget);
-    if (s.targetnumber + 1 > alltargets(t)) {
-        cmdstopsim_click(t, s);
-        stop(s.Timpause);
-    } else {
-        waitfornext(t, s);
-    }
+    s.targetnumber < alltargets(t) ? waitfornext(t, s) : cmdstopsim_click(t, s);
 }
 
 // One second of an engagement: presents the target in the first, takes it down in the last.

@@ -108,7 +108,6 @@ void make_startsim(trainer& t)
     make_practices(t);
     make_practicefile(t);
     make_rangechoice(t);
-    s.window.load = [&t] { set_defaults(t.shared); };
     s.window.arrival = [&t] { startsim_arrival(t); };
     s.Cmdstart.Click = [&t] { cmdstart_click(t); };
     s.cmdgame.Click = [&t] { cmdgame_click(t); };

@@ -18,42 +18,43 @@ using per_engagement = table<T, engagement_rows>;
 template <class T>
 using per_round = table<table<T, round_rows>, engagement_rows>;
 
+// The initial values are the options at the start of the program.
 struct practice_state {
     // Paths and file names.
-    std::string rootpath;      // the data folder, without a trailing separator
-    std::string rangefile;     // the range of the practice
-    std::string resultsfile;   // the results file open in the debrief
-    std::string targeticon1;   // picture of a FIN target, below rootpath
-    std::string targeticon2;   // of a HESH target
-    std::string targeticon3;   // of a COAX target
+    std::string rootpath;                                    // the data folder, without a trailing separator
+    std::string rangefile = "Visualrange.arf";               // the range of the practice
+    std::string resultsfile;                                 // the results file open in the debrief
+    std::string targeticon1 = "target icons\\target1.ico";   // picture of a FIN target, below rootpath
+    std::string targeticon2 = "target icons\\target2.ico";   // of a HESH target
+    std::string targeticon3 = "target icons\\target3.ico";   // of a COAX target
 
     // Options of the practice.
-    int practicemode = 0;          // 1 visual, 2 thermal
-    bool targetauto = false;       // targets come automatically; otherwise on demand
-    int16 targetblocks;            // number of targets divided by 3: 2 to 5
+    int practicemode = 1;          // 1 visual, 2 thermal
+    bool targetauto = true;        // targets come automatically; otherwise on demand
+    int16 targetblocks = 2;        // number of targets divided by 3: 2 to 5
     int16 targetcount;             // targets in the practice, set when it starts
-    int16 targettime;              // seconds a target stays up; 500: until destroyed
-    int16 engagementtype;          // 1 mixed, 2 coax, 3 HESH, 4 DST and FIN
-    int16 systemstatus;            // 0 and 1 full system, 2 laze only, 3 TLS only
+    int16 targettime = 30;         // seconds a target stays up; 500: until destroyed
+    int16 engagementtype = 1;      // 1 mixed, 2 coax, 3 HESH, 4 DST and FIN
+    int16 systemstatus = 1;        // 0 and 1 full system, 2 laze only, 3 TLS only
     bool selfdegrading = false;    // the status worsens during the practice
-    int targetsize = 0;            // a target's width decreases by the range / this
-    int killarea = 0;              // the kill radius is the target's width / this
-    int coaxbursts = 0;            // 2 to 4; a kill of a coax target takes one or two bursts more
-    int coaxerror = 0;             // vertical error of a burst, twips
-    double coaxerrorwide = 0;      // horizontal error of a burst, twips
-    bool coaxlight = false;        // the lights panel is shown
+    int targetsize = 4;            // a target's width decreases by the range / this
+    int killarea = 15;             // the kill radius is the target's width / this
+    int coaxbursts = 2;            // 2 to 4; a kill of a coax target takes one or two bursts more
+    int coaxerror = 20;            // vertical error of a burst, twips
+    double coaxerrorwide = 30;     // horizontal error of a burst, twips
+    bool coaxlight = true;         // the lights panel is shown
     bool heshcorrectall = false;   // HESH correction on all targets; otherwise until correct
     int windbias = 0;              // -3 strong from the left to 3 strong to the right
-    bool gunlight = false;         // the second lights panel is shown
-    bool infosystem = false;       // the information panel is shown
-    bool infocontrol = false;      // the picture of the keys may be shown
-    bool infocrew = false;         // the crew line is shown
+    bool gunlight = true;          // the second lights panel is shown
+    bool infosystem = true;        // the information panel is shown
+    bool infocontrol = true;       // the picture of the keys may be shown
+    bool infocrew = true;          // the crew line is shown
     bool plainscreen = false;      // all side panels are hidden, visual sight only
-    bool fulldebrief = false;      // the end of a practice offers the debrief; otherwise a quick score
-    bool soundson = false;
-    bool voiceson = false;
-    bool joyselected = false;
-    bool keyboardselected = false;
+    bool fulldebrief = true;       // the end of a practice offers the debrief; otherwise a quick score
+    bool soundson = true;
+    bool voiceson = true;
+    bool joyselected = true;
+    bool keyboardselected = true;
     bool mouseselected = false;   // the on-screen gunner's buttons are shown
     int practicenumber = 0;       // 1 to 12, the programmed practice selected last
     padded<30> studentdetails;    // name and number, joined by "_"
@@ -106,9 +107,5 @@ struct practice_state {
     per_round<int16> recaimx{}, recaimy{};
     per_round<int16> recfallx{}, recfally{};
 };
-
-// The options at the start of the program. rootpath is still empty then, so that file names are relative to
-// the working directory.
-void set_defaults(practice_state&);
 
 }   // namespace vorn

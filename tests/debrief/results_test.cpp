@@ -94,7 +94,8 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     expect_at(s.killbox, 2040 + 240 + 385, 1560 + 240 + 385, "kill box");
     EXPECT_TRUE(s.killbox.Width == 770 && s.killbox.Height == 770);
     EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";
-    EXPECT_TRUE(s.Cmdround1.bold && !s.cmdround2.bold);
+    EXPECT_TRUE(s.Cmdround1.bold && !s.cmdround2.bold && s.Cmdround1.ForeColor == colour::live);
+    EXPECT_EQ(s.Cmdround1.AccessibleName + '/' + s.cmdround2.AccessibleName, "On view, round/Round");
     // The last lase is that of the second round.
     expect_at(s.Imglaze, 2040 + 4 * (-56), 1560 + 4 * 602, "laze");
     EXPECT_TRUE(s.Cmdround1.Visible && s.cmdround2.Visible);

@@ -1,9 +1,10 @@
 // From the first box to a gunnery screen and back, and the messages when something is missing.
 #include <gtest/gtest.h>
 
+#include "debrief/results.h"
 #include "drill.h"
 #include "flow/intro.h"
-#include "gunnery/screen.h"
+#include "ranges/rauthor.h"
 #include "setup/startsim.h"
 
 namespace vorn {
@@ -38,7 +39,6 @@ TEST_F(program, starts_with_a_box_and_the_title_screen)
     EXPECT_EQ(front_screen(), "intro");
     EXPECT_EQ(t.startsim.window.state, form_state::hidden);
     EXPECT_EQ(t.shared.rootpath, data.ranges());
-    // set_defaults joins these to rootpath, which is still empty then.
     EXPECT_EQ(t.shared.rangefile, "Visualrange.arf");
     EXPECT_EQ(t.shared.targeticon1, "target icons\\target1.ico");
     pc.click(t.intro.lblabout);
@@ -129,6 +129,30 @@ TEST_F(program, each_exit_box_has_its_text_and_ends_the_program_on_yes_only)
     pc.click(t.thermal.CMDEXIT);
     EXPECT_EQ(last_box().substr(0, 17), "GUNNERY SIMULATOR");
     EXPECT_TRUE(pc.ended);
+}
+
+TEST_F(program, help_and_exit_are_on_each_screen)
+{
+    to_setup();
+    pc.click(t.startsim.Optcon2);
+    const auto look = [&](screen_object& help, screen_object& exit) {
+        pc.log.clear();
+        pc.click(help);
+        pc.click(exit);   // answered no
+        EXPECT_EQ(pc.of_kind("help").size(), 1U) << front_screen();
+        EXPECT_NE(last_box().find("EXIT ?"), std::string::npos) << front_screen();
+    };
+    look(t.startsim.Cmdhelpon, t.startsim.Cmdexit);
+    pc.click(t.startsim.Cmdabout);
+    EXPECT_TRUE(t.startsim.Image1.Visible);
+    pc.confirm(t.startsim.cmdeditrange);
+    look(t.rauthor.Command1, t.rauthor.Cmdexit);
+    pc.click(t.rauthor.Cmdstart);
+    pc.confirm(t.startsim.Cmdstart);
+    look(t.simulator.Cmdhelpon, t.simulator.CMDEXIT);
+    pc.click(t.simulator.Cmdmain);
+    pc.confirm(t.startsim.Cmddebrief);
+    look(t.results.Cmdhelpon, t.results.Cmdexit);
 }
 
 TEST_F(program, an_uncalibrated_joystick_prevents_a_start_and_a_quick_start)

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
+#include "data_folder.h"
 #include "targets.h"
 
 namespace vorn {
@@ -18,8 +18,7 @@ TEST(file_readers, take_their_seeds)
         target("");
         const std::string folder = VORN_SOURCE_DIR "/tests/fuzz/seeds/";
         for (const auto& entry : std::filesystem::directory_iterator(folder + name)) {
-            std::ifstream in(entry.path(), std::ios::binary);
-            target({std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()});
+            target(bytes_of(entry.path()));
             seeds += 1;
         }
         EXPECT_GE(seeds, 2) << name;

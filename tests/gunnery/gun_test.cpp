@@ -429,11 +429,16 @@ TEST_F(visual_input, buttons_are_enabled_by_the_state_of_the_practice)
     d.pc.click(s.Cmdselectmain);
     EXPECT_TRUE(s.Cmdlaze.Enabled && s.Cmdfire.Enabled && s.Cmdmaingun.Enabled);
     EXPECT_FALSE(s.Cmdcoax.Enabled || s.Cmdselectmain.Enabled);
+    EXPECT_TRUE(s.Imgcoax.Visible && !s.Imghesh.Visible) << "the lamp of the main armament";
     d.pc.press(s.Cmdlaze);
     EXPECT_TRUE(s.Cmdautolay.Enabled && s.lazed);
     d.pc.click(s.Cmdoff);
     EXPECT_TRUE(s.Cmdcoax.Enabled && s.Cmdselectmain.Enabled && s.Cmdlaze.Enabled);
-    EXPECT_FALSE(s.Cmdautolay.Enabled || s.Cmdfire.Enabled);
+    EXPECT_FALSE(s.Cmdautolay.Enabled || s.Cmdfire.Enabled || s.Cmdmaingun.Enabled);
+    EXPECT_TRUE(s.Imgcoax.Visible && s.Imghesh.Visible);
+    d.pc.click(s.Cmdcoax);
+    EXPECT_TRUE(s.Cmdlaze.Enabled && s.Cmdfire.Enabled && !s.Imgcoax.Visible && s.Imghesh.Visible);
+    EXPECT_FALSE(s.Cmdmaingun.Enabled || s.Cmdselectmain.Enabled);
 }
 
 }   // namespace

@@ -269,6 +269,8 @@ struct thermal_laser : on_thermal {
 TEST_F(thermal_laser, on_target_sizes_the_marks)
 {
     EXPECT_TRUE(s.Imglam.Visible && !s.Imgstadia.Visible);
+    EXPECT_TRUE(s.Imglam.Left == s.Imgstadia.Left && s.Imglam.Top == s.Imgstadia.Top) << "takes its place";
+    EXPECT_TRUE(s.Imglam.Width == s.Imgstadia.Height && s.Imglam.Height == s.Imgstadia.Height);
     d.tap('A');
     EXPECT_EQ(s.Lblrange.Caption, "1100C");
     EXPECT_TRUE(s.imgbam.Visible && s.layready);
@@ -280,6 +282,15 @@ TEST_F(thermal_laser, on_target_sizes_the_marks)
     d.target_at(4600, 2600);   // the aim exactly on its top edge
     d.tap('A');
     EXPECT_FALSE(s.layready);
+    d.random(0.5);
+    d.target_at(5000, 2600);   // beside it
+    d.tap('A');
+    EXPECT_TRUE(s.layready && s.imgbam.Left == 4700 - 300 && s.imgbam.Width == 600 && s.imgbam.Height == 300);
+    s.Imgtargets.Visible = s.layready = false;
+    d.tap('A');
+    EXPECT_TRUE(s.imgbam.Left == 4700 - 300 && s.imgbam.Width == 200 && s.imgbam.Height == 100 &&
+                !s.layready);
+    EXPECT_EQ(d.t.shared.reclazex[1], 5000 + 142 - 4700);   // 142.5 across: to the even neighbour
 }
 
 TEST_F(thermal_laser, a_full_hold_moves_only_the_mark)

@@ -229,13 +229,7 @@ TEST_F(setup, a_programmed_practice_selects_its_options_and_writes_its_summary)
 TEST_F(setup, the_practice_file_of_the_default_options)
 {
     save("own.prf");
-    EXPECT_EQ(
-        data.get("own.prf"),
-        "#TRUE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#FALSE#\r\n0\r\n#TRUE#\r\n#FALSE#\r\n"
-        "#FALSE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#FALSE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n#FALSE#\r\n"
-        "#FALSE#\r\n#FALSE#\r\n#FALSE#\r\n#TRUE#\r\n#FALSE#\r\n\"A STANDARD SHOOT\"\r\n"
-        "\"USING ALL NATURES OF AMMUNITION\"\r\n\"SIX TARGETS\"\r\n\"UP FOR 30 SECONDS\"\r\n"
-        "\"TARGETS APPEAR AUTOMATICALLY\"\r\n\"VISUAL PRACTICE\"\r\n\"2 KILL BURSTS FOR COAX TARGETS\"\r\n");
+    EXPECT_EQ(data.get("own.prf"), bytes_of(VORN_SOURCE_DIR "/tests/fuzz/seeds/practice/untouched.prf"));
     const file_dialog& d = pc.dialogs.back();
     EXPECT_EQ(d.title + d.filter, "SAVE PRACTICE SETUPPractice Files (*.prf)|*.prf|");
     EXPECT_TRUE(d.save && d.folder == p.rootpath);

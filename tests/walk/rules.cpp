@@ -140,26 +140,20 @@ void check_gunnery(rules& r, const practice_state& p, const gunnery_screen& s, c
 
 // The calibration and the author -------------------------------------------------------------------------
 
-void check_calibration(rules& r, const joycal_screen& s, const walk_state& w, bool stick)
+void check_calibration_and_author(rules& r, const joycal_screen& c, const rauthor_screen& a,
+                                  const walk_state& w)
 {
-    r.screen = &s.window;
-    if (s.window.state == form_state::not_loaded) return;
-    r.require(s.calstarted == (s.calstep > 0), "START begins the steps");
-    r.require(s.Cmdfinish.Enabled == (s.calstep >= 4), "FINISH is enabled at the last step");
-    for (const double at : {s.dot.Left, s.dot.Top})
-        r.require(at >= 120 && at <= 2880, "the dot stays in its field");
-    r.require((s.Lblstick.Caption == "JOYSTICK CONNECTED") == stick, "the label shows the joystick");
-    for (const screen_object& o : s.Lblbutton)
-        r.require(o.BackColor == colour::darkred || !w.idle || !w.nothing_held,
+    r.screen = &c.window;
+    for (const double at : {c.dot.Left, c.dot.Top})
+        r.require(c.window.state == form_state::not_loaded || (at >= 120 && at <= 2880),
+                  "the dot stays in its field");
+    if (!w.idle || !w.nothing_held) return;
+    for (const screen_object& o : c.Lblbutton)
+        r.require(c.window.state == form_state::not_loaded || o.BackColor == colour::darkred,
                   "no lamp is lit when nothing is held");
-}
-
-void check_author(rules& r, const rauthor_screen& s, const walk_state& w)
-{
-    r.screen = &s.window;
-    const bool moves = s.Timex.Enabled || s.Timex1.Enabled || s.Timey.Enabled || s.Timey1.Enabled;
-    r.require(!moves || !w.idle || !w.nothing_held, "the view doesn't move when nothing is held");
-    r.require(finite({s.pointx, s.pointy}), "the point is finite");
+    r.screen = &a.window;
+    r.require(!a.Timex.Enabled && !a.Timex1.Enabled && !a.Timey.Enabled && !a.Timey1.Enabled,
+              "the view doesn't move when nothing is held");
 }
 
 // The shared state ---------------------------------------------------------------------------------------
@@ -178,11 +172,6 @@ void check_shared(rules& r, const practice_state& p)
     r.require(within(p.engagement, 1, 16), "engagement is a row of the record");
     r.require(within(p.roundnumber, 0, 4), "roundnumber is a row of the record");
     r.require(within(p.systemstatus, 0, 3), "the system has states 0 to 3");
-    constexpr double end = 65535;   // of a joystick axis
-    for (const double factor : {p.joyxfactor, p.joyyfactor})
-        r.require(factor >= 0 && factor <= end / 12, "the dead band is a twelfth of the axis at most");
-    r.require(!p.joycalibrated || (p.joyxcentre == end / 2 && p.joyycentre == end / 2),
-              "a calibrated joystick has its centre");
     for (int i = 0; i < engagement_rows; ++i) r.require(valid_row(p, i), "each row of the record is valid");
 }
 
@@ -233,8 +222,7 @@ std::string broken_rule(const trainer& t, const walk_state& w)
     check_screens(r, t, w.idle);
     check_shared(r, t.shared);
     for (const gunnery_screen* s : {&t.simulator, &t.thermal}) check_gunnery(r, t.shared, *s, w);
-    check_author(r, t.rauthor, w);
-    check_calibration(r, t.joycal, w, t.pc.joystick_present());
+    check_calibration_and_author(r, t.joycal, t.rauthor, w);
     for (const form* f : t.pc.screens.loaded) check_objects(r, *f);
     return r.broken;
 }

@@ -220,26 +220,17 @@ void walker::hold(const std::string& what, const std::function<void()>& down, co
 }
 
 // The form that received a press receives its release. A press can also be repeated, or released twice.
-void press_key(walker& w)
+void press_code(walker& w, bool stick)
 {
-    const int code = w.chance(0.85) ? w.pick(controls).key : w.between(0, 255);
+    const int code = stick ? w.between(0, 5) : w.chance(0.85) ? w.pick(controls).key : w.between(0, 255);
     form* f = w.front_form();
-    w.hold(
-        "key " + std::to_string(code), [&w, code] { w.pc().key_down(code, w.chance(0.02)); },
-        [&w, code, f] {
-            if (f->state != form_state::not_loaded && f->KeyUp) w.pc().event([&] { f->KeyUp(code); });
-        });
-}
-
-void press_stick_button(walker& w)
-{
-    const int button = w.between(0, 5);
-    form* f = w.front_form();
-    w.hold(
-        "stick button " + std::to_string(button), [&w, button] { w.pc().stick_button(button, true); },
-        [&w, button, f] {
-            if (f->state != form_state::not_loaded && f->ButtonUp) w.pc().event([&] { f->ButtonUp(button); });
-        });
+    const auto down = [&w, stick, code] {
+        stick ? w.pc().stick_button(code, true) : w.pc().key_down(code, w.chance(0.02));
+    };
+    w.hold((stick ? "stick button " : "key ") + std::to_string(code), down, [&w, stick, code, f] {
+        const auto& up = stick ? f->ButtonUp : f->KeyUp;
+        if (f->state != form_state::not_loaded && up) w.pc().event([&] { up(code); });
+    });
 }
 
 // An object that takes input; once in ten times any object at all.
@@ -329,9 +320,15 @@ void sudden_event(walker& w)
     static constexpr struct {
         int weight;
         void (*happens)(walker&);
-    } events[] = {{40, use_anything},          {20, press_key},   {10, move_stick},
-                  {10, press_stick_button},    {10, go_on},       {6, move_over_anything},
-                  {4, slide_or_type_anything}, {1, close_window}, {1, bring_to_front},
+    } events[] = {{40, use_anything},
+                  {20, [](walker& w) { press_code(w, false); }},
+                  {10, move_stick},
+                  {10, [](walker& w) { press_code(w, true); }},
+                  {10, go_on},
+                  {6, move_over_anything},
+                  {4, slide_or_type_anything},
+                  {1, close_window},
+                  {1, bring_to_front},
                   {1, plug_or_pull_stick}};
     int left = w.below(103);   // the sum of the weights
     for (const auto& e : events)
