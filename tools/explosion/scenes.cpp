@@ -36,6 +36,7 @@ static const scene fire{
     .halo = .22f,
     .goes_round = true};
 
+// Bursts stand upright: the sight leans them with the wind.
 static const scene burst_fin{
     .name = "burst_fin",
     .side = 192,
@@ -46,7 +47,7 @@ static const scene burst_fin{
     .pieces = {{110, {.36f, .64f}, {1.5f, 5.6f}, {.25f, .8f}, {.24f, .20f, .14f}, .003f},
                {20, {.15f, .85f}, {1.6f, 4.5f}, {.1f, .2f}, {1, .85f, .5f}, .0045f}},
     .drag = 6,
-    .drift = {.05f, .02f, .06f},
+    .drift = {0, .02f, .06f},
     .lumps = 12,
     .thick = 55,
     .thins = {.1f, .9f},
@@ -62,11 +63,11 @@ static const scene burst_hesh{
     // A fireball, the column above it, and dust along the ground.
     .puffs = {{36, up, {0, 100}, {10, 100}, {22, 30, 16}, {5, 7.5f}, {3, 9}, {140, 170}, 40, 40},
               {60, up, {33, 67}, {10, 100}, {36, 60, 12}, {2, 4}, {5, 10}, {80, 120}, 70, 60},
-              {56, along, {0, 200}, {40, 100}, {38, 4, 26}, {2, 3}, {3, 8}, {}, 0, 100, 15}},
+              {56, along, {0, 200}, {40, 100}, {30, 4, 21}, {2, 3}, {3, 8}, {}, 0, 100, 15}},
     .pieces = {{90, {.12f, .88f}, {1.5f, 4.6f}, {.3f, .9f}, {.19f, .16f, .12f}, .004f, 1.2f},
                {30, {.1f, .9f}, {1.5f, 4}, {.12f, .3f}, {1, .82f, .45f}}},
     .drag = 5.5f,
-    .drift = {.08f, .05f, .10f},
+    .drift = {0, .05f, .10f},
     .thick = 60,
     .thins = {.25f, 1},
     .left = .25f,
@@ -77,12 +78,12 @@ static const scene burst_hesh{
 static const scene burst_coax{
     .name = "burst_coax",
     .side = 96,
-    .foot = {.5f, .08f},
+    .foot = {.5f, .05f},
     .puffs = {{18, up, {30, 70}, {10, 100}, {45, 55, 12}, {3, 5}, {5, 11}, {}, 0, 95, 100, 6},
               {10, along, {0, 200}, {20, 100}, {20, 4, 14}, {3, 4}, {5, 8}, {}, 0, 100, 50}},
     .pieces = {{30, {.3f, .7f}, {1, 4}, {.2f, .6f}, {.28f, .23f, .16f}, .006f}},
     .drag = 6,
-    .drift = {.08f, .03f, .08f},
+    .drift = {0, .03f, .08f},
     .lumps = 9,
     .thick = 26,
     .thins = {.05f, .9f},
@@ -92,11 +93,11 @@ static const scene burst_coax{
 static const scene hot_spot{
     .name = "hot_spot",
     .side = 128,
-    .foot = {.5f, .08f},
+    .foot = {.5f, .05f},
     // The hot ground, and the plume above it.
     .puffs = {{12, up, {0, 100}, {10, 100}, {6, 3, 5}, {4, 5}, {-2, 0}, {350, 400}, 0, 0, 0},
               {40, up, {30, 70}, {10, 100}, {30, 50, 12}, {2, 4}, {3, 9}, {80, 110}, 60, 0, 100, 0, 80}},
-    .drift = {.05f, .10f, .15f},
+    .drift = {0, .10f, .15f},
     .lumps = 10,
     .thick = 30,
     .thins = {.1f, .9f},

@@ -17,15 +17,16 @@ constexpr int smallest = 16;   // pixels; the size of the explosion at the furth
 struct sheet {
     const char* name;   // of the picture
     bool by_heat;       // made from the one for the eye
+    double foot;        // height of the ground above the lower edge, in heights of a frame
 };
-constexpr std::array<sheet, 8> sheets{{{"explosion", false},   // by effect
-                                       {"explosion", true},
-                                       {"fire", false},
-                                       {"fire", true},
-                                       {"burst_fin", false},
-                                       {"burst_hesh", false},
-                                       {"burst_coax", false},
-                                       {"hot_spot", false}}};
+constexpr std::array<sheet, 8> sheets{{{"explosion", false, 0},   // by effect
+                                       {"explosion", true, 0},
+                                       {"fire", false, 0},
+                                       {"fire", true, 0},
+                                       {"burst_fin", false, .05},
+                                       {"burst_hesh", false, .05},
+                                       {"burst_coax", false, .05},
+                                       {"hot_spot", false, .05}}};
 
 // Adds copies of half the size, a quarter and so on: QPainter skips source pixels when it scales a picture to
 // less than half.
@@ -76,7 +77,8 @@ void draw_effect(QPainter& p, effect what, const QRectF& at, int frame)
     static std::array<QList<picture>, sheets.size()> read;
     const auto number = static_cast<std::size_t>(what);
     if (read[number].isEmpty()) read[number] = frames_of(sheets[number]);
-    if (frame >= 0 && frame < read[number].size()) draw_picture(p, read[number][frame], at.toRect());
+    const QRectF on_ground = at.translated(0, sheets[number].foot * at.height());
+    if (frame >= 0 && frame < read[number].size()) draw_picture(p, read[number][frame], on_ground.toRect());
 }
 
 }   // namespace vorn
