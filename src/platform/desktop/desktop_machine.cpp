@@ -1,7 +1,9 @@
 #include "platform/desktop/desktop_machine.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QPrinterInfo>
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
@@ -153,12 +155,16 @@ void desktop_machine::pace(double seconds)
     move_->next_frame = std::max(move_->clock, now()) + frame;
 }
 
-// A step longer than a frame is painted in several, between which a round in flight goes on.
+// A step longer than a frame is painted in several, between which a round in flight goes on. Those that would
+// come too late are left out.
 void desktop_machine::paint_move(double seconds)
 {
-    const int paints = std::max(1, static_cast<int>(std::lround(seconds / frame)));
+    const bool flies = std::ranges::any_of(
+        screens.shown, [this](const form* f) { return window(*f)->has_round_in_flight(); });
+    const int paints = flies ? std::max(1, static_cast<int>(std::lround(seconds / frame))) : 1;
     for (int i = 1; i <= paints; ++i) {
         const double time = move_->clock - seconds * (paints - i) / paints;
+        if (i < paints && time < now()) continue;
         for (const form* f : screens.shown) {
             window(*f)->animate();
             window(*f)->set_progress(static_cast<double>(i) / paints);
@@ -177,11 +183,23 @@ void desktop_machine::do_events()
 
 // Files ---------------------------------------------------------------------------------------------------
 
-// A copy of an installed picture has its twin where it is installed.
+// A picture that is still in use is not decoded again. A copy of an installed picture has its twin where it
+// is installed.
 loaded_picture desktop_machine::load_picture(const std::string& path)
 {
     const std::string found = find_path(*this, path);
-    return read_picture(path, found, folder_of_same_file(installed_data, found));
+    const QFileInfo file(QString::fromStdString(found));
+    const QDateTime time = file.lastModified();
+    for (const recent_picture& r : recent_)
+        if (auto pixels = r.pixels.lock();
+            pixels && r.path == found && r.time == time && r.bytes == file.size())
+            return {picture{path, r.width, r.height, pixels}, {}};
+    loaded_picture loaded = read_picture(path, found, folder_of_same_file(installed_data, found));
+    std::erase_if(recent_, [](const recent_picture& r) { return r.pixels.expired(); });
+    if (loaded.result)
+        recent_.push_back(
+            {found, time, file.size(), loaded.result->width, loaded.result->height, loaded.result->pixels});
+    return loaded;
 }
 
 void desktop_machine::show_help(const std::string& path)

@@ -2,6 +2,7 @@
 // tick(), which then update the windows.
 #pragma once
 
+#include <QDateTime>
 #include <QIcon>
 #include <QTimer>
 #include <memory>
@@ -68,7 +69,7 @@ public:
     form_window* window_of(const QObject* handle) const;   // of a QWindow
     const QIcon& icon() const { return icon_; }
 
-    // Where the data is installed, when the user works on a copy; else empty.
+    // Where the data is installed; empty in a build tree.
     std::filesystem::path installed_data;
 
     // Tests replace these: the end of the process, real time in seconds, and whether there is a printer.
@@ -81,6 +82,15 @@ private:
     struct counted_move {
         double clock;        // the time of its last count
         double next_frame;   // the time of its next frame
+    };
+
+    // A picture that was read, as long as an object uses it.
+    struct recent_picture {
+        std::string path;
+        QDateTime time;
+        qint64 bytes;
+        double width, height;   // twips
+        std::weak_ptr<const picture_pixels> pixels;
     };
 
     void paint_move(double seconds);
@@ -107,6 +117,7 @@ private:
     double set_to_ = 0, set_at_ = 0, speed_ = 1;   // now() and real time when the speed was set
     double box_opened_ = 0;                        // real time
     std::optional<counted_move> move_;
+    std::vector<recent_picture> recent_;
     bool events_delayed_ = false;   // by a counted move
     bool ending_ = false;
 };

@@ -52,13 +52,14 @@ static void draw_shape(QPainter& p, const object_fields& o, const QRect& at, dou
 }
 
 // A round in flight: a white core with a coloured glow, at least large enough to be seen at any range.
-static void draw_tracer(QPainter& p, const QColor& c, const QRect& at, double scale)
+void draw_tracer(QPainter& p, const object_fields& o, const QRectF& at, double scale)
 {
+    const QColor c = shade(o.ForeColor);
     constexpr double min_radius = 1.4;   // of the core, pixels at scale 1
     constexpr double reach = 1.5;        // of the glow beyond the core, pixels at scale 1
     const double radius = std::max(at.width() / 2.0, min_radius * scale);
     const double light = radius * 1.35 + reach * scale;
-    const QPointF middle = QRectF(at).center();
+    const QPointF middle = at.center();
     QColor faint = c.darker(115), gone = faint;
     faint.setAlphaF(0.43f);
     gone.setAlpha(0);
@@ -112,7 +113,7 @@ void draw_object(QPainter& p, const object_fields& o, const QRect& at, double sc
         p.setOpacity(1);
     }
     if (o.kind == object_kind::shape)
-        is_tracer(o) ? draw_tracer(p, shade(o.ForeColor), at, scale) : draw_shape(p, o, at, scale);
+        is_tracer(o) ? draw_tracer(p, o, QRectF(at), scale) : draw_shape(p, o, at, scale);
     if (o.kind == object_kind::label) draw_label(p, o, at, scale);
 }
 

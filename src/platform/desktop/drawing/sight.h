@@ -17,6 +17,8 @@ QRect device_rect(const object_fields&, double scale);
 
 // Whether it is a round in flight.
 bool is_tracer(const object_fields&);
+// Paints a round in flight; its place needn't be whole pixels.
+void draw_tracer(QPainter&, const object_fields&, const QRectF& at, double scale);
 
 // The alignment of a label's text: vertically centred if the label has room for one or two lines, else at the
 // top.

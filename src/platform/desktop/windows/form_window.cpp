@@ -160,8 +160,13 @@ void form_window::clear_strikes()
 void form_window::animate()
 {
     bool moving = false;
-    for (sight_view* v : sights_) moving |= v->animate();
+    for (sight_view* v : sights_) moving |= isVisible() && v->animate();
     if (moving != animation_.isActive()) moving ? animation_.start() : animation_.stop();
+}
+
+bool form_window::has_round_in_flight() const
+{
+    return std::ranges::any_of(sights_, &sight_view::has_round_in_flight);
 }
 
 void form_window::set_progress(double part)

@@ -14,12 +14,14 @@ namespace vorn {
 
 namespace {
 
-constexpr int frames = 16;             // of each effect
-constexpr double smallest_burst = 5;   // pixels at scale 1
-constexpr double lean = 0.22;          // of the oldest smoke, for each step of the wind
-constexpr double fire_size = 2;        // in widths of the target
-constexpr double fire_growing = 0.7;   // seconds; it takes over from the explosion
-constexpr double fire_turn = 1.3;      // seconds for all frames
+constexpr int frames = 16;                // of each effect
+constexpr double smallest_burst = 5;      // pixels at scale 1
+constexpr double lean = 0.22;             // of the oldest smoke of HESH, for each step of the wind
+constexpr double drift = 0.1;             // of the same, in widths of the burst
+constexpr double animation_step = 0.03;   // seconds
+constexpr double fire_size = 2;           // in widths of the target
+constexpr double fire_growing = 0.2;      // seconds; it takes over from the explosion
+constexpr double fire_turn = 1.3;         // seconds for all frames
 
 struct burst {
     effect seen, hot;
@@ -89,20 +91,43 @@ void sight_view::set_progress(double part)
     if (std::exchange(progress_, part) != part) update();
 }
 
-bool sight_view::animate()
+bool sight_view::has_round_in_flight() const
 {
-    const double time = now();
-    if (!strikes_.empty()) update();   // also when the last one ends
+    return std::ranges::any_of(sight_.inside,
+                               [](const shown_object* o) { return o->drawn.Visible && is_tracer(o->drawn); });
+}
+
+// Also finds the targets that have been set on fire.
+void sight_view::forget_what_ended(double time)
+{
     std::erase_if(strikes_, [&](const shown_strike& s) {
         return time < s.since || time > s.since + burst_of(s.what).seconds;
     });
-    for (const shown_object* o : sight_.inside) {
+    for (const shown_object* o : sight_.inside)
         if (o->drawn.Fire == fire::none || !o->drawn.Visible)
             fires_.erase(o);
-        else if (fires_.emplace(o, time); true)
-            update();
+        else
+            fires_.emplace(o, time);
+}
+
+bool sight_view::animate()
+{
+    const double time = now();
+    const bool moved = !strikes_.empty() || !fires_.empty();   // before: the last ones must be painted over
+    forget_what_ended(time);
+    const bool moves = !strikes_.empty() || !fires_.empty();
+    if ((moved || moves) && (moved != moves || time < animated_ || time > animated_ + animation_step)) {
+        animated_ = time;
+        update();
     }
-    return !strikes_.empty() || !fires_.empty();
+    return moves;
+}
+
+// An unloaded or hidden screen keeps no strike and no fire.
+void sight_view::hideEvent(QHideEvent*)
+{
+    strikes_.clear();
+    fires_.clear();
 }
 
 void sight_view::paintEvent(QPaintEvent*)
@@ -119,17 +144,16 @@ void sight_view::paint_objects(QPainter& p, const QRect& whole)
 {
     bool strikes_due = !strikes_.empty();
     for (const shown_object* o : sight_.inside) {
-        if (o->drawn.kind != object_kind::image && std::exchange(strikes_due, false)) paint_strikes(p);
+        if (o->drawn.kind != object_kind::image && std::exchange(strikes_due, false)) paint_strikes(p, whole);
         if (!o->drawn.Visible) continue;
         if (is_tracer(o->drawn)) {
             paint_tracer(p, *o);
             continue;
         }
         const QRect at = device_rect(o->drawn, scale());
-        if (!at.intersects(whole)) continue;
         if (const auto lit = fires_.find(o); lit != fires_.end())
             paint_burning(p, o->drawn, at, now() - lit->second);
-        else
+        else if (at.intersects(whole))
             draw_object(p, o->drawn, at, scale());
     }
 }
@@ -143,11 +167,13 @@ void sight_view::paint_tracer(QPainter& p, const shown_object& o)
     now.Top = mix(o.before.Top, to.Top);
     now.Width = mix(o.before.Width, to.Width);
     now.Height = mix(o.before.Height, to.Height);
-    draw_object(p, now, device_rect(now, scale()), scale());
+    const double pixels = scale() / twips_per_pixel;
+    draw_tracer(p, now, QRectF(now.Left * pixels, now.Top * pixels, now.Width * pixels, now.Height * pixels),
+                scale());
 }
 
 // Smoke leans with the wind, the more the older it is.
-void sight_view::paint_strikes(QPainter& p)
+void sight_view::paint_strikes(QPainter& p, const QRect& whole)
 {
     for (const shown_strike& s : strikes_) {
         const burst& b = burst_of(s.what);
@@ -157,10 +183,13 @@ void sight_view::paint_strikes(QPainter& p)
         const QPointF foot =
             QPointF((*ground)->drawn.Left + s.what.Left, (*ground)->drawn.Top + s.what.Top) * pixels;
         const double size = std::max(s.what.size * b.size * pixels, smallest_burst * scale());
+        const int reach = static_cast<int>(2 * size);
+        if (!whole.adjusted(-reach, 0, reach, reach).contains(foot.toPoint())) continue;
         const double age = std::clamp((now() - s.since) / b.seconds, 0.0, 1.0);
         p.save();
-        p.translate(foot);
-        p.shear(-lean * s.what.wind * age, 0);
+        const double wind = s.what.round == round_kind::hesh && !s.what.hot ? s.what.wind * age : 0;
+        p.translate(foot + QPointF(drift * wind * age * size, 0));
+        p.shear(-lean * wind, 0);
         draw_moving(p, s.what.hot ? b.hot : b.seen, QRectF(-size / 2, -size, size, size), age * frames,
                     false);
         p.restore();

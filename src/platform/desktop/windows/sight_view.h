@@ -18,8 +18,9 @@ public:
 
     void show_strike(const strike&);
     void clear_strikes();
-    // Repaints what moves by itself. False when nothing does.
+    // Repaints what moves by itself, at most 30 times a second. False when nothing does.
     bool animate();
+    bool has_round_in_flight() const;
     // From now on draws rounds in flight at this part of the way from their place before to the present one.
     void set_progress(double part);
 
@@ -27,6 +28,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override;
+    void hideEvent(QHideEvent*) override;
 
 private:
     struct shown_strike {
@@ -36,7 +38,8 @@ private:
 
     void paint_objects(QPainter&, const QRect& whole);
     void paint_tracer(QPainter&, const shown_object&);
-    void paint_strikes(QPainter&);
+    void paint_strikes(QPainter&, const QRect& whole);
+    void forget_what_ended(double time);
     static void paint_burning(QPainter&, const object_fields&, const QRect& at, double age);
     double scale() const;   // device pixels for each pixel of the form at 1024 x 768
 
@@ -44,6 +47,7 @@ private:
     std::vector<shown_strike> strikes_;
     std::unordered_map<const shown_object*, double> fires_;   // when each was lit
     double progress_ = 1;
+    double animated_ = 0;   // when it was last repainted for what moves
 };
 
 }   // namespace vorn
