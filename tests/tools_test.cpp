@@ -54,6 +54,12 @@ TEST_P(shipped_range, is_whole_and_its_pictures_are_there)
     EXPECT_GT(country.result->width, 40000);
     EXPECT_GE(country.result->height, 18000);
     EXPECT_EQ(d_->screen().Imgrange.Width, country.result->width) << "on the sight";
+    std::string twin = range_.rangepicture.trimmed();
+    twin.insert(twin.find('.'), "@2x");
+    const loaded_picture dense = pc_.load_picture(twin);
+    ASSERT_TRUE(dense.result) << twin << ": " << dense.reason;
+    EXPECT_EQ(dense.result->width, 2 * country.result->width);
+    EXPECT_EQ(dense.result->height, 2 * country.result->height);
 }
 
 TEST_P(shipped_range, has_targets_near_and_far_for_every_nature)

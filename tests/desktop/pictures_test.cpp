@@ -161,7 +161,31 @@ TEST_F(pictures, of_the_shipped_ranges_decode_without_warnings)
         ++found;
     }
     qInstallMessageHandler(before);
-    EXPECT_GE(found, 5);
+    EXPECT_GE(found, 14);
+}
+
+TEST_F(pictures, of_the_shipped_ranges_show_the_same_as_their_twins)
+{
+    const QSize small(400, 200);
+    int found = 0;
+    for (const QFileInfo& file :
+         QDir(VORN_SOURCE_DIR "/data/ranges").entryInfoList({"*@2x.vrp", "*@2x.trp"}, QDir::Files)) {
+        const auto view_of = [&small](const QString& name) {
+            QImageReader reader(name);
+            reader.setDecideFormatFromContent(true);
+            return reader.read()
+                .convertToFormat(QImage::Format_Grayscale8)
+                .scaled(small, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        };
+        const QImage twin = view_of(file.filePath()), named = view_of(file.filePath().remove("@2x"));
+        int worst = 0;
+        for (int y = 0; y < small.height(); ++y)
+            for (int x = 0; x < small.width(); ++x)
+                worst = std::max(worst, std::abs(qGray(twin.pixel(x, y)) - qGray(named.pixel(x, y))));
+        EXPECT_LT(worst, 16) << file.fileName().toStdString();
+        ++found;
+    }
+    EXPECT_EQ(found, 7);
 }
 
 TEST_F(pictures, icons_are_drawn_from_the_smallest_sufficient_image)

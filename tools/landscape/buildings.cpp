@@ -92,10 +92,10 @@ void add_house(world& w, const house& h)
     add_sides(w, f, l, v, 0, e, h.wall, wall_warmth);
     for (const float end : {-l, l})
         add_panel(w, f, f(end, -v, e), f(end, v, e), f(end, 0, top), f(end, 0, top), h.wall, wall_warmth);
+    const vec3 roof = mix(h.roof, linear(.88f, .89f, .91f), .88f * w.land.snow);
     const float lo = l + overhang, vo = v + overhang, eo = e - .3f;
     for (const float side : {-vo, vo})
-        add_panel(w, f, f(-lo, side, eo), f(lo, side, eo), f(lo, 0, top), f(-lo, 0, top), h.roof,
-                  roof_warmth);
+        add_panel(w, f, f(-lo, side, eo), f(lo, side, eo), f(lo, 0, top), f(-lo, 0, top), roof, roof_warmth);
     add_openings(w, h, f);
     const vec3 sun = w.land.towards_sun;
     w.map.shade.darken({h.middle.x - sun.x / sun.z * e * .6f, h.middle.y - sun.y / sun.z * e * .6f},
@@ -201,9 +201,11 @@ void build_bridge(world& w, const crossing& at)
         wall(-4, length + 4, side * half, water - 1, deck + parapet, stone, side);
         wall(-4, length + 4, side * (half - .4f), deck, deck + parapet, stone, -side);
         for (float along = 4; along + arch < length - 2; along += arch + 1.6f)
-            for (const float inset : {0.f, .7f})   // a round arch, in two steps
-                wall(along + inset * 1.4f, along + arch - inset * 1.4f, side * (half + .05f), water,
-                     water + arch_rise + inset - .4f, dark, side);
+            for (float part = 0; part < 1; part += .1f) {   // a round arch, in steps
+                const float inset = arch / 2 * (1 - std::sqrt(1 - part * part));
+                wall(along + inset, along + arch - inset, side * (half + .05f), water,
+                     water + arch_rise * (part + .1f), dark, side);
+            }
     }
 }
 

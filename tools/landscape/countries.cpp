@@ -33,8 +33,8 @@ ground_paint green_valley()
             .straw = linear(.66f, .64f, .42f),
             .bare = linear(.68f, .62f, .50f),
             .soil = linear(.50f, .42f, .32f),
-            .crops = {linear(.44f, .50f, .26f), linear(.39f, .46f, .23f), linear(.70f, .65f, .40f),
-                      linear(.54f, .45f, .32f), linear(.48f, .53f, .28f), linear(.60f, .60f, .34f),
+            .crops = {linear(.44f, .50f, .26f), linear(.39f, .46f, .23f), linear(.66f, .60f, .40f),
+                      linear(.54f, .45f, .32f), linear(.48f, .53f, .28f), linear(.56f, .55f, .35f),
                       linear(.36f, .42f, .22f)},
             .woodfloor = linear(.18f, .23f, .12f)};
 }
@@ -47,12 +47,29 @@ ground_paint autumn_moor()
             .lush = linear(.44f, .43f, .26f),
             .dark = linear(.38f, .29f, .20f),
             .straw = linear(.72f, .64f, .45f),
-            .bare = linear(.60f, .54f, .42f),
+            .bare = linear(.69f, .63f, .51f),
             .soil = linear(.46f, .36f, .26f),
             .crops = {linear(.47f, .47f, .26f), linear(.46f, .50f, .25f), linear(.74f, .66f, .45f),
                       linear(.44f, .35f, .24f), linear(.53f, .50f, .29f), linear(.68f, .59f, .38f),
                       linear(.47f, .39f, .26f)},
             .woodfloor = linear(.40f, .29f, .19f)};
+}
+
+// Thin snow, through which stubble and clods show.
+ground_paint snowfields()
+{
+    return {.heath = linear(.66f, .62f, .58f),
+            .dry = linear(.83f, .83f, .84f),
+            .middling = linear(.87f, .88f, .90f),
+            .lush = linear(.89f, .90f, .92f),
+            .dark = linear(.70f, .68f, .66f),
+            .straw = linear(.78f, .75f, .69f),
+            .bare = linear(.70f, .66f, .61f),
+            .soil = linear(.56f, .51f, .46f),
+            .crops = {linear(.88f, .89f, .91f), linear(.84f, .85f, .84f), linear(.81f, .79f, .75f),
+                      linear(.68f, .65f, .63f), linear(.89f, .90f, .92f), linear(.84f, .82f, .79f),
+                      linear(.77f, .79f, .77f)},
+            .woodfloor = linear(.62f, .61f, .61f)};
 }
 
 std::vector<vec3> summer_leaves()
@@ -77,7 +94,8 @@ country thornmere()
         .night = false,
         .width = 4012,
         .height = 2000,
-        .quality = 91,
+        .quality = 90,
+        .twin_quality = 74,
         .seed = 1000,
         .towards_sun = afternoon_sun,
         .sunlight = {2.55f, 2.32f, 1.95f},
@@ -91,6 +109,7 @@ country thornmere()
         .heath = .15f,
         .scrub = .6f,
         .conifers = .15f,
+        .needles = linear(.33f, .39f, .23f) * .7f,
         .leaves = summer_leaves(),
         .bare_trees = 0};
     c.tracks = {
@@ -202,6 +221,41 @@ country harrowmoor()
     return c;
 }
 
+country frostfield()
+{
+    country c = harrowmoor();
+    c.picture = "winter.vrp";
+    c.range = "winter.arf";
+    c.name = "FROSTFIELD PLAIN";
+    c.seed = 4400;
+    c.sunlight = {1.62f, 1.46f, 1.20f};
+    c.skylight = {.36f, .44f, .58f};
+    c.ground = snowfields();
+    c.sky = {linear(.44f, .56f, .74f), linear(.86f, .88f, .90f), linear(.91f, .90f, .88f), .50f, .7f};
+    c.folds = 9;
+    c.farmed_from = 760;
+    c.rough_share = .25f;
+    c.wooded = .32f;
+    c.heath = .25f;
+    c.scrub = .8f;
+    c.conifers = .45f;
+    c.needles = linear(.31f, .36f, .27f) * .7f;
+    c.leaves = {linear(.44f, .38f, .33f), linear(.40f, .34f, .30f), linear(.48f, .42f, .35f)};
+    c.bare_trees = 1;
+    c.tufts = {.60f, .52f, .41f};
+    c.snow = 1;
+    // The moor as in a mirror.
+    for (path& track : c.tracks)
+        for (point& p : track) p.x = -p.x;
+    for (belt_plan& belt : c.belts)
+        for (point& p : belt.line) p.x = -p.x;
+    for (copse_plan& copse : c.copses) copse.middle.x = -copse.middle.x;
+    for (farm_plan& farm : c.farms) farm = {{-farm.place.x, farm.place.y}, -farm.angle};
+    c.roads = {{at(-46, 1150), at(-32, 1420), at(-18, 1480), at(-2, 1600), at(14, 1720), at(28, 1850),
+                at(44, 1800)}};
+    return c;
+}
+
 country thermal_of(country c, const char* picture, const char* range, const char* name)
 {
     c.picture = picture;
@@ -212,6 +266,7 @@ country thermal_of(country c, const char* picture, const char* range, const char
     c.width = 3009;
     c.height = 1400;
     c.quality = 90;
+    c.twin_quality = 85;
     return c;
 }
 
@@ -222,14 +277,25 @@ country elderbeck_by_night()
     return c;
 }
 
+country frostfield_by_night()
+{
+    country c = thermal_of(frostfield(), "wintnght.trp", "wintnght.arf", "FROSTFIELD BY NIGHT");
+    c.night = true;
+    return c;
+}
+
 }   // namespace
 
 const std::vector<country>& countries()
 {
     static const std::vector<country> all{
-        thornmere(), elderbeck(), harrowmoor(),
+        thornmere(),
+        elderbeck(),
+        harrowmoor(),
         thermal_of(thornmere(), "thermalrange.trp", "Thermalrange.arf", "THORNMERE DOWN TI"),
-        elderbeck_by_night()};
+        elderbeck_by_night(),
+        frostfield(),
+        frostfield_by_night()};
     return all;
 }
 

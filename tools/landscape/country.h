@@ -61,6 +61,7 @@ struct country {
     bool night;
     int width, height;   // of the picture, pixels
     int quality;         // of the JPEG, 1 to 100
+    int twin_quality;    // of that of its twin
     std::uint32_t seed;
 
     vec3 towards_sun;   // always from the upper left, behind the gunner
@@ -75,8 +76,11 @@ struct country {
     float heath;                // share of the rough ground that bracken and heather cover, 0 to 1
     float scrub;                // density of bushes on the rough ground, 0 to 1
     float conifers;             // share of conifers in the woods
+    vec3 needles;               // reflectance of conifers
     std::vector<vec3> leaves;   // reflectances of foliage, chosen from at random
     float bare_trees;           // share of trees that have lost their leaves
+    vec3 tufts{1, 1, 1};        // colour of tufts of grass, relative to the ground
+    float snow = 0;             // how much of it lies, 0 to 1; its colours are those of the ground
 
     std::vector<path> tracks{}, roads{};
     path river{};
@@ -105,7 +109,7 @@ struct view {
 };
 
 // At full size, or `scale` times smaller.
-view view_of(const country&, int scale);
+view view_of(const country&, float scale);
 
 // The row, in pixels from the top of the full picture, of a target's lower edge for which the range author
 // proposes this range (metres).

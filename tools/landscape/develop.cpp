@@ -15,7 +15,15 @@ float toned(float light)
 {
     const float v = light * 1.02f;
     const float shown = std::pow(clamp01(v / (1 + .22f * v) * 1.06f), 1 / 2.2f);
-    return shown + .20f * (shown * shown * (3 - 2 * shown) - shown);
+    return shown + .45f * (shown * shown * (3 - 2 * shown) - shown);
+}
+
+// The same for light from 0 to 4, in steps of 1/2048.
+std::vector<float> toning()
+{
+    std::vector<float> table;
+    for (int i = 0; i <= 4 * 2048; ++i) table.push_back(toned(real(i) / 2048));
+    return table;
 }
 
 // The offset of each scan line, correlated with the line before; every sixth detector is a little brighter.
@@ -24,8 +32,8 @@ std::vector<float> row_offsets(int rows, rng& random)
     std::vector<float> offsets;
     float drift = 0;
     for (int y = 0; y < rows; ++y) {
-        drift = .6f * drift + .005f * random.normal();
-        const float own = .005f * random.normal();
+        drift = .6f * drift + .004f * random.normal();
+        const float own = .004f * random.normal();
         offsets.push_back(drift + own + (y % 6 == 0 ? .003f : 0));
     }
     return offsets;
@@ -35,14 +43,17 @@ std::vector<float> row_offsets(int rows, rng& random)
 
 QImage photograph(const rendered& r)
 {
+    const std::vector<float> table = toning();
     QImage picture(r.width, r.height, QImage::Format_RGB888);
     for (int y = 0; y < r.height; ++y) {
         std::uint8_t* p = picture.scanLine(y);
         for (int x = 0; x < r.width; ++x) {
             // Grain of less than a step hides the banding of the sky.
             const float grain = (scatter(x, y, 1234) - .5f) * .008f;
-            const vec3 light = r.at(x, y).light;
-            for (const float v : {light.x, light.y, light.z}) *p++ = byte_of(toned(v) + grain);
+            const vec3 seen = r.at(x, y).light, pale = vec3{1, 1, 1} * dot(seen, {.25f, .62f, .13f});
+            const vec3 light = mix(seen, pale, .17f);
+            for (const float v : {light.x, light.y, light.z})
+                *p++ = byte_of(table[index(std::clamp(v, 0.f, 4.f) * 2048)] + grain);
         }
     }
     return picture;
@@ -67,6 +78,21 @@ QImage thermal_image(const rendered& r)
         }
     }
     return picture;
+}
+
+QImage halved(const QImage& big)
+{
+    QImage small(big.width() / 2, big.height() / 2, big.format());
+    const int step = big.depth() / 8, bytes = small.width() * step;
+    for (int y = 0; y < small.height(); ++y) {
+        const std::uint8_t *a = big.constScanLine(2 * y), *b = big.constScanLine(2 * y + 1);
+        std::uint8_t* to = small.scanLine(y);
+        for (int i = 0; i < bytes; ++i) {
+            const int left = i / step * 2 * step + i % step, right = left + step;
+            to[i] = static_cast<std::uint8_t>((a[left] + a[right] + b[left] + b[right] + 2) / 4);
+        }
+    }
+    return small;
 }
 
 }   // namespace tools

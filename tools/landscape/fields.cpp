@@ -81,7 +81,7 @@ float roughness(const country& land, float x, float y)
     const float range = std::sqrt(x * x + y * y);
     const float edge = land.farmed_from + .12f * land.farmed_from * noise(x / 420, y / 420, land.seed + 61);
     const float near = 1 - smoothstep(edge - 12, edge + 12, range);
-    if (land.rough_share <= 0 || range > 3200) return near;
+    if (near >= 1 || land.rough_share <= 0 || range > 3200) return near;
     const field f = field_at(land, x, y);
     const bool rough = real(f.id >> 8 & 255) / 255 < land.rough_share;
     return std::max(near, rough ? smoothstep(0, 3, f.edge) : 0.f);

@@ -9,9 +9,9 @@ namespace {
 
 // Texture at one place by wavelength, from coarse to fine. A component that is finer than the pixel is 0.
 struct texture {
-    float wide, broad, clumps;            // 420 m, 90 m, 23 and 11 m
-    float tufts, stems, blades, specks;   // 4 m, 1.1 m, 30 cm, 9 cm
-    float relief;                         // of the fine ones, as the sun lights it
+    float wide, broad, clumps, tufts;   // 420 m, 90 m, 23 and 11 m, 4 m
+    float stems, blades, specks;        // as upright as the growth is: 10, 5 and 2 pixels of a twin
+    float relief;                       // of the fine ones, as the sun lights it
 };
 
 // The contrast that is left of this wavelength in a pixel.
@@ -21,20 +21,28 @@ float seen(const ground_spot& s, float wave)
     return 1 - smoothstep(.30f, .90f, 2 * size / wave);
 }
 
+// Growth stands up, so its texture is as high as it is wide however flat the ground is seen.
 struct fine_wave {
-    float length, reach;   // metres; reach: how far towards the sun its slope is taken
-    float weight;          // in the relief
+    float angle;    // as the gunner sees it, radians
+    float weight;   // in the relief
+    float turn;     // of the lattice of the noise, against the horizon
     std::uint32_t seed;
 };
-constexpr fine_wave fine_waves[] = {{4, .9f, .55f, 204}, {1.1f, .28f, .75f, 205}, {.3f, .08f, .75f, 206}};
+constexpr fine_wave fine_waves[] = {{.0019f, .26f, .9f, 204},
+                                    {.00088f, .28f, -.5f, 205},
+                                    {.00044f, .24f, .35f, 206},
+                                    {.0047f, .22f, .2f, 207}};
 
 float fine(const country& land, const ground_spot& s, const fine_wave& w, float& relief)
 {
-    const float share = seen(s, w.length);
+    const float metres = w.angle * s.range;
+    const float share =
+        (1 - smoothstep(.3f, .9f, s.across / metres)) / (1 + metres * metres * .4f) * (1 - .75f * land.snow);
     if (share <= 0) return 0;
-    const float here = share * noise(s.x / w.length, s.y / w.length, w.seed);
-    const float x = s.x - land.towards_sun.x * w.reach, y = s.y - land.towards_sun.y * w.reach;
-    relief += w.weight * (share * noise(x / w.length, y / w.length, w.seed) - here);
+    const float across = s.bearing / w.angle, up = s.elevation / w.angle * 1.3f;
+    const float u = across + w.turn * up, v = up - w.turn * across;
+    const float here = share * noise(u, v, w.seed);
+    relief += w.weight * (here - share * noise(u + .5f * land.towards_sun.x, v + .45f, w.seed));
     return here;
 }
 
@@ -44,11 +52,10 @@ texture texture_at(const country& land, const ground_spot& s)
     t.wide = fractal(s.x / 420, s.y / 420, land.seed + 201, 3);
     t.broad = fractal(s.x / 90, s.y / 90, 202, 3);
     t.clumps = noise(s.x / 23, s.y / 23, 203) + .5f * noise(s.x / 11, s.y / 11, 213);
-    t.tufts = fine(land, s, fine_waves[0], t.relief);
-    t.stems = fine(land, s, fine_waves[1], t.relief);
-    t.blades = fine(land, s, fine_waves[2], t.relief);
-    const float specks = seen(s, .09f);
-    t.specks = specks > 0 ? specks * noise(s.x / .09f, s.y / .09f, 207) : 0;
+    t.tufts = seen(s, 4) * noise(s.x / 4, s.y / 8, 204) + .7f * fine(land, s, fine_waves[3], t.relief);
+    t.stems = fine(land, s, fine_waves[0], t.relief);
+    t.blades = fine(land, s, fine_waves[1], t.relief);
+    t.specks = fine(land, s, fine_waves[2], t.relief);
     return t;
 }
 
@@ -66,16 +73,16 @@ struct layered {
 layered rough_grass(const country& land, const ground_spot& s, const texture& t)
 {
     const ground_paint& p = land.ground;
-    const float green = .5f + .55f * t.wide + .42f * t.broad + .22f * t.clumps + .22f * t.tufts +
-                        .20f * t.stems + .20f * t.blades + .16f * t.specks;
+    const float green = .5f + .55f * t.wide + .42f * t.broad + .22f * t.clumps + .36f * t.tufts +
+                        .32f * t.stems + .26f * t.blades + .20f * t.specks;
     layered g{green < .5f ? mix(p.dry, p.middling, clamp01(green * 2))
                           : mix(p.middling, p.lush, clamp01(green * 2 - 1)),
               .42f + .10f * t.wide + .06f * t.broad + .05f * t.clumps - .05f * t.tufts};
     // Some slopes have tussocks, others are smooth.
     const float coarse = clamp01(.75f + 1.1f * noise(s.x / 260, s.y / 260, land.seed + 217));
     const float tussocks =
-        fractal(s.x / 40 + 9, s.y / 40, 214, 2) + .6f * t.tufts + .5f * t.stems + .35f * t.blades;
-    g.lay(p.dark, .65f * coarse * smoothstep(.35f, 1.1f, tussocks));
+        fractal(s.x / 40 + 9, s.y / 40, 214, 2) + .5f * t.tufts + .6f * t.stems + .5f * t.blades;
+    g.lay(p.dark, .50f * coarse * smoothstep(.25f, 1.2f, tussocks));
     const float bracken =
         fractal(s.x / 150, s.y / 150, land.seed + 221, 3) + .35f * t.clumps + .35f * t.tufts + .30f * t.stems;
     g.lay(p.heath * (1 + .25f * t.stems + .2f * t.blades), .8f * land.heath * smoothstep(.10f, .55f, bracken),
@@ -112,12 +119,13 @@ layered farmland(const country& land, const ground_spot& s, const texture& t, co
     const ground_paint& p = land.ground;
     if (wooded(land, f, s.x, s.y)) return {p.woodfloor * (1 + .3f * t.clumps), .36f};
     const std::size_t kind = f.id % p.crops.size();
-    const float patchy = .05f * t.wide + .07f * t.broad + .05f * t.clumps + .05f * t.tufts + .06f * t.stems;
+    const float patchy = .05f * t.wide + .07f * t.broad + .05f * t.clumps + .04f * t.tufts + .08f * t.stems +
+                         .08f * t.blades + .07f * t.specks;
     layered g{p.crops[kind] * (1 + patchy + .05f * (real(f.id >> 16 & 255) / 255 - .5f)),
               .38f + .14f * real(f.id % 5) / 5 + .05f * t.broad};
     const bool worked = kind != 0 && kind != 4;   // those two are pasture
     if (worked) {
-        g.colour = g.colour * (1 + .09f * stripes(s, f, 2.8f) + .05f * stripes(s, f, 9));
+        g.colour = g.colour * (1 + (.05f + .05f * t.clumps) * stripes(s, f, 2.4f) + .03f * stripes(s, f, 9));
         g.lay(mix(g.colour, p.soil, .55f), .75f * tramlines(s, f), .04f);
     } else {
         g.lay(p.dark, .35f * smoothstep(.2f, 1.f, t.clumps + .7f * t.tufts));
@@ -162,7 +170,7 @@ void lay_ways(const country& land, const ground_map& map, const ground_spot& s, 
         const float soft = .3f + s.across;
         g.lay(land.ground.straw, .7f * (1 - smoothstep(half_width + .6f, half_width + 2.2f + soft, off)),
               .03f);
-        const float grain = 1 + .06f * t.clumps + .10f * t.stems + .08f * t.blades;
+        const float grain = 1 + .06f * t.clumps + .05f * t.stems + .05f * t.blades;
         g.lay(linear(.55f, .54f, .53f) * grain, 1 - smoothstep(half_width - soft, half_width + soft, off),
               .10f);
     }
@@ -187,11 +195,11 @@ vec3 lit(const country& land, const ground_map& map, const ground_spot& s, const
     const float shade = map.shade.at(s.x, s.y) / 255, clouds = cloud_shadow(land, s.x, s.y);
     const float facing = std::max(0.f, dot(s.normal, land.towards_sun));
     const float sunshine = facing * shade * clouds;
-    const float open = (.75f + .25f * s.normal.z) * (.55f + .45f * shade) * (1 + .55f * t.relief);
+    const float open = (.75f + .25f * s.normal.z) * (.55f + .45f * shade) * (1 + .5f * t.relief);
     const float mottled =
         1 + .16f * (.6f * seen(s, 6.5f) * noise(s.x / 6.5f, s.y / 6.5f, 240) + .5f * t.clumps);
     return colour * mottled *
-           (land.sunlight * (sunshine * clamp01(1 + 1.3f * t.relief)) + land.skylight * open);
+           (land.sunlight * (sunshine * std::clamp(1 + 1.2f * t.relief, .3f, 1.6f)) + land.skylight * open);
 }
 
 // By day the ground is warm where the sun shines on it; by night slopes keep some of the warmth, and hollows
@@ -199,6 +207,7 @@ vec3 lit(const country& land, const ground_map& map, const ground_spot& s, const
 float warmed(const country& land, const ground_map& map, const ground_spot& s, const texture& t, float warmth)
 {
     const float fine_grain = .05f * t.stems + .04f * t.blades;
+    warmth = mix(warmth, .34f, .3f * land.snow);
     if (land.night) return warmth * .80f + .06f + .30f * (s.normal.z - .97f) + fine_grain * .6f;
     const float facing = std::max(0.f, dot(s.normal, land.towards_sun));
     const float open = map.shade.at(s.x, s.y) / 255 * cloud_shadow(land, s.x, s.y);
@@ -211,12 +220,13 @@ surface cover(const country& land, const ground_map& map, const ground_spot& s)
 {
     const texture t = texture_at(land, s);
     const float rough = roughness(land, s.x, s.y);
-    layered g = rough_grass(land, s, t);
+    layered g{};
+    if (rough > 0) g = rough_grass(land, s, t);
     if (rough < 1) {
         const layered farmed = farmland(land, s, t, field_at(land, s.x, s.y));
         g = {mix(farmed.colour, g.colour, rough), mix(farmed.warmth, g.warmth, rough)};
     }
-    lay_scars(land, s, t, rough, g);
+    if (rough > 0) lay_scars(land, s, t, rough, g);
     const float off_river = map.river.at(s.x, s.y) - land.river_width / 2;
     if (off_river < 16) lay_bank(land, s, t, off_river, g);
     lay_ways(land, map, s, t, rough, g);

@@ -14,7 +14,7 @@ enum class material : std::uint8_t { sky, ground, plant, building, water };
 // A place on the ground in a pixel.
 struct ground_spot {
     float x, y;
-    float range;
+    float range, bearing, elevation;   // elevation: as the gunner sees it
     vec3 normal;
     float across;   // metres of ground in the pixel, across the view
     float along;    // and along it

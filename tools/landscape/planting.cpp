@@ -1,4 +1,6 @@
 #include "fields.h"
+#include "ground_cover.h"
+#include "sky.h"
 #include "world.h"
 
 namespace tools {
@@ -21,8 +23,8 @@ bool in_the_way(const world& w, float x, float y)
 vec3 leaf_colour(world& w, growth kind, float x, float y)
 {
     const country& land = w.land;
-    const float strength = w.random.between(.80f, 1.22f);
-    if (kind == growth::conifer) return linear(.35f, .41f, .24f) * (.80f * strength);
+    const float strength = w.random.between(.66f, .92f) * (kind == growth::bush ? 1.25f : 1);
+    if (kind == growth::conifer) return land.needles * (1.1f * strength);
     if (kind == growth::bare) return linear(.52f, .46f, .40f) * strength;
     // Neighbouring trees often have the same colour.
     const float stand = clamp01(.5f + .9f * noise(x / 55, y / 55, land.seed + 83));
@@ -30,8 +32,8 @@ vec3 leaf_colour(world& w, growth kind, float x, float y)
     const float pick = w.random.chance(.55f) ? stand : own;
     const auto last = real(land.leaves.size()) - .001f;
     const vec3 colour = land.leaves[index(std::min(last, pick * real(land.leaves.size())))];
-    const float redder = w.random.between(.90f, 1.12f);
-    const float bluer = w.random.between(.85f, 1.15f);
+    const float redder = w.random.between(.93f, 1.07f);
+    const float bluer = w.random.between(.85f, 1.1f);
     return colour * vec3{redder, 1, bluer} * strength;
 }
 
@@ -189,12 +191,70 @@ void plant_riverside(world& w)
                 add_one(w, x, y, growth::bush, {2, 4}, {1.3f, 1.7f});
             else
                 add_one(w, x, y, broadleaf_or_bare(w), {6, 12}, {1, 1.35f});
-            if (w.random.chance(.05f)) add_one(w, x + 4, y, growth::poplar, {14, 19}, {.75f, .9f});
+            if (w.random.chance(.05f)) add_one(w, x + 4, y, growth::broadleaf, {14, 19}, {.4f, .5f});
         }
     }
 }
 
+// How thick tufts stand there, 0 to 1.
+float grassy(const world& w, float x, float y)
+{
+    const float rough = roughness(w.land, x, y);
+    const float off = std::min(
+        {w.map.tracks.at(x, y), w.map.roads.at(x, y) - 1.5f, w.map.river.at(x, y) - w.land.river_width / 2});
+    if (off < 1) return off > 0 && off < .5f ? .2f : 0;
+    const float clumps = .35f + .9f * noise(x / 23, y / 23, 203) + 1.2f * noise(x / 6, y / 6, 251);
+    if (rough > .5f || off < 4) return clumps * (1 - .7f * w.land.snow);
+    const field f = field_at(w.land, x, y);
+    return f.edge < 2.4f ? .9f : 0;
+}
+
+// One tuft or stone, in the light and warmth of its ground.
+void strew_one(world& w, float x, float y, growth kind, float height, float width)
+{
+    const float range = std::hypot(x, y), z = w.ground.height(x, y);
+    constexpr float blur = 1.5f;   // metres; its ground without the finest texture
+    const ground_spot spot{x, y, range, 0, 0, w.ground.normal(x, y, z, blur), blur, blur * 2};
+    const surface under = cover(w.land, w.map, spot);
+    if (under.made_of != material::ground) return;
+    const float clouds = .42f + .58f * cloud_shadow(w.land, x, y);
+    // Some stand in dry or dark patches.
+    const float dark = noise(x / 8, y / 8, 253) + w.random.between(-.5f, .5f);
+    const vec3 own = mix(vec3{1.12f, 1.06f, .92f}, vec3{.58f, .68f, .56f}, smoothstep(-.1f, .7f, dark));
+    const vec3 colour =
+        kind == growth::stone ? linear(.60f, .58f, .54f) : under.light * w.land.tufts * own * (1 / clouds);
+    const int which = first_of(kind) + w.random.below(sprites_of_a_kind);
+    w.plants.push_back({x, y, z - .02f * height, height, width, which, std::atan2(x, y), range, colour,
+                        kind == growth::stone ? 0 : under.warmth});
+}
+
 }   // namespace
+
+void strew(world& w)
+{
+    struct zone {
+        float from, to, ground_of_one;   // metres, square metres
+        limits height;
+    };
+    constexpr zone zones[] = {{300, 460, .4f, {.22f, .9f}},
+                              {460, 720, .8f, {.28f, 1.f}},
+                              {720, 1100, 2, {.35f, 1.1f}},
+                              {1100, 1700, 7, {.5f, 1.2f}}};
+    for (const zone& z : zones) {
+        const int tries = static_cast<int>(view_edge * (z.to * z.to - z.from * z.from) / z.ground_of_one);
+        for (int i = 0; i < tries; ++i) {
+            const float bearing = w.random.between(-view_edge, view_edge);
+            const float range = std::sqrt(w.random.between(z.from * z.from, z.to * z.to));
+            const float x = range * std::sin(bearing), y = range * std::cos(bearing);
+            const float big = w.random.unit();
+            const float tall = mix(z.height.low, z.height.high, big * big * big);
+            const float wide = tall * w.random.between(1, 1.8f);
+            if (!w.random.chance(grassy(w, x, y))) continue;
+            const bool stone = w.random.chance(.004f);
+            strew_one(w, x, y, stone ? growth::stone : growth::tuft, stone ? tall * .7f : tall, wide);
+        }
+    }
+}
 
 void add_tree(world& w, float x, float y, growth kind, float height, float widen)
 {
@@ -251,6 +311,7 @@ void plant_trees(world& w)
     plant_farmland(w, std::max(from, 1700.f), 3400, 3.5f);
     plant_farmland(w, 3400, 6000, 6);
     plant_scrub(w);
+    strew(w);
     std::stable_sort(w.plants.begin(), w.plants.end(),
                      [](const plant& a, const plant& b) { return a.range > b.range; });
 }

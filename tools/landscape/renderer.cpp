@@ -21,15 +21,6 @@ struct strip {
     int first;          // column of the picture
     grid<pixel> samples;
 
-    strip(const world& world, const view& view, const sky* s, int first_column)
-        : w(world),
-          v(view),
-          above(s),
-          first(first_column),
-          samples((std::min(view.width, first_column + strip_width) - first_column) * fine,
-                  view.height * fine, {.light = {}, .range = sky_range})
-    {
-    }
     float sample_angle() const { return v.pixel / fine; }   // radians
     float bearing(float x) const { return v.bearing(real(first) + x / fine); }
     float elevation(float y) const { return v.elevation(y / fine); }
@@ -51,8 +42,14 @@ void set_ground(strip& s, int x, int y, const step& a, const step& b, float sine
     const vec3 normal = mix(a.normal, b.normal, t);
     // The cosine between the line of sight and the normal.
     const float meets = std::max(.02f, -normal.x * sine - normal.y * cosine - normal.z * e);
-    const ground_spot spot{range * sine, range * cosine, range,
-                           normal,       across,         std::min(across / meets, 40 * across)};
+    const ground_spot spot{range * sine,
+                           range * cosine,
+                           range,
+                           s.bearing(real(x) + .5f),
+                           e,
+                           normal,
+                           across,
+                           std::min(across / meets, 40 * across)};
     const surface c = cover(s.w.land, s.w.map, spot);
     s.samples.at(x, y) = {c.made_of == material::water ? c.light : through_air(c.light, range), c.warmth,
                           range, c.made_of};
@@ -165,24 +162,28 @@ leaf_pixel leaf_at(const grid<leaf_pixel>& s, float u, float v)
 const grid<leaf_pixel>& fitting_size(const sprite& s, float rows)
 {
     std::size_t i = 0;
-    for (float side = sprite_side / rows; side > 1.6f && i + 1 < s.size(); side /= 2) ++i;
+    for (float side = real(s[0].width) / rows; side > 1.6f && i + 1 < s.size(); side /= 2) ++i;
     return s[i];
 }
 
 void draw_plant(strip& s, const plant& p)
 {
     const float tall = p.height / p.range / s.sample_angle(), wide = p.width / p.range / s.sample_angle();
-    const float middle = s.column(p.bearing), foot = s.row(std::atan(p.foot / p.range));
-    if (middle + wide < 0 || middle - wide > real(s.samples.width) || foot < -2 ||
-        foot - tall > real(s.samples.height))
-        return;
+    const float middle = s.column(p.bearing);
+    if (middle + wide < 0 || middle - wide > real(s.samples.width)) return;
+    const float foot = s.row(std::atan(p.foot / p.range));
+    if (foot < -2 || foot - tall > real(s.samples.height)) return;
     const grid<leaf_pixel>& picture = fitting_size(s.w.sprites[index(p.sprite)], tall);
     const float side = real(picture.width);
     const float clouds = cloud_shadow(s.w.land, p.x, p.y);
     const vec3 colour = p.colour * (.42f + .58f * clouds);
+    const haze air = haze_of(p.range);
     const float nearer = p.range - .6f,
                 slack = p.range * .002f;   // so that the ground at its foot doesn't hide it
-    const float cooler = s.w.land.night ? .02f : -.08f + .08f * (clouds - .7f);
+    const bool low = is_low(p.sprite);
+    const float cooler = low              ? p.warmer
+                         : s.w.land.night ? .02f + .06f * s.w.land.snow
+                                          : -.08f + .08f * (clouds - .7f);
     const int left = std::max(0, floor_int(middle - wide / 2)),
               right = std::min(s.samples.width - 1, floor_int(middle + wide / 2) + 1);
     const int top = std::max(0, floor_int(foot - tall)),
@@ -196,7 +197,8 @@ void draw_plant(strip& s, const plant& p)
             if (l.alpha < .02f) continue;
             const float alpha = std::min(1.f, l.alpha * 1.15f);
             sample.warmth = mix(sample.warmth, l.warmth / l.alpha + cooler, alpha);
-            sample.light = mix(sample.light, through_air(l.light * (1 / l.alpha) * colour, p.range), alpha);
+            sample.light = mix(sample.light, air(l.light * (1 / l.alpha) * colour), alpha);
+            if (low) continue;
             if (alpha > .35f) sample.made_of = material::plant;
             if (alpha > .5f) sample.range = std::min(sample.range, p.range);
         }
@@ -242,16 +244,11 @@ void resolve(const strip& s, rendered& picture)
     for (int y = 0; y < picture.height; ++y)
         for (int x = 0; x < s.samples.width / fine; ++x) {
             pixel& out = picture.at(s.first + x, y);
-            for (int k = 0; k < fine * fine; ++k) {
-                const pixel& in = s.samples.at(x * fine + k % fine, y * fine + k / fine);
-                out.light = out.light + in.light * share;
-                out.warmth += in.warmth * share;
-                out.made_of = std::max(out.made_of, in.made_of);
-            }
-            const float range = s.samples.at(x * fine, y * fine + fine - 1).range;
+            for (int k = 0; k < fine * fine; ++k)
+                out = out + s.samples.at(x * fine + k % fine, y * fine + k / fine) * share;
             if (out.made_of != material::sky)
-                out.warmth = mix(air_warmth, out.warmth, std::exp(-std::min(range, 20000.f) / air_depth));
-            out.range = range < sky_range ? range : 0;
+                out.warmth = mix(air_warmth, out.warmth, std::exp(-std::min(out.range, 20000.f) / air_depth));
+            if (out.range >= sky_range) out.range = 0;
         }
 }
 
@@ -264,8 +261,13 @@ rendered render(const world& w, const view& v)
     std::optional<sky> above;
     if (!thermal) above.emplace(w.land, v);
     parallel_for((v.width + strip_width - 1) / strip_width, [&](int i) {
-        strip s(w, v, thermal ? nullptr : &*above, i * strip_width);
-        for (int x = 0; x < s.samples.width; ++x) draw_sky(s, x, draw_ground(s, x));
+        const int first = i * strip_width, wide = std::min(v.width - first, strip_width);
+        strip s{w, v, thermal ? nullptr : &*above, first,
+                grid<pixel>(wide * fine, v.height * fine, {.light = {}, .range = sky_range})};
+        // Ground and sky have no edges that need a second column of samples.
+        for (int x = 0; x < s.samples.width; x += fine) draw_sky(s, x, draw_ground(s, x));
+        for (int y = 0; y < s.samples.height; ++y)
+            for (int x = 0; x < s.samples.width; ++x) s.samples.at(x, y) = s.samples.at(x - x % fine, y);
         for (const panel& p : w.panels) draw_panel(s, p);
         for (const plant& p : w.plants) draw_plant(s, p);
         if (w.land.river_width > 0 && !thermal)

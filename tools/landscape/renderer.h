@@ -17,6 +17,15 @@ struct pixel {
     material made_of = material::sky;
 };
 using rendered = grid<pixel>;
+// For means: the range is that of the last one, the material the highest.
+constexpr pixel operator+(const pixel& a, const pixel& b)
+{
+    return {a.light + b.light, a.warmth + b.warmth, b.range, std::max(a.made_of, b.made_of)};
+}
+constexpr pixel operator*(const pixel& p, float share)
+{
+    return {p.light * share, p.warmth * share, p.range, p.made_of};
+}
 
 rendered render(const world&, const view&);
 

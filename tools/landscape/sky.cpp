@@ -6,7 +6,7 @@
 namespace tools {
 namespace {
 
-constexpr int coarser = 2;                 // than the picture
+constexpr int coarser = 4;                 // than the picture
 constexpr float base = 1100, top = 1750;   // of the cumulus, metres
 constexpr float farthest = 60000;          // metres
 constexpr int samples = 40;                // along a line of sight
@@ -114,15 +114,7 @@ sky::sky(const country& land, const view& v)
         }
     });
     // A light blur removes what is left of the jitter.
-    const grid<vec3> sharp = pixels_;
-    for (int y = 1; y < pixels_.height - 1; ++y)
-        for (int x = 1; x < pixels_.width - 1; ++x) {
-            vec3 sum;
-            for (int j = -1; j <= 1; ++j)
-                for (int i = -1; i <= 1; ++i)
-                    sum = sum + sharp.at(x + i, y + j) * ((i != 0 ? 1.f : 2.f) * (j != 0 ? 1.f : 2.f) / 16);
-            pixels_.at(x, y) = sum;
-        }
+    pixels_ = blurred(pixels_, .85f, 1);
 }
 
 vec3 sky::at(float x, float y) const
@@ -139,12 +131,12 @@ float cloud_shadow(const country& land, float x, float y)
     return 1 - .62f * smoothstep(open, open + .28f, n);
 }
 
-vec3 through_air(vec3 colour, float metres)
+haze haze_of(float metres)
 {
     static const vec3 air = linear(.70f, .77f, .85f);
     const float km = metres / 1000;
-    return {mix(air.x, colour.x, std::exp(-km * .062f)), mix(air.y, colour.y, std::exp(-km * .076f)),
-            mix(air.z, colour.z, std::exp(-km * .102f))};
+    const vec3 kept{std::exp(-km * .062f), std::exp(-km * .076f), std::exp(-km * .102f)};
+    return {kept, air * (vec3{1, 1, 1} - kept)};
 }
 
 float sky_warmth(const country& land, float bearing, float elevation)

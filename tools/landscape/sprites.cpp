@@ -19,17 +19,17 @@ struct leaf {
 std::vector<ball> broadleaf_balls(rng& random)
 {
     std::vector<ball> balls;
-    const int count = 14 + random.below(9);
-    const float spread = random.between(.26f, .33f);
+    const int count = 34 + random.below(16);
+    const float spread = random.between(.30f, .38f);
     for (int i = 0; i < count; ++i) {
         const float angle = random.between(0, 6.283f);
-        const float out = std::sqrt(random.unit()) * spread;
-        const float up = random.between(.20f, .84f);
-        const float near_axis = out * (1.12f - .8f * std::fabs(up - .48f));
-        const float q = random.between(.08f, .16f);
-        balls.push_back({{near_axis * std::cos(angle), near_axis * std::sin(angle), up}, {q, q, q * .8f}});
+        const float out = std::pow(random.unit(), .4f) * spread;
+        const float up = random.between(.17f, .90f);
+        const float near_axis = out * (1.15f - 1.1f * std::fabs(up - .46f));
+        const float q = random.between(.05f, .11f);
+        balls.push_back({{near_axis * std::cos(angle), near_axis * std::sin(angle), up}, {q, q, q * .75f}});
     }
-    balls.push_back({{0, 0, .50f}, {.23f, .23f, .32f}});
+    balls.push_back({{0, 0, .50f}, {.19f, .19f, .28f}});
     return balls;
 }
 
@@ -40,9 +40,13 @@ std::vector<ball> conifer_balls(rng& random)
     const float girth = random.between(.19f, .26f);
     for (int i = 0; i < tiers; ++i) {
         const float up = .10f + .86f * real(i) / (tiers - 1);
-        const float q = girth * (1 - up) * random.between(.85f, 1.15f) + .02f;
-        const float aside = random.between(-.02f, .02f);
-        balls.push_back({{aside, 0, up}, {q, q, .045f}});
+        const float q = girth * (1 - up) + .012f;
+        for (int k = 0; k < 7; ++k) {
+            const float angle = random.between(0, 6.283f);
+            const float out = q * random.between(.35f, .95f);
+            const float r = q * random.between(.25f, .5f) + .008f;
+            balls.push_back({{out * std::cos(angle), out * std::sin(angle), up - .25f * out}, {r, r, .03f}});
+        }
     }
     return balls;
 }
@@ -50,28 +54,21 @@ std::vector<ball> conifer_balls(rng& random)
 std::vector<ball> bush_balls(rng& random)
 {
     std::vector<ball> balls;
-    const int count = 8 + random.below(7);
+    const int count = 22 + random.below(12);
     for (int i = 0; i < count; ++i) {
-        const float q = random.between(.10f, .20f);
+        const float q = random.between(.05f, .13f);
         const float x = random.between(-.34f, .34f);
         const float y = random.between(-.2f, .2f);
-        const float z = random.between(.04f, .50f - .5f * std::fabs(x));
+        const float z = random.between(.04f, .56f - .6f * std::fabs(x));
         balls.push_back({{x, y, z}, {q, q, q * 1.05f}});
     }
     return balls;
 }
 
-std::vector<ball> poplar_balls(rng& random)
+std::vector<ball> stone_balls(rng& random)
 {
-    std::vector<ball> balls;
-    constexpr int count = 11;
-    for (int i = 0; i < count; ++i) {
-        const float up = .13f + .80f * real(i) / (count - 1);
-        const float q = .14f * std::sin(2.85f * up + .2f) + .03f;
-        const float aside = random.between(-.04f, .04f);
-        balls.push_back({{aside, 0, up}, {q, q, .11f}});
-    }
-    return balls;
+    const float tall = random.between(.2f, .4f);
+    return {{{0, 0, .05f}, {.4f, .3f, tall}}, {{random.between(-.2f, .2f), 0, .1f}, {.25f, .25f, tall}}};
 }
 
 vec3 direction(rng& random)
@@ -85,7 +82,21 @@ vec3 direction(rng& random)
     }
 }
 
-leaf leaf_on(const country& land, growth kind, const ball& b, float top, std::uint32_t seed, rng& random)
+// The share of the light from a direction that gets to a place through the balls.
+float open_towards(vec3 from, const std::vector<ball>& balls, vec3 place)
+{
+    float open = 1;
+    for (const ball& b : balls) {
+        const vec3 whole{1 / b.radius.x, 1 / b.radius.y, 1 / b.radius.z};
+        const vec3 to = (b.middle - place) * whole, ray = unit(from * whole);
+        const float along = dot(to, ray), miss = dot(to, to) - along * along;
+        if (along > .3f) open *= 1 - .62f * clamp01(1.6f * (1 - miss)) * smoothstep(.3f, 1, along);
+    }
+    return open;
+}
+
+leaf leaf_on(const country& land, growth kind, const std::vector<ball>& balls, const ball& b, float top,
+             std::uint32_t seed, rng& random)
 {
     const vec3 d = direction(random);
     const float rough = 1 + .2f * noise(d.x * 3 + b.middle.x * 20, d.z * 3 + d.y * 2, seed);
@@ -95,14 +106,25 @@ leaf leaf_on(const country& land, growth kind, const ball& b, float top, std::ui
     // Half of the shading is that of its ball, half that of the whole crown.
     const vec3 crown = unit(vec3{place.x, place.y, (place.z - .5f * top) * .8f} + vec3{0, 0, .001f});
     const vec3 facing = unit(d + crown * .9f);
-    const float sun = std::max(0.f, dot(facing, land.towards_sun));
-    const float open =
-        clamp01(.22f + .78f * place.z / top) * clamp01(.55f + .45f * facing.z + .25f * (out - .7f));
-    const vec3 light = land.sunlight * (sun * .74f) + land.skylight * (.95f * open) +
-                       vec3{.06f, .09f, .01f} * clamp01(.4f - dot(facing, land.towards_sun));
-    const float size = kind == growth::bush ? random.between(.008f, .017f) : random.between(.006f, .014f);
+    const float sun =
+        clamp01(.15f + .85f * dot(facing, land.towards_sun)) * open_towards(land.towards_sun, balls, place);
+    const float open = clamp01(.4f + .6f * place.z / top) *
+                       clamp01(.6f + .4f * facing.z + .25f * (out - .7f)) *
+                       (.4f + .6f * open_towards({0, -.5f, .87f}, balls, place));
+    // What shines through a leaf is yellower.
+    const vec3 light = land.sunlight * (sun * 1.1f) + land.skylight * open +
+                       land.sunlight * vec3{.10f, .12f, .03f} * clamp01(.6f - dot(facing, land.towards_sun));
+    const float size = kind == growth::bush    ? random.between(.005f, .011f)
+                       : kind == growth::stone ? .05f
+                                               : random.between(.003f, .0075f);
     const float warmth = .30f + (land.night ? .16f * open - .02f : .35f * sun + .08f * open);
-    return {place, size, light * random.between(.68f, 1.32f), warmth};
+    const float bright = random.between(.55f, 1.45f);
+    if (!random.chance(land.snow * .8f * smoothstep(0, .8f, d.z)))
+        return {place, size, light * bright, warmth};
+    // White, whatever the colour of the leaf.
+    const vec3 leaf = kind == growth::conifer ? land.needles : land.leaves[0];
+    return {place, size, light * (.8f + .15f * bright) * vec3{.6f / leaf.x, .6f / leaf.y, .6f / leaf.z},
+            warmth};
 }
 
 void put(grid<leaf_pixel>& s, int x, int y, vec3 light, float alpha, float warmth)
@@ -123,18 +145,6 @@ void put_disc(grid<leaf_pixel>& s, const leaf& l)
             const float alpha = clamp01(radius - std::hypot(real(i) + .5f - x, real(j) + .5f - y) + .5f);
             if (alpha > 0) put(s, i, j, l.light, alpha * .9f, l.warmth);
         }
-}
-
-void put_trunk(const country& land, grid<leaf_pixel>& s, float thickness)
-{
-    const vec3 bark = linear(.62f, .56f, .52f);
-    for (int y = 0; y < s.width / 2; ++y) {
-        const float half = thickness * (1.3f - real(y) / real(s.width)) * real(s.width);
-        for (int x = floor_int(real(s.width) / 2 - half); x <= floor_int(real(s.width) / 2 + half); ++x) {
-            const float round = .6f - .5f * (real(x) - real(s.width) / 2) / (half + 1);
-            put(s, x, s.width - 1 - y, bark * (land.sunlight * (.5f * round) + land.skylight * .5f), 1, .35f);
-        }
-    }
 }
 
 // A bough and, recursively, its branches.
@@ -165,31 +175,59 @@ void put_bough(const country& land, grid<leaf_pixel>& s, float x, float y, float
 void put_leaves(const country& land, grid<leaf_pixel>& s, growth kind, std::uint32_t seed, rng& random)
 {
     using shape = std::vector<ball> (*)(rng&);
-    static constexpr shape shapes[] = {broadleaf_balls, conifer_balls, bush_balls, poplar_balls};
+    static constexpr shape shapes[] = {broadleaf_balls, conifer_balls, bush_balls, stone_balls};
     const std::vector<ball> balls = shapes[static_cast<int>(kind)](random);
     float top = 0;
     for (const ball& b : balls) top = std::max(top, b.middle.z + b.radius.z);
     std::vector<leaf> leaves;
     for (const ball& b : balls) {
         const float part = b.radius.x / .18f;
-        const int count = static_cast<int>((kind == growth::conifer ? 420.f : 560.f) * part * part) + 90;
+        const float dense = kind == growth::bush ? 1200 : 2200;
+        const int count = static_cast<int>(dense * part * part) + 70;
         for (int i = 0; i < count; ++i) {
-            const leaf l = leaf_on(land, kind, b, top, seed, random);
+            const leaf l = leaf_on(land, kind, balls, b, top, seed, random);
             if (l.place.z > 0) leaves.push_back(l);
         }
     }
     std::stable_sort(leaves.begin(), leaves.end(),
                      [](const leaf& a, const leaf& b) { return a.place.y > b.place.y; });
-    if (kind != growth::bush) put_trunk(land, s, kind == growth::conifer ? .011f : .018f);
+    if (kind < growth::bush)
+        put_bough(land, s, 0, 0, 0, .5f, kind == growth::conifer ? .011f : .018f, 0, random);
+    for (leaf_pixel& bark : s.cells) bark.light = bark.light * .35f;   // darker than a leaf
     for (const leaf& l : leaves) put_disc(s, l);
+}
+
+// Grass: blades that fan out and bend, dark between their feet and pale at the tips.
+void put_blades(grid<leaf_pixel>& s, rng& random)
+{
+    const int blades = 60 + random.below(70);
+    const float spread = random.between(.12f, .3f);
+    for (int i = 0; i < blades; ++i) {
+        const float aside = spread * random.normal();
+        const float lean = aside * random.between(.4f, 1.6f) + random.between(-.16f, .16f);
+        const float tall = random.between(.3f, .95f) * (1 - std::min(.7f, std::fabs(aside)));
+        const float own = random.between(.78f, 1.25f);
+        const float dry = random.between(0, .16f);
+        const int steps = floor_int(tall * real(s.width));
+        for (int k = 0; k < steps; ++k) {
+            const float t = real(k) / real(steps);
+            const float x = (.5f + .7f * aside + lean * t * t) * real(s.width);
+            const float tone = own * (.52f + .70f * t - .3f * aside);
+            put(s, floor_int(x), s.width - 1 - floor_int(tall * (1 - .25f * t) * t * real(s.width)),
+                vec3{tone * (1 + dry), tone, tone * (1 - dry)}, .8f, .10f * t - .04f);
+        }
+    }
 }
 
 sprite draw(const country& land, growth kind, std::uint32_t seed)
 {
     rng random(seed);
-    sprite s{grid<leaf_pixel>(sprite_side, sprite_side)};
+    const int side = is_low(first_of(kind)) ? 64 : 512;
+    sprite s{grid<leaf_pixel>(side, side)};
     if (kind == growth::bare)
-        put_bough(land, s[0], .5f, 0, 0, .26f, .020f, 6, random);
+        put_bough(land, s[0], 0, 0, 0, .26f, .020f, 6, random);
+    else if (kind == growth::tuft)
+        put_blades(s[0], random);
     else
         put_leaves(land, s[0], kind, seed, random);
     while (s.back().width > 1) s.push_back(halved(s.back()));

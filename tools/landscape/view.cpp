@@ -18,11 +18,12 @@ constexpr float nearest_step = 50, square_base = 500;
 
 }   // namespace
 
-view view_of(const country& land, int scale)
+view view_of(const country& land, float scale)
 {
     const float pixel = land.sight == vorn::sight_kind::visual ? visual_pixel : thermal_pixel;
     const float horizon = real(land.height) / 3 - far_strip / pixel;
-    return {land.width / scale, land.height / scale, pixel * real(scale), horizon / real(scale)};
+    return {static_cast<int>(real(land.width) / scale), static_cast<int>(real(land.height) / scale),
+            pixel * scale, horizon / scale};
 }
 
 float target_side(vorn::sight_kind sight, float range)

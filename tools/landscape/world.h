@@ -17,6 +17,7 @@ struct plant {
     int sprite;
     float bearing, range;
     vec3 colour;
+    float warmer = 0;   // than other plants
 };
 
 // A piece of a wall or a roof.
@@ -46,6 +47,8 @@ inline constexpr float road_wander = .5f;   // of a road, relative to that of a 
 void mark_ways(world&);
 // Farms and the hamlet with its church.
 void build_houses(world&);
+// Tufts of grass and stones on the ground as it is lit with all the shadows.
+void strew(world&);
 // Woods, belts, copses, hedges, scrub, trees along the river; each with its shadow on the map.
 void plant_trees(world&);
 void add_tree(world&, float x, float y, growth, float height, float widen = 1);
