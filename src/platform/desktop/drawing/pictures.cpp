@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QPixmapCache>
 #include <algorithm>
 #include <cmath>
 #include <string_view>
@@ -107,8 +108,8 @@ static const QImage& twin_image(const decoded_picture& pixels)
     if (!pixels.twin_image) {
         QImageReader reader(pixels.twin);
         reader.setDecideFormatFromContent(true);
-        const QImage twin = reader.read();
-        pixels.twin_image = twin.isNull() ? pixels.sizes.back() : drawable(twin);
+        QImage twin = reader.read();
+        pixels.twin_image = twin.isNull() ? pixels.sizes.back() : drawable(std::move(twin));
     }
     return *pixels.twin_image;
 }
@@ -125,11 +126,32 @@ const QImage* image_for(const picture& pic, const QSize& device)
     return decoded->twin.isEmpty() ? &decoded->sizes.back() : &twin_image(*decoded);
 }
 
+// Drawn once for each size: the outlines of the marks take most of the time of a repaint.
+static void draw_cached(QPainter& p, const std::string& name, const QRect& at)
+{
+    constexpr int largest_side = 1200;   // pixels; larger drawings would push the others out
+    if (std::max(at.width(), at.height()) > largest_side) return draw_named(p, name, QRectF(at));
+    const QString key =
+        QString("%1 %2 %3").arg(QString::fromStdString(name)).arg(at.width()).arg(at.height());
+    QPixmap drawn;
+    if (!QPixmapCache::find(key, &drawn)) {
+        QPixmapCache::setCacheLimit(64 * 1024);   // kilobytes
+        drawn = QPixmap(at.size());
+        drawn.fill(Qt::transparent);
+        QPainter q(&drawn);
+        draw_named(q, name, QRectF(QPointF(0, 0), at.size()));
+        q.end();
+        QPixmapCache::insert(key, drawn);
+    }
+    p.drawPixmap(at.topLeft(), drawn);
+}
+
 void draw_picture(QPainter& p, const picture& pic, const QRect& at)
 {
-    if (is_drawing(pic)) return draw_named(p, pic.source, QRectF(at));
+    if (at.isEmpty()) return;
+    if (is_drawing(pic)) return draw_cached(p, pic.source, at);
     const QImage* image = image_for(pic, at.size());
-    if (image == nullptr || at.isEmpty()) return;
+    if (image == nullptr) return;
     p.setRenderHint(QPainter::SmoothPixmapTransform, image->size() != at.size());
     p.drawImage(at, *image);
 }
