@@ -9,6 +9,8 @@
 #include <memory>
 #include <system_error>
 
+#include "platform/files.h"
+
 namespace vorn {
 
 namespace {
@@ -75,8 +77,9 @@ bool is_usable(const SDL_AudioSpec& format, Uint32 size)
 QByteArray read_wave(const std::string& file)
 {
     std::error_code failed;
-    if (!std::filesystem::is_regular_file(file, failed) ||
-        std::filesystem::file_size(file, failed) > max_file_size)
+    const std::filesystem::path path = from_utf8(file);
+    if (!std::filesystem::is_regular_file(path, failed) ||
+        std::filesystem::file_size(path, failed) > max_file_size)
         return {};
     SDL_AudioSpec format{};
     Uint8* bytes = nullptr;
