@@ -138,6 +138,32 @@ TEST_F(keys, a_held_return_answers_no_box_and_clicks_a_button_once)
     EXPECT_EQ(log, (strings{"click", "answered"}));
 }
 
+// The box is gone before the key is up, and the window system tells nobody.
+TEST_F(keys, whose_release_was_missed_count_as_pressed_again)
+{
+    screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
+    button.Click = [&] { log.push_back("click"); };
+    bool down = true, asked = false;
+    pc.key_is_down = [&](quint32) {
+        asked = true;
+        return down;
+    };
+    open(one);
+    widget<QPushButton>(button).setFocus();
+    const auto answered_and_pressed_again = [&] {
+        when_box<QMessageBox>([](QMessageBox& box) { QTest::keyPress(box.windowHandle(), Qt::Key_Return); });
+        pc.message_box({"NO SUCH FILE", "RANGE"});
+        asked = false;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return asked; }));
+        press(one, Qt::Key_Return);
+        return std::exchange(log, {});
+    };
+    EXPECT_TRUE(answered_and_pressed_again().empty()) << "it is still down";
+    release(one, Qt::Key_Return);
+    down = false;
+    EXPECT_EQ(answered_and_pressed_again(), strings{"click"});
+}
+
 TEST_F(keys, of_the_gun_answer_no_box)
 {
     double seconds = 100;

@@ -72,10 +72,12 @@ public:
     // Where the data is installed; empty in a build tree.
     std::filesystem::path installed_data;
 
-    // Tests replace these: the end of the process, real time in seconds, and whether there is a printer.
+    // Tests replace these: the end of the process, real time in seconds, whether there is a printer, and
+    // whether the key of a scan code is down (null where that can't be asked).
     std::function<void()> leave;
     std::function<double()> world_clock;
     std::function<bool()> printer_present;
+    std::function<bool(quint32)> key_is_down;
 
 private:
     // The counted move that is running; times as of now().

@@ -20,7 +20,8 @@ namespace {
 // For this many seconds after a box opens, a letter is taken as meant for the gun, not for the box.
 constexpr double letter_delay = 1;
 
-// The longest interval of auto-repeat in milliseconds. After a longer one the release was missed.
+// The longest interval of auto-repeat in milliseconds. After a longer one the release was missed. Used where
+// the system doesn't mark auto-repeat.
 constexpr quint64 longest_repeat = 1500;
 
 constexpr std::array<std::pair<int, int>, 26> named_keys{{
@@ -81,17 +82,53 @@ bool is_bare_letter(const QKeyEvent& e)
     return letter && !(e.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier));
 }
 
+// Whether the system says which presses are auto-repeat. X11 doesn't, once it sends no releases during it.
+bool marks_repeat()
+{
+    return QGuiApplication::platformName() == "windows" || QGuiApplication::platformName() == "wayland";
+}
+
+#if QT_CONFIG(xcb)
+Display* x11_display()
+{
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 == nullptr ? nullptr : x11->display();
+}
+
+// A function of Xlib. Not linked: Qt has loaded the library if there is an X server.
+template <class Function>
+Function x11_function(const char* name)
+{
+    return reinterpret_cast<Function>(QLibrary::resolve("X11", 6, name));
+}
+#endif
+
 // Asks X11 to send no release events during auto-repeat.
 void enable_detectable_repeat()
 {
 #if QT_CONFIG(xcb)
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr || x11->display() == nullptr) return;
-    using set_detectable = int (*)(Display*, int, int*);
-    // Not linked: Qt has loaded the library if there is an X server.
-    const auto set =
-        reinterpret_cast<set_detectable>(QLibrary::resolve("X11", 6, "XkbSetDetectableAutoRepeat"));
-    if (set != nullptr) set(x11->display(), 1, nullptr);
+    Display* const display = x11_display();
+    if (display == nullptr) return;
+    const auto set = x11_function<int (*)(Display*, int, int*)>("XkbSetDetectableAutoRepeat");
+    if (set != nullptr) set(display, 1, nullptr);
+#endif
+}
+
+// A function that asks X11 whether the key of this scan code is down; null on other systems.
+std::function<bool(quint32)> x11_key_state()
+{
+#if QT_CONFIG(xcb)
+    Display* const display = x11_display();
+    if (display == nullptr) return nullptr;
+    const auto query = x11_function<int (*)(Display*, char*)>("XQueryKeymap");
+    if (query == nullptr) return nullptr;
+    return [=](quint32 key) {
+        std::array<char, 32> bits{};   // one for each key
+        query(display, bits.data());
+        return key / 8 >= bits.size() || (bits[key / 8] >> key % 8 & 1) != 0;
+    };
+#else
+    return nullptr;
 #endif
 }
 
@@ -116,6 +153,34 @@ keyboard::keyboard(desktop_machine& pc) : pc_(pc)
 {
     qApp->installEventFilter(this);
     enable_detectable_repeat();
+    pc_.key_is_down = x11_key_state();
+    watch_.setInterval(10);   // a key that is hit again is up for longer
+    QObject::connect(&watch_, &QTimer::timeout, this, &keyboard::look_for_releases);
+}
+
+// The release of a key that answers a box, or is down when another window gets the input, may go to no window
+// of the program. Its next press would be taken for a repeat.
+void keyboard::watch()
+{
+    if (pc_.key_is_down) watch_.start();
+}
+
+void keyboard::look_for_releases()
+{
+    std::vector<quint32> up;
+    for (const auto& [key, k] : down_)
+        if (!pc_.key_is_down(key)) up.push_back(key);
+    for (const quint32 key : up) end(key);
+    if (down_.empty()) watch_.stop();
+}
+
+void keyboard::end(quint32 key)
+{
+    const auto found = down_.find(key);
+    if (found == down_.end()) return;
+    key_down k = found->second;
+    down_.erase(found);
+    send_up(k);
 }
 
 void keyboard::send_up(key_down& k)
@@ -132,6 +197,7 @@ void keyboard::release_all()
     for (const auto& [key, k] : down_) keys.push_back(key);
     for (const quint32 key : keys)
         if (const auto k = down_.find(key); k != down_.end()) send_up(k->second);
+    watch();
 }
 
 void keyboard::send_down(form& f, int code, key_down& k)
@@ -145,9 +211,11 @@ void keyboard::send_down(form& f, int code, key_down& k)
 bool keyboard::pressed(form_window* w, const QKeyEvent& e)
 {
     key_down& k = down_[identity(e)];
-    const bool held = e.isAutoRepeat() || (k.last != 0 && e.timestamp() - k.last < longest_repeat);
+    const bool unreleased = k.last != 0 && e.timestamp() - k.last < longest_repeat;
+    const bool held = e.isAutoRepeat() || (unreleased && !marks_repeat());
     k.last = e.timestamp();
     if (w == nullptr) {
+        watch();
         const bool box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr;
         if (box && is_bare_letter(e) && pc_.box_age() < letter_delay) return true;
         return held && (box || is_answer(e));
@@ -170,11 +238,7 @@ bool keyboard::pressed(form_window* w, const QKeyEvent& e)
 
 void keyboard::released(const QKeyEvent& e)
 {
-    const auto found = down_.find(identity(e));
-    if (found == down_.end() || e.isAutoRepeat()) return;
-    key_down k = found->second;
-    down_.erase(found);
-    send_up(k);
+    if (!e.isAutoRepeat()) end(identity(e));
 }
 
 // Qt delivers each key first to the window and then to widgets in it; only the first counts.

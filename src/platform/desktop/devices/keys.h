@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <map>
 
 #include "platform/objects.h"
@@ -37,8 +38,12 @@ private:
     void released(const QKeyEvent&);
     void send_down(form&, int code, key_down&);
     void send_up(key_down&);
+    void end(quint32 key);
+    void watch();
+    void look_for_releases();
 
     desktop_machine& pc_;
+    QTimer watch_;
     std::map<quint32, key_down> down_;
 };
 
