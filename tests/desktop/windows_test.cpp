@@ -171,6 +171,38 @@ TEST_F(windows, a_screen_that_comes_to_the_front_arrives_once)
     EXPECT_EQ(log, strings{"one"});
 }
 
+// As Windows does: there a window that is shown is active before `show` returns.
+struct activates_when_shown : QObject {
+    bool eventFilter(QObject* window, QEvent* e) override
+    {
+        if (e->type() != QEvent::Show) return false;
+        QEvent active(QEvent::WindowActivate);
+        QCoreApplication::sendEvent(window, &active);
+        return false;
+    }
+};
+
+TEST_F(windows, a_window_that_is_activated_while_it_is_shown_changes_no_order)
+{
+    open(one);
+    open(two);
+    pc.run([&] {
+        hide(pc, one.f);
+        hide(pc, two.f);
+    });
+    EXPECT_FALSE(window(one).isVisible() || window(two).isVisible());
+    activates_when_shown filter;
+    for (screen* s : {&one, &two}) window(*s).installEventFilter(&filter);
+    one.f.arrival = [&] { log.push_back("one"); };
+    two.f.arrival = [&] { log.push_back("two"); };
+    pc.run([&] {
+        show(pc, one.f);
+        show(pc, two.f);
+    });
+    EXPECT_EQ(front(pc), &two.f);
+    EXPECT_EQ(log, (strings{"one", "two"}));
+}
+
 TEST_F(windows, the_screen_is_notified_when_the_mouse_leaves_the_window)
 {
     one.f.MouseLeave = [&] { log.push_back("left"); };

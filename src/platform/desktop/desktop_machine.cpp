@@ -76,13 +76,15 @@ void desktop_machine::run(const std::function<void()>& event)
 
 void desktop_machine::sync()
 {
+    if (placing_) return;   // the outer call goes on
     place_windows();
     for (const form* f : screens.shown) window(*f)->sync();
 }
 
 void desktop_machine::activated(form& f)
 {
-    if (ending_ || f.state != form_state::shown || front(*this) == &f) return;
+    // While windows are placed the program chooses the one in front.
+    if (ending_ || placing_ || f.state != form_state::shown || front(*this) == &f) return;
     last_front_ = window(f);   // keeps sync from activating it again: two windows could alternate endlessly
     run([&] { came_to_front(*this, f); });
 }

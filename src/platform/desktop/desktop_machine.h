@@ -100,6 +100,7 @@ private:
     void tick();
     void before_box();
     void place_windows();
+    void place_shown();
     void open_window(form_window&, const form_window* before, bool over_it);
     form_window& make_window(form&);
     QWidget* front_window() const;
@@ -121,6 +122,7 @@ private:
     std::optional<counted_move> move_;
     std::vector<recent_picture> recent_;
     bool events_delayed_ = false;   // by a counted move
+    bool placing_ = false;
     bool ending_ = false;
 };
 

@@ -48,19 +48,29 @@ void desktop_machine::open_window(form_window& w, const form_window* before, boo
     w.show();
 }
 
-// A window is hidden only after the next one has been painted, so that the desktop behind doesn't flash up.
+// Showing or raising a window may activate it at once, and deactivate another, whose handlers may show
+// further screens. These are placed after the first ones.
 void desktop_machine::place_windows()
 {
-    if (shown_ == screens.shown) return;
-    const std::vector<form*> before = std::exchange(shown_, screens.shown);
+    placing_ = true;
+    while (shown_ != screens.shown) place_shown();
+    placing_ = false;
+}
+
+// A window is hidden only after the next one has been painted, so that the desktop behind doesn't flash up.
+void desktop_machine::place_shown()
+{
+    const std::vector<form*> shown = screens.shown;
+    const std::vector<form*> before = std::exchange(shown_, shown);
     const bool replaced =
-        std::any_of(before.begin(), before.end(), [&](form* f) { return !contains(shown_, f); });
-    for (form* f : shown_)
-        if (!contains(before, f)) open_window(make_window(*f), last_front_, !before.empty() && !replaced);
+        std::any_of(before.begin(), before.end(), [&](form* f) { return !contains(shown, f); });
+    for (form* f : shown) make_window(*f);
+    for (form* f : shown)
+        if (!contains(before, f)) open_window(*window(*f), last_front_, !before.empty() && !replaced);
     for (form* f : before)
-        if (!contains(shown_, f)) leaving_.push_back(window(*f));
-    if (shown_.empty()) return hide_leaving();
-    form_window& top = *window(*shown_.back());
+        if (!contains(shown, f)) leaving_.push_back(window(*f));
+    if (shown.empty()) return hide_leaving();
+    form_window& top = *window(*shown.back());
     if (last_front_ != &top) {
         top.raise();
         top.activateWindow();
