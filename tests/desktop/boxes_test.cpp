@@ -228,6 +228,17 @@ TEST_F(help, wraps_a_search_around)
     EXPECT_TRUE(page()->window()->isVisible()) << "Enter only searches";
 }
 
+// Those of Windows would be light, under the light text of the palette.
+TEST_F(help, draws_its_controls_itself_whatever_the_style_of_the_platform)
+{
+    const QString before = QApplication::style()->name();
+    QApplication::setStyle("Windows");
+    show("<p>page</p>");
+    for (const QWidget* w : page()->window()->findChildren<QWidget*>())
+        EXPECT_EQ(w->style()->name(), "fusion") << w->metaObject()->className();
+    QApplication::setStyle(before);
+}
+
 TEST_F(help, reports_a_missing_file)
 {
     open(one);

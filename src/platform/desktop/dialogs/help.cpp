@@ -1,6 +1,7 @@
 #include "platform/desktop/dialogs/help.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QCoreApplication>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QImage>
@@ -10,6 +11,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QStyleFactory>
 #include <QTextBrowser>
 #include <QTextObjectInterface>
 #include <QVBoxLayout>
@@ -135,6 +137,15 @@ help_window::help_window(const QIcon& icon)
     add_search(*row);
     connect(add_button(*row, "Close"), &QPushButton::clicked, this, &QDialog::close);
     add_zoom_keys();
+    use_fusion();
+}
+
+// The style of the platform may draw its own light controls under the palette's light text.
+void help_window::use_fusion()
+{
+    QStyle* fusion = QStyleFactory::create("Fusion");
+    fusion->setParent(QCoreApplication::instance());   // outlives the controls
+    for (QWidget* w : findChildren<QWidget*>()) w->setStyle(fusion);
 }
 
 QPushButton* help_window::add_button(QHBoxLayout& row, const QString& caption)

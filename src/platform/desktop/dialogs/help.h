@@ -25,6 +25,7 @@ private:
     void add_navigation(QHBoxLayout&);
     void add_search(QHBoxLayout&);
     void add_zoom_keys();
+    void use_fusion();
     void follow(const QUrl& link);
     // Selects the next match, wrapping around at the end of the page; reports when there is none.
     void search(QTextDocument::FindFlags);
