@@ -42,6 +42,23 @@ TEST_F(data_places, writable_data_is_not_copied)
     EXPECT_FALSE(fs::exists(own));
 }
 
+TEST_F(data_places, the_data_is_found_beside_the_program_at_its_usual_place_or_in_the_sources)
+{
+    const fs::path tree = folder / "tree";
+    const auto used = [&](const fs::path& program, const fs::path& usual) {
+        return find_data(program, usual, own).used;
+    };
+    put(tree / "data/ranges/visualrange.arf", "range");
+    EXPECT_EQ(used(installed, tree / "none"), installed);
+    EXPECT_EQ(used(tree / "build/release", installed), installed);
+    EXPECT_EQ(used(tree / "build/release", tree / "none"), tree / "data");
+    EXPECT_EQ(used(folder, tree / "none"), tree / "none") << "the user is asked";
+    EXPECT_EQ(find_data(installed, folder, own).installed, installed);
+    put(installed / "uninstall.exe", "");
+    EXPECT_EQ(used(installed, folder), own) << "the installer keeps its files";
+    EXPECT_EQ(get(own / "ranges/visualrange.arf"), "range");
+}
+
 TEST_F(data_places, missing_files_are_copied_and_changed_ones_kept)
 {
     fs::permissions(installed / "ranges/visualrange.arf", fs::perms::owner_read);

@@ -17,16 +17,15 @@ namespace vorn {
 
 namespace fs = std::filesystem;
 
-static bool can_write(const fs::path& folder)
-{
-    return QFileInfo(QString::fromStdString(to_utf8(folder))).isWritable();
-}
-
 // For each copied file, the modification time of the installed file when it was copied. The copy has the same
 // time, unless the user has replaced it.
 using copied_times = std::map<std::string, long long>;
 
 static constexpr const char* times_file = ".copied";
+
+// Stands beside what the installer for Windows has written. Also a user who could write there works on a
+// copy, since the installer replaces and removes its own files.
+static constexpr const char* uninstaller = "uninstall.exe";
 
 static bool was_complete(const fs::path& folder)
 {
@@ -48,6 +47,16 @@ static copied_times read_times(const fs::path& folder)
 static fs::path temporary_for(fs::path file)
 {
     return file += '.' + std::to_string(QCoreApplication::applicationPid()) + ".part";
+}
+
+// By trial: what the access lists of NTFS or of a network folder allow can't be seen from a folder's mode.
+static bool can_write(const fs::path& folder)
+{
+    const fs::path trial = temporary_for(folder / "writable");
+    std::error_code ignored;
+    const bool made = std::ofstream(trial).is_open();
+    fs::remove(trial, ignored);
+    return made;
 }
 
 static bool rename_to(const fs::path& temporary, const fs::path& file)
@@ -148,7 +157,7 @@ bool fill_directory(const fs::path& from, const fs::path& to)
         const bool copied = needed && copy_with_time(i->path(), own);
         complete &= copied == needed;
         // Equal times also identify a file that an interrupted start has copied but not recorded.
-        if (copied || time_of(own) == time_of(i->path())) times[name] = time_of(i->path());
+        if (copied || same_time(time_of(own), time_of(i->path()))) times[name] = time_of(i->path());
     }
     complete = complete && !failed;
     // The list is first written when the copy is complete.
@@ -174,9 +183,27 @@ QString folder_of_same_file(const fs::path& installed, const std::string& file)
 
 fs::path data_directory(const fs::path& installed, const fs::path& own)
 {
-    if (own.empty() || can_write(installed / "ranges")) return installed;
+    std::error_code failed;
+    const bool kept = fs::exists(installed / uninstaller, failed);
+    if (own.empty() || (!kept && can_write(installed / "ranges"))) return installed;
     const bool usable = was_complete(own / "ranges");
     return fill_directory(installed / "ranges", own / "ranges") || usable ? own : installed;
+}
+
+static bool has_ranges(const fs::path& folder)
+{
+    std::error_code failed;
+    return fs::is_directory(folder / "ranges", failed);
+}
+
+data_place find_data(const fs::path& program, const fs::path& usual, const fs::path& own)
+{
+    for (const fs::path& installed : {program, usual})
+        if (has_ranges(installed)) return {installed, data_directory(installed, own)};
+    fs::path above = program;
+    for (int i = 0; i <= 4; ++i, above = above.parent_path())
+        if (has_ranges(above / "data")) return {{}, above / "data"};
+    return {{}, usual};
 }
 
 }   // namespace vorn

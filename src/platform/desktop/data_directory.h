@@ -8,10 +8,22 @@
 
 namespace vorn {
 
-// The directory that contains the folder "ranges": `installed` if its ranges are writable, otherwise `own`,
-// after the files missing there have been copied. Files that the user has changed are kept. When copying
-// fails (full disk, no home directory), `own` is still used if it has once been complete, since the user's
-// saved files are there; otherwise `installed`, which is enough for a practice.
+struct data_place {
+    std::filesystem::path installed;   // as shipped; empty in a build tree
+    std::filesystem::path used;        // contains the folder "ranges" that the trainer works on
+};
+
+// Looks for the data of a program in the folder `program`: in that folder (on Windows, or unpacked on a
+// stick), in the folder where it is `usual`ly installed, and in the sources in whose build tree it is.
+// Where there is none, `usual` is used, so that the user is asked.
+data_place find_data(const std::filesystem::path& program, const std::filesystem::path& usual,
+                     const std::filesystem::path& own);
+
+// The directory that contains the folder "ranges": `installed` if its ranges are writable and no installer
+// keeps them, otherwise `own`, after the files missing there have been copied. Files that the user has
+// changed are kept. When copying fails (full disk, no home directory), `own` is still used if it has once
+// been complete, since the user's saved files are there; otherwise `installed`, which is enough for a
+// practice.
 std::filesystem::path data_directory(const std::filesystem::path& installed,
                                      const std::filesystem::path& own);
 
