@@ -10,20 +10,34 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// All includes below a folder that match a pattern, as "file: line".
-std::vector<std::string> includes(const std::string& folder, const std::string& pattern,
-                                  const std::string& except = "/desktop/")
+// All lines below a folder that match a pattern, as "file: line".
+std::vector<std::string> lines(const std::string& folder, const std::string& pattern,
+                               const std::string& except = "/desktop/")
 {
-    const std::regex wanted("#include *[<\"]" + pattern);
+    const std::regex wanted(pattern);
     std::vector<std::string> found;
     for (const auto& entry : fs::recursive_directory_iterator(fs::path(VORN_SOURCE_DIR) / folder)) {
-        if (!entry.is_regular_file() || entry.path().string().find(except) != std::string::npos) continue;
+        if (!entry.is_regular_file() || entry.path().generic_string().find(except) != std::string::npos)
+            continue;
         std::ifstream in(entry.path());
         for (std::string line; std::getline(in, line);)
             if (std::regex_search(line, wanted))
                 found.push_back(entry.path().filename().string() + ": " + line);
     }
     return found;
+}
+
+std::vector<std::string> includes(const std::string& folder, const std::string& pattern,
+                                  const std::string& except = "/desktop/")
+{
+    return lines(folder, "#include *[<\"]" + pattern, except);
+}
+
+TEST(boundaries, only_the_desktop_asks_for_the_system)
+{
+    const std::string names = "^ *#.*(_WIN(32|64)|__(linux|unix|APPLE|MINGW)|Q_OS_)";
+    EXPECT_EQ(lines("src", names), std::vector<std::string>());
+    EXPECT_FALSE(lines("src", names, "nowhere").empty()) << "the search finds nothing";
 }
 
 TEST(boundaries, only_the_desktop_includes_qt_and_sdl)
