@@ -1,5 +1,6 @@
 // The gunnery screens in windows of any shape, and what the sight shows besides the objects of the model.
 #include <QImage>
+#include <QTemporaryDir>
 
 #include "gunnery/gunnery.h"
 #include "platform/desktop/drawing/pictures.h"
@@ -65,6 +66,7 @@ static double least_share(const QSize& window)
 TEST_P(gunnery_view, gives_the_sight_all_that_the_panels_leave)
 {
     open_setup();
+    t.shared.joycalibrated = true;
     startsim_screen& u = t.startsim;
     const struct {
         const char* what;
@@ -73,6 +75,7 @@ TEST_P(gunnery_view, gives_the_sight_all_that_the_panels_leave)
         gunnery_screen& screen;
     } practices[] = {{"visual, keyboard", {&u.Optmode1, &u.Optcon2}, u.Cmdstart, t.simulator},
                      {"visual, mouse", {&u.Optcon3}, u.Cmdstart, t.simulator},
+                     {"visual, joystick", {&u.Optcon1}, u.Cmdstart, t.simulator},
                      {"Plain Screen", {&u.Optscreen1}, u.Cmdstart, t.simulator},
                      {"quick start", {&u.Optscreen2}, u.cmdgame, t.simulator},
                      {"thermal, mouse", {&u.Optmode2}, u.Cmdstart, t.thermal},
@@ -112,9 +115,12 @@ struct strikes_in_practice : trainer_test, testing::WithParamInterface<bool> {
         pc.run([&] { keycoaxstop(t, s); });
         pc.set_speed(0.01);
     }
+    // With the twin of the range's picture, which is read in the background.
     QImage seen()
     {
         pc.sync();
+        widget(s.Picrange).grab();
+        while (reads_twin(s.Imgrange.Picture)) QTest::qWait(5);
         return widget(s.Picrange).grab().toImage();
     }
     // Whether the pictures differ just above the fall of shot.
@@ -189,9 +195,9 @@ struct sight_effects : desktop_test {
         return widget(sight).grab().toImage();
     }
     // The rectangle in which the picture differs from that of the empty ground.
-    QRect changed()
+    QRect changed() { return changed(seen()); }
+    QRect changed(const QImage& now) const
     {
-        const QImage now = seen();
         QRect all;
         for (int y = 0; y < now.height(); ++y)
             for (int x = 0; x < now.width(); ++x)
@@ -280,8 +286,69 @@ TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
     auto& view = widget<sight_view>(sight);
     for (const auto& [part, middle] : {std::pair{0.0, 102}, {0.5, 202}, {1.0, 302}}) {
         view.set_progress(part);
-        EXPECT_NEAR(changed().center().x(), middle, 3) << part;
+        EXPECT_NEAR(changed(view.grab().toImage()).center().x(), middle, 3) << part;
     }
+}
+
+// Counts that last 11 ms, as those of a FIN round, are shown 60 times in a second too.
+TEST_F(sight_effects, a_round_in_flight_moves_in_each_frame)
+{
+    struct : QObject {
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* e) override
+        {
+            count += e->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } paints;
+    round.Visible = true;
+    round.ForeColor = colour::tracer;
+    pc.sync();
+    widget(sight).installEventFilter(&paints);
+    pc.set_speed(1000);   // it waits for a clock that the test doesn't move
+    for (int i = 0; i < 91; ++i) {
+        round.Top -= 20;
+        pc.pace(0.011);
+    }
+    EXPECT_NEAR(paints.count, 60, 1);
+}
+
+TEST_F(sight_effects, a_range_that_has_scrolled_looks_like_one_painted_at_once)
+{
+    auto pixels = std::make_shared<decoded_picture>();
+    QImage& squares = pixels->sizes.emplace_back(240, 240, QImage::Format_RGB32);
+    for (int y = 0; y < 240; ++y)
+        for (int x = 0; x < 240; ++x) squares.setPixelColor(x, y, {x, y, x * 7 / 8 % 16 * 9 + y % 13 * 9});
+    ground.Picture = {"squares", 240 * twips_per_pixel, 240 * twips_per_pixel, pixels};
+    for (const auto& [right, down] :
+         {std::pair{0, 0}, {-300, 0}, {0, 260}, {-1000, -777}, {4000, 3000}, {250, -4100}, {-9000, 100}}) {
+        ground.Left += right;
+        ground.Top += down;
+        const QImage scrolled = seen();
+        widget(sight).hide();   // it keeps nothing
+        widget(sight).show();
+        const QImage at_once = seen();
+        int worst = 0;
+        for (int y = 0; y < scrolled.height(); ++y)
+            for (int x = 0; x < scrolled.width(); ++x)
+                worst = std::max(worst, std::abs(qBlue(scrolled.pixel(x, y)) - qBlue(at_once.pixel(x, y))));
+        EXPECT_LE(worst, 4) << right << ' ' << down;
+    }
+}
+
+TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
+{
+    const QTemporaryDir folder;
+    const auto write = [&](const char* name, int size, const QColor& c) {
+        QImage image(size, size, QImage::Format_RGB32);
+        image.fill(c);
+        image.save(folder.filePath(name), "PNG");
+    };
+    write("valley.vrp", 100, Qt::red);
+    write("valley@2x.vrp", 200, Qt::blue);
+    ground.Picture = *read_picture("valley.vrp", folder.filePath("valley.vrp").toStdString()).result;
+    EXPECT_NE(seen().pixelColor(200, 200), QColor(60, 120, 60));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return seen().pixelColor(200, 200) == QColor(Qt::blue); }));
 }
 
 }   // namespace vorn::desktop_tests

@@ -78,7 +78,10 @@ void desktop_machine::sync()
 {
     if (placing_) return;   // the outer call goes on
     place_windows();
-    for (const form* f : screens.shown) window(*f)->sync();
+    for (const form* f : screens.shown) {
+        window(*f)->sync();
+        window(*f)->set_progress(1);
+    }
 }
 
 void desktop_machine::activated(form& f)
@@ -144,35 +147,30 @@ void desktop_machine::tick()
     start_clock();
 }
 
+// The objects have moved by a count that lasts so long. The frames due in this time are painted, with rounds
+// in flight on their way; frames that would come too late are left out.
 void desktop_machine::pace(double seconds)
 {
     if (QApplication::activeModalWidget() != nullptr) return;   // the box in front must respond
     const double start = now();
     if (!move_ || start > move_->clock + max_delay) move_ = counted_move{start, start + frame};
     events_delayed_ = true;
-    move_->clock += seconds;
-    if (move_->clock < move_->next_frame) return;
     sync();
-    paint_move(seconds);
-    move_->next_frame = std::max(move_->clock, now()) + frame;
+    const double from = std::exchange(move_->clock, move_->clock + seconds);
+    while (move_->next_frame <= move_->clock) {
+        const double time = move_->next_frame;
+        paint_move(seconds > 0 ? (time - from) / seconds : 1);
+        std::this_thread::sleep_for(std::chrono::duration<double>((time - now()) / speed_));
+        move_->next_frame = std::max(time, now()) + frame;
+    }
 }
 
-// A step longer than a frame is painted in several, between which a round in flight goes on. Those that would
-// come too late are left out.
-void desktop_machine::paint_move(double seconds)
+void desktop_machine::paint_move(double progress)
 {
-    const bool flies = std::ranges::any_of(
-        screens.shown, [this](const form* f) { return window(*f)->has_round_in_flight(); });
-    const int paints = flies ? std::max(1, static_cast<int>(std::lround(seconds / frame))) : 1;
-    for (int i = 1; i <= paints; ++i) {
-        const double time = move_->clock - seconds * (paints - i) / paints;
-        if (i < paints && time < now()) continue;
-        for (const form* f : screens.shown) {
-            window(*f)->animate();
-            window(*f)->set_progress(static_cast<double>(i) / paints);
-            window(*f)->paint_now();
-        }
-        std::this_thread::sleep_for(std::chrono::duration<double>((time - now()) / speed_));
+    for (const form* f : screens.shown) {
+        window(*f)->animate();
+        window(*f)->set_progress(progress);
+        window(*f)->paint_now();
     }
 }
 

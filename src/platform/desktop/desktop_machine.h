@@ -95,7 +95,7 @@ private:
         std::weak_ptr<const picture_pixels> pixels;
     };
 
-    void paint_move(double seconds);
+    void paint_move(double progress);
     void start_clock();
     void tick();
     void before_box();

@@ -5,7 +5,9 @@
 #include <QImageReader>
 #include <QPixmapCache>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <mutex>
 #include <string_view>
 #include <utility>
 
@@ -33,8 +35,12 @@ QImage drawable(QImage image)
                                                                     : QImage::Format_RGB32);
 }
 
+// The allocation limit is one for all threads.
+std::mutex allocation_limit;
+
 std::vector<QImage> read_sizes(QImageReader& reader)
 {
+    const std::lock_guard limited(allocation_limit);
     std::vector<QImage> sizes;
     const bool icon = reader.imageCount() > 1 && !reader.supportsAnimation();
     QImageReader::setAllocationLimit(icon ? largest_icon_mb : largest_picture_mb);
@@ -42,7 +48,7 @@ std::vector<QImage> read_sizes(QImageReader& reader)
         QImage image = reader.read();
         if (!image.isNull()) sizes.push_back(drawable(std::move(image)));
     } while (icon && sizes.size() < max_icon_sizes && reader.jumpToNextImage());
-    QImageReader::setAllocationLimit(largest_picture_mb);   // the limit is global
+    QImageReader::setAllocationLimit(largest_picture_mb);
     std::stable_sort(sizes.begin(), sizes.end(),
                      [](const QImage& a, const QImage& b) { return a.width() < b.width(); });
     return sizes;
@@ -102,46 +108,63 @@ loaded_picture read_picture(const std::string& source, const std::string& path, 
             {}};
 }
 
-// A file that can't be read, though its size could, leaves the picture itself.
-static const QImage& twin_image(const decoded_picture& pixels)
+static QImage read_twin(const QString& path)
 {
-    if (!pixels.twin_image) {
-        QImageReader reader(pixels.twin);
-        reader.setDecideFormatFromContent(true);
-        QImage twin = reader.read();
-        pixels.twin_image = twin.isNull() ? pixels.sizes.back() : drawable(std::move(twin));
-    }
-    return *pixels.twin_image;
+    const std::lock_guard limited(allocation_limit);
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    QImage twin = reader.read();
+    return twin.isNull() ? twin : drawable(std::move(twin));
 }
 
-const QImage* image_for(const picture& pic, const QSize& device)
+static const decoded_picture* pixels_of(const picture& pic)
 {
-    const auto* decoded = dynamic_cast<const decoded_picture*>(pic.pixels.get());
+    return dynamic_cast<const decoded_picture*>(pic.pixels.get());
+}
+
+static bool is_read(const std::shared_future<QImage>& twin)
+{
+    return twin.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+}
+
+bool reads_twin(const picture& pic)
+{
+    const decoded_picture* pixels = pixels_of(pic);
+    return pixels != nullptr && pixels->twin_image.valid() && !is_read(pixels->twin_image);
+}
+
+const QImage* image_for(const picture& pic, const QSize& device, twin_reading reading)
+{
+    const decoded_picture* decoded = pixels_of(pic);
     if (decoded == nullptr || decoded->sizes.empty()) return nullptr;
     const auto enough = [&](const QImage& i) {
         return i.width() >= device.width() && i.height() >= device.height();
     };
     const auto found = std::find_if(decoded->sizes.begin(), decoded->sizes.end(), enough);
     if (found != decoded->sizes.end()) return &*found;
-    return decoded->twin.isEmpty() ? &decoded->sizes.back() : &twin_image(*decoded);
+    const QImage* largest = &decoded->sizes.back();
+    if (decoded->twin.isEmpty()) return largest;
+    std::shared_future<QImage>& twin = decoded->twin_image;
+    if (!twin.valid()) twin = std::async(std::launch::async, read_twin, decoded->twin);
+    if (reading == twin_reading::meanwhile_without && !is_read(twin)) return largest;
+    return twin.get().isNull() ? largest : &twin.get();
 }
 
-// Drawn once for each size: the outlines of the marks take most of the time of a repaint.
-static void draw_cached(QPainter& p, const std::string& name, const QRect& at)
+void draw_cached(QPainter& p, const QString& key, const QRect& at, const std::function<void(QPainter&)>& draw)
 {
     constexpr int largest_side = 1200;   // pixels; larger drawings would push the others out
-    if (std::max(at.width(), at.height()) > largest_side) return draw_named(p, name, QRectF(at));
-    const QString key =
-        QString("%1 %2 %3").arg(QString::fromStdString(name)).arg(at.width()).arg(at.height());
+    if (std::max(at.width(), at.height()) > largest_side) return draw(p);
+    const QString sized_key = QString("%1 %2 %3").arg(key).arg(at.width()).arg(at.height());
     QPixmap drawn;
-    if (!QPixmapCache::find(key, &drawn)) {
+    if (!QPixmapCache::find(sized_key, &drawn)) {
         QPixmapCache::setCacheLimit(64 * 1024);   // kilobytes
         drawn = QPixmap(at.size());
         drawn.fill(Qt::transparent);
         QPainter q(&drawn);
-        draw_named(q, name, QRectF(QPointF(0, 0), at.size()));
+        q.translate(-at.topLeft());
+        draw(q);
         q.end();
-        QPixmapCache::insert(key, drawn);
+        QPixmapCache::insert(sized_key, drawn);
     }
     p.drawPixmap(at.topLeft(), drawn);
 }
@@ -149,7 +172,9 @@ static void draw_cached(QPainter& p, const std::string& name, const QRect& at)
 void draw_picture(QPainter& p, const picture& pic, const QRect& at)
 {
     if (at.isEmpty()) return;
-    if (is_drawing(pic)) return draw_cached(p, pic.source, at);
+    if (is_drawing(pic))
+        return draw_cached(p, QString::fromStdString(pic.source), at,
+                           [&](QPainter& q) { draw_named(q, pic.source, QRectF(at)); });
     const QImage* image = image_for(pic, at.size());
     if (image == nullptr) return;
     p.setRenderHint(QPainter::SmoothPixmapTransform, image->size() != at.size());

@@ -4,7 +4,8 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QPainter>
-#include <optional>
+#include <functional>
+#include <future>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,7 @@ namespace vorn {
 struct decoded_picture final : picture_pixels {
     std::vector<QImage> sizes;
     QString twin = {};   // path of the same picture with twice the pixels each way; empty if there is none
-    mutable std::optional<QImage> twin_image = {};   // read when it is first drawn
+    mutable std::shared_future<QImage> twin_image = {};   // from the first use on; null if it can't be read
 };
 
 // The file name of a picture's twin, for example valley@2x.vrp.
@@ -31,9 +32,21 @@ inline constexpr const char* picture_patterns = "*.vrp *.trp *.png *.jpg *.jpeg 
 loaded_picture read_picture(const std::string& source, const std::string& path,
                             const QString& more_twins = {});
 
+// A twin of 8024 x 4000 takes some 0.3 s to read. It is read in a second thread; whoever draws waits for it,
+// or draws the picture itself meanwhile.
+enum class twin_reading { waits, meanwhile_without };
+
 // The image to draw at this size in device pixels: the smallest that is at least as large, or else the
 // largest or, where that is too small, its twin. Null when the picture has no images.
-const QImage* image_for(const picture&, const QSize& device);
+const QImage* image_for(const picture&, const QSize& device, twin_reading = twin_reading::waits);
+
+// Whether a twin is being read, so that the picture should be drawn again.
+bool reads_twin(const picture&);
+
+// Draws by a function once, and from then on what it has drawn: outlines take most of the time of a repaint.
+// The key tells apart all that the function can draw in a rectangle of this size; it gets its coordinates
+// from the rectangle.
+void draw_cached(QPainter&, const QString& key, const QRect&, const std::function<void(QPainter&)>&);
 
 // Scales the picture to a rectangle of device pixels.
 void draw_picture(QPainter&, const picture&, const QRect& at);

@@ -30,10 +30,15 @@ static void draw_outline(QPainter& p, shape_kind kind, const QRectF& r)
         p.drawEllipse(r);
 }
 
+static double shape_line(double scale)
+{
+    return std::max(1.0, scale * 1.25);
+}
+
 // A mark of the sight has a dark outline, so that it is visible against sky and ground.
 static void draw_shape(QPainter& p, const object_fields& o, const QRect& at, double scale)
 {
-    const double line = std::max(1.0, scale * 1.25);
+    const double line = shape_line(scale);
     const bool filled = o.Shape == shape_kind::filled_ellipse;
     const QColor dark(0, 0, 0, 190);
     const QColor c = shade(o.ForeColor);
@@ -49,6 +54,18 @@ static void draw_shape(QPainter& p, const object_fields& o, const QRect& at, dou
     const bool dashed = o.Shape == shape_kind::dashed_rectangle;
     p.setPen(filled ? QPen(Qt::NoPen) : QPen(c, line, dashed ? Qt::DashLine : Qt::SolidLine));
     draw_outline(p, o.Shape, r);
+}
+
+static void draw_cached_shape(QPainter& p, const object_fields& o, const QRect& at, double scale)
+{
+    const int margin = static_cast<int>(std::ceil(shape_line(scale)));   // of the dark outline
+    const QString key = QString("shape %1 %2 %3 %4")
+                            .arg(static_cast<int>(o.Shape))
+                            .arg(static_cast<int>(o.ForeColor))
+                            .arg(static_cast<int>(o.BackColor))
+                            .arg(scale);
+    draw_cached(p, key, at.adjusted(-margin, -margin, margin, margin),
+                [&](QPainter& q) { draw_shape(q, o, at, scale); });
 }
 
 // A round in flight: a white core with a coloured glow, at least large enough to be seen at any range.
@@ -113,7 +130,7 @@ void draw_object(QPainter& p, const object_fields& o, const QRect& at, double sc
         p.setOpacity(1);
     }
     if (o.kind == object_kind::shape)
-        is_tracer(o) ? draw_tracer(p, o, QRectF(at), scale) : draw_shape(p, o, at, scale);
+        is_tracer(o) ? draw_tracer(p, o, QRectF(at), scale) : draw_cached_shape(p, o, at, scale);
     if (o.kind == object_kind::label) draw_label(p, o, at, scale);
 }
 

@@ -164,11 +164,6 @@ void form_window::animate()
     if (moving != animation_.isActive()) moving ? animation_.start() : animation_.stop();
 }
 
-bool form_window::has_round_in_flight() const
-{
-    return std::ranges::any_of(sights_, &sight_view::has_round_in_flight);
-}
-
 void form_window::set_progress(double part)
 {
     for (sight_view* v : sights_) v->set_progress(part);

@@ -33,7 +33,6 @@ public:
     // Repaints what moves by itself in the sights, now and then until nothing does.
     void animate();
     // See sight_view.
-    bool has_round_in_flight() const;
     void set_progress(double part);
     // Gives a hidden window the position and state of another; `cascade` moves it a step down and right.
     void place_like(const form_window& before, bool cascade);

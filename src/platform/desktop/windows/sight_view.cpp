@@ -1,10 +1,12 @@
 #include "platform/desktop/windows/sight_view.h"
 
 #include <QPainter>
+#include <QTimer>
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
+#include "platform/desktop/drawing/drawings.h"
 #include "platform/desktop/drawing/effects.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/drawing/sight.h"
@@ -91,12 +93,6 @@ void sight_view::set_progress(double part)
     if (std::exchange(progress_, part) != part) update();
 }
 
-bool sight_view::has_round_in_flight() const
-{
-    return std::ranges::any_of(sight_.inside,
-                               [](const shown_object* o) { return o->drawn.Visible && is_tracer(o->drawn); });
-}
-
 // Also finds the targets that have been set on fire.
 void sight_view::forget_what_ended(double time)
 {
@@ -128,6 +124,23 @@ void sight_view::hideEvent(QHideEvent*)
 {
     strikes_.clear();
     fires_.clear();
+    ground_.clear();
+}
+
+// The size must not depend on the place, as that of a rectangle between rounded edges does.
+QRect sight_view::ground_rect(const object_fields& o) const
+{
+    return {device_rect(o, scale()).topLeft(),
+            (QSizeF(o.Width, o.Height) * (scale() / twips_per_pixel)).toSize()};
+}
+
+// The image of an object that is larger than the sight and moves in it, the picture of the range; else null.
+const QImage* sight_view::ground_image(const object_fields& o, const QRect& whole) const
+{
+    const QSize size = ground_rect(o).size();
+    if (size.width() <= whole.width() || size.height() <= whole.height()) return nullptr;
+    if (o.kind != object_kind::image || o.Pale || is_drawing(o.Picture)) return nullptr;
+    return image_for(o.Picture, size, twin_reading::meanwhile_without);
 }
 
 void sight_view::paintEvent(QPaintEvent*)
@@ -135,7 +148,11 @@ void sight_view::paintEvent(QPaintEvent*)
     QPainter p(this);
     const QRect whole = to_device_pixels(p, size());
     const colour back = sight_.drawn.BackColor == colour::ground ? colour::black : sight_.drawn.BackColor;
-    p.fillRect(whole.adjusted(-1, -1, 1, 1), back_shade(back));
+    QRegion uncovered(whole.adjusted(-1, -1, 1, 1));
+    for (const shown_object* o : sight_.inside)
+        if (const QImage* image = o->drawn.Visible ? ground_image(o->drawn, whole) : nullptr)
+            if (!image->hasAlphaChannel()) uncovered -= ground_rect(o->drawn) & whole;
+    for (const QRect& r : uncovered) p.fillRect(r, back_shade(back));
     paint_objects(p, whole);
 }
 
@@ -150,10 +167,11 @@ void sight_view::paint_objects(QPainter& p, const QRect& whole)
             paint_tracer(p, *o);
             continue;
         }
-        const QRect at = device_rect(o->drawn, scale());
         if (const auto lit = fires_.find(o); lit != fires_.end())
-            paint_burning(p, o->drawn, at, now() - lit->second);
-        else if (at.intersects(whole))
+            paint_burning(p, o->drawn, device_rect(o->drawn, scale()), now() - lit->second);
+        else if (const QImage* image = ground_image(o->drawn, whole))
+            ground_.draw(p, *image, ground_rect(o->drawn), whole);
+        else if (const QRect at = device_rect(o->drawn, scale()); at.intersects(whole))
             draw_object(p, o->drawn, at, scale());
     }
 }

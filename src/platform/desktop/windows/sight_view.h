@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/desktop/drawing/scrolled_picture.h"
 #include "platform/desktop/windows/widgets.h"
 #include "platform/machine.h"
 
@@ -20,7 +21,6 @@ public:
     void clear_strikes();
     // Repaints what moves by itself, at most 30 times a second. False when nothing does.
     bool animate();
-    bool has_round_in_flight() const;
     // From now on draws rounds in flight at this part of the way from their place before to the present one.
     void set_progress(double part);
 
@@ -41,11 +41,14 @@ private:
     void paint_strikes(QPainter&, const QRect& whole);
     void forget_what_ended(double time);
     static void paint_burning(QPainter&, const object_fields&, const QRect& at, double age);
+    QRect ground_rect(const object_fields&) const;
+    const QImage* ground_image(const object_fields&, const QRect& whole) const;
     double scale() const;   // device pixels for each pixel of the form at 1024 x 768
 
     const shown_object& sight_;
     std::vector<shown_strike> strikes_;
     std::unordered_map<const shown_object*, double> fires_;   // when each was lit
+    scrolled_picture ground_;
     double progress_ = 1;
     double animated_ = 0;   // when it was last repainted for what moves
 };
