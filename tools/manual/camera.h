@@ -8,12 +8,14 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPainter>
+#include <QThread>
 #include <QTimer>
 #include <stdexcept>
 
 #include "common/save.h"
 #include "gunnery/gunnery.h"
 #include "platform/desktop/desktop_machine.h"
+#include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/windows/form_window.h"
 #include "trainer.h"
 
@@ -177,7 +179,11 @@ public:
     QImage look(form& f, const std::vector<callout>& callouts = {}, double size = 1)
     {
         pc.sync();
-        QImage picture = window_at_size(f).grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QWidget& window = window_at_size(f);
+        window.grab();   // begins to read the twins of pictures
+        for (const screen_object* o : f.objects)
+            while (reads_twin(o->Picture)) QThread::msleep(5);
+        QImage picture = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
         QPainter p(&picture);
         p.setRenderHint(QPainter::Antialiasing);
         int number = 0;
