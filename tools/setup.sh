@@ -3,8 +3,8 @@
 
 say() { printf 'vorn: %s\n' "$*" >&2; }
 
-# Debian's package names. qt6-base-dev and libsdl2-dev depend on the libraries that the program needs at run time. A
-# minimal system has no font, and the screens are laid out for this one.
+# Debian's package names. qt6-base-dev and libsdl2-dev depend on the libraries that the program needs at run time. The
+# screens are laid out for the fonts of fonts-liberation2.
 build_packages=(g++ cmake make qt6-base-dev qt6-svg-dev libsdl2-dev)
 run_packages=(fonts-liberation2)
 test_packages=(libgtest-dev)
