@@ -104,6 +104,10 @@ loaded_picture read_picture(const std::string& source, const std::string& path, 
     if (pixels->sizes.empty()) return {std::nullopt, "It is not a picture that can be read."};
     const QSize natural = pixels->sizes.back().size();
     pixels->twin = find_twin(file, natural, more_twins);
+    QImage& largest = pixels->sizes.back();
+    // Beside the 128 MB of a twin of 8024 x 4000, memory counts for more than the time to draw.
+    if (!pixels->twin.isEmpty() && !largest.hasAlphaChannel())
+        largest = std::move(largest).convertToFormat(QImage::Format_RGB888);
     return {picture{source, natural.width() * twips_per_pixel, natural.height() * twips_per_pixel, pixels},
             {}};
 }
