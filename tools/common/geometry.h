@@ -78,7 +78,7 @@ constexpr float smoothstep(float low, float high, float v)
     return t * t * (3 - 2 * t);
 }
 
-// A colour as a screen shows it, as linear light.
+// Linear light of a colour on the screen, by a gamma of 2.2.
 inline vec3 linear(float red, float green, float blue)
 {
     return {std::pow(red, 2.2f), std::pow(green, 2.2f), std::pow(blue, 2.2f)};

@@ -52,7 +52,7 @@ float fractal(float x, float y, std::uint32_t seed, int octaves, float gain)
     for (int i = 0; i < octaves; ++i) {
         sum += height * noise(x, y, seed + static_cast<std::uint32_t>(i) * 17);
         height *= gain;
-        // Turned as well as shrunk, so that the lattices of the octaves never fall together.
+        // Turned as well as shrunk, so that the lattices of the octaves never coincide.
         const float turned = x * 1.62f - y * 1.18f + 11.3f;
         y = x * 1.18f + y * 1.62f - 7.7f;
         x = turned;

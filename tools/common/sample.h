@@ -1,4 +1,4 @@
-// Light with coverage: a colour as a screen shows it, multiplied by alpha.
+// Colours of the screen, premultiplied by alpha.
 #pragma once
 
 #include <QImage>
@@ -20,7 +20,7 @@ constexpr sample operator*(sample a, float s)
 {
     return {a.colour * s, a.alpha * s};
 }
-// With the first one in front.
+// The first one in front of the other.
 constexpr sample over(sample front, sample back)
 {
     return front + back * (1 - front.alpha);
@@ -33,8 +33,8 @@ inline QImage image_of(const grid<sample>& pixels)
         for (int x = 0; x < pixels.width; ++x) {
             const sample& p = pixels.at(x, y);
             const vec3 c = p.alpha > 0 ? p.colour * (255 / p.alpha) : vec3{};
-            const int alpha =
-                qRound(p.alpha * 255);   // an invisible pixel has no colour, so that it packs well
+            const int alpha = qRound(p.alpha * 255);
+            // An invisible pixel has no colour, so that it compresses well.
             image.setPixel(x, y, alpha == 0 ? 0 : qRgba(qRound(c.x), qRound(c.y), qRound(c.z), alpha));
         }
     return image;

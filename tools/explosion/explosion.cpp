@@ -1,12 +1,12 @@
-// Paints what rounds do where they strike, and a burning target: for each a sheet of sixteen frames with
-// alpha, four to a row, in a PNG picture.
+// Paints what rounds do where they strike, and a burning target: for each a sprite sheet of sixteen frames
+// with alpha, four to a row, in a PNG picture.
 //
 // Clouds of puffs are thrown from a spot on the ground into the half space above it, slowed by the air,
 // lifted by their heat and carried by a wind from the left; rings of dust run out along the ground. For each
-// frame the puffs fill a block of cells. Billow noise that grows and rises with the cloud gives its edge
-// lumps and creases; creases show the hot inside, and lumps have cooled to soot. Sun and sky light the cells,
-// shaded by those above, and the eye looks through the block from the front, a little from above. Flash,
-// flying pieces and the glow of the air are added to that.
+// frame the puffs fill a block of cells (voxels). Billow noise that grows and rises with the cloud gives its
+// edge lumps and creases; creases show the hot inside, and lumps have cooled to soot. Sun and sky light the
+// cells, shaded by those above, and the eye looks through the block from the front, a little from above.
+// Flash, flying pieces and the glow of the air are added to that.
 //
 // The sight draws a frame 16 to 220 pixels wide and shows it for a few hundredths of a second to a tenth. So
 // a flash is broad, fire is either bright or gone, and its smoke is darker than any ground behind it.
@@ -33,7 +33,7 @@ constexpr float look_down = .19f;
 
 // The cloud -------------------------------------------------------------------------------------------------
 
-// In a sheet that goes round a puff starts again and again, each at its own time.
+// In a sheet that loops each puff starts again and again, at a time of its own.
 struct puff {
     vec3 start, thrown;
     float young, grown, heat, born;
@@ -59,7 +59,7 @@ std::vector<puff> cloud(const scene& s)
     return puffs;
 }
 
-// The share of its way that a thing has covered against the drag of the air.
+// The share of its path that a puff or a piece has covered at a time, slowed by the drag of the air.
 float braked(const scene& s, float time)
 {
     return 1 - std::exp(-s.drag * time);
@@ -80,13 +80,13 @@ placed_puff placed(const scene& s, const puff& p, float time)
 {
     const puff_group& g = *p.of;
     // The wind is weaker near the ground.
-    const float carried = .01f * g.lift * (s.goes_round || g.along_ground ? 1 : .35f + 1.6f * p.thrown.y);
+    const float carried = .01f * g.lift * (s.loops || g.along_ground ? 1 : .35f + 1.6f * p.thrown.y);
     const float cooled = 1.45f * std::exp(-std::pow(time / s.cooling, 1.5f));
-    const float age = s.goes_round ? 100 * time / g.life : time;
-    const float fresh = s.goes_round ? smoothstep(0, .1f, time) * (1 - smoothstep(.45f, 1, age)) : 1;
+    const float age = s.loops ? 100 * time / g.life : time;
+    const float fresh = s.loops ? smoothstep(0, .1f, time) * (1 - smoothstep(.45f, 1, age)) : 1;
     const vec3 middle = p.start + p.thrown * braked(s, time) + drift(s, time) * carried;
     return {middle - vec3{0, .01f * g.fall * time * time, 0},
-            p.young * (.45f + .55f * braked(s, 3 * time)) + p.grown * (s.goes_round ? age : braked(s, time)),
+            p.young * (.45f + .55f * braked(s, 3 * time)) + p.grown * (s.loops ? age : braked(s, time)),
             p.heat * cooled,
             .01f * g.dust,
             .01f * g.solid * fresh,
@@ -97,8 +97,8 @@ std::vector<placed_puff> placed_puffs(const scene& s, const std::vector<puff>& p
 {
     std::vector<placed_puff> there;
     for (const puff& p : puffs) {
-        if (!s.goes_round) there.push_back(placed(s, p, time));
-        for (float own = time + p.born - 1; s.goes_round && own < .01f * p.of->life; own += 1)
+        if (!s.loops) there.push_back(placed(s, p, time));
+        for (float own = time + p.born - 1; s.loops && own < .01f * p.of->life; own += 1)
             if (own > 0) there.push_back(placed(s, p, own));
     }
     return there;
@@ -111,18 +111,18 @@ float billows(vec3 p)
     for (int octave = 0; octave < 5; ++octave) {
         sum += height * (std::abs(noise3(p.x, p.y, p.z)) - .33f);
         height *= .54f;
-        // Turned as well as shrunk, so that the eye never looks along the lattice.
+        // Turned as well as shrunk, so that the lattice doesn't show.
         p = vec3{7.3f, 1.9f, 4.1f} + vec3{.8f * p.x - .6f * p.z, p.y, .6f * p.x + .8f * p.z} * 2.07f;
     }
     return sum;
 }
 
-// The noise is moved with the cloud, and scaled with it unless it goes round, so that each lump keeps its
+// The noise is moved with the cloud, and scaled with it unless it loops, so that each lump keeps its
 // shape between frames.
 float lumps(const scene& s, vec3 at, float time)
 {
     constexpr vec3 somewhere{41.7f, 12.2f, 8.6f};
-    if (!s.goes_round)
+    if (!s.loops)
         return billows((at - drift(s, time)) * (s.lumps / (.35f + .65f * braked(s, time))) + somewhere +
                        vec3{0, 0, 1.5f * time});
     // Two patterns rise, and one takes the other's place: at the end the second is what the first was at the
@@ -137,7 +137,7 @@ float lumps(const scene& s, vec3 at, float time)
 struct cell {
     float density = 0;   // 0 to 1
     float heat = 0, dust = 0;
-    float before_sun = 0, before_sky = 0;   // the stuff that their light has met on its way
+    float before_sun = 0, before_sky = 0;   // the density that their light has passed through
     // While the cell is filled: the greatest closeness to the middle of a puff (1 there, 0 at its rim), and
     // sums.
     float closest = -1, weight = 0, solid = 0, age = 0;
@@ -201,12 +201,12 @@ void give_lumps(const scene& s, cell& c, vec3 at, float time)
     c.dust /= c.weight;
     c.density = clamp01((5 - 2.5f * age) * solid) * (1 - .5f * c.dust) * c.solid / c.weight *
                 smoothstep(0, .03f, at.y);
-    c.heat *= std::max(0.f, s.goes_round ? 1 + .3f * c.closest - 1.1f * noise
-                                         : .60f + 1.3f * c.closest - .5f * noise) /
-              c.weight;
+    c.heat *=
+        std::max(0.f, s.loops ? 1 + .3f * c.closest - 1.1f * noise : .60f + 1.3f * c.closest - .5f * noise) /
+        c.weight;
 }
 
-// Light comes down from above; `aside` is its way along x and z for each cell down.
+// Light comes down from above; `aside` is how far it goes along x and z for each cell down.
 void let_light_in(block& b, float cell::*met, point aside)
 {
     const float way = b.cell_size * length({aside.x, 1, aside.y});
@@ -249,7 +249,7 @@ vec3 cell_colour(const scene& s, const cell& c, float thick)
         return vec3{1 - std::exp(-light.x), 1 - std::exp(-light.y), 1 - std::exp(-light.z)};
     };
     if (s.by_heat) return shown(vec3{1, 1, 1} * (1 + 3 * c.heat));
-    // Light is scattered as well as absorbed, so it gets deeper in than the eye does.
+    // Light is scattered as well as absorbed, so it penetrates deeper than a line of sight.
     const float sun = std::exp(-.5f * thick * c.before_sun), sky = std::exp(-.3f * thick * c.before_sky);
     const vec3 lit = mix(soot, earth, c.dust) * (sunlight * sun + skylight * mix(.3f, 1, sky));
     // From a dark red through orange and yellow to white.
@@ -285,7 +285,7 @@ float light_distance(point at)
 sample halo(const scene& s, point at, float time)
 {
     const float far = light_distance({at.x, at.y - .12f}) / .26f;
-    const float fades = s.goes_round ? 1 : std::exp(-time / (.44f * s.cooling));
+    const float fades = s.loops ? 1 : std::exp(-time / (.44f * s.cooling));
     return covering({1, .62f, .25f}, s.halo * fades * std::exp(-far * far));
 }
 
@@ -345,8 +345,8 @@ grid<sample> painted(const scene& s, int frame)
 {
     const float time = (real(frame) + .4f) / frames;
     block b = filled_block(s, time);
-    // All thins, and a burst is gone with the last frame.
-    const float left = s.goes_round ? 1 : 1 - smoothstep(.65f, 1.03f, time);
+    // Everything fades, and a burst is gone with the last frame.
+    const float left = s.loops ? 1 : 1 - smoothstep(.65f, 1.03f, time);
     grid<sample> picture(s.side, s.side);
     const auto place_of = [&](int x, int y) {
         return point{(real(x) + .5f) * b.cell_size - s.foot.x,
@@ -368,7 +368,7 @@ grid<sample> painted(const scene& s, int frame)
     return picture;
 }
 
-// Steps that no eye sees, which make the file much smaller.
+// Rounds to steps that can't be seen, which makes the file much smaller.
 QImage coarse(QImage picture)
 {
     const auto step = [](int value) { return (value + 2) / 5 * 5; };

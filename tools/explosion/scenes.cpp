@@ -34,7 +34,7 @@ static const scene fire{
     .left = 1,
     .cooling = .28f,
     .halo = .22f,
-    .goes_round = true};
+    .loops = true};
 
 // Bursts stand upright: the sight leans them with the wind.
 static const scene burst_fin{

@@ -1,4 +1,4 @@
-// The sheets that the program paints. Lengths are in sides of a frame, times in durations of a sheet.
+// The sprite sheets that the program paints. Lengths are in widths of a frame, times in durations of a sheet.
 #pragma once
 
 #include <vector>
@@ -26,7 +26,7 @@ struct puff_group {
     float fall = 0;            // at the end of time 1
     float solid = 100;
     float from_side = 0;   // the start may be as far as this to either side of the foot
-    float life = 100;      // of each puff, in a sheet that goes round
+    float life = 100;      // of each puff, in a sheet that loops
 };
 
 // Single pieces that fly in a curve, each with the streak that it draws during the exposure.
@@ -45,14 +45,14 @@ struct scene {
     std::vector<piece_group> pieces{};
     float drag = 5;
     vec3 drift{};            // wind and rise, growing with the square of the time, and steady rise
-    float lumps = 7.5f;      // of noise, to a length
-    float thick = 70;        // how little the eye sees through
-    limits thins{.45f, 1};   // the time when it becomes thin,
-    float left = .3f;        // and to which share
+    float lumps = 7.5f;      // frequency of the noise: lumps per length
+    float thick = 70;        // extinction of the densest smoke, per length
+    limits thins{.45f, 1};   // the time in which it becomes thinner,
+    float left = .3f;        // and the share that is left
     float cooling = .5f;
     float flash = 0, halo = 0;   // size; strength
     int flash_from = 1;          // its first frame shown: 1 is the largest, 3 the last
-    bool goes_round = false, by_heat = false;
+    bool loops = false, by_heat = false;
 };
 
 const std::vector<scene>& scenes();

@@ -244,7 +244,7 @@ country frostfield()
     c.bare_trees = 1;
     c.tufts = {.60f, .52f, .41f};
     c.snow = 1;
-    // The moor as in a mirror.
+    // The places of the moor, mirrored.
     for (path& track : c.tracks)
         for (point& p : track) p.x = -p.x;
     for (belt_plan& belt : c.belts)

@@ -96,7 +96,7 @@ struct country {
 // All ranges that the trainer ships with.
 const std::vector<country>& countries();
 
-// The projection of a picture: a cylinder around the gunner's eye.
+// The projection of a picture: cylindrical, around the gunner's eye.
 struct view {
     int width, height;   // pixels
     float pixel;         // angle of a pixel, radians

@@ -10,8 +10,8 @@ namespace {
 // Texture at one place by wavelength, from coarse to fine. A component that is finer than the pixel is 0.
 struct texture {
     float wide, broad, clumps, tufts;   // 420 m, 90 m, 23 and 11 m, 4 m
-    float stems, blades, specks;        // as upright as the growth is: 10, 5 and 2 pixels of a twin
-    float relief;                       // of the fine ones, as the sun lights it
+    float stems, blades, specks;        // of upright growth: 10, 5 and 2 pixels of a twin
+    float relief;                       // of these, as the sun lights it
 };
 
 // The contrast that is left of this wavelength in a pixel.

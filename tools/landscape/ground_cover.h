@@ -1,6 +1,6 @@
-// The ground cover, in colour and temperature: rough grass, fields, woodland floor, tracks and roads,
-// broken ground, water. Its texture has wavelengths from hundreds of metres to
-// ten centimetres; those finer than a pixel are faded out.
+// The ground cover, in colour and warmth: rough grass, fields, woodland floor, tracks and roads, broken
+// ground, water. Its texture has wavelengths from hundreds of metres to ten centimetres; those finer than a
+// pixel are faded out.
 #pragma once
 
 #include "country.h"

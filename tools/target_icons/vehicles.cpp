@@ -21,7 +21,7 @@ constexpr material glass{{.03f, .04f, .045f}, .05f};
 constexpr material lamp{{.34f, .34f, .28f}, .3f};
 constexpr material bare_wood{{.16f, .13f, .075f}, .2f};
 
-// Six corners on the left, the same on the right: an outline from above.
+// An outline from above, the same on both sides.
 path mirrored(const path& left_side)
 {
     path whole = left_side;

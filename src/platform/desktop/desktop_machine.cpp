@@ -208,8 +208,7 @@ void desktop_machine::show_help(const std::string& path)
     help_->open_file(find_path(*this, path));
 }
 
-// Sound, strikes and stick
-// -----------------------------------------------------------------------------------------
+// Sound, strikes and joystick -----------------------------------------------------------------------------
 
 void desktop_machine::play(const std::string& path)
 {

@@ -16,7 +16,7 @@ constexpr int smallest = 16;   // pixels; the size of the explosion at the furth
 
 struct sheet {
     const char* name;   // of the picture
-    bool by_heat;       // made from the one for the eye
+    bool by_heat;       // made from the visual one
     double foot;        // height of the ground above the lower edge, in heights of a frame
 };
 constexpr std::array<sheet, 8> sheets{{{"explosion", false, 0},   // by effect

@@ -7,7 +7,7 @@
 namespace vorn {
 
 // The hot ones are as a thermal sight shows them: the hotter, the whiter. An explosion fills the frame, a
-// fire burns just above the middle of the lower edge and goes round without a jump. The foot of a burst is at
+// fire burns just above the middle of the lower edge and loops without a jump. The foot of a burst is at
 // the middle of the lower edge, and its dust reaches a little below.
 enum class effect { explosion, hot_explosion, fire, hot_fire, burst_fin, burst_hesh, burst_coax, hot_spot };
 

@@ -6,7 +6,7 @@ namespace vorn {
 
 static constexpr int narrow = 200;   // device pixels
 
-// Calls `each` with the pieces of a part of the picture that lie in one tile, and with that tile's corner.
+// Splits a part of the picture at the edges of the tiles. Calls `each` with a piece and its tile's corner.
 static void for_each_piece(const QRect& part, const QSize& tile,
                            const std::function<void(const QRect&, const QPoint&)>& each)
 {
@@ -35,8 +35,7 @@ void scrolled_picture::keep(const QImage& image, const QSize& scaled, const QRec
 void scrolled_picture::draw(QPainter& p, const QImage& image, const QRect& at, const QRect& view)
 {
     if (image_ != image.cacheKey() || scaled_ != at.size() || tile_.size() != view.size()) {
-        tile_ = QImage(view.size(),
-                       image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+        if (tile_.size() != view.size()) tile_ = QImage(view.size(), image.format());
         image_ = image.cacheKey();
         scaled_ = at.size();
         kept_ = {};

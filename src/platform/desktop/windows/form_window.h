@@ -30,7 +30,7 @@ public:
     // The sight that shows a ground; null when there is none in this form.
     sight_view* sight_of(const screen_object& ground) const;
     void clear_strikes();
-    // Repaints what moves by itself in the sights, now and then until nothing does.
+    // Repaints what moves by itself in the sights, and does so by a timer until nothing moves.
     void animate();
     // See sight_view.
     void set_progress(double part);

@@ -21,7 +21,7 @@ public:
     void clear_strikes();
     // Repaints what moves by itself, at most 30 times a second. False when nothing does.
     bool animate();
-    // From now on draws rounds in flight at this part of the way from their place before to the present one.
+    // From now on draws rounds in flight between their place before the last update (0) and the present (1).
     void set_progress(double part);
 
     std::function<double()> now = [] { return 0.0; };   // seconds

@@ -30,8 +30,7 @@ QString plain_caption(const object_fields& o)
     return caption_of(o).replace('&', "&&");
 }
 
-// Creation
-// ---------------------------------------------------------------------------------------------------
+// Creation ------------------------------------------------------------------------------------------------
 
 template <class Button>
 QWidget* clicking(Button* b, shown_object& s, const event_runner& run)
@@ -113,7 +112,7 @@ bool ignores_mouse(const screen_object& o)
     return passive && !has_mouse_handler(o) && o.ToolTipText.empty();
 }
 
-// Update ---------------------------------------------------------------------------------------------------
+// Update --------------------------------------------------------------------------------------------------
 
 struct difference {
     const object_fields& before;
@@ -137,8 +136,8 @@ void set_label(QLabel& l, const object_fields& o)
     l.setMargin(long_text ? static_cast<int>(margin * scale_of(l)) : 0);
 }
 
-// Tab stops at the selected option of a group only, as arrow keys lead to the others; at each
-// if none is selected.
+// Tab stops at the selected option of a group only, as arrow keys lead to the others; at each if none is
+// selected.
 void set_tab_stops(const QRadioButton& in_group)
 {
     const auto group =
