@@ -8,4 +8,4 @@ source tools/setup.sh
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}"
 if [ $# -eq 0 ]; then run_fuzzers; fi
 build debug
-exec ctest --preset debug "$@"
+exec ctest --preset debug -j "$(getconf _NPROCESSORS_ONLN)" "$@"

@@ -59,6 +59,13 @@ inline std::vector<QWidget*> tab_order(QWidget& window)
     return order;
 }
 
+// The colour at a point of the widget that the image shows.
+inline QColor colour_at(const QImage& seen, const QPointF& p)
+{
+    const QPointF pixel = p * seen.devicePixelRatio();
+    return seen.pixelColor(static_cast<int>(pixel.x()), static_cast<int>(pixel.y()));
+}
+
 class desktop_test : public testing::Test {
 protected:
     desktop_test()

@@ -194,7 +194,7 @@ struct sight_effects : desktop_test {
         pc.sync();
         return widget(sight).grab().toImage();
     }
-    // The rectangle in which the picture differs from that of the empty ground.
+    // The rectangle of the widget in which the picture differs from that of the empty ground.
     QRect changed() { return changed(seen()); }
     QRect changed(const QImage& now) const
     {
@@ -202,7 +202,8 @@ struct sight_effects : desktop_test {
         for (int y = 0; y < now.height(); ++y)
             for (int x = 0; x < now.width(); ++x)
                 if (now.pixel(x, y) != empty.pixel(x, y)) all |= QRect(x, y, 1, 1);
-        return all;
+        const double ratio = now.devicePixelRatio();
+        return QRectF(QPointF(all.topLeft()) / ratio, QSizeF(all.size()) / ratio).toRect();
     }
     void strike_at(round_kind round, double left, double top, int wind = 0)
     {
@@ -258,7 +259,7 @@ TEST_F(sight_effects, a_target_that_was_hit_is_a_dark_wreck_in_flames_until_it_g
     put_picture(target, QColor(200, 200, 200));
     const QRect whole = changed();
     const auto lightness = [&] {
-        return seen().pixelColor(whole.left() + 1, whole.center().y()).lightness();
+        return colour_at(seen(), {whole.left() + 1.0, whole.center().y() + 0.0}).lightness();
     };
     EXPECT_GT(lightness(), 150);
     target.Fire = fire::flames;
@@ -347,8 +348,8 @@ TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
     write("valley.vrp", 100, Qt::red);
     write("valley@2x.vrp", 200, Qt::blue);
     ground.Picture = *read_picture("valley.vrp", folder.filePath("valley.vrp").toStdString()).result;
-    EXPECT_NE(seen().pixelColor(200, 200), QColor(60, 120, 60));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return seen().pixelColor(200, 200) == QColor(Qt::blue); }));
+    EXPECT_NE(colour_at(seen(), {200, 200}), QColor(60, 120, 60));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return colour_at(seen(), {200, 200}) == QColor(Qt::blue); }));
 }
 
 }   // namespace vorn::desktop_tests

@@ -31,10 +31,7 @@ struct sight : desktop_test, testing::WithParamInterface<double> {
         seen = window(one).grab().toImage();
     }
     // The colour at a point of the form, in pixels at scale 1.
-    QColor at(double x, double y) const
-    {
-        return seen.pixelColor(static_cast<int>(x * GetParam()), static_cast<int>(y * GetParam()));
-    }
+    QColor at(double x, double y) const { return colour_at(seen, QPointF(x, y) * GetParam()); }
 
     QImage seen;
 };
@@ -67,7 +64,9 @@ TEST_P(sight, has_no_gap_between_adjacent_pictures)
             if (top > 0) quarter.Height = 1495;
         }
     open_scaled();
-    const QRect inner = widget(view).geometry();
+    const double ratio = seen.devicePixelRatio();
+    const QRectF place = widget(view).geometry();
+    const QRect inner = QRectF(place.topLeft() * ratio, place.size() * ratio).toRect();
     int gaps = 0;
     for (int y = inner.top(); y <= inner.bottom(); ++y)
         for (int x = inner.left(); x <= inner.right(); ++x) gaps += seen.pixelColor(x, y) != QColor(Qt::blue);
@@ -86,7 +85,7 @@ TEST_P(sight, marks_are_visible_on_white_and_on_black)
     open_scaled();
     const auto contrast = [&](double from) {
         int darkest = 255, lightest = 0;
-        for (double x = from; x < from + 30; x += 1 / GetParam()) {
+        for (double x = from; x < from + 30; x += 1 / GetParam() / seen.devicePixelRatio()) {
             darkest = std::min(darkest, at(x, 150).lightness());
             lightest = std::max(lightest, at(x, 150).lightness());
         }

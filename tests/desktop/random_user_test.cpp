@@ -1,0 +1,212 @@
+// A random walk on the widgets: a simulated user who does anything at any moment, with boxes, dialogs,
+// resizes and full screen. The rules of the other walk hold all the time. By hand, longer or with another
+// seed:
+//     WALK_EVENTS=1000000 WALK_SEED=7 vorn_desktop_tests --gtest_filter='random_user*'
+#include <QAbstractButton>
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <random>
+#include <set>
+
+#include "trainer_fixture.h"
+#include "walk/rules.h"
+
+namespace vorn::desktop_tests {
+
+struct random_user : trainer_test {
+    random_user()
+    {
+        link_data();
+        pc.default_directory = folder.path().toStdString();
+        pc.world_clock = [this] { return time / hurry; };
+        pc.set_speed(hurry);
+        pc.leave = [] {
+            std::fputs("the random user has left the program\n", stderr);
+            std::_Exit(1);
+        };
+    }
+    // Everything but the twins, which take long to read. What the user saves has names of its own.
+    void link_data()
+    {
+        const QDir data(VORN_SOURCE_DIR "/data/ranges");
+        QDir(folder.path()).mkpath("ranges");
+        for (const QString& name : data.entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
+            if (!name.contains("@2x")) QFile::link(data.filePath(name), folder.filePath("ranges/" + name));
+    }
+    int below(int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); }
+    bool chance(int percent) { return below(100) < percent; }
+    template <class list>
+    auto pick(const list& from)
+    {
+        return from[static_cast<decltype(std::size(from))>(below(static_cast<int>(std::size(from))))];
+    }
+    QPoint point_in(const QWidget& w) { return {below(w.width() + 1), below(w.height() + 1)}; }
+
+    // The window that a user could act on, and a visible widget in it.
+    QWidget* window_in_front() const
+    {
+        if (QWidget* popup = QApplication::activePopupWidget()) return popup;
+        if (QWidget* box = QApplication::activeModalWidget()) return box;
+        if (help_in_front)
+            for (QWidget* w : QApplication::topLevelWidgets())
+                if (w->isVisible() && dynamic_cast<form_window*>(w) == nullptr) return w;
+        const form* f = front(pc);
+        return f == nullptr ? nullptr : pc.window(*f);
+    }
+    QWidget& widget_in(QWidget& window)
+    {
+        QList<QWidget*> all{&window};
+        for (QWidget* w : window.findChildren<QWidget*>())
+            if (w->isVisible()) all << w;
+        return *pick(all);
+    }
+
+    // Each action runs from the event loop, also from that of a box which an earlier action has opened. Not
+    // from the event loop that QTest runs after a key.
+    void go_on()
+    {
+        QTimer::singleShot(0, &timers, [this] {
+            if (finished()) return loop.quit();
+            go_on();
+            QWidget* box = QApplication::activeModalWidget();
+            if (acting_in && *acting_in == box) return;
+            const auto outer = std::exchange(acting_in, box);
+            act();
+            acting_in = outer;
+        });
+    }
+    bool finished() const
+    {
+        return (left_to_do <= 0 || !broken.empty()) && QApplication::activeModalWidget() == nullptr;
+    }
+    void act()
+    {
+        time += chance(3) ? below(10000) / 1e3 : below(200) / 1e3;
+        if (broken.empty()) broken = broken_rule(t, {});
+        if (left_to_do-- <= 0 || !broken.empty()) return leave_boxes();
+        screens.insert(front(pc));
+        QWidget* window = window_in_front();
+        if (window == nullptr) return;
+        if (auto* files = qobject_cast<QFileDialog*>(window)) return choose_file(*files);
+        if (auto* box = qobject_cast<QDialog*>(window);
+            box != nullptr && (answer_to_stay(*box) || chance(70)))
+            return answer_box(*box);
+        help_in_front = help_in_front ? !chance(10) : chance(2);
+        const int what = below(100);
+        if (what < 45)
+            use_mouse(widget_in(*window), *window);
+        else if (what < 90)
+            use_key(*window->windowHandle());
+        else if (what < 93)
+            window->resize(300 + below(900), 200 + below(700));
+        else if (what < 95)
+            send(*window, QEvent::WindowDeactivate);
+        else
+            turn_wheel(widget_in(*window));
+    }
+    void use_mouse(QWidget& w, QWidget& window)
+    {
+        const QPoint at = w.mapTo(&window, point_in(w));
+        if (!QRect({0, 0}, window.windowHandle()->size()).contains(at)) return;
+        const Qt::MouseButton button = chance(95) ? Qt::LeftButton : Qt::RightButton;
+        QWindow* handle = window.windowHandle();
+        switch (below(6)) {
+            case 0:
+                return QTest::mousePress(handle, button, {}, at);
+            case 1:
+                return QTest::mouseRelease(handle, button, {}, at);
+            case 2:
+                return QTest::mouseMove(handle, at);
+            case 3:
+                return QTest::mouseDClick(handle, button, {}, at);
+            default:
+                return QTest::mouseClick(handle, button, {}, at);
+        }
+    }
+    void turn_wheel(QWidget& w)
+    {
+        const QPointF at = point_in(w);
+        QWheelEvent turn(at, w.mapToGlobal(at), {}, {0, chance(50) ? 120 : -120}, Qt::NoButton, {},
+                         Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&w, &turn);
+    }
+    void use_key(QWindow& handle)
+    {
+        static constexpr Qt::Key keys[] = {
+            Qt::Key_H,      Qt::Key_J,     Qt::Key_U,      Qt::Key_N,    Qt::Key_A,    Qt::Key_S,
+            Qt::Key_D,      Qt::Key_E,     Qt::Key_R,      Qt::Key_Q,    Qt::Key_W,    Qt::Key_Return,
+            Qt::Key_Escape, Qt::Key_Tab,   Qt::Key_Space,  Qt::Key_Left, Qt::Key_Down, Qt::Key_PageDown,
+            Qt::Key_F1,     Qt::Key_F11,   Qt::Key_Delete, Qt::Key_1,    Qt::Key_T,    Qt::Key_P,
+            Qt::Key_G,      Qt::Key_Shift, Qt::Key_Control};
+        const Qt::Key key = pick(keys);
+        const Qt::KeyboardModifiers with = chance(85) ? Qt::NoModifier : Qt::AltModifier;
+        if (chance(60)) return QTest::keyClick(&handle, key, with);
+        chance(50) ? QTest::keyPress(&handle, key, with) : QTest::keyRelease(&handle, key, with);
+    }
+    // The answer to a box that keeps the program running, where the other one would end it.
+    static std::optional<bool> answer_to_stay(const QDialog& box)
+    {
+        const auto* message = qobject_cast<const QMessageBox*>(&box);
+        if (message == nullptr) return {};
+        if (message->text().contains("TO EXIT")) return false;
+        const bool lacks_file = message->text().contains("DO YOU WISH TO LO");
+        return lacks_file ? std::optional(true) : std::nullopt;
+    }
+    void answer_box(QDialog& box)
+    {
+        boxes += 1;
+        for (auto* text : box.findChildren<QLineEdit*>()) text->setText(pick(texts));
+        answer_to_stay(box).value_or(chance(75)) ? accept(box) : box.reject();
+    }
+    static void accept(QDialog& box)
+    {
+        auto* message = qobject_cast<QMessageBox*>(&box);
+        QAbstractButton* yes = message == nullptr ? nullptr : message->button(QMessageBox::Yes);
+        yes == nullptr ? box.accept() : yes->click();
+    }
+    // Only names of its own are written; never a shipped file.
+    void choose_file(QFileDialog& files)
+    {
+        dialogs += 1;
+        if (chance(30)) return files.reject();
+        QStringList names{"walk1", "walk2.prc", "walk3.res", "walk4.arf", "walk5.pdf", "walk ü.arf"};
+        const QDir ranges(folder.filePath("ranges"));
+        if (files.acceptMode() == QFileDialog::AcceptOpen) names << ranges.entryList(QDir::Files) << "none";
+        files.selectFile(ranges.filePath(pick(names)));
+        static_cast<QDialog&>(files).accept();
+    }
+    void leave_boxes()
+    {
+        if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            answer_to_stay(*box).value_or(false) ? accept(*box) : box->reject();
+    }
+
+    static constexpr double hurry = 1e6;   // counted moves take no time
+    static constexpr const char* texts[] = {
+        "", "walk", "7", "1500", "-3", "A NAME THAT IS LONGER THAN THE FIELD", "żółw", "1e9"};
+    std::mt19937 random{static_cast<unsigned>(qEnvironmentVariableIntValue("WALK_SEED")) + 1};
+    double time = 1000;
+    long left_to_do = 20000;
+    int boxes = 0, dialogs = 0;
+    bool help_in_front = false;
+    std::optional<QWidget*> acting_in;   // the box in which an action runs; null outside a box
+    std::string broken;
+    std::set<const form*> screens;   // seen in front
+    QEventLoop loop;
+    QObject timers;
+};
+
+TEST_F(random_user, breaks_no_rule)
+{
+    if (const int events = qEnvironmentVariableIntValue("WALK_EVENTS"); events > 0) left_to_do = events;
+    open_setup();
+    go_on();
+    loop.exec();
+    EXPECT_EQ(broken, "");
+    EXPECT_GT(boxes, 50) << "it proves little";
+    EXPECT_GT(dialogs, 20);
+    EXPECT_EQ(screens.size(), forms().size());
+}
+
+}   // namespace vorn::desktop_tests
