@@ -22,7 +22,7 @@ constexpr double row(int n)
 }
 
 // Large text in the middle of a coloured field.
-object_fields plate(rectangle at, std::string words, colour fore, colour back)
+object_fields plate(area at, std::string words, colour fore, colour back)
 {
     object_fields f = bold(label(at, std::move(words), fore, text_size::large, alignment::centre));
     f.BackColor = back;

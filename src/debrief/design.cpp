@@ -50,13 +50,12 @@ void engagement_list(S& s)
 {
     add(s.window, s.Frame4, frame({0, 3480, 1815, 6855}, "ENGAGEMENT"));
     for (int e = 1; e <= 15; ++e) {
-        const rectangle at{e <= 8 ? 240.0 : 1080.0, 240.0 + 600 * ((e - 1) % 8), 495, 495};
+        const area at{e <= 8 ? 240.0 : 1080.0, 240.0 + 600 * ((e - 1) % 8), 495, 495};
         const std::string number = std::to_string(e);
         add(s.window, s.Imgtgtnumber[e], image(at, ":blank"), &s.Frame4);
         object_fields f = label(at, number, colour::darkred, text_size::normal, alignment::right);
-        f.AccessibleName = "Engagement";
-        if (e == 1) f.ToolTipText = "ENGAGEMENT  NUMBER ";
-        add(s.window, s.Lbltgtnumber[e], std::move(f), &s.Frame4);
+        add(s.window, s.Lbltgtnumber[e],
+            named(with_tip(std::move(f), e == 1 ? "ENGAGEMENT  NUMBER " : ""), "Engagement"), &s.Frame4);
     }
     for (screen_object* o : {&s.Imgfin, &s.Imghesh, &s.Imgcoax, &s.imgblank})
         add(s.window, *o, hidden(image({0, 0, 495, 495}, o == &s.imgblank ? ":blank" : ":target")),
@@ -76,8 +75,7 @@ void details(S& s)
     double top = 375;
     for (const auto& r : rows) {
         caption(s, &s.Frame3, label({180, top + 60, 1560, 300}, r.words, colour::dim));
-        object_fields f = textbox({1800, top, 3195, 420}, "");
-        f.ToolTipText = r.tip;
+        object_fields f = with_tip(textbox({1800, top, 3195, 420}, ""), r.tip);
         f.ReadOnly = true;
         add(s.window, r.box, std::move(f), &s.Frame3);
         top += 540;
@@ -97,10 +95,10 @@ void information(S& s)
     double top = 510;
     for (const auto& r : rows) {
         caption(s, &s.Frame2, label({240, top + 60, 2400, 330}, r.words, colour::dim));
-        object_fields f = bold(label({2760, top, 2235, 450}, "", colour::live, text_size::large));
-        f.ToolTipText = r.tip;
-        f.AccessibleName = r.words;
-        add(s.window, r.value, std::move(f), &s.Frame2);
+        add(s.window, r.value,
+            named(with_tip(bold(label({2760, top, 2235, 450}, "", colour::live, text_size::large)), r.tip),
+                  r.words),
+            &s.Frame2);
         top += 675;
     }
 }
@@ -128,10 +126,9 @@ void round_buttons(S& s)
     caption(s, &s.Frame1, label({180, 4110, 840, 300}, "ROUND", colour::dim));
     double left = 1080;
     for (int r = 1; screen_object * o : {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4}) {
-        object_fields f = hidden(button({left, 4035, 780, 450}, std::to_string(r)));
-        if (r == 1) f.ToolTipText = "ROUND NUMBER";
-        f.AccessibleName = "Round";
-        add(s.window, *o, std::move(f), &s.Frame1);
+        const char* tip = r == 1 ? "ROUND NUMBER" : "";
+        add(s.window, *o, hidden(named(button({left, 4035, 780, 450}, std::to_string(r), tip), "Round")),
+            &s.Frame1);
         left += 870;
         ++r;
     }
@@ -143,10 +140,9 @@ void target_details(S& s)
     caption(s, &s.Frame1, label({180, 390, 1800, 300}, "ROUNDS FIRED", colour::dim));
     add(s.window, s.Lblrounds, bold(label({1980, 390, 900, 300}, "", colour::live)), &s.Frame1);
     const area seen{60, 720, 4575, 3255};   // bounds of the markers; one outside is shown at the edge
-    caption(s, &s.Frame1, image({seen.Left, seen.Top, seen.Width, seen.Height}, ":target_ground"));
-    object_fields details = image({1440, 960, 1695, 1695}, ":target");
-    details.ToolTipText = "LAY OF MBS";
-    add(s.window, s.Imgtargetdetails, std::move(details), &s.Frame1);
+    caption(s, &s.Frame1, image(seen, ":target_ground"));
+    add(s.window, s.Imgtargetdetails, with_tip(image({1440, 960, 1695, 1695}, ":target"), "LAY OF MBS"),
+        &s.Frame1);
     add(s.window, s.killbox, hidden(shape({0, 0, 0, 0}, shape_kind::dashed_rectangle, colour::dim)),
         &s.Frame1);
     object_fields notseen = bold(label({90, 3600, 4515, 330}, "TARGET NOT VISIBLE ON THIS SHOOT", colour::red,
@@ -175,10 +171,8 @@ void thermal_marks(S& s)
 {
     add(s.window, s.Frmtherm, hidden(frame({12120, 7380, 3120, 2955}, "THERMAL ENGAGEMENTS")));
     const area seen{60, 330, 3000, 2550};
-    caption(s, &s.Frmtherm,
-            shape({seen.Left, seen.Top, seen.Width, seen.Height}, shape_kind::rectangle, colour::black,
-                  colour::black));
-    const rectangle middle{1320, 1365, mark, mark};
+    caption(s, &s.Frmtherm, shape(seen, shape_kind::rectangle, colour::black, colour::black));
+    const area middle{1320, 1365, mark, mark};
     object_fields target = image(middle, ":mark_centre");
     target.Within = seen;
     add(s.window, s.Imgthermtarget, std::move(target), &s.Frmtherm);

@@ -99,11 +99,11 @@ void outline_killbox(const practice_state& p, results_screen& s)
 {
     const double width = p.recwidth[s.selectedengagement];
     const auto kind = p.resultmode == "THERMAL" ? sight_kind::thermal : sight_kind::visual;
-    const kill_box box = kill_box_of(kind, width, width, width / std::max(p.killarea, 1));
+    const kill_box box = kill_box_of(kind, width, width, width / p.killarea);
     const double scale = s.markerscale;
     place(s.killbox, s.Shape1.Left + mark / 2 + box.left * scale, s.Shape1.Top + mark / 2 + box.top * scale);
-    s.killbox.Width = std::max(box.right - box.left, 0.0) * scale;
-    s.killbox.Height = std::max(box.bottom - box.top, 0.0) * scale;
+    s.killbox.Width = (box.right - box.left) * scale;
+    s.killbox.Height = (box.bottom - box.top) * scale;
 }
 
 // A target without a width, such as a thermal one that was not lased, gives no scale: its markers are hidden.
@@ -117,7 +117,7 @@ void show_markers(const practice_state& p, results_screen& s)
     s.Imagepoa.Visible = measured && p.recrange[e] <= farthest_seen;
     s.Lbltargetvis.Visible = p.recrange[e] > farthest_seen;
     place_markers(p, s, 1);
-    outline_killbox(p, s);
+    if (measured) outline_killbox(p, s);
 }
 
 // An engagement of one round has no round buttons. A further round is recognised by its aim, so one laid

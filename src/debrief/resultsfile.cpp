@@ -46,7 +46,7 @@ static bool each_of_rest(record& p, const visitor& visit)
 std::string results_file_bytes(const practice_state& p)
 {
     item_writer items;
-    items.put(p.studentdetails.text());
+    items.put(p.studentdetails);
     items.put(p.targetcount);
     items.put(of_length<20>(p.resultrange));
     items.put(of_length<60>(p.resultpicture));
@@ -56,14 +56,6 @@ std::string results_file_bytes(const practice_state& p)
         return true;
     });
     return items.file_bytes();
-}
-
-static bool take_student(item_reader& items, practice_state& p)
-{
-    std::string text;
-    if (!items.take(text)) return false;
-    p.studentdetails = text;
-    return true;
 }
 
 // The record has rows for 15 engagements. Loops over the engagements run to this number, so a larger one
@@ -78,7 +70,7 @@ static bool take_count(item_reader& items, practice_state& p)
 
 bool take_results(item_reader& items, practice_state& p, const std::function<void()>& head_taken)
 {
-    if (!take_student(items, p) || !take_count(items, p) || !items.take(p.resultrange) ||
+    if (!items.take(p.studentdetails) || !take_count(items, p) || !items.take(p.resultrange) ||
         !items.take(p.resultpicture) || !items.take(p.resultmode))
         return false;
     if (head_taken) head_taken();

@@ -1,7 +1,5 @@
 #include "flow/hints.h"
 
-#include <utility>
-
 namespace vorn {
 
 namespace {
@@ -23,21 +21,10 @@ void begin_hint(const hint_panel& p, const hint& h)
 void timhelp_tick(const hint_panel& p)
 {
     p.ticks += 1;
-    if (p.ticks <= rest_ticks) return;
-    p.label.Visible = true;
-    p.ticks = rest_ticks;   // the hint of the next button appears at once
+    if (p.ticks > rest_ticks) p.label.Visible = true;   // from then on the hint of the next button at once
 }
 
 }   // namespace
-
-void lay_out_hints(form& f, screen_object& bar, const rectangle& bar_at, screen_object& label_of_hint,
-                   const char* first_text)
-{
-    add(f, bar, label(bar_at, first_text, colour::highlight, text_size::normal, alignment::centre));
-    object_fields look = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
-    look.BackColor = colour::black;
-    add(f, label_of_hint, hidden(std::move(look)));
-}
 
 void end_hint(const hint_panel& p)
 {

@@ -26,7 +26,8 @@ struct hint_panel {
     const char* bare_text = foot_text;   // in the bar while the cursor is over the background
 };
 
-void lay_out_hints(form&, screen_object& bar, const rectangle& bar_at, screen_object& label,
+// design.cpp: the layout.
+void lay_out_hints(form&, screen_object& bar, const area& bar_at, screen_object& label,
                    const char* first_text = foot_text);
 // Hides the label, and cancels one that is still to come.
 void end_hint(const hint_panel&);

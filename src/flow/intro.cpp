@@ -5,7 +5,6 @@
 
 #include "debrief/results.h"
 #include "flow/boxes.h"
-#include "platform/design.h"
 #include "platform/files.h"
 #include "setup/startsim.h"
 #include "trainer.h"
@@ -13,12 +12,6 @@
 namespace vorn {
 
 namespace {
-
-constexpr const char* title = "MOBILE TURRET DRILL CONSOLE CHALLENGER 1 (VER 2.0)";
-constexpr const char* about =
-    "V.O.R.N. trains the gunner of a main battle tank at his own station: orders, laying, lasing, fire and "
-    "correction, on the visual and on the thermal sight, with a score and a debrief of each round.\n\n"
-    "Free software under the MIT licence. All pictures, voices and ranges were made for it.";
 
 void unhighlight(intro_screen& s)
 {
@@ -31,40 +24,12 @@ void lblstart_click(trainer& t)
     show(t.pc, t.startsim.window);
 }
 
-object_fields menu_label(double left, const char* caption)
-{
-    return bold(label({left, 10350, 2400, 600}, caption, colour::text, text_size::large, alignment::centre));
-}
-
-void lay_out(intro_screen& s)
-{
-    form& f = s.window;
-    f.name = "intro";
-    f.Caption = "V. O. R. N.";
-    // As wide as the widest usual screens, 21:9; a narrower window shows its middle.
-    s.Image1.docked = dock::backdrop;
-    add(f, s.Image1, image({-6000, 0, form_width + 12000, form_height}, ":title"));
-    add(f, s.Label2,
-        bold(label({645, 645, 14100, 600}, title, colour::black, text_size::large, alignment::centre)));
-    add(f, s.Label1,
-        bold(label({630, 630, 14100, 600}, title, colour::text, text_size::large, alignment::centre)));
-    object_fields text =
-        hidden(label({3150, 2400, 9060, 1470}, about, colour::text, text_size::normal, alignment::centre));
-    text.BackColor = colour::black;
-    add(f, s.Lblabout1, std::move(text));
-    add(f, s.lblstart, menu_label(1080, "START"));
-    add(f, s.lblabout, menu_label(4680, "ABOUT"));
-    add(f, s.lblhelp, menu_label(8280, "HELP"));
-    add(f, s.lblexit, menu_label(11880, "EXIT"));
-    f.exit_button = &s.lblexit;
-}
-
 }   // namespace
 
 void make_intro(trainer& t)
 {
     intro_screen& s = t.intro;
-    lay_out(s);
+    design_intro(s);
     s.lblstart.Click = [&t] { lblstart_click(t); };
     s.lblabout.Click = [&s] { s.Lblabout1.Visible = !s.Lblabout1.Visible; };
     s.lblhelp.Click = [&t] { openhelp(t); };
@@ -83,7 +48,6 @@ void make_intro(trainer& t)
 
 void start_program(trainer& t)
 {
-    t.shared.debriefonly = false;
     t.pc.message_box({lines({"MOBILE TURRET DRILL CONSOLE ", "                         by",
                              "                    H N VARLEY"}),
                       "V. O. R. N.", box_buttons::ok, box_sign::information});

@@ -17,6 +17,9 @@ struct intro_screen {
 
 void make_intro(trainer&);
 
+// design.cpp: the layout.
+void design_intro(intro_screen&);
+
 // Starts the program. Run it as one event; the arrival at the title screen follows.
 void start_program(trainer&);
 

@@ -30,10 +30,7 @@ const ammo_row& row_of(ammo_shown a)
 void showaimingmark(gunnery_screen& s)
 {
     if (s.visual()) return;
-    s.Imglam.Height = s.Imgstadia.Height;
-    s.Imglam.Width = s.Imgstadia.Height;
-    s.Imglam.Left = s.Imgstadia.Left;
-    s.Imglam.Top = s.Imgstadia.Top;
+    static_cast<area&>(s.Imglam) = s.Imgstadia;
     s.Imglam.Visible = true;
     for (screen_object* o : {&s.imgbam, &s.Imgstadia, &s.Imgrevhesh, &s.Imgrevfin}) o->Visible = false;
 }
@@ -129,7 +126,6 @@ void emptygun(gunnery_screen& s)
 
 void deselect_visual(gunnery_screen& s)
 {
-    s.autolayheld = false;
     s.leadperstep = 0;
     s.Lblcharge.Visible = false;
     stop(s.Timchrg);
@@ -187,11 +183,10 @@ void roundmissed(gunnery_screen& s)
 
 void explode(trainer& t, gunnery_screen& s)
 {
+    const area& target = s.Imgtargets;
     s.explodeframe = 1;
-    s.Imgexplode.Top = s.Imgtargets.Top - 100;
-    s.Imgexplode.Left = s.Imgtargets.Left;
-    s.Imgexplode.Height = s.Imgtargets.Height + 100;
-    s.Imgexplode.Width = s.Imgtargets.Width + 100;
+    static_cast<area&>(s.Imgexplode) = {target.Left, target.Top - 100, target.Width + 100,
+                                        target.Height + 100};
     s.Imgexplode.Picture = s.Imgexp[1].Picture;
     s.Imgexplode.Visible = true;
     s.Imgtargets.Fire = s.visual() ? fire::flames : fire::hot;
@@ -364,7 +359,7 @@ void showstrike(trainer& t, const gunnery_screen& s, round_kind kind)
 
 void assessround(trainer& t, gunnery_screen& s, int round)
 {
-    t.shared.killradius = static_cast<float>(s.Imgtargets.Width / std::max(t.shared.killarea, 1));
+    t.shared.killradius = static_cast<float>(s.Imgtargets.Width / t.shared.killarea);
     t.shared.recfallx[row(t)][round] = s.Imgtargets.Left - s.ammo.Left;
     t.shared.recfally[row(t)][round] = s.Imgtargets.Top - s.ammo.Top;
     if (!s.Imgtargets.Visible) return;

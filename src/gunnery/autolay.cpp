@@ -113,10 +113,7 @@ void thermal_lay(trainer& t, gunnery_screen& s, nature_of_target nature)
 void timautolay_tick(trainer& t, gunnery_screen& s)
 {
     s.autolaycount += 1;
-    if (s.autolaycount <= s.numbers.holdticks) {
-        if (s.visual()) s.autolayheld = false;
-        return;
-    }
+    if (s.autolaycount <= s.numbers.holdticks) return;
     s.autolaycount = 0;
     s.autolayheld = true;
     stop(s.timautolay);

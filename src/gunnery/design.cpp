@@ -43,7 +43,7 @@ const char* tip(const gunnery_screen& s, const char* text)
 // A button takes a whole row or half of one.
 enum class column { whole, left, right };
 
-rectangle cell(const layout& l, double top, column c)
+area cell(const layout& l, double top, column c)
 {
     const double left = c == column::right ? inner + l.half_width + 60 : inner;
     return {left, top, c == column::whole ? l.button_width : l.half_width, row_height};
@@ -112,7 +112,7 @@ void information(gunnery_screen& s, const layout& l)
 void lights(gunnery_screen& s, const layout& l)
 {
     form& f = s.window;
-    const rectangle at{inner, 6000, l.inner_width, 1350};
+    const area at{inner, 6000, l.inner_width, 1350};
     screen_object& panel = s.visual() ? s.Frame5 : s.Frame4;
     add(f, panel, named(frame(at, ""), "Lights"), &s.Frame1);
     if (s.visual()) add(f, s.Frame4, named(hidden(frame(at, "")), "Lights"), &s.Frame1);
@@ -130,7 +130,7 @@ void lights(gunnery_screen& s, const layout& l)
                 {"GUN READY ", {s.Imgunloaded, ":lamp_off", " off"}, {s.Imgloaded, ":lamp_green", " on"}}};
     double top = 300;
     for (const auto& row : rows) {
-        const rectangle place{l.inner_width - 480, top, 300, 300};
+        const area place{l.inner_width - 480, top, 300, 300};
         caption(s, &panel, label({180, top + 15, 1500, 270}, row.words));
         for (const lamp* m : {&row.lower, &row.upper})
             add(f, m->o, named(image(place, m->drawing), std::string(row.words) + m->state), &panel);
@@ -191,12 +191,12 @@ void control_panel(gunnery_screen& s)
 void title_and_crew(gunnery_screen& s)
 {
     form& f = s.window;
-    const rectangle& window = s.numbers.window;
+    const area& window = s.numbers.window;
     caption(s, nullptr,
             bold(label({window.Left, 150, 2775, 450}, s.window.Caption, colour::text, text_size::large,
                        alignment::right)));
     s.captions.back().docked = dock::above;
-    const rectangle crew{window.Left, s.visual() ? 840.0 : 1290.0, window.Width, 450};
+    const area crew{window.Left, s.visual() ? 840.0 : 1290.0, window.Width, 450};
     add(f, s.lblcrew, bold(label(crew, "CREW:", colour::live, text_size::large)));
     s.lblcrew.docked = dock::above;
     if (!s.visual()) return;
@@ -232,9 +232,7 @@ void visual_display(gunnery_screen& s)
 void thermal_display(gunnery_screen& s)
 {
     form& f = s.window;
-    const auto at = [&s](int place) {
-        return rectangle{s.numbers.window.Left + place * 1577, 7770, 1560, 450};
-    };
+    const auto at = [&s](int place) { return area{s.numbers.window.Left + place * 1577, 7770, 1560, 450}; };
     add(f, s.Lblammotype, named(bold(label(at(0), "", colour::live)), "AMMUNITION"));
     const std::pair<int, const char*> constant[] = {{1, "PRED "}, {2, "THERMAL"}, {4, "FIRST"}};
     for (const auto& [place, words] : constant) {
@@ -255,7 +253,7 @@ void explosion(gunnery_screen& s)
     add(s.window, s.Imgexplode, hidden(image({0, 0, 480, 480})), &s.Picrange);
 }
 
-void range_and_target(gunnery_screen& s, rectangle range)
+void range_and_target(gunnery_screen& s, area range)
 {
     form& f = s.window;
     add(f, s.Picrange, placed(object_kind::sight, s.numbers.window));
@@ -278,14 +276,13 @@ void visual_scales(gunnery_screen& s)
                                       {ticks_left, ":ticks"},
                                       {ticks_right, ":ticks"}})
         caption(s, &s.Picrange, image(at, drawing));
-    const rectangle graticule[] = {{2640, 1560, 795, 795}, {3360, 1560, 795, 795}, {4200, 1560, 795, 795},
-                                   {5160, 1560, 795, 795}, {6000, 1560, 795, 795}, {3885, 2520, 795, 795},
-                                   {4680, 2520, 795, 795}, {3885, 3330, 795, 795}, {4680, 3330, 795, 795},
-                                   {3615, 4080, 795, 735}, {4260, 4080, 795, 795}, {4920, 4080, 795, 735},
-                                   {3360, 4920, 795, 675}, {4260, 4920, 795, 675}, {5160, 4920, 795, 675}};
+    const area graticule[] = {{2640, 1560, 795, 795}, {3360, 1560, 795, 795}, {4200, 1560, 795, 795},
+                              {5160, 1560, 795, 795}, {6000, 1560, 795, 795}, {3885, 2520, 795, 795},
+                              {4680, 2520, 795, 795}, {3885, 3330, 795, 795}, {4680, 3330, 795, 795},
+                              {3615, 4080, 795, 735}, {4260, 4080, 795, 795}, {4920, 4080, 795, 735},
+                              {3360, 4920, 795, 675}, {4260, 4920, 795, 675}, {5160, 4920, 795, 675}};
     int n = 0;
-    for (const rectangle& at : graticule)
-        caption(s, &s.Picrange, image(at, ":graticule" + std::to_string(n++)));
+    for (const area& at : graticule) caption(s, &s.Picrange, image(at, ":graticule" + std::to_string(n++)));
 }
 
 void visual_sight(gunnery_screen& s)
@@ -303,7 +300,7 @@ void thermal_sight(gunnery_screen& s)
     form& f = s.window;
     range_and_target(s, {-7080, -3720, 21780, 11520});
     add(f, s.mbs1, hidden(shape(s.numbers.aim, shape_kind::filled_ellipse, colour::sight)), &s.Picrange);
-    const rectangle mark{4480, 2400, 480, 480};
+    const area mark{4480, 2400, 480, 480};
     int n = 0;
     for (screen_object& holder : s.Imgstadia1)
         add(f, holder, hidden(image(mark, ":stadia" + std::to_string(n++))), &s.Picrange);
@@ -312,9 +309,9 @@ void thermal_sight(gunnery_screen& s)
     add(f, s.imgbam, hidden(image({4500, 2400, 480, 480}, ":bam")), &s.Picrange);
     add(f, s.Imgrevfin, hidden(image({4180, 2520, 1080, 240}, ":revfin")), &s.Picrange);
     add(f, s.Imgrevhesh, hidden(image({4180, 2480, 1080, 375}, ":revhesh")), &s.Picrange);
-    for (const auto& [at, words] : {std::pair{rectangle{9170, 1080, 280, 300}, "X "},
-                                    {rectangle{0, 2040, 700, 300}, "X X X"},
-                                    {rectangle{9170, 3480, 280, 300}, "X"}})
+    for (const auto& [at, words] : {std::pair{area{9170, 1080, 280, 300}, "X "},
+                                    {area{0, 2040, 700, 300}, "X X X"},
+                                    {area{9170, 3480, 280, 300}, "X"}})
         caption(s, &s.Picrange, bold(label(at, words, colour::sight)));
 }
 

@@ -32,32 +32,29 @@ int16& rangehere(trainer& t, const gunnery_screen& s)
     return t.shared.targetrange[s.currenttarget];
 }
 
-void place(screen_object& mark, double left, double top, double width, double height)
+void place(area& mark, const area& at)
 {
-    mark.Left = left;
-    mark.Top = top;
-    mark.Width = width;
-    mark.Height = height;
+    mark = at;
 }
 
 // A mark of random height at the aim point, for a lase beside the target.
 void straymark(trainer& t, screen_object& mark, double middle, double top)
 {
     const double height = Int(Rnd(t.random) * 600);
-    place(mark, middle - height, top, 2 * height, height);
+    place(mark, {middle - height, top, 2 * height, height});
     mark.Visible = true;
 }
 
 void visual_mark(trainer& t, gunnery_screen& s)
 {
     if (!s.Imgtargets.Visible) {
-        place(s.laze, s.mbs1.Left, s.mbs1.Top, 200, 100);
+        place(s.laze, {s.mbs1.Left, s.mbs1.Top, 200, 100});
         s.laze.Visible = true;
     } else if (!betweensides(s)) {
         straymark(t, s.laze, s.mbs.Left, s.mbs1.Top);
     } else if (betweenedges(s)) {
         const double height = s.Imgtargets.Height;
-        place(s.laze, s.mbs1.Left - (height - 30), s.mbs1.Top - (height / 2 - 30), 2 * height, height);
+        place(s.laze, {s.mbs1.Left - (height - 30), s.mbs1.Top - (height / 2 - 30), 2 * height, height});
         if (t.shared.systemstatus < 2) s.laze.Visible = true;
     } else {
         return;   // above or below the target: no mark, no lay
@@ -83,7 +80,7 @@ void marktarget(trainer& t, gunnery_screen& s)
 {
     const double size = s.Imgtargets.Height;
     for (screen_object* mark : {&s.imgbam, &s.Imglam})
-        place(*mark, s.mbs1.Left - (size / 2 - 30), s.mbs1.Top - (size / 2 - 30), size, size);
+        place(*mark, {s.mbs1.Left - (size / 2 - 30), s.mbs1.Top - (size / 2 - 30), size, size});
     s.imgbam.Visible = true;
     s.layready = true;
     t.shared.recwidth[row(t)] = s.Imgtargets.Width;
@@ -93,7 +90,7 @@ void thermal_mark(trainer& t, gunnery_screen& s)
 {
     if (!s.Imgtargets.Visible) {
         const double half = s.imgbam.Width / 2;
-        place(s.imgbam, s.mbs1.Left - half, s.mbs1.Top - half, 200, 100);
+        place(s.imgbam, {s.mbs1.Left - half, s.mbs1.Top - half, 200, 100});
         s.imgbam.Visible = true;
     } else if (!betweensides(s)) {
         straymark(t, s.imgbam, s.mbs1.Left, s.mbs1.Top);

@@ -1,4 +1,3 @@
-#include <algorithm>
 
 #include "debrief/results.h"
 #include "flow/boxes.h"
@@ -21,7 +20,7 @@ void recordhit(trainer& t, gunnery_screen& s)
     s.hits += 1;
     s.lblhits.Caption = std::to_string(s.hits);
     s.hittime += s.targetticks;
-    s.Lblavetime.Caption = std::to_string(s.hittime / std::max<int>(s.targetnumber, 1));
+    s.Lblavetime.Caption = std::to_string(s.hittime / s.targetnumber);
     s.targetticks = s.targetlife;   // the next tick takes the target down
 }
 

@@ -87,7 +87,7 @@ void showestimate(trainer& t, gunnery_screen& s)
 // System status one step worse with each third of the practice; called before the new target is counted.
 void degrade(trainer& t, const gunnery_screen& s)
 {
-    const double thirds = static_cast<double>(s.targetnumber) / std::max<int>(t.shared.targetblocks, 1);
+    const double thirds = static_cast<double>(s.targetnumber) / t.shared.targetblocks;
     t.shared.systemstatus = s.visual() ? Int(thirds) : rounded(thirds);
 }
 

@@ -25,12 +25,6 @@ void setupquickstart(trainer& t, gunnery_screen& s)
     for (screen_object* o : {&s.Frmcon, &s.Frmsys, &s.Frmmousecon}) o->Visible = false;
 }
 
-void setupcontrolpanels(const practice_state& p, gunnery_screen& s)
-{
-    s.Frmcon.Visible = p.keyboardselected && !p.joyselected && !p.mouseselected && p.infocontrol;
-    s.Frmmousecon.Visible = p.mouseselected;
-}
-
 // A panel that is hidden here is shown again only by the next load of the screen.
 void hidepanels(const practice_state& p, gunnery_screen& s)
 {
@@ -42,17 +36,17 @@ void hidepanels(const practice_state& p, gunnery_screen& s)
     hide_if(!p.infocrew, {&s.lblcrew});
     hide_if(!p.coaxlight, {s.visual() ? &s.Frame5 : &s.Frame4});
     hide_if(!p.gunlight, {&s.Frame4});
-    if (!s.visual()) return;
-    hide_if(p.plainscreen, {&s.Frame3, &s.Frmmousecon, &s.Frmsys, &s.Frmcon, &s.lblcrew});
-    hide_if(true, {&s.lbltargetnum, &s.Imgname});
+    if (s.visual()) hide_if(p.plainscreen, {&s.Frame3, &s.Frmmousecon, &s.Frmsys, &s.Frmcon, &s.lblcrew});
 }
 
 void setuppanels(trainer& t, gunnery_screen& s)
 {
-    if (s.visual() && t.shared.quickstart) return setupquickstart(t, s);
-    if (!t.shared.targetauto) s.Cmdtarget.Visible = true;
-    setupcontrolpanels(t.shared, s);
-    hidepanels(t.shared, s);
+    const practice_state& p = t.shared;
+    if (s.visual() && p.quickstart) return setupquickstart(t, s);
+    if (!p.targetauto) s.Cmdtarget.Visible = true;
+    s.Frmcon.Visible = p.keyboardselected && !p.joyselected && !p.mouseselected && p.infocontrol;
+    s.Frmmousecon.Visible = p.mouseselected;
+    hidepanels(p, s);
 }
 
 // While the panel of the practice's buttons is hidden, shows their keys in its place until the practice

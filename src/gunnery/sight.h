@@ -69,8 +69,8 @@ struct explosion_numbers {
 
 struct sight_numbers {
     const char* resultmode;     // name of the sight in the record
-    rectangle window;           // the sight window on the screen
-    rectangle aim;              // the aim point in the window
+    area window;                // the sight window on the screen
+    area aim;                   // the aim point in the window
     int timer1;                 // interval of Timer1, milliseconds
     int nearest;                // a nearer target counts as this far away
     double widest;              // width of a target at range 0, before it is clamped
@@ -156,8 +156,8 @@ constexpr const sight_numbers& numbers_of(sight_kind kind)
 }
 
 // The columns of figures and of ticks in the visual sight, which show the drop of HESH. For display only.
-inline constexpr rectangle figures_left{2880, 2520, 375, 3255}, figures_right{6360, 2520, 255, 3495};
-inline constexpr rectangle ticks_left{3480, 2430, 255, 2775}, ticks_right{5640, 2430, 255, 2775};
+inline constexpr area figures_left{2880, 2520, 375, 3255}, figures_right{6360, 2520, 255, 3495};
+inline constexpr area ticks_left{3480, 2430, 255, 2775}, ticks_right{5640, 2430, 255, 2775};
 
 // A target's width at a range: larger divisors make larger targets.
 inline constexpr double smallest_target = 160;

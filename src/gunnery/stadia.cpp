@@ -5,14 +5,9 @@ namespace vorn {
 // A height between two classes leaves the picture as it was.
 void choosestadia(gunnery_screen& s)
 {
-    static constexpr struct {
-        double from, to;   // twips of the target's height
-    } classes[] = {{380, 500}, {280, 379}, {180, 279}};
-    const double height = s.Imgtargets.Height;
-    if (height < 180) s.Imgstadia.Picture = s.Imgstadia1[3].Picture;
-    for (int i = 0; i < 3; ++i)
-        if (height >= classes[i].from && height <= classes[i].to)
-            s.Imgstadia.Picture = s.Imgstadia1[i].Picture;
+    const double h = s.Imgtargets.Height;
+    const int fits = h >= 380 ? 0 : h >= 280 && h <= 379 ? 1 : h >= 180 && h <= 279 ? 2 : h < 180 ? 3 : -1;
+    if (fits >= 0) s.Imgstadia.Picture = s.Imgstadia1[fits].Picture;
 }
 
 }   // namespace vorn

@@ -9,41 +9,34 @@
 
 namespace vorn {
 
-struct rectangle {
-    double Left, Top, Width, Height;
-};
-
-inline object_fields placed(object_kind kind, rectangle at, std::string caption = {}, std::string tip = {})
+inline object_fields placed(object_kind kind, area at, std::string caption = {}, std::string tip = {})
 {
     object_fields f;
+    static_cast<area&>(f) = at;
     f.kind = kind;
-    f.Left = at.Left;
-    f.Top = at.Top;
-    f.Width = at.Width;
-    f.Height = at.Height;
     f.Caption = std::move(caption);
     f.ToolTipText = std::move(tip);
     return f;
 }
 
-inline object_fields frame(rectangle at, std::string caption, std::string tip = {})
+inline object_fields frame(area at, std::string caption, std::string tip = {})
 {
     return placed(object_kind::frame, at, std::move(caption), std::move(tip));
 }
 
-inline object_fields button(rectangle at, std::string caption, std::string tip = {})
+inline object_fields button(area at, std::string caption, std::string tip = {})
 {
     return placed(object_kind::button, at, std::move(caption), std::move(tip));
 }
 
-inline object_fields option(rectangle at, std::string caption, bool selected = false)
+inline object_fields option(area at, std::string caption, bool selected = false)
 {
     object_fields f = placed(object_kind::option, at, std::move(caption));
     f.Value = selected ? 1 : 0;
     return f;
 }
 
-inline object_fields slider(rectangle at, int min, int max, int position, int page = 1)
+inline object_fields slider(area at, int min, int max, int position, int page = 1)
 {
     object_fields f = placed(object_kind::slider, at);
     f.Min = min;
@@ -53,7 +46,7 @@ inline object_fields slider(rectangle at, int min, int max, int position, int pa
     return f;
 }
 
-inline object_fields textbox(rectangle at, std::string text)
+inline object_fields textbox(area at, std::string text)
 {
     object_fields f = placed(object_kind::textbox, at);
     f.Text = std::move(text);
@@ -61,14 +54,14 @@ inline object_fields textbox(rectangle at, std::string text)
 }
 
 // An image with a built-in drawing, named ":name", or with none.
-inline object_fields image(rectangle at, std::string drawing = {})
+inline object_fields image(area at, std::string drawing = {})
 {
     object_fields f = placed(object_kind::image, at);
     if (!drawing.empty()) f.Picture.source = std::move(drawing);
     return f;
 }
 
-inline object_fields shape(rectangle at, shape_kind kind, colour fore, colour back = colour::ground)
+inline object_fields shape(area at, shape_kind kind, colour fore, colour back = colour::ground)
 {
     object_fields f = placed(object_kind::shape, at);
     f.Shape = kind;
@@ -77,7 +70,7 @@ inline object_fields shape(rectangle at, shape_kind kind, colour fore, colour ba
     return f;
 }
 
-inline object_fields label(rectangle at, std::string caption, colour fore = colour::text,
+inline object_fields label(area at, std::string caption, colour fore = colour::text,
                            text_size size = text_size::normal, alignment align = alignment::left)
 {
     object_fields f = placed(object_kind::label, at, std::move(caption));
@@ -100,7 +93,7 @@ struct button_row {
     const char* caption;
     const char* tip;
 };
-inline void put_buttons(form& f, rectangle first, double step, std::initializer_list<button_row> row)
+inline void put_buttons(form& f, area first, double step, std::initializer_list<button_row> row)
 {
     for (const button_row& r : row) {
         add(f, r.o, button(first, r.caption, r.tip));
@@ -112,6 +105,12 @@ inline void put_buttons(form& f, rectangle first, double step, std::initializer_
 inline object_fields named(object_fields f, std::string name)
 {
     f.AccessibleName = std::move(name);
+    return f;
+}
+
+inline object_fields with_tip(object_fields f, std::string tip)
+{
+    f.ToolTipText = std::move(tip);
     return f;
 }
 

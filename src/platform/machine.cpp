@@ -87,10 +87,7 @@ form* front(const machine& m)
 
 void came_to_front(machine& m, form& f)
 {
-    if (f.state != form_state::shown || front(m) == &f) return;
-    std::erase(m.screens.shown, &f);
-    m.screens.shown.push_back(&f);
-    queue_arrival(m, f);
+    if (f.state == form_state::shown) show(m, f);
 }
 
 void close_by_frame(form& f)
@@ -107,14 +104,20 @@ void joystick_changed(machine& m)
         if (f->JoystickChanged) f->JoystickChanged();
 }
 
-// Counts the depth of nested handlers, also when end_program leaves one by an exception.
+// Sets a variable for the time of a handler, which end_program may leave by an exception.
+template <class T>
+struct meanwhile {
+    T& variable;
+    const T before = variable;
+    meanwhile(T& v, T value) : variable(v) { v = value; }
+    meanwhile(const meanwhile&) = delete;
+    meanwhile& operator=(const meanwhile&) = delete;
+    ~meanwhile() { variable = before; }
+};
+
 static void run_nested(machine& m, const std::function<void()>& event)
 {
-    struct depth_guard {
-        int& depth;
-        explicit depth_guard(int& d) : depth(d) { ++depth; }
-        ~depth_guard() { --depth; }
-    } guard(m.screens.depth);
+    const meanwhile nested(m.screens.depth, m.screens.depth + 1);
     if (event) event();
 }
 
@@ -162,11 +165,7 @@ double next_tick(machine& m)
 // Ticks stay at multiples of the interval; a late timer ticks once for all the ticks that it missed.
 static void tick(machine& m, timer& t)
 {
-    struct ticking_guard {
-        bool& flag;
-        explicit ticking_guard(bool& f) : flag(f) { flag = true; }
-        ~ticking_guard() { flag = false; }
-    } guard(t.ticking);
+    const meanwhile ticking(t.ticking, true);
     const double missed = std::floor((m.now() - t.due) / period(t));
     t.due += period(t) * (1 + std::max(missed, 0.0));
     handle(m, t.tick);

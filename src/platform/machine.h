@@ -111,10 +111,10 @@ public:
     virtual void play(const std::string& path) = 0;
     virtual void close_sound() = 0;
 
-    // Marks where a round has come down, for a second or two. For display only: a machine without a screen
-    // has nothing to do. clear_strikes removes all marks.
-    virtual void show_strike(const strike&) {}
-    virtual void clear_strikes() {}
+    // Marks where a round has come down, for a second or two. For display only. clear_strikes removes all
+    // marks.
+    virtual void show_strike(const strike&) = 0;
+    virtual void clear_strikes() = 0;
 
     // Readings of the joystick: 5 and 7 are the upper ends of the X and Y scales, 13 and 14 the current X and
     // Y.

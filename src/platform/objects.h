@@ -86,9 +86,8 @@ struct area {
 };
 
 // Everything about an object that can be seen. The machine compares it with what it last drew.
-struct object_fields {
+struct object_fields : area {
     object_kind kind = object_kind::label;
-    double Left = 0, Top = 0, Width = 0, Height = 0;   // twips, from the parent's upper left corner
     area Within;   // an object outside is shown at the edge; ignored if its size is 0
     bool Visible = true;
     bool Enabled = true;

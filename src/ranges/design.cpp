@@ -86,10 +86,10 @@ void target_selector(S& s)
                 label({2640, top, 1050, 240}, natures[i], colour::dim, text_size::small, alignment::centre));
         caption(s, &s.Frame3,
                 shape({2700, top + 225, 930, 930}, shape_kind::rectangle, colour::dim, colour::black));
-        object_fields f = image({2715, top + 240, 900, 900}, ":target");
-        if (i == 1) f.ToolTipText = "TARGET TYPE";
-        f.AccessibleName = std::string("Icon for ") + natures[i];
-        add(s.window, s.Imgtarget[i], std::move(f), &s.Frame3);
+        add(s.window, s.Imgtarget[i],
+            named(with_tip(image({2715, top + 240, 900, 900}, ":target"), i == 1 ? "TARGET TYPE" : ""),
+                  std::string("Icon for ") + natures[i]),
+            &s.Frame3);
     }
 }
 
@@ -99,7 +99,7 @@ void number_buttons(S& s)
     for (int n = 1; n < positions; ++n) {
         const std::string number = std::to_string(n);
         const int row = (n - 1) / 5;
-        const rectangle at{180 + 684.0 * ((n - 1) % 5), 1620.0 + 435 * row, 624, 375};
+        const area at{180 + 684.0 * ((n - 1) % 5), 1620.0 + 435 * row, 624, 375};
         object_fields f =
             label(at, number, n == 1 ? colour::white : colour::text, text_size::normal, alignment::centre);
         f.bold = n == 1;
@@ -111,7 +111,7 @@ void number_buttons(S& s)
 }
 
 // A clickable label, with a background that shows it as such.
-object_fields plate(rectangle at, const char* words, const char* tip)
+object_fields plate(area at, const char* words, const char* tip)
 {
     object_fields f = label(at, words, colour::text, text_size::normal, alignment::centre);
     f.BackColor = colour::dim;
@@ -123,13 +123,10 @@ void range_details(S& s)
 {
     add(s.window, s.Frame4, frame({7405, frames_top, 3720, frames_height}, "Range Details"), &s.Frame2);
     caption(s, &s.Frame4, label({180, 420, 750, 300}, "NAME", colour::dim));
-    object_fields name = textbox({960, 360, 2580, 420}, "");
-    name.ToolTipText = "RANGE NAME";
-    add(s.window, s.Textname, std::move(name), &s.Frame4);
+    add(s.window, s.Textname, with_tip(textbox({960, 360, 2580, 420}, ""), "RANGE NAME"), &s.Frame4);
     caption(s, &s.Frame4, label({180, 900, 750, 300}, "TYPE", colour::dim));
-    object_fields type = bold(label({960, 900, 2580, 300}, "Visual", colour::live));
-    type.ToolTipText = "RANGE TYPE";
-    add(s.window, s.Lblrangetype, std::move(type), &s.Frame4);
+    add(s.window, s.Lblrangetype,
+        with_tip(bold(label({960, 900, 2580, 300}, "Visual", colour::live)), "RANGE TYPE"), &s.Frame4);
     number_buttons(s);
     add(s.window, s.Lblsavetarget, plate({180, 3435, 1650, 420}, "SAVE TARGET", "SAVE TARGET"), &s.Frame4);
     add(s.window, s.Lbltargetrange, plate({1890, 3435, 1650, 420}, "TARGET RANGE   ", "TARGET RANGE"),
@@ -153,9 +150,7 @@ void range_info(S& s)
                 {"TGT RANGE=", s.Lbltgtrange, "000", "TARGET RANGE"}};
     double top = 420;
     for (const auto& r : rows) {
-        object_fields words = label({180, top + 60, 1500, 300}, r.words, colour::dim);
-        words.ToolTipText = r.tip;
-        caption(s, &s.Frame6, std::move(words));
+        caption(s, &s.Frame6, with_tip(label({180, top + 60, 1500, 300}, r.words, colour::dim), r.tip));
         add(s.window, r.value,
             named(bold(label({1740, top, 1860, 420}, r.first, colour::live, text_size::large)), r.tip),
             &s.Frame6);
@@ -166,19 +161,17 @@ void range_info(S& s)
 void overview(S& s)
 {
     add(s.window, s.Frame1, frame({560, 5430, 14240, 5460}, "Veiw of Entire Range"));
-    object_fields outcome =
-        label({2700, 60, 11400, 270}, "", colour::live, text_size::small, alignment::right);
-    add(s.window, s.outcome, std::move(outcome), &s.Frame1);
-    const rectangle whole{overview_left, overview_top, overview_width, overview_height};
-    const area seen{whole.Left, whole.Top, whole.Width, whole.Height};
+    add(s.window, s.outcome,
+        label({2700, 60, 11400, 270}, "", colour::live, text_size::small, alignment::right), &s.Frame1);
+    const area whole{overview_left, overview_top, overview_width, overview_height};
     add(s.window, s.Image1, image(whole, ":country"), &s.Frame1);
     for (int n = 1; n < positions; ++n) {
         object_fields f = image({overview_left, overview_top, 360, 315}, ":marker" + std::to_string(n));
-        f.Within = seen;
+        f.Within = whole;
         add(s.window, s.Img[n], std::move(f), &s.Frame1);
     }
     object_fields pointer = image({0, 0, 240, 240}, ":here");
-    pointer.Within = seen;
+    pointer.Within = whole;
     add(s.window, s.Imgpoint, std::move(pointer), &s.Frame1);
 }
 

@@ -6,63 +6,32 @@ namespace vorn {
 
 static constexpr const char* damaged = "It is not a whole range file.";
 
-// The items of a part in their order. Stops when the visitor returns false.
-template <class state, class visitor>
-static bool each_item(state& p, range_part part, int i, const visitor& visit)
+// Visits the items of a file with this many entries in their order, and calls `done` after each part. Stops
+// when either returns false.
+template <class state, class visitor, class action>
+static bool each_item(state& p, int entries, const visitor& visit, const action& done)
 {
-    const auto all = [&](auto&... items) { return (visit(items) && ...); };
-    switch (part) {
-        case range_part::name:
-            return visit(p.rangename);
-        case range_part::picture:
-            return visit(p.rangepicture);
-        case range_part::type:
-            return visit(p.rangetype);
-        case range_part::icons:
-            return all(p.targeticon1, p.targeticon2, p.targeticon3);
-        case range_part::entry:
-            break;
-    }
-    return all(p.targetx[i], p.targety[i], p.targetrange[i]);
+    int i = 0;   // the next entry
+    const auto part = [&](range_part which, auto&... items) {
+        return (visit(items) && ...) && done(which, i);
+    };
+    bool on = part(range_part::name, p.rangename) && part(range_part::picture, p.rangepicture) &&
+              part(range_part::type, p.rangetype) &&
+              part(range_part::icons, p.targeticon1, p.targeticon2, p.targeticon3);
+    for (; on && i < entries; ++i) on = part(range_part::entry, p.targetx[i], p.targety[i], p.targetrange[i]);
+    return on;
 }
 
-// Visits the parts of a file with this many entries, in their order. Stops when the visitor returns false.
-template <class visitor>
-static bool each_part(int entries, const visitor& visit)
+static bool go_on(range_part, int)
 {
-    for (const range_part part : {range_part::name, range_part::picture, range_part::type, range_part::icons})
-        if (!visit(part, 0)) return false;
-    for (int i = 0; i < entries; ++i)
-        if (!visit(range_part::entry, i)) return false;
     return true;
-}
-
-template <std::size_t N>
-static bool take(item_reader& items, padded<N>& field)
-{
-    std::string text;
-    if (!items.take(text)) return false;
-    field = text;
-    return true;
-}
-
-template <class item>
-static bool take(item_reader& items, item& field)
-{
-    return items.take(field);
-}
-
-static bool take_part(item_reader& items, range_part part, int i, practice_state& p)
-{
-    return each_item(p, part, i, [&](auto& field) { return take(items, field); });
 }
 
 bool take_range(item_reader& items, practice_state& p,
                 const std::function<bool(range_part, int position)>& taken)
 {
-    return each_part(positions, [&](range_part part, int i) {
-        return take_part(items, part, i, p) && (!taken || taken(part, i));
-    });
+    return each_item(
+        p, positions, [&](auto& field) { return items.take(field); }, taken ? taken : go_on);
 }
 
 std::string read_range_head(const machine& m, const std::string& file, practice_state& p)
@@ -71,7 +40,7 @@ std::string read_range_head(const machine& m, const std::string& file, practice_
     if (!read.text) return read.reason;
     item_reader items(std::move(*read.text));
     std::string picture;
-    const bool whole = take(items, p.rangename) && take(items, picture) && take(items, p.rangetype);
+    const bool whole = items.take(p.rangename) && items.take(picture) && items.take(p.rangetype);
     return whole ? "" : damaged;
 }
 
@@ -81,33 +50,20 @@ std::string read_range(const machine& m, const std::string& file, practice_state
     if (!read.text) return read.reason;
     item_reader items(std::move(*read.text));
     practice_state whole = p;
-    const auto take_into_copy = [&](range_part part, int i) { return take_part(items, part, i, whole); };
-    if (!each_part(practice_entries, take_into_copy)) return damaged;
+    const auto take = [&](auto& field) { return items.take(field); };
+    if (!each_item(whole, practice_entries, take, go_on)) return damaged;
     p = std::move(whole);
     return {};
-}
-
-template <std::size_t N>
-static void put(item_writer& items, const padded<N>& field)
-{
-    items.put(field.text());
-}
-
-template <class item>
-static void put(item_writer& items, const item& field)
-{
-    items.put(field);
 }
 
 std::string range_file_bytes(const practice_state& p)
 {
     item_writer items;
-    each_part(positions, [&](range_part part, int i) {
-        return each_item(p, part, i, [&](const auto& field) {
-            put(items, field);
-            return true;
-        });
-    });
+    const auto put = [&](const auto& field) {
+        items.put(field);
+        return true;
+    };
+    each_item(p, positions, put, go_on);
     return items.file_bytes();
 }
 

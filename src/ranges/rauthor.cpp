@@ -1,7 +1,5 @@
 #include "ranges/rauthor.h"
 
-#include <algorithm>
-
 #include "flow/boxes.h"
 #include "flow/hints.h"
 #include "ranges/author.h"
@@ -25,8 +23,6 @@ hint_panel hints_of(rauthor_screen& s)
 
 void rauthor_load(rauthor_screen& s)
 {
-    s.target = 1;
-    s.metres = 0;
     scaleoverview(s);
     placeholderband(s);
 }
@@ -35,8 +31,8 @@ void rauthor_load(rauthor_screen& s)
 void rauthor_arrival(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
-    end_hint(hints_of(s));   // one may be left from before the set-up screen hid this one
-    s.targetsize = std::max(t.shared.targetsize, 1);   // the set-up may have changed it
+    end_hint(hints_of(s));                // one may be left from before the set-up screen hid this one
+    s.targetsize = t.shared.targetsize;   // the set-up may have changed it
     showmiddle(s);
     for (int icon = 1; icon <= 3; ++icon) loadicon(t, icon);
 }

@@ -48,14 +48,14 @@ struct option_row {
     const char* tip = "";
     bool shown = true;
 };
-void options(S& s, screen_object& group, screen_object& parent, rectangle at, const char* title,
-             const char* tip, std::initializer_list<option_row> rows)
+void options(S& s, screen_object& group, screen_object& parent, area at, const char* title, const char* tip,
+             std::initializer_list<option_row> rows)
 {
     add(s.window, group, frame(at, title, tip), &parent);
     double top = header;
     for (const option_row& r : rows) {
-        object_fields f = option({edge, top, at.Width - 2 * edge, row_height}, r.caption, r.chosen);
-        f.ToolTipText = r.tip;
+        object_fields f =
+            with_tip(option({edge, top, at.Width - 2 * edge, row_height}, r.caption, r.chosen), r.tip);
         f.Visible = r.shown;
         add(s.window, s.*r.option, std::move(f), &group);
         if (r.shown) top += row_step;
@@ -83,7 +83,7 @@ void practice_targets(S& s)
 {
     constexpr double lefts[] = {3600, 4200, 4800, 5400}, tops[] = {240, 795, 1320}, side = 465;
     for (int n = 1; n <= 12; ++n) {
-        const rectangle at{lefts[(n - 1) % 4], tops[(n - 1) / 4], side, side};
+        const area at{lefts[(n - 1) % 4], tops[(n - 1) / 4], side, side};
         add(s.window, s.Imgpractice[n], image(at, n == 12 ? ":stop" : ":practice"), &s.Frame13);
         const std::string number = std::to_string(n);
         object_fields f =
@@ -147,8 +147,8 @@ void firing_options(S& s)
     step(s, s.Frmoptions, "2");
     constexpr double four = header + 4 * row_step + edge, three = four - row_step;
     constexpr double upper_top = 390, lower_top = upper_top + four + 120;
-    const auto upper = [](int column) { return rectangle{edge + column * 1920, upper_top, 1860, four}; };
-    const auto lower = [](int column) { return rectangle{edge + column * 2560, lower_top, 2500, three}; };
+    const auto upper = [](int column) { return area{edge + column * 1920, upper_top, 1860, four}; };
+    const auto lower = [](int column) { return area{edge + column * 2560, lower_top, 2500, three}; };
     options(s, s.Frmsystem, s.Frmoptions, upper(0), "System", "",
             {{&S::Optsys1, "Full System", true},
              {&S::Optsys2, "Lazer only"},
@@ -191,7 +191,7 @@ void range_frame(S& s)
     caption(s, &s.Frame9, label({180, 720, 1380, 300}, "Rangetype", colour::dim));
     add(s.window, s.lblrangetype, named(bold(label({1620, 720, 3480, 300}, "", colour::live)), "Range type"),
         &s.Frame9);
-    const auto at = [](int n) { return rectangle{edge + n * 1710.0, 1170, 1650, 450}; };
+    const auto at = [](int n) { return area{edge + n * 1710.0, 1170, 1650, 450}; };
     add(s.window, s.Cmdopenrange, button(at(0), "Load Range", "LOAD RANGE"), &s.Frame9);
     add(s.window, s.cmdeditrange, button(at(1), "Edit Range", "EDIT RANGE"), &s.Frame9);
     add(s.window, s.Command3, button(at(2), "Cancel"), &s.Frame9);
@@ -221,9 +221,10 @@ void screen_info(S& s)
     add(s.window, s.Frame8, frame({13560, 2730, 1680, 1620}, "Screen"));
     for (const auto& [o, words, top] : {std::tuple{&s.Optscreen1, "Plain Screen", header},
                                         std::tuple{&s.Optscreen2, "Screen info", header + row_step}}) {
-        object_fields f = option({edge, top, 1530, row_height}, words, o == &s.Optscreen2);
-        if (o == &s.Optscreen1) f.ToolTipText = "SCREEN INFO";
-        add(s.window, *o, std::move(f), &s.Frame8);
+        add(s.window, *o,
+            with_tip(option({edge, top, 1530, row_height}, words, o == &s.Optscreen2),
+                     o == &s.Optscreen1 ? "SCREEN INFO" : ""),
+            &s.Frame8);
     }
 }
 
@@ -234,7 +235,7 @@ void controls(S& s)
     constexpr double two = header + 2 * row_step + edge, three = two + row_step;
     constexpr double first = 390, second = first + three + 1020, third = second + two + 210;
     const auto at = [](int column, double top, double height) {
-        return rectangle{edge + column * 1740, top, 1680, height};
+        return area{edge + column * 1740, top, 1680, height};
     };
     options(s, s.Frmmethod, s.Frmcontrols, {edge, first, 3420, three}, "Method", "",
             {{&S::Optcon1, "Joystick", true},
@@ -268,9 +269,8 @@ void advanced_options(S& s)
     double top = 360;
     for (const auto& r : rows) {
         add(s.window, r.group, frame({edge, top, 3300, 1410}, r.title), &s.Frame7);
-        object_fields f = slider({180, 420, 2940, 330}, r.from, r.to, r.first, r.page);
-        f.ToolTipText = r.title;
-        add(s.window, r.bar, std::move(f), &r.group);
+        add(s.window, r.bar, with_tip(slider({180, 420, 2940, 330}, r.from, r.to, r.first, r.page), r.title),
+            &r.group);
         caption(s, &r.group, label({180, 900, 1200, 270}, "Small", colour::dim));
         caption(s, &r.group,
                 label({1920, 900, 1200, 270}, "Large", colour::dim, text_size::normal, alignment::right));

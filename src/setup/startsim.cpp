@@ -32,7 +32,6 @@ void cmdstart_click(trainer& t)
     t.shared.studentdetails = s.Txtname.Text + "_" + s.Txtnum.Text;
     t.shared.targetcount = t.shared.targetblocks * 3;
     t.shared.quickstart = false;
-    t.shared.debriefonly = false;
     leavefor(t, practice_screen(t).window);
 }
 

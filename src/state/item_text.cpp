@@ -119,8 +119,8 @@ bool item_reader::take(bool& value)
     return !failed_;
 }
 
-template <std::signed_integral whole>
-bool item_reader::take_number(whole& number)
+template <std::signed_integral whole, class field>
+bool item_reader::take_number(field& number)
 {
     std::string_view item;
     if (!next_item(item)) return false;
@@ -131,29 +131,14 @@ bool item_reader::take_number(whole& number)
     return !failed_;
 }
 
-bool item_reader::take(int16& number)
-{
-    std::int16_t n = 0;
-    if (!take_number(n)) return false;
-    number = n;
-    return true;
-}
-
-bool item_reader::take(std::int32_t& number)
-{
-    return take_number(number);
-}
+template bool item_reader::take_number<std::int16_t>(int16&);
+template bool item_reader::take_number<std::int32_t>(std::int32_t&);
 
 void item_writer::put(std::string_view text)
 {
     std::string quoted = "\"";
     for (const char c : text) quoted += c == '"' ? '\'' : c == '\r' || c == '\n' ? ' ' : c;
     put_line(quoted + '"');
-}
-
-void item_writer::put(bool value)
-{
-    put_line(value ? "#TRUE#" : "#FALSE#");
 }
 
 std::string item_writer::file_bytes() const

@@ -21,13 +21,21 @@ public:
 
     bool take(std::string&);
     bool take(bool&);
-    bool take(int16&);
-    bool take(std::int32_t&);
+    bool take(int16& number) { return take_number<std::int16_t>(number); }
+    bool take(std::int32_t& number) { return take_number<std::int32_t>(number); }
+    template <std::size_t N>
+    bool take(padded<N>& field)
+    {
+        std::string text;
+        if (!take(text)) return false;
+        field = text;
+        return true;
+    }
 
 private:
     bool next_item(std::string_view& item);
-    template <std::signed_integral whole>
-    bool take_number(whole&);
+    template <std::signed_integral whole, class field>
+    bool take_number(field&);
 
     std::string text_;
     std::size_t place_ = 0;
@@ -41,9 +49,13 @@ public:
     void put(std::string_view text);
     void put(const char* text) { put(std::string_view(text)); }
     void put(const std::string& text) { put(std::string_view(text)); }
-    void put(bool);
-    void put(std::integral auto number) { put_line(std::to_string(number)); }
-    void put(int16 number) { put_line(std::to_string(static_cast<int>(number))); }
+    template <std::size_t N>
+    void put(const padded<N>& text)
+    {
+        put(text.text());
+    }
+    void put(bool value) { put_line(value ? "#TRUE#" : "#FALSE#"); }
+    void put(int number) { put_line(std::to_string(number)); }
 
     // The bytes of the file: Latin-1 if it has all the characters and wouldn't be read as UTF-8;
     // UTF-8 otherwise.

@@ -29,7 +29,7 @@ struct box {
 box in_reach(const country& land)
 {
     const vorn::sight_numbers& sight = vorn::numbers_of(land.sight);
-    const vorn::rectangle& aim = sight.aim;
+    const vorn::area& aim = sight.aim;
     const vorn::limit_numbers& keys = sight.keylimits;
     const auto twip = real(vorn::twips_per_pixel);
     const float width = real(land.width) * twip, height = real(land.height) * twip;

@@ -85,25 +85,10 @@ std::optional<std::string> headless_machine::choose_file(const file_dialog& dial
     return take_first(files);
 }
 
-void headless_machine::show_help(const std::string& path)
-{
-    note("help", path);
-}
-
 void headless_machine::play(const std::string& path)
 {
     playing = path;
     note("sound", std::filesystem::path(path).filename().string());
-}
-
-void headless_machine::close_sound()
-{
-    playing.clear();
-}
-
-long headless_machine::joystick_reading(int number)
-{
-    return joystick[number];
 }
 
 loaded_picture headless_machine::load_picture(const std::string& path)
@@ -137,11 +122,6 @@ void headless_machine::event(const std::function<void()>& what)
     note_changes();
 }
 
-void headless_machine::click(screen_object& o)
-{
-    event([&] { user_click(o); });
-}
-
 void headless_machine::confirm(screen_object& o)
 {
     answers = {{true}};
@@ -154,29 +134,9 @@ void headless_machine::choose(screen_object& o, const std::string& path)
     click(o);
 }
 
-void headless_machine::slide(screen_object& o, int position)
-{
-    event([&] { user_slide(o, position); });
-}
-
-void headless_machine::type(screen_object& o, const std::string& text)
-{
-    event([&] { user_types(o, text); });
-}
-
 void headless_machine::press(screen_object& o)
 {
     if (takes_input(o)) event(o.MouseDown);
-}
-
-void headless_machine::release(screen_object& o)
-{
-    event(o.MouseUp);
-}
-
-void headless_machine::click_at(screen_object& o, double x, double y)
-{
-    event([&] { user_click_at(o, x, y); });
 }
 
 void headless_machine::key_down(int code, bool alt)
@@ -215,24 +175,9 @@ void headless_machine::stick_button(int number, bool down)
     if (hook) event([&] { hook(number); });
 }
 
-void headless_machine::activate(form& f)
-{
-    event([&] { came_to_front(*this, f); });
-}
-
-void headless_machine::close_window(form& f)
-{
-    event([&] { close_by_frame(f); });
-}
-
 void headless_machine::later(double seconds, std::function<void()> action)
 {
     plans_.push_back({clock_ + seconds, std::move(action)});
-}
-
-void headless_machine::watch(const screen_object& o)
-{
-    watched_.emplace_back(&o, o.Caption);
 }
 
 double headless_machine::next_event()

@@ -36,10 +36,12 @@ public:
     std::optional<std::string> input_box(const std::string& title, const std::string& prompt,
                                          const std::string& proposed) override;
     std::optional<std::string> choose_file(const file_dialog&) override;
-    void show_help(const std::string& path) override;
+    void show_help(const std::string& path) override { note("help", path); }
     void play(const std::string& path) override;
-    void close_sound() override;
-    long joystick_reading(int number) override;
+    void close_sound() override { playing.clear(); }
+    void show_strike(const strike& s) override { strikes.push_back(s); }
+    void clear_strikes() override { strikes.clear(); }
+    long joystick_reading(int number) override { return joystick[number]; }
     bool joystick_present() override { return stick_present; }
     loaded_picture load_picture(const std::string& path) override;
     print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
@@ -56,27 +58,47 @@ public:
     std::vector<logged> log;
     std::vector<message> boxes;
     std::vector<file_dialog> dialogs;
-    std::string playing;   // file; empty: silence
+    std::vector<strike> strikes;   // marks of rounds that are shown
+    std::string playing;           // file; empty: silence
     bool ended = false;
     std::vector<std::string> of_kind(const std::string& kind) const;   // in order
 
     // Runs a handler as one event.
     void event(const std::function<void()>&);
-    void click(screen_object&);
+    void click(screen_object& o)
+    {
+        event([&] { user_click(o); });
+    }
     void confirm(screen_object&);                           // clicks, and answers its question yes
     void choose(screen_object&, const std::string& path);   // clicks, and chooses a file in its dialog
-    void slide(screen_object&, int position);
-    void type(screen_object&, const std::string& text);
-    void press(screen_object&);                          // mouse button down
-    void release(screen_object&);                        // mouse button up
-    void click_at(screen_object&, double x, double y);   // twips from its corner
-    void key_down(int code, bool alt = false);           // on the front screen
+    void slide(screen_object& o, int position)
+    {
+        event([&] { user_slide(o, position); });
+    }
+    void type(screen_object& o, const std::string& text)
+    {
+        event([&] { user_types(o, text); });
+    }
+    void press(screen_object&);                            // mouse button down
+    void release(screen_object& o) { event(o.MouseUp); }   // mouse button up
+    void click_at(screen_object& o, double x, double y)
+    {
+        event([&] { user_click_at(o, x, y); });
+    }
+    void key_down(int code, bool alt = false);   // on the front screen
     void key_up(int code);
     void plug_stick(bool in);   // false: unplugs it; an unplugged stick sends no events
     void stick(long x, long y);
     void stick_button(int number, bool down);
-    void activate(form&);       // the user brings its window to the front
-    void close_window(form&);   // the user clicks its close button
+    // The user brings a window to the front, or clicks its close button.
+    void activate(form& f)
+    {
+        event([&] { came_to_front(*this, f); });
+    }
+    void close_window(form& f)
+    {
+        event([&] { close_by_frame(f); });
+    }
 
     // Runs until this many seconds after the end of the last advance, so that time taken by handlers in
     // between is included in it.
@@ -88,7 +110,7 @@ public:
     // Runs at each step of a counted move.
     std::function<void()> at_pace;
     // Logs each change of the caption.
-    void watch(const screen_object&);
+    void watch(const screen_object& o) { watched_.emplace_back(&o, o.Caption); }
 
 private:
     struct planned {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <string_view>
@@ -21,11 +20,6 @@ struct bytes {
     std::string text;
     long at(std::size_t i) const { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0; }
     long little16(std::size_t i) const { return at(i) | at(i + 1) << 8; }
-    // 32 bits.
-    long little_signed(std::size_t i) const
-    {
-        return static_cast<std::int32_t>(static_cast<std::uint32_t>(little16(i) | little16(i + 2) << 16));
-    }
     long big16(std::size_t i) const { return at(i) << 8 | at(i + 1); }
     bool begins(std::string_view head) const { return text.compare(0, head.size(), head) == 0; }
 };
@@ -59,9 +53,6 @@ pixels size_of(const bytes& b)
     if (b.begins("\x89PNG\r\n\x1a\n"sv))
         return {b.big16(16) << 16 | b.big16(18), b.big16(20) << 16 | b.big16(22)};
     if (b.begins("\xFF\xD8"sv)) return jpeg_size(b);
-    if (b.begins("GIF8"sv)) return {b.little16(6), b.little16(8)};
-    // A bitmap that is stored from the top down has a negative height.
-    if (b.begins("BM"sv)) return {b.little16(18) | b.little16(20) << 16, std::abs(b.little_signed(22))};
     if (b.begins("\0\0\1\0"sv)) return icon_size(b);
     return {};
 }

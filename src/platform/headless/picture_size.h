@@ -7,7 +7,7 @@
 
 namespace vorn {
 
-// JPEG, PNG, BMP, GIF or ICO, recognised by content. An icon file has the size of its largest image.
+// JPEG, PNG or ICO, recognised by content. An icon file has the size of its largest image.
 loaded_picture picture_of_file(const std::string& file);
 
 }   // namespace vorn

@@ -71,13 +71,13 @@ void figure(const canvas& s, const QPointF& middle, double pixels, const QString
 // The visual sight ------------------------------------------------------------------------------------------
 
 // How far below the top of a column a HESH round fired at the aim point falls.
-double fall(int hundreds, const rectangle& column)
+double fall(int hundreds, const area& column)
 {
     return visualsight.aim.Top + visualsight.hesh.to.at(100 * hundreds) - column.Top;
 }
 
 // Ranges in hundreds of metres in a column, each at the height of the HESH drop at that range.
-void scale_column(QPainter& p, const QRectF& at, const rectangle& column)
+void scale_column(QPainter& p, const QRectF& at, const area& column)
 {
     const canvas s{p, at, {column.Width, column.Height}};
     for (int hundreds = 8; hundreds <= 23; ++hundreds)
