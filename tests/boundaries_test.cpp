@@ -1,10 +1,9 @@
-// What the compiler can't check: includes point one way, and the sounds that the sources name are shipped.
+// What the compiler can't check: includes point one way.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <regex>
-#include <set>
 
 namespace {
 
@@ -55,27 +54,6 @@ TEST(boundaries, state_and_platform_include_nothing_above_them)
     EXPECT_EQ(includes("src/platform", "(?!gunnery/sight.h)" + above, "main.cpp"),
               std::vector<std::string>());
     EXPECT_EQ(includes("src", "platform/(headless|desktop)", "/platform/"), std::vector<std::string>());
-}
-
-TEST(sounds, each_one_that_is_named_is_shipped)
-{
-    std::string named = "on600.wav on800.wav";   // and the other ranges that the commander calls
-    for (int range = 900; range <= 2000; range += 100)
-        if (range != 1900) named += " on" + std::to_string(range) + ".wav";
-    for (const auto& source : fs::directory_iterator(VORN_SOURCE_DIR "/src/gunnery")) {
-        std::ifstream in(source.path());
-        named.append(std::istreambuf_iterator<char>(in), {});
-    }
-    const std::regex file("\\w+\\.wav");
-    std::set<std::string> all;
-    for (std::sregex_iterator i(named.begin(), named.end(), file), end; i != end; ++i) all.insert(i->str());
-    EXPECT_GE(all.size(), 31U);
-    for (const std::string& name : all) {
-        std::ifstream in(VORN_SOURCE_DIR "/data/ranges/wavs/" + name, std::ios::binary);
-        std::string head(16, ' ');
-        in.read(head.data(), 16);
-        EXPECT_TRUE(head.starts_with("RIFF") && head.ends_with("WAVEfmt ")) << name;
-    }
 }
 
 }   // namespace

@@ -7,12 +7,11 @@
 
 namespace vorn {
 
-std::vector<std::string> shipped_ranges()
+std::string shown_screens(const machine& m)
 {
-    std::vector<std::string> files;
-    for (const auto& entry : std::filesystem::directory_iterator(VORN_SOURCE_DIR "/data/ranges"))
-        if (entry.path().extension() == ".arf") files.push_back(entry.path().filename().string());
-    return files;
+    std::string names;
+    for (const form* f : m.screens.shown) names += (names.empty() ? "" : " ") + f->name;
+    return names;
 }
 
 double draw_of(int position)
@@ -28,6 +27,12 @@ drill::drill(sight_kind k, const std::string& program) : kind(k)
     pc.click(t.startsim.Optcon2);
     if (kind == sight_kind::thermal) pc.click(t.startsim.Optmode2);
     pc.watch(screen().lblcrew);
+}
+
+drill::~drill()
+{
+    for (const std::string& sound : sounds())
+        EXPECT_TRUE(std::filesystem::exists(VORN_SOURCE_DIR "/data/ranges/wavs/" + sound)) << sound;
 }
 
 void drill::set_up()

@@ -15,14 +15,17 @@
 
 namespace vorn {
 
-// The files of the ranges that the trainer ships with.
-std::vector<std::string> shipped_ranges();
+// The names of the screens that are shown, the front one last.
+std::string shown_screens(const machine&);
 // The random number that selects this position.
 double draw_of(int position);
 
 struct drill {
     // On the test data, or on that of another program directory.
     explicit drill(sight_kind, const std::string& program = {});
+    ~drill();   // every sound that was played must be among those shipped
+    drill(const drill&) = delete;
+    drill& operator=(const drill&) = delete;
 
     gunnery_screen& screen() { return kind == sight_kind::visual ? t.simulator : t.thermal; }
     std::string path(const std::string& name) const { return data.ranges() + '/' + name; }

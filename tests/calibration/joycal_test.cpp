@@ -79,23 +79,24 @@ TEST_F(calibration, the_lamps_follow_the_first_four_buttons)
 TEST_F(calibration, the_dot_rests_in_the_dead_band_and_moves_a_twip_per_full_hundred_beyond)
 {
     pc.joystick[7] = 60000;   // other than X: the axes are independent
+    pc.joystick[14] = 24000;
     to_step(2);
-    EXPECT_EQ(s.Lblymin.Caption, "32768");
+    EXPECT_EQ(s.Lblymin.Caption, "24000");
     move(0, 0);
     EXPECT_EQ(s.dot.Left, 1560) << "not before the third step";
     EXPECT_NEAR(p.joyxfactor, 2730.583, 0.001);
-    EXPECT_NEAR(p.joyyfactor, 2269.333, 0.001);
+    EXPECT_EQ(p.joyyfactor, 3000);
     press(1);
     const struct {
         long x, y;
         double across, down;
         const char* xstep;
         const char* ystep;
-    } moves[] = {{27307, 25462, 0, 0, "", ""},        {38228, 34538, 0, 0, "", ""},
-                 {27306, 30000, -1, 0, "-1", ""},     {32768, 25461, 0, -1, "-1", "-1"},
-                 {38229, 34539, 0, 0, "0", "0"},      {38328, 34638, 0, 0, "0", "0"},
-                 {38329, 30000, 1, 0, "1", "0"},      {32768, 34639, 0, 1, "1", "1"},
-                 {0, 65535, -274, 309, "-274", "309"}};
+    } moves[] = {{27307, 24000, 0, 0, "", ""},        {38228, 36000, 0, 0, "", ""},
+                 {27306, 30000, -1, 0, "-1", ""},     {32768, 23999, 0, -1, "-1", "-1"},
+                 {38229, 36001, 0, 0, "0", "0"},      {38328, 36099, 0, 0, "0", "0"},
+                 {38329, 30000, 1, 0, "1", "0"},      {32768, 36100, 0, 1, "1", "1"},
+                 {0, 65535, -274, 295, "-274", "295"}};
     for (const auto& m : moves) {
         s.dot.Left = s.dot.Top = 1560;
         move(m.x, m.y);

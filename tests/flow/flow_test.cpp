@@ -25,7 +25,7 @@ struct program : testing::Test {
         begin();
         pc.click(t.intro.lblstart);
     }
-    std::string front_screen() { return front(pc) == nullptr ? "" : front(pc)->name; }
+    std::string screens() { return shown_screens(pc); }
     std::string last_box() { return pc.boxes.back().text; }
 };
 
@@ -36,7 +36,7 @@ TEST_F(program, starts_with_a_box_and_the_title_screen)
         last_box(),
         "MOBILE TURRET DRILL CONSOLE \n\r                         by\n\r                    H N VARLEY");
     EXPECT_EQ(pc.boxes.back().title, "V. O. R. N.");
-    EXPECT_EQ(front_screen(), "intro");
+    EXPECT_EQ(screens(), "intro");
     EXPECT_EQ(t.startsim.window.state, form_state::hidden);
     EXPECT_EQ(t.shared.rootpath, data.ranges());
     EXPECT_EQ(t.shared.rangefile, "Visualrange.arf");
@@ -81,6 +81,7 @@ TEST_F(program, takes_the_directory_of_a_file_that_the_user_chooses)
         EXPECT_EQ(u.shared.rootpath, c.rootpath);
         m.click(u.intro.lblstart);
         EXPECT_EQ(m.boxes.size(), c.rootpath == nested ? 3U : 2U) << "a box more only without a range";
+        EXPECT_EQ(m.default_directory + "/ranges", c.rootpath) << "asks only once";
     }
 }
 
@@ -108,51 +109,41 @@ TEST_F(program, ends_when_the_user_declines_to_look_for_the_directory)
     EXPECT_TRUE(pc.dialogs.empty());
 }
 
-TEST_F(program, each_exit_box_has_its_text_and_ends_the_program_on_yes_only)
-{
-    to_setup();
-    pc.click(t.startsim.Cmdexit);
-    EXPECT_EQ(last_box(), "V.O.R N.\n\r                   \n\rARE YOU SURE YOU WANT TO EXIT ?");
-    EXPECT_EQ(pc.boxes.back().on_return, default_button::no);
-    EXPECT_EQ(pc.boxes.back().title, "V.O.R.N.");
-    EXPECT_EQ(pc.boxes.back().sign, box_sign::question);
-    pc.click(t.startsim.Optcon2);
-    pc.confirm(t.startsim.Cmdstart);
-    pc.close_window(t.simulator.window);
-    EXPECT_EQ(last_box().substr(0, 11), "V. O. R. N.");
-    EXPECT_EQ(pc.boxes.back().title, "SIMULATOR");
-    EXPECT_FALSE(pc.ended);
-    pc.click(t.simulator.Cmdmain);
-    pc.click(t.startsim.Optmode2);
-    pc.answers = {{true}, {true}};
-    pc.click(t.startsim.Cmdstart);
-    pc.click(t.thermal.CMDEXIT);
-    EXPECT_EQ(last_box().substr(0, 17), "GUNNERY SIMULATOR");
-    EXPECT_TRUE(pc.ended);
-}
-
 TEST_F(program, help_and_exit_are_on_each_screen)
 {
     to_setup();
     pc.click(t.startsim.Optcon2);
-    const auto look = [&](screen_object& help, screen_object& exit) {
+    const auto look = [&](screen_object& help, screen_object& exit, const char* heading, const char* title) {
+        SCOPED_TRACE(screens());
         pc.log.clear();
         pc.click(help);
         pc.click(exit);   // answered no
-        EXPECT_EQ(pc.of_kind("help").size(), 1U) << front_screen();
-        EXPECT_NE(last_box().find("EXIT ?"), std::string::npos) << front_screen();
+        EXPECT_EQ(pc.of_kind("help").size(), 1U);
+        EXPECT_EQ(last_box(),
+                  std::string(heading) + "\n\r                   \n\rARE YOU SURE YOU WANT TO EXIT ?");
+        const message& box = pc.boxes.back();
+        EXPECT_EQ(box.title, title);
+        EXPECT_TRUE(box.on_return == default_button::no && box.sign == box_sign::question && !pc.ended);
     };
-    look(t.startsim.Cmdhelpon, t.startsim.Cmdexit);
+    look(t.startsim.Cmdhelpon, t.startsim.Cmdexit, "V.O.R N.", "V.O.R.N.");
     pc.click(t.startsim.Cmdabout);
     EXPECT_TRUE(t.startsim.Image1.Visible);
     pc.confirm(t.startsim.cmdeditrange);
-    look(t.rauthor.Command1, t.rauthor.Cmdexit);
+    look(t.rauthor.Command1, t.rauthor.Cmdexit, "V. O. R. N. ", "SIMULATOR");
     pc.click(t.rauthor.Cmdstart);
     pc.confirm(t.startsim.Cmdstart);
-    look(t.simulator.Cmdhelpon, t.simulator.CMDEXIT);
+    look(t.simulator.Cmdhelpon, t.simulator.CMDEXIT, "V. O. R. N. ", "SIMULATOR");
     pc.click(t.simulator.Cmdmain);
     pc.confirm(t.startsim.Cmddebrief);
-    look(t.results.Cmdhelpon, t.results.Cmdexit);
+    look(t.results.Cmdhelpon, t.results.Cmdexit, "V. O. R. N. ", "V. O. R. N.");
+    pc.click(t.results.cmdnew);
+    pc.click(t.startsim.Command3);
+    pc.click(t.startsim.Optmode2);
+    pc.confirm(t.startsim.Cmdstart);
+    look(t.thermal.Cmdhelpon, t.thermal.CMDEXIT, "GUNNERY SIMULATOR", "SIMULATOR");
+    pc.answers = {{true}};
+    pc.close_window(t.thermal.window);
+    EXPECT_TRUE(pc.ended);
 }
 
 TEST_F(program, an_uncalibrated_joystick_prevents_a_start_and_a_quick_start)
@@ -162,15 +153,15 @@ TEST_F(program, an_uncalibrated_joystick_prevents_a_start_and_a_quick_start)
     EXPECT_EQ(last_box(),
               "YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST");
     pc.click(t.startsim.cmdgame);
-    EXPECT_EQ(front_screen(), "startsim");
+    EXPECT_EQ(screens(), "startsim");
     EXPECT_FALSE(t.shared.quickstart);
     pc.click(t.startsim.Optcon2);
     pc.click(t.startsim.Cmdstart);   // the question answered no
-    EXPECT_EQ(front_screen(), "startsim");
+    EXPECT_EQ(screens(), "startsim");
     pc.type(t.startsim.Txtname, "SMITH");
     pc.type(t.startsim.Txtnum, "123");
     pc.confirm(t.startsim.Cmdstart);
-    EXPECT_EQ(front_screen(), "simulator");
+    EXPECT_EQ(screens(), "simulator");
     EXPECT_EQ(t.shared.studentdetails.text(), "SMITH_123                     ");
 }
 
@@ -182,7 +173,7 @@ TEST_F(program, a_quick_start_is_a_visual_practice_that_returns_to_the_title)
     pc.click(t.startsim.Optcon2);
     pc.click(t.startsim.cmdgame);
     gunnery_screen& s = t.simulator;
-    EXPECT_EQ(front_screen(), "simulator");
+    EXPECT_EQ(screens(), "simulator");
     EXPECT_EQ(s.lbltargetnum.Caption, "TARGET 0 OF 9");
     EXPECT_TRUE(s.lbltargetnum.Visible && s.Imgname.Visible && s.Frame3.Visible);
     EXPECT_FALSE(s.Frmcon.Visible || s.Frmsys.Visible || s.Frmmousecon.Visible);
@@ -194,12 +185,15 @@ TEST_F(program, a_quick_start_is_a_visual_practice_that_returns_to_the_title)
     EXPECT_EQ(last_box(),
               "NUMBER OF TARGETS = 1\n\rNUMBER OF HITS = 0\n\rAVERAGE TIME = 1\n\rSCORE = 0\n\r\n\rYOUR "
               "RATING IS..FORGET IT");
-    EXPECT_EQ(front_screen(), "simulator");
+    EXPECT_EQ(screens(), "simulator");
     pc.click(s.Cmdmain);
-    EXPECT_EQ(front_screen(), "intro");
+    EXPECT_EQ(screens(), "intro");
     EXPECT_FALSE(t.shared.fulldebrief);
     pc.click(t.intro.lblstart);
     EXPECT_TRUE(t.shared.fulldebrief);
+    pc.click(t.startsim.Optmode1);
+    pc.confirm(t.startsim.Cmdstart);
+    EXPECT_FALSE(s.lbltargetnum.Visible || t.shared.quickstart) << "an ordinary practice";
 }
 
 TEST_F(program, a_data_directory_without_ranges_is_reported)
@@ -213,7 +207,7 @@ TEST_F(program, a_data_directory_without_ranges_is_reported)
     ASSERT_EQ(pc.boxes.size(), boxes + 3) << "the practice, the folder, the range";
     EXPECT_NE(pc.boxes[boxes].text.find("Visualrange.arf"), std::string::npos);
     EXPECT_NE(pc.boxes[boxes + 1].text.find(data.ranges()), std::string::npos);
-    EXPECT_EQ(front_screen(), "startsim");
+    EXPECT_EQ(screens(), "startsim");
 }
 
 }   // namespace

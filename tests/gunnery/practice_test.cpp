@@ -19,6 +19,7 @@ struct shoot {
     int engagements;   // 1 mixed, 2 coax, 3 HESH, 4 FIN
     system_option system;
     device by;
+    std::string range;
 };
 
 std::string name_of(const testing::TestParamInfo<shoot>& i)
@@ -28,18 +29,22 @@ std::string name_of(const testing::TestParamInfo<shoot>& i)
     static constexpr const char* devices[] = {"keys", "buttons", "stick"};
     return std::string(i.param.sight == sight_kind::visual ? "visual_" : "thermal_") +
            natures[i.param.engagements - 1] + '_' + systems[static_cast<int>(i.param.system)] + "_by_" +
-           devices[static_cast<int>(i.param.by)];
+           devices[static_cast<int>(i.param.by)] + "_on_" + i.param.range;
 }
 
-// Each combination of sight, nature and system once, with the devices in turn.
+// Each combination of sight, nature and system once, with the devices and the shipped ranges in turn.
 std::vector<shoot> all_shoots()
 {
+    const std::vector<std::string> visual{"visualrange", "range1", "valley", "winter"};
+    const std::vector<std::string> thermal{"Thermalrange", "valnight", "wintnght"};
     std::vector<shoot> all;
     for (const sight_kind sight : {sight_kind::visual, sight_kind::thermal})
         for (int nature = 1; nature <= 4; ++nature)
             for (const system_option s :
                  {system_option::full, system_option::laze, system_option::tls, system_option::degrading})
-                all.push_back({sight, nature, s, static_cast<device>(all.size() % 3)});
+                all.push_back({sight, nature, s, static_cast<device>(all.size() % 3),
+                               sight == sight_kind::visual ? visual[all.size() / 3 % visual.size()]
+                                                           : thermal[all.size() / 2 % thermal.size()]});
     return all;
 }
 
@@ -61,6 +66,7 @@ struct practice : testing::TestWithParam<shoot> {
     practice()
     {
         const shoot& set = GetParam();
+        p.rangefile = p.rootpath + '/' + set.range + ".arf";
         p.selfdegrading = set.system == system_option::degrading;
         p.systemstatus = p.selfdegrading ? 1 : static_cast<int>(set.system) + 1;
         p.targetblocks = p.selfdegrading ? 3 : 2;

@@ -42,7 +42,7 @@ TEST_F(visual_practice, six_missed_targets)
         EXPECT_EQ(p.recsystem[i], "FULL");
         EXPECT_TRUE(p.recx[i] == 51000 && p.recy[i] == 15500);
     }
-    EXPECT_EQ(p.recsystem[0], "");
+    EXPECT_EQ(p.recsystem[0] + p.recsystem[7], "FULL") << "set by the reset in the row after the last";
     EXPECT_EQ(d.crew(), "");
     const message& question = d.pc.boxes[d.pc.boxes.size() - 2];
     EXPECT_EQ(question.text + '|' + question.title, "DEBRIEF FIRER ?|DEBRIEF");
@@ -71,6 +71,7 @@ TEST_F(visual_practice, one_engagement_second_by_second)
     EXPECT_DOUBLE_EQ(s.Imgrange.Left, -45600 - 5 * 350);
     EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 3000);
     EXPECT_DOUBLE_EQ(s.Imgrange.Top, -12000 - 3 * 250);
+    EXPECT_NEAR(d.times_of("FIN TANK ON !!").at(0), 8 + (5 + 3) / 60.0, 1e-6) << "60 steps a second";
     d.pc.advance(27);
     EXPECT_TRUE(s.Imgtargets.Visible && s.Label1.Caption == "1");
     d.pc.advance(1);
@@ -129,25 +130,48 @@ TEST(thermal_practice, one_engagement_second_by_second)
     EXPECT_EQ(d.crew(), "LOADER :- LOADED !!");
     d.pc.advance(1);
     EXPECT_EQ(d.crew(), "");
+    d.random(0.999);
     d.pc.advance(23);
-    d.pc.advance(s.targetwait);
-    EXPECT_EQ(s.Lblrange.Caption, number_text(Int((draw_of(6) * 3 + 3) * 220)) + "S");
+    EXPECT_EQ(s.targetwait, 7);
+    d.pc.advance(7);
+    EXPECT_EQ(s.Lblrange.Caption, "1319S") << "0.6 to 1.2 times the last range";
 }
 
-TEST_F(visual_practice, near_targets_count_as_600_metres_and_far_ones_are_drawn_again)
+TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again)
 {
-    p.engagementtype = 2;
-    practice_state range = plain_range(sight_kind::visual);
-    range.targetrange[2] = 300;
-    range.targetrange[3] = 1300;
-    d.data.put_range("visualrange.arf", range);
-    d.present(3);
-    EXPECT_EQ(p.recrange[1], 1300);   // exactly at the limit, which is kept
-    d.t.random.source = [turn = 0]() mutable { return draw_of(turn++ % 2 == 0 ? 15 : 2); };   // 15 is too far
-    d.pc.advance(34);
-    EXPECT_EQ(p.recrange[2], 300);
-    EXPECT_EQ(s.currentrange, 600);
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Width, 480);
+    for (const auto& [type, limit] : {std::pair{2, 1300}, {4, 1600}}) {
+        drill d(sight_kind::visual);
+        practice_state& p = d.t.shared;
+        p.engagementtype = type;
+        practice_state range = plain_range(sight_kind::visual);
+        range.targetrange[18] = 300;
+        range.targetrange[3] = limit;
+        d.data.put_range("visualrange.arf", range);
+        d.present(3);
+        EXPECT_EQ(p.recrange[1], limit);   // exactly at the limit, which is kept
+        d.t.random.source = [turn = 0]() mutable {
+            return draw_of(turn++ % 2 == 0 ? 15 : 18);
+        };   // 15 is far
+        d.pc.advance(34);
+        EXPECT_EQ(p.recrange[2], 300);
+        EXPECT_EQ(d.screen().currentrange, 600);
+        EXPECT_DOUBLE_EQ(d.screen().Imgtargets.Width, 480);
+    }
+}
+
+// One placed nearer to the left or upper edge of the sight is brought in, another isn't moved.
+TEST(target, place_decides_the_direction_of_the_lay)
+{
+    for (const auto& [left, top] : {std::pair{2039, 959}, {2040, 960}}) {
+        drill d(sight_kind::visual);
+        practice_state range = plain_range(sight_kind::visual);
+        range.targetx[6] = 45600 + left;
+        range.targety[6] = 12000 + top;
+        d.data.put_range("visualrange.arf", range);
+        d.present(6);
+        EXPECT_EQ(d.screen().Imgtargets.Left, left == 2039 ? 2039 + 5 * 350 : 2040);
+        EXPECT_EQ(d.screen().Imgtargets.Top, top == 959 ? 959 + 8 * 250 : 960);
+    }
 }
 
 TEST(target, has_its_smallest_width_from_2200_metres_on)
@@ -410,6 +434,22 @@ TEST_F(visual_practice, a_quick_start_is_rated_in_whole_numbers)
     }
 }
 
+TEST_P(practice_on, an_unload_while_a_box_is_open_ends_it)
+{
+    for (const std::deque<box_answer>& answers :
+         {std::deque<box_answer>{{true, 5}}, {{false, 5}}, {{false}, {true, 5}}}) {
+        d.start();
+        d.pc.advance(10);
+        d.pc.answers = answers;
+        d.pc.later(2, [&] { d.pc.click(s.Cmdmain); });
+        const std::size_t boxes = d.pc.boxes.size();
+        d.pc.click(s.Cmdstopsim);
+        EXPECT_EQ(d.pc.boxes.size(), boxes + answers.size());
+        EXPECT_EQ(s.window.state, form_state::not_loaded);
+        EXPECT_EQ(shown_screens(d.pc), "startsim");
+    }
+}
+
 // Actions of the user during the commander's lay.
 struct during_the_lay : visual_practice {
     void act(const std::function<void()>& action)
@@ -475,7 +515,8 @@ TEST_P(practice_on, a_range_with_extreme_positions)
     std::ranges::fill(range.targetx, 2'000'000'000);
     std::ranges::fill(range.targety, -2'147'483'647);
     std::ranges::fill(range.targetrange, 32767);
-    range.targetrange[7] = 5000;   // too far for FIN and COAX, but the nearest
+    range.targetrange[2] = 5000;    // too far for FIN and COAX, but the nearest
+    range.targetrange[20] = 4000;   // is never shot at
     d.data.put_range(visual ? "visualrange.arf" : "Thermalrange.arf", range);
     d.start();
     d.to_the_end();

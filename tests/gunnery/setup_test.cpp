@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "drill.h"
+#include "gunnery/gunnery.h"
 #include "setup/startsim.h"
 
 namespace vorn {
@@ -81,7 +82,7 @@ TEST_F(screen_reset, a_plain_screen_shows_its_keys_until_the_practice_starts)
     d.pc.key_down('T', true);
     EXPECT_TRUE(!s.simrunning && s.keynote.Visible);
     d.pc.key_down(escape);
-    EXPECT_EQ(front(d.pc), &d.t.startsim.window);
+    EXPECT_EQ(shown_screens(d.pc), "startsim");
 
     p.plainscreen = false;
     d.set_up();
@@ -107,14 +108,32 @@ TEST(screen, start_has_the_focus_until_the_practice_starts)
     }
 }
 
-TEST(screen, thermal_is_never_plain)
+// The thermal screen is never plain.
+TEST(screen, each_option_of_info_hides_its_panel)
 {
-    drill d(sight_kind::thermal);
-    d.t.shared.plainscreen = true;
-    d.t.shared.gunlight = false;
-    d.set_up();
-    EXPECT_TRUE(d.screen().Frame3.Visible);
-    EXPECT_FALSE(d.screen().Frame4.Visible);
+    using panel = screen_object gunnery_screen::*;
+    const struct {
+        bool practice_state::*option;
+        bool value;
+        panel visual, thermal;   // the panel that it hides; none if null
+    } cases[] = {{&practice_state::infosystem, false, &gunnery_screen::Frmsys, &gunnery_screen::Frmsys},
+                 {&practice_state::infocrew, false, &gunnery_screen::lblcrew, &gunnery_screen::lblcrew},
+                 {&practice_state::coaxlight, false, &gunnery_screen::Frame5, &gunnery_screen::Frame4},
+                 {&practice_state::gunlight, false, nullptr, &gunnery_screen::Frame4},
+                 {&practice_state::plainscreen, true, &gunnery_screen::Frame3, nullptr}};
+    for (const sight_kind kind : both_sights)
+        for (const auto& c : cases) {
+            drill d(kind);
+            d.t.shared.*c.option = c.value;
+            d.set_up();
+            gunnery_screen& s = d.screen();
+            for (const panel o : {&gunnery_screen::Frmsys, &gunnery_screen::lblcrew, &gunnery_screen::Frame3,
+                                  s.visual() ? &gunnery_screen::Frame5 : &gunnery_screen::Frame4}) {
+                const bool hidden = o == (s.visual() ? c.visual : c.thermal);
+                EXPECT_TRUE((s.*o).Visible != hidden || (c.visual == &gunnery_screen::Frame3 && s.visual()));
+                EXPECT_FALSE((s.*o).Visible && hidden);
+            }
+        }
 }
 
 // A HESH engagement that changes all state of the fire control; returns readouts, positions and sounds. The
@@ -193,10 +212,39 @@ TEST_F(screen_reset, leaves_the_picture_in_its_place)
     d.pc.advance(9);
     const double left = s.Imgrange.Left;
     EXPECT_LT(left, -45600);
-    s.HScspeed.Value = 40;
+    d.pc.slide(s.HScspeed, 40);
+    EXPECT_EQ(s.layspeed, 40);
     d.pc.click(s.Cmdstopsim);
     EXPECT_DOUBLE_EQ(s.Imgrange.Left, left);
     EXPECT_EQ(s.layspeed, 40);
+}
+
+TEST(screen, a_reset_clears_the_readouts)
+{
+    for (const sight_kind kind : both_sights)
+        for (const char weapon : {'E', 'Q'}) {
+            drill d(kind);
+            gunnery_screen& s = d.screen();
+            d.present(6);
+            d.tap(weapon);
+            d.pc.wait(6);   // loaded
+            d.target_at(s.mbs1.Left - 100, s.mbs1.Top - 100);
+            d.tap('A');
+            s.rangesuffix = "L";
+            s.ammo.Visible = true;
+            d.pc.event([&] { recordhit(d.t, s); });
+            EXPECT_EQ(s.Label2.Caption + s.lblhits.Caption, "11");
+            EXPECT_TRUE(s.Lblavetime.Caption != "" && s.Lblrange.Caption != "" &&
+                        s.Lblammotype.Caption != "");
+            d.pc.click(s.Cmdstopsim);
+            EXPECT_EQ(s.Label1.Caption + s.Label2.Caption + s.lblhits.Caption + s.Lblavetime.Caption, "000");
+            EXPECT_FALSE(s.laze.Visible || s.ammo.Visible || s.Imgtargets.Visible || s.Imgloaded.Visible);
+            EXPECT_TRUE(s.Imghesh.Visible && (s.Imgcoax.Visible || !s.visual()));
+            EXPECT_TRUE(s.visual() || s.rangesuffix == "C");
+            EXPECT_EQ(s.Lblammotype.Caption + s.Lblrange.Caption == "", s.visual());
+            d.pc.wait(3);
+            EXPECT_FALSE(s.Lblcharge.Visible);
+        }
 }
 
 TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
@@ -231,7 +279,7 @@ TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
         d.pc.click(d.screen().Cmdstopsim);
         EXPECT_NE(d.pc.boxes.back().text.find(fault.text), std::string::npos) << d.pc.boxes.back().text;
         EXPECT_EQ(d.screen().window.state, form_state::not_loaded);
-        EXPECT_EQ(front(d.pc), &d.t.startsim.window);
+        EXPECT_EQ(shown_screens(d.pc), "startsim");
         d.pc.advance(30);
         for (const char* file : {"visualrange.arf", "visualrange.vrp", "target icons/target3.ico"}) {
             d.data.remove(file);

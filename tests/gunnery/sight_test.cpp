@@ -131,17 +131,18 @@ TEST_F(visual_laser, on_target_gives_range_mark_and_lay)
     EXPECT_TRUE(s.laze.Left == 4170 && s.laze.Top == 977.5);
     EXPECT_EQ(d.t.shared.reclazex[1], -32);   // -32.5 across, 52.5 down: halves round to even
     EXPECT_EQ(d.t.shared.reclazey[1], 52);
+    d.pc.wait(1.999);
     EXPECT_FALSE(s.Lblcharge.Visible);
-    d.pc.wait(2.1);
+    d.pc.wait(0.002);
     EXPECT_TRUE(s.Lblcharge.Visible);
 }
 
 TEST_F(visual_laser, the_mark_depends_on_the_aim)
 {
-    d.random(0.5);
+    d.random(0.9999);
     d.target_at(4525, 1000);   // the aim exactly on its edge counts as beside it
     d.tap('A');
-    EXPECT_TRUE(s.laze.Height == 300 && s.laze.Width == 600 && s.laze.Left == 4410 - 300);
+    EXPECT_TRUE(s.laze.Height == 599 && s.laze.Width == 1198 && s.laze.Left == 4410 - 599);
     EXPECT_TRUE(s.layready);
 
     s.layready = false;
@@ -193,26 +194,30 @@ TEST_F(visual_laser, a_lase_raises_a_near_range_to_600_until_the_range_file_is_r
 
 TEST_F(visual_laser, lays)
 {
-    s.currentrange = 1000;
     // Steps of 110, then FIN 11 of 20 and HESH 21 of 10; in each stage the picture moves one step less.
     const struct {
         const char* keys;
+        int range;
         double seconds, target, picture, mark;
         bool early, lead;   // lays after an early release; aims off for the wind
-    } lays[] = {{"WE", 1, 3 * 110 + 11 * 20, 2 * 110 + 10 * 20, 500, true, false},
-                {"WERR", 1, 17 * 110 + 21 * 10, 16 * 110 + 20 * 10, 2000, false, true},
-                {"WQ", 2, 19 * 110, 18 * 110, 2000, true, false}};
+    } lays[] = {
+        {"WE", 1000, 1, 3 * 110 + 11 * 20, 2 * 110 + 10 * 20, 500, true, false},
+        {"WERR", 1000, 1, 17 * 110 + 21 * 10, 16 * 110 + 20 * 10, 2000, false, true},
+        {"WERR", 2200, 1, 39 * 110 + 21 * 10, 38 * 110 + 20 * 10, -4400, false, true},
+        {"WERR", 2300, 1, 41 * 110 + 21 * 10, 40 * 110 + 20 * 10, 41 * 110 + 21 * 10 - 4600, false, true},
+        {"WQ", 1000, 2, 19 * 110, 18 * 110, 2000, true, false}};
     for (const auto& l : lays) {
-        SCOPED_TRACE(l.keys);
+        SCOPED_TRACE(testing::Message() << l.keys << ' ' << l.range);
+        s.currentrange = l.range;
         for (const char* key = l.keys; *key != 0; ++key) d.tap(*key);
         s.leadperstep = 0.01F;
         d.target_at(4300, 1000);
         d.tap('A');
         const double top = s.Imgrange.Top, left = s.Imgrange.Left, mark = s.laze.Top;
         d.pc.key_down('S');
-        d.pc.wait(l.seconds - 0.1);
+        d.pc.wait(l.seconds - 0.001);
         EXPECT_DOUBLE_EQ(s.Imgrange.Top, top);
-        d.pc.wait(0.2);
+        d.pc.wait(0.002);
         EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + l.target);
         EXPECT_DOUBLE_EQ(s.Imgrange.Top, top + l.picture);
         EXPECT_NEAR(s.Imgrange.Left, left + (l.lead ? 0.01 * l.target : 0), 0.1);
@@ -282,13 +287,14 @@ TEST_F(thermal_laser, on_target_sizes_the_marks)
     d.target_at(4600, 2600);   // the aim exactly on its top edge
     d.tap('A');
     EXPECT_FALSE(s.layready);
-    d.random(0.5);
+    d.random(0.9999);
     d.target_at(5000, 2600);   // beside it
     d.tap('A');
-    EXPECT_TRUE(s.layready && s.imgbam.Left == 4700 - 300 && s.imgbam.Width == 600 && s.imgbam.Height == 300);
+    EXPECT_TRUE(s.layready && s.imgbam.Left == 4700 - 599);
+    EXPECT_TRUE(s.imgbam.Top == 2600 && s.imgbam.Width == 1198 && s.imgbam.Height == 599);
     s.Imgtargets.Visible = s.layready = false;
     d.tap('A');
-    EXPECT_TRUE(s.imgbam.Left == 4700 - 300 && s.imgbam.Width == 200 && s.imgbam.Height == 100 &&
+    EXPECT_TRUE(s.imgbam.Left == 4700 - 599 && s.imgbam.Width == 200 && s.imgbam.Height == 100 &&
                 !s.layready);
     EXPECT_EQ(d.t.shared.reclazex[1], 5000 + 142 - 4700);   // 142.5 across: to the even neighbour
 }
@@ -298,11 +304,13 @@ TEST_F(thermal_laser, a_full_hold_moves_only_the_mark)
     d.tap('A');
     const double range = s.Imgrange.Top, mark = s.imgbam.Top;
     d.pc.key_down('S');
-    d.pc.wait(1.4);
+    d.pc.wait(1.499);
     EXPECT_TRUE(s.layready);
     double lowest = mark;
     d.pc.at_pace = [&] { lowest = std::max(lowest, s.imgbam.Top); };
-    d.pc.wait(0.2);
+    const double from = d.pc.now();
+    d.pc.wait(0.002);
+    EXPECT_NEAR(d.pc.now() - from, 1, 0.01) << "takes a second";
     EXPECT_FALSE(s.layready || s.Imglam.Visible);
     EXPECT_NEAR(lowest, mark + 1100 / 3.0, 0.1);
     EXPECT_NEAR(s.imgbam.Top, mark, 0.1);
@@ -350,6 +358,7 @@ TEST_F(thermal_laser, degraded_lases_move_the_sight)
         EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 2500 - 2 * 111 * 5);
         EXPECT_FALSE(s.lazed || s.imgbam.Visible || s.Imglam.Visible);
     }
+    EXPECT_EQ(d.t.shared.recwidth[1], 285);
 }
 
 TEST_F(thermal_laser, the_stadia_depend_on_the_height_of_the_target)

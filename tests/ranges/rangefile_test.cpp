@@ -33,23 +33,6 @@ struct range_files : testing::Test {
     }
 };
 
-TEST_F(range_files, a_written_range_has_69_lines_and_reads_back)
-{
-    practice_state range = plain_range(sight_kind::visual);
-    range.rangename = "A NAME THAT IS LONGER THAN TWENTY";
-    ASSERT_EQ(write_range(pc, data.ranges() + "/own.arf", range), "");
-    EXPECT_EQ(range.rangefile, data.ranges() + "/own.arf");
-    const std::string bytes = data.get("own.arf");
-    EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), 69);
-    EXPECT_EQ(first_lines(bytes, 1), "\"A NAME THAT IS LONGE\"\r\n");
-    ASSERT_TRUE(all_reads(bytes));
-    EXPECT_EQ(read.rangepicture.text(), range.rangepicture.text());
-    EXPECT_EQ(read.rangetype, "VISUAL");
-    EXPECT_EQ(read.targeticon2, range.targeticon2);
-    EXPECT_EQ(read.targetx, range.targetx);
-    EXPECT_EQ(read.targetrange[20], 2500);
-}
-
 TEST_F(range_files, each_reader_takes_only_its_own_part)
 {
     const std::string whole = range_file_bytes(plain_range(sight_kind::thermal));

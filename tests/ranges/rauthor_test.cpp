@@ -60,6 +60,8 @@ struct author : testing::Test {
 TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
 {
     EXPECT_FALSE(d.t.startsim.Frmmode.Enabled);
+    move(s.Cmdbigup, 1);
+    EXPECT_EQ(s.Lbltgtrange.Caption, "000") << "no range is proposed without a picture";
     new_range("WET MOOR", false, "moor.vrp");
     place(1);
     EXPECT_NE(s.outcome.Caption.find("no range yet"), std::string::npos) << "000 is not a range";
@@ -108,16 +110,19 @@ TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
     EXPECT_EQ(s.Imgpoint.Top, std::floor(4707.5 / (7335 / 5000.0) + 120));
     const struct {
         screen_object& arrow;
-        double rauthor_screen::*point;
-        double from, to;   // of the point at its limit
-    } limits[] = {{s.Cmdbigleft, &rauthor_screen::pointx, 1400, 1800},
-                  {s.Cmdbigright, &rauthor_screen::pointx, 43560 - 1321, 43560 - 920},
-                  {s.Cmdbigup, &rauthor_screen::pointy, 1160, 1560},
-                  {s.Cmdbigdown, &rauthor_screen::pointy, 7335 - 1160, 7335 - 760}};
+        double area::*along;
+        double limit, inwards;
+    } limits[] = {{s.cmdleft, &area::Left, -120, -1},
+                  {s.cmdright, &area::Left, 1 - 43560 + 3000, 1},
+                  {s.cmdup, &area::Top, -120, -1},
+                  {s.Cmddown, &area::Top, 100 - 7335 + 2500, 1}};
     for (const auto& l : limits) {
-        move(l.arrow, 200);
-        EXPECT_GE(s.*l.point, l.from) << l.arrow.AccessibleName;
-        EXPECT_LE(s.*l.point, l.to) << l.arrow.AccessibleName;
+        s.Imagerange.*l.along = l.limit;
+        move(l.arrow, 3);
+        EXPECT_EQ(s.Imagerange.*l.along, l.limit) << l.arrow.AccessibleName;
+        s.Imagerange.*l.along = l.limit + l.inwards;
+        move(l.arrow, 3);   // one step, past the limit
+        EXPECT_EQ(s.Imagerange.*l.along, l.limit - 99 * l.inwards) << l.arrow.AccessibleName;
     }
 }
 
@@ -192,6 +197,12 @@ TEST_F(author, proposes_ranges_only_within_the_ground_band)
     EXPECT_EQ(s.Lbltgtrange.Caption, "644");
     move(s.cmdup, 40);
     EXPECT_EQ(s.Lbltgtrange.Caption, "3000") << "the last proposal in the band is kept above it";
+    for (const auto& [arrow, edge, inside] :
+         {std::tuple{&s.cmdup, &s.bandtop, 100}, {&s.Cmddown, &s.bandbottom, -100}}) {
+        s.pointy = *edge + inside;
+        move(*arrow, 1);
+        EXPECT_TRUE(s.pointy == *edge && s.Lbltgtrange.Caption == "3000") << "the edges are outside";
+    }
 }
 
 TEST_F(author, accepts_a_typed_range_only_if_a_position_can_store_it)
@@ -243,6 +254,9 @@ TEST_F(author, refuses_pictures_that_are_too_small)
     EXPECT_EQ(s.Textname.Text, "C");
     EXPECT_EQ(pc.boxes.size(), 7U);
     EXPECT_FALSE(s.Imagerange.Visible);
+    pc.click(s.Cmdstart);
+    visit();
+    EXPECT_EQ(s.Lblwide.Caption + ' ' + s.Lblhigh.Caption, "300 75") << "of the picture that was tried last";
 }
 
 TEST_F(author, a_cancelled_dialog_or_a_wrong_picture_ends_a_new_range)
@@ -405,12 +419,16 @@ TEST_F(author, lies_over_the_set_up_and_keeps_its_state)
     pc.confirm(d.t.startsim.cmdeditrange);
     EXPECT_EQ(s.Imagerange.Left, left);
     EXPECT_EQ(s.Lblx.Caption, "23460") << "each arrival points at the middle";
+    pc.event(s.Cmdsave.MouseMove);
+    pc.wait(2);
+    EXPECT_TRUE(s.lblhelp.Visible && s.lblhelp.Top == s.Cmdsave.Top + 350);
     pc.activate(d.t.startsim.window);
     d.set_up();   // a practice hides the author
     EXPECT_EQ(s.window.state, form_state::hidden);
     pc.click(d.screen().Cmdmain);
     pc.confirm(d.t.startsim.cmdeditrange);
     EXPECT_EQ(s.Lbltargetnum[3].BackColor, colour::red);
+    EXPECT_FALSE(s.lblhelp.Visible || s.Timhelp.Enabled) << "the hint of the last visit";
     pc.event(s.Frame6.parent->MouseMove);
     EXPECT_EQ(s.Lblinfo.Caption,
               "Shows the veiw through the sight, target grid locations and distance to target");

@@ -149,17 +149,19 @@ TEST_F(setup, hints_for_frames_appear_at_once_and_for_buttons_after_a_rest)
     pc.event(s.Frame9.MouseMove);
     EXPECT_EQ(s.Lblinfo.Caption, "Selects and displays the range to be used");
     pc.event(s.cmdsaveset.MouseMove);
-    pc.wait(1.5);
+    pc.wait(1.599);
     EXPECT_FALSE(s.Lblhelp.Visible);
-    pc.wait(0.2);
+    pc.wait(0.002);
     EXPECT_TRUE(s.Lblhelp.Visible);
     EXPECT_EQ(s.Lblhelp.Caption, "Save current setup");
+    EXPECT_DOUBLE_EQ(s.Lblhelp.Width, 80 * (18 + 2));
     EXPECT_DOUBLE_EQ(s.Lblhelp.Left, s.cmdsaveset.Left + 800);
     EXPECT_DOUBLE_EQ(s.Lblhelp.Top, s.cmdsaveset.Top + 495);
     pc.event(s.Cmdexit.MouseMove);
     EXPECT_LE(s.Lblhelp.Left + s.Lblhelp.Width, form_width);
     pc.event(s.window.MouseMove);
     EXPECT_FALSE(s.Lblhelp.Visible || s.Timhelp.Enabled);
+    EXPECT_EQ(s.Lblinfo.Caption, s.Lblinfo.design->Caption);
     pc.event(s.cmdgame.MouseMove);
     pc.wait(0.5);
     EXPECT_FALSE(s.Lblhelp.Visible) << "counted from the start again";
@@ -176,9 +178,11 @@ TEST_F(setup, options_stay_after_a_practice)
     pc.click(s.Opttargets2);
     pc.event(s.Cmdstart.MouseMove);
     pc.wait(2);
+    s.outcome.Caption = "The outcome of the last button";
     pc.confirm(s.Cmdstart);
     EXPECT_EQ(p.targetcount, 9);
     pc.click(t.simulator.Cmdmain);
+    EXPECT_EQ(s.outcome.Caption, "");
     EXPECT_FALSE(s.Lblhelp.Visible || s.Timhelp.Enabled) << "the click ended it";
     EXPECT_TRUE(p.fulldebrief) << "set by the arrival";
     EXPECT_TRUE(s.Optcontroller2.Value == 1 && s.Opttargets2.Value == 1);
@@ -292,8 +296,11 @@ TEST_F(setup, a_cancelled_dialog_or_a_wrong_file_changes_nothing)
     const auto was = settings(p);
     const auto words = summary();
     const std::size_t boxes = pc.boxes.size();
-    pc.click(s.cmdopenset);   // cancelled
-    pc.click(s.cmdsaveset);
+    for (screen_object* o : {&s.cmdopenset, &s.cmdsaveset}) {
+        s.outcome.Caption = "The outcome of the last button";
+        pc.click(*o);   // cancelled
+        EXPECT_EQ(s.outcome.Caption, "");
+    }
     data.put("bad.prf", "TRUE\r\n");
     for (const char* name : {"bad.prf", "none.prf", "target icons"}) open(name);
     save("no such folder/own.prf");

@@ -61,6 +61,8 @@ TEST(item_text, texts_are_written_as_latin1_where_that_reads_back)
         std::string bytes;
     } cases[] = {{{"M\xC3\xBCller"}, "\"M\xFCller\"\r\n"},
                  {{"\xD0\x9F"}, "\"\xD0\x9F\"\r\n"},
+                 {{"\xE2\x82\xAC."}, "\"\xE2\x82\xAC.\"\r\n"},
+                 {{"\xF0\x9F\x98\x80."}, "\"\xF0\x9F\x98\x80.\"\r\n"},
                  {{ambiguous}, '"' + ambiguous + "\"\r\n"},
                  {{ambiguous, "M\xC3\xBCller"}, '"' + ambiguous + "\"\r\n\"M\xC3\xBCller\"\r\n"}};
     for (const auto& c : cases) {
@@ -86,6 +88,15 @@ TEST(numbers, int16_saturates_and_rounds_halves_to_even)
     EXPECT_EQ(int16(std::numeric_limits<double>::quiet_NaN()), 0);
     EXPECT_EQ(int16(2.5), 2);
     EXPECT_EQ(int16(-3.5), -4);
+}
+
+TEST(numbers, random_numbers_run_from_0_up_to_1)
+{
+    random_numbers c;
+    EXPECT_NEAR(Rnd(c), 48270.0 / 2147483646, 1e-12) << "the first of the default seed";
+    double most = 0;
+    for (int i = 0; i < 1000; ++i) most = std::max(most, Rnd(c));
+    EXPECT_TRUE(most > 0.99 && most < 1);
 }
 
 TEST(numbers, texts_are_truncated_and_padded_by_characters)

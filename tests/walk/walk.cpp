@@ -45,7 +45,6 @@ struct session {
     explicit session(walker& w) : pc(w) {}
     walk_machine pc;
     trainer t{pc};
-    const form* last_front = nullptr;
     int held = 0;             // keys and buttons that are down
     double disturbance = 0;   // probability of a sudden event at each look
     bool gunner_at_work = false;
@@ -94,8 +93,6 @@ private:
     void begin_session();
     void look_again();
     void fire_practice(gunnery_screen&);
-    void stay_idle(gunnery_screen&);
-    void after_front_change();
     void count_log();
     void check();
 };
@@ -124,21 +121,6 @@ double chance_of_yes(const std::string& text)
     return 0.5;
 }
 
-// The last tick of the last target shows the score, unless the practice is stopped before.
-void check_score(walker& w, const std::string& text)
-{
-    const gunnery_screen* s = w.gunnery();
-    const practice_state& p = w.t().shared;
-    if (s == nullptr || text.find("SCORE = ") == std::string::npos) return;
-    for (const char* wrong : {"= -", "= nan", "= inf"})
-        if (text.find(wrong) != std::string::npos) w.failure = "a score is a number from 0 up";
-    if (!s->Timtarget.ticking || s->Imgtargets.Visible || s->targetnumber != p.targetblocks * 3) return;
-    w.count("practices completed");
-    for (int i = 1; i <= s->targetnumber; ++i)
-        if (p.rectarget[i] != i || p.rechit[i].empty() || p.recsystem[i].empty())
-            w.failure = "a completed practice leaves a complete record";
-}
-
 const char* random_file(walker& w, const file_dialog& dialog)
 {
     static constexpr const char* ranges[] = {
@@ -152,7 +134,6 @@ const char* random_file(walker& w, const file_dialog& dialog)
 
 bool walk_machine::message_box(const message& box)
 {
-    check_score(walker_, box.text);
     const bool yes = walker_.chance(chance_of_yes(box.text));
     if (box.buttons == box_buttons::yes_no) walker_.note(yes ? "  answers yes" : "  answers no");
     answers = {{yes, walker_.chance(0.7) ? 0 : walker_.fraction() * 8}};
@@ -355,32 +336,14 @@ void walker::fire_practice(gunnery_screen& s)
         if (n.hit) count(sight + " " + n.order + " kills");
 }
 
-// Within a minute without input the next target appears, or the last one goes down.
-void walker::stay_idle(gunnery_screen& s)
-{
-    const practice_state& p = t().shared;
-    const bool watched = s.simrunning && p.targetauto && s.targetlife <= 40 && !p.paused;
-    const int resets = s.resets, target = s.targetnumber;
-    note("waits a minute");
-    run->disturbance = 0;
-    pc().wait(60);
-    run->disturbance = 0.2;
-    if (!watched || pc().ended || gunnery() != &s || s.resets != resets || p.paused) return;
-    count("minutes without input");
-    if (failure.empty() && s.targetnumber == target) failure = "a practice continues without input";
-}
-
 // The walk -----------------------------------------------------------------------------------------------
 
 // Looks at the program every now and then, also in the middle of a handler.
 void walker::look_again()
 {
     pc().later(fraction() * 2, [this] {
-        const gunnery_screen* s = gunnery();
-        const int resets = s != nullptr && s->Timtarget.ticking && pc().open_boxes == 0 ? s->resets : -1;
         if (pc().open_boxes == 0 && chance(run->disturbance)) sudden_event(*this);
         if (pc().ended) return;
-        if (resets >= 0 && s->resets != resets) count("practices ended during a lay");
         check();
         look_again();
     });
@@ -400,34 +363,12 @@ void walker::begin_session()
     look_again();
 }
 
-void walker::after_front_change()
-{
-    if (front_form() == run->last_front) return;
-    const form* const debrief = &t().results.window;
-    if (front_form() == debrief) count("debriefs");
-    if (run->last_front == debrief && gunnery() != nullptr) count("replays");
-    if (run->last_front == &t().joycal.window && t().shared.joycalibrated) count("calibrations");
-    if (front_form() == &t().simulator.window && t().shared.quickstart) count("quick starts");
-    run->last_front = front_form();
-}
-
+// Each screen, box, report of an outcome and line of the crew, up to its first number.
 void walker::count_log()
 {
-    static constexpr struct {
-        const char* kind;
-        const char* words;   // part of the text
-        const char* name;
-    } rows[] = {{"caption", "COMMANDER : SELECT ", "wrong rounds"},
-                {"caption", "STOP DESELECT !!", "misses"},
-                {"caption", "PAUSE OFF", "pauses"},
-                {"caption", " is saved", "ranges saved"},
-                {"caption", " is open", "ranges opened"},
-                {"box", "RATING IS", "ratings"},
-                {"box", "CAN'T BE SET UP", "unusable ranges"},
-                {"box", "CALIBRATE", "refused joysticks"}};
     for (const logged& l : std::exchange(pc().log, {}))
-        for (const auto& row : rows)
-            if (l.kind == row.kind && l.text.find(row.words) != std::string::npos) count(row.name);
+        if (l.kind != "sound" && l.kind != "printed")
+            count(l.kind + ' ' + l.text.substr(0, l.text.find_first_of("0123456789/")));
     pc().boxes.clear();
     pc().dialogs.clear();
 }
@@ -454,14 +395,11 @@ void walker::step()
         begin_session();
     else if (s != nullptr && chance(0.05))
         fire_practice(*s);
-    else if (s != nullptr && chance(0.02))
-        stay_idle(*s);
     else if (chance(0.1))
         pc().wait(fraction() * 4);
     else
         sudden_event(*this);
     if (pc().ended) return;
-    after_front_change();
     count_log();
     check();
 }
