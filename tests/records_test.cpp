@@ -23,16 +23,21 @@ std::string line(std::initializer_list<std::string> words)
     return text + '\n';
 }
 
-// The options that it selects, the wind, and the summary.
+// The options that it selects and what they set, the wind, and the summary.
 std::string practice_of(drill& d, const std::string& file)
 {
     startsim_screen& s = d.t.startsim;
+    const practice_state& p = d.t.shared;
     d.pc.choose(s.cmdopenset, file);
     std::string text;
     for (const screen_object* o : s.window.objects)
         if (o->kind == object_kind::option && o->Value == 1) text += line({o->parent->Caption, o->Caption});
     text += line({s.Frame6.Caption, s.lblwinddir.Caption, s.Lblwindstr.Caption, s.Lblrangename.Caption});
     for (const screen_object& l : s.lblprac) text += line({l.Caption});
+    for (const int n :
+         {p.practicemode, int(p.targetauto), int(p.targetblocks), int(p.targettime), int(p.engagementtype),
+          int(p.systemstatus), int(p.selfdegrading), p.coaxbursts, p.windbias})
+        text += number_text(n) + ' ';
     return text;
 }
 

@@ -52,10 +52,7 @@ void nextround(trainer& t, gunnery_screen& s)
     s.ammoindex = s.ammoindex >= 2 ? 0 : s.ammoindex + 1;
     s.Cmdfire.Enabled = true;
     selectround(t, s, cycle[static_cast<int>(s.ammoindex)]);
-    if (s.ammoselected == hesh_bmp)
-        s.correctstep = 0;
-    else if (s.visual())
-        s.autolaycount = 2;
+    if (s.visual() && s.ammoselected != hesh_bmp) s.autolaycount = 2;
 }
 
 // Two presses with a traverse between them correct the next rounds sideways. A third replaces the second.

@@ -9,7 +9,6 @@ namespace vorn {
 void playsound(trainer& t, gunnery_screen& s, const std::string& file)
 {
     s.soundfile = file;
-    t.pc.close_sound();
     if (t.shared.soundson) t.pc.play(t.shared.rootpath + path_separator + "wavs" + path_separator + file);
 }
 

@@ -29,7 +29,6 @@ void cmdstartsim_click(trainer& t, gunnery_screen& s)
     else
         s.Cmdtarget.Enabled = true;
     for (screen_object* o : {&s.Cmdcoax, &s.Cmdselectmain, &s.Cmdoff}) o->Enabled = true;
-    s.targetcalled = true;
 }
 
 void cmdtarget_click(gunnery_screen& s)

@@ -75,6 +75,9 @@ TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
     EXPECT_EQ(s.Lbltime.Caption, std::to_string(p.rectime[1]));
     EXPECT_EQ(s.Imgtargetdetails.Picture, sim.Imgtargetfin.Picture);
     EXPECT_EQ(s.Imgtgtnumber[1].Picture, s.Imgfin.Picture);
+    EXPECT_TRUE(s.Imghesh.Picture == sim.Imgtargethesh.Picture &&
+                s.Imgcoax.Picture == sim.Imgtargetcoax.Picture);
+    EXPECT_EQ(sim.lblcrew.Caption, "");
     EXPECT_TRUE(s.Lbltgtnumber[1].bold && !s.Lbltgtnumber[2].bold && !s.Frmtherm.Visible);
     EXPECT_EQ(s.Lbltgtnumber[1].ForeColor, colour::red);
     EXPECT_FALSE(s.Imagepoa.Pale || s.Imgfos.Pale || s.Imglaze.Pale);
@@ -88,7 +91,6 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     // The scale is 1695 / 385, rounded. First round: centre of the target at 4481.5, 1792.5, aim point at
     // 4525, 1140.
     expect_at(s.Imagepoa, 2040 + 4 * 44, 1560 + 4 * 652, "aim 1");
-    expect_at(s.Imgfos, 2040 + 4 * 300, 1560 + 4 * 100, "fall 1");
     expect_at(s.Imgreptarget, 2040, 1560, "centre");
     // The box begins and ends a quarter of the width from the edges of the target; marks are 480 wide.
     expect_at(s.killbox, 2040 + 240 + 385, 1560 + 240 + 385, "kill box");
@@ -96,13 +98,7 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";
     EXPECT_TRUE(s.Cmdround1.bold && !s.cmdround2.bold && s.Cmdround1.ForeColor == colour::live);
     EXPECT_EQ(s.Cmdround1.AccessibleName + '/' + s.cmdround2.AccessibleName, "On view, round/Round");
-    // The last lase is that of the second round.
-    expect_at(s.Imglaze, 2040 + 4 * (-56), 1560 + 4 * 602, "laze");
-    EXPECT_TRUE(s.Cmdround1.Visible && s.cmdround2.Visible);
-    EXPECT_FALSE(s.Cmdround3.Visible || s.cmdround4.Visible);
     d.pc.click(s.cmdround2);
-    expect_at(s.Imagepoa, 2040 + 4 * (-56), 1560 + 4 * 602, "aim 2");
-    expect_at(s.Imgfos, 2040 + 4 * 200, 1560 + 4 * 150, "fall 2");
     EXPECT_LT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "and the hit inside";
     EXPECT_TRUE(s.cmdround2.bold && !s.Cmdround1.bold);
     expect_at(s.Imgthermtarget, s.Imgbam.Left + 56, s.Imgbam.Top - 602, "thermal target");

@@ -132,7 +132,7 @@ TEST_P(gun, hesh_is_carried_by_wind_and_correction)
     s.Imgrange.Left += 300;
     d.tap('R');
     EXPECT_FLOAT_EQ(s.heshcorrection, 300);
-    EXPECT_TRUE(s.layready);
+    EXPECT_TRUE(s.layready && s.Cmdautolay.Enabled);
     EXPECT_EQ(s.Lblammotype.Caption, visual ? "FIN" : "DST ");
     s.lazed = false;
     s.gunloaded = true;
@@ -257,9 +257,19 @@ TEST_P(gun, the_loader_is_silent_after_a_coax_burst)
 
 TEST_P(gun, selecting_main_again_takes_the_next_round)
 {
-    d.tap('E');
-    EXPECT_EQ(s.Lblammotype.Caption, "DST");
-    EXPECT_EQ(p.recammo[1], visual ? "DST" : "FIN");
+    for (int again = 0; again < 2; ++again) {
+        s.hasfired = true;
+        s.Cmdfire.Enabled = false;
+        d.tap('E');
+        EXPECT_EQ(s.Lblammotype.Caption, "DST") << "always from FIN on";
+        EXPECT_EQ(p.recammo[1], visual ? "DST" : "FIN");
+        EXPECT_TRUE(s.Cmdfire.Enabled && !s.hasfired);
+    }
+    s.Cmdfire.Enabled = false;
+    d.tap('R');
+    EXPECT_TRUE(s.Cmdfire.Enabled && s.Lblammotype.Caption == "HESH");
+    d.tap('R');
+    d.tap('R');
     if (!visual) return;
     std::string dial;   // where each round is shown
     for (const char key : {'R', 'R', 'R', 'Q'}) {
@@ -302,8 +312,11 @@ TEST_P(gun, deselecting_keeps_a_round_for_a_target_that_is_up)
         s.heshcorrection = 40;
         s.heshcorrecting = true;
         s.Imgtargets.Visible = c.up;
+        s.hasfired = true;
+        s.coaxhits = 1;
         p.heshcorrectall = c.correctall;
         d.tap('W');
+        EXPECT_TRUE(s.hasfired == visual && s.coaxhits == (visual ? 1 : 0));
         EXPECT_EQ(s.gunloaded, c.loaded);
         EXPECT_EQ(s.Imgloaded.Visible, c.loaded);
         EXPECT_FLOAT_EQ(s.heshcorrection, c.correction);

