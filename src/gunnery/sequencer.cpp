@@ -165,22 +165,15 @@ void placetarget(trainer& t, gunnery_screen& s)
     if (s.visual()) t.shared.recwidth[row(t)] = s.Imgtargets.Width;
 }
 
-// If all targets have been presented (possible only after a resume), ends the practice and returns false.
-bool presenttarget(trainer& t, gunnery_screen& s)
+void presenttarget(trainer& t, gunnery_screen& s)
 {
     t.shared.roundnumber = 1;
     s.targetnumber += 1;
-    if (s.targetnumber > alltargets(t)) {
-        s.targetnumber = alltargets(t);
-        cmdstopsim_click(t, s);
-        return false;
-    }
     chooseposition(t, s);
     placetarget(t, s);
     if (s.visual()) s.lbltargetnum.Caption = "TARGET " + std::to_string(s.targetnumber) + " OF 9";
     s.targetcalled = false;
     s.Label2.Caption = std::to_string(s.targetnumber);
-    return true;
 }
 
 void showtimeleft(gunnery_screen& s)
@@ -223,7 +216,7 @@ void timtarget_tick(trainer& t, gunnery_screen& s)
 {
     if (t.shared.selfdegrading) degrade(t, s);
     recordsystem(t, s);
-    if (!s.Imgtargets.Visible && !presenttarget(t, s)) return;
+    if (!s.Imgtargets.Visible) presenttarget(t, s);
     if (!s.targetcalled && !commanderslay(t, s)) return;
     s.targetticks += 1;
     if (!s.visual() && s.targetticks > 5) s.lblcrew.Caption.clear();

@@ -479,12 +479,14 @@ TEST_F(visual_input, buttons_are_enabled_by_the_state_of_the_practice)
     EXPECT_TRUE(s.Lblcharge.Visible);
     d.pc.press(s.Cmdlaze);
     EXPECT_TRUE(s.Cmdautolay.Enabled && s.lazed);
+    d.pc.wait(2.001);
     d.pc.click(s.Cmdoff);
+    EXPECT_FALSE(s.Lblcharge.Visible);
     EXPECT_TRUE(s.Cmdcoax.Enabled && s.Cmdselectmain.Enabled && s.Cmdlaze.Enabled);
     EXPECT_FALSE(s.Cmdautolay.Enabled || s.Cmdfire.Enabled || s.Cmdmaingun.Enabled);
     EXPECT_TRUE(s.Imgcoax.Visible && s.Imghesh.Visible);
     d.pc.wait(3);
-    EXPECT_FALSE(s.Lblcharge.Visible) << "the lase before it charges no more";
+    EXPECT_FALSE(s.Lblcharge.Visible) << "no more charging";
     d.pc.click(s.Cmdcoax);
     EXPECT_TRUE(s.Cmdlaze.Enabled && s.Cmdfire.Enabled && !s.Imgcoax.Visible && s.Imghesh.Visible);
     EXPECT_FALSE(s.Cmdmaingun.Enabled || s.Cmdselectmain.Enabled);

@@ -452,19 +452,22 @@ TEST_P(practice_on, an_unload_while_a_box_is_open_ends_it)
 
 // Actions of the user during the commander's lay.
 struct during_the_lay : visual_practice {
-    void act(const std::function<void()>& action)
+    void act(const std::function<void()>& action, double at = 8.02)
     {
         d.start();
-        d.pc.later(8.02, action);
-        d.pc.advance(8);
+        d.pc.later(at, action);
+        d.pc.wait(8);
     }
 };
 
 TEST_F(during_the_lay, a_stop_ends_the_practice)
 {
-    act([&] { d.pc.click(s.Cmdstopsim); });
-    EXPECT_FALSE(s.Imgtargets.Visible || s.Timloading.Enabled);
-    EXPECT_EQ(d.crew(), "");
+    for (const double at : {8.02, 8.11}) {   // while it moves across, and down
+        act([&] { d.pc.click(s.Cmdstopsim); }, at);
+        EXPECT_FALSE(s.Imgtargets.Visible || s.Timloading.Enabled);
+        EXPECT_EQ(d.crew() + s.Label1.Caption, "0");
+        d.pc.click(s.Cmdmain);
+    }
     d.start();
     EXPECT_NEAR(d.to_the_end(), 206, 1.1);
 }
