@@ -4,8 +4,8 @@
 #
 #   tools/check_package.sh [PACKAGE]
 #
-# Runs as root on Debian and uses debootstrap. Without an argument it builds the package. Needs some minutes and a
-# gigabyte, so the tests don't call it.
+# Runs as root on Debian and uses debootstrap. Without an argument it builds the package twice and compares the two. Needs
+# some minutes and a gigabyte, so the tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
@@ -18,8 +18,17 @@ trap 'umount -ql "$root/proc" || true; rm -rf --one-file-system "$root"' EXIT
 
 install_missing debootstrap "${build_packages[@]}" dpkg-dev desktop-file-utils appstream file lintian
 if [ $# -eq 0 ]; then
-    build release
-    (cd build/release && cpack -G DEB >/dev/null)
+    # Built from one commit twice, in two folders, the package is the same byte for byte.
+    SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
+    export SOURCE_DATE_EPOCH
+    for folder in build/release build/release-again; do
+        rm -rf "$folder"
+        cmake --preset release -B "$folder" >/dev/null
+        cmake --build "$folder" -j "$(getconf _NPROCESSORS_ONLN)"
+        (cd "$folder" && cpack -G DEB >/dev/null)
+    done
+    cmp build/release/vorn_*.deb build/release-again/vorn_*.deb || { say "two builds differ"; exit 1; }
+    say "two builds give the same package"
     set -- build/release/vorn_*.deb
 fi
 package=$(realpath "$1")
