@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 #include "debrief/report.h"
 #include "debrief/resultsfile.h"
@@ -51,6 +52,13 @@ void fuzz_range(const std::string& bytes)
     require(range_file_bytes(again) == range_file_bytes(p), "and comes out the same");
 }
 
+namespace {
+struct program {
+    headless_machine pc;
+    trainer t{pc};
+};
+}   // namespace
+
 static int selected_in(const startsim_screen& s, const screen_object& group)
 {
     int n = 0;
@@ -61,8 +69,13 @@ static int selected_in(const startsim_screen& s, const screen_object& group)
 
 void fuzz_practice(const std::string& bytes)
 {
-    headless_machine pc;
-    trainer t(pc);
+    // Kept from run to run, since making all screens takes 30 times as long as reading a practice.
+    static auto kept = std::make_unique<program>();
+    if (kept->pc.ended) kept = std::make_unique<program>();
+    headless_machine& pc = kept->pc;
+    trainer& t = kept->t;
+    pc.event([&] { unload(pc, t.startsim.window); });
+    t.shared = {};
     pc.event([&] { load(pc, t.startsim.window); });
     pc.answers.assign(8, {true});   // yes to each question for a range; the dialogs are cancelled
     pc.event([&] { apply_practice(t, bytes); });
