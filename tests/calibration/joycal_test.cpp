@@ -140,6 +140,8 @@ TEST_F(calibration, only_finish_calibrates_and_each_way_out_leads_to_the_set_up)
     open();
     press(1);
     EXPECT_EQ(shown(), "....") << "starts over";
+    move(0, 0);
+    EXPECT_EQ(s.dot.Left, 1560);
     to_step(4);
     pc.click(s.Cmdfinish);
     EXPECT_EQ(front(pc), &d.t.startsim.window);

@@ -419,11 +419,14 @@ TEST_F(visual_input, a_hesh_round_fired_with_the_autolay_held_takes_the_lay_back
     d.pc.key_down('S');
     d.pc.wait(2.1);
     ASSERT_GT(s.Imgrange.Top, range + 2000);
-    const double laid = s.Imgrange.Top, target = s.Imgtargets.Top;
+    const double laid = s.Imgrange.Top, target = s.Imgtargets.Top, across = s.laze.Left;
+    s.heshcorrecting = true;
+    s.windoffset = 100;
     d.tap('D');
     EXPECT_DOUBLE_EQ(s.Imgtargets.Top, target - 21 * 110);
     EXPECT_DOUBLE_EQ(s.Imgrange.Top, laid - 20 * 110);
     EXPECT_DOUBLE_EQ(s.laze.Top, mark);
+    EXPECT_DOUBLE_EQ(s.laze.Left, across - 100);
     EXPECT_NEAR(s.ammo.Top, 1140 + 2200 - 21 * 110, 0.31);
     EXPECT_EQ(p.rechit[1], "YES");
 }
@@ -431,7 +434,9 @@ TEST_F(visual_input, a_hesh_round_fired_with_the_autolay_held_takes_the_lay_back
 TEST_F(visual_input, keys_need_the_option_and_most_a_running_practice)
 {
     d.set_up();
-    for (const char key : {'A', 'S', 'D', 'Q', 'W', 'E', 'R'}) d.tap(key);
+    s.gunloaded = true;
+    for (const char key : {'A', 'S', 'D', 'Q', 'E', 'R', 'W'}) d.tap(key);
+    EXPECT_TRUE(s.gunloaded);
     EXPECT_FALSE(s.lazed || s.timautolay.Enabled || s.ammoarmed);
     const double left = s.Imgrange.Left;
     d.hold('H', 0.1);

@@ -236,7 +236,9 @@ TEST(screen, a_reset_clears_the_readouts)
             EXPECT_EQ(s.Label2.Caption + s.lblhits.Caption, "11");
             EXPECT_TRUE(s.Lblavetime.Caption != "" && s.Lblrange.Caption != "" &&
                         s.Lblammotype.Caption != "");
+            d.pc.key_down('H');
             d.pc.click(s.Cmdstopsim);
+            EXPECT_FALSE(s.Timleft.Enabled) << "a held key is to be pressed again";
             EXPECT_EQ(s.Label1.Caption + s.Label2.Caption + s.lblhits.Caption + s.Lblavetime.Caption, "000");
             EXPECT_FALSE(s.laze.Visible || s.ammo.Visible || s.Imgtargets.Visible || s.Imgloaded.Visible);
             EXPECT_TRUE(s.Imghesh.Visible && (s.Imgcoax.Visible || !s.visual()));
