@@ -299,8 +299,8 @@ TEST_F(thermal_laser, on_target_sizes_the_marks)
     EXPECT_TRUE(s.imgbam.Top == 2600 && s.imgbam.Width == 1198 && s.imgbam.Height == 599);
     s.Imgtargets.Visible = s.layready = s.imgbam.Visible = false;
     d.tap('A');
-    EXPECT_TRUE(s.imgbam.Left == 4700 - 599 && s.imgbam.Width == 200 && s.imgbam.Height == 100);
-    EXPECT_TRUE(s.imgbam.Visible && !s.layready);
+    EXPECT_TRUE(s.imgbam.Left == 4700 - 599 && s.imgbam.Top == 2600 - 599 && s.imgbam.Visible && !s.layready);
+    EXPECT_TRUE(s.imgbam.Width == 200 && s.imgbam.Height == 100);
     EXPECT_EQ(d.t.shared.reclazex[1], 5000 + 142 - 4700);   // 142.5 across: to the even neighbour
 }
 

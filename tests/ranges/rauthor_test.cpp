@@ -157,6 +157,8 @@ TEST_F(author, shows_the_target_of_the_chosen_icon_at_the_size_of_its_range)
 {
     new_range("MOOR", false, "moor.vrp");
     EXPECT_FALSE(s.shown_target.Visible) << "no range yet";
+    enter_range("1");
+    EXPECT_TRUE(s.shown_target.Visible);
     enter_range("1000");
     EXPECT_TRUE(s.shown_target.Visible && s.shown_target.Pale);
     EXPECT_EQ(s.shown_target.Width, 660 - 1000 / 4.0);

@@ -47,8 +47,8 @@ TEST(item_text, rejects_wrong_types_and_numbers_out_of_bounds)
          {"32768", "-32769", "1.5", "0x10", "+3", "1 2", "\"1\"", "", "99999999999999999999", "#TRUE#"})
         EXPECT_FALSE(takes<int16>(bad)) << bad;
     EXPECT_FALSE(takes<std::int32_t>("2147483648"));
-    for (const char* bad : {"TRUE", "#true#", "1", "\"#TRUE#\""}) EXPECT_FALSE(takes<bool>(bad)) << bad;
-    for (const char* bad : {"word", "\"open", "\"", "\"a\"b\"", "12"})
+    for (const char* bad : {"", "TRUE", "#true#", "1", "\"#TRUE#\""}) EXPECT_FALSE(takes<bool>(bad)) << bad;
+    for (const char* bad : {"", "word", "\"open", "\"", "\"a\"b\"", "12"})
         EXPECT_FALSE(takes<std::string>(bad)) << bad;
     EXPECT_FALSE(takes<std::string>(std::string("\"a\0b\"", 5)));
 }
