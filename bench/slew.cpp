@@ -1,6 +1,6 @@
-// Latency and frame times of the visual sight: from a key press to the changed frame, between frames while
-// the view slews and while a round flies; and the CPU time of an idle sight. QT_QPA_PLATFORM=offscreen runs
-// it without a display, QT_SCALE_FACTOR=2 at twice the size. The arguments are the size of the window:
+// Measures the visual sight: the latency from a key press to the changed frame, the time between frames while
+// the view slews and while a round flies, and the CPU time while nothing happens. QT_QPA_PLATFORM=offscreen
+// runs it without a display, QT_SCALE_FACTOR=2 at twice the size. The arguments are the size of the window:
 //
 //     vorn_bench_slew [WIDTH HEIGHT]
 #include <sys/resource.h>

@@ -193,7 +193,7 @@ double gunner::range() const
 
 constexpr spot beaten_zone{45, 30};   // centre of the coax's, relative to its drop
 
-// Where a round falls that is laid without the autolay, relative to the mark.
+// Where a round falls, relative to the mark, when the gun was laid without the autolay.
 spot gunner::drop(double metres) const
 {
     if (order_is("COAX")) return {beaten_zone.x, beaten_zone.y + (s_.visual() ? 2 * metres : metres / 7)};

@@ -41,7 +41,7 @@ std::string practice_of(drill& d, const std::string& file)
     return text;
 }
 
-// Its texts and positions, as the range author has them.
+// The texts and positions of a range file that the range author has opened.
 std::string range_of(drill& d, const std::string& file)
 {
     rauthor_screen& s = d.t.rauthor;

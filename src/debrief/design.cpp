@@ -181,8 +181,8 @@ void thermal_marks(S& s)
     add(s.window, s.Imgrevhesh, hidden(image({1020, 1418, 1080, 375}, ":revhesh")), &s.Frmtherm);
 }
 
-// In a wide window the target with its markers takes the right side below the buttons. The strip and the
-// frames share the left side, where the frames are as large as its height allows.
+// In a wide window the target with its markers takes the right side below the buttons. The left side has the
+// strip and, below it, the frames, enlarged as far as they fit.
 wide_layout wide(const S& s, double width)
 {
     constexpr double margin = 60, top = 390, foot = 10560, least_left = 11400, least_gain = 1.1;

@@ -95,7 +95,7 @@ void cmdprint_click(trainer& t)
     t.results.outcome.Caption = done.file.empty() ? "The report is printed" : done.file + " is saved";
 }
 
-// After a cancelled save resultsfile names a file that doesn't exist; the failure is then reported.
+// After a cancelled save, resultsfile names a file that doesn't exist. Deleting that fails and is reported.
 void cmddelete_click(trainer& t)
 {
     t.results.outcome.Caption.clear();

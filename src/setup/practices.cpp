@@ -28,7 +28,7 @@ constexpr const char* thirty2 = " UP FOR 30 SECS ";   // practices 1 and 2 have 
 constexpr const char* no_coax = "THERE WILL BE NO COAX TARGETS";
 constexpr const char* bursts = "2 KILL BURSTS FOR COAX TARGETS";
 
-// The summary of practices 1 to 11, although they have nine targets.
+// In the summary of practices 1 to 11, although they have nine targets.
 constexpr const char* six = "SIX TARGETS";
 constexpr const char* automatic = "ALL TARGETS APPEAR AUTOMATICALLY";
 

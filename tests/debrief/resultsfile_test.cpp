@@ -7,7 +7,7 @@
 namespace vorn {
 namespace {
 
-// Files of whole practices, each with values of its own in most lines.
+// Files of whole practices. They differ in most lines, which shows from which of them a value comes.
 const std::string records = VORN_SOURCE_DIR "/tests/records/2.0/";
 const std::string whole = bytes_of(records + "visual.vrn");
 

@@ -159,7 +159,8 @@ TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again
     }
 }
 
-// One placed nearer to the left or upper edge of the sight is brought in, another isn't moved.
+// A target nearer than 2040 twips to the left edge of the sight, or 960 to the upper edge, is moved inwards;
+// one at that distance isn't moved.
 TEST(target, place_decides_the_direction_of_the_lay)
 {
     for (const auto& [left, top] : {std::pair{2039, 959}, {2040, 960}}) {

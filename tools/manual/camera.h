@@ -140,7 +140,7 @@ public:
         for (; *keys != 0; ++keys)
             for (const bool down : {true, false}) key(s, *keys, down);
     }
-    // One tick without waiting for it; and ticks for as long as the timer runs and this holds.
+    // One tick, without waiting for it.
     void tick(timer& clock)
     {
         if (!clock.Enabled) return;
@@ -149,6 +149,7 @@ public:
         deliver_ticks(pc);
         pc.sync();
     }
+    // Ticks for as long as the timer runs and more are wanted.
     void tick_while(timer& clock, const std::function<bool()>& wanted)
     {
         for (int i = 0; i < 1000 && clock.Enabled && wanted(); ++i) tick(clock);

@@ -23,8 +23,8 @@ using copied_times = std::map<std::string, long long>;
 
 static constexpr const char* times_file = ".copied";
 
-// Stands beside what the installer for Windows has written. Also a user who could write there works on a
-// copy, since the installer replaces and removes its own files.
+// A folder with this file was written by the installer for Windows. Even a user who can write there works on
+// a copy, since the installer replaces and removes its own files.
 static constexpr const char* uninstaller = "uninstall.exe";
 
 static bool was_complete(const fs::path& folder)

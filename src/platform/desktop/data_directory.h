@@ -13,9 +13,9 @@ struct data_place {
     std::filesystem::path used;        // contains the folder "ranges" that the trainer works on
 };
 
-// Looks for the data of a program in the folder `program`: in that folder (on Windows, or unpacked on a
-// stick), in the folder where it is `usual`ly installed, and in the sources in whose build tree it is.
-// Where there is none, `usual` is used, so that the user is asked.
+// Looks for the data of a program that is in the folder `program`: in that folder (on Windows, or unpacked on
+// a USB stick), in `usual`, where the data is normally installed, and in the source tree above the build
+// folder. If there is none, `usual` is returned, so that the user is asked.
 data_place find_data(const std::filesystem::path& program, const std::filesystem::path& usual,
                      const std::filesystem::path& own);
 

@@ -36,8 +36,8 @@ loaded_picture read_picture(const std::string& source, const std::string& path,
 // or draws the picture itself meanwhile.
 enum class twin_reading { waits, meanwhile_without };
 
-// The image to draw at this size in device pixels: the smallest that is at least as large, or else the
-// largest or, where that is too small, its twin. Null when the picture has no images.
+// The image to draw at this size in device pixels: the smallest that is at least as large. If all are
+// smaller, the twin, or the largest if there is no twin. Null when the picture has no images.
 const QImage* image_for(const picture&, const QSize& device, twin_reading = twin_reading::waits);
 
 // Whether a twin is being read, so that the picture should be drawn again.

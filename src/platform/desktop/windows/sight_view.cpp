@@ -127,7 +127,7 @@ void sight_view::hideEvent(QHideEvent*)
     ground_.clear();
 }
 
-// The size must not depend on the place, as that of a rectangle between rounded edges does.
+// The size is rounded by itself: between rounded edges it would change by a pixel as the object moves.
 QRect sight_view::ground_rect(const object_fields& o) const
 {
     return {device_rect(o, scale()).topLeft(),

@@ -129,7 +129,8 @@ void text_box::focusInEvent(QFocusEvent* e)
     if (!std::exchange(had_focus_, true) && !clicked_) selectAll();   // the initial focus
 }
 
-// Not in focusInEvent, since the press sets the cursor afterwards; and not when the user has selected a part.
+// A click that gives the box the focus selects the whole text, unless the user has selected a part of it. In
+// focusInEvent that would be too early: the press sets the cursor afterwards.
 void text_box::mouseReleaseEvent(QMouseEvent* e)
 {
     QLineEdit::mouseReleaseEvent(e);
