@@ -90,8 +90,8 @@ void open_sight(trainer& t, desktop_machine& pc, const QSize& size)
     run_for(500);
 }
 
-// The picture moved by one step, and painted. The CPU time tells more on a virtual machine whose host is
-// busy.
+// Moves the picture by one step and paints it. On a virtual machine whose host is busy the CPU time is the
+// better measure.
 void repaints(gunnery_screen& s, desktop_machine& pc)
 {
     QWidget& sight = *pc.window(s.window)->widget(s.Picrange);
@@ -159,7 +159,7 @@ void flights(trainer& t, desktop_machine& pc, frame_times& frames)
     }
 }
 
-// Linux tells it in pages.
+// Linux gives the size in pages.
 long resident_megabytes()
 {
     long all = 0, resident = 0;

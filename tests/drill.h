@@ -35,7 +35,7 @@ struct drill {
     void set_up();
     // Shows the gunnery screen if it isn't shown, and clicks on Cmdstartsim.
     void start();
-    // A gunner with these controls, which the options are set for.
+    // A gunner who uses this device. Sets the options for it.
     gunner gunner_by(device);
     // Starts a practice and waits until the first target is up at this position.
     void present(int position);

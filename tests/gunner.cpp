@@ -271,8 +271,8 @@ void gunner::burst()
     }
 }
 
-// After a round: a kill, or a correction for the next one. A laid HESH round beside the target shows the
-// wind.
+// After a round: notes a kill, or corrects the next round. A HESH round fired after a lay that falls beside
+// the target shows the wind.
 void gunner::judge()
 {
     engagement_note& n = notes.back();

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the core with other compilers: with clang++, and runs its tests; and for Windows with mingw-w64. Installs what
-# is missing. The tests don't call it.
+# Builds the core with clang++ and runs its tests, then builds it for Windows with mingw-w64. Installs what is missing.
+# The tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh

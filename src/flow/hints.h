@@ -29,7 +29,7 @@ struct hint_panel {
 // design.cpp: the layout.
 void lay_out_hints(form&, screen_object& bar, const area& bar_at, screen_object& label,
                    const char* first_text = foot_text);
-// Hides the hint, and cancels one that waits for its time.
+// Hides the hint, and cancels a pending one.
 void end_hint(const hint_panel&);
 // Ends a hint also when the cursor moves over these objects.
 void end_hint_over(const hint_panel&, std::initializer_list<screen_object*>);

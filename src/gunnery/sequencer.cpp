@@ -83,7 +83,8 @@ void showestimate(trainer& t, gunnery_screen& s)
     s.Lblrange.Caption = number_text(estimate) + "S";
 }
 
-// System status one step worse with each third of the practice; called before the new target is counted.
+// Makes the system status one step worse with each third of the practice. Called before the new target is
+// counted.
 void degrade(trainer& t, const gunnery_screen& s)
 {
     const double thirds = static_cast<double>(s.targetnumber) / t.shared.targetblocks;

@@ -363,7 +363,8 @@ void walker::begin_session()
     look_again();
 }
 
-// Each screen, box, report of an outcome and line of the crew, up to its first number.
+// Counts how often each screen, box, report of an outcome and line of the crew occurred; texts that differ
+// only from their first number on count as the same.
 void walker::count_log()
 {
     for (const logged& l : std::exchange(pc().log, {}))

@@ -104,7 +104,7 @@ std::vector<placed_puff> placed_puffs(const scene& s, const std::vector<puff>& p
     return there;
 }
 
-// Round hills between sharp valleys in five octaves, about -.5 to .5 and 0 in the mean.
+// Billow noise of five octaves: round hills between sharp valleys. About -.5 to .5, with a mean of 0.
 float billows(vec3 p)
 {
     float sum = 0, height = .75f;
@@ -125,7 +125,7 @@ float lumps(const scene& s, vec3 at, float time)
     if (!s.loops)
         return billows((at - drift(s, time)) * (s.lumps / (.35f + .65f * braked(s, time))) + somewhere +
                        vec3{0, 0, 1.5f * time});
-    // Two patterns rise, and one takes the other's place: at the end the second is what the first was at the
+    // A cross-fade of two rising patterns. At the end of the loop the second is what the first was at the
     // start.
     const auto risen = [&](float by) {
         return billows((at - vec3{0, s.drift.z, .1f} * by) * vec3{s.lumps, .6f * s.lumps, s.lumps} +

@@ -270,7 +270,7 @@ sample sample_at(const grid<hit>& seen, const camera& c, const std::vector<lamp>
 
 QImage render(const solid& vehicle, const view& from, look l, int size)
 {
-    constexpr float softness = 1.f / 140;              // of the thermal sight's picture, as a share of it
+    constexpr float softness = 1.f / 140;              // blur of the thermal picture, as a share of its width
     const int fine = std::clamp(1024 / size, 4, 16);   // samples to a pixel, each way
     const camera c = fitted(vehicle, from, l == look::hot ? 2.5f * softness : .025f, size * fine);
     const grid<hit> seen = see(vehicle, c);

@@ -147,8 +147,9 @@ void desktop_machine::tick()
     start_clock();
 }
 
-// The objects have moved by a count that lasts so long. The frames due in this time are painted, with rounds
-// in flight on their way; frames that would come too late are left out.
+// A step of a counted move has just been made, and lasts this many seconds. Paints the frames due in this
+// time, with a round in flight between its old and its new place. Frames that would come too late are left
+// out.
 void desktop_machine::pace(double seconds)
 {
     if (QApplication::activeModalWidget() != nullptr) return;   // the box in front must respond
@@ -183,8 +184,8 @@ void desktop_machine::do_events()
 
 // Files ---------------------------------------------------------------------------------------------------
 
-// A picture that is still in use is not decoded again. A copy of an installed picture has its twin where it
-// is installed.
+// A picture that is still in use is not decoded again. For the user's copy of an installed picture, the twin
+// is in the installed folder.
 loaded_picture desktop_machine::load_picture(const std::string& path)
 {
     const std::string found = find_path(*this, path);

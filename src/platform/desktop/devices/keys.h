@@ -21,7 +21,7 @@ int virtual_key(const QKeyEvent&);
 class keyboard final : public QObject {
 public:
     explicit keyboard(desktop_machine&);
-    // Sends the key-up of each key that is down to its form.
+    // For each key that is down, sends the key-up to the form that got the key-down.
     void release_all();
 
 protected:

@@ -193,8 +193,8 @@ plan panels_below(const docked_objects& d, const QSizeF& window, double scale)
     return best;
 }
 
-// The plan with the largest sight. One with more in columns may have a slightly smaller one, since there the
-// eye finds everything at once.
+// The plan with the largest sight. A plan with more blocks in columns is preferred even if its sight is
+// slightly smaller: beside the sight they are easier to see.
 plan best_plan(const docked_objects& d, const QSizeF& window, double scale)
 {
     constexpr double nearly = 0.97;
