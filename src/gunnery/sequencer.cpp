@@ -83,8 +83,8 @@ void showestimate(trainer& t, gunnery_screen& s)
     s.Lblrange.Caption = number_text(estimate) + "S";
 }
 
-// Makes the system status one step worse with each third of the practice. Called before the new target is
-// counted.
+// Makes the system status one step worse with each third of the practice. Called every second; the first time
+// in an engagement the new target isn't counted yet, so the commander's report follows the previous status.
 void degrade(trainer& t, const gunnery_screen& s)
 {
     const double thirds = static_cast<double>(s.targetnumber) / t.shared.targetblocks;
