@@ -59,7 +59,7 @@ TEST_P(gun, fin_hits)
     EXPECT_DOUBLE_EQ(s.Imgexplode.Left, s.Imgtargets.Left);
     EXPECT_DOUBLE_EQ(s.Imgexplode.Top, s.Imgtargets.Top - 100);
     EXPECT_EQ(s.Imgexplode.Picture.source, visual ? ":explosion1" : ":hotexplosion1");
-    EXPECT_EQ(s.ammo.Width, visual ? 20 : 10) << "far away";
+    EXPECT_TRUE(s.ammo.Width == (visual ? 20 : 10) && s.ammo.Height == s.ammo.Width) << "far away";
     d.pc.wait(13.5 * timer_floor);
     EXPECT_TRUE(s.Imgexplode.Visible && s.Imgexplode.Picture.source.ends_with("14"));
     d.pc.wait(timer_floor);
@@ -112,7 +112,7 @@ TEST_P(gun, rounds_scatter)
         load(hesh_bmp);
         d.tap('D');
         EXPECT_NEAR(s.ammo.Top, visual ? 1140 + 2200 + c.spread : 2650, 0.31) << c.draw;
-        EXPECT_EQ(s.ammo.Width, 20) << "far away";
+        EXPECT_TRUE(s.ammo.Width == 20 && s.ammo.Height == 20) << "far away";
     }
 }
 
@@ -140,6 +140,10 @@ TEST_P(gun, hesh_is_carried_by_wind_and_correction)
     EXPECT_FLOAT_EQ(s.heshcorrection, visual ? 0 : 300) << "an unlased visual round clears it";
     d.tap('A');
     EXPECT_FALSE(s.heshcorrecting) << "a lase ends it";
+    p.systemstatus = 2;
+    s.gunloaded = true;
+    d.tap('D');
+    EXPECT_FALSE(s.heshcorrecting) << "none without the full system";
 }
 
 TEST_P(gun, fires_at_nothing)

@@ -146,6 +146,7 @@ TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again
         practice_state range = plain_range(sight_kind::visual);
         range.targetrange[18] = 300;
         range.targetrange[3] = limit;
+        range.targetrange[15] = limit + 1;
         d.data.put_range("visualrange.arf", range);
         d.present(3);
         EXPECT_EQ(p.recrange[1], limit);   // exactly at the limit, which is kept
