@@ -7,6 +7,7 @@
 #include <QtEndian>
 #include <set>
 
+#include "gunnery/sight.h"
 #include "platform/desktop/drawing/drawings.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/windows/look.h"
@@ -243,6 +244,24 @@ TEST(drawings, the_marks_of_a_scale_are_equally_bright)
     int marks = 0;
     for (int y = 0; y < canvas.height(); ++y) marks += qGreen(canvas.pixel(8, y)) > full * 9 / 10;
     EXPECT_EQ(marks, 14);
+}
+
+// The left column is shorter than the right one, but both begin at the same height and have the same figures.
+TEST(drawings, the_lowest_figure_of_a_scale_is_not_cut)
+{
+    const auto lowest_row = [](const char* name, const area& column) {
+        QImage canvas(120, 840, QImage::Format_RGB32);
+        canvas.fill(Qt::black);
+        QPainter p(&canvas);
+        draw_picture(p, {.source = name, .pixels = nullptr},
+                     QRectF(20, 0, column.Width / 5, column.Height / 5).toRect());
+        int lowest = 0;
+        for (int y = 0; y < canvas.height(); ++y)
+            for (int x = 0; x < canvas.width(); ++x)
+                if (qGreen(canvas.pixel(x, y)) > 150) lowest = y;
+        return lowest;
+    };
+    EXPECT_NEAR(lowest_row(":scale_left", figures_left), lowest_row(":scale_right", figures_right), 1);
 }
 
 }   // namespace vorn::desktop_tests

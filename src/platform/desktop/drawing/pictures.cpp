@@ -176,9 +176,12 @@ void draw_cached(QPainter& p, const QString& key, const QRect& at, const std::fu
 void draw_picture(QPainter& p, const picture& pic, const QRect& at)
 {
     if (at.isEmpty()) return;
-    if (is_drawing(pic))
-        return draw_cached(p, QString::fromStdString(pic.source), at,
+    if (is_drawing(pic)) {
+        // The lowest figure of a scale reaches below its column.
+        const int below = at.height() > at.width() ? at.width() / 4 : 0;
+        return draw_cached(p, QString::fromStdString(pic.source), at.adjusted(0, 0, 0, below),
                            [&](QPainter& q) { draw_named(q, pic.source, QRectF(at)); });
+    }
     const QImage* image = image_for(pic, at.size());
     if (image == nullptr) return;
     p.setRenderHint(QPainter::SmoothPixmapTransform, image->size() != at.size());

@@ -70,6 +70,9 @@ void draw_wreck(QPainter& p, const object_fields& o, const QRect& at)
 sight_view::sight_view(const shown_object& sight, QWidget* parent) : QWidget(parent), sight_(sight)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    twin_wait_.setSingleShot(true);
+    twin_wait_.setInterval(30);   // milliseconds
+    connect(&twin_wait_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
 }
 
 double sight_view::scale() const
@@ -150,8 +153,11 @@ void sight_view::paintEvent(QPaintEvent*)
     const colour back = sight_.drawn.BackColor == colour::ground ? colour::black : sight_.drawn.BackColor;
     QRegion uncovered(whole.adjusted(-1, -1, 1, 1));
     for (const shown_object* o : sight_.inside)
-        if (const QImage* image = o->drawn.Visible ? ground_image(o->drawn, whole) : nullptr)
+        if (const QImage* image = o->drawn.Visible ? ground_image(o->drawn, whole) : nullptr) {
             if (!image->hasAlphaChannel()) uncovered -= ground_rect(o->drawn) & whole;
+            // The image drawn below is chosen later, so a twin that is ready by then is drawn once more.
+            if (reads_twin(o->drawn.Picture)) twin_wait_.start();
+        }
     for (const QRect& r : uncovered) p.fillRect(r, back_shade(back));
     paint_objects(p, whole);
 }

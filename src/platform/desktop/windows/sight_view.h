@@ -2,6 +2,7 @@
 // at a target that was hit; these move by themselves.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <unordered_map>
@@ -51,6 +52,7 @@ private:
     scrolled_picture ground_;
     double progress_ = 1;
     double animated_ = 0;   // when it was last repainted for what moves
+    QTimer twin_wait_;      // until it is repainted, since the twin of a picture may have been read
 };
 
 }   // namespace vorn
