@@ -289,6 +289,9 @@ TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
         view.set_progress(part);
         EXPECT_NEAR(changed(view.grab().toImage()).center().x(), middle, 3) << part;
     }
+    pc.sync();
+    view.set_progress(0);
+    EXPECT_NEAR(changed(view.grab().toImage()).center().x(), 302, 3) << "one that stands still";
 }
 
 // Counts that last 11 ms, as those of a FIN round, are shown 60 times in a second too.

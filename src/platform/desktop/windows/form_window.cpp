@@ -131,7 +131,10 @@ void form_window::sync()
     make_new_objects();
     bool widgets_moved = false, rearranged = false;
     for (const auto& s : objects_) {
-        if (static_cast<const object_fields&>(*s->object) == s->drawn) continue;
+        if (static_cast<const object_fields&>(*s->object) == s->drawn) {
+            s->before = {s->drawn.Left, s->drawn.Top, s->drawn.Width, s->drawn.Height};
+            continue;
+        }
         if (!in_sight(*s->object)) widgets_moved |= moved(*s->object, s->drawn);
         rearranged |= s->object->Visible != s->drawn.Visible && affects_arrangement(*s->object);
         draw_fields(*s, false);
