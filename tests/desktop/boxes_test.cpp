@@ -1,32 +1,19 @@
 #include <QDir>
-#include <QFile>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTextBrowser>
 #include <QTreeView>
 #include <QWheelEvent>
 
 #include "fixture.h"
-#include "platform/desktop/dialogs/boxes.h"
 
 namespace vorn::desktop_tests {
 
 struct boxes : desktop_test {
     boxes() { pc.working_directory = folder.path().toStdString(); }
-
-    void write(const QString& name, const QByteArray& content)
-    {
-        QFile f(folder.filePath(name));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(content);
-    }
-
-    QTemporaryDir folder;
 };
 
 TEST_F(boxes, show_plain_text_and_one_line_break_for_each_pair)
@@ -115,6 +102,32 @@ TEST_F(boxes, an_open_dialog_offers_all_files_and_for_pictures_all_formats)
     ASSERT_EQ(pictures.size(), 3);
     EXPECT_TRUE(pictures[1].contains("*.jpg") && pictures[1].contains("*.ico"));
     EXPECT_EQ(pictures[2], "All Files (*)");
+}
+
+TEST_F(boxes, of_pictures_offer_no_twins)
+{
+    for (const char* name : {"valley.vrp", "valley@2x.vrp", "alone@2x.vrp"}) write(name, "x");
+    open(one);
+    const auto chosen = [&](const char* name) {
+        when_box<QFileDialog>([&, name](QFileDialog& box) {
+            const QAbstractItemModel& list = *box.findChild<QTreeView*>()->model();
+            const auto offers = [&](const char* file) {
+                const QModelIndex folder_row = box.findChild<QTreeView*>()->rootIndex();
+                for (int row = 0; row < list.rowCount(folder_row); ++row)
+                    if (list.index(row, 0, folder_row).data() == file) return true;
+                return false;
+            };
+            EXPECT_TRUE(QTest::qWaitFor([&] { return offers("valley.vrp") && offers("alone@2x.vrp"); }));
+            EXPECT_FALSE(offers("valley@2x.vrp"));
+            box.findChild<QLineEdit*>()->setText(name);
+            static_cast<QDialog&>(box).accept();
+        });
+        file_dialog d{"OPEN PICTURE FOR RANGE", "(*.vrp)|*.vrp|", folder.path().toStdString()};
+        d.picture = true;
+        return pc.choose_file(d).value_or("");
+    };
+    EXPECT_EQ(chosen("valley@2x.vrp"), folder.filePath("valley.vrp").toStdString());
+    EXPECT_EQ(chosen("alone@2x.vrp"), folder.filePath("alone@2x.vrp").toStdString());
 }
 
 struct help : boxes {

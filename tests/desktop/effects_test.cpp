@@ -13,10 +13,10 @@ namespace {
 
 constexpr int side = 96;
 
-QImage drawn(effect what, int frame)
+QImage drawn(effect what, int frame, const QColor& ground = Qt::transparent)
 {
     QImage canvas(side, side, QImage::Format_ARGB32_Premultiplied);
-    canvas.fill(Qt::transparent);
+    canvas.fill(ground);
     QPainter p(&canvas);
     draw_effect(p, what, QRectF(canvas.rect()), frame);
     return canvas;
@@ -25,12 +25,9 @@ QImage drawn(effect what, int frame)
 // The share of pixels of a kind in a frame, on a ground of one colour.
 double share(effect what, int frame, bool (*matches)(const QColor&))
 {
-    QImage canvas(side, side, QImage::Format_RGB32);
-    canvas.fill(QColor(150, 152, 105));
-    QPainter p(&canvas);
-    draw_effect(p, what, QRectF(canvas.rect()), frame);
+    const QImage picture = drawn(what, frame, QColor(150, 152, 105));
     int count = 0;
-    for (int i = 0; i < side * side; ++i) count += matches(canvas.pixelColor(i % side, i / side));
+    for (int i = 0; i < side * side; ++i) count += matches(picture.pixelColor(i % side, i / side));
     return count / double{side * side};
 }
 
@@ -82,7 +79,7 @@ TEST(effects, an_explosion_is_a_flash_then_fire_then_smoke_and_grey_in_the_therm
     EXPECT_EQ(canvas, drawn(effect::explosion, 4)) << "the name that the screens use";
 }
 
-TEST(effects, a_fire_burns_below_its_smoke_and_goes_round_without_a_jump)
+TEST(effects, a_fire_burns_below_its_smoke_and_loops_without_a_jump)
 {
     double most = 0;
     for (int i = 0; i < 16; ++i) {

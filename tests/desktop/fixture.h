@@ -4,8 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDialog>
-#include <QSignalSpy>
+#include <QFile>
+#include <QFileDialog>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <deque>
@@ -15,6 +16,7 @@
 #include <vector>
 
 #include "platform/desktop/desktop_machine.h"
+#include "platform/desktop/drawing/pictures.h"
 
 namespace vorn::desktop_tests {
 
@@ -44,6 +46,30 @@ struct screen {
         timer& t = timers.emplace_back();
         add(f, t, interval, std::move(action));
         return t;
+    }
+};
+
+// A picture of one colour.
+inline picture plain_picture(const QColor& c)
+{
+    constexpr int side = 8;
+    auto pixels = std::make_shared<decoded_picture>();
+    pixels->sizes.emplace_back(side, side, QImage::Format_ARGB32_Premultiplied);
+    pixels->sizes.back().fill(c);
+    return {"test", side * twips_per_pixel, side * twips_per_pixel, pixels};
+}
+
+// Counts the repaints of a widget.
+class paint_count : public QObject {
+public:
+    explicit paint_count(QWidget& w) { w.installEventFilter(this); }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* e) override
+    {
+        count += e->type() == QEvent::Paint;
+        return false;
     }
 };
 
@@ -126,7 +152,23 @@ protected:
     {
         when_box([key](QDialog& box) { QTest::keyClick(box.windowHandle(), key); });
     }
+    // Selects a file in the next file dialog.
+    void choose(const QString& file)
+    {
+        when_box<QFileDialog>([file](QFileDialog& d) {
+            d.selectFile(file);
+            static_cast<QDialog&>(d).accept();
+        });
+    }
+    // Writes a file in the folder of the test.
+    void write(const QString& name, const QByteArray& content)
+    {
+        QFile f(folder.filePath(name));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(content);
+    }
 
+    QTemporaryDir folder;
     strings log;       // the calls that the screens have received, in order
     screen one, two;   // outlive the machine, as the program's screens do
     desktop_machine pc;

@@ -1,9 +1,7 @@
 // The gunnery screens in windows of any shape, and what the sight shows besides the objects of the model.
 #include <QImage>
-#include <QTemporaryDir>
 
 #include "gunnery/gunnery.h"
-#include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/windows/sight_view.h"
 #include "trainer_fixture.h"
 
@@ -11,48 +9,25 @@ namespace vorn::desktop_tests {
 
 struct gunnery_view : trainer_test, testing::WithParamInterface<QSize> {
     // Opens the practice screen with the options chosen.
-    form_window& open_practice(std::initializer_list<screen_object*> options, screen_object& start,
-                               gunnery_screen& s)
+    void open_practice(std::initializer_list<screen_object*> options, screen_object& start, gunnery_screen& s)
     {
         for (screen_object* o : options) click(*o);
         if (&start == &t.startsim.Cmdstart) answer_yes();
         click(start);
-        form_window& w = *pc.window(s.window);
-        w.resize(GetParam());
+        pc.window(s.window)->resize(GetParam());
         settle();
-        return w;
     }
     void leave(gunnery_screen& s)
     {
         pc.run(s.Cmdmain.Click);
         if (t.intro.window.state == form_state::shown) click(t.intro.lblstart);
     }
-    // The visible objects of the screen that must not overlap: those on the form and the frames of the panel.
-    static std::vector<const screen_object*> parts(const gunnery_screen& s)
-    {
-        std::vector<const screen_object*> found;
-        for (const screen_object* o : s.window.objects)
-            if (o->Visible && (o->parent == nullptr ? o != &s.Frame1 : o->parent == &s.Frame1))
-                found.push_back(o);
-        return found;
-    }
-    void expect_orderly(gunnery_screen& s, const char* what)
-    {
-        const auto all = parts(s);
-        const QRect window = pc.window(s.window)->rect();
-        for (const screen_object* o : all) {
-            EXPECT_TRUE(window.contains(in_window(*o))) << what << ' ' << o->Caption;
-            for (const screen_object* other : all)
-                EXPECT_TRUE(o == other || !in_window(*o).intersects(in_window(*other)))
-                    << what << ": " << o->Caption << " and " << other->Caption << " at " << other->Left;
-        }
-    }
     // The sight has the shape of the model and no room is left for a larger one.
-    void expect_large(gunnery_screen& s, double share, const char* what)
+    void expect_large(gunnery_screen& s, double share)
     {
         const QRectF at = in_window(s.Picrange), window = pc.window(s.window)->rect();
-        EXPECT_NEAR(at.width() / at.height(), s.Picrange.Width / s.Picrange.Height, 0.01) << what;
-        EXPECT_GE(at.width() * at.height() / (window.width() * window.height()), share) << what;
+        EXPECT_NEAR(at.width() / at.height(), s.Picrange.Width / s.Picrange.Height, 0.01);
+        EXPECT_GE(at.width() * at.height() / (window.width() * window.height()), share);
     }
 };
 
@@ -81,9 +56,10 @@ TEST_P(gunnery_view, gives_the_sight_all_that_the_panels_leave)
                      {"thermal, mouse", {&u.Optmode2}, u.Cmdstart, t.thermal},
                      {"thermal, keyboard", {&u.Optcon2}, u.Cmdstart, t.thermal}};
     for (const auto& p : practices) {
+        SCOPED_TRACE(p.what);
         open_practice(p.options, p.start, p.screen);
-        expect_orderly(p.screen, p.what);
-        expect_large(p.screen, least_share(GetParam()), p.what);
+        expect_orderly(parts(p.screen.window, &p.screen.Frame1));
+        expect_large(p.screen, least_share(GetParam()));
         leave(p.screen);
     }
 }
@@ -175,19 +151,12 @@ INSTANTIATE_TEST_SUITE_P(sights, strikes_in_practice, testing::Bool());
 struct sight_effects : desktop_test {
     sight_effects()
     {
-        put_picture(ground, QColor(60, 120, 60));
+        ground.Picture = plain_picture(QColor(60, 120, 60));
         pc.world_clock = [this] { return time; };
         pc.set_speed(1);
         target.Visible = round.Visible = false;
         open(one);
         empty = seen();
-    }
-    void put_picture(screen_object& o, const QColor& c)
-    {
-        auto pixels = std::make_shared<decoded_picture>();
-        pixels->sizes.emplace_back(8, 8, QImage::Format_ARGB32_Premultiplied);
-        pixels->sizes.back().fill(c);
-        o.Picture = {"test", 8 * twips_per_pixel, 8 * twips_per_pixel, pixels};
     }
     QImage seen()
     {
@@ -256,7 +225,7 @@ TEST_F(sight_effects, the_smoke_of_a_strike_drifts_with_the_wind)
 TEST_F(sight_effects, a_target_that_was_hit_is_a_dark_wreck_in_flames_until_it_goes_down)
 {
     target.Visible = true;
-    put_picture(target, QColor(200, 200, 200));
+    target.Picture = plain_picture(QColor(200, 200, 200));
     const QRect whole = changed();
     const auto lightness = [&] {
         return colour_at(seen(), {whole.left() + 1.0, whole.center().y() + 0.0}).lightness();
@@ -297,18 +266,10 @@ TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
 // Counts that last 11 ms, as those of a FIN round, are shown 60 times in a second too.
 TEST_F(sight_effects, a_round_in_flight_moves_in_each_frame)
 {
-    struct : QObject {
-        int count = 0;
-        bool eventFilter(QObject*, QEvent* e) override
-        {
-            count += e->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-    } paints;
     round.Visible = true;
     round.ForeColor = colour::tracer;
     pc.sync();
-    widget(sight).installEventFilter(&paints);
+    const paint_count paints(widget(sight));
     pc.set_speed(1000);   // it waits for a clock that the test doesn't move
     for (int i = 0; i < 91; ++i) {
         round.Top -= 20;
@@ -342,14 +303,13 @@ TEST_F(sight_effects, a_range_that_has_scrolled_looks_like_one_painted_at_once)
 
 TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
 {
-    const QTemporaryDir folder;
-    const auto write = [&](const char* name, int size, const QColor& c) {
+    const auto write_square = [&](const char* name, int size, const QColor& c) {
         QImage image(size, size, QImage::Format_RGB32);
         image.fill(c);
         image.save(folder.filePath(name), "PNG");
     };
-    write("valley.vrp", 700, Qt::red);
-    write("valley@2x.vrp", 1400, Qt::blue);
+    write_square("valley.vrp", 700, Qt::red);
+    write_square("valley@2x.vrp", 1400, Qt::blue);
     ground.Picture = *read_picture("valley.vrp", folder.filePath("valley.vrp").toStdString()).result;
     struct : QObject {
         const picture* shown = nullptr;

@@ -1,8 +1,5 @@
 #include <QDir>
-#include <QFile>
-#include <QFileDialog>
 #include <QPdfWriter>
-#include <QTemporaryDir>
 
 #include "fixture.h"
 #include "platform/desktop/devices/printing.h"
@@ -20,7 +17,6 @@ struct printing : desktop_test {
     }
 
     const printed_line line{"ENGAGEMENT 1", "MS Sans Serif", 10, false, true};
-    QTemporaryDir folder;
 };
 
 TEST_F(printing, continues_on_the_next_page)

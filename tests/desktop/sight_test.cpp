@@ -1,18 +1,8 @@
 #include <QImage>
-#include <memory>
 
 #include "fixture.h"
-#include "platform/desktop/drawing/pictures.h"
 
 namespace vorn::desktop_tests {
-
-static picture plain_picture(const QColor& c, int width = 8, int height = 8)
-{
-    auto pixels = std::make_shared<decoded_picture>();
-    pixels->sizes.emplace_back(width, height, QImage::Format_ARGB32_Premultiplied);
-    pixels->sizes.back().fill(c);
-    return picture{"test", width * twips_per_pixel, height * twips_per_pixel, pixels};
-}
 
 // A sight of 200 x 200 pixels, 100 pixels from the corner of the form, at several scales of the window.
 struct sight : desktop_test, testing::WithParamInterface<double> {

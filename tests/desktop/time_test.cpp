@@ -13,20 +13,6 @@ struct timing : desktop_test {
     }
 };
 
-// Counts the repaints of a widget.
-class paint_count : public QObject {
-public:
-    explicit paint_count(QWidget& w) { w.installEventFilter(this); }
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject*, QEvent* e) override
-    {
-        count += e->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-};
-
 TEST_F(timing, timers_tick_until_stopped_and_their_changes_are_shown)
 {
     screen_object& label = one.put(object_kind::label, 0, 0, 1500, 300);

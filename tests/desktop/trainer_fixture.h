@@ -3,7 +3,6 @@
 
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTemporaryDir>
 
 #include "calibration/joycal.h"
 #include "debrief/results.h"
@@ -43,9 +42,26 @@ protected:
     {
         when_box<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
     }
+    // The visible objects of a screen that must not overlap: those on the form and those in a panel.
+    static std::vector<const screen_object*> parts(const form& f, const screen_object* panel = nullptr)
+    {
+        std::vector<const screen_object*> found;
+        for (const screen_object* o : f.objects)
+            if (o->Visible && o != panel && (o->parent == nullptr || o->parent == panel)) found.push_back(o);
+        return found;
+    }
+    // All are in the window, and none overlaps another.
+    void expect_orderly(const std::vector<const screen_object*>& all)
+    {
+        for (const screen_object* o : all) {
+            EXPECT_TRUE(widget(*o).window()->rect().contains(in_window(*o))) << o->Caption;
+            for (const screen_object* other : all)
+                EXPECT_TRUE(o == other || !in_window(*o).intersects(in_window(*other)))
+                    << o->Caption << " and " << other->Caption << " at " << other->Left;
+        }
+    }
 
     trainer t{pc};
-    QTemporaryDir folder;
 };
 
 }   // namespace vorn::desktop_tests

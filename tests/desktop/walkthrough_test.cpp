@@ -1,6 +1,5 @@
 // One run through every screen on real widgets, from the title to the exit, by mouse, keys, dialogs and
 // joystick.
-#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <cmath>
@@ -22,14 +21,6 @@ protected:
     std::string shown(const screen_object& o) const { return widget<QLabel>(o).text().toStdString(); }
 
     bool wait_for(const std::function<bool()>& what) { return QTest::qWaitFor(what, 15000); }
-    // Selects a file in the next file dialog.
-    void choose(const QString& file)
-    {
-        when_box<QFileDialog>([file](QFileDialog& d) {
-            d.selectFile(file);
-            static_cast<QDialog&>(d).accept();
-        });
-    }
     // Begins a new range in the author, with this picture.
     void new_range(const QString& name, const QString& picture)
     {

@@ -5,11 +5,12 @@
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QRegularExpression>
+#include <QSortFilterProxyModel>
 #include <QTreeView>
 #include <utility>
 
 #include "platform/desktop/desktop_machine.h"
-#include "platform/desktop/dialogs/boxes.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/files.h"
 
@@ -69,7 +70,8 @@ std::optional<std::string> desktop_machine::input_box(const std::string& title, 
     return box.textValue().toStdString();
 }
 
-QStringList name_filters(const std::string& pairs)
+// Qt's name filters for "Range Files (*.arf)|*.arf|", pairs of name and patterns.
+static QStringList name_filters(const std::string& pairs)
 {
     const QStringList parts = QString::fromStdString(pairs).split('|');
     QStringList filters;
@@ -81,6 +83,29 @@ QStringList name_filters(const std::string& pairs)
     return filters;
 }
 
+// The picture of which this file is the twin, or the file itself. A range made on a twin would be twice too
+// large.
+static QString without_twin(const QString& file)
+{
+    static const QRegularExpression twin(R"(@2x(?=\.[^./]*$))");
+    const QString plain = QString(file).remove(twin);
+    return QFileInfo(plain).isFile() ? plain : file;
+}
+
+// Leaves twins out of the list of a file dialog.
+struct files_without_twins final : QSortFilterProxyModel {
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    bool filterAcceptsRow(int row, const QModelIndex& folder) const override
+    {
+        const auto& all = static_cast<const QFileSystemModel&>(*sourceModel());
+        const QString file = all.filePath(all.index(row, 0, folder));
+        return without_twin(file) == file;
+    }
+    // Folders first, which only the model of the files knows.
+    void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
+};
+
 static void prepare(QFileDialog& d, const file_dialog& asked)
 {
     d.setAcceptMode(asked.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -88,7 +113,10 @@ static void prepare(QFileDialog& d, const file_dialog& asked)
     d.setOption(QFileDialog::DontConfirmOverwrite, asked.suffix.empty());
     d.setDefaultSuffix(QString::fromStdString(asked.suffix));
     QStringList filters = name_filters(asked.filter);
-    if (asked.picture) filters << QString("All pictures (%1)").arg(picture_patterns);
+    if (asked.picture) {
+        filters << QString("All pictures (%1)").arg(picture_patterns);
+        d.setProxyModel(new files_without_twins(&d));   // ignored by a native dialog
+    }
     if (!asked.save && !filters.contains("All Files (*)")) filters << "All Files (*)";
     d.setNameFilters(filters);
     if (!asked.proposed.empty()) d.selectFile(QString::fromStdString(asked.proposed));
@@ -111,7 +139,8 @@ std::optional<std::string> desktop_machine::choose_file(const file_dialog& asked
     d.setWindowIcon(icon_);
     prepare(d, asked);
     if (d.exec() != QDialog::Accepted || d.selectedFiles().isEmpty()) return std::nullopt;
-    return QDir::toNativeSeparators(d.selectedFiles().constFirst()).toStdString();
+    const QString file = d.selectedFiles().constFirst();
+    return QDir::toNativeSeparators(asked.picture ? without_twin(file) : file).toStdString();
 }
 
 }   // namespace vorn
