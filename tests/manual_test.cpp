@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <regex>
 #include <set>
+#include <sstream>
 
 #include "calibration/joycal.h"
 #include "data_folder.h"
@@ -41,10 +42,30 @@ TEST(manual, links_and_pictures_exist)
 {
     const auto places = found("<a name=\"([^\"]*)\"");
     for (const std::string& link : found("href=\"([^\"]*)\""))
-        EXPECT_TRUE(link.starts_with('#') && places.contains(link.substr(1))) << link;
+        EXPECT_TRUE(link.starts_with('#') ? places.contains(link.substr(1))
+                                          : std::filesystem::is_regular_file(folder + link))
+            << link;
     const auto pictures = found("<img src=\"([^\"]*)\"");
     EXPECT_GT(pictures.size(), 10U);
     for (const std::string& p : pictures) EXPECT_TRUE(std::filesystem::is_regular_file(folder + p)) << p;
+}
+
+// The contents mark the chapters of the screen from which the manual was opened.
+TEST(manual, has_chapters_for_every_screen_with_a_help_button)
+{
+    std::set<std::string> named;
+    for (const std::string& names : found("<!--for ([a-z ]+)-->")) {
+        std::istringstream all(names);
+        for (std::string name; all >> name;) named.insert(name);
+    }
+    std::set<std::string> helped;
+    headless_machine pc;
+    trainer t(pc);
+    for (form* f : {&t.intro.window, &t.startsim.window, &t.simulator.window, &t.thermal.window,
+                    &t.results.window, &t.rauthor.window, &t.joycal.window})
+        for (const screen_object* o : f->objects)
+            if (words(o->Caption).find("HELP") != std::string::npos) helped.insert(f->name);
+    EXPECT_EQ(named, helped);
 }
 
 TEST(manual, mentions_every_control)

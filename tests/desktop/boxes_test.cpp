@@ -4,6 +4,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTreeView>
 #include <QWheelEvent>
@@ -220,6 +222,71 @@ TEST_F(help, shows_pictures_relative_to_the_file)
         const QVariant picture = page()->loadResource(QTextDocument::ImageResource, QUrl("help/dot.png"));
         EXPECT_EQ(picture.value<QImage>().size(), dot.size()) << place.toStdString();
     }
+}
+
+TEST_F(help, fits_pictures_beside_each_other_into_a_narrow_page)
+{
+    QDir().mkpath(folder.filePath("help"));
+    ASSERT_TRUE(QImage(320, 20, QImage::Format_RGB32).save(folder.filePath("help/wide.png")));
+    open(one);
+    show(
+        "<table border='0' cellpadding='6'><tr><td><img src='help/wide.png'></td>"
+        "<td><img src='help/wide.png'></td></tr></table>");
+    page()->window()->resize(page()->window()->minimumSize());
+    EXPECT_EQ(page()->horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(help, marks_the_chapters_of_the_screen_it_was_opened_from)
+{
+    one.f.name = "simulator";
+    open(one);
+    show("<p>Sight<!--for simulator thermal--></p><p>Debrief<!--for results--></p>");
+    EXPECT_TRUE(page()->document()->findBlockByNumber(0).text().endsWith("this\u00a0screen"));
+    EXPECT_EQ(page()->document()->findBlockByNumber(1).text(), "Debrief");
+}
+
+TEST_F(help, opens_beside_the_screen_where_there_is_room)
+{
+    open(one);
+    const QRect all = window(one).screen()->availableGeometry();
+    window(one).move(all.left() + 300 - window(one).width(), all.top());   // 300 pixels of it are seen
+    show("<p>laze</p>");
+    const QRect beside = page()->window()->frameGeometry();
+    EXPECT_FALSE(beside.intersects(window(one).frameGeometry()));
+    EXPECT_TRUE(all.contains(beside));
+    page()->window()->close();
+    window(one).setGeometry(all);
+    show("<p>laze</p>");
+    EXPECT_TRUE(page()->isVisible()) << "without room it is in front";
+}
+
+TEST_F(help, plays_a_moving_picture_when_it_is_clicked)
+{
+    QDir().mkpath(folder.filePath("help"));
+    QImage still(3, 3, QImage::Format_RGB32);
+    still.fill(Qt::green);
+    ASSERT_TRUE(still.save(folder.filePath("help/still.png")));
+    // A red frame and a blue one, endlessly.
+    write("help/film.gif",
+          QByteArray::fromBase64("R0lGODlhAwADAPAAAP8AAAAAACH5BAAFAAAAIf8LTkVUU0NBUEUyLjADAQAAACwAAAAA"
+                                 "AwADAAACA4R/BQAh+QQABQAAACwAAAAAAwADAIAAAP8AAAACA4R/BQA7"));
+    open(one);
+    show("<p><a href='help/film.gif'><img src='help/still.png'></a></p>");
+    const auto shown = [&] {
+        return QColor(page()
+                          ->document()
+                          ->resource(QTextDocument::ImageResource, QUrl("help/still.png"))
+                          .value<QImage>()
+                          .pixel(1, 1));
+    };
+    EXPECT_EQ(shown(), Qt::green);
+    follow("help/film.gif");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == Qt::blue; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == Qt::red; }));
+    follow("help/film.gif");
+    EXPECT_EQ(shown(), Qt::green) << "a second click stops it";
+    follow("help/absent.gif");
+    EXPECT_EQ(shown(), Qt::green);
 }
 
 TEST_F(help, wraps_a_search_around)

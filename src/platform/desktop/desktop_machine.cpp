@@ -206,7 +206,8 @@ loaded_picture desktop_machine::load_picture(const std::string& path)
 void desktop_machine::show_help(const std::string& path)
 {
     if (help_ == nullptr) help_ = std::make_unique<help_window>(icon_);
-    help_->open_file(find_path(*this, path));
+    const form* screen = front(*this);
+    help_->open_file(find_path(*this, path), screen == nullptr ? "" : screen->name, front_window());
 }
 
 // Sound, strikes and joystick -----------------------------------------------------------------------------

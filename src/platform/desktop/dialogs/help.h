@@ -9,16 +9,17 @@ class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTextBrowser;
 
 namespace vorn {
+
+class help_page;
 
 class help_window final : public QDialog {
 public:
     explicit help_window(const QIcon&);
-    // Opens a file at its top and brings the window to the front. A file that can't be read is reported on
-    // the page.
-    void open_file(const std::string& path);
+    // Opens a file at its top, with the chapters of a screen marked, and brings the window to the front,
+    // beside the opener if there is room. A file that can't be read is reported on the page.
+    void open_file(const std::string& path, const std::string& screen, const QWidget* opener);
 
 private:
     QPushButton* add_button(QHBoxLayout&, const QString& caption);
@@ -26,11 +27,11 @@ private:
     void add_search(QHBoxLayout&);
     void add_zoom_keys();
     void use_fusion();
-    void follow(const QUrl& link);
+    void place_beside(const QWidget& opener);
     // Selects the next match, wrapping around at the end of the page; reports when there is none.
     void search(QTextDocument::FindFlags);
 
-    QTextBrowser* browser_;
+    help_page* page_;
     QLineEdit* search_field_;
     QLabel* search_result_;
 };
