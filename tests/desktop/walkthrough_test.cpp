@@ -144,7 +144,8 @@ protected:
         new_range("NEW GROUND", VORN_SOURCE_DIR "/data/ranges/visualrange.vrp");
         for (int n = 1; n <= 20; ++n) {
             QTest::mousePress(&widget(a.cmdright), Qt::LeftButton);
-            QTest::qWait(30);
+            const double before = a.Imagerange.Left;
+            EXPECT_TRUE(wait_for([&] { return a.Imagerange.Left != before; }));
             QTest::mouseRelease(&widget(a.cmdright), Qt::LeftButton);
             click(a.Lbltargetnum[n]);
             click(a.Lblsavetarget);
