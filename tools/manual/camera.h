@@ -36,20 +36,21 @@ inline constexpr double resolution = scale / twips_per_pixel;
 inline void draw_callout(QPainter& p, const callout& c, int number, double size)
 {
     const QPointF at = c.at * resolution;
-    const QColor amber(255, 190, 60);
-    if (c.at != c.names)
-        for (const QPen& pen : {QPen(QColor(0, 0, 0, 170), size * 0.22), QPen(amber, size * 0.11)}) {
+    const QColor pale(240, 246, 255), dark(16, 40, 90);   // no colours of the screens themselves
+    QLineF line(at, c.names * resolution);
+    if (line.setLength(line.length() - size * 0.5); c.at != c.names)   // what it names stays visible
+        for (const QPen& pen : {QPen(dark, size * 0.24), QPen(pale, size * 0.12)}) {
             p.setPen(pen);
-            p.drawLine(at, c.names * resolution);
+            p.drawLine(line);
         }
-    p.setPen(QPen(Qt::black, size * 0.08));
-    p.setBrush(amber);
+    p.setPen(QPen(dark, size * 0.1));
+    p.setBrush(pale);
     p.drawEllipse(at, size / 2, size / 2);
     QFont font("Liberation Sans");
     font.setPixelSize(static_cast<int>(size * 0.72));
     font.setBold(true);
     p.setFont(font);
-    p.setPen(Qt::black);
+    p.setPen(dark);
     p.drawText(QRectF(at - QPointF(size, size), QSizeF(2 * size, 2 * size)), Qt::AlignCenter,
                QString::number(number));
 }
@@ -117,11 +118,39 @@ inline callout beside(const screen_object& o, double across, double down)
     return beside(place_of(o).center(), across, down);
 }
 
+// A clock that goes on by a frame whenever a window is painted in a counted move, and only then: what is
+// taken doesn't depend on the speed of this machine.
+class frame_clock final : public QObject {
+public:
+    void pass(double seconds)
+    {
+        time_ += seconds;
+        if (passed) passed();
+    }
+    double time() const { return time_; }
+
+    static constexpr double frame = 1.0 / 60;
+    const QObject* window = nullptr;   // whose frames count; null: all
+    std::function<void()> passed;
+
+protected:
+    bool eventFilter(QObject* o, QEvent* e) override
+    {
+        if (e->type() == QEvent::UpdateRequest && (window == nullptr || o == window)) pass(frame);
+        return false;
+    }
+
+private:
+    double time_ = 0;
+};
+
 class camera {
 public:
     camera(const std::string& program_directory, const QString& folder) : folder_(folder)
     {
         pc.default_directory = program_directory;
+        pc.world_clock = [this] { return clock.time(); };
+        qApp->installEventFilter(&clock);
         t.shared.soundson = false;
         QObject::connect(&answers_, &QTimer::timeout, &answers_, [this] { answer_box(); });
         answers_.start(5);
@@ -154,6 +183,9 @@ public:
     {
         for (int i = 0; i < 1000 && clock.Enabled && wanted(); ++i) tick(clock);
     }
+
+    // Strikes and fires are this much older from now on.
+    void age(double seconds) { clock.pass(seconds); }
 
     // A picture of a whole screen, of a part of it scaled to a width, of the middle of the sight, of the next
     // box.
@@ -192,6 +224,7 @@ public:
         return picture;
     }
 
+    frame_clock clock;
     desktop_machine pc;
     trainer t{pc};
     std::string wanted_file;   // given to the next file dialog
@@ -213,11 +246,13 @@ private:
         }
     }
 
+protected:
     void save(const QString& name, const QImage& picture)
     {
         all_saved &= tools::save(folder_.filePath(name + ".jpg"), tools::jpeg(picture, 88));
     }
 
+private:
     QDir folder_;
     QString box_picture_;
     QTimer answers_;

@@ -1,7 +1,9 @@
 // Takes the pictures of the manual: goes through all screens and fires practices, on any ranges:
 // targets are chosen by their range, and places come from the screens' own objects.
 //
-//     take_help_pictures PROGRAM-DIRECTORY FOLDER
+//     take_help_pictures PROGRAM-DIRECTORY FOLDER FRAMES
+//
+// FOLDER gets the pictures, FRAMES the single frames of the moving ones.
 #include <QApplication>
 #include <cstdlib>
 #include <iostream>
@@ -11,6 +13,7 @@
 #include "calibration/joycal.h"
 #include "camera.h"
 #include "debrief/results.h"
+#include "film.h"
 #include "flow/intro.h"
 #include "ranges/rangefile.h"
 #include "ranges/rauthor.h"
@@ -21,7 +24,10 @@ namespace {
 
 class tour : public camera {
 public:
-    using camera::camera;
+    tour(const std::string& program_directory, const QString& folder, const QString& frames)
+        : camera(program_directory, folder), frames_(frames)
+    {
+    }
 
     bool take_all()
     {
@@ -36,6 +42,7 @@ public:
         thermal();
         quick_start();
         author();
+        films();
         return all_saved;
     }
 
@@ -53,11 +60,17 @@ private:
         for (int i = 2; i < practice_entries; ++i) best = off(i) < off(best) ? i : best;
         return best;
     }
-    void order_and_target(gunnery_screen& s, int metres)
+    // Until the order for a target at this range.
+    void order(gunnery_screen& s, int metres)
     {
         const int position = position_at(metres);
         t.random.source = [position] { return (position - 0.5) / 19; };
+        tick(s.Timer1);   // draws the position
         tick_while(s.Timpause, [&] { return !s.Timtarget.Enabled; });
+    }
+    void order_and_target(gunnery_screen& s, int metres)
+    {
+        order(s, metres);
         tick_while(s.Timtarget, [&] { return !s.Imgtargets.Visible || !s.targetcalled; });
     }
     // Moves the centre of the target to this offset from the dot or mark, twips.
@@ -177,10 +190,12 @@ private:
              {on_head(s.Frame3), on_head(s.Frmsys), on_head(s.Frame5), on_head(s.Frmcon), right_of(s.lblcrew),
               on_head(s.Frame2), on_head(s.Picrange, 0.97)});
         const auto at = [&](double x, double y) { return place_in(s.Picrange, place(x, y, 0, 0)).topLeft(); };
+        s.Imgtargets.Visible = false;
         take_part("reticle", s.window, place_in(s.Picrange, place(1500, 300, 6200, 6200)), 560,
                   {beside(s.mbs1, -1500, -250), beside(centre_in_sight(s.mbs1, 110, -40), 1500, -250),
                    beside(at(3755, 1950), -1500, 200), beside(at(4280, 2910), -2200, -150),
                    beside(at(3060, 3740), -700, 300), beside(at(6490, 3740), 700, 300)});
+        s.Imgtargets.Visible = true;
         // The panel of the mouse controls; it takes the place of the key card.
         s.Frmcon.Visible = false;
         s.Frmmousecon.Visible = true;
@@ -203,6 +218,7 @@ private:
         take_sight("fin_autolaid", s);
         lay_and_fire(s, -30, s.currentrange / 2.0);
         tick_while(s.Timexplode, [&] { return s.explodeframe < 6; });
+        age(0.5);
         take_sight("hit", s);
         end_engagement(s);
     }
@@ -211,10 +227,11 @@ private:
     void visual_hesh(gunnery_screen& s)
     {
         engage(s, 1000, "ERR");
-        take_part("hesh_laid", s.window, place_of(s.Picrange), 440);
+        take_part("hesh_laid", s.window, place_in(s.Picrange, place(2025, 60, 5000, 3750)), 440);
         fire(s);
         const double wind = s.windoffset;
         lay_on(s);
+        age(0.7);
         take_sight("hesh_strike", s, {beside(centre_in_sight(s.mbs1, wind), 700, -420)});
         lay_on(s, -wind);
         take_sight("hesh_first_press", s);
@@ -229,14 +246,21 @@ private:
 
     void visual_coax(gunnery_screen& s)
     {
-        engage(s, 800, "Q");
+        engage(s, 700, "Q");
         key(s, 'S', false);
         lay_on(s, 45, 2.0 * s.currentrange + 30);
         for (int burst = 0; burst < 5 && !s.targethit; ++burst) {
             key(s, 'D', true);
             t.random.source = [] { return 0.35; };
             for (int i = 0; i < 3; ++i) tick(s.Timcoax);
-            if (burst == 1) take_part("coax", s.window, place_of(s.Picrange), 440);
+            if (burst == 1) {
+                age(0.2);
+                const double high = 2.0 * s.currentrange + 1100;   // from the dot to below the strike
+                take_part("coax", s.window,
+                          place_in(s.Picrange,
+                                   place(s.mbs1.Left - high / 1.5, s.mbs1.Top - 400, high * 4 / 3, high)),
+                          440);
+            }
             key(s, 'D', false);
         }
         end_engagement(s);
@@ -246,11 +270,39 @@ private:
     {
         gunnery_screen& s = t.simulator;
         pc.run([&] { select_option(t.startsim.Opteng1); });
+        t.shared.heshcorrectall = true;
         start_practice(t.startsim.Optmode1, s);
         visual_fin(s);
         visual_hesh(s);
         visual_coax(s);
-        quick_fin(s, 1100, 190);
+        quick_fin(s, 1100, -190);
+        mistakes(s);
+    }
+
+    // For the worked cases of the debrief: a FIN round too high, a HESH round fired without a lay, and two
+    // HESH rounds without a correction.
+    void mistakes(gunnery_screen& s)
+    {
+        t.shared.engagementtype = 4;
+        engage(s, 1000, "E");
+        lay_and_fire(s, 12, s.currentrange / 2.0 + 330);
+        end_engagement(s);
+        t.shared.engagementtype = 3;
+        order_and_target(s, 1000);
+        tap(s, "ERR");
+        lay_on(s, 12, -20);
+        tap(s, "A");
+        tick_while(s.Timloading, [&] { return !s.gunloaded; });
+        s.windoffset = 0;   // a miss for one reason only
+        fire(s);
+        end_engagement(s);
+        engage(s, 1000, "ERR");
+        fire(s);
+        lay_on(s, 12, -20);
+        tap(s, "A");
+        hold_autolay_and_load(s);
+        fire(s);
+        end_engagement(s);
     }
 
     void debrief()
@@ -266,7 +318,24 @@ private:
         take_part("marks", s.window, place_of(s.Frame1), 380,
                   {beside(s.Imgreptarget, -1500, 700), beside(s.Imglaze, -1500, -300),
                    beside(s.Imagepoa, -1500, -300), beside(s.Imgfos, -500, 800)});
+        cases(s);
         click(s.cmdnew);
+    }
+
+    // The worked cases, by engagement and round.
+    void cases(results_screen& s)
+    {
+        const place frame = place_of(s.Frame1);
+        const auto x = [&](double twips) { return frame.width() * twips / s.Frame1.Width; };
+        const place marks(frame.left() + x(60), frame.top() + x(720), x(4575), x(3255));
+        const struct {
+            int engagement, round;
+        } shown[] = {{1, 1}, {4, 1}, {2, 1}, {5, 1}, {6, 1}, {7, 2}};
+        for (int n = 1; const auto& c : shown) {
+            click(s.Lbltgtnumber[c.engagement]);
+            if (c.round == 2) click(s.cmdround2);
+            take_part(QString("case%1").arg(n++), s.window, marks, 240);
+        }
     }
 
     void thermal()
@@ -276,11 +345,12 @@ private:
         start_practice(t.startsim.Optmode2, s);
         order_and_target(s, 900);
         lay_on(s);
-        take("thermal", s.window,
-             {on_head(s.Frame3), on_head(s.Frmsys), on_head(s.Frame4), on_head(s.Frmcon), right_of(s.lblcrew),
-              beside(s.Lblammotype, 0, 600), beside(s.Lblrange, 0, 600), on_head(s.Picrange, 0.97)});
         take_sight("thermal_stadia", s);
         tap(s, "E");
+        take("thermal", s.window,
+             {on_head(s.Frame3), on_head(s.Frmsys), on_head(s.Frame4), on_head(s.Frmcon),
+              on(right_of(s.lblcrew).at - QPointF(700, 0)), beside(s.Lblammotype, 0, 600),
+              beside(s.Lblrange, 0, 600), on_head(s.Picrange, 0.97)});
         take_sight("thermal_cross", s);
         tap(s, "A");
         take_sight("thermal_lased", s);
@@ -323,10 +393,152 @@ private:
         click(s.Lbltargetnum[7]);
         take("editor", s.window,
              {on_head(s.Frame5), on_head(s.Frame3, 0.5), on_head(s.Frame4),
-              on(place_of(s.Lblsavetarget).topLeft()), on(place_of(s.Lbltargetrange).topRight()),
-              on_head(s.Frame6), beside(s.Imgpoint, -600, 500), beside(s.Img[7], 600, 500)});
+              on(place_of(s.Lblsavetarget).topLeft() - QPointF(120, 0)),
+              on(place_of(s.Lbltargetrange).topRight() + QPointF(120, 0)), on_head(s.Frame6),
+              beside(s.Imgpoint, 700, -500), beside(s.Img[7], -600, -500)});
         click(s.Cmdstart);
     }
+
+    // The moving pictures ---------------------------------------------------------------------------------
+
+    film::script film_of(const QString& name, const QRectF& part, const QString& keys) const
+    {
+        return {part, keys, frames_ + '/' + name};
+    }
+    // Scatter that is the same each time.
+    void scatter(unsigned seed)
+    {
+        t.random.source = [seed]() mutable {
+            seed = seed * 1103515245 + 12345;
+            return (seed >> 16 & 0x7fff) / 32768.0;
+        };
+    }
+    // With a sign that it can be played.
+    void keep_first(const QString& name, const film& f)
+    {
+        QImage first = f.first();
+        QPainter p(&first);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.translate(first.width() / 2.0, (first.height() - 62) / 2.0);
+        p.setPen(Qt::NoPen);
+        p.setBrush(QColor(0, 0, 0, 150));
+        p.drawEllipse(QPointF(0, 0), 34, 34);
+        p.setBrush(QColor(255, 190, 60));
+        p.drawPolygon(QPolygonF({{-11, -18}, {-11, 18}, {21, 0}}));
+        p.end();
+        save(name, first);
+    }
+    static bool destroyed(const gunnery_screen& s)
+    {
+        return s.lblcrew.Caption.find("TARGET STOP") != std::string::npos;
+    }
+    // Just after a tick of the target's timer: the next one takes down the target that was hit.
+    void fire_in_time(const gunnery_screen& s, film& f)
+    {
+        f.until([&] {
+            const double since = pc.now() - s.Timtarget.due;
+            return since - std::floor(since) < 0.05;
+        });
+        f.tap('D');
+    }
+    void finish(const gunnery_screen& s, film& f)
+    {
+        all_saved &= destroyed(s);
+        f.wait(1.2);
+        f.tap('W');
+    }
+
+    void film_fin(gunnery_screen& s)
+    {
+        t.shared.engagementtype = 4;
+        order(s, 900);
+        film f(*this, s, film_of("fin", {2725, 80, 3600, 2520}, "EUHJNASDW"));
+        f.until([&] { return s.lblcrew.Caption.find(" ON ") != std::string::npos; });
+        scatter(7);
+        f.wait(0.3);
+        f.tap('E');
+        f.lay(-60, 0);
+        f.wait(0.3);
+        f.tap('A');
+        f.press('S');
+        f.until([&] { return !s.layready; });
+        f.wait(0.3);
+        f.release('S');
+        f.until([&] { return s.gunloaded; });
+        f.wait(0.3);
+        fire_in_time(s, f);
+        finish(s, f);
+        keep_first("film_fin", f);
+    }
+    // From the laid gun on.
+    void film_hesh(gunnery_screen& s)
+    {
+        t.shared.engagementtype = 3;
+        engage(s, 800, "ERR");
+        scatter(5);
+        film f(*this, s, film_of("hesh", {2425, 80, 4200, 2940}, "HJRSDW"));
+        f.press('S');
+        f.wait(0.6);
+        f.tap('D');
+        f.release('S');
+        f.wait(0.4);
+        f.lay(s.windoffset, 0);
+        f.wait(0.3);
+        f.tap('R');
+        f.lay(0, 0);
+        f.wait(0.3);
+        f.tap('R');
+        f.press('S');
+        f.until([&] { return !s.layready; });
+        f.until([&] { return s.gunloaded; });
+        f.wait(0.3);
+        f.tap('D');
+        f.release('S');
+        finish(s, f);
+        keep_first("film_hesh", f);
+    }
+    void film_coax(gunnery_screen& s)
+    {
+        t.shared.engagementtype = 2;
+        order_and_target(s, 700);
+        film f(*this, s, film_of("coax", {2525, 80, 4000, 2800}, "QUHJNASDW"));
+        scatter(3);
+        f.tap('Q');
+        f.lay(-90, 120);
+        f.wait(0.2);
+        f.tap('A');
+        f.press('S');
+        f.until([&] { return !s.layready; });
+        f.release('S');
+        f.until([&] { return s.gunloaded; });
+        f.wait(0.3);
+        f.press('D');   // short, and walked on
+        f.wait(0.8);
+        f.lay(-45, -(2.0 * s.currentrange + 30));
+        f.wait(0.5);
+        f.release('D');
+        f.wait(0.3);
+        for (int burst = 0; burst < 6 && !destroyed(s); ++burst) {
+            f.press('D');
+            f.until([&, end = pc.now() + 0.6] { return destroyed(s) || pc.now() >= end; });
+            f.release('D');
+            f.wait(0.3);
+        }
+        finish(s, f);
+        keep_first("film_coax", f);
+    }
+    void films()
+    {
+        gunnery_screen& s = t.simulator;
+        start_practice(t.startsim.Optmode1, s);
+        s.layspeed = 10;
+        t.shared.windbias = 2;
+        for (void (tour::*take)(gunnery_screen&) : {&tour::film_fin, &tour::film_hesh, &tour::film_coax})
+            (this->*take)(s);
+        click(s.Cmdmain);
+    }
+
+    QString frames_;
 };
 
 }   // namespace
@@ -334,13 +546,14 @@ private:
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::cerr << "usage: take_help_pictures PROGRAM-DIRECTORY FOLDER\n";
+    if (argc != 4) {
+        std::cerr << "usage: take_help_pictures PROGRAM-DIRECTORY FOLDER FRAMES\n";
         return EXIT_FAILURE;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    vorn::tour tour(QDir(argv[1]).absolutePath().toStdString(), QDir(argv[2]).absolutePath());
+    vorn::tour tour(QDir(argv[1]).absolutePath().toStdString(), QDir(argv[2]).absolutePath(),
+                    QDir(argv[3]).absolutePath());
     return tour.take_all() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
