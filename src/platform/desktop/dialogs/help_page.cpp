@@ -141,8 +141,7 @@ void help_page::follow(const QUrl& link)
     if (link.adjusted(QUrl::RemoveFragment) == source().adjusted(QUrl::RemoveFragment)) setSource(link);
 }
 
-// Moving pictures
-// ----------------------------------------------------------------------------------------------
+// Moving pictures -----------------------------------------------------------------------------------------
 
 static QUrl name_of(const QTextFragment& picture)
 {

@@ -35,7 +35,8 @@ void scrolled_picture::keep(const QImage& image, const QSize& scaled, const QRec
 void scrolled_picture::draw(QPainter& p, const QImage& image, const QRect& at, const QRect& view)
 {
     if (image_ != image.cacheKey() || scaled_ != at.size() || tile_.size() != view.size()) {
-        if (tile_.size() != view.size()) tile_ = QImage(view.size(), image.format());
+        tile_ = QImage(view.size(),
+                       image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
         image_ = image.cacheKey();
         scaled_ = at.size();
         kept_ = {};

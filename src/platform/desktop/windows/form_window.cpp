@@ -132,7 +132,7 @@ void form_window::sync()
     bool widgets_moved = false, rearranged = false;
     for (const auto& s : objects_) {
         if (static_cast<const object_fields&>(*s->object) == s->drawn) {
-            s->before = {s->drawn.Left, s->drawn.Top, s->drawn.Width, s->drawn.Height};
+            s->before = s->drawn;
             continue;
         }
         if (!in_sight(*s->object)) widgets_moved |= moved(*s->object, s->drawn);

@@ -1,7 +1,6 @@
 #include "platform/desktop/windows/sight_view.h"
 
 #include <QPainter>
-#include <QTimer>
 #include <algorithm>
 #include <cmath>
 #include <utility>

@@ -250,11 +250,6 @@ void set_looks(QWidget& w, const difference& d)
     if (d.in(&object_fields::Visible)) w.setVisible(d.after.Visible);
 }
 
-area place_of(const object_fields& o)
-{
-    return {o.Left, o.Top, o.Width, o.Height};
-}
-
 }   // namespace
 
 bool in_sight(const screen_object& o)
@@ -288,7 +283,7 @@ QWidget* make_widget(shown_object& s, QWidget* parent, const event_runner& run)
 void draw_fields(shown_object& s, bool everything)
 {
     const object_fields before = std::exchange(s.drawn, *s.object);
-    s.before = before.Visible ? place_of(before) : place_of(s.drawn);
+    s.before = before.Visible ? before : s.drawn;
     if (in_sight(*s.object)) return s.widget->update();
     set_looks(*s.widget, {before, s.drawn, everything});
     set_by_kind(*s.widget, s.drawn);
