@@ -1,5 +1,6 @@
-// The program as a whole: the shared practice state, the screens, the random numbers and the machine it runs
-// on. Everything belongs to one trainer, which is passed to each operation, so that a test can create two.
+// The program as a whole: the shared practice state, the screens, the random number generator and the machine
+// the program runs on. Everything belongs to one trainer, which is passed to each operation, so that a test
+// can create two.
 #pragma once
 
 #include <memory>
@@ -42,7 +43,7 @@ public:
     joycal_screen& joycal;       // calibration/joycal.h
 };
 
-// The gunnery screen of the practice mode.
+// The gunnery screen for the current practice mode, visual or thermal.
 gunnery_screen& practice_screen(trainer&);
 
 }   // namespace vorn

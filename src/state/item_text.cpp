@@ -20,7 +20,7 @@ bool ends_item(char c)
     return c == ',' || c == '\r' || c == '\n';
 }
 
-// The number of bytes of the UTF-8 character at an index; 0 if it isn't one.
+// The size in bytes of the UTF-8 character at an index; 0 if the bytes there aren't valid UTF-8.
 std::size_t utf8_size(std::string_view s, std::size_t at)
 {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(s[i]); };
@@ -62,8 +62,8 @@ std::optional<std::string> as_latin1(std::string_view utf8)
     return bytes;
 }
 
-// Whether a line of Latin-1 with other than ASCII characters is valid UTF-8 as well, so that the reader would
-// misread it. The reader decides for each item.
+// Whether any line with non-ASCII characters in Latin-1 is also valid UTF-8. The reader, which detects the
+// encoding of each item, would then misread that line.
 bool reads_as_utf8(std::string_view latin)
 {
     while (!latin.empty()) {
@@ -77,7 +77,8 @@ bool reads_as_utf8(std::string_view latin)
 
 }   // namespace
 
-// An item ends at a comma, CR LF, CR or LF, and has no spaces around it.
+// Outside quotes an item ends at a comma or at a line break (CR LF, CR or LF). Spaces and tabs around it are
+// dropped.
 bool item_reader::next_item(std::string_view& item)
 {
     if (failed_ || place_ >= text_.size()) {

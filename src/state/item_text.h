@@ -12,9 +12,9 @@
 
 namespace vorn {
 
-// Takes items one by one from the text of a file. A take fails when no item is left, the item has another
-// type or a number doesn't fit its field. It then returns false and leaves the argument unchanged, as do all
-// later takes. An item also ends at a comma outside quotes.
+// Reads the items of a file one by one. `take` fails if no item is left, the item has another type or the
+// number doesn't fit the argument. It then returns false and leaves the argument unchanged, and all later
+// calls fail too. An item also ends at a comma outside quotes.
 class item_reader {
 public:
     explicit item_reader(std::string text) : text_(std::move(text)) {}
@@ -42,8 +42,8 @@ private:
     bool failed_ = false;
 };
 
-// Builds the text of a file item by item. In texts a double quote becomes an apostrophe and a line break a
-// space, since the format has no escape for them.
+// Builds the text of a file item by item. Double quotes in texts become apostrophes, and line breaks become
+// spaces, since the format has no escapes.
 class item_writer {
 public:
     void put(std::string_view text);
@@ -57,8 +57,8 @@ public:
     void put(bool value) { put_line(value ? "#TRUE#" : "#FALSE#"); }
     void put(int number) { put_line(std::to_string(number)); }
 
-    // The bytes of the file: Latin-1 if it has all the characters and wouldn't be read as UTF-8;
-    // UTF-8 otherwise.
+    // The file as bytes: in Latin-1 if it can encode all characters and the reader wouldn't take the result
+    // for UTF-8, otherwise in UTF-8.
     std::string file_bytes() const;
 
 private:

@@ -1,4 +1,4 @@
-// Numbers, texts and random numbers with the rules of the system.
+// Rounding, saturating integers, texts of fixed length, and random numbers.
 #pragma once
 
 #include <array>
@@ -12,7 +12,7 @@
 
 namespace vorn {
 
-// To the nearest integer, halves to the even neighbour.
+// Rounds to the nearest integer; halves are rounded to the nearest even one.
 inline double rounded(double x)
 {
     return std::nearbyint(x);
@@ -66,12 +66,13 @@ struct table {
     bool operator==(const table&) const = default;
 };
 
-// The number of characters in a UTF-8 text, and its first n characters.
+// The number of characters in a UTF-8 text.
 std::size_t length(const std::string& text);
+// The first n characters of a UTF-8 text.
 std::string left(const std::string& text, std::size_t n);
-// Without trailing spaces.
+// The text without trailing spaces.
 std::string without_padding(std::string text);
-// With up to 15 significant digits.
+// The number as text, with up to 15 significant digits.
 std::string number_text(double x);
 
 // Text of exactly N characters: truncated, or padded with spaces on the right.
@@ -92,7 +93,7 @@ private:
     std::string text_;
 };
 
-// Random numbers with the default seed. A test can set `source` to provide them instead.
+// The random number generator, with its default seed. A test can replace it by setting `source`.
 struct random_numbers {
     std::minstd_rand generator;
     std::function<double()> source;

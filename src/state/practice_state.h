@@ -1,5 +1,6 @@
 // The practice state that all screens share: the options of the practice, the calibration of the joystick,
-// the run flags, the open range and the record. Screens read and write it in place.
+// the run flags, the open range and the record, which stores each engagement for the debrief. Screens read
+// and write the fields directly.
 #pragma once
 
 #include <cstdint>
@@ -9,22 +10,22 @@
 
 namespace vorn {
 
-inline constexpr int positions = 21;         // of a range: entries 0 to 20
-inline constexpr int engagement_rows = 17;   // rows 1 to 15, and 16 for `engagement` after the last target
-inline constexpr int round_rows = 5;         // rounds 1 to 4
+inline constexpr int positions = 21;         // of a range, 0 to 20
+inline constexpr int engagement_rows = 17;   // rows 1 to 15 are used; `engagement` is 16 after 15 targets
+inline constexpr int round_rows = 5;         // entries 1 to 4 are used
 
 template <class T>
 using per_engagement = table<T, engagement_rows>;
 template <class T>
 using per_round = table<table<T, round_rows>, engagement_rows>;
 
-// The initial values are the options at the start of the program.
+// The initial values are those at the start of the program.
 struct practice_state {
     // Paths and file names.
     std::string rootpath;                                    // the data folder, without a trailing separator
     std::string rangefile = "Visualrange.arf";               // the range of the practice
     std::string resultsfile;                                 // the results file open in the debrief
-    std::string targeticon1 = "target icons\\target1.ico";   // picture of a FIN target, below rootpath
+    std::string targeticon1 = "target icons\\target1.ico";   // picture of a FIN target, relative to rootpath
     std::string targeticon2 = "target icons\\target2.ico";   // of a HESH target
     std::string targeticon3 = "target icons\\target3.ico";   // of a COAX target
 
@@ -34,35 +35,35 @@ struct practice_state {
     int16 targetblocks = 2;        // number of targets divided by 3: 2 to 5
     int16 targetcount;             // targets in the practice, set when it starts
     int16 targettime = 30;         // seconds a target stays up; 500: until destroyed
-    int16 engagementtype = 1;      // 1 mixed, 2 coax, 3 HESH, 4 DST and FIN
-    int16 systemstatus = 1;        // 0 and 1 full system, 2 laze only, 3 TLS only
-    bool selfdegrading = false;    // the status worsens during the practice
-    int targetsize = 4;            // a target's width decreases by the range / this
-    int killarea = 15;             // the kill radius is the target's width / this
-    int coaxbursts = 2;            // 2 to 4; a kill of a coax target takes one or two bursts more
+    int16 engagementtype = 1;      // 1 mixed, 2 coax, 3 HESH, 4 FIN and DST
+    int16 systemstatus = 1;        // 0 and 1 full system, 2 laze only, 3 TLS only (visual sight: no laser)
+    bool selfdegrading = false;    // systemstatus worsens during the practice
+    int targetsize = 4;            // a target's width decreases by range / targetsize
+    int killarea = 15;             // killradius is the target's width / killarea
+    int coaxbursts = 2;            // 2 to 4; a coax target takes one burst more, on the thermal sight two
     int coaxerror = 20;            // vertical error of a burst, twips
     double coaxerrorwide = 30;     // horizontal error of a burst, twips
     bool coaxlight = true;         // the lights panel is shown
-    bool heshcorrectall = false;   // HESH correction on all targets; otherwise until correct
-    int windbias = 0;              // -3 strong from the left to 3 strong to the right
-    bool gunlight = true;          // the second lights panel is shown
+    bool heshcorrectall = false;   // each deselect clears the HESH correction
+    int windbias = 0;              // -3 to 3; negative: to the left; 1 mild, 2 fresh, 3 strong
+    bool gunlight = true;          // thermal sight: the lights panel needs both coaxlight and gunlight
     bool infosystem = true;        // the information panel is shown
-    bool infocontrol = true;       // the picture of the keys may be shown
+    bool infocontrol = true;       // the picture of the keys is shown if only the keyboard is selected
     bool infocrew = true;          // the crew line is shown
-    bool plainscreen = false;      // all side panels are hidden, visual sight only
-    bool fulldebrief = true;       // the end of a practice offers the debrief; otherwise a quick score
+    bool plainscreen = false;      // visual sight: all panels but lights and display are hidden
+    bool fulldebrief = true;       // a practice ends with the offer of a debrief; otherwise with a score
     bool soundson = true;
     bool voiceson = true;
     bool joyselected = true;
     bool keyboardselected = true;
     bool mouseselected = false;   // the on-screen gunner's buttons are shown
-    int practicenumber = 0;       // 1 to 12, the programmed practice selected last
+    int practicenumber = 0;       // the programmed practice selected last, 1 to 12
     padded<30> studentdetails;    // name and number, joined by "_"
 
     // Calibration of the joystick.
     bool joycalibrated = false;
-    double joyxcentre = 0, joyycentre = 0;   // centre of the stick
-    double joyxfactor = 0, joyyfactor = 0;   // the dead band is 2 of these on each side
+    double joyxcentre = 0, joyycentre = 0;   // reading at the centre of the stick
+    double joyxfactor = 0, joyyfactor = 0;   // the dead band is two factors on each side
 
     // Run flags.
     bool quickstart = false;    // the practice was started by the quick start
@@ -82,28 +83,28 @@ struct practice_state {
     table<std::int32_t, positions> targety{};   // twips from the top edge
     table<int16, positions> targetrange{};      // metres
 
-    // Head of the record.
+    // Header of the record.
     std::string resultpicture;
     std::string resultmode;   // "VISUAL" or "THERMAL"
     std::string resultrange;
     std::string resulticon1, resulticon2, resulticon3;
 
-    // The record by engagement. Nothing clears it: the rows of targets not reached are those of an earlier
-    // practice.
+    // The record by engagement. Nothing clears it: rows of targets that weren't reached keep the values of an
+    // earlier practice.
     per_engagement<std::string> recsystem;   // "FULL", "LAZE ONLY", "TLS ONLY"
-    per_engagement<int16> rectarget{};       // number of the engagement; 0 in a row never completed
+    per_engagement<int16> rectarget{};       // number of the engagement; 0 if never completed
     per_engagement<int16> recrounds{};
     per_engagement<std::string> recammo;
-    per_engagement<std::string> rechit;            // "YES" or "NO"
-    per_engagement<int16> rectime{};               // seconds from the order to the kill; 100 when missed
-    per_engagement<int16> recwidth{};              // twips
-    per_engagement<int16> recrange{};              // metres
+    per_engagement<std::string> rechit;   // "YES" or "NO"
+    per_engagement<int16> rectime{};      // seconds from the order to the kill, rounded up; 100 if missed
+    per_engagement<int16> recwidth{};     // twips
+    per_engagement<int16> recrange{};     // metres
     per_engagement<std::int32_t> recx{}, recy{};   // twips on the range picture
-    per_engagement<int16> reclazex{},
-        reclazey{};   // target relative to the aim point at the last lase, twips
+    // Offset from the aim point to the target at the last lase, twips.
+    per_engagement<int16> reclazex{}, reclazey{};
 
-    // The record by engagement and round, twips: the target relative to the aim point and to the fall of
-    // shot.
+    // The record by engagement and round: offsets from the aim point and from the fall of shot to the target,
+    // twips. recaimy has the opposite sign on the thermal sight.
     per_round<int16> recaimx{}, recaimy{};
     per_round<int16> recfallx{}, recfally{};
 };
