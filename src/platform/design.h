@@ -1,4 +1,5 @@
-// Functions with which a screen lays out its objects: each makes the design values of one object. In twips.
+// Functions for the layout of a screen, in twips. Most return the design values of one object: its fields at
+// each load of the screen.
 #pragma once
 
 #include <initializer_list>
@@ -53,7 +54,7 @@ inline object_fields textbox(area at, std::string text)
     return f;
 }
 
-// An image with a built-in drawing, named ":name", or with none.
+// An image with the built-in drawing ":name", or without a picture.
 inline object_fields image(area at, std::string drawing = {})
 {
     object_fields f = placed(object_kind::image, at);
@@ -80,19 +81,20 @@ inline object_fields label(area at, std::string caption, colour fore = colour::t
     return f;
 }
 
-// Adds a label or drawing that never changes to a screen and its list `captions`.
+// Adds to a screen a label or drawing that never changes, and keeps it in the screen's list `captions`.
 template <class screen>
 void caption(screen& s, screen_object* parent, object_fields fields)
 {
     add(s.window, s.captions.emplace_back(), std::move(fields), parent);
 }
 
-// A row of buttons of one size: the first at a place, the others at steps to the right.
+// One button of a row.
 struct button_row {
     screen_object& o;
     const char* caption;
     const char* tip;
 };
+// Adds a row of buttons of equal size: one at `first`, each other `step` twips further to the right.
 inline void put_buttons(form& f, area first, double step, std::initializer_list<button_row> row)
 {
     for (const button_row& r : row) {
@@ -101,7 +103,7 @@ inline void put_buttons(form& f, area first, double step, std::initializer_list<
     }
 }
 
-// Modifiers of design values.
+// Each returns the design values with one field changed.
 inline object_fields named(object_fields f, std::string name)
 {
     f.AccessibleName = std::move(name);

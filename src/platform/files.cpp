@@ -36,7 +36,7 @@ static std::string lower(std::string s)
     return s;
 }
 
-// The entry of a folder that has this name apart from case; the name as given if there is none.
+// The path of the entry whose name matches without regard to case; folder / name if there is none.
 static fs::path entry_like(const fs::path& folder, const fs::path& name)
 {
     std::error_code failed;
@@ -93,7 +93,7 @@ static bool write_whole(std::ofstream& out, const std::string& text)
     return static_cast<bool>(out);
 }
 
-// An unused name for a temporary file in the folder of a file.
+// An unused name for a temporary file beside a file.
 static fs::path temporary_name(const fs::path& file)
 {
     for (int n = 0;; ++n) {
@@ -106,9 +106,9 @@ static fs::path temporary_name(const fs::path& file)
 
 enum class replaced { done, failed, not_possible };
 
-// Writes a temporary file beside the file and renames it once it is complete, so that a full disk leaves the
-// old file. Doesn't replace a file without write permission. Returns not_possible only when the folder gives
-// no permission to create a file.
+// Replaces a file by a temporary one once that is complete, so that a full disk leaves the old file. Fails if
+// the file itself has no write permission. Returns not_possible only if the folder gives no permission to
+// create files.
 static replaced replace_file(const fs::path& file, const std::string& text)
 {
     std::error_code failed;
@@ -140,8 +140,8 @@ static bool write_over(const fs::path& file, const std::string& old, const std::
     return false;
 }
 
-// A file in a folder without write permission may still be writable itself, so it is then overwritten.
-// Anything but a regular file (a device, say) is written to and never replaced.
+// A file in a folder without write permission may still be writable: it is then overwritten in place.
+// Anything but a regular file, such as a device, is also written in place.
 std::string write_file(const machine& m, const std::string& path, const std::string& text)
 {
     constexpr const char* reason = "The file can't be written.";
@@ -154,13 +154,13 @@ std::string write_file(const machine& m, const std::string& path, const std::str
     }
     if (fs::is_fifo(file, failed)) return reason;   // opening it would block until there is a reader
     const std::optional<std::string> old = read_file(m, to_utf8(file)).text;
-    if (!old && fs::is_regular_file(file, failed)) return reason;   // could not be restored
+    if (!old && fs::is_regular_file(file, failed)) return reason;   // could not be restored if the write failed
     return write_over(file, old.value_or(""), text) ? "" : reason;
 }
 
 std::string delete_file(const machine& m, const std::string& path)
 {
-    const fs::path file = m.working_directory / from_utf8(path);   // without the search of find_path
+    const fs::path file = m.working_directory / from_utf8(path);   // no search as in find_path
     std::error_code failed;
     if (!fs::exists(file, failed)) return "The file does not exist.";
     if (!fs::is_regular_file(file, failed)) return "It is not a file.";

@@ -1,5 +1,5 @@
-// Text files and paths. Each operation opens, uses and closes its file. Paths are UTF-8; a relative path
-// starts at the machine's working directory.
+// Text files and paths. Each function opens, uses and closes its file. Paths are in UTF-8; a relative path is
+// relative to machine::working_directory.
 #pragma once
 
 #include <filesystem>
@@ -15,8 +15,9 @@ inline constexpr char path_separator = static_cast<char>(std::filesystem::path::
 std::filesystem::path from_utf8(const std::string& path);
 std::string to_utf8(const std::filesystem::path&);
 
-// The absolute path of the file that a stored path names. Used as written if that exists. Otherwise '\' also
-// counts as a separator on systems that separate by '/', and each part is compared without regard to case.
+// The absolute path of the file that a stored path names. The path is used as written if the file exists.
+// Otherwise '\' also counts as a separator on systems that use '/', and names are compared without regard to
+// case.
 std::string find_path(const machine&, const std::string& path);
 bool file_exists(const machine&, const std::string& path);
 
@@ -29,14 +30,15 @@ struct file_text {
 file_text read_file(const machine&, const std::string& path);
 // The extension of a file name in lower case, with its dot; empty if it has none.
 std::string extension(const std::string& path);
-// Creates or replaces a file. Returns the reason for a failure, empty on success; a failure leaves the old
-// file.
+// Creates or replaces a file. Returns the reason for a failure, empty on success. A failure leaves the old
+// file unchanged.
 std::string write_file(const machine&, const std::string& path, const std::string& text);
-// Deletes a regular file whose name is exactly as written. Returns the reason for a failure, empty on
-// success.
+// Deletes a regular file; unlike find_path, uses the path exactly as written. Returns the reason for a
+// failure, empty on success.
 std::string delete_file(const machine&, const std::string& path);
 
-// Makes a folder the working directory. False, and no change, if it can't be listed or the path is empty.
+// Makes a folder the working directory. Returns false and changes nothing if the path is empty or the folder
+// can't be listed.
 bool change_directory(machine&, const std::string& folder);
 
 }   // namespace vorn

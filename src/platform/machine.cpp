@@ -18,7 +18,7 @@ static double period(const timer& t)
     return std::max(t.Interval / 1000.0, timer_floor);
 }
 
-// Sets the time of the first tick of each timer that was started.
+// Sets the time of the first tick of each timer that has just been started.
 static void arm_timers(machine& m)
 {
     for (form* f : m.screens.loaded)
@@ -104,7 +104,7 @@ void joystick_changed(machine& m)
         if (f->JoystickChanged) f->JoystickChanged();
 }
 
-// Sets a variable for the time of a handler, which end_program may leave by an exception.
+// Sets a variable while a handler runs and restores it afterwards, also if end_program throws.
 template <class T>
 struct meanwhile {
     T& variable;
@@ -162,7 +162,7 @@ double next_tick(machine& m)
     return t == nullptr ? std::numeric_limits<double>::infinity() : t->due;
 }
 
-// Ticks stay at multiples of the interval; a late timer ticks once for all the ticks that it missed.
+// Ticks stay at multiples of the interval. A late timer ticks once, however many ticks it has missed.
 static void tick(machine& m, timer& t)
 {
     const meanwhile ticking(t.ticking, true);

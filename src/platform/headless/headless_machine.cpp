@@ -9,7 +9,7 @@ namespace vorn {
 
 namespace {
 
-// Thrown by end_program out of all running handlers.
+// Thrown by end_program to leave all running handlers.
 struct program_ended {};
 
 }   // namespace
@@ -187,7 +187,7 @@ double headless_machine::next_event()
     return next;
 }
 
-// Scheduled actions come before ticks of the same time.
+// Scheduled actions run before ticks that are due at the same time.
 void headless_machine::deliver()
 {
     const auto due =

@@ -1,6 +1,6 @@
-// A machine with a virtual clock, a scripted user and no screen. A practice of minutes runs in milliseconds,
-// the same way every time. A test reads the fields that a user would see, and a log of sounds, boxes and the
-// like.
+// A machine with a virtual clock, a scripted user and no screen. A practice that lasts minutes runs in
+// milliseconds, the same way every time. A test reads the fields that a user would see, and a log of sounds,
+// boxes and other events.
 #pragma once
 
 #include <array>
@@ -46,7 +46,8 @@ public:
     loaded_picture load_picture(const std::string& path) override;
     print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
 
-    // The script. Without an answer a question is answered no, and an input or file dialog is cancelled.
+    // The script. A question without an answer in it gets the answer No; an input box or file dialog is
+    // cancelled.
     std::deque<box_answer> answers;
     std::deque<std::string> inputs;
     std::deque<std::string> files;
@@ -54,14 +55,14 @@ public:
     bool stick_present = true;
     bool printer = true;
 
-    // The outcome.
+    // What the program has done.
     std::vector<logged> log;
     std::vector<message> boxes;
     std::vector<file_dialog> dialogs;
-    std::vector<strike> strikes;   // marks of rounds that are shown
-    std::string playing;           // file; empty: silence
+    std::vector<strike> strikes;   // impact marks that are shown
+    std::string playing;           // the file being played; empty if none
     bool ended = false;
-    std::vector<std::string> of_kind(const std::string& kind) const;   // in order
+    std::vector<std::string> of_kind(const std::string& kind) const;   // texts of the log entries, in order
 
     // Runs a handler as one event.
     void event(const std::function<void()>&);
@@ -100,16 +101,16 @@ public:
         event([&] { close_by_frame(f); });
     }
 
-    // Runs until this many seconds after the end of the last advance, so that time taken by handlers in
-    // between is included in it.
+    // Runs until this many seconds after the end of the last advance. Time that handlers have taken since
+    // then is part of these seconds.
     void advance(double seconds);
-    // Runs for this many seconds from now on.
+    // Runs for this many seconds from now.
     void wait(double seconds);
-    // Schedules an action, which also runs while a box is open or a handler lets events run.
+    // Schedules an action. It also runs while a box is open or a handler calls do_events.
     void later(double seconds, std::function<void()> action);
     // Runs at each step of a counted move.
     std::function<void()> at_pace;
-    // Logs each change of the caption.
+    // Logs each change of the object's caption.
     void watch(const screen_object& o) { watched_.emplace_back(&o, o.Caption); }
 
 private:

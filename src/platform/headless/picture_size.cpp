@@ -15,7 +15,7 @@ struct pixels {
     long height = 0;
 };
 
-// Integers in the bytes of a file; bytes beyond its end are 0.
+// Reads integers from the bytes of a file. Bytes beyond the end are read as 0.
 struct bytes {
     std::string text;
     long at(std::size_t i) const { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0; }
@@ -24,7 +24,7 @@ struct bytes {
     bool begins(std::string_view head) const { return text.compare(0, head.size(), head) == 0; }
 };
 
-// From the first frame header (SOF) among the segments.
+// The size in the first frame header (SOF segment).
 pixels jpeg_size(const bytes& b)
 {
     for (std::size_t i = 2; i + 8 < b.text.size() && b.at(i) == 0xFF;
