@@ -11,7 +11,7 @@ install(FILES packaging/vorn.desktop DESTINATION share/applications)
 install(FILES packaging/org.vorn.vorn.metainfo.xml DESTINATION share/metainfo)
 install(FILES packaging/vorn-mime.xml DESTINATION share/mime/packages RENAME vorn.xml)
 
-# Debian wants compressed man pages and changelogs, and one file with all licence terms.
+# Debian requires compressed man pages and changelogs, and one file with all licence terms.
 find_program(gzip_program gzip)
 if(gzip_program)
     foreach(name vorn.1 changelog)
@@ -60,7 +60,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION education)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-# The versions of the libraries come from Debian's tool, where it is installed.
+# dpkg-shlibdeps, where it is installed, finds the libraries that the package depends on, and their versions.
 find_program(dpkg_shlibdeps dpkg-shlibdeps)
 find_program(file_program file)
 set(fonts "fonts-liberation2 | fonts-liberation")
