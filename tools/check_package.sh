@@ -18,7 +18,7 @@ trap 'umount -ql "$root/proc" || true; rm -rf --one-file-system "$root"' EXIT
 
 install_missing debootstrap "${build_packages[@]}" dpkg-dev desktop-file-utils appstream file lintian
 if [ $# -eq 0 ]; then
-    # Built from one commit twice, in two folders, the package is the same byte for byte.
+    # Two builds of one commit, in different folders, must give the same bytes.
     SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
     export SOURCE_DATE_EPOCH
     for folder in build/release build/release-again; do
@@ -33,7 +33,7 @@ if [ $# -eq 0 ]; then
 fi
 package=$(realpath "$1")
 lintian --fail-on error "$package"
-if git rev-parse 2>/dev/null; then   # exactly the data that git tracks
+if git rev-parse 2>/dev/null; then   # the package must contain exactly the data that git tracks
     diff <(git ls-files data/ranges | sed 's,^data,./usr/share/vorn,' | sort) \
         <(dpkg-deb --fsys-tarfile "$package" | tar -t | grep '^./usr/share/vorn/.*[^/]$' | sort) ||
         { say "the data in the package differs from git's"; exit 1; }
@@ -53,7 +53,7 @@ mount -t proc proc "$root/proc"
 in_root apt-get update -q >/dev/null
 in_root apt-get install -q -y --no-install-recommends xvfb xauth xdotool openbox man-db shared-mime-info >/dev/null
 
-say "installing the dependencies first, to find what the package itself leaves behind"
+say "installing the dependencies first, so that only files of the package count as left behind"
 cp "$package" "$root/tmp/vorn.deb"
 needs=$(dpkg-deb -f "$package" Depends | tr ',' '\n' | sed 's/|.*//; s/(.*//; s/ //g' | tr '\n' ' ')
 # shellcheck disable=SC2086
@@ -66,9 +66,9 @@ desktop-file-validate "$root/usr/share/applications/vorn.desktop"
 appstreamcli validate --no-net "$root/usr/share/metainfo/org.vorn.vorn.metainfo.xml"
 in_root man -l /usr/share/man/man1/vorn.1.gz >/dev/null
 types() { in_root update-mime-database /usr/share/mime && grep -c x-vorn "$root/usr/share/mime/globs2" || true; }
-[ "$(types)" -eq 3 ] || { say "its MIME types aren't registered"; exit 1; }
+[ "$(types)" -eq 3 ] || { say "the MIME types of the package aren't registered"; exit 1; }
 
-say "starting it as an ordinary user, saving a practice, exiting"
+say "starting the trainer as an ordinary user, saving a practice, exiting"
 in_root useradd -m student
 # Starts the trainer, goes to the practice editor, saves a practice if one is named, and exits.
 cat >"$root/tmp/visit" <<'VISIT'
@@ -78,7 +78,7 @@ openbox & sleep 1
 vorn & program=$!
 await() { for _ in $(seq 100); do xdotool search --onlyvisible --name "$1" >/dev/null 2>&1 && return; sleep 0.1; done; echo "no window $1"; exit 1; }
 await "V. O. R. N."
-for _ in $(seq 10); do                           # Return closes the first box, another clicks START
+for _ in $(seq 10); do                           # the first Return closes the box, the next clicks START
     sleep 2 && xdotool search --onlyvisible --name "PRACTICE EDITOR" >/dev/null 2>&1 && break
     xdotool key Return
 done
@@ -101,7 +101,7 @@ for file in student.prf visualrange.arf vorn.HLP; do
     [ -s "$data/$file" ] || { say "no $file in the user's data"; exit 1; }
 done
 
-say "upgrading to a newer version and starting that"
+say "upgrading the package and starting the new version"
 in_root su student -c "cd ~/.local/share/vorn/ranges && cp wavs/coax.wav wavs/fire.wav && cp student.prf ~"
 newer=$root/tmp/newer
 dpkg-deb -R "$package" "$newer"
@@ -117,8 +117,8 @@ cmp "$data/wavs/coax.wav" "$data/wavs/fire.wav" || { say "the sound changed by t
 
 say "removing the package"
 in_root dpkg --purge vorn >/dev/null
-[ "$(types)" -eq 0 ] && [ ! -e "$root/usr/share/mime/packages/vorn.xml" ] || { say "its MIME types are still registered"; exit 1; }
+[ "$(types)" -eq 0 ] && [ ! -e "$root/usr/share/mime/packages/vorn.xml" ] || { say "the MIME types of the package are still registered"; exit 1; }
 files_of_root >"$root/tmp/after"
 diff "$root/tmp/before" "$root/tmp/after" | grep -v -e '/etc/passwd' -e '/etc/group' -e '/etc/shadow' -e '/etc/gshadow' \
-    -e '/etc/subuid' -e '/etc/subgid' -e '/var/mail' | grep '^[<>]' && { say "it leaves files behind"; exit 1; }
+    -e '/etc/subuid' -e '/etc/subgid' -e '/var/mail' | grep '^[<>]' && { say "the package leaves files behind"; exit 1; }
 say "the package passes: $(basename "$package"), $(du -h "$package" | cut -f1)"

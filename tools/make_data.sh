@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes all shipped data again in the source tree: target icons, ranges, explosion, program icon, sounds, and last the
-# pictures of the manual, which show the others. Takes some minutes.
+# Makes the shipped data again in the source tree: target icons, ranges, explosion, program icon and sounds. Then makes the
+# pictures of the manual, which show that data. Takes some minutes.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh

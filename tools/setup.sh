@@ -24,7 +24,7 @@ as_root() {
 }
 
 # Installs those of the named packages that are missing. A failure doesn't end the script: the system may have the
-# libraries from elsewhere.
+# libraries from another source.
 install_missing() {
     if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
         say_needs "This system has no apt, so nothing is installed."

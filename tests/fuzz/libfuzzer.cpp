@@ -1,4 +1,4 @@
-// Entry point of a fuzzer. The build defines which target it calls.
+// Entry point of a fuzzer. The build defines VORN_FUZZ_TARGET as the name of the target.
 #include <cstddef>
 #include <cstdint>
 #include <string>

@@ -69,7 +69,7 @@ static int selected_in(const startsim_screen& s, const screen_object& group)
 
 void fuzz_practice(const std::string& bytes)
 {
-    // Kept from run to run, since making all screens takes 30 times as long as reading a practice.
+    // Kept between runs, since making all screens takes 30 times as long as reading a practice.
     static auto kept = std::make_unique<program>();
     if (kept->pc.ended) kept = std::make_unique<program>();
     headless_machine& pc = kept->pc;
@@ -77,7 +77,7 @@ void fuzz_practice(const std::string& bytes)
     pc.event([&] { unload(pc, t.startsim.window); });
     t.shared = {};
     pc.event([&] { load(pc, t.startsim.window); });
-    pc.answers.assign(8, {true});   // yes to each question for a range; the dialogs are cancelled
+    pc.answers.assign(8, {true});   // yes to each question about a missing range; file dialogs are cancelled
     pc.event([&] { apply_practice(t, bytes); });
     const startsim_screen& s = t.startsim;
     for (const screen_object* g :

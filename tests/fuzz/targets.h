@@ -1,5 +1,5 @@
-// Fuzz targets of the file readers. Each reads any bytes as its kind of file and checks that what can be read
-// can be written and reads back the same. A failed check aborts the process.
+// Fuzz targets of the file readers. Each reads the bytes as one kind of file and checks that what could be
+// read can be written and reads back the same. A failed check aborts the process.
 #pragma once
 
 #include <string>

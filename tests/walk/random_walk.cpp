@@ -1,5 +1,5 @@
-// A random walk over the program on the headless machine, longer than those of the tests or with other seeds.
-// Prints what it reached. A failure prints the seed and the step; the same seed repeats it.
+// Runs a random walk that is longer than those of the tests or has another seed. Prints what the walk
+// reached. A failure prints the seed and the step; the same seed repeats it.
 //   random_walk STEPS [SEED]
 #include <csignal>
 #include <cstdio>
@@ -7,7 +7,7 @@
 
 #include "walk/walk.h"
 
-// For a walk that hangs.
+// Shows where a walk hangs.
 static void interrupted(int)
 {
     std::fprintf(stderr, "%s\n", vorn::current_walk().c_str());

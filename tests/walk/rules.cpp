@@ -15,7 +15,7 @@ namespace vorn {
 namespace {
 
 struct rules {
-    const form* screen = nullptr;   // that is being checked
+    const form* screen = nullptr;   // the screen that is being checked
     std::string broken = {};        // the first broken rule
 
     void require(bool rule, const char* words)
@@ -41,7 +41,7 @@ bool finite(std::initializer_list<double> numbers)
 
 // A gunnery screen that is loaded ------------------------------------------------------------------------
 
-// The sanitizers check the indexes of tables.
+// Array indexes are left to the sanitizers.
 void check_bounds(rules& r, const practice_state& p, const gunnery_screen& s)
 {
     r.require(within(s.targetnumber, 0, p.targetblocks * 3L), "no more targets than the practice has");
@@ -61,8 +61,8 @@ void check_bounds(rules& r, const practice_state& p, const gunnery_screen& s)
               "a target has a round, a row of the record and a number");
 }
 
-// Outside a practice nothing runs unless the instructor asked for it. A resume enables two weapons, and the
-// thermal screen accepts one outside a practice too.
+// Outside a practice nothing runs, except where targets come on demand. A resume enables two of the weapon
+// buttons; the thermal screen can be resumed outside a practice too.
 void check_when_over(rules& r, const gunnery_screen& s)
 {
     if (s.simrunning) return;

@@ -1,4 +1,4 @@
-// What must be true whatever the user does.
+// Invariants of the program, whatever the user does.
 #pragma once
 
 #include <string>
@@ -7,11 +7,11 @@
 
 namespace vorn {
 
-// What the rules need to know and the program doesn't record.
+// What the rules depend on and the program doesn't store.
 struct walk_state {
     bool idle = false;           // no handler runs
     bool nothing_held = false;   // no key, joystick button or mouse button is down
-    bool was_paused = false;     // since the screen was reset; the end of a pause starts all timers
+    bool was_paused = false;     // since the last reset; a resume starts all timers
 };
 
 // The first rule that is broken, in words; empty if none is.

@@ -46,7 +46,7 @@ struct session {
     walk_machine pc;
     trainer t{pc};
     int held = 0;             // keys and buttons that are down
-    double disturbance = 0;   // probability of a sudden event at each look
+    double disturbance = 0;   // probability of a random event at each call of look_again
     bool gunner_at_work = false;
     int last_resets = 0;
     bool was_paused = false;   // since the last reset
@@ -69,11 +69,11 @@ struct walker {
     trainer& t() { return run->t; }
     walk_machine& pc() { return run->pc; }
     form* front_form() { return front(run->pc); }
-    gunnery_screen* gunnery();   // in front; null if another screen is
+    gunnery_screen* gunnery();   // the one in front; null if another screen is in front
 
     void note(const std::string& what);
     void count(const std::string& what) { reached[what] += 1; }
-    // An action of the user that takes no time itself.
+    // Does an action of the user, and checks that its handlers don't take too long.
     void act(const std::string& what, const std::function<void()>& action);
     void click(screen_object&);
     // Presses something, and releases it after a random time.
@@ -171,7 +171,7 @@ void walker::note(const std::string& what)
 
 void walker::act(const std::string& what, const std::function<void()>& action)
 {
-    constexpr double longest_move = 5;   // seconds; a counted move blocks everything else
+    constexpr double longest_move = 5;   // seconds; a counted move blocks all other events
     const double started = pc().now();
     const int boxes = pc().boxes_shown;
     note(pc().screens.depth > 0 ? "  meanwhile " + what : what);
@@ -200,7 +200,7 @@ void walker::hold(const std::string& what, const std::function<void()>& down, co
     });
 }
 
-// The form that received a press receives its release. A press can also be repeated, or released twice.
+// The release goes to the form that received the press. A key can be pressed again before its release.
 void press_code(walker& w, bool stick)
 {
     const int code = stick ? w.between(0, 5) : w.chance(0.85) ? w.pick(controls).key : w.between(0, 255);
@@ -214,7 +214,7 @@ void press_code(walker& w, bool stick)
     });
 }
 
-// An object that takes input; once in ten times any object at all.
+// Clicks or presses a random object, nine times in ten one that takes input.
 void use_anything(walker& w)
 {
     std::vector<screen_object*> all = w.front_form()->objects;
@@ -278,7 +278,7 @@ void bring_to_front(walker& w)
     w.act("bring to the front " + f.name, [&] { w.pc().activate(f); });
 }
 
-// What leads on from a screen, which a random press seldom finds.
+// Clicks a button that leads on from the screen in front; random clicks seldom hit one.
 void go_on(walker& w)
 {
     trainer& t = w.t();
@@ -295,7 +295,7 @@ void go_on(walker& w)
         if (w.front_form() == screen) return w.click(*w.pick(buttons));
 }
 
-// Takes no time, and so may come inside a handler.
+// A random event. It takes no time, so it can also happen while a handler runs.
 void sudden_event(walker& w)
 {
     static constexpr struct {
@@ -338,7 +338,7 @@ void walker::fire_practice(gunnery_screen& s)
 
 // The walk -----------------------------------------------------------------------------------------------
 
-// Looks at the program every now and then, also in the middle of a handler.
+// Checks the rules at random times, also while a handler runs. Sometimes causes a random event first.
 void walker::look_again()
 {
     pc().later(fraction() * 2, [this] {
@@ -363,8 +363,8 @@ void walker::begin_session()
     look_again();
 }
 
-// Counts how often each screen, box, report of an outcome and line of the crew occurred; texts that differ
-// only from their first number on count as the same.
+// Counts how often each screen, box, outcome and crew line occurred. Texts that are the same up to their
+// first digit or slash are counted together.
 void walker::count_log()
 {
     for (const logged& l : std::exchange(pc().log, {}))
@@ -405,9 +405,8 @@ void walker::step()
     check();
 }
 
-// Besides the usual ranges: ones with positions anywhere in the reach of the sight, with positions and
-// distances that the range author can't set, with targets too far for FIN and the coax, without a picture,
-// and a damaged file.
+// Makes ranges with positions anywhere in the reach of the sight, with positions and distances that the range
+// author can't set, with targets too far for FIN and the coax, and without a picture; and a damaged file.
 void put_ranges(walker& w)
 {
     const practice_state plain = plain_range(sight_kind::visual);
@@ -431,7 +430,7 @@ void put_ranges(walker& w)
     w.data.put("damaged.arf", "\"RANGE");
 }
 
-// The walk that a crash report describes.
+// The walk that a crash report describes; null if none is running.
 const walker*& current()
 {
     static const walker* w = nullptr;

@@ -1,5 +1,6 @@
-// A random walk: a simulated user who does anything at any moment on the headless machine. Part of the time
-// a trained gunner fires, so that practices run to their end. The rules in rules.h are checked all the time.
+// A random walk: a simulated user who does random things at random times on the headless machine. Part of the
+// time a scripted gunner fires a practice, so that some practices run to their end. The rules of rules.h are
+// checked throughout.
 #pragma once
 
 #include <map>
@@ -12,10 +13,10 @@ struct walk_result {
     std::string failure;                   // the broken rule and the last actions; empty: none
 };
 
-// Walks this many steps: a random event, or a whole practice. The same seed gives the same walk.
+// Each step is a random event or a whole practice. The same seed gives the same walk.
 walk_result walk(unsigned seed, long steps);
 
-// Seed, step and last actions of the walk that runs in this process.
+// Seed, step and last actions of the walk that is running in this process.
 std::string current_walk();
 
 }   // namespace vorn

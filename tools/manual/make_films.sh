@@ -1,5 +1,5 @@
 #!/bin/bash
-# Makes the moving pictures of the manual: an animated GIF of each run of frames, NAME-000.png and so on.
+# Makes the moving pictures of the manual: an animated GIF for each sequence of frames NAME-000.png, NAME-001.png, ...
 #
 #     make_films.sh FRAMES FOLDER
 set -euo pipefail

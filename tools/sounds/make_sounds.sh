@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Makes the wave files: the crew's speech by flite, which sox makes sound like an intercom, and the gun sounds of the
-# program `effects`. Installs nothing, and makes the same bytes each time.
+# Makes the wave files: the crew's speech, spoken by flite and made to sound like an intercom by sox, and the gun sounds
+# that the program `effects` computes. Makes the same bytes each time.
 #
 # Usage: make_sounds.sh EFFECTS FOLDER
 set -euo pipefail
 
-# File, speaker and words, spelled so that flite pronounces them right ("Co axe", "dee select").
+# File, speaker and words, spelled so that flite pronounces them correctly ("Co axe", "dee select").
 lines="
 action      commander  Action!
 fin1        commander  Fin, tank!
@@ -40,7 +40,7 @@ declare -A voices=(
     [commander]="rms --setf duration_stretch=0.8 --setf int_f0_target_mean=105"
     [loader]="awb --setf duration_stretch=0.9"
 )
-# dBFS: the RMS level of each spoken line, the same for all, and the peak level.
+# In dBFS: the RMS level of each spoken line, and the peak level of all sounds.
 speech_level=-17
 top=-2
 
@@ -50,12 +50,12 @@ check_tools() {
     local tool voice missing=()
     for tool in flite sox soxi; do command -v "$tool" >/dev/null || missing+=("the program $tool"); done
     if command -v flite >/dev/null; then
-        # flite falls back on another voice when it lacks this one.
+        # flite silently uses another voice if this one is missing.
         for voice in "${voices[@]%% *}"; do
             flite -lv | grep -qw "$voice" || missing+=("flite's voice $voice")
         done
     fi
-    [ ${#missing[@]} -eq 0 ] || die "missing:$(printf ' %s,' "${missing[@]}") of Debian's packages flite and sox"
+    [ ${#missing[@]} -eq 0 ] || die "missing:$(printf ' %s,' "${missing[@]}") which are in Debian's packages flite and sox"
 }
 
 # Removes the silence at both ends.
@@ -66,7 +66,7 @@ level_of() {
     sox "$1" -n silence -l 1 0.02 -35d -1 0.02 -35d stats 2>&1 | awk '/^RMS lev dB/ { print $4 }'
 }
 
-# Brings speech to its level and limits its peaks. More than once, since limiting lowers the level.
+# Amplifies speech to the RMS level and limits its peaks. Done three times, since limiting lowers the level.
 to_level() {
     local gain
     for _ in 1 2 3; do
@@ -81,7 +81,7 @@ noise() {
     sox -R -r 16000 -n -c 1 "$4" synth "$1" "$3" gain -12 highpass 400 lowpass 3200 gain -n "$2" "${@:5}"
 }
 
-# A voice over an intercom: a narrow band, compressed, with hiss between the clicks of the switch. Steeper filters,
+# A voice over an intercom: a narrow band, compressed, with hiss and the clicks of the microphone switch. Steeper filters,
 # overdrive or louder hiss make words hard to understand.
 intercom() {
     local length
@@ -104,7 +104,7 @@ say() {
     intercom "$work/dry.wav" "$folder/$1.wav"
 }
 
-# normalized_effect NAME: an effect at its level, faded out at the end.
+# normalized_effect NAME: an effect at the peak level, faded out at the end.
 normalized_effect() {
     "$effects" "$1" | sox -R -t dat - -b 16 "$folder/$1.wav" \
         gain -6 highpass 30 gain -n $top reverse fade t 0.05 reverse
