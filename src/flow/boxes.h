@@ -12,7 +12,7 @@ struct trainer;
 
 // The line break of message boxes: line feed, then carriage return.
 inline constexpr const char* crlf = "\n\r";
-// The short name of the program as heading and as title of a box.
+// The short name of the program, as the heading and as the title of a box.
 inline constexpr const char* name_heading = "V.O.R N.";
 inline constexpr const char* name_title = "V.O.R.N.";
 
@@ -20,14 +20,15 @@ std::string lines(std::initializer_list<std::string> text);
 // A heading, a blank line, and the lines of the text.
 std::string headed(const std::string& heading, std::initializer_list<std::string> text);
 
-// Asks a question with Yes and No. True for yes. The default button is No if yes can lose something.
+// Asks a question with Yes and No. Returns true for Yes. Callers make No the default button if Yes can lose
+// data.
 bool asked(trainer&, const std::string& question, const std::string& title,
            default_button on_return = default_button::yes);
 // The same with the short name of the program as heading and title.
 bool asked_with_name(trainer&, std::initializer_list<std::string> question);
 // Asks whether to end the program, and ends it on yes.
 void confirmexit(trainer&, const std::string& heading, const std::string& title);
-// Opens the help file at its contents.
+// Opens the help file at its table of contents.
 void openhelp(trainer&);
 // Shows a box and returns true when the joystick is selected but not calibrated.
 bool joystickrefused(trainer&);

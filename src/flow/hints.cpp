@@ -6,7 +6,7 @@ namespace {
 
 constexpr double beside = 800;   // twips from the left edge of a button to its hint
 constexpr double letter = 80;    // twips: room for one letter of a hint
-constexpr int rest_ticks = 3;    // the hint appears at the tick after these
+constexpr int rest_ticks = 3;    // the hint appears at the tick after this many
 constexpr int interval = 400;    // milliseconds
 
 void begin_hint(const hint_panel& p, const hint& h)
@@ -21,7 +21,7 @@ void begin_hint(const hint_panel& p, const hint& h)
 void timhelp_tick(const hint_panel& p)
 {
     p.ticks += 1;
-    if (p.ticks > rest_ticks) p.label.Visible = true;   // from then on the hint of the next button at once
+    if (p.ticks > rest_ticks) p.label.Visible = true;   // until end_hint, also over other buttons
 }
 
 }   // namespace

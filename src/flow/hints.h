@@ -21,7 +21,7 @@ struct hint_panel {
     screen_object& bar;
     screen_object& label;
     timer& clock;
-    int& ticks;                          // since the cursor came to a button
+    int& ticks;                          // of `clock` since the cursor came to a button
     double below;                        // twips from the top of a button to the top of its hint
     const char* bare_text = foot_text;   // in the bar while the cursor is over the background
 };
@@ -31,9 +31,9 @@ void lay_out_hints(form&, screen_object& bar, const area& bar_at, screen_object&
                    const char* first_text = foot_text);
 // Hides the hint, and cancels a pending one.
 void end_hint(const hint_panel&);
-// Ends a hint also when the cursor moves over these objects.
+// Makes the hint end also when the cursor moves over these objects.
 void end_hint_over(const hint_panel&, std::initializer_list<screen_object*>);
-// Call it when the buttons have their click handlers: a click then also ends a hint.
+// Call it after the buttons' Click handlers are set: it extends them, so that a click also ends the hint.
 void make_hints(const hint_panel&, std::initializer_list<hint> frames, std::initializer_list<hint> buttons);
 
 }   // namespace vorn

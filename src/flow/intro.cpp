@@ -41,7 +41,7 @@ void make_intro(trainer& t)
         };
     s.Image1.MouseMove = s.window.MouseLeave = [&s] { unhighlight(s); };
     s.window.arrival = [&t, &s] {
-        unhighlight(s);   // a word that was clicked to leave the screen
+        unhighlight(s);   // the word that was clicked is still highlighted
         finddata(t);
     };
 }
@@ -56,8 +56,9 @@ void start_program(trainer& t)
     load(t.pc, t.results.window);
 }
 
-// The user may choose a file in the folder "ranges" instead: the program directory itself may contain no
-// file. A program directory can also be named "ranges"; the manual is then in the folder "ranges" in it.
+// The program directory for a file that the user has chosen. The file may also be in the folder "ranges" of
+// the program directory, which itself may contain no files. A program directory that is itself named "ranges"
+// is recognised by its "ranges/vorn.HLP".
 static std::filesystem::path directory_of(const std::string& file)
 {
     const std::filesystem::path folder = from_utf8(file).parent_path();

@@ -20,11 +20,11 @@ void make_intro(trainer&);
 // design.cpp: the layout.
 void design_intro(intro_screen&);
 
-// Starts the program. Run it as one event; the arrival at the title screen follows.
+// Starts the program. Call it as one event; the arrival at the title screen follows that event.
 void start_program(trainer&);
 
-// Makes the program directory the working directory and sets rootpath. Asks the user if the default directory
-// can't be entered.
+// Makes the program directory the working directory and sets rootpath. If the default directory can't be
+// entered, asks the user for the program directory.
 void finddata(trainer&);
 
 }   // namespace vorn
