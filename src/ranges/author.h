@@ -1,4 +1,4 @@
-// The functions that the sources of the range author share.
+// Functions shared by the sources of the range author.
 #pragma once
 
 #include "platform/objects.h"
@@ -8,9 +8,9 @@ namespace vorn {
 struct trainer;
 struct rauthor_screen;
 
-// The marked point in the sight window, twips from its upper left corner.
+// The marked point, twips from the upper left corner of the sight window.
 inline constexpr double mark_right = 1680, mark_down = 1440;
-// The overview in its frame, twips. Its size doesn't depend on the picture.
+// Place and size of the overview in its frame, twips. They don't depend on the picture.
 inline constexpr double overview_left = 120, overview_top = 360;
 inline constexpr double overview_width = 14000, overview_height = 5000;
 
@@ -19,19 +19,19 @@ void design_rauthor(rauthor_screen&);
 
 // view.cpp: the picture behind the sight window.
 void make_view(rauthor_screen&);
-// Shows the picture on the overview and sets its scales.
+// Shows the range picture in the overview and sets the scales of the overview.
 void scaleoverview(rauthor_screen&);
 // Sets the ground band for the placeholder picture.
 void placeholderband(rauthor_screen&);
-// Puts a loaded picture behind the sight window, at the place of the previous one.
+// Replaces the picture behind the sight window, without moving it.
 void hangpicture(rauthor_screen&, picture);
-// Puts a loaded picture behind the sight window and shows its middle.
+// Replaces the picture behind the sight window, and moves its middle there.
 void putpicture(rauthor_screen&, picture);
-// Shows the size of the picture and makes its middle the marked point.
+// Shows the size of the picture, and sets the marked point as if the middle of the picture were shown.
 void showmiddle(rauthor_screen&);
-// Proposes a range from the height of the point on the picture. No proposal above or below the ground band.
+// Proposes a range from the height of the marked point in the picture. Does nothing outside the ground band.
 void proposerange(rauthor_screen&);
-// The place of the cursor or of a marker on the overview for a point on the picture.
+// The place in the overview of a cursor or marker for a point of the picture.
 area overviewplace(const rauthor_screen&, double x, double y);
 
 // targets.cpp: the positions and icons.
@@ -39,12 +39,12 @@ void make_targets(trainer&);
 void showplaced(rauthor_screen&, int position);
 // Sets the range of the marked point.
 void settargetrange(rauthor_screen&, int metres);
-// Shows the target at the marked point, in the size for its range; hides it without a range.
+// Shows the target at the marked point in the size for its range; hides it if the point has no range.
 void showtarget(rauthor_screen&);
-// Shows icon 1, 2 or 3 of the open range. False, and no change, if it can't be loaded.
+// Shows icon 1, 2 or 3 of the open range. Returns false, and keeps the shown icon, if it can't be loaded.
 bool loadicon(trainer&, int icon);
 
-// rangedisk.cpp: new, open and save.
+// rangedisk.cpp: the buttons for new, open and save.
 void make_rangedisk(trainer&);
 
 }   // namespace vorn

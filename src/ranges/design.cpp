@@ -1,5 +1,5 @@
-// The layout of the range author, in twips: at the top the frames from left to right in the order in which a
-// position is marked, under them the overview of the range.
+// The layout of the range author, in twips. At the top are the frames, from left to right in the order of
+// work; below them is the overview of the range.
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -34,11 +34,11 @@ void buttons(S& s)
                  {s.Cmdstart, "RETURN", "START"},
                  {s.Cmdexit, "EXIT VORN", ""},
                  {s.Command1, "HELP", ""}});
-    // Closing the window returns to the set-up screen behind it and loses nothing.
+    // Closing the window returns to the set-up screen and loses nothing.
     s.window.exit_button = &s.Cmdstart;
 }
 
-// The picture starts with its middle in the window.
+// At the start the middle of the picture is at the upper left corner of the window.
 void sight_window(S& s)
 {
     constexpr double width = 43560, height = 7335;   // of the placeholder: the size of a small range picture
@@ -56,7 +56,7 @@ void sight_window(S& s)
 
 void arrows(S& s)
 {
-    constexpr double left = 120, top = 900, step = 465, side = 450;   // a cross in a grid of 5 by 5 places
+    constexpr double left = 120, top = 900, step = 465, side = 450;   // a cross in a grid of 5 by 5 cells
     const struct {
         screen_object& button;
         int column, row;
@@ -110,7 +110,7 @@ void number_buttons(S& s)
     }
 }
 
-// A clickable label, with a background that shows it as such.
+// A clickable label, with a background so that it looks like a button.
 object_fields plate(area at, const char* words, const char* tip)
 {
     object_fields f = label(at, words, colour::text, text_size::normal, alignment::centre);
@@ -175,8 +175,8 @@ void overview(S& s)
     add(s.window, s.Imgpoint, std::move(pointer), &s.Frame1);
 }
 
-// In a wide window the texts are beside the four frames, and the overview grows into the height that they
-// leave.
+// In a wide window the texts are beside the four frames, and the overview is enlarged into the height that is
+// left below the frames.
 wide_layout wide(const S& s, double width)
 {
     constexpr double margin = 60, top = 390, texts_left = 15150, least_texts = 2000, most_texts = 5400;

@@ -13,12 +13,12 @@ namespace {
 constexpr const char* picture_filter = "VRP/TRP thermal & visual picture files (*.vrp)|*.vrp|(*.trp)|*.trp|";
 constexpr const char* standby_picture = "range1.vrp";
 
-// Smaller pictures leave the sights of a practice no room to move. In twips.
+// Limits in twips. Smaller pictures leave the sights of a practice no room to move.
 constexpr double too_narrow = 20000;
 constexpr double high_enough = 6000;
 
-// Keeps the path as it was chosen if it fits into a range file, otherwise relative to the folder of the
-// ranges, which a practice finds as well. False if neither fits.
+// Keeps the chosen path if it fits into a range file, otherwise the path relative to the folder of the
+// ranges, which a practice also finds. Returns false if neither fits.
 bool keeppicturepath(trainer& t, const std::string& path)
 {
     auto& kept = t.shared.rangepicture;
@@ -55,8 +55,8 @@ taken loadpicture(trainer& t, const std::string& path)
     return taken::yes;
 }
 
-// Tries the chosen picture, and once the standby picture if the user chooses no other. True if he wants to
-// choose another.
+// Loads the chosen picture. If its size is unsuitable, asks whether the user wants to choose another, and if
+// not tries the standby picture. Returns true if the user wants to choose another.
 bool takepicture(trainer& t, const std::string& chosen)
 {
     for (const std::string& path : {chosen, std::string(standby_picture)}) {
@@ -102,7 +102,7 @@ std::string showpicture(trainer& t)
 
 void showposition(const practice_state& p, rauthor_screen& s, int position)
 {
-    if (position == 0) return;   // has neither number nor marker
+    if (position == 0) return;   // it has no number and no marker
     const area at = overviewplace(s, p.targetx[position], p.targety[position]);
     s.Img[position].Left = at.Left;
     s.Img[position].Top = at.Top;
@@ -123,7 +123,8 @@ std::string showpart(trainer& t, range_part part, int position)
     return {};
 }
 
-// Shows each part as it is read, also when the file ends early. Returns the reason for a failure.
+// Opens a range and shows each part as it is read, even if the file ends early. Returns the reason for a
+// failure.
 std::string openrange(trainer& t, const std::string& path)
 {
     const file_text file = read_file(t.pc, path);

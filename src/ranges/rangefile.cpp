@@ -6,12 +6,12 @@ namespace vorn {
 
 static constexpr const char* damaged = "It is not a whole range file.";
 
-// Visits the items of a file with this many entries in their order, and calls `done` after each part. Stops
-// when either returns false.
+// Calls `visit` for each item of a file with this many entries, in order, and `done` after each part. Stops
+// when one of them returns false.
 template <class state, class visitor, class action>
 static bool each_item(state& p, int entries, const visitor& visit, const action& done)
 {
-    int i = 0;   // the next entry
+    int i = 0;   // number of the entry
     const auto part = [&](range_part which, auto&... items) {
         return (visit(items) && ...) && done(which, i);
     };

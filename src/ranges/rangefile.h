@@ -1,5 +1,5 @@
-// The range file (.arf): a picture of a landscape, twenty numbered target positions on it and the
-// range of each. 69 lines of item text; entry 0 has no number.
+// The range file (.arf): a picture of a landscape, twenty numbered target positions on it, and the range in
+// metres of each. 69 lines of item text (state/item_text.h); entry 0 isn't used.
 #pragma once
 
 #include <functional>
@@ -12,38 +12,39 @@
 
 namespace vorn {
 
-// The filter of the dialogs that choose a range file.
+// The filter of the file dialogs for range files.
 inline constexpr const char* range_filter = "Range Files (*.arf)|*.arf|";
-// Entries that a practice reads. Position 20 is never shot at.
+// A practice reads entries 0 to 19: position 20 never gets a target.
 inline constexpr int practice_entries = 20;
 
 // The parts of the file in their order. `entry` occurs once for each position.
 enum class range_part { name, picture, type, icons, entry };
 
-// Reads all parts and calls `taken` after each; `position` is for entries. Stops at the first item that can't
-// be read, or when `taken` returns false; keeps what was read before. True if all was read.
+// Reads all parts and calls `taken` after each; `position` is the number of the entry. Stops at the first
+// item that can't be read, or when `taken` returns false; keeps what was read before. Returns true if all
+// parts were read.
 bool take_range(item_reader&, practice_state&,
                 const std::function<bool(range_part, int position)>& taken = {});
 
-// Each returns the reason for a failure, empty on success.
+// The next three functions return the reason for a failure, empty on success.
 
-// Reads name and type only. The path of the picture is left unchanged, as it must match the positions.
+// Reads only name and type. The path of the picture is left unchanged, since it must match the positions.
 std::string read_range_head(const machine&, const std::string& file, practice_state&);
-// Reads what a practice needs, or on a failure nothing.
+// Reads what a practice needs. A failure changes nothing.
 std::string read_range(const machine&, const std::string& file, practice_state&);
-// Writes the open range and makes the file the range of the practice.
+// Writes the open range. On success the file becomes the range of the practice.
 std::string write_range(const machine&, const std::string& file, practice_state&);
 
-// The bytes of a file with the open range.
+// The open range as the bytes of a range file.
 std::string range_file_bytes(const practice_state&);
 
-// The file that a stored icon text names: below rootpath, with or without a leading separator of either kind.
-// If there is no such file, the text is taken as a full path.
+// The path of the icon that a range file names. The stored path is relative to rootpath, with or without a
+// leading '/' or '\'. If there is no such file, it is used as a full path.
 std::string icon_path(const machine&, const std::string& rootpath, const std::string& stored);
-// The path relative to a folder, without a leading separator; nothing if it lies elsewhere.
+// The path relative to a folder, without a leading separator; nothing if the file isn't in the folder.
 std::optional<std::string> below_folder(const machine&, const std::string& folder, const std::string& path);
-// The text to store for an icon: relative to rootpath with a leading separator if it lies there, so that the
-// folder can be moved; otherwise the full path.
+// The path to store for an icon. If the icon is in rootpath, it is relative to rootpath with a leading
+// separator, so that the folder can be moved; otherwise it is the full path.
 std::string stored_icon(const machine&, const std::string& rootpath, const std::string& chosen);
 
 }   // namespace vorn

@@ -27,12 +27,13 @@ void rauthor_load(rauthor_screen& s)
     placeholderband(s);
 }
 
-// Shows the icons of the open range, which a save would store; one that can't be loaded stays as it is.
+// Shows the icons of the open range, which SAVE RANGE would store. An icon that can't be
+// loaded leaves the shown one unchanged.
 void rauthor_arrival(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
-    end_hint(hints_of(s));                // one may be left from before the set-up screen hid this one
-    s.targetsize = t.shared.targetsize;   // the set-up may have changed it
+    end_hint(hints_of(s));                // one may be left from when the screen was last shown
+    s.targetsize = t.shared.targetsize;   // the option may have changed
     showmiddle(s);
     for (int icon = 1; icon <= 3; ++icon) loadicon(t, icon);
 }

@@ -14,7 +14,7 @@ namespace vorn {
 
 namespace {
 
-constexpr double marker_aside = 100;   // twips from the overview's cursor to the marker
+constexpr double marker_aside = 100;   // twips right and down from the overview's cursor to the marker
 
 void lbltargetnum_click(rauthor_screen& s, int position)
 {
@@ -26,7 +26,7 @@ void lbltargetnum_click(rauthor_screen& s, int position)
     s.Lbltarget.Caption = std::to_string(position);
 }
 
-// The range in metres that a text gives; nothing if a position can't store it.
+// Parses a range in metres; nothing if a position can't store it.
 std::optional<int> range_of(const std::string& text)
 {
     const std::size_t from = text.find_first_not_of(' ');

@@ -14,7 +14,7 @@ using S = rauthor_screen;
 constexpr double pointer = 240;   // side of the overview's cursor, twips; its lower right corner is the point
 constexpr int as_fast_as_possible = 1;   // milliseconds
 
-// Limits of the picture's movement, twips: it must not leave the sight window.
+// Limits of the picture's movement, twips. The picture must not leave the sight window.
 constexpr double near_edge = -120;
 constexpr double window_width = 3000, window_height = 2500;
 constexpr double spare_below = 100, spare_right = 1;
@@ -63,12 +63,12 @@ void timey1_tick(S& s)
     if (spare_below - s.Imagerange.Height + window_height < s.Imagerange.Top) movey(s);
 }
 
-// Moves the marked point towards a place of the overview by small steps of the arrows.
+// Moves the marked point towards a place in the overview, in the steps of the small arrows.
 void moveto(S& s, double x, double y)
 {
     constexpr int small_step = 100;
     const auto go = [&s](double off, int S::*step, void (*back)(S&), void (*on)(S&)) {
-        // The step of an arrow that may be pressed; it is restored below.
+        // An arrow may be pressed meanwhile: its step is restored below.
         const int pressed = std::exchange(s.*step, off < 0 ? small_step : -small_step);
         for (double n = rounded(std::abs(off) / small_step); n > 0; --n) (off < 0 ? back : on)(s);
         s.*step = pressed;
@@ -77,7 +77,7 @@ void moveto(S& s, double x, double y)
     go(y * s.authorscaley - s.pointy, &S::stepy, timey_tick, timey1_tick);
 }
 
-// The ground of a range picture: from a third of the way down to three quarters.
+// Sets the ground band: from a third of the way down the picture to three quarters.
 void findband(S& s)
 {
     s.bandbottom = 3 * Int(s.Imagerange.Height / 4);
@@ -100,7 +100,8 @@ void scaleoverview(rauthor_screen& s)
     s.Image1.Picture = s.Imagerange.Picture;
 }
 
-// In units of the overview rather than of the picture, so that no range is proposed on the placeholder.
+// In twips of the overview, not of the picture. On the placeholder the marked point then can't reach the
+// band, so that no range is proposed.
 void placeholderband(rauthor_screen& s)
 {
     const float height = static_cast<float>(s.Imagerange.Height);
@@ -139,11 +140,11 @@ void putpicture(rauthor_screen& s, picture p)
 void proposerange(rauthor_screen& s)
 {
     constexpr int steps = 40;         // in the band
-    constexpr double beyond = 50;     // steps from the top of the band to the origin of the count
-    constexpr double nearest = 500;   // metres at the origin
+    constexpr double beyond = 50;     // steps from the top of the band to the row of the nearest range
+    constexpr double nearest = 500;   // metres
     if (s.pointy <= s.bandtop || s.pointy >= s.bandbottom) return;
     const double step = Int(s.bandheight / steps);
-    if (step < 1) return;   // a picture only a few pixels high, from a range file
+    if (step < 1) return;   // a range file may name a picture only a few pixels high
     const double m = beyond - Int((s.pointy - s.bandtop) / step);
     settargetrange(s, static_cast<int>(m * m + nearest));
 }
