@@ -1,4 +1,4 @@
-// The functions that the sources of the debrief screen share.
+// Functions shared by the sources of the debrief screen.
 #pragma once
 
 namespace vorn {
@@ -14,15 +14,16 @@ void design_results(results_screen&);
 
 // engagement.cpp: the list of engagements, and the selected one.
 void make_engagements(trainer&);
-// Loads the icons that the record names. False if one can't be loaded; the built-in picture is then shown.
+// Loads the icons that the record names. Returns false if one can't be loaded; the built-in picture is then
+// shown.
 bool loadstock(trainer&);
-// Shows the pictures of the list and selects engagement 1.
+// Shows the pictures in the list of engagements and selects engagement 1.
 void fillengagements(trainer&);
 
-// results.cpp: shows the head of the record.
+// results.cpp: shows student, practice type and range from the record.
 void showdetails(trainer&);
-// Shows the picture of the record's range on the strip, or the placeholder. False if the record names a
-// picture that can't be loaded.
+// Shows the range picture of the record, or the placeholder, in the strip. Returns false if the picture can't
+// be loaded.
 bool showrange(trainer&);
 
 }   // namespace vorn

@@ -1,5 +1,5 @@
-// The layout of the debrief screen, in twips: the range along the top; below it from left to right the list
-// of engagements, the facts of the selected one, and the target with its markers.
+// The layout of the debrief screen, in twips. The strip with the range is along the top. Below it are, from
+// left to right, the list of engagements, the data of the selected engagement, and the target with its marks.
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -15,7 +15,7 @@ namespace {
 
 using S = results_screen;
 
-// The marks of lase and visual aim are upside down, since they are placed with the signs of the record.
+// The marks of lase and visual aim are upside down, since they are placed by the offsets in the record.
 constexpr const char* reading =
     "The cross is the middle of the target. The other marks show laser, aim and round against it.\n\n"
     "Laser, and aim of the visual sight, are upside down: below the cross is too high.\n\n"
@@ -103,7 +103,6 @@ void information(S& s)
     }
 }
 
-// The meaning of the four marks.
 void legend(S& s)
 {
     add(s.window, s.Frame7, frame({90, 4620, 4515, 2145}, "LEGEND"), &s.Frame1);
@@ -139,7 +138,7 @@ void target_details(S& s)
     add(s.window, s.Frame1, frame({7320, 3480, 4695, 6855}, " TARGET DETAILS"));
     caption(s, &s.Frame1, label({180, 390, 1800, 300}, "ROUNDS FIRED", colour::dim));
     add(s.window, s.Lblrounds, bold(label({1980, 390, 900, 300}, "", colour::live)), &s.Frame1);
-    const area seen{60, 720, 4575, 3255};   // bounds of the markers; one outside is shown at the edge
+    const area seen{60, 720, 4575, 3255};   // bounds of the marks; a mark outside is shown at the edge
     caption(s, &s.Frame1, image(seen, ":target_ground"));
     add(s.window, s.Imgtargetdetails, with_tip(image({1440, 960, 1695, 1695}, ":target"), "LAY OF MBS"),
         &s.Frame1);
@@ -181,8 +180,8 @@ void thermal_marks(S& s)
     add(s.window, s.Imgrevhesh, hidden(image({1020, 1418, 1080, 375}, ":revhesh")), &s.Frmtherm);
 }
 
-// In a wide window the target with its markers takes the right side below the buttons. The left side has the
-// strip and, below it, the frames, enlarged as far as they fit.
+// In a wide window the target with its marks fills the right side below the buttons. On the left side are the
+// strip and, below it, the other frames, enlarged as far as they fit.
 wide_layout wide(const S& s, double width)
 {
     constexpr double margin = 60, top = 390, foot = 10560, least_left = 11400, least_gain = 1.1;

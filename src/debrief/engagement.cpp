@@ -13,16 +13,16 @@ namespace vorn {
 namespace {
 
 constexpr int rows = 15;
-constexpr int farthest_seen = 2200;   // metres; beyond it the point of aim is not shown
+constexpr int farthest_seen = 2200;   // metres; at longer ranges the point of aim isn't shown
 
-// Rounds 1 to 4.
+// The buttons of rounds 1 to 4.
 using round_buttons = std::array<screen_object*, 4>;
 round_buttons roundbuttons(results_screen& s)
 {
     return {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4};
 }
 
-// There is no picture for "DST": the row of the list keeps its previous one.
+// There is no picture for "DST": the row of the list keeps its previous picture.
 void show_in_list(const practice_state& p, results_screen& s, int e)
 {
     const struct {
@@ -33,8 +33,8 @@ void show_in_list(const practice_state& p, results_screen& s, int e)
         if (p.recammo[e] == ammo) s.Imgtgtnumber[e].Picture = stock.Picture;
 }
 
-// The mark of the thermal sight: the ballistic aiming mark with the full system, otherwise the reversionary
-// mark.
+// Shows the mark that the thermal sight had: the ballistic aiming mark with the full system, otherwise a
+// reversionary mark.
 void show_sight_marks(const practice_state& p, results_screen& s)
 {
     const bool full = p.recsystem[s.selectedengagement] == "FULL";
@@ -65,7 +65,7 @@ void place(screen_object& mark, double left, double top)
     mark.Top = top;
 }
 
-// Marks the button of the round that is shown.
+// Highlights the button of the round that is shown.
 void show_round(results_screen& s, int round)
 {
     for (int r = 1; screen_object * button : roundbuttons(s)) {
@@ -76,8 +76,8 @@ void show_round(results_screen& s, int round)
     }
 }
 
-// The offsets of the record run from the aim, the lase and the round to the target. A mark without an entry
-// in the record is pale.
+// The offsets in the record run from the aim, the lase and the round to the target. A mark is pale if the
+// record has no offset for it.
 void place_markers(const practice_state& p, results_screen& s, int round)
 {
     const int e = s.selectedengagement;
@@ -87,14 +87,14 @@ void place_markers(const practice_state& p, results_screen& s, int round)
     place(s.Imglaze, left - p.reclazex[e] * scale, top + p.reclazey[e] * scale);
     place(s.Imgfos, left - p.recfallx[e][round] * scale, top - p.recfally[e][round] * scale);
     s.Imagepoa.Pale = p.recrounds[e] < 1;
-    // Auto-repeats of the trigger in a visual coax burst have an aim and no fall.
+    // For auto-repeats of the trigger in a visual coax burst the record has an aim and no fall of shot.
     s.Imgfos.Pale = s.Imagepoa.Pale || (p.recfallx[e][round] == 0 && p.recfally[e][round] == 0);
     s.Imglaze.Pale = p.reclazex[e] == 0 && p.reclazey[e] == 0;
     show_round(s, round);
 }
 
-// A hit has the middle of its fall mark inside this outline. The record has no kill area, so this uses
-// the current option.
+// A round is a hit if the middle of its mark is inside this outline. The record has no kill area, so the
+// current option is used.
 void outline_killbox(const practice_state& p, results_screen& s)
 {
     const double width = p.recwidth[s.selectedengagement];
@@ -106,7 +106,8 @@ void outline_killbox(const practice_state& p, results_screen& s)
     s.killbox.Height = (box.bottom - box.top) * scale;
 }
 
-// A target without a width, such as a thermal one that was not lased, gives no scale: its markers are hidden.
+// A target without a width, such as a thermal target that was not lased, gives no scale. Its marks are
+// hidden.
 void show_markers(const practice_state& p, results_screen& s)
 {
     const int e = s.selectedengagement;
@@ -120,8 +121,8 @@ void show_markers(const practice_state& p, results_screen& s)
     if (measured) outline_killbox(p, s);
 }
 
-// An engagement of one round has no round buttons. A further round is recognised by its aim, so one laid
-// exactly on the centre line of the target gets no button.
+// An engagement with one round has no round buttons. Another round is recognised by its aim offset, so a
+// round aimed exactly at the centre line of the target gets no button.
 void show_round_buttons(const practice_state& p, results_screen& s)
 {
     const auto& aim = p.recaimx[s.selectedengagement];
@@ -154,7 +155,7 @@ void target(trainer& t)
     point_at_target(t.shared, s);
     show_markers(t.shared, s);
     show_round_buttons(t.shared, s);
-    s.Imgthermtarget.Pale = true;   // until a round button places it
+    s.Imgthermtarget.Pale = true;   // until a round button is clicked
     s.Frame1.Visible = t.shared.recsystem[s.selectedengagement] != "TLS ONLY";
 }
 
@@ -162,7 +163,7 @@ void highlight(results_screen& s, int e)
 {
     for (int n = 1; n <= rows; ++n) {
         s.Lbltgtnumber[n].ForeColor = n == e ? colour::red : colour::darkred;
-        s.Lbltgtnumber[n].bold = n == e;   // to be distinguished without colour too
+        s.Lbltgtnumber[n].bold = n == e;   // recognisable without colour
     }
 }
 
@@ -203,7 +204,7 @@ bool loadstock(trainer& t)
                  {s.Imgcoax, p.targeticon3, p.resulticon3}};
     bool all = true;
     for (const auto& [holder, targeticon, resulticon] : stock) {
-        holder.Picture = holder.design->Picture;   // not the one of another record
+        holder.Picture = holder.design->Picture;   // drops the previous picture
         if (targeticon.empty() || resulticon.empty()) continue;
         loaded_picture loaded = t.pc.load_picture(icon_path(t.pc, p.rootpath, resulticon));
         if (loaded.result) holder.Picture = std::move(*loaded.result);

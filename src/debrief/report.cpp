@@ -6,15 +6,15 @@ namespace vorn {
 
 namespace {
 
-// Lines before the student's details, in another font.
+// The lines before the student's details have a larger font.
 constexpr int heading_lines = 6;
 
-// The label of an engagement's number on paper and in the text file.
+// The label of an engagement's number, on paper and in the text file.
 constexpr const char* on_paper = "TARGET NUMBER..............";
 constexpr const char* in_text = "ENGAGEMENT NUMBER..........";
 
 struct sums {
-    double totaltime = 0;   // seconds; a target not destroyed counts 100
+    double totaltime = 0;   // seconds; a missed target counts 100
     int hitcount = 0;
 };
 
@@ -28,7 +28,7 @@ sums added_up(const practice_state& p)
     return s;
 }
 
-// A record without engagements, or without times, has no average or score: they are shown as 0.
+// A division by 0 gives 0: average and score of a record without engagements or without times.
 double divided(double a, double b)
 {
     return b == 0 ? 0 : a / b;
@@ -48,7 +48,7 @@ void add_engagement(text_lines& lines, const practice_state& p, int e, const std
                 "TIME TAKEN................." + number_text(p.rectime[e]), "         ~~~~~~~*~~~~~~~   "});
 }
 
-// Without a hit, no number of hits is printed.
+// Without a hit the number of hits is left out.
 void add_summary(text_lines& lines, const practice_state& p)
 {
     const sums s = added_up(p);

@@ -10,13 +10,13 @@
 
 namespace vorn {
 
-// The lines with their fonts, from engagements 1 to targetcount of the record in memory.
+// The lines of the report with their fonts, for engagements 1 to targetcount of the record in memory.
 std::vector<printed_line> report_lines(const practice_state&);
 
-// Prints the report on the default printer or, without one, into a file named after the student.
+// Prints the report on the default printer, or to a file named after the student if there is none.
 print_outcome print_report(machine&, const practice_state&);
-// Writes it to "printtest.txt" in the working directory, and replaces a file of that name. Returns the reason
-// of a failure, empty on success.
+// Writes the report to "printtest.txt" in the working directory and replaces an existing file. Returns the
+// reason for a failure, empty on success.
 std::string write_text_report(const machine&, const practice_state&);
 
 }   // namespace vorn

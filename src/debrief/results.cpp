@@ -24,7 +24,6 @@ void show_box(trainer& t, const std::string& text, const std::string& title = {}
     t.pc.message_box({text, title});
 }
 
-// Runs each time the screen is shown.
 void results_arrival(trainer& t)
 {
     results_screen& s = t.results;
@@ -55,7 +54,8 @@ void save_record(trainer& t)
     t.results.outcome.Caption = t.shared.resultsfile + " is saved";
 }
 
-// Reads the record and shows it. False also if a picture or icon that it names can't be loaded.
+// Reads the record and shows it. Returns false if the record, its picture or one of its icons can't be
+// loaded.
 bool read_record(trainer& t)
 {
     results_screen& s = t.results;
@@ -66,7 +66,7 @@ bool read_record(trainer& t)
         return false;
     s.Cmdopen.Enabled = true;
     showdetails(t);
-    // All of it, so that nothing of another record stays on the screen.
+    // Both are called even if the first fails, so that nothing of the previous record stays on the screen.
     const bool range = showrange(t), icons = loadstock(t);
     fillengagements(t);
     return range && icons;
@@ -95,7 +95,8 @@ void cmdprint_click(trainer& t)
     t.results.outcome.Caption = done.file.empty() ? "The report is printed" : done.file + " is saved";
 }
 
-// After a cancelled save, resultsfile names a file that doesn't exist. Deleting that fails and is reported.
+// After a cancelled save, resultsfile names a file that doesn't exist. The failure to delete it
+// is reported.
 void cmddelete_click(trainer& t)
 {
     t.results.outcome.Caption.clear();
@@ -164,7 +165,7 @@ bool showrange(trainer& t)
     const std::string file = without_padding(t.shared.resultpicture);
     loaded_picture found;
     if (!file.empty()) found = t.pc.load_picture(file);
-    static_cast<object_fields&>(s.originalrange) = *s.originalrange.design;   // not the one of another record
+    static_cast<object_fields&>(s.originalrange) = *s.originalrange.design;   // drops the previous picture
     s.imgtargetpointer.Visible = false;
     if (found.result) {
         s.originalrange.Picture = std::move(*found.result);

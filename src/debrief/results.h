@@ -1,5 +1,5 @@
-// The debrief screen: shows a finished practice engagement by engagement, with the last lase, the point of
-// aim and the fall of each round marked on the target; saves, opens, deletes and prints records.
+// The debrief screen. It shows a finished practice engagement by engagement, with the last lase, the point of
+// aim and the fall of shot of each round marked on the target. It saves, opens, deletes and prints records.
 #pragma once
 
 #include <cstdint>
@@ -14,17 +14,17 @@ struct trainer;
 struct results_screen {
     form window;
 
-    // Along the top.
+    // The buttons along the top.
     screen_object Cmdsave, Cmdopen, Cmdprint, Cmddelete, cmdnew, Cmdreplay, Cmdexit, Cmdhelpon;
 
     screen_object Imgrange;           // the range picture, scaled to a strip
-    screen_object imgtargetpointer;   // where the selected target was on it
-    screen_object originalrange;   // the same picture at full size, never shown: gives the scale of the strip
+    screen_object imgtargetpointer;   // marks the selected target on the strip
+    screen_object originalrange;      // holder of the same picture at full size, for the scale of the strip
 
-    // The engagement list, from 1.
+    // The list of engagements, indexed from 1.
     screen_object Frame4;
     screen_object Lbltgtnumber[16], Imgtgtnumber[16];
-    screen_object Imgfin, Imghesh, Imgcoax, imgblank;   // pictures for the list, never shown
+    screen_object Imgfin, Imghesh, Imgcoax, imgblank;   // holders of the pictures for the list
 
     screen_object Frame3, Txtstudent, Txtpractype, Txtrngename;
     screen_object Frame2, Lbltargetnum, Lblsystem, Lblammo, lbltargetrange, Lbltarget, Lbltime;
@@ -32,7 +32,7 @@ struct results_screen {
     // The target and its markers.
     screen_object Frame1, Lblrounds, Cmdround1, cmdround2, Cmdround3, cmdround4;
     screen_object Imgtargetdetails, Shape1, Imgreptarget, Imglaze, Imagepoa, Imgfos, Lbltargetvis, Frame7;
-    screen_object killbox;   // where the fall of a round is a hit
+    screen_object killbox;   // outline in which a mark of the fall of shot is a hit
 
     screen_object Frmreading;   // how to read the marks
     screen_object Frmtherm, Imgthermtarget, Imgbam, Imgrevfin, Imgrevhesh;

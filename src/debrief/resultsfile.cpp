@@ -30,7 +30,8 @@ static bool each_round(table& t, const visitor& visit)
     });
 }
 
-// The items of lines 6 to 520 in their order, for reader and writer. Stops when the visitor returns false.
+// Visits the items of lines 6 to 520 in order, to read or to write them. Stops when the visitor returns
+// false.
 template <class record, class visitor>
 static bool each_of_rest(record& p, const visitor& visit)
 {
@@ -58,8 +59,7 @@ std::string results_file_bytes(const practice_state& p)
     return items.file_bytes();
 }
 
-// The record has rows for 15 engagements. Loops over the engagements run to this number, so a larger one
-// would index past the end of the tables.
+// Loops over the engagements run to targetcount, so a count above 15 would index past the end of the tables.
 static bool take_count(item_reader& items, practice_state& p)
 {
     int16 count;
