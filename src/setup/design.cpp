@@ -1,6 +1,7 @@
-// The layout of the set-up screen, in twips, in the order in which an instructor works: student on the left,
-// practice and options in the middle, range and controls on the right. The numbers in the corners of the
-// frames are the steps of the instructions. The Tab order is the same and ends at the buttons along the top.
+// The layout of the set-up screen, in twips. It follows the order in which an instructor works: student on
+// the left, practice and options in the middle, range and controls on the right. The numbers in the corners
+// of the frames are the steps of the instructions. The Tab order follows these steps and ends at the buttons
+// along the top.
 #include <tuple>
 
 #include "flow/hints.h"
@@ -32,7 +33,7 @@ constexpr const char* choosing =
     "practice "
     "and choose from the list given. Details will be displayed in the details box.";
 
-// Shows the step of the instructions in the corner of a frame.
+// Shows the number of a step of the instructions in the corner of a frame.
 void step(S& s, screen_object& frame, const char* number)
 {
     caption(s, &frame,
@@ -40,7 +41,7 @@ void step(S& s, screen_object& frame, const char* number)
                        alignment::right)));
 }
 
-// A frame with a column of options.
+// One option of a column.
 struct option_row {
     screen_object S::*option;
     const char* caption;
@@ -48,6 +49,7 @@ struct option_row {
     const char* tip = "";
     bool shown = true;
 };
+// Adds a frame with a column of options.
 void options(S& s, screen_object& group, screen_object& parent, area at, const char* title, const char* tip,
              std::initializer_list<option_row> rows)
 {
@@ -94,7 +96,7 @@ void practice_targets(S& s)
     }
 }
 
-// The summary; two of its rows have two lines side by side.
+// Two rows of the summary have two lines side by side.
 void summary(S& s)
 {
     static constexpr struct {
@@ -201,7 +203,7 @@ void screen_info(S& s)
 {
     add(s.window, s.Frame5, frame({9960, 2730, 3480, 1620}, "Info"));
     step(s, s.Frame5, "4");
-    constexpr double box_step = 390;   // three of them fill the frame
+    constexpr double box_step = 390;   // three rows fill the frame
     static constexpr struct {
         screen_object S::*box;
         const char* caption;

@@ -10,7 +10,7 @@ namespace {
 using S = startsim_screen;
 using P = practice_state;
 
-// A line of the summary of what is set up.
+// A line of the summary of the set-up.
 struct line {
     int number = -1;   // -1: none
     const char* text = nullptr;
@@ -21,7 +21,7 @@ void write(trainer& t, const line& l)
     if (l.number >= 0) t.startsim.lblprac[l.number].Caption = l.text;
 }
 
-// An option that sets one value and writes one line of the summary, or none.
+// An option that sets one value and writes at most one line of the summary.
 template <class T>
 struct choice {
     screen_object S::*option;
@@ -70,7 +70,7 @@ constexpr choice<int16> numbers[] = {
     {&S::Opttime4, &P::targettime, 40, {4, "UP FOR 40 SECS"}},
 };
 
-// An option for the state of the fire control system.
+// An option for the system status.
 struct system_choice {
     screen_object S::*option;
     int status;
@@ -96,14 +96,15 @@ void make_systems(trainer& t)
         };
 }
 
-// Writes the line of the selected coax bursts option.
+// Writes the summary line of the selected coax bursts option.
 void writebursts(trainer& t)
 {
     for (const choice<int>& b : bursts)
         if ((t.startsim.*b.option).Value != 0) write(t, b.summary);
 }
 
-// Wind affects only HESH, and the number of bursts only coax targets; otherwise their frames are disabled.
+// The wind frame is enabled if there are HESH engagements, the coax bursts frame if there are coax
+// engagements.
 struct engagement_choice {
     screen_object S::*option;
     int type;
@@ -142,14 +143,14 @@ void make_method(trainer& t)
     const auto select = [&t](bool joystick, bool mouse) {
         t.shared.joyselected = joystick;
         t.shared.mouseselected = mouse;
-        if (!mouse) t.shared.keyboardselected = true;   // the mouse leaves it as it was
+        if (!mouse) t.shared.keyboardselected = true;   // the mouse doesn't change it
     };
     t.startsim.Optcon1.Click = [select] { select(true, false); };
     t.startsim.Optcon2.Click = [select] { select(false, false); };
     t.startsim.Optcon3.Click = [select] { select(false, true); };
 }
 
-// A click inverts the setting, whatever the box shows.
+// A click inverts the setting, even if the box shows another value.
 void make_checkboxes(trainer& t)
 {
     static constexpr struct {

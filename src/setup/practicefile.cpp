@@ -11,7 +11,7 @@ namespace {
 using S = startsim_screen;
 using option = screen_object S::*;
 
-// The order of the file: options, the wind, more options, the lines of the summary from 1.
+// The order of the items: options, the wind, more options, lines 1 to 7 of the summary.
 constexpr option before_wind[] = {&S::Optmode1, &S::Optmode2, &S::Opttarg1, &S::Opttarg2,
                                   &S::Option2,  &S::Option3,  &S::Option4};
 constexpr option after_wind[] = {&S::Optsys1,     &S::Optsys2,     &S::Optsys3,     &S::Optsys4,
@@ -20,7 +20,8 @@ constexpr option after_wind[] = {&S::Optsys1,     &S::Optsys2,     &S::Optsys3, 
                                  &S::Opttime1,    &S::Opttime2,    &S::Opttime3,    &S::Opttime4};
 constexpr int first_line = 1, last_line = 7;
 
-// An option that is false is cleared without running an action; one that becomes selected runs its action.
+// False clears the option without running a handler. True selects the option, which runs its Click handler
+// unless it is already selected.
 bool take_option(item_reader& items, screen_object& o)
 {
     bool chosen = false;

@@ -24,16 +24,16 @@ constexpr option up30 = &S::Opttime3, up40 = &S::Opttime4;
 constexpr const char* standard = "STANDARD PRACTICE SHOOT";
 constexpr const char* special = "SPECIAL PRACTICE SHOOT";
 constexpr const char* thirty = "UP FOR 30 SECS ";
-constexpr const char* thirty2 = " UP FOR 30 SECS ";   // practices 1 and 2 have one space more
+constexpr const char* thirty2 = " UP FOR 30 SECS ";   // practices 1 and 2 have an extra space
 constexpr const char* no_coax = "THERE WILL BE NO COAX TARGETS";
 constexpr const char* bursts = "2 KILL BURSTS FOR COAX TARGETS";
 
-// In the summary of practices 1 to 11, although they have nine targets.
+// Shown for practices 1 to 11, although they have nine targets.
 constexpr const char* six = "SIX TARGETS";
 constexpr const char* automatic = "ALL TARGETS APPEAR AUTOMATICALLY";
 
-// What a practice selects, and its summary. All select Automatic, two bursts and nine targets as well. The
-// summary is fixed: it may say thirty seconds when forty are selected.
+// The options that a practice selects, and its summary. All practices also select Automatic, two bursts and
+// nine targets. The summary is fixed: it may say thirty seconds when forty are selected.
 struct programmed {
     choice mode, system;
     const char* practice;
@@ -61,8 +61,7 @@ constexpr programmed practices[] = {
 void highlight(startsim_screen& s, int number)
 {
     for (int n = 1; n <= 11; ++n) s.Lblpractice[n].ForeColor = colour::darkred;
-    for (int n = 1; n <= 12; ++n)
-        s.Lblpractice[n].bold = n == number;   // to be distinguished without colour too
+    for (int n = 1; n <= 12; ++n) s.Lblpractice[n].bold = n == number;   // recognisable without colour
     s.Lblpractice[number].ForeColor = colour::red;
 }
 

@@ -34,7 +34,7 @@ void command3_click(trainer& t)
     select_option(t.startsim.Optmode1);
 }
 
-// The range author may change the range and thereby the mode.
+// Disables the mode, since the range author may change the range and with it the mode.
 void cmdeditrange_click(trainer& t)
 {
     if (!asked_with_name(t, {" LOAD THE RANGE EDITOR ?"})) return;

@@ -1,4 +1,4 @@
-// The functions that the sources of the set-up screen share.
+// Functions shared by the sources of the set-up screen.
 #pragma once
 
 #include <string>
@@ -19,10 +19,10 @@ void make_practices(trainer&);
 
 // practicefile.cpp: practice files.
 void make_practicefile(trainer&);
-// The bytes of a file with the options of the screen.
+// The options on the screen as the bytes of a practice file.
 std::string practice_file_bytes(const startsim_screen&);
-// Applies the items of a file one by one, each by selecting its option. Stops at the first that can't be
-// read; what was applied before stays.
+// Applies the items of a practice file to the options one by one. Stops at the first item that can't be read;
+// items applied before stay applied.
 void apply_practice(trainer&, const std::string& text);
 
 // range.cpp: the choice of the range.

@@ -14,8 +14,8 @@ namespace vorn {
 
 namespace {
 
-// Also hides the range author and unloads the calibration: either would lead back to the set-up, and to a
-// second practice.
+// Also closes the range author and the calibration screen. From either the user could return to the set-up
+// and start a second practice.
 void leavefor(trainer& t, form& next)
 {
     show(t.pc, next);
@@ -52,7 +52,7 @@ void cmddebrief_click(trainer& t)
 void startsim_arrival(trainer& t)
 {
     t.startsim.outcome.Caption.clear();
-    t.shared.fulldebrief = true;   // a quick start has cleared it; the option still shows its choice
+    t.shared.fulldebrief = true;   // a quick start clears it, but doesn't change the option
     if (!change_directory(t.pc, t.shared.rootpath))
         t.pc.message_box({lines({"THE FOLDER OF THE RANGES CAN'T BE OPENED", t.shared.rootpath}), name_title,
                           box_buttons::ok, box_sign::information});

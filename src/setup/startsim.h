@@ -1,5 +1,5 @@
-// The practice set-up screen: the student, the options or a programmed practice, the range, the controls, the
-// start. Each option is written into the shared state when it is selected.
+// The practice set-up screen: the student, the options or a programmed practice, the range, the controls, and
+// the start of a practice. Each option is written to the shared state when it is selected.
 #pragma once
 
 #include <deque>
@@ -14,15 +14,15 @@ struct trainer;
 struct startsim_screen {
     form window;
 
-    // Along the top.
+    // The buttons along the top.
     screen_object cmdopenset, cmdsaveset, Cmdstart, cmdgame, Cmddebrief, Cmdabout, Cmdhelpon, Cmdexit;
 
     screen_object Frame2, Txtname, Txtnum;   // student details
     screen_object Frame3, Label3, Image1;    // instructions, and the program picture that can cover them
 
-    // Practices: twelve numbered targets, and the summary of what is set up.
+    // Practices: twelve programmed practices, drawn as numbered targets, and the summary of the set-up.
     screen_object Frame13, Label14;
-    screen_object Imgpractice[13], Lblpractice[13];   // from 1
+    screen_object Imgpractice[13], Lblpractice[13];   // indexed from 1
     screen_object lblprac[8];
 
     // Options.
@@ -39,7 +39,7 @@ struct startsim_screen {
     // Range.
     screen_object Frame9, Lblrangename, lblrangetype, Cmdopenrange, cmdeditrange, Command3;
 
-    // What the gunnery screens show.
+    // Options for what the gunnery screens show.
     screen_object Frame5, Chkinfo1, Chkinfo2, chkinfo3, Chkgunlight, Chkcoax;
     screen_object Frame8, Optscreen1, Optscreen2;
 
@@ -55,7 +55,7 @@ struct startsim_screen {
     screen_object Frame7;   // advanced options
     screen_object Frmtgtsize, HSctgt, Frmkillarea, hsctarget, Frmcoaxerror, HSccoax;
 
-    screen_object outcome;   // names the practice file that was saved
+    screen_object outcome;   // shows the name of the practice file that was saved
     screen_object Lblinfo, Lblhelp;
     std::deque<screen_object> captions;   // the labels that never change
 
@@ -66,8 +66,8 @@ struct startsim_screen {
 
 void make_startsim(trainer&);
 
-// Reads name and type of the range of the practice and sets the mode by the type. If it can't be read, asks
-// the user for another; the answer No ends the program.
+// Reads name and type from the file of the range, and sets the practice mode by the type. If the file can't
+// be read, asks the user for another; the answer No ends the program.
 void readrangehead(trainer&);
 
 }   // namespace vorn
