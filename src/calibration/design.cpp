@@ -1,5 +1,6 @@
-// The layout of the calibration screen, in twips. From top to bottom: the buttons, whether a joystick is
-// connected, the three frames side by side (stick tester, readings, lamps of the buttons), the instructions.
+// The layout of the calibration screen, in twips. From top to bottom: the buttons, a label that says whether
+// a joystick is connected, three frames side by side (stick tester, readings, lamps of the joystick's
+// buttons), and the instructions.
 #include <string>
 #include <utility>
 
@@ -15,13 +16,13 @@ using S = joycal_screen;
 constexpr double top = 1515, height = 3720;   // of the three frames side by side
 constexpr double box = 720;                   // height of a reading and of a lamp
 
-// The top of one of the four rows that fill such a frame.
+// The top of row n of the four in each of these frames.
 constexpr double row(int n)
 {
     return 360 + 825.0 * n;
 }
 
-// Large text in the middle of a coloured field.
+// Large centred text on a coloured background.
 object_fields plate(area at, std::string words, colour fore, colour back)
 {
     object_fields f = bold(label(at, std::move(words), fore, text_size::large, alignment::centre));

@@ -14,14 +14,14 @@ using S = joycal_screen;
 constexpr int escape_key = 27;                    // virtual key code
 constexpr double dot_from = 120, dot_to = 2880;   // bounds of Left and Top of the dot
 
-// One axis of the stick: its readings, the numbers computed from them, the labels that show them, and the
-// coordinate of the dot that it moves.
+// One axis of the stick: the readings, the values computed from the readings, the labels for both, and the
+// coordinate of the dot that the axis moves.
 struct axis_row {
-    int end;   // number of the reading of the upper end of the scale
+    int end;   // number of the reading of the maximum
     int at;    // number of the reading of the position
     double practice_state::*centre;
     double practice_state::*factor;
-    screen_object S::*showsend;   // on a label that is never shown
+    screen_object S::*showsend;   // a label that is never shown
     screen_object S::*showsat;
     screen_object S::*showscentre;
     screen_object S::*showsstep;
@@ -107,7 +107,7 @@ void joystk_buttondown(trainer& t, S& s, int button)
     lightbutton(s, button, colour::red);
 }
 
-// The unit of the dead band is a twelfth of the distance from the stick's position to the end of its scale.
+// The unit of the dead band is a twelfth of the distance from the stick's position to its maximum.
 void takefactor(trainer& t, S& s, const axis_row& a)
 {
     const long end = t.pc.joystick_reading(a.end), at = t.pc.joystick_reading(a.at);
@@ -116,8 +116,8 @@ void takefactor(trainer& t, S& s, const axis_row& a)
     t.shared.*a.factor = (static_cast<double>(end) - static_cast<double>(at)) / 12.0;
 }
 
-// The dot moves as the sight does in a practice: one twip for each full 100 units beyond the dead band.
-// Rounding down makes it one twip faster to the left and up.
+// The dot moves like the sight in a practice: one twip for each full 100 units of the reading beyond the dead
+// band. The dot is one twip faster to the left and up, since the step is rounded down.
 void movedot(S& s, const axis_row& a, double bound, double at)
 {
     const double n = Int((at - bound) / 100);

@@ -1,5 +1,5 @@
-// The calibration screen: leads the user through the set-up of the joystick, lets him try stick and buttons,
-// and computes the numbers from which the gunnery screens work out the traverse.
+// The calibration screen. It guides the user through the calibration of the joystick, lets the user try stick
+// and buttons, and computes the values with which the gunnery screens convert stick positions to movement.
 #pragma once
 
 #include <deque>
@@ -20,7 +20,7 @@ struct joycal_screen {
     // The stick tester: Image1 is the background of the dot.
     screen_object Frmstick, Frmfield, Image1, dot;
 
-    // The readings, and the step of the dot at its last move.
+    // The readings, and the size of the dot's last step.
     screen_object Frmreadings;
     screen_object Lblxmin, Lblymin, Lblx, Lbly, Lblxfactor, Lblyfactor;
     screen_object Lblxmax, Lblymax;   // never shown
@@ -33,7 +33,7 @@ struct joycal_screen {
 
     std::deque<screen_object> captions;   // the labels that never change
 
-    int16 calstep = 0;         // of the procedure; 0 before START
+    int16 calstep = 0;         // the current step; 0 before START
     bool calstarted = false;   // START has been clicked
 };
 
