@@ -1,5 +1,5 @@
-// The cost of the window: a repaint of the sight, a sync without changes, and making the first window. The
-// argument is a range picture; the default is the shipped visual range.
+// Measures the window: a repaint of the sight, a comparison of all fields without changes (sync), and the
+// creation of the first window. The argument is a range picture; the default is the shipped visual range.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -14,7 +14,7 @@ namespace {
 
 using namespace vorn;
 
-// A screen as large as a gunnery screen: a sight with a picture and marks, and eighty other objects.
+// A screen about as complex as a gunnery screen: a sight with a picture and marks, and eighty other objects.
 struct busy_screen {
     form f;
     std::deque<screen_object> objects;

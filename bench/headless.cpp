@@ -1,4 +1,4 @@
-// The speed of a whole practice of 15 targets on the headless machine, on the shipped ranges.
+// Measures a whole practice of 15 targets on the headless machine, on the shipped ranges.
 #include <benchmark/benchmark.h>
 
 #include "flow/intro.h"
@@ -11,7 +11,7 @@ namespace {
 
 using namespace vorn;
 
-// Plays from the first box to the score. Returns the seconds of virtual time.
+// Runs the program from its start to the score. Returns the virtual time in seconds.
 double play(sight_kind kind)
 {
     headless_machine pc;

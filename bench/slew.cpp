@@ -139,7 +139,7 @@ void slew(gunnery_screen& s, desktop_machine& pc, frame_times& frames)
     print("between frames while slewing", intervals);
 }
 
-// Rounds of both natures at a target 1500 m away.
+// FIN and HESH rounds at a target 1500 m away.
 void flights(trainer& t, desktop_machine& pc, frame_times& frames)
 {
     gunnery_screen& s = t.simulator;
@@ -159,7 +159,7 @@ void flights(trainer& t, desktop_machine& pc, frame_times& frames)
     }
 }
 
-// Linux gives the size in pages.
+// /proc/self/statm gives sizes in pages.
 long resident_megabytes()
 {
     long all = 0, resident = 0;
@@ -169,7 +169,7 @@ long resident_megabytes()
 
 void idle()
 {
-    run_for(3000);   // the last bursts end
+    run_for(3000);   // until the last bursts have ended
     const double before = cpu_seconds();
     run_for(5000);
     rusage used{};

@@ -15,7 +15,7 @@ temporary=$(mktemp -d) client=
 trap 'kill "$client" 2>/dev/null || true; chmod -R u+w "$temporary"; rm -rf "$temporary"' EXIT
 chmod 755 "$temporary"
 xdotool getmouselocation >/dev/null   # fails without a display
-# A client that stays connected: an X server may reset when its last client disconnects, and refuse new ones meanwhile.
+# Keeps one client connected: an X server may reset when its last client disconnects, and refuse new clients meanwhile.
 xdotool search --sync --pid $$ >/dev/null 2>&1 &
 client=$!
 
