@@ -1,4 +1,4 @@
-// Points, vectors and colours, and the interpolation functions that all tools use.
+// Points, vectors and colours, and interpolation, for all tools.
 #pragma once
 
 #include <algorithm>
@@ -71,14 +71,14 @@ constexpr float clamp01(float v)
 {
     return std::clamp(v, 0.f, 1.f);
 }
-// From 0 at `low` to 1 at `high`, level at both ends.
+// From 0 at `low` to 1 at `high`, with slope 0 at both ends.
 constexpr float smoothstep(float low, float high, float v)
 {
     const float t = clamp01((v - low) / (high - low));
     return t * t * (3 - 2 * t);
 }
 
-// Linear light of a colour on the screen, by a gamma of 2.2.
+// The linear light of a screen colour, with a gamma of 2.2.
 inline vec3 linear(float red, float green, float blue)
 {
     return {std::pow(red, 2.2f), std::pow(green, 2.2f), std::pow(blue, 2.2f)};

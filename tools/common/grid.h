@@ -1,4 +1,4 @@
-// A rectangle of values, row by row: pixels, samples, cells of a map.
+// A rectangular grid of values, stored row by row: pixels, samples, cells of a map.
 #pragma once
 
 #include <type_traits>
@@ -34,7 +34,7 @@ struct grid {
     }
 };
 
-// Half the size, each value the mean of four.
+// The grid reduced to half its size: each value is the mean of four.
 template <class T>
 grid<T> halved(const grid<T>& big)
 {
@@ -46,7 +46,8 @@ grid<T> halved(const grid<T>& big)
     return small;
 }
 
-// By a Gaussian of `sigma` pixels, cut off after `reach`; the edge values are repeated outside.
+// Gaussian blur with a standard deviation of `sigma` pixels, cut off at a distance of `reach` pixels. Beyond
+// the edge the edge values are repeated.
 template <class T>
 grid<T> blurred(const grid<T>& sharp, float sigma, int reach)
 {

@@ -52,7 +52,7 @@ float fractal(float x, float y, std::uint32_t seed, int octaves, float gain)
     for (int i = 0; i < octaves; ++i) {
         sum += height * noise(x, y, seed + static_cast<std::uint32_t>(i) * 17);
         height *= gain;
-        // Turned as well as shrunk, so that the lattices of the octaves never coincide.
+        // The coordinates are rotated as well as scaled, so that the lattices of the octaves don't coincide.
         const float turned = x * 1.62f - y * 1.18f + 11.3f;
         y = x * 1.18f + y * 1.62f - 7.7f;
         x = turned;
@@ -78,7 +78,7 @@ rng::rng(std::uint64_t seed) : state_(seed * 0x9E3779B97F4A7C15U + 8817264546332
     for (int i = 0; i < 8; ++i) next();
 }
 
-// Xorshift.
+// A xorshift generator.
 std::uint64_t rng::next()
 {
     state_ ^= state_ << 13;

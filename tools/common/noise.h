@@ -1,5 +1,5 @@
-// Noise that depends on the place alone, and random numbers that depend on the seed alone: the same with
-// every library, which the distributions of the standard library don't promise.
+// Noise as a function of coordinates, and random numbers from a seed. Both are the same with every standard
+// library; its own distributions are not.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +7,9 @@
 namespace tools {
 
 std::uint32_t hash(int x, int y, std::uint32_t seed);
-// The same as a number from 0 to below 1.
+// The hash as a number from 0 to below 1.
 float scatter(int x, int y, std::uint32_t seed);
-// Gradient noise with features about one unit wide, from -1 to 1 and mostly within half of it.
+// Gradient noise with features about one unit wide. From -1 to 1, mostly between -0.5 and 0.5.
 float noise(float x, float y, std::uint32_t seed);
 // A sum of octaves of noise: each has about twice the frequency and `gain` times the amplitude of the one
 // before.

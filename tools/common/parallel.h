@@ -1,4 +1,4 @@
-// Work spread over the processor's cores.
+// Runs work on all cores of the processor.
 #pragma once
 
 #include <QThreadPool>

@@ -1,4 +1,4 @@
-// Colours of the screen, premultiplied by alpha.
+// Screen colours, premultiplied by alpha.
 #pragma once
 
 #include <QImage>
@@ -20,7 +20,7 @@ constexpr sample operator*(sample a, float s)
 {
     return {a.colour * s, a.alpha * s};
 }
-// The first one in front of the other.
+// Alpha compositing.
 constexpr sample over(sample front, sample back)
 {
     return front + back * (1 - front.alpha);
@@ -34,7 +34,7 @@ inline QImage image_of(const grid<sample>& pixels)
             const sample& p = pixels.at(x, y);
             const vec3 c = p.alpha > 0 ? p.colour * (255 / p.alpha) : vec3{};
             const int alpha = qRound(p.alpha * 255);
-            // An invisible pixel has no colour, so that it compresses well.
+            // Invisible pixels all get the same colour, so that the picture compresses well.
             image.setPixel(x, y, alpha == 0 ? 0 : qRgba(qRound(c.x), qRound(c.y), qRound(c.z), alpha));
         }
     return image;

@@ -30,7 +30,7 @@ QByteArray png(const QImage& picture)
     return encoded(picture, "png", strongest_compression);
 }
 
-// A directory, and each picture as a PNG file.
+// An icon file is a directory, followed by a PNG file for each picture.
 QByteArray icon(const std::vector<QImage>& pictures)
 {
     QByteArray directory, files;

@@ -1,4 +1,4 @@
-// Writes the files that the tools make.
+// Encodes pictures and writes files.
 #pragma once
 
 #include <QByteArray>
@@ -10,7 +10,7 @@ namespace tools {
 
 QByteArray jpeg(const QImage&, int quality);   // 1 to 100
 QByteArray png(const QImage&);                 // as small as the library makes it
-// An icon file of these square pictures of 256 pixels at most.
+// An icon file (.ico) of square pictures with sides of at most 256 pixels.
 QByteArray icon(const std::vector<QImage>&);
 
 // Replaces the file. False, with a message on the standard error stream, when that fails.

@@ -1,15 +1,16 @@
-// Paints what rounds do where they strike, and a burning target: for each a sprite sheet of sixteen frames
-// with alpha, four to a row, in a PNG picture.
+// Draws the explosion and the fire of a target and the bursts of rounds on the ground. Each is a sprite sheet
+// in a PNG file: sixteen frames with alpha, four in a row.
 //
-// Clouds of puffs are thrown from a spot on the ground into the half space above it, slowed by the air,
-// lifted by their heat and carried by a wind from the left; rings of dust run out along the ground. For each
-// frame the puffs fill a block of cells (voxels). Billow noise that grows and rises with the cloud gives its
-// edge lumps and creases; creases show the hot inside, and lumps have cooled to soot. Sun and sky light the
-// cells, shaded by those above, and the eye looks through the block from the front, a little from above.
-// Flash, flying pieces and the glow of the air are added to that.
+// Puffs of smoke are thrown upwards from a spot on the ground. The air slows them, heat lifts them and a wind
+// from the left carries them. Rings of dust spread along the ground. For each frame the puffs are filled into
+// a block of cells (voxels). Billow noise that grows and rises with the cloud gives its edge lumps and
+// creases: creases show the hot inside, lumps have cooled to soot. Sun and sky light the cells, which shade
+// those below them. The block is viewed from the front and a little from above. Flash, flying debris and the
+// glow of the air are added to the result.
 //
-// The sight draws a frame 16 to 220 pixels wide and shows it for a few hundredths of a second to a tenth. So
-// a flash is broad, fire is either bright or gone, and its smoke is darker than any ground behind it.
+// The sight draws a frame 16 to 220 pixels wide and shows it for at most a tenth of a second. To be
+// recognisable, a flash is broad, fire is either bright or gone, and smoke is darker than any ground behind
+// it.
 //
 // Usage: explosion FOLDER [NAME]
 
@@ -28,12 +29,12 @@ namespace {
 
 constexpr int frames = 16, frames_in_row = 4;
 constexpr float pi = std::numbers::pi_v<float>;
-// How far down the picture a place moves for each length that it is nearer.
+// How far down the picture a point moves for each unit that it is nearer to the eye.
 constexpr float look_down = .19f;
 
 // The cloud -------------------------------------------------------------------------------------------------
 
-// In a sheet that loops each puff starts again and again, at a time of its own.
+// In a sheet that loops, each puff starts once per loop. `born` sets the time of its start.
 struct puff {
     vec3 start, thrown;
     float young, grown, heat, born;
@@ -59,13 +60,13 @@ std::vector<puff> cloud(const scene& s)
     return puffs;
 }
 
-// The share of its path that a puff or a piece has covered at a time, slowed by the drag of the air.
+// The share of its path that a puff or a piece of debris has covered at a time. The drag of the air slows it.
 float braked(const scene& s, float time)
 {
     return 1 - std::exp(-s.drag * time);
 }
 
-// Where wind and heat have carried the middle of the cloud.
+// How far wind and heat have carried the middle of the cloud.
 vec3 drift(const scene& s, float time)
 {
     return {s.drift.x * time * time, s.drift.z * time + s.drift.y * time * time, 0};
@@ -111,21 +112,21 @@ float billows(vec3 p)
     for (int octave = 0; octave < 5; ++octave) {
         sum += height * (std::abs(noise3(p.x, p.y, p.z)) - .33f);
         height *= .54f;
-        // Turned as well as shrunk, so that the lattice doesn't show.
+        // The coordinates are rotated as well as scaled, so that the lattice isn't visible.
         p = vec3{7.3f, 1.9f, 4.1f} + vec3{.8f * p.x - .6f * p.z, p.y, .6f * p.x + .8f * p.z} * 2.07f;
     }
     return sum;
 }
 
-// The noise is moved with the cloud, and scaled with it unless it loops, so that each lump keeps its
-// shape between frames.
+// The noise at a place. It moves with the cloud, and unless the sheet loops it also grows with the cloud, so
+// that a lump keeps its shape from frame to frame.
 float lumps(const scene& s, vec3 at, float time)
 {
     constexpr vec3 somewhere{41.7f, 12.2f, 8.6f};
     if (!s.loops)
         return billows((at - drift(s, time)) * (s.lumps / (.35f + .65f * braked(s, time))) + somewhere +
                        vec3{0, 0, 1.5f * time});
-    // A cross-fade of two rising patterns. At the end of the loop the second is what the first was at the
+    // A cross-fade of two rising patterns. The second one at the end of the loop is the first one at its
     // start.
     const auto risen = [&](float by) {
         return billows((at - vec3{0, s.drift.z, .1f} * by) * vec3{s.lumps, .6f * s.lumps, s.lumps} +
@@ -137,14 +138,14 @@ float lumps(const scene& s, vec3 at, float time)
 struct cell {
     float density = 0;   // 0 to 1
     float heat = 0, dust = 0;
-    float before_sun = 0, before_sky = 0;   // the density that their light has passed through
-    // While the cell is filled: the greatest closeness to the middle of a puff (1 there, 0 at its rim), and
-    // sums.
+    float before_sun = 0, before_sky = 0;   // the density that sunlight and skylight have passed through
+    // While the cell is filled: the greatest closeness to a puff (1 in its middle, 0 at its rim), and sums
+    // over the puffs.
     float closest = -1, weight = 0, solid = 0, age = 0;
 };
 
 struct block {
-    int side, depth;   // cells across and up; from back to front
+    int side, depth;   // cells across and up; cells from back to front
     float cell_size;
     std::vector<cell> cells;
 
@@ -156,17 +157,18 @@ struct block {
     float near(int z) const { return (real(z) + .5f - real(depth) / 2) * cell_size; }
 };
 
-// The block is sheared so that the lines of sight run along its z axis.
+// The position of a cell, from the foot. The block is sheared so that the lines of sight run along its z
+// axis.
 vec3 place(const scene& s, const block& b, int x, int y, int z)
 {
     return {(real(x) + .5f) * b.cell_size - s.foot.x,
             (real(y) + .5f) * b.cell_size - s.foot.y + look_down * b.near(z), b.near(z)};
 }
 
-// Adds what the puff and its lumps have to each of their cells.
+// Adds a puff to all cells within its reach.
 void add_puff(const scene& s, block& b, const placed_puff& p)
 {
-    constexpr float reach = .4f;   // of lumps beyond the rim of a puff, in its radii
+    constexpr float reach = .4f;   // of lumps beyond the rim of a puff, in radii
     const float out = p.radius * (1 + reach);
     const auto first = [&](float middle) { return std::max(0, floor_int((middle - out) / b.cell_size)); };
     const auto last = [&](float middle, int count) {
@@ -191,7 +193,8 @@ void add_puff(const scene& s, block& b, const placed_puff& p)
     }
 }
 
-// Edges grow soft with age, the amplitude of the noise grows, and each puff shrinks.
+// Applies the noise to a cell and computes its means. With age edges become softer, the amplitude of the
+// noise grows, and puffs shrink.
 void give_lumps(const scene& s, cell& c, vec3 at, float time)
 {
     if (c.weight <= 0) return;
@@ -206,7 +209,8 @@ void give_lumps(const scene& s, cell& c, vec3 at, float time)
         c.weight;
 }
 
-// Light comes down from above; `aside` is how far it goes along x and z for each cell down.
+// Sums the density along the path of the light, from the top row of cells down. `aside` is how far the light
+// moves along x and z for each cell down.
 void let_light_in(block& b, float cell::*met, point aside)
 {
     const float way = b.cell_size * length({aside.x, 1, aside.y});
@@ -233,7 +237,7 @@ block filled_block(const scene& s, float time)
     for (int y = 0; y < b.side; ++y)
         for (int x = 0; x < b.side; ++x)
             for (int z = 0; z < b.depth; ++z) give_lumps(s, b.at(x, y, z), place(s, b, x, y, z), time);
-    // The sun is where it is over the shipped ranges.
+    // The sun is in the same direction as on the shipped ranges.
     let_light_in(b, &cell::before_sun, {.79f, -.53f});
     let_light_in(b, &cell::before_sky, {-.2f, -.2f});
     return b;
@@ -265,7 +269,7 @@ constexpr sample covering(vec3 colour, float alpha)
 
 sample looked_through(const scene& s, block& b, int x, int y, float time)
 {
-    // Less and less as it thins.
+    // The smoke thins out with time.
     const float thick = s.thick * (1 - (1 - s.left) * smoothstep(s.thins.low, s.thins.high, time));
     sample seen;
     for (int z = b.depth - 1; z >= 0 && seen.alpha < .995f; --z)
@@ -275,13 +279,14 @@ sample looked_through(const scene& s, block& b, int x, int y, float time)
     return seen;
 }
 
-// Light on the ground in front of the burst reaches less far down the picture than up.
+// Distance from a light. Light reaches less far downwards in the picture, over the ground in front of the
+// burst.
 float light_distance(point at)
 {
     return std::hypot(at.x, at.y < 0 ? 2.3f * at.y : at.y);
 }
 
-// The air around the fire, and what lies behind it, in its light.
+// The glow of the air and the ground around the fire.
 sample halo(const scene& s, point at, float time)
 {
     const float far = light_distance({at.x, at.y - .12f}) / .26f;
@@ -294,7 +299,7 @@ sample flash(const scene& s, point at, int frame)
     constexpr float radius[] = {.13f, .32f, .26f, .17f}, strength[] = {1, 1, .85f, .4f};
     const int step = frame + s.flash_from;
     if (step >= 4 || s.flash == 0) return {};
-    // Some directions get more of it than others.
+    // The flash reaches farther in some directions.
     const point from{at.x / s.flash, at.y / s.flash - .08f};
     const float angle = std::atan2(from.y, from.x);
     const float ray = .995f + .375f * noise3(3.6f * std::cos(angle) + 9, 3.6f * std::sin(angle) + 9, 1);
@@ -304,7 +309,7 @@ sample flash(const scene& s, point at, int frame)
                     strength[step] * std::exp(-far * far * far));
 }
 
-// Adds a soft dot in front.
+// Draws a soft dot over the picture.
 void add_dot(const scene& s, grid<sample>& picture, point at, float radius, sample what)
 {
     const float x = (at.x + s.foot.x) * real(s.side), y = (1 - at.y - s.foot.y) * real(s.side),
@@ -345,7 +350,7 @@ grid<sample> painted(const scene& s, int frame)
 {
     const float time = (real(frame) + .4f) / frames;
     block b = filled_block(s, time);
-    // Everything fades, and a burst is gone with the last frame.
+    // Everything but a loop fades until the last frame.
     const float left = s.loops ? 1 : 1 - smoothstep(.65f, 1.03f, time);
     grid<sample> picture(s.side, s.side);
     const auto place_of = [&](int x, int y) {
@@ -359,7 +364,7 @@ grid<sample> painted(const scene& s, int frame)
     add_pieces(s, picture, time);
     for (int y = 0; y < s.side; ++y)
         for (int x = 0; x < s.side; ++x) {
-            // Fades to nothing before the edge; a foot near the lower one is whole.
+            // Fades out before the edges of the frame; at the lower edge only below the foot.
             const float aside = (real(std::min({x, y, s.side - 1 - x})) + .5f) * b.cell_size;
             const float below = (real(s.side - 1 - y) + .5f) * b.cell_size;
             const float inside = smoothstep(.02f, .11f, aside) * smoothstep(0, .7f * s.foot.y, below);
@@ -368,7 +373,7 @@ grid<sample> painted(const scene& s, int frame)
     return picture;
 }
 
-// Rounds to steps that can't be seen, which makes the file much smaller.
+// Rounds the values to steps that are too small to be seen, which makes the file much smaller.
 QImage coarse(QImage picture)
 {
     const auto step = [](int value) { return (value + 2) / 5 * 5; };

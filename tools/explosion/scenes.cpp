@@ -4,8 +4,8 @@ namespace tools {
 
 static constexpr bool up = false, along = true;   // thrown up, or along the ground
 
-// The sight puts the lower left corner of the explosion's frame on the target's, and the frame is a little
-// larger: so its foot is left of the middle.
+// The sight draws the frame with its lower left corner on that of the target, and a little larger than the
+// target. So the foot is left of the middle of the frame.
 static const scene explosion{
     .name = "explosion",
     .side = 256,
@@ -36,7 +36,7 @@ static const scene fire{
     .halo = .22f,
     .loops = true};
 
-// Bursts stand upright: the sight leans them with the wind.
+// The bursts are drawn upright; the sight shears them with the wind.
 static const scene burst_fin{
     .name = "burst_fin",
     .side = 192,

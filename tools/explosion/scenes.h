@@ -1,4 +1,5 @@
-// The sprite sheets that the program paints. Lengths are in widths of a frame, times in durations of a sheet.
+// The sprite sheets that the tool draws. The unit of length is the width of a frame, the unit of time the
+// duration of a sheet.
 #pragma once
 
 #include <vector>
@@ -11,25 +12,26 @@ struct limits {
     float low = 0, high = 0;
 };
 
-// Puffs that start at the foot, with values at random within limits. All but the count are in hundredths.
+// Puffs of smoke that start at the foot of the scene, each with random values within the limits. All numbers
+// but the count are in hundredths.
 struct puff_group {
     int count = 0;
     bool along_ground = false;
-    limits angle{};   // of the throw, in half turns; 50 is up, or towards the eye
+    limits angle{};   // of the throw, in half turns; 50 is up, or on the ground towards the eye
     limits force{};
-    vec3 reach{};              // how far force 100 gets before the air stops it: right, up, towards the eye
+    vec3 reach{};   // how far a puff of force 100 flies before the air stops it: right, up, towards the eye
     limits young{}, grown{};   // the first radius, and the increase
     limits heat{};             // 100 is a fire of medium heat
-    float weakened = 0;        // how much less heat force 100 has
+    float weakened = 0;        // by how much force 100 reduces the heat
     float dust = 0;            // 0 soot, 100 earth
-    float lift = 100;          // share of the scene's drift
-    float fall = 0;            // at the end of time 1
+    float lift = 100;          // share of the scene's drift that the puff follows
+    float fall = 0;            // distance fallen at time 1
     float solid = 100;
-    float from_side = 0;   // the start may be as far as this to either side of the foot
-    float life = 100;      // of each puff, in a sheet that loops
+    float from_side = 0;   // greatest distance of the start to either side of the foot
+    float life = 100;      // duration of each puff, in a sheet that loops
 };
 
-// Single pieces that fly in a curve, each with the streak that it draws during the exposure.
+// Pieces of debris. Each flies along a curve and is drawn as a streak, by its motion during the exposure.
 struct piece_group {
     int count = 0;
     limits angle{}, speed{}, life{};
@@ -39,19 +41,19 @@ struct piece_group {
 
 struct scene {
     const char* name;
-    int side;     // pixels of a frame, and cells across and up
-    point foot;   // from the lower left corner
+    int side;     // of a frame in pixels, and of the block of cells
+    point foot;   // spot on the ground, from the lower left corner of the frame
     std::vector<puff_group> puffs;
     std::vector<piece_group> pieces{};
     float drag = 5;
-    vec3 drift{};            // wind and rise, growing with the square of the time, and steady rise
+    vec3 drift{};            // wind and rise that grow with the square of the time, and steady rise
     float lumps = 7.5f;      // frequency of the noise: lumps per length
     float thick = 70;        // extinction of the densest smoke, per length
-    limits thins{.45f, 1};   // the time in which it becomes thinner,
-    float left = .3f;        // and the share that is left
+    limits thins{.45f, 1};   // the time in which the smoke becomes thinner,
+    float left = .3f;        // and the share of it that is left
     float cooling = .5f;
-    float flash = 0, halo = 0;   // size; strength
-    int flash_from = 1;          // its first frame shown: 1 is the largest, 3 the last
+    float flash = 0, halo = 0;   // size of the flash; strength of the halo
+    int flash_from = 1;   // the flash has steps 0 to 3, of which 1 is the largest; this one is in frame 0
     bool loops = false, by_heat = false;
 };
 

@@ -1,4 +1,4 @@
-// Farms and the hamlet: boxes with roofs, windows and doors, and a church with a tower.
+// Farms, the hamlet with its church, and bridges, built from panels.
 #include "sky.h"
 #include "world.h"
 
@@ -7,19 +7,19 @@ namespace {
 
 struct house {
     point middle;
-    float angle;           // of its long side, radians
+    float angle;           // of the long side, radians
     float length, width;   // metres
-    float eaves, ridge;    // height of the walls, and of the roof above them
+    float eaves, ridge;    // height of the walls, and of the roof above the walls
     vec3 wall, roof;
     bool windows;
-    bool gate = false;   // a barn's
+    bool gate = false;   // of a barn
 };
 
 constexpr float footing = .5f;     // the walls go this far into the ground
 constexpr float overhang = .45f;   // of the roof
 constexpr float wall_warmth = .43f, roof_warmth = .50f, glass_warmth = .36f;
 
-// The coordinates of a house: u along it, v across it, both from the middle; z from the footing.
+// Converts the coordinates of a house: u along it, v across it, both from the middle; z up from the footing.
 struct frame {
     vec3 origin;
     float angle;
@@ -43,7 +43,7 @@ frame frame_of(const world& w, const house& h)
     return f;
 }
 
-// Visible from the side that the frame's origin is not on.
+// Adds a panel that faces away from the frame's origin.
 void add_panel(world& w, const frame& f, vec3 a, vec3 b, vec3 c, vec3 d, vec3 colour, float warmth)
 {
     vec3 normal = unit(cross(b - a, d - a));
@@ -51,7 +51,7 @@ void add_panel(world& w, const frame& f, vec3 a, vec3 b, vec3 c, vec3 d, vec3 co
     w.panels.push_back({{a, b, c, d}, colour, normal, warmth});
 }
 
-// The four sides of a box; `left_at_top` 0 makes it a pyramid.
+// The four sides of a box, narrowed at the top to this share: 0 makes a pyramid.
 void add_sides(world& w, const frame& f, float half_length, float half_width, float low, float high,
                vec3 colour, float warmth, float left_at_top = 1)
 {
@@ -100,7 +100,7 @@ void add_house(world& w, const house& h)
     const vec3 sun = w.land.towards_sun;
     w.map.shade.darken({h.middle.x - sun.x / sun.z * e * .6f, h.middle.y - sun.y / sun.z * e * .6f},
                        h.length * .62f, h.width * .85f, h.angle, .6f);
-    if (h.windows)   // and a chimney
+    if (h.windows)   // a chimney
         add_sides(w, {f(l * .7f, 0, top), h.angle}, .45f, .45f, -.8f, 1.1f, linear(.50f, .34f, .28f),
                   wall_warmth);
 }
@@ -133,7 +133,7 @@ void build_farm(world& w, const farm_plan& farm)
     add_trees(w, place(0, 0), 12, 52);
 }
 
-// Nave, chancel and a tower with a low pyramid for a roof.
+// Nave, chancel and a tower with a low pyramid as its roof.
 void build_church(world& w, point p, float angle)
 {
     const vec3 stone = linear(.66f, .63f, .56f), slate = linear(.38f, .39f, .42f),
@@ -152,14 +152,14 @@ void build_church(world& w, point p, float angle)
             add_opening(w, to, 0, side * (half + .03f), .7f, 14.5f, 17.3f, dark, wall_warmth);
 }
 
-// Where a road crosses the river.
+// Where a road crosses the river: the points on both banks.
 struct crossing {
     point from, to;
 };
 
 std::vector<crossing> crossings(const world& w)
 {
-    constexpr float bank = 4;   // metres of it that a bridge covers
+    constexpr float bank = 4;   // metres of each bank that a bridge covers
     std::vector<crossing> found;
     for (const path& road : w.land.roads) {
         bool over = false;
@@ -218,7 +218,7 @@ void build_hamlet(world& w)
     const point p = w.land.hamlet_at;
     build_church(w, {p.x + 62, p.y + 52}, .25f);
     add_trees(w, {p.x + 62, p.y + 62}, 9, 38);
-    constexpr int cottages = 150;   // places tried
+    constexpr int cottages = 150;   // attempts; most places are not free
     std::vector<point> taken{{p.x + 62, p.y + 52}, {p.x + 74, p.y + 55}, {p.x + 48, p.y + 49}};
     for (int i = 0; i < cottages; ++i) {
         const float x = p.x + w.random.between(-150, 150);

@@ -1,5 +1,5 @@
-// The countries of the shipped ranges. Places are given by bearing in degrees from the middle of the picture,
-// which reaches 42 to either side, and by distance in metres.
+// The countries of the shipped ranges. A place is given by its bearing from the middle of the picture, in
+// degrees, and its distance in metres. The picture covers 42 degrees to either side.
 #include "country.h"
 
 namespace tools {
@@ -244,7 +244,7 @@ country frostfield()
     c.bare_trees = 1;
     c.tufts = {.60f, .52f, .41f};
     c.snow = 1;
-    // The places of the moor, mirrored.
+    // The layout of HARROWMOOR FELL, mirrored.
     for (path& track : c.tracks)
         for (point& p : track) p.x = -p.x;
     for (belt_plan& belt : c.belts)

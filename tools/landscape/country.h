@@ -1,4 +1,4 @@
-// The description of a picture of a range and of the country on it. countries.cpp has them all.
+// The description of a range picture and of the country that it shows. countries.cpp has one for each range.
 #pragma once
 
 #include <array>
@@ -22,7 +22,7 @@ struct belt_plan {
     path line;
     float width;      // metres
     float height;     // of its trees, metres
-    float conifers;   // their share
+    float conifers;   // share of conifers
 };
 struct copse_plan {
     point middle;
@@ -48,20 +48,20 @@ struct ground_paint {
 
 struct sky_paint {
     vec3 zenith, horizon, haze_band;
-    float cover;   // of cumulus: 0 clear, 1 nearly overcast
-    float veil;    // of high cloud, 0 to 1
+    float cover;   // by cumulus clouds: 0 clear, 1 nearly overcast
+    float veil;    // density of high cloud, 0 to 1
 };
 
 struct country {
     const char* picture;   // file name
     const char* range;     // file name of the range file
     const char* name;      // of the range, at most 20 characters
-    const char* icons;     // first part of the icons' names
+    const char* icons;     // first part of the names of the icon files
     vorn::sight_kind sight;
     bool night;
     int width, height;   // of the picture, pixels
     int quality;         // of the JPEG, 1 to 100
-    int twin_quality;    // of that of its twin
+    int twin_quality;    // of the JPEG of the twin
     std::uint32_t seed;
 
     vec3 towards_sun;   // always from the upper left, behind the gunner
@@ -80,7 +80,7 @@ struct country {
     std::vector<vec3> leaves;   // reflectances of foliage, chosen from at random
     float bare_trees;           // share of trees that have lost their leaves
     vec3 tufts{1, 1, 1};        // colour of tufts of grass, relative to the ground
-    float snow = 0;             // how much of it lies, 0 to 1; its colours are those of the ground
+    float snow = 0;             // depth of the snow cover, 0 to 1; its colours are in `ground`
 
     std::vector<path> tracks{}, roads{};
     path river{};
@@ -100,7 +100,7 @@ const std::vector<country>& countries();
 struct view {
     int width, height;   // pixels
     float pixel;         // angle of a pixel, radians
-    float horizon;       // row at eye height
+    float horizon;       // row of the horizontal line of sight
 
     float bearing(float x) const { return (x - real(width) / 2) * pixel; }
     float elevation(float y) const { return (horizon - y) * pixel; }
@@ -108,11 +108,11 @@ struct view {
     float column(float bearing) const { return bearing / pixel + real(width) / 2; }
 };
 
-// At full size, or `scale` times smaller.
+// The view at full size, or `scale` times smaller.
 view view_of(const country&, float scale);
 
-// The row, in pixels from the top of the full picture, of a target's lower edge for which the range author
-// proposes this range (metres).
+// Where the lower edge of a target must be for the range author to propose this range (metres). In pixels
+// from the top of the picture at full size.
 float agreeing_row(const country&, float range);
 
 // The side of a target's square at a range, twips, for the default target size.

@@ -18,7 +18,7 @@ float toned(float light)
     return shown + .45f * (shown * shown * (3 - 2 * shown) - shown);
 }
 
-// The same for light from 0 to 4, in steps of 1/2048.
+// A table of toned() for light from 0 to 4, in steps of 1/2048.
 std::vector<float> toning()
 {
     std::vector<float> table;
@@ -48,7 +48,7 @@ QImage photograph(const rendered& r)
     for (int y = 0; y < r.height; ++y) {
         std::uint8_t* p = picture.scanLine(y);
         for (int x = 0; x < r.width; ++x) {
-            // Grain of less than a step hides the banding of the sky.
+            // Noise of about one brightness level hides banding in the sky.
             const float grain = (scatter(x, y, 1234) - .5f) * .008f;
             const vec3 seen = r.at(x, y).light, pale = vec3{1, 1, 1} * dot(seen, {.25f, .62f, .13f});
             const vec3 light = mix(seen, pale, .17f);

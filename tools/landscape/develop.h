@@ -1,4 +1,4 @@
-// From light or warmth to the picture.
+// Converts rendered light or warmth to the final picture.
 #pragma once
 
 #include <QImage>
@@ -7,12 +7,12 @@
 
 namespace tools {
 
-// As a camera shows the light.
+// The picture of a camera.
 QImage photograph(const rendered&);
-// As a scanning thermal sight shows the warmth: grey, blurred, with scan lines and noise. The ground lies
-// between .25 and .6 of white, so that only hot targets are brighter.
+// The picture of a scanning thermal sight: grey, blurred, with scan lines and noise. The ground is between
+// .20 and .60 of white, so that only hot targets are brighter.
 QImage thermal_image(const rendered&);
-// Half the size, each pixel the mean of four.
+// The picture reduced to half its size: each pixel is the mean of four.
 QImage halved(const QImage&);
 
 }   // namespace tools

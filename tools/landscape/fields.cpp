@@ -6,10 +6,11 @@ namespace tools {
 namespace {
 
 constexpr float depth_of_row = 190, width_of_field = 240;   // metres
-constexpr float turn = .42f;                                // of the rows against the view, radians
+constexpr float turn = .42f;                                // of the rows, relative to the view, radians
 constexpr float crooked = .30f;                             // deviation of boundaries, in rows
 
-// The boundary before row `i`, in rows; boundaries are irregular but never cross.
+// The coordinate of the boundary before row `i`, or before field `i` of a row. The unit is the mean size of a
+// row or field. Boundaries are irregular but never cross.
 float line(int i, int row, std::uint32_t seed)
 {
     return real(i) + .5f * (scatter(i, row, seed) - .5f);
@@ -17,7 +18,7 @@ float line(int i, int row, std::uint32_t seed)
 
 struct span {
     int number;
-    float low, high;   // where it begins and ends
+    float low, high;   // its boundaries
 };
 
 span span_at(float v, int row, std::uint32_t seed)
@@ -69,7 +70,7 @@ field field_at(const country& land, float x, float y)
 
 bool wooded(const country& land, const field& f, float x, float y)
 {
-    constexpr float hamlet_land = 230;   // metres around its middle
+    constexpr float hamlet_land = 230;   // radius around the middle of the hamlet, metres
     if (land.hamlet && std::hypot(x - land.hamlet_at.x, y - land.hamlet_at.y) < hamlet_land) return false;
     // Far slopes have more woods than the floor of the valley.
     const float share = land.wooded * (.55f + .9f * smoothstep(1300, 2300, std::hypot(x, y)));

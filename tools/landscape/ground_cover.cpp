@@ -7,25 +7,25 @@
 namespace tools {
 namespace {
 
-// Texture at one place by wavelength, from coarse to fine. A component that is finer than the pixel is 0.
+// The components of the texture at one place, from coarse to fine. A component finer than the pixel is 0.
 struct texture {
     float wide, broad, clumps, tufts;   // 420 m, 90 m, 23 and 11 m, 4 m
-    float stems, blades, specks;        // of upright growth: 10, 5 and 2 pixels of a twin
-    float relief;                       // of these, as the sun lights it
+    float stems, blades, specks;        // of upright plants: wavelengths of 10, 5 and 2 pixels of a twin
+    float relief;                       // brightness of the upright plants as the sun lights them
 };
 
-// The contrast that is left of this wavelength in a pixel.
+// The contrast that a texture of this wavelength keeps in the pixel, 0 to 1.
 float seen(const ground_spot& s, float wave)
 {
     const float size = .65f * s.across + .35f * s.along;
     return 1 - smoothstep(.30f, .90f, 2 * size / wave);
 }
 
-// Growth stands up, so its texture is as high as it is wide however flat the ground is seen.
+// The texture of upright plants. It isn't foreshortened, however flat the line of sight.
 struct fine_wave {
-    float angle;    // as the gunner sees it, radians
-    float weight;   // in the relief
-    float turn;     // of the lattice of the noise, against the horizon
+    float angle;    // wavelength as the gunner sees it, radians
+    float weight;   // share in the relief
+    float turn;     // skew of the lattice of the noise, so that it doesn't follow the horizon
     std::uint32_t seed;
 };
 constexpr fine_wave fine_waves[] = {{.0019f, .26f, .9f, 204},
@@ -78,7 +78,7 @@ layered rough_grass(const country& land, const ground_spot& s, const texture& t)
     layered g{green < .5f ? mix(p.dry, p.middling, clamp01(green * 2))
                           : mix(p.middling, p.lush, clamp01(green * 2 - 1)),
               .42f + .10f * t.wide + .06f * t.broad + .05f * t.clumps - .05f * t.tufts};
-    // Some slopes have tussocks, others are smooth.
+    // Only some slopes have tussocks.
     const float coarse = clamp01(.75f + 1.1f * noise(s.x / 260, s.y / 260, land.seed + 217));
     const float tussocks =
         fractal(s.x / 40 + 9, s.y / 40, 214, 2) + .5f * t.tufts + .6f * t.stems + .5f * t.blades;
@@ -92,7 +92,7 @@ layered rough_grass(const country& land, const ground_spot& s, const texture& t)
     return g;
 }
 
-// Stripes along the direction of ploughing, from -1 to 1; they fade where they are narrower than a pixel.
+// Stripes along the direction of ploughing, from -1 to 1. They fade out where they are narrower than a pixel.
 float stripes(const ground_spot& s, const field& f, float width)
 {
     const float across = -s.x * f.along_y + s.y * f.along_x;
@@ -123,7 +123,7 @@ layered farmland(const country& land, const ground_spot& s, const texture& t, co
                          .08f * t.blades + .07f * t.specks;
     layered g{p.crops[kind] * (1 + patchy + .05f * (real(f.id >> 16 & 255) / 255 - .5f)),
               .38f + .14f * real(f.id % 5) / 5 + .05f * t.broad};
-    const bool worked = kind != 0 && kind != 4;   // those two are pasture
+    const bool worked = kind != 0 && kind != 4;   // kinds 0 and 4 are pasture
     if (worked) {
         g.colour = g.colour * (1 + (.05f + .05f * t.clumps) * stripes(s, f, 2.4f) + .03f * stripes(s, f, 9));
         g.lay(mix(g.colour, p.soil, .55f), .75f * tramlines(s, f), .04f);
@@ -131,7 +131,7 @@ layered farmland(const country& land, const ground_spot& s, const texture& t, co
         g.lay(p.dark, .35f * smoothstep(.2f, 1.f, t.clumps + .7f * t.tufts));
         g.lay(p.lush, .4f * smoothstep(0, .8f, t.broad));
     }
-    // The margin is not ploughed.
+    // The margin of a field is not ploughed.
     g.lay(mix(p.middling, p.dark, .4f), .8f * (1 - smoothstep(1.8f, 3.2f + s.across, f.edge)), -.04f);
     return g;
 }
@@ -142,7 +142,7 @@ vec3 chalky(const country& land, const texture& t)
                clamp01(.30f + .5f * t.clumps + .4f * t.tufts + .3f * t.blades));
 }
 
-// Two ruts when near, one pale band when far.
+// How worn a track is at a distance from its middle: two ruts seen from near, one pale band seen from far.
 float worn_by_wheels(const ground_spot& s, const texture& t, float off, float half_gauge)
 {
     const float wander = .35f * t.tufts + .30f * t.stems + .25f * t.clumps;

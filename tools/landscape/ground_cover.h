@@ -1,5 +1,5 @@
-// The ground cover, in colour and warmth: rough grass, fields, woodland floor, tracks and roads, broken
-// ground, water. Its texture has wavelengths from hundreds of metres to ten centimetres; those finer than a
+// The colour and warmth of the ground: rough grass, fields, woodland floor, tracks and roads, broken ground,
+// water. The texture has wavelengths from hundreds of metres to ten centimetres; wavelengths finer than a
 // pixel are faded out.
 #pragma once
 
@@ -11,17 +11,17 @@ namespace tools {
 
 enum class material : std::uint8_t { sky, ground, plant, building, water };
 
-// A place on the ground in a pixel.
+// The piece of ground that a pixel shows.
 struct ground_spot {
     float x, y;
-    float range, bearing, elevation;   // elevation: as the gunner sees it
+    float range, bearing, elevation;   // from the gunner; metres, radians, radians
     vec3 normal;
     float across;   // metres of ground in the pixel, across the view
-    float along;    // and along it
+    float along;    // and along the view
 };
 
 struct surface {
-    vec3 light;     // reflected towards the gunner, without the haze
+    vec3 light;     // reflected towards the gunner, before the haze
     float warmth;   // 0 cold to 1 hot
     material made_of;
 };

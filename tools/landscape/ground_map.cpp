@@ -63,7 +63,7 @@ void map_layer::darken(point middle, float along, float across, float angle, flo
         }
 }
 
-// A Catmull-Rom spline between b and c.
+// A Catmull-Rom spline, from b at t = 0 to c at t = 1.
 static float on_curve(float a, float b, float c, float d, float t)
 {
     return .5f *

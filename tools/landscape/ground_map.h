@@ -1,5 +1,5 @@
-// Maps of the ground: the distance to tracks, roads and the river, and the shadows on it. Filled once and
-// then only read, by any number of threads.
+// Maps of the ground: the distances to tracks, roads and the river, and shadows. They are filled once. After
+// that any number of threads may read them.
 #pragma once
 
 #include <cstdint>
@@ -8,15 +8,15 @@
 
 namespace tools {
 
-// A map of the country in front of the gunner with a byte for each cell, initially 255. The value at a place
-// is that byte times a unit; beyond the map the byte counts as 255.
+// A map with a byte for each cell of the country in front of the gunner, initially 255. The value at a place
+// is the byte times `unit`. Beyond the map the byte counts as 255.
 class map_layer {
 public:
     explicit map_layer(float unit);
     float at(float x, float y) const;   // bilinear
-    // Marks the distance from a line, in metres, where it is less than the value there.
+    // Stores the distance from a line, in metres, in the cells that have a larger value.
     void mark_distance(const path&);
-    // Darkens an ellipse by `strength` in its middle, fading outwards. Radii in metres, angle in radians.
+    // Darkens an ellipse, by `strength` in the middle and less outwards. Radii in metres, angle in radians.
     void darken(point middle, float along, float across, float angle, float strength);
 
 private:
@@ -35,7 +35,7 @@ struct ground_map {
     map_layer shade{1};                                  // 255 in full light
 };
 
-// A smooth line through the points, a point every few metres, with small random bends.
+// A smooth line through the points, with small random bends. It has a point every few metres.
 path winding(const path& through, float wander = 1);
 
 }   // namespace tools

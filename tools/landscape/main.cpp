@@ -1,12 +1,13 @@
 // Makes the ranges that the trainer ships with: panoramic pictures of invented country for the visual and the
 // thermal sight, and the range files with twenty target positions on each.
 //
-// The ground has true heights, so each pixel has a true range. On it are grass, crops, woods, tracks, water
-// and houses; sun, cloud shadows and haze light them. The relief is chosen so that the range author proposes
-// nearly the true range for a place on the picture; the program prints how far the proposals are off.
+// The ground is a height map, so the exact range of each pixel is known. Grass, crops, woods, tracks, water
+// and houses are drawn on it, with sunlight, cloud shadows and haze. The relief is shaped so that the range
+// that the range author proposes for a place on the picture is nearly right. The program prints the errors of
+// the proposals.
 //
-// Each picture is drawn at twice its density. That is its twin, for a sight that is drawn large; the mean of
-// each four pixels is the picture itself.
+// Each picture is drawn with twice the pixels each way. The result is saved as the twin, for a sight that is
+// drawn large. Reduced to half its size it is the picture itself.
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -18,7 +19,7 @@
 
 using namespace tools;
 
-// The name of the picture of twice the density, beside the picture itself.
+// The file name of the picture's twin.
 static QString twin_of(const char* picture)
 {
     return QString(picture).replace('.', "@2x.");

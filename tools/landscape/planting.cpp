@@ -117,7 +117,8 @@ void plant_hedge(world& w, const hedge_plan& h)
     }
 }
 
-// A spot of farmland of `cell` metres: woods cover whole fields, most boundaries are hedges with a few trees.
+// Plants a square of farmland with sides of `cell` metres. Woods cover whole fields; most boundaries are
+// hedges with a few trees.
 void plant_farmed_spot(world& w, float x, float y, float cell)
 {
     const field f = field_at(w.land, x, y);
@@ -134,7 +135,7 @@ void plant_farmed_spot(world& w, float x, float y, float cell)
         return;
     }
     const float hedged = real(f.border % 100);
-    constexpr float unhedged = 22, shaggy = 78;   // of a hundred borders
+    constexpr float unhedged = 22, shaggy = 78;   // percentages of the boundaries
     if (hedged < unhedged || f.edge > .55f * cell + .3f) return;
     const bool tall_hedge = hedged > shaggy;
     const float tall = tall_hedge ? w.random.between(2.4f, 4.6f) : w.random.between(1.6f, 2.4f);
@@ -196,7 +197,7 @@ void plant_riverside(world& w)
     }
 }
 
-// How thick tufts stand there, 0 to 1.
+// The density of tufts at a place, 0 to 1.
 float grassy(const world& w, float x, float y)
 {
     const float rough = roughness(w.land, x, y);
@@ -209,16 +210,16 @@ float grassy(const world& w, float x, float y)
     return f.edge < 2.4f ? .9f : 0;
 }
 
-// One tuft or stone, in the light and warmth of its ground.
+// Adds a tuft or stone with the light and warmth of the ground at its place.
 void strew_one(world& w, float x, float y, growth kind, float height, float width)
 {
     const float range = std::hypot(x, y), z = w.ground.height(x, y);
-    constexpr float blur = 1.5f;   // metres; its ground without the finest texture
+    constexpr float blur = 1.5f;   // metres; the ground is evaluated without its finest texture
     const ground_spot spot{x, y, range, 0, 0, w.ground.normal(x, y, z, blur), blur, blur * 2};
     const surface under = cover(w.land, w.map, spot);
     if (under.made_of != material::ground) return;
     const float clouds = .42f + .58f * cloud_shadow(w.land, x, y);
-    // Some stand in dry or dark patches.
+    // There are dry and dark patches.
     const float dark = noise(x / 8, y / 8, 253) + w.random.between(-.5f, .5f);
     const vec3 own = mix(vec3{1.12f, 1.06f, .92f}, vec3{.58f, .68f, .56f}, smoothstep(-.1f, .7f, dark));
     const vec3 colour =
@@ -233,7 +234,7 @@ void strew_one(world& w, float x, float y, growth kind, float height, float widt
 void strew(world& w)
 {
     struct zone {
-        float from, to, ground_of_one;   // metres, square metres
+        float from, to, ground_of_one;   // distances in metres; square metres of ground for each plant
         limits height;
     };
     constexpr zone zones[] = {{300, 460, .4f, {.22f, .9f}},

@@ -12,20 +12,21 @@ namespace {
 
 constexpr int wanted = 20;
 constexpr float nearest = 600, farthest = 2500;   // metres
-// The preferred range of each position, from left to right: near and far ones alternate; of the first
-// nineteen, eleven are under 1300 m for the coax and fourteen under 1600 m for FIN.
+// The preferred range of each position, from left to right. Near and far positions alternate. Of the first
+// nineteen, eleven are near enough for the coax (1300 m) and fourteen for FIN (1600 m).
 constexpr float preferred[wanted] = {900,  2300, 1250, 700,  1500, 1050, 2050, 820,  1400, 1150,
                                      1750, 650,  1200, 2400, 980,  1550, 750,  1900, 1100, 2200};
-// Tolerances of that range, in metres; each is tried when the one before finds nothing.
+// Accepted differences from the preferred range, in metres. A larger one is tried if no position is found.
 constexpr float tolerances[] = {380, 800, 1900};
 
-constexpr float spare = 1000;   // twips, for aiming off in the wind and over the target
+constexpr float spare = 1000;   // twips, for aiming beside the target in a wind, and above it
 
 struct box {
     float left, right, top, bottom;   // pixels
 };
 
-// Where the sight can be laid with the keys while the picture fills its window, with some room on all sides.
+// The part of the picture on which the sight can be laid with the keys without showing anything beyond the
+// picture, less some room on all sides.
 box in_reach(const country& land)
 {
     const vorn::sight_numbers& sight = vorn::numbers_of(land.sight);
@@ -35,7 +36,7 @@ box in_reach(const country& land)
     const float width = real(land.width) * twip, height = real(land.height) * twip;
     const float across = real(std::max(keys.across, sight.window.Width));
     const float down = real(std::max(keys.down, sight.window.Height));
-    // A lay moves the picture down by the drop of HESH, the reversionary mark moves it up.
+    // The autolay moves the picture down by the drop of HESH; the reversionary mark moves it up.
     const float above = real(sight.hesh.to.at(farthest)), below = real(sight.reversionary.at(farthest));
     const float x = real(aim.Left), y = real(aim.Top), near = real(keys.near);
     return {(x - near + spare) / twip, (x + width - across - spare) / twip, (y - near + above + spare) / twip,
@@ -59,7 +60,7 @@ bool is_open(const country& land, const rendered& r, int x, int y, float range)
         }
         for (int j = slip; j <= side; j += 2) {
             const pixel& body = r.at(x + i, y - j);
-            if (body.made_of >= material::plant && body.range < range) return false;   // something in front
+            if (body.made_of >= material::plant && body.range < range) return false;   // hides the target
         }
     }
     return true;
@@ -99,7 +100,7 @@ std::vector<position> choose_positions(const country& land, const rendered& r)
     rng random(land.seed + 12345);
     std::vector<position> chosen;
     const float slot = (reach.right - reach.left) / wanted;
-    // Neighbours are at least the width of a target apart.
+    // Neighbouring positions are at least the width of a target apart.
     const float apart = real(vorn::largest_target) / real(vorn::twips_per_pixel) / 2;
     for (int i = 0; i < wanted; ++i) {
         const float left = reach.left + slot * real(i);

@@ -8,7 +8,7 @@
 namespace tools {
 namespace {
 
-constexpr int fine = 2;            // samples to a pixel, each way
+constexpr int fine = 2;            // samples per pixel, in each direction
 constexpr int strip_width = 128;   // pixels
 constexpr float sky_range = 1e9f;
 constexpr float first_step = 150, last_step = 26000;   // of the ray over the ground, metres
@@ -17,8 +17,8 @@ constexpr float first_step = 150, last_step = 26000;   // of the ray over the gr
 struct strip {
     const world& w;
     const view& v;
-    const sky* above;   // none in a thermal picture
-    int first;          // column of the picture
+    const sky* above;   // null in a thermal picture
+    int first;          // its first column in the picture
     grid<pixel> samples;
 
     float sample_angle() const { return v.pixel / fine; }   // radians
@@ -55,8 +55,8 @@ void set_ground(strip& s, int x, int y, const step& a, const step& b, float sine
                           range, c.made_of};
 }
 
-// Follows the ground away from the gunner and fills the column from the bottom up with whatever is above all
-// that is nearer. Returns the row above which there is only sky.
+// Follows the ground away from the gunner. Fills the column from the bottom up with the ground that nothing
+// nearer hides. Returns the row above which there is only sky.
 int draw_ground(strip& s, int x)
 {
     const terrain& ground = s.w.ground;
@@ -145,7 +145,7 @@ void draw_panel(strip& s, const panel& p)
     draw_triangle(s, seen[0], seen[2], seen[3], paint);
 }
 
-// Bilinear; u and v in pixels of the sprite.
+// Bilinear interpolation; u and v in pixels of the sprite.
 leaf_pixel leaf_at(const grid<leaf_pixel>& s, float u, float v)
 {
     const int left = floor_int(u), top = floor_int(v);
@@ -179,7 +179,7 @@ void draw_plant(strip& s, const plant& p)
     const vec3 colour = p.colour * (.42f + .58f * clouds);
     const haze air = haze_of(p.range);
     const float nearer = p.range - .6f,
-                slack = p.range * .002f;   // so that the ground at its foot doesn't hide it
+                slack = p.range * .002f;   // so that the ground at the plant's foot doesn't hide the plant
     const bool low = is_low(p.sprite);
     const float cooler = low              ? p.warmer
                          : s.w.land.night ? .02f + .06f * s.w.land.snow
@@ -204,12 +204,13 @@ void draw_plant(strip& s, const plant& p)
         }
 }
 
-// The reflection in a row of water below its far bank: the plants and buildings on the bank upside down, then
-// the dark edge of the bank, then the sky.
+// The reflection at a sample of water. `bank` is the topmost row of water: above it is the far bank. Plants
+// and buildings on the bank are reflected upside down, otherwise the dark edge of the bank, and below that
+// the sky.
 vec3 reflected(const strip& s, int x, int y, int bank)
 {
     constexpr float kept = .80f, edge = 6 * fine;   // share of the light; rows
-    // Ripples shift it by a row or two.
+    // Ripples shift the reflection by a row or two.
     const int shift = static_cast<int>(2.5f * noise(real(s.first * fine + x) / 9, real(y) / 1.7f, 611));
     const pixel& other = s.samples.at(x, std::max(0, 2 * bank - y - 1 + shift));
     if (other.made_of == material::plant || other.made_of == material::building) return other.light * kept;
@@ -228,7 +229,7 @@ void mirror(strip& s, int x)
         for (; y < s.samples.height && s.samples.at(x, y).made_of == material::water; ++y) {
             pixel& sample = s.samples.at(x, y);
             const float range = sample.range, down = -s.elevation(real(y) + .5f);
-            // The flatter the line of sight, the more is reflected.
+            // A flatter line of sight has more reflection.
             const float shine = .42f + .45f * std::pow(1 - std::min(1.f, down * 2), 3.f);
             const float light = cloud_shadow(land, range * std::sin(bearing), range * std::cos(bearing));
             sample.light =
@@ -264,7 +265,7 @@ rendered render(const world& w, const view& v)
         const int first = i * strip_width, wide = std::min(v.width - first, strip_width);
         strip s{w, v, thermal ? nullptr : &*above, first,
                 grid<pixel>(wide * fine, v.height * fine, {.light = {}, .range = sky_range})};
-        // Ground and sky have no edges that need a second column of samples.
+        // Ground and sky have no sharp vertical edges, so one column of samples per pixel is enough.
         for (int x = 0; x < s.samples.width; x += fine) draw_sky(s, x, draw_ground(s, x));
         for (int y = 0; y < s.samples.height; ++y)
             for (int x = 0; x < s.samples.width; ++x) s.samples.at(x, y) = s.samples.at(x - x % fine, y);

@@ -1,5 +1,5 @@
-// Draws a world as the gunner sees it, strip by strip: the ground from near to far in each column, then
-// houses, then plants from far to near, then the water's reflections; four samples a pixel.
+// Draws a world as the gunner sees it, in vertical strips with four samples a pixel. First the ground, from
+// near to far in each column, then houses, then plants from far to near, then reflections in the water.
 #pragma once
 
 #include "common/grid.h"
@@ -9,15 +9,15 @@
 
 namespace tools {
 
-// Of the picture, or one of its samples.
+// A pixel of the picture, or a sample of a pixel.
 struct pixel {
-    vec3 light;         // in a visual picture
-    float warmth = 0;   // in a thermal one
+    vec3 light;         // for a visual picture
+    float warmth = 0;   // for a thermal picture
     float range = 0;    // metres, 0 in the sky
     material made_of = material::sky;
 };
 using rendered = grid<pixel>;
-// For means: the range is that of the last one, the material the highest.
+// Sums for computing a mean. The range is that of the last operand, the material the highest of the two.
 constexpr pixel operator+(const pixel& a, const pixel& b)
 {
     return {a.light + b.light, a.warmth + b.warmth, b.range, std::max(a.made_of, b.made_of)};

@@ -6,8 +6,8 @@
 namespace tools {
 namespace {
 
-constexpr int coarser = 4;                 // than the picture
-constexpr float base = 1100, top = 1750;   // of the cumulus, metres
+constexpr int coarser = 4;                 // pixels of the picture per cell of the grid
+constexpr float base = 1100, top = 1750;   // of the cumulus clouds, metres
 constexpr float farthest = 60000;          // metres
 constexpr int samples = 40;                // along a line of sight
 
@@ -15,7 +15,7 @@ struct cumulus {
     float threshold;
     float drift;   // different clouds for each country
 
-    // At a place, 0 to 1.
+    // The density of cloud at a place, 0 to 1.
     float density(vec3 p) const
     {
         const float up = (p.z - base) / (top - base);
@@ -113,7 +113,7 @@ sky::sky(const country& land, const view& v)
                                      v.elevation(real((y - 1) * coarser)), jitter);
         }
     });
-    // A light blur removes what is left of the jitter.
+    // A slight blur hides the jitter.
     pixels_ = blurred(pixels_, .85f, 1);
 }
 

@@ -1,5 +1,5 @@
-// The sky: blue deepening upwards, thin high clouds, and cumulus ray-marched from below and lit by the sun.
-// Cloud shadows and the haze of the air.
+// The sky: a blue gradient, thin high clouds, and cumulus clouds that are ray-marched. Also cloud shadows and
+// the haze of the air.
 #pragma once
 
 #include "common/grid.h"
@@ -7,13 +7,13 @@
 
 namespace tools {
 
-// The sky of a picture, computed once on a coarser grid.
+// The sky of a picture, computed once on a grid that is coarser than the picture.
 class sky {
 public:
     sky(const country&, const view&);
-    // At a place on the picture, in pixels.
+    // The light at a place of the picture, in pixels.
     vec3 at(float x, float y) const;
-    // Without clouds, at an elevation in radians: what water reflects.
+    // The light without clouds at an elevation in radians, for reflections in water.
     static vec3 plain(const country&, float elevation);
 
 private:

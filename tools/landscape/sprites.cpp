@@ -5,7 +5,7 @@
 namespace tools {
 namespace {
 
-// A ball of foliage, in a tree one unit high and wide: x to the right, y away, z up.
+// An ellipsoid of foliage, in a tree one unit high and wide: x to the right, y away from the viewer, z up.
 struct ball {
     vec3 middle, radius;
 };
@@ -82,7 +82,7 @@ vec3 direction(rng& random)
     }
 }
 
-// The share of the light from a direction that gets to a place through the balls.
+// The share of the light from a direction that reaches a place through the balls.
 float open_towards(vec3 from, const std::vector<ball>& balls, vec3 place)
 {
     float open = 1;
@@ -103,7 +103,7 @@ leaf leaf_on(const country& land, growth kind, const std::vector<ball>& balls, c
     const float out = random.between(.70f, 1.15f) * rough;
     vec3 place = b.middle + d * b.radius * out;
     if (kind == growth::conifer) place.z -= .06f * std::hypot(d.x, d.y) * random.unit();
-    // Half of the shading is that of its ball, half that of the whole crown.
+    // The shading is a mix of that of the ball and that of the whole crown.
     const vec3 crown = unit(vec3{place.x, place.y, (place.z - .5f * top) * .8f} + vec3{0, 0, .001f});
     const vec3 facing = unit(d + crown * .9f);
     const float sun =
@@ -111,7 +111,7 @@ leaf leaf_on(const country& land, growth kind, const std::vector<ball>& balls, c
     const float open = clamp01(.4f + .6f * place.z / top) *
                        clamp01(.6f + .4f * facing.z + .25f * (out - .7f)) *
                        (.4f + .6f * open_towards({0, -.5f, .87f}, balls, place));
-    // What shines through a leaf is yellower.
+    // Light that shines through a leaf is yellower.
     const vec3 light = land.sunlight * (sun * 1.1f) + land.skylight * open +
                        land.sunlight * vec3{.10f, .12f, .03f} * clamp01(.6f - dot(facing, land.towards_sun));
     const float size = kind == growth::bush    ? random.between(.005f, .011f)
@@ -121,7 +121,7 @@ leaf leaf_on(const country& land, growth kind, const std::vector<ball>& balls, c
     const float bright = random.between(.55f, 1.45f);
     if (!random.chance(land.snow * .8f * smoothstep(0, .8f, d.z)))
         return {place, size, light * bright, warmth};
-    // White, whatever the colour of the leaf.
+    // Snow: divided by the leaf's colour, by which the renderer multiplies.
     const vec3 leaf = kind == growth::conifer ? land.needles : land.leaves[0];
     return {place, size, light * (.8f + .15f * bright) * vec3{.6f / leaf.x, .6f / leaf.y, .6f / leaf.z},
             warmth};
@@ -147,7 +147,7 @@ void put_disc(grid<leaf_pixel>& s, const leaf& l)
         }
 }
 
-// A bough and, recursively, its branches.
+// Draws a bough and, recursively, its branches.
 void put_bough(const country& land, grid<leaf_pixel>& s, float x, float y, float angle, float length,
                float width, int forks, rng& random)
 {
@@ -197,7 +197,7 @@ void put_leaves(const country& land, grid<leaf_pixel>& s, growth kind, std::uint
     for (const leaf& l : leaves) put_disc(s, l);
 }
 
-// Grass: blades that fan out and bend, dark between their feet and pale at the tips.
+// Draws a tuft of grass: blades that fan out and bend, dark at the foot and pale at the tip.
 void put_blades(grid<leaf_pixel>& s, rng& random)
 {
     const int blades = 60 + random.below(70);

@@ -1,4 +1,4 @@
-// Trees and bushes as small pictures, drawn once from many leaves and kept as mipmaps.
+// Pictures of plants and stones, drawn once from many leaves and stored as mipmaps.
 #pragma once
 
 #include <vector>
@@ -10,8 +10,8 @@ namespace tools {
 
 enum class growth { broadleaf, conifer, bush, stone, tuft, bare, count };
 
-// `light` falls on a white leaf and is multiplied by the leaf's own colour later; on a tuft, light and warmth
-// are relative to those of the ground it stands on. All is multiplied by `alpha`.
+// A pixel of a sprite, premultiplied by `alpha`. `light` is that of a white leaf; the renderer multiplies it
+// by the colour of the plant. Light and warmth of a tuft are relative to the ground below.
 struct leaf_pixel {
     vec3 light;
     float alpha = 0, warmth = 0;
@@ -24,17 +24,17 @@ constexpr leaf_pixel operator*(leaf_pixel a, float s)
 {
     return {a.light * s, a.alpha * s, a.warmth * s};
 }
-using sprite = std::vector<grid<leaf_pixel>>;   // each half the size of the one before
+using sprite = std::vector<grid<leaf_pixel>>;   // mipmaps, each half the size of the one before
 
 inline constexpr int sprites_of_a_kind = 9;
 
-// All sprites, ordered by kind.
+// All sprites, by kind.
 std::vector<sprite> draw_sprites(const country&);
 inline int first_of(growth kind)
 {
     return static_cast<int>(kind) * sprites_of_a_kind;
 }
-// Too low to hide anything.
+// Whether the plant is too low to hide a target.
 inline bool is_low(int sprite)
 {
     return sprite >= first_of(growth::stone) && sprite < first_of(growth::bare);

@@ -1,6 +1,6 @@
-// The relief. The gunner is some 200 m above the floor of a wide bowl, which rises again towards a rim at
-// three kilometres, so that the range author proposes the right range for each row of the picture. On that
-// are hills and hollows, and beyond the rim a plateau with far hills.
+// The relief. The gunner is some 200 m above the floor of a wide bowl that rises to a rim at three
+// kilometres. This shape makes the range author propose the right range for each row of the picture. Hills
+// and hollows are added to the bowl. Beyond the rim is a plateau with distant hills.
 #pragma once
 
 #include <vector>
@@ -13,9 +13,9 @@ namespace tools {
 class terrain {
 public:
     terrain(const country&, const ground_map&);
-    // Metres above the gunner's eye; the curvature of the earth is subtracted.
+    // Metres above the gunner's eye, less the curvature of the earth.
     float height(float x, float y) const;
-    // `reach`: metres over which the slope is measured.
+    // `reach`: distance over which the slope is measured, metres.
     vec3 normal(float x, float y, float height, float reach) const;
 
 private:
@@ -24,7 +24,7 @@ private:
 
     const country& land_;
     const ground_map& map_;
-    std::vector<float> bowl_;   // every few metres of range
+    std::vector<float> bowl_;   // heights, at every few metres of range
 };
 
 }   // namespace tools

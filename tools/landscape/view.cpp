@@ -6,10 +6,10 @@
 namespace tools {
 namespace {
 
-// A vehicle 9.6 m long is as large on the picture as the sight's target: 30 pixels at 840 m on the visual
-// sight, three quarters of that on the thermal one.
+// Radians. Vehicles are to scale with the targets of the sights: a vehicle 9.6 m long, at 840 m, is 30 pixels
+// wide on a visual picture and three quarters of that on a thermal one.
 constexpr float visual_pixel = .000366f, thermal_pixel = visual_pixel * 4 / 3;
-// Angle between the horizon and the upper end of the range author's band, radians.
+// Angle between the horizon and the upper edge of the range author's ground band, radians.
 constexpr float far_strip = .020f;
 
 // The range author divides the band into 40 steps and proposes (50 - step)^2 + 500 metres.
@@ -37,8 +37,8 @@ float agreeing_row(const country& land, float range)
     const float twips = real(land.height) * real(vorn::twips_per_pixel);
     const float top = std::floor(twips / 3), bottom = 3 * std::floor(twips / 4);
     const float step = std::floor((bottom - top) / band_steps);
-    // Below 580 m, nearer than any target, the curve would be vertical. It continues as a parabola, so that
-    // the lower edge of the picture shows ground some 330 m away.
+    // Nearer than 580 m, where no target is, the author's curve would become vertical. There it is continued
+    // as a parabola, so that the lower edge of the picture shows ground some 330 m away.
     constexpr float bend = 580, faster = .00016f;
     const float nearer = std::max(0.f, bend - range);
     const float steps = nearest_step - std::sqrt(std::max(range, bend) - square_base) +

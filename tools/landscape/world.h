@@ -1,4 +1,4 @@
-// The ground of a country and everything on it.
+// A country built up: its ground and everything on it.
 #pragma once
 
 #include <vector>
@@ -17,7 +17,7 @@ struct plant {
     int sprite;
     float bearing, range;
     vec3 colour;
-    float warmer = 0;   // than other plants
+    float warmer = 0;   // of a tuft: the warmth of the ground
 };
 
 // A piece of a wall or a roof.
@@ -41,15 +41,17 @@ struct world {
     rng random;
 };
 
-inline constexpr float road_wander = .5f;   // of a road, relative to that of a track
+inline constexpr float road_wander = .5f;   // the bends of a road relative to those of a track
 
-// Marks tracks, roads and the river on the map.
+// Marks tracks, trails, roads and the river on the map.
 void mark_ways(world&);
-// Farms and the hamlet with its church.
+// Builds farms, the hamlet with its church, and bridges.
 void build_houses(world&);
-// Tufts of grass and stones on the ground as it is lit with all the shadows.
+// Adds tufts of grass and stones. Call it when all shadows are on the map: tufts have the light of the
+// ground.
 void strew(world&);
-// Woods, belts, copses, hedges, scrub, trees along the river; each with its shadow on the map.
+// Plants woods, belts, copses, hedges, scrub and trees along the river, with their shadows on the map; then
+// strews tufts.
 void plant_trees(world&);
 void add_tree(world&, float x, float y, growth, float height, float widen = 1);
 

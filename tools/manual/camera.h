@@ -1,5 +1,5 @@
-// Works the trainer off screen, as a user would, and saves what it shows with numbers on the parts that the
-// manual names.
+// Operates the trainer off screen, as a user would. Saves pictures of its screens, with numbers on the parts
+// that the manual describes.
 #pragma once
 
 #include <QAbstractButton>
@@ -21,24 +21,25 @@
 
 namespace vorn {
 
-// Places on a screen as it is shown, in twips of the form.
+// A rectangle on a screen as it is shown, in twips of the form.
 using place = QRectF;
 
-// A number, joined by a line to the part it marks.
+// A number at `at`, joined by a line to the part `names` that it marks.
 struct callout {
     QPointF at, names;
 };
 
-// Pixels to a twip: the screens are taken at twice their size, so that parts of them are sharp.
+// The screens are drawn at twice their size, so that sections of them are sharp. `resolution`: pixels per
+// twip.
 inline constexpr int scale = 2;
 inline constexpr double resolution = scale / twips_per_pixel;
 
 inline void draw_callout(QPainter& p, const callout& c, int number, double size)
 {
     const QPointF at = c.at * resolution;
-    const QColor pale(240, 246, 255), dark(16, 40, 90);   // no colours of the screens themselves
+    const QColor pale(240, 246, 255), dark(16, 40, 90);   // colours that the screens don't use
     QLineF line(at, c.names * resolution);
-    if (line.setLength(line.length() - size * 0.5); c.at != c.names)   // what it names stays visible
+    if (line.setLength(line.length() - size * 0.5); c.at != c.names)   // ends before the part
         for (const QPen& pen : {QPen(dark, size * 0.24), QPen(pale, size * 0.12)}) {
             p.setPen(pen);
             p.drawLine(line);
@@ -55,7 +56,7 @@ inline void draw_callout(QPainter& p, const callout& c, int number, double size)
                QString::number(number));
 }
 
-// The window of a form, at the size at which pictures are taken.
+// Resizes the window of a form to the size of the pictures and returns it.
 inline form_window& window_at_size(const form& f)
 {
     for (QWidget* w : QApplication::topLevelWidgets()) {
@@ -74,7 +75,7 @@ inline place place_of(const QWidget& w)
     return {QPointF(w.mapTo(w.window(), QPointF(0, 0))) / resolution, QSizeF(w.size()) / resolution};
 }
 
-// The place in a sight, in its own twips, as it is shown.
+// Where the sight shows a rectangle given in twips of the sight.
 inline place place_in(const screen_object& sight, const place& inside)
 {
     const place whole = place_of(*window_at_size(*sight.owner).widget(sight));
@@ -97,7 +98,7 @@ inline QPointF centre_in_sight(const screen_object& o, double across = 0, double
 {
     return place_in(*o.parent, place(o.Left + across, o.Top + down, o.Width, o.Height)).center();
 }
-// On a panel's caption line, to the right of the caption.
+// A number on a panel's caption line, to the right of the caption.
 inline callout on_head(const screen_object& o, double across = 0.93)
 {
     const place p = place_of(o);
@@ -108,7 +109,7 @@ inline callout right_of(const screen_object& o)
     const place p = place_of(o);
     return on({p.right() + 240, p.center().y()});
 }
-// A number at this distance from a point or object, twips.
+// A number at this distance from the point or object that it marks, twips.
 inline callout beside(QPointF point, double across, double down)
 {
     return {point + QPointF(across, down), point};
@@ -118,8 +119,8 @@ inline callout beside(const screen_object& o, double across, double down)
     return beside(place_of(o).center(), across, down);
 }
 
-// A clock that goes on by a frame whenever a window is painted in a counted move, and only then: what is
-// taken doesn't depend on the speed of this machine.
+// A clock that advances by one frame whenever a window is painted during a counted move, so that the pictures
+// don't depend on the speed of the computer.
 class frame_clock final : public QObject {
 public:
     void pass(double seconds)
@@ -130,7 +131,7 @@ public:
     double time() const { return time_; }
 
     static constexpr double frame = 1.0 / 60;
-    const QObject* window = nullptr;   // whose frames count; null: all
+    const QObject* window = nullptr;   // the window whose frames are counted; null: all
     std::function<void()> passed;
 
 protected:
@@ -169,7 +170,7 @@ public:
         for (; *keys != 0; ++keys)
             for (const bool down : {true, false}) key(s, *keys, down);
     }
-    // One tick, without waiting for it.
+    // Delivers one tick without waiting for the interval.
     void tick(timer& clock)
     {
         if (!clock.Enabled) return;
@@ -178,17 +179,17 @@ public:
         deliver_ticks(pc);
         pc.sync();
     }
-    // Ticks for as long as the timer runs and more are wanted.
+    // Delivers ticks while the timer runs and the condition is true.
     void tick_while(timer& clock, const std::function<bool()>& wanted)
     {
         for (int i = 0; i < 1000 && clock.Enabled && wanted(); ++i) tick(clock);
     }
 
-    // Strikes and fires are this much older from now on.
+    // Advances the clock, which ages strikes and fires.
     void age(double seconds) { clock.pass(seconds); }
 
-    // A picture of a whole screen, of a part of it scaled to a width, of the middle of the sight, of the next
-    // box.
+    // Each saves a picture: of a whole screen, of a part of a screen scaled to a width, of the middle of the
+    // sight, of the next box.
     void take(const QString& name, form& f, const std::vector<callout>& callouts = {})
     {
         save(name, look(f, callouts, 42).scaledToWidth(800, Qt::SmoothTransformation));
@@ -196,7 +197,7 @@ public:
     void take_part(const QString& name, form& f, const place& part, int width,
                    const std::vector<callout>& callouts = {})
     {
-        const double size = 26 * part.width() * resolution / width;   // 26 pixels in the end
+        const double size = 26 * part.width() * resolution / width;   // 26 pixels after scaling
         const QImage picture = look(f, callouts, size);
         const QRect cut = QRectF(part.topLeft() * resolution, part.size() * resolution).toAlignedRect();
         save(name, picture.copy(cut & picture.rect()).scaledToWidth(width, Qt::SmoothTransformation));
@@ -208,12 +209,12 @@ public:
     }
     void take_next_box(const QString& name) { box_picture_ = name; }
 
-    // At the size at which pictures are taken, with the numbers on it.
+    // The screen at the size of the pictures, with the numbers.
     QImage look(form& f, const std::vector<callout>& callouts = {}, double size = 1)
     {
         pc.sync();
         QWidget& window = window_at_size(f);
-        window.grab();   // begins to read the twins of pictures
+        window.grab();   // starts to read the twins of pictures
         for (const screen_object* o : f.objects)
             while (reads_twin(o->Picture)) QThread::msleep(5);
         QImage picture = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -227,11 +228,11 @@ public:
     frame_clock clock;
     desktop_machine pc;
     trainer t{pc};
-    std::string wanted_file;   // given to the next file dialog
+    std::string wanted_file;   // the next file dialog gets it
     bool all_saved = true;
 
 private:
-    // Boxes are answered with yes.
+    // Answers an open box with yes, a file dialog with wanted_file.
     void answer_box()
     {
         QWidget* box = QApplication::activeModalWidget();

@@ -1,4 +1,4 @@
-// Takes a moving picture of a sight with the keys that are pressed, ten frames a second.
+// Takes a moving picture of a sight, with the keys that are pressed below it, at ten frames a second.
 #pragma once
 
 #include <QPainter>
@@ -12,7 +12,7 @@ namespace vorn {
 
 class film {
 public:
-    // The part of the sight that is seen, twips; the keys that are shown; a file name without number.
+    // The part of the sight that is shown, twips; the keys that are shown; the file name without its number.
     struct script {
         QRectF part;
         QString keys;
@@ -52,7 +52,7 @@ public:
         pressed_.remove(key);
         work(s_.window.KeyUp, key);
     }
-    // Long enough to be seen.
+    // Presses a key long enough to be seen.
     void tap(char key)
     {
         press(key);
@@ -86,7 +86,8 @@ private:
     {
         pc_.run([&] { handler(key); });
     }
-    // Holds a direction for as long as its acceleration needs, and then taps.
+    // Holds a direction key until the offset is small. Each time, the duration is computed from the
+    // acceleration of the traverse.
     void go(char less, char more, const std::function<double()>& off)
     {
         constexpr double near = 25, slowest = 20;   // twips; twips per tick
@@ -103,9 +104,9 @@ private:
     void take()
     {
         constexpr int width = 560, bar = 62;     // pixels
-        constexpr int hardly_compressed = 100;   // saves time: the frames are only read once
+        constexpr int hardly_compressed = 100;   // saves time: each frame is read only once
         sight_view& v = *pc_.window(s_.window)->sight_of(s_.Imgrange);
-        const double pixels = v.width() / s_.Picrange.Width;   // to a twip
+        const double pixels = v.width() / s_.Picrange.Width;   // per twip
         const QRect part(QRectF(what_.part.topLeft() * pixels, what_.part.size() * pixels).toAlignedRect());
         const QImage seen = v.grab(part).toImage().scaledToWidth(width, Qt::SmoothTransformation);
         QImage frame(width, seen.height() + bar, QImage::Format_RGB32);
@@ -159,7 +160,7 @@ private:
     gunnery_screen& s_;
     script what_;
     double next_;       // time of the next frame
-    QString pressed_;   // the last one at the end
+    QString pressed_;   // the keys that are down, the last pressed at the end
     QImage first_;
     int count_ = 0;
 };

@@ -1,9 +1,10 @@
-// Takes the pictures of the manual: goes through all screens and fires practices, on any ranges:
-// targets are chosen by their range, and places come from the screens' own objects.
+// Takes the pictures of the manual: goes through all screens and fires practices. It works with any ranges
+// and layouts: it chooses targets by their range, and takes the places of the numbers from the objects of the
+// screens.
 //
 //     take_help_pictures PROGRAM-DIRECTORY FOLDER FRAMES
 //
-// FOLDER gets the pictures, FRAMES the single frames of the moving ones.
+// Writes the pictures into FOLDER, and the single frames of the moving pictures into FRAMES.
 #include <QApplication>
 #include <cstdlib>
 #include <iostream>
@@ -47,7 +48,7 @@ public:
     }
 
 private:
-    // A position of about this range, away from the sides of the picture.
+    // The position nearest to this range that isn't near a side of the picture.
     int position_at(int metres) const
     {
         const practice_state& p = t.shared;
@@ -60,7 +61,7 @@ private:
         for (int i = 2; i < practice_entries; ++i) best = off(i) < off(best) ? i : best;
         return best;
     }
-    // Until the order for a target at this range.
+    // Runs the practice until the order for a target at this range.
     void order(gunnery_screen& s, int metres)
     {
         const int position = position_at(metres);
@@ -73,7 +74,7 @@ private:
         order(s, metres);
         tick_while(s.Timtarget, [&] { return !s.Imgtargets.Visible || !s.targetcalled; });
     }
-    // Moves the centre of the target to this offset from the dot or mark, twips.
+    // Moves the centre of the target to this offset from the aim point, twips.
     void lay_on(gunnery_screen& s, double across = 0, double down = 0)
     {
         pc.run([&] {
@@ -87,12 +88,13 @@ private:
         tick_while(s.timautolay, [&] { return s.layready; });
         tick_while(s.Timloading, [&] { return !s.gunloaded; });
     }
-    // All up to the first round, with the autolay key held; `nature` is the keys that select it.
+    // Does everything up to the first round; the autolay key stays held. `nature`: the keys that select the
+    // ammunition.
     void engage(gunnery_screen& s, int metres, const char* nature)
     {
         order_and_target(s, metres);
         tap(s, nature);
-        lay_on(s, 12, -20);   // the debrief takes 0 for never lased
+        lay_on(s, 12, -20);   // not 0, since the debrief draws a lase at offset 0 pale
         tap(s, "A");
         hold_autolay_and_load(s);
     }
@@ -112,7 +114,8 @@ private:
         tick_while(s.Timtarget, [&] { return s.Imgtargets.Visible; });
         tap(s, "W");
     }
-    // A whole FIN engagement: the first round is this far off across, a second one hits.
+    // Fires a whole FIN engagement. The first round is laid this far to the side; if it misses, the second
+    // one hits.
     void quick_fin(gunnery_screen& s, int metres, double first_across)
     {
         engage(s, metres, "E");
@@ -196,7 +199,7 @@ private:
                    beside(at(3755, 1950), -1500, 200), beside(at(4280, 2910), -2200, -150),
                    beside(at(3060, 3740), -700, 300), beside(at(6490, 3740), 700, 300)});
         s.Imgtargets.Visible = true;
-        // The panel of the mouse controls; it takes the place of the key card.
+        // The panel of the mouse controls is at the place of the key card.
         s.Frmcon.Visible = false;
         s.Frmmousecon.Visible = true;
         take_part("gunners_buttons", s.window, place_of(s.Frmmousecon), 260);
@@ -223,7 +226,7 @@ private:
         end_engagement(s);
     }
 
-    // The first round is off by the wind, the corrected second one hits.
+    // The first round misses because of the wind, the corrected second one hits.
     void visual_hesh(gunnery_screen& s)
     {
         engage(s, 1000, "ERR");
@@ -240,7 +243,8 @@ private:
         tap(s, "R");
         take_sight("hesh_second_press", s);
         hold_autolay_and_load(s);
-        lay_and_fire(s, 12, 2.0 * s.currentrange);   // the debrief takes 0 across for no round
+        // Not 0 across, since the debrief shows no button for such a round.
+        lay_and_fire(s, 12, 2.0 * s.currentrange);
         end_engagement(s);
     }
 
@@ -255,7 +259,8 @@ private:
             for (int i = 0; i < 3; ++i) tick(s.Timcoax);
             if (burst == 1) {
                 age(0.2);
-                const double high = 2.0 * s.currentrange + 1100;   // from the dot to below the strike
+                // From above the dot to below the strike.
+                const double high = 2.0 * s.currentrange + 1100;
                 take_part("coax", s.window,
                           place_in(s.Picrange,
                                    place(s.mbs1.Left - high / 1.5, s.mbs1.Top - 400, high * 4 / 3, high)),
@@ -279,8 +284,8 @@ private:
         mistakes(s);
     }
 
-    // For the worked cases of the debrief: a FIN round too high, a HESH round fired without a lay, and two
-    // HESH rounds without a correction.
+    // Engagements for the worked cases of the debrief: a FIN round too high, a HESH round fired without an
+    // autolay, and two HESH rounds without a correction.
     void mistakes(gunnery_screen& s)
     {
         t.shared.engagementtype = 4;
@@ -293,7 +298,7 @@ private:
         lay_on(s, 12, -20);
         tap(s, "A");
         tick_while(s.Timloading, [&] { return !s.gunloaded; });
-        s.windoffset = 0;   // a miss for one reason only
+        s.windoffset = 0;   // so that the round misses for one reason only
         fire(s);
         end_engagement(s);
         engage(s, 1000, "ERR");
@@ -354,7 +359,8 @@ private:
         take_sight("thermal_cross", s);
         tap(s, "A");
         take_sight("thermal_lased", s);
-        // A degraded sight instead: the picture has gone up, and the gunner lays the bar on the target.
+        // The same with a degraded system: the picture has moved up, and the gunner lays the bar on the
+        // target.
         const int status = std::exchange(t.shared.systemstatus, 2);
         tap(s, "A");
         s.imgbam.Visible = false;
@@ -389,7 +395,7 @@ private:
         click(t.startsim.cmdeditrange);
         wanted_file = "visualrange.arf";
         click(s.Cmdopen);
-        s.outcome.Caption = wanted_file + " is open";   // without the folder of this machine
+        s.outcome.Caption = wanted_file + " is open";   // without the path of the folder on this computer
         click(s.Lbltargetnum[7]);
         take("editor", s.window,
              {on_head(s.Frame5), on_head(s.Frame3, 0.5), on_head(s.Frame4),
@@ -405,7 +411,7 @@ private:
     {
         return {part, keys, frames_ + '/' + name};
     }
-    // Scatter that is the same each time.
+    // Makes the scatter of the rounds the same each time.
     void scatter(unsigned seed)
     {
         t.random.source = [seed]() mutable {
@@ -413,7 +419,7 @@ private:
             return (seed >> 16 & 0x7fff) / 32768.0;
         };
     }
-    // With a sign that it can be played.
+    // Saves the first frame with a play symbol.
     void keep_first(const QString& name, const film& f)
     {
         QImage first = f.first();
@@ -432,7 +438,8 @@ private:
     {
         return s.lblcrew.Caption.find("TARGET STOP") != std::string::npos;
     }
-    // Just after a tick of the target's timer: the next one takes down the target that was hit.
+    // Fires just after a tick of the target's timer, so that the explosion is seen for nearly a second: the
+    // next tick takes down the target that was hit.
     void fire_in_time(const gunnery_screen& s, film& f)
     {
         f.until([&] {
@@ -470,7 +477,7 @@ private:
         finish(s, f);
         keep_first("film_fin", f);
     }
-    // From the laid gun on.
+    // Begins with the laid gun.
     void film_hesh(gunnery_screen& s)
     {
         t.shared.engagementtype = 3;
@@ -512,7 +519,7 @@ private:
         f.release('S');
         f.until([&] { return s.gunloaded; });
         f.wait(0.3);
-        f.press('D');   // short, and walked on
+        f.press('D');   // falls short; the gunner then moves the strikes onto the target
         f.wait(0.8);
         f.lay(-45, -(2.0 * s.currentrange + 30));
         f.wait(0.5);

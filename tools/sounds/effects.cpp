@@ -1,5 +1,5 @@
-// Synthesizes one sound of the guns from filtered noise, falling tones and resonators, and prints it as text
-// that sox reads: a time and a sample a line, not normalized.
+// Synthesizes one gun sound from filtered noise, falling tones and resonators. Prints it in the text format
+// of sox: a time and a sample in each line, not normalized.
 //
 // Usage: effects fire|coax|explode1
 
@@ -46,9 +46,9 @@ double pass(low_pass& f, double x)
     return f.level += f.share * (x - f.level);
 }
 
-// Rings at one pitch after a blow.
+// A filter that rings at one pitch when it is struck.
 struct resonator {
-    double input, last, before;   // their weights in the next sample
+    double input, last, before;   // weights of these samples in the next one
     double y1 = 0, y2 = 0;
 };
 
@@ -65,7 +65,7 @@ double pass(resonator& f, double x)
     return y;
 }
 
-// Adds sound(time since start) to the track until it has decayed to a thousandth.
+// Adds sound(seconds since `start`) to the track, until it has decayed to a thousandth.
 template <typename Sound>
 void add(track& t, double start, double decay, Sound sound)
 {
@@ -75,13 +75,13 @@ void add(track& t, double start, double decay, Sound sound)
         t[first + i] += sound(static_cast<double>(i) / rate);
 }
 
-// Attack and decay, both as rates: higher is quicker.
+// Attack and decay as rates: a higher rate is quicker.
 double envelope(double time, double rise, double decay)
 {
     return (1 - std::exp(-time * rise)) * std::exp(-time * decay);
 }
 
-// Low-pass noise: dull or sharp by its cut-off frequency.
+// Low-pass noise; a higher cut-off frequency sounds sharper.
 struct rush {
     double start, cutoff, rise, decay, loudness;
 };
@@ -89,7 +89,7 @@ struct rush {
 void add(track& t, const rush& r, rng& random)
 {
     low_pass first = low_pass_at(r.cutoff), second = first;
-    // A lower cut-off passes less of the noise; with this gain the loudness doesn't depend on it.
+    // A lower cut-off passes less of the noise. The gain makes the loudness independent of the cut-off.
     const double gain = r.loudness * std::sqrt(rate / 2.0 / r.cutoff);
     add(t, r.start, r.decay, [&](double time) {
         return gain * pass(second, pass(first, white_noise(random))) * envelope(time, r.rise, r.decay);
@@ -110,7 +110,7 @@ void add(track& t, const thump& b)
     });
 }
 
-// Struck steel.
+// The sound of struck steel.
 struct ring {
     double start, pitch, decay, loudness;
 };
@@ -131,15 +131,15 @@ track fire()
     rng random(0x3f1972d6a49fd2f2);
     constexpr rush rushes[] = {{.002, 4200, 4000, 48, 1.3},   // the crack
                                {.004, 900, 900, 5.5, 1.2},    // the blast
-                               {.04, 260, 25, 2.2, .8},       // its roll over the ground
-                               {.29, 520, 60, 3.5, .4},       // and its echo
+                               {.04, 260, 25, 2.2, .8},       // roll of the blast over the ground
+                               {.29, 520, 60, 3.5, .4},       // echo of the blast
                                {.62, 420, 60, 3, .3}};
     constexpr thump thumps[] = {{.002, 150, 42, 16, 700, 5.5, 1.3}, {.002, 260, 95, 30, 900, 16, .7}};
     constexpr ring rings[] = {{.01, 183, 3, .5},   {.01, 317, 3.5, .4},  {.01, 548, 4, .25},     // the turret
                               {.11, 412, 9, .5},   {.11, 1130, 11, .4},  {.11, 2270, 14, .25},   // recoil
                               {.52, 536, 14, .35}, {.52, 1490, 16, .25},                         // run-out
                               {.78, 874, 8, .2},   {.78, 2380, 10, .2},                          // the stub
-                              {.93, 903, 8, .12},  {.93, 2430, 10, .12}};   // its second bounce
+                              {.93, 903, 8, .12},  {.93, 2430, 10, .12}};   // second bounce of the stub
     for (const rush& r : rushes) add(t, r, random);
     for (const thump& b : thumps) add(t, b);
     for (const ring& r : rings) add(t, r, random);
@@ -153,10 +153,10 @@ void add_shot(track& t, double start, double loudness, rng& random)
     add(t, thump{start, 160, 95, 60, 2000, 42, .6 * loudness});
     add(t, ring{start + .034, 2700, 160, .7}, random);   // the bolt
     add(t, ring{start + .034, 1750, 140, .5}, random);
-    add(t, rush{start + .01, 330, 60, 6, .12 * loudness}, random);   // the roll over the ground
+    add(t, rush{start + .01, 330, 60, 6, .12 * loudness}, random);   // roll of the shot over the ground
 }
 
-// One long burst, longer than a trigger is held, since it is played once and not repeated.
+// One long burst. It is longer than anybody holds the trigger, since the sound isn't repeated.
 track coax()
 {
     constexpr double seconds = 12, ceasing = seconds - .7, between = 60.0 / 650;
@@ -175,7 +175,7 @@ track coax()
     return t;
 }
 
-// A vehicle exploding far away: no crack, but the blow and a long roll with its echoes.
+// A vehicle exploding far away: a thud and a long roll with echoes, but no crack.
 track explode1()
 {
     track t = silence(2.2);

@@ -1,6 +1,7 @@
-// Draws the target icons of the shipped ranges, and more for makers of ranges: vehicles to scale, modelled in
-// vehicles.cpp and drawn by render.cpp. The three of a range are seen from the front and a little above, so
-// that each fills its square: the sights take the middle of the square for the middle of the vehicle.
+// Draws the target icons of the shipped ranges, and more icons for makers of ranges. The vehicles are
+// modelled to scale in vehicles.cpp and drawn by render.cpp. The three icons of the shipped ranges show a
+// vehicle from the front and a little above, so that it fills its square: the sights treat the middle of the
+// square as the middle of the vehicle.
 //
 // Usage: target_icons FOLDER
 
@@ -15,7 +16,7 @@ using namespace tools;
 
 struct icon_plan {
     const char* name;
-    const char* hot_name;   // of the same for thermal ranges
+    const char* hot_name;   // of the icon for thermal ranges
     solid (*vehicle)(float thinnest, float turret);
     float turret;   // degrees to the left of the vehicle's front
     view from;
@@ -35,10 +36,11 @@ static constexpr icon_plan icons[] = {
 
 static QByteArray drawn(const icon_plan& i, look l)
 {
-    constexpr float width = 6.5f, thinnest = .62f;   // of a picture in metres; of a barrel's radius in pixels
+    // Width of a picture in metres; smallest radius of a gun barrel in pixels.
+    constexpr float width = 6.5f, thinnest = .62f;
     std::vector<QImage> pictures;
     for (const int size :
-         {256, 192, 128, 96, 64, 48, 32, 24, 16})   // largest first, for readers that take the first
+         {256, 192, 128, 96, 64, 48, 32, 24, 16})   // largest first, for programs that read only the first
         pictures.push_back(render(i.vehicle(thinnest * width / real(size), i.turret), i.from, l, size));
     return icon(pictures);
 }

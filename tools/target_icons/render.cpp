@@ -22,7 +22,7 @@ struct camera {
 
     float across_at(int column) const { return left + (real(column) + .5f) * step; }
     float up_at(int row) const { return top - (real(row) + .5f) * step; }
-    // The first sample at or beyond a place.
+    // The first column or row at or beyond a coordinate.
     int column(float across) const { return clamped((across - left) / step - .5f); }
     int row(float height) const { return clamped((top - height) / step - .5f); }
 
@@ -46,7 +46,7 @@ camera looking(float azimuth, float elevation)
     return {right, cross(towards, right), towards};
 }
 
-// Where an outline crosses a height, from left to right.
+// The places where an outline crosses a height, from left to right.
 std::vector<float> crossings(const path& outline, float height)
 {
     std::vector<float> found;
@@ -95,7 +95,7 @@ grid<hit> see(const solid& vehicle, const camera& c)
 
 // Light -----------------------------------------------------------------------------------------------------
 
-// A directional light with its shadow map: what it doesn't reach is in shadow.
+// A directional light with its shadow map.
 struct lamp {
     vec3 strength;
     camera there;
@@ -113,13 +113,14 @@ lamp make_lamp(const solid& vehicle, float azimuth, float elevation, vec3 streng
     return {strength, c, see(vehicle, c)};
 }
 
-// The sun, first, is where it is over the ranges: to the upper left and behind the viewer.
+// The sun and patches of the sky. The sun is the first lamp; its direction is that of the ranges: to the
+// upper left of the viewer and behind him.
 std::vector<lamp> daylight(const solid& vehicle, const view& from)
 {
     constexpr float sun_aside = -52, sun_height = 46;   // degrees
     constexpr vec3 sunlight{1.16f, 1.08f, .94f}, skylight{.62f, .70f, .80f};
     constexpr int sun_detail = 1200, sky_detail = 400;   // samples across
-    constexpr int patches = 24;   // of the sky, of equal size, on a spiral from the horizon up
+    constexpr int patches = 24;   // of the sky, all of equal size, on a spiral from the horizon to the zenith
     constexpr float golden_angle = 137.508f;
     std::vector<lamp> lamps{make_lamp(vehicle, from.aside + sun_aside, sun_height, sunlight, sun_detail)};
     for (int i = 0; i < patches; ++i)
@@ -152,13 +153,14 @@ vec3 light_on(const std::vector<lamp>& lamps, vec3 at, vec3 normal)
 
 // Colours ---------------------------------------------------------------------------------------------------
 
-// -1 to 1, with features of one metre over `fineness`; stretched downwards, as rain leaves it.
+// Noise from -1 to 1 with features of 1/`fineness` metres, twice as high as they are wide, like streaks of
+// rain.
 float grain(vec3 at, float fineness)
 {
     return noise3(50 + fineness * at.x, 50 + fineness * at.y, 50 + .5f * fineness * at.z);
 }
 
-// Large patches of three shades, worn and stained, and mud on surfaces near the ground.
+// Camouflage in three shades, with wear and stains, and mud on surfaces near the ground.
 vec3 paint_at(const material& m, vec3 at)
 {
     constexpr vec3 dust{.30f, .25f, .16f};
@@ -175,7 +177,7 @@ vec3 paint_at(const material& m, vec3 at)
     return mix(paint * (1 + .22f * stain + .2f * wear), dust, clamp01(muddy));
 }
 
-// Light as a screen shows it, through as much air as at the middle ranges of the shipped country.
+// Screen colour of a light, seen through as much air as at the middle ranges of the shipped ranges.
 vec3 shown(vec3 light)
 {
     const auto channel = [](float own, float air, float per_kilometre) {
@@ -185,11 +187,12 @@ vec3 shown(vec3 light)
     return {channel(light.x, .80f, .062f), channel(light.y, .85f, .076f), channel(light.z, .90f, .102f)};
 }
 
-// The shadow on the ground: the share of the light of an empty place that is missing here.
+// The shadow on the ground. Its alpha is the share of the light on open ground that the vehicle blocks here.
 sample shaded_ground(const std::vector<lamp>& lamps, vec3 at)
 {
     constexpr vec3 colour{.07f, .08f, .06f};
-    constexpr float deepest = .8f, unseen = .1f;   // what a low sky loses far away from the vehicle
+    // A loss below `unseen` isn't shown: even far from the vehicle a little of the low sky is hidden.
+    constexpr float deepest = .8f, unseen = .1f;
     vec3 whole;
     for (const lamp& l : lamps) whole = whole + l.strength * l.there.towards.z;
     const float lit = light_on(lamps, at, {0, 0, 1}).y / whole.y;
@@ -197,8 +200,8 @@ sample shaded_ground(const std::vector<lamp>& lamps, vec3 at)
     return {colour * alpha, alpha};
 }
 
-// White is hot, and all of a vehicle is warmer than the ground, which is shown at .6 at most. Faces in the
-// sun are a little warmer, and the more sky a face sees, the colder it is.
+// Brightness in a thermal picture: white is hot. All of a vehicle is brighter than the ground, which is at
+// most .6. Faces in the sun are a little warmer; the more sky a face sees, the colder it is.
 vec3 glowing(const std::vector<lamp>& lamps, const material& m, vec3 at, vec3 normal)
 {
     const float sun = reaches(lamps.front(), at + normal * .03f)
@@ -211,7 +214,7 @@ vec3 glowing(const std::vector<lamp>& lamps, const material& m, vec3 at, vec3 no
 
 // Pictures --------------------------------------------------------------------------------------------------
 
-// The outline fills the square except for a margin, given as a share of the square.
+// A camera for which the outline fills the square except for a margin, given as a share of the square.
 camera fitted(const solid& vehicle, const view& from, float margin, int samples)
 {
     camera c = looking(from.aside, from.above);
@@ -232,7 +235,7 @@ camera fitted(const solid& vehicle, const view& from, float margin, int samples)
     return c;
 }
 
-// The shadow fades out towards the edges of the picture.
+// Makes the shadow fade out towards the edges of the picture.
 float fade(int column, int row, int size)
 {
     constexpr float width = .1f;
@@ -240,7 +243,7 @@ float fade(int column, int row, int size)
     return clamp01(std::min({x, 1 - x, y, 1 - y}) / width);
 }
 
-// The upper edge of a face, where boots and branches have worn the paint.
+// Whether the sample is at the upper edge of a face, where the paint is worn.
 bool is_edge(const grid<hit>& seen, const camera& c, int x, int y)
 {
     constexpr float width = .035f, behind = .06f;   // metres
@@ -271,7 +274,7 @@ sample sample_at(const grid<hit>& seen, const camera& c, const std::vector<lamp>
 QImage render(const solid& vehicle, const view& from, look l, int size)
 {
     constexpr float softness = 1.f / 140;              // blur of the thermal picture, as a share of its width
-    const int fine = std::clamp(1024 / size, 4, 16);   // samples to a pixel, each way
+    const int fine = std::clamp(1024 / size, 4, 16);   // samples per pixel, in each direction
     const camera c = fitted(vehicle, from, l == look::hot ? 2.5f * softness : .025f, size * fine);
     const grid<hit> seen = see(vehicle, c);
     const std::vector<lamp> lamps = daylight(vehicle, from);

@@ -1,5 +1,6 @@
-// Draws a vehicle as the sight sees it from far away: in parallel projection, lit by a sun to the upper left
-// of the viewer and by the sky all round, with the shadow it casts on the ground; or by its heat alone.
+// Draws a vehicle as the sight sees it from far away, in parallel projection. It is lit by a sun to the upper
+// left of the viewer and by the whole sky, and casts a shadow on the ground; or it is shown by its heat
+// alone.
 #pragma once
 
 #include <QImage>
@@ -15,7 +16,7 @@ struct view {
 
 enum class look { painted, hot };
 
-// The vehicle fills the square picture as far as its outline allows, and its lower end is on the lower edge.
+// Draws the vehicle as large as fits into the square picture, at the lower edge except for a narrow margin.
 QImage render(const solid& vehicle, const view&, look, int size);
 
 }   // namespace tools

@@ -5,7 +5,7 @@
 namespace tools {
 namespace {
 
-// Newell's method: right for any flat polygon, and good enough for one that is slightly bent.
+// Newell's method: exact for a flat polygon, and good enough for one that is slightly bent.
 vec3 normal_of(const std::vector<vec3>& corners)
 {
     vec3 sum{0, 0, 0};
@@ -19,7 +19,7 @@ void add_face(solid& to, const std::vector<vec3>& corners, const material& m)
     to.push_back({corners, normal_of(corners), m, true});
 }
 
-// Two ends with the same number of corners, and the faces between them.
+// A body with two end faces of the same number of corners, and the faces that join them.
 solid joined(const std::vector<vec3>& one, const std::vector<vec3>& other, const material& m)
 {
     solid s;

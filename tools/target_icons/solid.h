@@ -1,5 +1,5 @@
-// Closed bodies of flat faces, in metres, from which the vehicles are built: x forward, y to the left, z up,
-// the ground at 0. The corners of a face may be in either order.
+// Closed bodies of flat faces, from which the vehicles are built. Coordinates in metres: x forward, y to the
+// left, z up from the ground. The corners of a face may be in either order.
 #pragma once
 
 #include "common/geometry.h"
@@ -14,9 +14,9 @@ struct material {
 
 struct face {
     std::vector<vec3> corners;
-    vec3 normal;   // of either sign
+    vec3 normal;   // may point inwards or outwards
     material made_of;
-    bool counts;   // for the size of the vehicle; not for aerials
+    bool counts;   // for the size of the vehicle; false for aerials
 };
 
 using solid = std::vector<face>;
@@ -24,20 +24,20 @@ using solid = std::vector<face>;
 struct span {
     float from, to;
 };
-// A side view (x and z), extruded across.
+// A side view (x and z), extruded along y.
 solid across(const path& side_outline, span y, const material&);
-// From one outline to another with the same number of corners, each at its height.
+// A body between two outlines (x and y) with the same number of corners, each at its height.
 solid between(const path& lower, float lower_z, const path& upper, float upper_z, const material&);
 solid box(span x, span y, span z, const material&);
 // A truncated cone.
 solid rod(vec3 from, vec3 to, float from_radius, float to_radius, const material&);
 
 void add(solid& to, const solid& what);
-// On both sides of the vehicle.
+// Adds the body and its mirror image on the other side of the vehicle.
 void add_pair(solid& to, const solid& what);
 solid turned(solid, float degrees);   // to the left, about the vertical through x = y = 0
-solid laid_down(solid);               // up becomes forward, forward becomes up
+solid laid_down(solid);               // exchanges forward and up
 solid moved(solid, vec3 by);
-solid slender(solid);   // doesn't count for the size
+solid slender(solid);   // doesn't count for the size of the vehicle
 
 }   // namespace tools

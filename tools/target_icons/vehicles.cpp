@@ -5,7 +5,7 @@ namespace {
 
 constexpr material armour{{.115f, .125f, .055f}, .42f, true};
 constexpr material turret_armour{{.115f, .125f, .055f}, .14f, true};   // colder, far from the engine
-constexpr material dry_armour{{.165f, .155f, .078f}, .40f, true};      // of the carrier
+constexpr material dry_armour{{.165f, .155f, .078f}, .40f, true};      // of the carrier, paler
 constexpr material plain_armour{{.115f, .125f, .055f}, .42f};
 constexpr material deck{{.075f, .08f, .045f}, .88f};   // over an engine
 constexpr material louvre{{.03f, .032f, .022f}, 1};
@@ -21,7 +21,7 @@ constexpr material glass{{.03f, .04f, .045f}, .05f};
 constexpr material lamp{{.34f, .34f, .28f}, .3f};
 constexpr material bare_wood{{.16f, .13f, .075f}, .2f};
 
-// An outline from above, the same on both sides.
+// The whole outline, seen from above, from its left half.
 path mirrored(const path& left_side)
 {
     path whole = left_side;
@@ -33,13 +33,13 @@ path mirrored(const path& left_side)
 
 struct running_gear {
     span length;    // of the track
-    span width;     // of the one on the left
-    float height;   // of its upper run
+    span width;     // of the left track
+    float height;   // of the upper run of the track
     int wheels;
     float radius;   // of a road wheel
 };
 
-// Bars across a band that runs round an outline (counterclockwise, seen with the front to the right).
+// Adds the links of a track: bars along an outline that runs counterclockwise when the front is on the right.
 void add_links(solid& to, const path& round, span y, const material& m)
 {
     constexpr float pitch = .17f, half = .045f, proud = .035f;
@@ -58,7 +58,7 @@ void add_links(solid& to, const path& round, span y, const material& m)
     }
 }
 
-// A track: its two runs with the wheels between, sprocket and idler raised at the ends.
+// Adds both tracks: upper and lower run, the road wheels between them, and sprocket and idler at the ends.
 void add_track(solid& to, const running_gear& g)
 {
     constexpr float thickness = .09f, end_wheel = .31f;
@@ -107,7 +107,7 @@ solid tank_hull()
     add(s, rod({-3.35f, -1, 1.5f}, {-3.35f, 1, 1.5f}, .16f, .16f, bare_wood));   // unditching beam
     add(s, across({{2.4f, 1.22f}, {2.4f, 1.42f}, {2.46f, 1.42f}, {2.5f, 1.2f}}, {-1.1f, 1.1f},
                   fitting));                      // splash board
-    for (float y = -1.65f; y < 1.5f; y += .42f)   // blocks of added armour, then spare links
+    for (float y = -1.65f; y < 1.5f; y += .42f)   // blocks of added armour; below them spare links
         for (float x : {2.52f, 2.86f})
             add(s, across({{x, 1.17f - (x - 2.5f) * .25f},
                            {x, 1.27f - (x - 2.5f) * .25f},
@@ -120,7 +120,7 @@ solid tank_hull()
     add_pair(s, rod({3.25f, 1.35f, 1.14f}, {3.4f, 1.35f, 1.12f}, .11f, .11f, lamp));
     add(s, rod({1.35f, 0, 1.42f}, {1.35f, 0, 1.48f}, .32f, .32f, fitting));
     for (float y : {-.3f, -.1f, .1f})
-        add(s, box({1.72f, 1.78f}, {y, y + .16f}, {1.38f, 1.5f}, glass));   // the driver's hatch
+        add(s, box({1.72f, 1.78f}, {y, y + .16f}, {1.38f, 1.5f}, glass));   // the driver's periscopes
     return s;
 }
 
@@ -141,7 +141,7 @@ solid tank_turret(float thinnest)
     add(s, rod({4.62f, 0, 2.136f}, {4.8f, 0, 2.155f}, radius + .03f, radius + .03f, barrel));   // muzzle
     add(s, rod({-.3f, .45f, 2.2f}, {-.3f, .45f, 2.52f}, .42f, .38f, fitting));                  // cupola
     add(s, rod({-.3f, .45f, 2.52f}, {-.3f, .45f, 2.58f}, .3f, .26f, plain_armour));
-    add(s, rod({-.45f, .45f, 2.66f}, {.75f, .45f, 2.76f}, .045f, .035f, barrel));   // its machine gun
+    add(s, rod({-.45f, .45f, 2.66f}, {.75f, .45f, 2.76f}, .045f, .035f, barrel));   // machine gun
     add(s, box({-.1f, .2f}, {.36f, .54f}, {2.5f, 2.72f}, fitting));
     add(s, rod({-.3f, -.5f, 2.2f}, {-.3f, -.5f, 2.32f}, .34f, .34f, plain_armour));   // the loader's hatch
     for (float x : {-.12f, .02f}) add(s, box({x, x + .04f}, {.28f, .62f}, {2.42f, 2.5f}, glass));
@@ -186,9 +186,9 @@ solid carrier_hull()
     for (float x : {.62f, .82f, 1.02f}) add(s, box({x, x + .1f}, {1.62f, 1.65f}, {1.29f, 1.56f}, louvre));
     add(s, across({{2.0f, 1.62f}, {2.05f, 1.75f}, {3.25f, 1.24f}, {3.2f, 1.16f}}, {-1.0f, 1.0f},
                   plain_armour));            // trim vane
-    for (float y = -.9f; y < 1; y += .44f)   // its ribs
+    for (float y = -.9f; y < 1; y += .44f)   // ribs of the trim vane
         add(s, across({{2.08f, 1.74f}, {2.1f, 1.79f}, {3.2f, 1.30f}, {3.2f, 1.25f}}, {y, y + .05f}, fitting));
-    for (float x = -3; x < .6f; x += .58f)   // plates on the side, and a rail above
+    for (float x = -3; x < .6f; x += .58f)   // plates on the side; above them a rail
         add_pair(s, box({x, x + .52f}, {1.53f, 1.58f}, {1.0f, 1.34f}, dry_armour));
     add_pair(s, rod({-3.1f, 1.5f, 1.82f}, {.6f, 1.5f, 1.82f}, .03f, .03f, fitting));
     add_pair(s, rod({2.95f, 1.25f, 1.3f}, {3.12f, 1.25f, 1.26f}, .13f, .13f, lamp));
@@ -280,8 +280,8 @@ void add_load(solid& s)
     add(s, box({-3.5f, .45f}, {-1.25f, 1.25f}, {1.28f, 1.8f}, armour));
     for (float x = -3.5f; x < .5f; x += .97f)
         add_pair(s, box({x, x + .06f}, {1.25f, 1.29f}, {1.2f, 1.8f}, fitting));
-    // A canvas cover over hoops; it sags between them.
-    const auto hoop = [](float sag) {   // height and half the width
+    // A canvas cover over hoops. It sags between the hoops.
+    const auto hoop = [](float sag) {   // outline: height and half the width
         return mirrored(
             {{1.8f, 1.25f - sag}, {2.7f - sag, 1.22f - sag}, {3.02f - sag, .9f}, {3.12f - sag, .3f}});
     };

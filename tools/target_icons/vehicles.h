@@ -1,15 +1,15 @@
-// The vehicles of the ranges, which a gunner must be able to tell apart; no real make. Each is on the ground
-// with its middle at x = y = 0 and its front towards x.
+// The target vehicles. None is of a real make; a gunner must be able to tell them apart. Each is on the
+// ground, with its middle at x = y = 0 and its front in the direction of x.
 #pragma once
 
 #include "solid.h"
 
 namespace tools {
 
-// `thinnest` is the smallest radius, in metres, at which a gun barrel is drawn: in a small picture one to
-// scale would fade out. `turret` is in degrees to the left.
+// `thinnest` is the smallest radius of a gun barrel, in metres: in a small picture a barrel to scale would be
+// invisible. `turret` is in degrees to the left.
 solid tank(float thinnest, float turret);
 solid carrier(float thinnest, float turret);   // tracked, for infantry, with a small gun
-solid truck(float thinnest, float turret);     // six wheels, a bonnet, a covered load; it has no turret
+solid truck(float thinnest, float turret);     // six wheels, a bonnet, a covered load; ignores the parameters
 
 }   // namespace tools
