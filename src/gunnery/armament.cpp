@@ -55,7 +55,7 @@ void nextround(trainer& t, gunnery_screen& s)
     if (s.visual() && s.ammoselected != hesh_bmp) s.autolaycount = 2;
 }
 
-// Two presses with a traverse between them correct the next rounds sideways. A third replaces the second.
+// Two presses with a traverse in between correct the next rounds sideways. A third press replaces the second.
 void heshcorrect(gunnery_screen& s)
 {
     s.Cmdautolay.Enabled = true;
@@ -79,8 +79,8 @@ void cmdmaingun_click(trainer& t, gunnery_screen& s)
     heshcorrect(s);
 }
 
-// Starts at FIN, or at the next round if a weapon was selected already. The thermal record contains FIN in
-// both cases, the visual one the round selected.
+// Selects FIN, or DST if a weapon was already selected. The thermal record then contains FIN in both cases,
+// the visual record the round selected.
 void cmdselectmain_click(trainer& t, gunnery_screen& s)
 {
     showaimingmark(s);
@@ -161,7 +161,7 @@ void loaderreports(trainer& t, gunnery_screen& s)
     callcrew(t, s, s.hasfired ? "loaded.wav" : "loadfire.wav");
 }
 
-// A gun that was loaded before the target came is reported on the first tick.
+// A gun that was already loaded is reported on the first tick.
 void timloading_tick(trainer& t, gunnery_screen& s)
 {
     s.loadcount += 1;
@@ -236,11 +236,11 @@ void wronground(trainer& t, gunnery_screen& s)
     if (t.shared.voiceson)
         callcrew(t, s, c.voice);
     else if (!s.visual())
-        playsound(t, s, c.voice);   // the thermal screen plays it with voices off too
+        playsound(t, s, c.voice);   // the thermal screen plays the voice even with voices off
 }
 
 constexpr double fin_speed = 1500, hesh_speed = 670;   // metres per second
-// Seconds. No event is handled during a flight, so flight and re-lay together take at most 4 seconds.
+// Seconds. No event is handled during relay and flight, so both together must take less than 4 seconds.
 constexpr double longest_flight = 3.4;
 
 double flightseconds(const gunnery_screen& s, double speed)
@@ -260,7 +260,7 @@ void endflight(trainer& t, gunnery_screen& s, int round, round_kind kind)
     if (!s.Imgtargets.Visible || !inkillbox(t, s)) showstrike(t, s, kind);
 }
 
-// Up to a third of the target's width, always to the right.
+// The sideways spread of FIN: up to a third of the target's width, always to the right.
 double drawspreadx(trainer& t, const gunnery_screen& s)
 {
     const double third = s.Imgtargets.Width / 3;
@@ -293,8 +293,8 @@ void firefin(trainer& t, gunnery_screen& s, int round)
     endflight(t, s, round, round_kind::fin);
 }
 
-// A lased round in the full system starts the HESH correction. If autolay is held, the lay is reversed.
-// Returns the twips moved.
+// In the full system a lased round starts the HESH correction. On the visual sight the lay is reversed if
+// AUTO is held. Returns the twips moved.
 double preparehesh(trainer& t, gunnery_screen& s)
 {
     if (t.shared.systemstatus >= 2 || !s.lazed) {
@@ -317,7 +317,7 @@ void firehesh(trainer& t, gunnery_screen& s, int round)
     const double relayed = preparehesh(t, s);
     const double from = s.mbs1.Top - (s.currentrange + n.from), to = s.mbs1.Top + n.to.at(s.currentrange);
     s.ammo.Width = 30;
-    s.ammo.Top = to;   // where it falls if the flight has no count
+    s.ammo.Top = to;   // the fall of shot if the flight has no counts
     s.ammo.Left = s.mbs1.Left + (s.windoffset - static_cast<double>(s.heshcorrection));
     s.ammo.Visible = true;
     int c = 1;
@@ -368,7 +368,7 @@ void assessround(trainer& t, gunnery_screen& s, int round)
     recordhit(t, s);
 }
 
-// The gun fires whether or not there is a target, a lay or a lase.
+// The gun fires even without a target, a lay or a lase.
 void keyfire(trainer& t, gunnery_screen& s)
 {
     static constexpr void (*fire[])(trainer&, gunnery_screen&, int) = {firefin, firehesh, firecoax};

@@ -8,7 +8,7 @@ namespace vorn {
 
 namespace {
 
-// Time for which a lay is shown, seconds.
+// Durations of the counted moves, seconds.
 constexpr double coarse_seconds = 0.45;
 constexpr double fine_seconds = 0.25;
 constexpr double relay_seconds = 0.4;
@@ -54,7 +54,7 @@ struct sideways_lead {
     }
 };
 
-// Metres. In a HESH lay the mark of a lase on a nearer target jumps down; on a farther one it jumps up and
+// Metres. In a HESH lay the lase mark of a nearer target jumps down; that of a more distant one jumps up and
 // moves down with the lay.
 constexpr int mark_follows = 2200;
 
@@ -91,7 +91,7 @@ void laycoax(trainer& t, gunnery_screen& s)
     s.ammoselected = coax_transport;
 }
 
-// The mark jumps down and moves slowly back. Neither picture nor target moves.
+// The ballistic aiming mark jumps down and moves slowly back. Picture and target don't move.
 void playmark(trainer& t, gunnery_screen& s, nature_of_target nature)
 {
     const double d = nature == fin_tank ? s.currentrange / 3.0 : s.currentrange;
@@ -105,7 +105,7 @@ void playmark(trainer& t, gunnery_screen& s, nature_of_target nature)
 void thermal_lay(trainer& t, gunnery_screen& s, nature_of_target nature)
 {
     if (s.autolayheld) return playmark(t, s, nature);
-    s.autolayheld = true;   // released too early
+    s.autolayheld = true;   // released too early, or clicked with the mouse
     s.imgbam.Visible = false;
     reversionarydrop(s);
 }
@@ -120,7 +120,7 @@ void timautolay_tick(trainer& t, gunnery_screen& s)
     keyautolay(t, s);
 }
 
-// Sets the lead for the next lay. It is unchanged if the divisor, the picture's Top, is 0.
+// Sets the lead for the next lay. Keeps the lead if the divisor, the picture's Top, is 0.
 void takelead(gunnery_screen& s)
 {
     if (s.Imgrange.Top != 0) s.leadperstep = static_cast<float>(s.windoffset / (0 - s.Imgrange.Top));

@@ -3,7 +3,7 @@
 
 namespace vorn {
 
-// A burst is tested for a hit when it starts, at the last position of the previous burst's tracer.
+// A burst is tested for a hit when it starts, with the last position of the previous burst's tracer.
 void firecoax(trainer& t, gunnery_screen& s, int round)
 {
     s.hasfired = true;
@@ -24,7 +24,7 @@ void keycoaxstop(trainer& t, gunnery_screen& s)
     if (s.soundfile == "coax.wav") t.pc.close_sound();
 }
 
-// One random number for both directions: the tracer stays on one diagonal.
+// One random number serves both directions, so the tracer stays on a diagonal.
 static void timcoax_tick(trainer& t, gunnery_screen& s)
 {
     const double c = Int(Rnd(t.random) * 150 - 50);

@@ -1,5 +1,5 @@
-// Counted moves: inside one handler a counter goes from one value to another by a step, and each count is
-// shown. Only the end values affect the practice; the duration in seconds is for display.
+// Counted moves: inside one handler a counter goes from one value to another in steps, and each count is
+// shown. Only the final values affect the practice; the duration in seconds is for display.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 
 namespace vorn {
 
-// The number of counts, from the first value up to the end; 0 if the first value is past the end.
+// The number of counts from the first value to the end, both included; 0 if the first value is past the end.
 inline int counts(double from, double to, double step)
 {
     constexpr double rounding = 1e-9;   // so that a fractional step reaches the end
@@ -18,7 +18,7 @@ inline int counts(double from, double to, double step)
     return n < 0 ? 0 : static_cast<int>(std::min(n, most)) + 1;
 }
 
-// Calls `each` with each count, spread over `seconds`.
+// Calls `each` with the value of each count. The counts are spread over `seconds`.
 template <class action>
 void count(machine& m, double from, double to, double step, double seconds, action each)
 {

@@ -32,7 +32,7 @@ void callcrew(trainer& t, gunnery_screen& s, const std::string& file)
     playsound(t, s, file);
 }
 
-// A further call doesn't restart the count: both end together.
+// A further call doesn't restart the count: both calls end together.
 static void timvoice_tick(gunnery_screen& s)
 {
     s.voicecount += 1;
@@ -42,7 +42,7 @@ static void timvoice_tick(gunnery_screen& s)
     stop(s.Timvoice);
 }
 
-// Rounded down to hundreds of metres, but 600 below 700, 800 below 900 and 2000 from 1900 on.
+// The range in hundreds of metres, rounded down, but 600 below 700, 800 below 900 and 2000 from 1900 on.
 void callrange(trainer& t, gunnery_screen& s)
 {
     const int range = t.shared.targetrange[s.currenttarget];
@@ -59,7 +59,8 @@ static void thermal_on(trainer& t, gunnery_screen& s)
     say(t, s, "on.wav");
 }
 
-// With voices off the full system's text is shown for status 1 only, not for the 0 of a degrading practice.
+// With voices off the text of the full system is shown only for status 1, not for status 0, which a degrading
+// practice has at first.
 static void visual_on(trainer& t, gunnery_screen& s)
 {
     const int status = t.shared.systemstatus;

@@ -1,4 +1,4 @@
-// The layout of a gunnery screen: the control panel on the left, the sight on the right. In twips.
+// The layout of a gunnery screen, in twips: the control panel on the left, the sight on the right.
 #include <string>
 #include <utility>
 
@@ -10,13 +10,13 @@ namespace vorn {
 namespace {
 
 constexpr double panel_left = 60;
-constexpr double inner = 90;   // from a frame's edge to the objects in it
+constexpr double inner = 90;   // from the edge of a frame to its objects
 constexpr double row_height = 420;
 constexpr double row_step = 480;
 
 struct layout {
     double panel_width;
-    double inner_width;    // of the frames in the panel
+    double inner_width;    // of the panel's frames
     double button_width;   // of a button as wide as its frame
     double half_width;     // of two buttons side by side
 };
@@ -34,7 +34,7 @@ const char* pick(const gunnery_screen& s, const char* visual, const char* therma
     return s.visual() ? visual : thermal;
 }
 
-// Only the visual screen has tips.
+// Only the visual screen has tool tips.
 const char* tip(const gunnery_screen& s, const char* text)
 {
     return s.visual() ? text : "";
@@ -73,7 +73,7 @@ void practice_buttons(gunnery_screen& s, const layout& l)
         slider({inner, 3120, l.button_width, 330}, 1, s.numbers.fastest, s.numbers.usual, 10);
     speed.AccessibleName = "Lay speed";
     add(f, s.HScspeed, std::move(speed), &s.Frame3);
-    // Nothing reads the thermal slider.
+    // The thermal sight doesn't use the slider.
     s.HScspeed.Enabled = s.HScspeed.design->Enabled = s.visual();
     f.exit_button = &s.CMDEXIT;
     constexpr int escape = 27;
@@ -121,7 +121,7 @@ void lights(gunnery_screen& s, const layout& l)
         const char* drawing;
         const char* state;
     };
-    // The upper lamp covers the lower one; hiding it shows the other state.
+    // The upper lamp covers the lower one; to show the other state the upper lamp is hidden.
     const struct {
         const char* words;
         lamp lower, upper;
@@ -187,7 +187,7 @@ void control_panel(gunnery_screen& s)
     s.Frame1.docked = dock::panel;
 }
 
-// On the visual screen also what a quick start shows instead of panels.
+// Adds title and crew line, and on the visual screen the objects that a quick start shows instead of panels.
 void title_and_crew(gunnery_screen& s)
 {
     form& f = s.window;

@@ -1,4 +1,4 @@
-// The operations that the sources of a gunnery screen provide to each other, by source.
+// Functions shared by the sources of a gunnery screen, listed by source.
 #pragma once
 
 #include <string>
@@ -16,32 +16,32 @@ using coordinate = double object_fields::*;
 void make_gunnery(trainer&, gunnery_screen&);
 void design_gunnery(gunnery_screen&);
 // Prepares the screen for the next practice. If the range or one of its pictures can't be read, shows a box,
-// goes back to the set-up screen and returns false.
+// returns to the set-up screen and returns false.
 bool screenreset(trainer&, gunnery_screen&);
 // Sets the caption of the pause button to what a click on it will do.
 void showpause(gunnery_screen&, bool paused);
 
-// sequencer.cpp: orders, targets and their time.
+// sequencer.cpp: orders and targets.
 void make_sequencer(trainer&, gunnery_screen&);
 void nexttarget(trainer&, gunnery_screen&);
 void cmdstopsim_click(trainer&, gunnery_screen&);
 
-// slew.cpp: the commander's lay. False when a stop, a reset or an unload meanwhile has ended the practice.
+// slew.cpp: the commander's lay. Returns false if a stop, reset or unload has ended the practice meanwhile.
 bool commanderslay(trainer&, gunnery_screen&);
 
-// crew.cpp: crew lines and the one sound channel. Files are names of wave files.
+// crew.cpp: crew lines and the only sound channel. `file` is the name of a wave file.
 void make_crew(trainer&, gunnery_screen&);
 void playsound(trainer&, gunnery_screen&, const std::string& file);   // if sounds are on
-void effect(trainer&, gunnery_screen&,
-            const std::string& file);                           // a sound, silent during a call of the crew
+// Plays a sound. During a call of the crew, only stops the call.
+void effect(trainer&, gunnery_screen&, const std::string& file);
 void say(trainer&, gunnery_screen&, const std::string& file);   // a voice, if voices are on
-void callcrew(trainer&, gunnery_screen&,
-              const std::string& file);      // a voice that silences effects meanwhile
+// A call of the crew: a voice that suppresses effects for some seconds.
+void callcrew(trainer&, gunnery_screen&, const std::string& file);
 void callrange(trainer&, gunnery_screen&);   // the commander states the range
-void reporton(trainer&, gunnery_screen&);    // the commander's report after his lay
+void reporton(trainer&, gunnery_screen&);    // the commander's report after the lay
 
 // traverse.cpp: moves the picture, and the target with it, under the sight.
-enum class direction { left, right, up, down };   // of the view
+enum class direction { left, right, up, down };   // in which the view moves
 void make_traverse(gunnery_screen&);
 void movepicture(gunnery_screen&, coordinate along, double twips);
 void pressdirection(gunnery_screen&, direction);
@@ -51,10 +51,10 @@ void movestick(const trainer&, gunnery_screen&, long x, long y);
 // laser.cpp
 void make_laser(gunnery_screen&);
 void keylaze(trainer&, gunnery_screen&);
-// The target's centre relative to the aim point, twips; positive to the right and below.
+// The offset from the aim point to the target's centre, twips; positive: the target is to the right or below.
 double aimacross(const gunnery_screen&);
 double aimdown(const gunnery_screen&);
-// Puts the thermal sight on its reversionary mark: picture and target move up by half a twip per metre.
+// Switches the thermal sight to its reversionary mark and moves picture and target up, half a twip per metre.
 void reversionarydrop(gunnery_screen&);
 
 // autolay.cpp
@@ -62,15 +62,15 @@ void make_autolay(trainer&, gunnery_screen&);
 void pressautolay(gunnery_screen&);
 void releaseautolay(trainer&, gunnery_screen&);
 void keyautolay(trainer&, gunnery_screen&);
-// Reverses a HESH lay while the round is in flight; returns the twips moved.
+// Reverses a HESH lay when the round is fired; returns the twips moved.
 double relay(trainer&, gunnery_screen&);
 
-// armament.cpp: weapons, the loader, the trigger, the flight of a round and its hit.
+// armament.cpp: weapons, the loader, the trigger, and the flight and hit of a round.
 void make_armament(trainer&, gunnery_screen&);
 void keyfire(trainer&, gunnery_screen&);
-// Records the fall of shot in this round's row and tests it against the kill box.
+// Records the fall of shot of this round and tests it against the kill box.
 void assessround(trainer&, gunnery_screen&, int round);
-// Has the machine show where the round has come down.
+// Makes the machine show where the round has come down.
 void showstrike(trainer&, const gunnery_screen&, round_kind);
 // Sets the caption of Lblammotype without moving the label.
 void showammo(gunnery_screen&, ammo_shown);
@@ -82,10 +82,10 @@ void make_coax(trainer&, gunnery_screen&);
 void firecoax(trainer&, gunnery_screen&, int round);
 void keycoaxstop(trainer&, gunnery_screen&);
 
-// input.cpp: keys, stick buttons and the gunner's buttons on the screen.
+// input.cpp: keys, joystick, and the gunner's buttons on the screen.
 void make_input(trainer&, gunnery_screen&);
 
-// stadia.cpp: the thermal stadia picture for the target's size.
+// stadia.cpp: shows the stadia mark for the target's size.
 void choosestadia(gunnery_screen&);
 
 // score.cpp: hits, and the score at the end of a practice.

@@ -28,7 +28,7 @@ void release(trainer&, gunnery_screen& s)
     releasedirection(s, d);
 }
 
-// A key does what its button does, whether the button is enabled or not.
+// A key does what its button does, even if the button is disabled.
 template <screen_object gunnery_screen::*button>
 void click(trainer&, gunnery_screen& s)
 {

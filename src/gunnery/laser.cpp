@@ -12,8 +12,8 @@ bool betweensides(const gunnery_screen& s)
     return left < s.mbs1.Left && left + s.Imgtargets.Width > s.mbs1.Left;
 }
 
-// The visual sight compares the lower edge with the top of the ring: the aim point may be a little below the
-// target.
+// The visual sight compares the lower edge of the target with the top of the ring, so the aim point may be a
+// little below the target.
 bool betweenedges(const gunnery_screen& s)
 {
     const double top = s.Imgtargets.Top;
@@ -37,7 +37,7 @@ void place(area& mark, const area& at)
     mark = at;
 }
 
-// A mark of random height at the aim point, for a lase beside the target.
+// Shows a mark of random height at the aim point, for a lase beside the target.
 void straymark(trainer& t, screen_object& mark, double middle, double top)
 {
     const double height = Int(Rnd(t.random) * 600);
@@ -115,7 +115,7 @@ void thermal_laze(trainer& t, gunnery_screen& s)
     if (s.ammoarmed) thermal_mark(t, s);
 }
 
-// In a degraded system a lase puts the sight on its reversionary mark, whatever the aim.
+// In a degraded system a lase switches the sight to its reversionary mark, wherever the gun points.
 void degraded_laze(trainer& t, gunnery_screen& s)
 {
     showrange(t, s);
@@ -123,7 +123,7 @@ void degraded_laze(trainer& t, gunnery_screen& s)
     reversionarydrop(s);
 }
 
-// The readout returns on the second tick. It is display only: the laser can be fired again at once.
+// The readout CHRG returns on the second tick. It is for display only: the laser can be fired again at once.
 void timchrg_tick(gunnery_screen& s)
 {
     s.chargecount += 1;

@@ -31,7 +31,7 @@ struct result {
     double score;
 };
 
-// The visual score counts the targets hit, the thermal one the targets shown. More time gives a larger score.
+// The visual score counts the targets hit, the thermal score those shown. More time gives a larger score.
 result workout(gunnery_screen& s)
 {
     if (s.hittime < 1) s.hittime = 1;
@@ -90,7 +90,7 @@ void practiceend(trainer& t, gunnery_screen& s)
         say(t, s, "cleargun.wav");
     }
     const bool debrief = t.shared.fulldebrief && asked(t, "DEBRIEF FIRER ?", "DEBRIEF");
-    if (resets != s.resets) return;   // unloaded while the box was open
+    if (resets != s.resets) return;   // reset or unloaded while the box was open
     if (debrief) return todebrief(t, s);
     showscore(t, s, r);
     if (resets != s.resets) return;

@@ -37,7 +37,7 @@ void cmdtarget_click(gunnery_screen& s)
     start(s.Timpause);
 }
 
-// After a resume the count runs on while a target is up, so that it can already exceed the next wait.
+// After a resume the count continues while a target is up, so it can be greater than the next wait.
 void timpause_tick(trainer& t, gunnery_screen& s)
 {
     s.pausecount += 1;
@@ -83,8 +83,9 @@ void showestimate(trainer& t, gunnery_screen& s)
     s.Lblrange.Caption = number_text(estimate) + "S";
 }
 
-// Makes the system status one step worse with each third of the practice. Called every second; the first time
-// in an engagement the new target isn't counted yet, so the commander's report follows the previous status.
+// Makes the system status one step worse with each third of the targets. Called every second. In the first
+// call of an engagement the new target isn't counted yet, so the commander's report follows the previous
+// status.
 void degrade(trainer& t, const gunnery_screen& s)
 {
     const double thirds = static_cast<double>(s.targetnumber) / t.shared.targetblocks;
@@ -122,8 +123,8 @@ int nearestposition(const trainer& t)
     return nearest;
 }
 
-// The current candidate may be exactly at the limit; one drawn in its place must be nearer. If no position is
-// nearer than the limit, the nearest one is taken, since the draws would never end.
+// The current candidate may be exactly at the limit; a position drawn to replace it must be nearer. If no
+// position is nearer than the limit, takes the nearest one, since a draw would never succeed.
 void drawnearer(trainer& t, gunnery_screen& s, int limit)
 {
     if (rangeof(t, s.targetindex) <= limit) return;
@@ -212,7 +213,7 @@ void taketargetdown(trainer& t, gunnery_screen& s)
     s.targetnumber < alltargets(t) ? waitfornext(t, s) : cmdstopsim_click(t, s);
 }
 
-// One second of an engagement: presents the target in the first, takes it down in the last.
+// One second of an engagement. Presents the target in the first second and takes it down in the last.
 void timtarget_tick(trainer& t, gunnery_screen& s)
 {
     if (t.shared.selfdegrading) degrade(t, s);
@@ -225,7 +226,7 @@ void timtarget_tick(trainer& t, gunnery_screen& s)
     if (s.targetticks >= s.targetlife) taketargetdown(t, s);
 }
 
-// A resume starts all three timers, whichever of them ran before the pause.
+// A resume starts all three timers, even those that didn't run before the pause.
 void cmdpausesim_click(trainer& t, gunnery_screen& s)
 {
     t.shared.paused = !t.shared.paused;

@@ -10,21 +10,21 @@ namespace vorn {
 
 enum class sight_kind { visual, thermal };
 
-// One direction of the commander's lay: it ends up to `spread` beyond `base`, in the direction of the step.
+// One direction of the commander's lay. The lay ends up to `spread` beyond `base`, in the step's direction.
 struct slew_numbers {
     double base;
     double spread;
     double step;
 };
 
-// The limits of the range picture's place in the sight window.
+// Limits of the range picture's movement in the sight window.
 struct limit_numbers {
-    double near;     // Left and Top stay below this
-    double across;   // at least this much of the width stays right of the window's left edge
-    double down;     // at least this much of the height stays below its top edge
+    double near;     // the picture moves right and down only while Left and Top are below this
+    double across;   // width that must remain right of the window's left edge
+    double down;     // height that must remain below the window's top edge
 };
 
-// A drop proportional to the range: `twips` in each `metres`.
+// A drop proportional to the range: `twips` for each `metres`.
 struct drop_numbers {
     double twips;
     double metres;
@@ -32,7 +32,7 @@ struct drop_numbers {
     constexpr double at(double range) const { return range * twips / metres; }
 };
 
-// The flight of a FIN or DST round: from below the aim point up to its drop, getting smaller.
+// The flight of a FIN or DST round: it starts below the aim point, rises to its drop and gets smaller.
 struct fin_numbers {
     double from;       // below the aim point
     drop_numbers to;   // below the aim point
@@ -43,7 +43,7 @@ struct fin_numbers {
     double drift;      // per step, to the right
 };
 
-// The flight of a HESH round: from above the aim point (by the range plus `from`) down to its drop.
+// The flight of a HESH round: it starts above the aim point by the range plus `from`, and falls to its drop.
 struct hesh_numbers {
     double from;
     drop_numbers to;
@@ -54,11 +54,11 @@ struct hesh_numbers {
 struct coax_numbers {
     double size;         // of the tracer
     drop_numbers drop;   // of the beaten zone, below the aim point
-    int bursts;          // hits needed for a kill in addition to the option's number
+    int bursts;          // needed for a kill in addition to coaxbursts
 };
 
 struct loader_numbers {
-    int from, to;   // the gun is loaded when `loadcount` lies between these, inclusive
+    int from, to;   // the gun is loaded when `loadcount` gets into this range, both included
 };
 
 struct explosion_numbers {
@@ -79,12 +79,12 @@ struct sight_numbers {
     slew_numbers down, up;      // for a target above it, and for any other
     int pressstep;              // per tick while a direction is held
     bool accelerates;           // each tick moves one twip more than the last
-    limit_numbers keylimits;    // of the directions held
+    limit_numbers keylimits;    // of keys and direction buttons
     limit_numbers sticklimits;
     bool eventsinlay;            // events are handled between the steps of the commander's lay
     int fastest, usual;          // maximum and design value of the lay speed slider
     int holdticks;               // timautolay ticks before the lay
-    drop_numbers reversionary;   // of the sight when it goes to its reversionary mark
+    drop_numbers reversionary;   // upward move of picture and target for the reversionary mark
     fin_numbers fin;
     hesh_numbers hesh;
     coax_numbers coax;
@@ -155,11 +155,11 @@ constexpr const sight_numbers& numbers_of(sight_kind kind)
     return kind == sight_kind::visual ? visualsight : thermalsight;
 }
 
-// The columns of figures and of ticks in the visual sight, which show the drop of HESH. For display only.
+// The columns of figures and tick marks in the visual sight, which show the drop of HESH. For display only.
 inline constexpr area figures_left{2880, 2520, 375, 3255}, figures_right{6360, 2520, 255, 3495};
 inline constexpr area ticks_left{3480, 2430, 255, 2775}, ticks_right{5640, 2430, 255, 2775};
 
-// A target's width at a range: larger divisors make larger targets.
+// The width of a target at a range. A larger divisor makes a larger target.
 inline constexpr double smallest_target = 160;
 inline constexpr double largest_target = 480;
 inline double target_width(const sight_numbers& n, double metres, int divisor)
@@ -169,11 +169,11 @@ inline double target_width(const sight_numbers& n, double metres, int divisor)
     return std::clamp(width, smallest_target, largest_target);
 }
 
-// Where a round's top-left corner must be for a hit, relative to the target's. The edges are a miss.
+// The bounds of a round's upper left corner for a hit, relative to the target's corner. The edges are a miss.
 struct kill_box {
     double left, right, top, bottom;
 };
-// The margin is taken off all sides, on the thermal sight all but the top.
+// The margin is taken off all sides of the target; on the thermal sight not off the top.
 inline kill_box kill_box_of(sight_kind kind, double width, double height, double margin)
 {
     return {margin, width - margin, kind == sight_kind::visual ? margin : 0, height - margin};

@@ -11,9 +11,9 @@ namespace {
 
 constexpr double frame_seconds = 1.0 / 60;
 constexpr double longest_slew = 0.45;   // seconds; the two slews of a lay take less than a second
-constexpr int most_pauses = 1000;   // per slew: a target millions of twips away must not delay the practice
+constexpr int most_pauses = 1000;       // per slew: a range file may place a target millions of twips away
 
-// Shows one count. False when the practice has ended meanwhile.
+// Shows one count. Returns false if the practice has ended meanwhile.
 bool showcount(trainer& t, const gunnery_screen& s, double seconds, int resets)
 {
     t.pc.pace(seconds);
@@ -38,7 +38,7 @@ bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n
     return true;
 }
 
-// A target that is placed with a smaller Left is left of the sight, one with a smaller Top is above it.
+// A target with a smaller Left counts as left of the sight, one with a smaller Top as above the sight.
 constexpr double left_of_sight = 2040;
 constexpr double above_sight = 960;
 
@@ -47,7 +47,7 @@ constexpr double above_sight = 960;
 bool commanderslay(trainer& t, gunnery_screen& s)
 {
     const sight_numbers& n = s.numbers;
-    const bool above = s.Imgtargets.Top < above_sight;   // as placed: the first slew may move it
+    const bool above = s.Imgtargets.Top < above_sight;   // before the first slew, which may move the target
     const bool left = s.Imgtargets.Left < left_of_sight;
     if (!slew(t, s, &object_fields::Left, left ? n.right : n.left)) return false;
     if (!slew(t, s, &object_fields::Top, above ? n.down : n.up)) return false;

@@ -2,7 +2,7 @@
 
 namespace vorn {
 
-// A height between two classes leaves the picture as it was.
+// A target height between two classes, such as 379.5, leaves the picture unchanged.
 void choosestadia(gunnery_screen& s)
 {
     const double h = s.Imgtargets.Height;

@@ -10,13 +10,13 @@ struct direction_row {
     timer gunnery_screen::*clock;
     int16 gunnery_screen::*step;
     coordinate along;
-    coordinate extent;   // of the picture in that direction
-    int sign;            // of the picture's move
+    coordinate extent;   // size of the picture along this axis
+    int sign;            // of the picture's movement
     int faster;          // added to traverseaccel per tick
-    int weight;          // of traverseaccel in the step
+    int weight;          // factor of traverseaccel in the step
 };
 
-// By direction of the view; the picture moves the other way.
+// Indexed by the direction in which the view moves; the picture moves the other way.
 const direction_row rows[] = {{&gunnery_screen::Timleft, &gunnery_screen::traversestep, &object_fields::Left,
                                &object_fields::Width, 1, 1, 1},
                               {&gunnery_screen::Timright, &gunnery_screen::traversestep, &object_fields::Left,
@@ -38,7 +38,7 @@ bool within(const gunnery_screen& s, const limit_numbers& limits, const directio
     return d.sign > 0 ? at < limits.near : at > 1 - s.Imgrange.*d.extent + far;
 }
 
-// The limit is tested before the move. At the limit traverseaccel doesn't change either.
+// The limit is tested before the move. At the limit traverseaccel also stays unchanged.
 void tick(gunnery_screen& s, const direction_row& d)
 {
     if (!within(s, s.numbers.keylimits, d)) return;
@@ -46,8 +46,8 @@ void tick(gunnery_screen& s, const direction_row& d)
     movepicture(s, d.along, s.*d.step + d.weight * s.traverseaccel);
 }
 
-// One twip for each full 100 units beyond the dead band. Rounding down makes this asymmetric: the picture
-// moves just below the lower bound, but only 100 units above the upper one.
+// Moves one twip for each full 100 units of the reading beyond the dead band. Rounding down makes this
+// asymmetric: movement starts just below the lower bound, but 100 units above the upper one.
 void stick_axis(gunnery_screen& s, direction below, direction above, double at, double centre, double factor)
 {
     const double low = centre - 2 * factor, high = centre + 2 * factor;
