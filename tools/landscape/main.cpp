@@ -2,9 +2,9 @@
 // thermal sight, and the range files with twenty target positions on each.
 //
 // The ground is a height map, so the exact range of each pixel is known. Grass, crops, woods, tracks, water
-// and houses are drawn on it, with sunlight, cloud shadows and haze. The relief is shaped so that the range
-// that the range author proposes for a place on the picture is nearly right. The program prints the errors of
-// the proposals.
+// and houses are drawn on it, with sunlight, cloud shadows and haze. The range author proposes a range for
+// each place on a picture. The relief is shaped so that the proposals are nearly right; the program prints
+// their errors.
 //
 // Each picture is drawn with twice the pixels each way. The result is saved as the twin, for a sight that is
 // drawn large. Reduced to half its size it is the picture itself.
