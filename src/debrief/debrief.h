@@ -6,7 +6,7 @@ namespace vorn {
 struct trainer;
 struct results_screen;
 
-// Side of a marker's image, twips. The middle of the image is the marked point.
+// Side of a mark's image, twips. The middle of the image is the point that it marks.
 inline constexpr double mark = 480;
 
 // design.cpp: the layout.

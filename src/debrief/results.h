@@ -29,7 +29,7 @@ struct results_screen {
     screen_object Frame3, Txtstudent, Txtpractype, Txtrngename;
     screen_object Frame2, Lbltargetnum, Lblsystem, Lblammo, lbltargetrange, Lbltarget, Lbltime;
 
-    // The target and its markers.
+    // The target and its marks.
     screen_object Frame1, Lblrounds, Cmdround1, cmdround2, Cmdround3, cmdround4;
     screen_object Imgtargetdetails, Shape1, Imgreptarget, Imglaze, Imagepoa, Imgfos, Lbltargetvis, Frame7;
     screen_object killbox;   // outline in which a mark of the fall of shot is a hit

@@ -55,7 +55,8 @@ void nextround(trainer& t, gunnery_screen& s)
     if (s.visual() && s.ammoselected != hesh_bmp) s.autolaycount = 2;
 }
 
-// Two presses with a traverse in between correct the next rounds sideways. A third press replaces the second.
+// Two presses of Cmdmaingun with a traverse in between correct the next rounds sideways. A third press
+// replaces the second.
 void heshcorrect(gunnery_screen& s)
 {
     s.Cmdautolay.Enabled = true;

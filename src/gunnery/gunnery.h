@@ -32,7 +32,7 @@ bool commanderslay(trainer&, gunnery_screen&);
 // crew.cpp: crew lines and the only sound channel. `file` is the name of a wave file.
 void make_crew(trainer&, gunnery_screen&);
 void playsound(trainer&, gunnery_screen&, const std::string& file);   // if sounds are on
-// Plays a sound. During a call of the crew, only stops the call.
+// Plays a sound. During a call of the crew, only stops the voice.
 void effect(trainer&, gunnery_screen&, const std::string& file);
 void say(trainer&, gunnery_screen&, const std::string& file);   // a voice, if voices are on
 // A call of the crew: a voice that suppresses effects for some seconds.

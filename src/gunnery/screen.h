@@ -50,7 +50,7 @@ struct since_load : since_reset {
     int16 targetticks;         // seconds since the order, plus 1
     int16 targetlife;          // targetticks at which the target goes down
     int16 targetwait;          // Timpause ticks before the next order
-    int windoffset = 0;        // sideways, of a HESH round by wind, twips; the visual reset clears it
+    int windoffset = 0;        // drift of a HESH round in the wind, twips; the visual reset clears it
     bool pauseshown = false;   // Cmdpausesim shows "PAUSE OFF"
 
     // The traverse.

@@ -75,7 +75,7 @@ constexpr order orders[] = {{"FIN TANK ", "COMMANDER :- FIN TANK  !!", "fin1.wav
                             {"HESH BMP ", "COMMADER :- HESH BMP !!", "hesh1.wav"},
                             {"COAX TRANSPORT ", "COMMANDER :- COAX TRANSPORT !!", "coaxon1.wav"}};
 
-// The commander estimates the range from that of the previous target.
+// The commander's estimate is based on the range of the previous target.
 void showestimate(trainer& t, gunnery_screen& s)
 {
     const bool none = s.nature == fin_tank && s.currentrange < 1;

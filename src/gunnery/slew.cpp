@@ -11,7 +11,7 @@ namespace {
 
 constexpr double frame_seconds = 1.0 / 60;
 constexpr double longest_slew = 0.45;   // seconds; the two slews of a lay take less than a second
-constexpr int most_pauses = 1000;       // per slew: a range file may place a target millions of twips away
+constexpr int most_pauses = 1000;   // per slew: a target millions of twips away must not delay the practice
 
 // Shows one count. Returns false if the practice has ended meanwhile.
 bool showcount(trainer& t, const gunnery_screen& s, double seconds, int resets)

@@ -27,8 +27,8 @@ void rauthor_load(rauthor_screen& s)
     placeholderband(s);
 }
 
-// Shows the icons of the open range, which SAVE RANGE would store. An icon that can't be
-// loaded leaves the shown one unchanged.
+// Shows the icons of the open range, which SAVE RANGE would store. An icon that can't be loaded
+// leaves the shown one unchanged.
 void rauthor_arrival(trainer& t)
 {
     rauthor_screen& s = t.rauthor;

@@ -33,7 +33,7 @@ struct rauthor_screen {
 
     screen_object Frame4;   // range details
     screen_object Textname, Lblrangetype, Lbltargetrange, Lblsavetarget;
-    screen_object Lbltargetnum[positions];   // indexed from 1; red background: placed
+    screen_object Lbltargetnum[positions];   // indexed from 1; red: the position is placed
 
     screen_object Frame6;   // range info
     screen_object Lbltarget, Lblx, Lbly, Lblwide, Lblhigh, Lbltgtrange;

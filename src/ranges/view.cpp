@@ -11,7 +11,8 @@ namespace {
 
 using S = rauthor_screen;
 
-constexpr double pointer = 240;   // side of the overview's cursor, twips; its lower right corner is the point
+// Side of the overview's cursor, twips. The lower right corner of the cursor is the marked point.
+constexpr double pointer = 240;
 constexpr int as_fast_as_possible = 1;   // milliseconds
 
 // Limits of the picture's movement, twips. The picture must not leave the sight window.

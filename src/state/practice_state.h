@@ -72,7 +72,7 @@ struct practice_state {
 
     // The running engagement.
     int engagement = 1;     // row of the record for the current target
-    int roundnumber = 0;    // row of the next round, 1 to 4
+    int roundnumber = 0;    // index of the next round in its row, 1 to 4
     float killradius = 0;   // twips
 
     // The open range.
