@@ -12,14 +12,14 @@ namespace vorn {
 namespace {
 
 constexpr int frames = 16, frames_in_row = 4;
-constexpr int smallest = 16;   // pixels; the size of the explosion at the furthest target
+constexpr int smallest = 16;   // pixels; width of the explosion at the furthest target, at scale 1
 
 struct sheet {
-    const char* name;   // of the picture
-    bool by_heat;       // made from the visual one
+    const char* name;   // of the picture file
+    bool by_heat;       // the picture is the visual one and has to be converted
     double foot;        // height of the ground above the lower edge, in heights of a frame
 };
-constexpr std::array<sheet, 8> sheets{{{"explosion", false, 0},   // by effect
+constexpr std::array<sheet, 8> sheets{{{"explosion", false, 0},   // indexed by `effect`
                                        {"explosion", true, 0},
                                        {"fire", false, 0},
                                        {"fire", true, 0},
@@ -28,8 +28,8 @@ constexpr std::array<sheet, 8> sheets{{{"explosion", false, 0},   // by effect
                                        {"burst_coax", false, .05},
                                        {"hot_spot", false, .05}}};
 
-// Adds copies of half the size, a quarter and so on: QPainter skips source pixels when it scales a picture to
-// less than half.
+// Adds copies at 1/2, 1/4 ... of the size: QPainter skips source pixels when it scales a picture to less than
+// half.
 picture with_smaller_copies(const char* name, const QImage& frame)
 {
     auto pixels = std::make_shared<decoded_picture>();
@@ -40,10 +40,11 @@ picture with_smaller_copies(const char* name, const QImage& frame)
     return {name, frame.width() * twips_per_pixel, frame.height() * twips_per_pixel, pixels};
 }
 
-// Fire is white; smoke, though black to the eye, is warmer than the ground.
+// Converts a visual picture for the thermal sight. Fire becomes white, and dark smoke light grey, since it is
+// warmer than the ground.
 QImage by_heat(QImage sheet)
 {
-    constexpr int smoke = 150;   // of 255
+    constexpr int smoke = 150;   // grey value, of 255
     for (int y = 0; y < sheet.height(); ++y) {
         auto* line = reinterpret_cast<QRgb*>(sheet.scanLine(y));
         for (int x = 0; x < sheet.width(); ++x) {

@@ -10,10 +10,10 @@ namespace vorn {
 namespace {
 
 // Twips at the scale of the form.
-constexpr double margin = 60;   // around everything
-constexpr double gap = 90;      // between blocks
-constexpr double border = 75;   // of the sight, drawn around it
-constexpr double panel_title = 330;
+constexpr double margin = 60;         // around everything
+constexpr double gap = 90;            // between blocks
+constexpr double border = 75;         // around the sight
+constexpr double panel_title = 330;   // height
 
 using object_list = std::vector<const screen_object*>;
 
@@ -21,7 +21,7 @@ using object_list = std::vector<const screen_object*>;
 struct docked_objects {
     const screen_object* sight = nullptr;
     const screen_object* panel = nullptr;
-    const screen_object* title = nullptr;   // over the panel
+    const screen_object* title = nullptr;   // above or left of the panel
     object_list frames;                     // in the panel
     object_list beside, above, below;
 };
@@ -42,11 +42,12 @@ docked_objects docked_of(const form& f)
     return d;
 }
 
+// An object to be placed.
 struct block {
     const screen_object* object;
     QSizeF size;
     QPointF at = {};
-    bool folded = false;
+    bool folded = false;   // its lower part, from `fold` on, is shown beside the upper part
 };
 
 block block_of(const screen_object* o, bool folded = false)
@@ -57,8 +58,8 @@ block block_of(const screen_object* o, bool folded = false)
     return b;
 }
 
-// Places blocks one below the other, in a new column where they would pass the bottom. Returns the right and
-// lower edge of all.
+// Places blocks below each other, and starts a new column where a block would pass `bottom`. Returns the
+// right and lower edges of all blocks.
 QPointF fill_columns(std::vector<block>& blocks, const QPointF& from, double bottom)
 {
     QPointF at = from, end = from;
@@ -71,7 +72,8 @@ QPointF fill_columns(std::vector<block>& blocks, const QPointF& from, double bot
     return end;
 }
 
-// Places blocks side by side, in a new row where they would pass the right edge. Returns the lower edge.
+// Places blocks side by side, and starts a new row where a block would pass `right`. Returns the lower edge
+// of all blocks.
 double fill_rows(std::vector<block>& blocks, const QPointF& from, double right)
 {
     QPointF at = from;
@@ -92,7 +94,8 @@ double right_edge(const std::vector<block>& blocks)
     return right;
 }
 
-// A title alone above the sight goes over a short panel instead.
+// If the title is the only object above the sight, it is placed next to the panel instead, unless the panel
+// is too high.
 void move_title(docked_objects& d)
 {
     double height = d.above.front()->Height + 2 * margin + panel_title;
@@ -114,7 +117,8 @@ struct frames_in_panel {
     QSizeF size;   // of the panel
 };
 
-// Upright: all frames in one column. Otherwise in columns as high as the highest frame.
+// Places the frames in the panel: in one column if `upright`, otherwise in columns as high as the highest
+// frame.
 frames_in_panel fill_panel(const docked_objects& d, bool upright)
 {
     frames_in_panel p{frames_of(d), {}};
@@ -126,14 +130,14 @@ frames_in_panel fill_panel(const docked_objects& d, bool upright)
     return p;
 }
 
-// One way to arrange the objects. All in twips at its scale.
+// One way to arrange the objects. Places and sizes are in twips at this scale.
 struct plan {
     double scale = 1;
     frames_in_panel panel = {};
     std::vector<block> blocks = {};
     QRectF sight = {};
-    double growth = 0;
-    double width = 0;   // of all objects with the margin
+    double growth = 0;   // of the sight; 0 if the objects don't fit into the window
+    double width = 0;    // of all objects with the margins
 
     double sight_area() const { return growth * scale * growth * scale; }
 };
@@ -145,7 +149,8 @@ double height_of(const object_list& line)
     return height;
 }
 
-// The first `in_columns` blocks are put left of the sight, the others below it.
+// Puts all blocks below the sight if `in_columns` is 0. Otherwise title and panel are left of the sight, with
+// further blocks until there are `in_columns` of them; the rest is below.
 plan make_plan(const docked_objects& d, const QSizeF& window, double scale, std::size_t in_columns)
 {
     plan p{.scale = scale, .panel = fill_panel(d, in_columns > 0)};
@@ -168,10 +173,10 @@ plan make_plan(const docked_objects& d, const QSizeF& window, double scale, std:
     const double rows_right = right_edge(rows);
     if (rows_right > room.width() - margin + 0.5) return p;   // too wide
     const double growth = std::min(free.width() / d.sight->Width, free.height() / d.sight->Height);
-    if (!d.below.empty() && growth < 1) return p;   // the line below would be too narrow
+    if (!d.below.empty() && growth < 1) return p;   // the objects below the sight would overlap
     p.growth = growth;
     const QSizeF size = QSizeF(d.sight->Width, d.sight->Height) * p.growth;
-    // In the middle of the height that is left.
+    // Centred in the remaining height.
     const double top = margin + head + border + (free.height() - size.height()) / 2;
     p.sight = QRectF(QPointF(left + border, top), size);
     for (block& b : rows) b.at.ry() += p.sight.bottom() + border + foot + gap;
@@ -181,7 +186,7 @@ plan make_plan(const docked_objects& d, const QSizeF& window, double scale, std:
     return p;
 }
 
-// With all panels below the sight, as large as they can be while the sight keeps nearly its size.
+// The plan with all blocks below the sight. They are enlarged as long as the sight keeps 95 % of its area.
 plan panels_below(const docked_objects& d, const QSizeF& window, double scale)
 {
     plan best = make_plan(d, window, scale, 0);
@@ -193,8 +198,8 @@ plan panels_below(const docked_objects& d, const QSizeF& window, double scale)
     return best;
 }
 
-// The plan with the largest sight. A plan with more blocks in columns is preferred even if its sight is
-// slightly smaller: beside the sight they are easier to see.
+// The plan with the largest sight. A plan with more blocks beside the sight, where they are easier to see, is
+// preferred even if its sight is slightly smaller.
 plan best_plan(const docked_objects& d, const QSizeF& window, double scale)
 {
     constexpr double nearly = 0.97;
@@ -206,8 +211,8 @@ plan best_plan(const docked_objects& d, const QSizeF& window, double scale)
     return best;
 }
 
-// The line above the sight. An object aligned to the right ends at the right edge of the sight; another gets
-// the width that is left.
+// Places the row above the sight. Right-aligned objects end at the right edge of the sight; another object
+// gets the remaining width.
 void place_above(arrangement& a, const object_list& line, const QRectF& sight)
 {
     double right = sight.right();
@@ -240,7 +245,7 @@ void place_below(arrangement& a, const object_list& line, const screen_object& s
                        o->Height};
 }
 
-// Grown from the middle of the form until it covers the window.
+// Enlarges a backdrop from the middle of the form until it covers the window.
 enlargement cover(const screen_object& o, const QSizeF& room)
 {
     const double factor = std::max({1.0, room.width() / o.Width, room.height() / o.Height});
@@ -250,7 +255,7 @@ enlargement cover(const screen_object& o, const QSizeF& room)
 
 void arrange_without_sight(arrangement& a, const form& f, const QSizeF& room)
 {
-    constexpr double wider = 150;   // twips; less isn't worth another layout
+    constexpr double wider = 150;   // twips; a smaller difference doesn't change the layout
     const bool wide = f.wide && room.width() > form_width + wider;
     const wide_layout layout = wide ? f.wide(room.width()) : wide_layout{};
     a.corner =
@@ -279,7 +284,7 @@ arrangement arrange(const form& f, const QSize& window)
     a.corner = {(window.width() - p.width / twips_per_pixel * a.scale) / 2, 0};
     place_sight(a, *d.sight, p.sight);
     for (const block& b : p.panel.frames) a.places[b.object] = QRectF(b.at, b.size);
-    if (d.panel != nullptr) a.places[d.panel] = {};   // without frames
+    if (d.panel != nullptr) a.places[d.panel] = {};   // stays empty if it has no frames
     for (const block& b : p.blocks) {
         a.places[b.object] = QRectF(b.at, b.size);
         if (b.folded) fold_objects(a, f, *b.object);

@@ -1,4 +1,4 @@
-// Shows, hides, places and raises the windows as the program shows and hides its screens.
+// Shows, hides and raises windows so that they match the screens shown by the program.
 #include <QWindow>
 #include <algorithm>
 
@@ -42,14 +42,14 @@ QWidget* desktop_machine::front_window() const
 
 void desktop_machine::open_window(form_window& w, const form_window* before, bool over_it)
 {
-    if (w.isVisible()) return;   // hide_leaving has not run yet
+    if (w.isVisible()) return;   // its screen was hidden, but hide_leaving hasn't run yet
     if (before != nullptr && before != &w) w.place_like(*before, over_it);
     w.sync();
     w.show();
 }
 
-// Showing or raising a window may activate it at once, and deactivate another, whose handlers may show
-// further screens. These are placed after the first ones.
+// Showing or raising a window may activate it and deactivate another immediately. The handlers of these
+// events may show further screens, which the next pass of the loop places.
 void desktop_machine::place_windows()
 {
     placing_ = true;
@@ -57,7 +57,7 @@ void desktop_machine::place_windows()
     placing_ = false;
 }
 
-// A window is hidden only after the next one has been painted, so that the desktop behind doesn't flash up.
+// A window is hidden only after the next one has been painted, so that the desktop doesn't appear in between.
 void desktop_machine::place_shown()
 {
     const std::vector<form*> shown = screens.shown;
@@ -76,7 +76,7 @@ void desktop_machine::place_shown()
         top.activateWindow();
     }
     last_front_ = &top;
-    QTimer::singleShot(150, &top, [this] { hide_leaving(); });   // in case it is never painted
+    QTimer::singleShot(150, &top, [this] { hide_leaving(); });   // in case `top` is never painted
 }
 
 void desktop_machine::hide_leaving()
@@ -84,7 +84,7 @@ void desktop_machine::hide_leaving()
     for (form_window* w : std::exchange(leaving_, {}))
         if (w->model.state != form_state::shown) {
             w->hide();
-            // So that the next load begins with the default focus.
+            // The next load of an unloaded screen begins with the default focus.
             QWidget* focus = w->model.state == form_state::not_loaded ? w->focusWidget() : nullptr;
             if (focus != nullptr) focus->clearFocus();
         }

@@ -17,12 +17,12 @@ namespace {
 
 constexpr int frames = 16;                // of each effect
 constexpr double smallest_burst = 5;      // pixels at scale 1
-constexpr double lean = 0.22;             // of the oldest smoke of HESH, for each step of the wind
-constexpr double drift = 0.1;             // of the same, in widths of the burst
+constexpr double lean = 0.22;             // shear of HESH smoke at its end, per unit of `wind`
+constexpr double drift = 0.1;             // its sideways move at its end, per unit, in widths of the burst
 constexpr double animation_step = 0.03;   // seconds
 constexpr double fire_size = 2;           // in widths of the target
-constexpr double fire_growing = 0.2;      // seconds; it takes over from the explosion
-constexpr double fire_turn = 1.3;         // seconds for all frames
+constexpr double fire_growing = 0.2;      // seconds; it fades in during the explosion
+constexpr double fire_turn = 1.3;         // seconds for one loop of the frames
 
 struct burst {
     effect seen, hot;
@@ -30,7 +30,7 @@ struct burst {
     double size;   // width and height, in widths of a target
 };
 
-// By round: FIN throws up a spurt of earth, HESH a cloud with smoke, each round of the coax a little dust.
+// Indexed by `round_kind`: FIN throws up a jet of earth, HESH a cloud of smoke, a coax round a little dust.
 constexpr burst bursts[] = {{effect::burst_fin, effect::hot_spot, 1.2, 1.7},
                             {effect::burst_hesh, effect::hot_spot, 2.0, 2.2},
                             {effect::burst_coax, effect::hot_spot, 1.0, 0.6}};
@@ -40,7 +40,7 @@ const burst& burst_of(const strike& s)
     return bursts[static_cast<int>(s.round)];
 }
 
-// The position in the frames, for example 2.25, as a mixture of two frames.
+// Draws an animation at a fractional frame number: 2.25 blends a quarter of frame 3 into frame 2.
 void draw_moving(QPainter& p, effect e, const QRectF& at, double position, bool endless)
 {
     const double opacity = p.opacity();
@@ -52,7 +52,7 @@ void draw_moving(QPainter& p, effect e, const QRectF& at, double position, bool 
     p.setOpacity(opacity);
 }
 
-// A burnt-out target is nearly black; a thermal sight sees it glow.
+// A burning target is nearly black on the visual sight and bright on the thermal one.
 void draw_wreck(QPainter& p, const object_fields& o, const QRect& at)
 {
     QImage wreck(at.size(), QImage::Format_ARGB32_Premultiplied);
@@ -95,7 +95,7 @@ void sight_view::set_progress(double part)
     if (std::exchange(progress_, part) != part) update();
 }
 
-// Also finds the targets that have been set on fire.
+// Removes strikes and fires that have ended, and adds targets that have caught fire.
 void sight_view::forget_what_ended(double time)
 {
     std::erase_if(strikes_, [&](const shown_strike& s) {
@@ -111,7 +111,7 @@ void sight_view::forget_what_ended(double time)
 bool sight_view::animate()
 {
     const double time = now();
-    const bool moved = !strikes_.empty() || !fires_.empty();   // before: the last ones must be painted over
+    const bool moved = !strikes_.empty() || !fires_.empty();   // if they end, the last frame must be erased
     forget_what_ended(time);
     const bool moves = !strikes_.empty() || !fires_.empty();
     if ((moved || moves) && (moved != moves || time < animated_ || time > animated_ + animation_step)) {
@@ -121,7 +121,6 @@ bool sight_view::animate()
     return moves;
 }
 
-// An unloaded or hidden screen keeps no strike and no fire.
 void sight_view::hideEvent(QHideEvent*)
 {
     strikes_.clear();
@@ -129,14 +128,15 @@ void sight_view::hideEvent(QHideEvent*)
     ground_.clear();
 }
 
-// The size is rounded by itself: between rounded edges it would change by a pixel as the object moves.
+// Where a range picture is drawn. Place and size are rounded separately: if the edges were rounded, the size
+// would change by a pixel while the picture moves.
 QRect sight_view::ground_rect(const object_fields& o) const
 {
     return {device_rect(o, scale()).topLeft(),
             (QSizeF(o.Width, o.Height) * (scale() / twips_per_pixel)).toSize()};
 }
 
-// The image of an object that is larger than the sight and moves in it, the picture of the range; else null.
+// The image of a range picture, which is an object larger than the sight. Null for any other object.
 const QImage* sight_view::ground_image(const object_fields& o, const QRect& whole) const
 {
     const QSize size = ground_rect(o).size();
@@ -154,14 +154,15 @@ void sight_view::paintEvent(QPaintEvent*)
     for (const shown_object* o : sight_.inside)
         if (const QImage* image = o->drawn.Visible ? ground_image(o->drawn, whole) : nullptr) {
             if (!image->hasAlphaChannel()) uncovered -= ground_rect(o->drawn) & whole;
-            // The image drawn below is chosen later, so a twin that is ready by then is drawn once more.
+            // Checked before paint_objects chooses the image to draw: if the twin becomes ready in between,
+            // there is one repaint too many, but the twin isn't missed.
             if (reads_twin(o->drawn.Picture)) twin_wait_.start();
         }
     for (const QRect& r : uncovered) p.fillRect(r, back_shade(back));
     paint_objects(p, whole);
 }
 
-// Strikes are in front of the pictures and behind the marks of the sight and the rounds in flight.
+// Strikes are drawn over the images, and under the marks of the sight and the rounds in flight.
 void sight_view::paint_objects(QPainter& p, const QRect& whole)
 {
     bool strikes_due = !strikes_.empty();
@@ -195,7 +196,7 @@ void sight_view::paint_tracer(QPainter& p, const shown_object& o)
                 scale());
 }
 
-// Smoke leans with the wind, the more the older it is.
+// The older the smoke of HESH, the more it leans with the wind.
 void sight_view::paint_strikes(QPainter& p, const QRect& whole)
 {
     for (const shown_strike& s : strikes_) {

@@ -1,5 +1,5 @@
-// The widget of a sight. Besides the objects of the model it shows where rounds have come down and the fire
-// at a target that was hit; these move by themselves.
+// The widget of a sight. It draws the objects of the model, and animates strikes and burning targets, which
+// the model doesn't move.
 #pragma once
 
 #include <QTimer>
@@ -20,9 +20,9 @@ public:
 
     void show_strike(const strike&);
     void clear_strikes();
-    // Repaints what moves by itself, at most 30 times a second. False when nothing does.
+    // Repaints strikes and fires, at most once per 30 ms. False when there are none.
     bool animate();
-    // From now on draws rounds in flight between their place before the last update (0) and the present (1).
+    // Sets where tracers are drawn: at 0 at their place before the last update, at 1 at the present one.
     void set_progress(double part);
 
     std::function<double()> now = [] { return 0.0; };   // seconds
@@ -48,11 +48,11 @@ private:
 
     const shown_object& sight_;
     std::vector<shown_strike> strikes_;
-    std::unordered_map<const shown_object*, double> fires_;   // when each was lit
+    std::unordered_map<const shown_object*, double> fires_;   // burning targets and when they caught fire
     scrolled_picture ground_;
     double progress_ = 1;
-    double animated_ = 0;   // when it was last repainted for what moves
-    QTimer twin_wait_;      // until it is repainted, since the twin of a picture may have been read
+    double animated_ = 0;   // time of the last repaint by animate
+    QTimer twin_wait_;      // repaints the sight until the twin of its picture has been read
 };
 
 }   // namespace vorn
