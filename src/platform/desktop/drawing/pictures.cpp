@@ -17,8 +17,8 @@ namespace vorn {
 
 namespace {
 
-// Limits for the memory of a decoded image, in MB, to avoid swapping. Images of an icon beyond the
-// limit are skipped, by their real size rather than the one in the icon's directory.
+// Limits for the memory of a decoded image, in MB, to avoid swapping. Images of an icon that exceed the limit
+// are skipped. Their real size counts, not the one in the icon's directory.
 constexpr int largest_picture_mb = 512, largest_icon_mb = 8;
 constexpr std::size_t max_icon_sizes = 64;
 
@@ -27,7 +27,7 @@ bool too_large(const QSize& s)
     return qint64{4} * s.width() * s.height() > qint64{largest_picture_mb} * 1024 * 1024;
 }
 
-// In a format that QPainter draws without conversion.
+// Converts an image to a format that QPainter draws without conversion.
 QImage drawable(QImage image)
 {
     image.setDevicePixelRatio(1);
@@ -35,7 +35,7 @@ QImage drawable(QImage image)
                                                                     : QImage::Format_RGB32);
 }
 
-// The allocation limit is one for all threads.
+// Protects QImageReader's allocation limit, which all threads share.
 std::mutex allocation_limit;
 
 std::vector<QImage> read_sizes(QImageReader& reader)
@@ -54,8 +54,8 @@ std::vector<QImage> read_sizes(QImageReader& reader)
     return sizes;
 }
 
-// Qt's name of the format, by the first bytes; empty for formats that the program doesn't support, even if a
-// plugin on this machine does.
+// Qt's name of the format, detected from the first bytes. Empty for formats that the program doesn't support,
+// even if a plugin on this machine does.
 QByteArray picture_format(QIODevice& file)
 {
     using namespace std::string_view_literals;
@@ -105,7 +105,8 @@ loaded_picture read_picture(const std::string& source, const std::string& path, 
     const QSize natural = pixels->sizes.back().size();
     pixels->twin = find_twin(file, natural, more_twins);
     QImage& largest = pixels->sizes.back();
-    // Beside the 128 MB of a twin of 8024 x 4000, memory counts for more than the time to draw.
+    // This format is slower to draw and saves memory, which matters more with a twin: 8024 x 4000 pixels take
+    // 128 MB.
     if (!pixels->twin.isEmpty() && !largest.hasAlphaChannel())
         largest = std::move(largest).convertToFormat(QImage::Format_RGB888);
     return {picture{source, natural.width() * twips_per_pixel, natural.height() * twips_per_pixel, pixels},
@@ -156,7 +157,7 @@ const QImage* image_for(const picture& pic, const QSize& device, twin_reading re
 
 void draw_cached(QPainter& p, const QString& key, const QRect& at, const std::function<void(QPainter&)>& draw)
 {
-    constexpr int largest_side = 1200;   // pixels; larger drawings would push the others out
+    constexpr int largest_side = 1200;   // pixels; larger drawings would evict the others
     if (std::max(at.width(), at.height()) > largest_side) return draw(p);
     const QString sized_key = QString("%1 %2 %3").arg(key).arg(at.width()).arg(at.height());
     QPixmap drawn;

@@ -1,4 +1,5 @@
-// Reads pictures from files, recognised by content, and draws them, or built-in drawings, at any size.
+// Reads picture files, detecting the format from the content, and draws pictures and built-in drawings at any
+// size.
 #pragma once
 
 #include <QFileInfo>
@@ -17,7 +18,7 @@ namespace vorn {
 struct decoded_picture final : picture_pixels {
     std::vector<QImage> sizes;
     QString twin = {};   // path of the same picture with twice the pixels each way; empty if there is none
-    mutable std::shared_future<QImage> twin_image = {};   // from the first use on; null if it can't be read
+    mutable std::shared_future<QImage> twin_image = {};   // read at the first use; null if that fails
 };
 
 // The file name of a picture's twin, for example valley@2x.vrp.
@@ -27,32 +28,32 @@ QString twin_of(const QFileInfo&);
 inline constexpr const char* picture_patterns = "*.vrp *.trp *.png *.jpg *.jpeg *.bmp *.gif *.ico *.cur";
 
 // Reads a picture from an absolute path. Its natural size is 15 twips for each pixel of its largest image,
-// whatever resolution the file states. The twin is looked for beside the file and then in `more_twins`; one
-// that hasn't exactly twice the size is ignored.
+// whatever resolution the file states. The twin is looked for beside the file and then in the folder
+// `more_twins`; a twin that isn't exactly twice as large is ignored.
 loaded_picture read_picture(const std::string& source, const std::string& path,
                             const QString& more_twins = {});
 
-// A twin of 8024 x 4000 takes some 0.3 s to read. It is read in a second thread; whoever draws waits for it,
-// or draws the picture itself meanwhile.
+// What image_for does while a twin is being read, which takes a second thread about 0.3 s for 8024 x 4000
+// pixels: it waits for the twin, or returns the picture itself.
 enum class twin_reading { waits, meanwhile_without };
 
 // The image to draw at this size in device pixels: the smallest that is at least as large. If all are
 // smaller, the twin, or the largest if there is no twin. Null when the picture has no images.
 const QImage* image_for(const picture&, const QSize& device, twin_reading = twin_reading::waits);
 
-// Whether a twin is being read, so that the picture should be drawn again.
+// Whether the twin is still being read; the picture should then be drawn again later.
 bool reads_twin(const picture&);
 
-// Draws by a function once, and from then on what it has drawn: outlines take most of the time of a repaint.
-// The key tells apart all that the function can draw in a rectangle of this size; it gets its coordinates
-// from the rectangle.
+// Draws with the function and caches the result, since outlines take most of the time of a repaint. The
+// function draws in the rectangle. The key must be different for everything that can be drawn in a rectangle
+// of this size.
 void draw_cached(QPainter&, const QString& key, const QRect&, const std::function<void(QPainter&)>&);
 
 // Scales the picture to a rectangle of device pixels.
 void draw_picture(QPainter&, const picture&, const QRect& at);
 
 // Makes the painter of a widget use device pixels as coordinates. Returns the rectangle of the widget in
-// them.
+// device pixels.
 QRect to_device_pixels(QPainter&, const QSize& widget);
 
 }   // namespace vorn

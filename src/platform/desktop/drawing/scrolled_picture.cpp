@@ -6,7 +6,8 @@ namespace vorn {
 
 static constexpr int narrow = 200;   // device pixels
 
-// Splits a part of the picture at the edges of the tiles. Calls `each` with a piece and its tile's corner.
+// Splits a part of the scaled picture at multiples of the tile's size. Calls `each` with each piece and the
+// place of the tile's corner.
 static void for_each_piece(const QRect& part, const QSize& tile,
                            const std::function<void(const QRect&, const QPoint&)>& each)
 {
@@ -22,8 +23,8 @@ void scrolled_picture::keep(const QImage& image, const QSize& scaled, const QRec
     p.setRenderHint(QPainter::SmoothPixmapTransform);
     p.setCompositionMode(QPainter::CompositionMode_Source);
     for_each_piece(part, tile_.size(), [&](const QRect& piece, const QPoint& corner) {
-        // QPainter divides more than 95 rows among threads. Waiting for those takes longer than a narrow
-        // strip.
+        // QPainter divides more than 95 rows among threads. For a narrow strip, waiting for the threads takes
+        // longer than drawing.
         const int rows = piece.width() < narrow ? 64 : piece.height();
         for (int y = piece.top(); y <= piece.bottom(); y += rows) {
             p.setClipRect(piece.translated(-corner) & QRect(0, y - corner.y(), tile_.width(), rows));

@@ -1,5 +1,5 @@
-// A picture much larger than its view, scaled once and then scrolled: QPainter takes some 16 ms to scale the
-// view of a screen of 3840 x 2160, much more than to copy it.
+// A picture much larger than its view. The visible part is scaled once, and only copied when the picture
+// scrolls: on a screen of 3840 x 2160, QPainter needs about 16 ms to scale it, much more than to copy it.
 #pragma once
 
 #include <QImage>
@@ -9,18 +9,18 @@ namespace vorn {
 
 class scrolled_picture {
 public:
-    // Draws the image, scaled to `at`, as far as it is in the view; both are in device pixels. Only what has
-    // come into view since the last call is scaled.
+    // Draws the part of the image, scaled to `at`, that is in the view; both are in device pixels. Scales
+    // only what has come into view since the last call.
     void draw(QPainter&, const QImage&, const QRect& at, const QRect& view);
     void clear();
 
 private:
     void keep(const QImage&, const QSize& scaled, const QRect& part);
 
-    QImage tile_;   // as large as the view; the scaled picture repeats in it in both directions
+    QImage tile_;   // as large as the view; the scaled picture wraps around in it in both directions
     QRect kept_;    // the part of the scaled picture that is in the tile
     QSize scaled_;
-    qint64 image_ = 0;   // QImage::cacheKey
+    qint64 image_ = 0;   // cacheKey of the image
 };
 
 }   // namespace vorn

@@ -10,7 +10,7 @@ namespace vorn {
 
 static int device_pixel(double twips, double scale)
 {
-    // Clamped to the range of int; such a coordinate is far outside any screen.
+    // Clamped far outside any screen, so that it fits into an int.
     return static_cast<int>(std::lround(std::clamp(twips / twips_per_pixel * scale, -1e6, 1e6)));
 }
 
@@ -68,7 +68,7 @@ static void draw_cached_shape(QPainter& p, const object_fields& o, const QRect& 
                 [&](QPainter& q) { draw_shape(q, o, at, scale); });
 }
 
-// A round in flight: a white core with a coloured glow, at least large enough to be seen at any range.
+// A white core with a coloured glow. A minimum size keeps it visible at any range.
 void draw_tracer(QPainter& p, const object_fields& o, const QRectF& at, double scale)
 {
     const QColor c = shade(o.ForeColor);

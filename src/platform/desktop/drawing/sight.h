@@ -1,5 +1,5 @@
-// Drawing of single objects. The objects in a sight have no widgets: the sight paints them all, directly from
-// the source pictures. Images and shapes outside a sight are painted by the same functions.
+// Draws single objects. The objects in a sight have no widgets; the widget of the sight paints all of them.
+// Shapes outside a sight are painted by the same functions.
 #pragma once
 
 #include <QPainter>
@@ -11,11 +11,11 @@ namespace vorn {
 // The opacity of a picture that is pale or disabled.
 inline constexpr double pale_picture = 0.5, disabled_picture = 0.35;
 
-// The rectangle of an object in device pixels. Both edges are rounded, so that there is no gap between
-// neighbours.
+// The rectangle of an object in device pixels. The edges are rounded, not the size, so that there is no gap
+// between adjacent objects.
 QRect device_rect(const object_fields&, double scale);
 
-// Whether it is a round in flight.
+// Whether the object is a round in flight.
 bool is_tracer(const object_fields&);
 // Paints a round in flight; its place needn't be whole pixels.
 void draw_tracer(QPainter&, const object_fields&, const QRectF& at, double scale);

@@ -70,13 +70,13 @@ void figure(const canvas& s, const QPointF& middle, double pixels, const QString
 
 // The visual sight ------------------------------------------------------------------------------------------
 
-// How far below the top of a column a HESH round fired at the aim point falls.
+// Distance in twips from the top of a column down to the HESH drop at a range.
 double fall(int hundreds, const area& column)
 {
     return visualsight.aim.Top + visualsight.hesh.to.at(100 * hundreds) - column.Top;
 }
 
-// Ranges in hundreds of metres in a column, each at the height of the HESH drop at that range.
+// A column of ranges in hundreds of metres, each at the height of the HESH drop at that range.
 void scale_column(QPainter& p, const QRectF& at, const area& column)
 {
     const canvas s{p, at, {column.Width, column.Height}};
@@ -119,7 +119,7 @@ void chevron(QPainter& p, const QRectF& at, const QString& text)
     figure(s, s.point(397, 560), 9, text);
 }
 
-// The figure of each mark: the lead to either side in the first row, below it the range in hundreds of m.
+// The figures of the graticule's marks: the lead in its first row, the range in hundreds of metres below.
 void graticule(QPainter& p, const QRectF& at, int number)
 {
     static constexpr table<const char*, 15> figures{"8",  "4",  "0",  "4",  "8",  "9",  "9", "13",
@@ -129,7 +129,7 @@ void graticule(QPainter& p, const QRectF& at, int number)
 
 // The thermal sight -----------------------------------------------------------------------------------------
 
-// Three pairs of bars; the distance within a pair is the height of a target at a given range.
+// Three pairs of bars. The distance in a pair is the height of a target at one of four ranges.
 void stadia(QPainter& p, const QRectF& at, int number)
 {
     static constexpr table<double, 4> heights{430, 330, 230, 165};
@@ -195,7 +195,7 @@ void reversionary_hesh(QPainter& p, const QRectF& at)
 
 // Target ----------------------------------------------------------------------------------------------------
 
-// For a range that names no target picture: the tank of the shipped ranges.
+// The target of a range file without a target picture: the tank of the shipped ranges.
 void plain_target(QPainter& p, const QRectF& at)
 {
     static const loaded_picture tank = read_picture("target", ":/pictures/target.ico");

@@ -1,6 +1,6 @@
-// The marks of both sights, drawn as vectors so that they are sharp at every scale: scales and graticule of
-// the visual sight, aiming marks of the thermal sight. Also the explosion and the default target, which are
-// pictures.
+// Draws the marks of both sights as vectors, so that they are sharp at every scale: scales and graticule of
+// the visual sight, aiming marks of the thermal sight. Also draws the explosion and the default target, which
+// are pictures.
 #pragma once
 
 #include <QPainter>
