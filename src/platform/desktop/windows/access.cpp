@@ -13,7 +13,7 @@ class described_picture final : public QAccessibleWidget {
 public:
     explicit described_picture(picture_view& view) : QAccessibleWidget(&view, QAccessible::Graphic) {}
 
-    // Without a name Qt would use that of the frame around it.
+    // For a picture without a name Qt would use the name of the frame around it.
     QString text(QAccessible::Text which) const override
     {
         return which == QAccessible::Name ? widget()->accessibleName() : QAccessibleWidget::text(which);

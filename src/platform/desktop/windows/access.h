@@ -3,7 +3,7 @@
 
 namespace vorn {
 
-// Reports pictures that can't be clicked as graphics, and one that is covered by another as invisible.
+// Makes Qt report pictures that can't be clicked as graphics, and as invisible if covered by another picture.
 void describe_pictures();
 
 }   // namespace vorn

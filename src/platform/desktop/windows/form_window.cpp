@@ -53,7 +53,7 @@ form_window::form_window(form& f, desktop_machine& pc) : model(f), pc_(pc), anim
 
 form_window::~form_window()
 {
-    // First the widgets, since they use the style and the fields.
+    // The widgets use style_ and objects_, so they are deleted first.
     qDeleteAll(findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
@@ -96,8 +96,8 @@ void form_window::make_object(screen_object& o)
     draw_fields(s, true);
 }
 
-// Buttons that act while held also act while Space is down. The mouse is handled by mouse_event, since
-// leaving the button doesn't release it.
+// Buttons that act while held also act while Space is down. The mouse is handled by mouse_event: these
+// signals would also report a release when the mouse leaves the button.
 void form_window::connect_space(QAbstractButton& b, screen_object& o)
 {
     if (!o.MouseDown && !o.MouseUp) return;
@@ -214,7 +214,7 @@ QRectF form_window::shown_place(const screen_object& o) const
     return {own.topLeft() * e.factor + QPointF(e.right, e.down), own.size() * e.factor};
 }
 
-// How much larger than the form an object shows what it contains.
+// The factor by which an object and everything in it is enlarged.
 double form_window::growth_of(const screen_object* o) const
 {
     double growth = 1;
@@ -258,7 +258,7 @@ void form_window::resizeEvent(QResizeEvent*)
     if (fitted_ != size()) arrange_objects();
 }
 
-// Each sight has a dark border.
+// Draws a dark border around each sight.
 void form_window::paintEvent(QPaintEvent*)
 {
     QPainter p(this);
@@ -291,14 +291,14 @@ void form_window::release_sliders()
 
 // Place ---------------------------------------------------------------------------------------------------
 
-// A window that is being maximised may get its new size before its new state. So a geometry is the normal one
-// only when the window has kept it for a while.
+// A window that is being maximised may get its new size before its new state. So only a geometry that the
+// window has kept for a while is taken as the normal one.
 void form_window::moveEvent(QMoveEvent*)
 {
     settled_.start();
 }
 
-// QWidget::normalGeometry() may give the geometry of the maximised window, for the same reason.
+// For the same reason QWidget::normalGeometry() may return the geometry of the maximised window.
 QRect form_window::normal_place() const
 {
     if (!(windowState() & filling)) return geometry();
@@ -331,7 +331,7 @@ void form_window::toggle_full_screen()
     if (!isMaximized()) setGeometry(on_screen(normal_, *this));
 }
 
-// The rectangle, moved a step down and right as far as the window with its frame fits on the screen.
+// The rectangle, moved a step down and right, or less if the window with its frame would leave the screen.
 static QRect cascaded(const QRect& at, const QWidget& before)
 {
     constexpr QPoint step(28, 28);
@@ -351,8 +351,8 @@ void form_window::place_like(const form_window& before, bool cascade)
                   : cascade                 ? cascaded(place, before)
                                             : place;
         setGeometry(normal_);
-        // Marks the position as set by the program: otherwise the window manager would choose another for a
-        // window that is there already.
+        // Marks the position as set by the program. Otherwise the window manager would choose another one if
+        // the native window already exists.
         if (QWindow* handle = windowHandle()) handle->setGeometry(handle->geometry());
     }
     setWindowState(kept);
@@ -392,8 +392,8 @@ static bool left_release(const QEvent& e)
            static_cast<const QMouseEvent&>(e).button() == Qt::LeftButton;
 }
 
-// The object that gets a mouse move: the one under the mouse or the nearest around it that has a handler,
-// also when it is disabled, so that its hint can be shown.
+// The object whose MouseMove handler is called: the object under the mouse or its nearest parent with a
+// handler. The object may be disabled, since its hint is shown nevertheless.
 static const screen_object* under_mouse(const screen_object& object)
 {
     const screen_object* o = &object;
@@ -401,8 +401,8 @@ static const screen_object* under_mouse(const screen_object& object)
     return o != nullptr && o->owner->state == form_state::shown ? o : nullptr;
 }
 
-// True when the widget must not get the event: a box opened by the handler has got the release, so the widget
-// would stay down.
+// Returns true if the widget must not get the event: when the handler has opened a box, the box gets the
+// release event, and the button would stay down.
 bool form_window::mouse_event(screen_object& o, QEvent& e)
 {
     if (left_press(e) && o.ClickAt) {

@@ -1,4 +1,4 @@
-// The window of a form, which shows its objects, arranged for the size of the window.
+// The window of a form. It arranges the form's objects for its own size.
 #pragma once
 
 #include <QTimer>
@@ -27,12 +27,12 @@ public:
     // Paints the pending updates at once, without handling events.
     void paint_now();
     void toggle_full_screen();
-    // The sight that shows a ground; null when there is none in this form.
+    // The sight that contains this object; null if no sight of this form does.
     sight_view* sight_of(const screen_object& ground) const;
     void clear_strikes();
-    // Repaints what moves by itself in the sights, and does so by a timer until nothing moves.
+    // Animates strikes and fires in the sights: now, and by a timer until there are none.
     void animate();
-    // See sight_view.
+    // See sight_view::set_progress.
     void set_progress(double part);
     // Gives a hidden window the position and state of another; `cascade` moves it a step down and right.
     void place_like(const form_window& before, bool cascade);
@@ -69,11 +69,11 @@ private:
     desktop_machine& pc_;
     form_style style_;
     arrangement arrangement_;
-    QSize fitted_;           // the window size for which it was made
-    bool painted_ = false;   // since it was shown
-    QRect normal_;           // its geometry when neither maximised nor full screen
+    QSize fitted_;           // the window size for which arrangement_ was made
+    bool painted_ = false;   // since the window was shown
+    QRect normal_;           // the geometry when neither maximised nor full screen
     QTimer animation_;
-    QTimer settled_;   // times out when it hasn't been moved for a while
+    QTimer settled_;   // times out when the geometry hasn't changed for a while
     Qt::WindowStates before_full_screen_{};
     const screen_object* pressed_by_space_ = nullptr;
     std::vector<std::unique_ptr<shown_object>> objects_;

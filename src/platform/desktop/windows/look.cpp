@@ -17,8 +17,8 @@ struct role_shades {
     QRgb text, back;
 };
 
-// Indexed by `colour`. Text and background differ where a red that is readable as text is too pale as a
-// background for white figures.
+// Indexed by `colour`. Some colours that are readable as text are too light as a background for white
+// figures; they have a darker background.
 constexpr table<role_shades, 12> shades{{{
     {0xff272a21, 0xff272a21},   // ground
     {0xffe9e4d3, 0xffe9e4d3},   // text
@@ -291,7 +291,7 @@ int form_style::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
 
-// The whole rectangle of an option can be clicked, not only its text.
+// The whole rectangle of an option or check box can be clicked, not only its text.
 QRect form_style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const
 {
     if (element == SE_RadioButtonClickRect || element == SE_CheckBoxClickRect) return option->rect;

@@ -62,9 +62,9 @@ private:
     double scale_on(const QWidget*) const;
 };
 
-// Sets how much larger than its form a widget is shown; true if that is new.
+// Sets the growth of a widget, the factor by which it is enlarged. True if the growth has changed.
 bool set_growth(QWidget&, double growth);
-// The scale at which a widget is shown: that of the form it belongs to, times its growth.
+// The scale at which a widget is shown: the scale of its form times its growth.
 double scale_of(const QWidget&);
 
 }   // namespace vorn

@@ -26,7 +26,7 @@ push_button::push_button(const object_fields& fields, QWidget* parent) : QPushBu
     setAutoDefault(true);   // Return clicks it, as Space does
 }
 
-// An access key clicks at once; Qt would first show the button down for a tenth of a second.
+// An access key clicks immediately; Qt would first show the button pressed for a tenth of a second.
 bool push_button::event(QEvent* e)
 {
     if (e->type() != QEvent::Shortcut || static_cast<const QShortcutEvent*>(e)->isAmbiguous())
@@ -69,14 +69,14 @@ text_button::text_button(const object_fields& fields, QWidget* parent) : QPushBu
     setAutoDefault(true);
 }
 
-// The background colour, if it has one, and a light overlay while the mouse is on it.
+// Paints the background colour, if there is one, and a light overlay while the mouse is over the button.
 void text_button::paint_background(QPainter& p)
 {
     const double scale = scale_of(*this);
     const bool has_colour = fields_.BackColor != colour::ground;
     const int overlay = !isEnabled() ? 0 : isDown() ? 44 : underMouse() ? 26 : 0;
     p.setRenderHint(QPainter::Antialiasing);
-    const bool chosen = has_colour && fields_.ForeColor == colour::white;   // shown by a border too
+    const bool chosen = has_colour && fields_.ForeColor == colour::white;   // marked by a border, too
     const double inset = chosen ? 0.75 * scale : 0;
     p.setPen(chosen ? QPen(shade(colour::white), 1.5 * scale) : QPen(Qt::NoPen));
     p.setBrush(has_colour ? QBrush(back_shade(fields_.BackColor)) : Qt::NoBrush);
@@ -101,7 +101,7 @@ void text_button::paintEvent(QPaintEvent*)
     QPainter p(this);
     paint_background(p);
     const bool numbered = fields_.ForeColor == colour::red || fields_.ForeColor == colour::darkred;
-    // A number at the right is in the lower corner, where it hides little of the picture under it.
+    // A right-aligned number is in the lower corner, where it hides little of the picture under it.
     const bool corner = numbered && fields_.Alignment == alignment::right;
     const auto place = corner ? Qt::AlignRight | Qt::AlignBottom : text_alignment(fields_);
     const int flags = static_cast<int>(place) | Qt::TextWordWrap;
@@ -129,8 +129,8 @@ void text_box::focusInEvent(QFocusEvent* e)
     if (!std::exchange(had_focus_, true) && !clicked_) selectAll();   // the initial focus
 }
 
-// A click that gives the box the focus selects the whole text, unless the user has selected a part of it. In
-// focusInEvent that would be too early: the press sets the cursor afterwards.
+// A click that gives the box the focus selects the whole text, unless the user has selected a part of it.
+// focusInEvent would be too early, since the mouse press sets the cursor afterwards.
 void text_box::mouseReleaseEvent(QMouseEvent* e)
 {
     QLineEdit::mouseReleaseEvent(e);
@@ -143,7 +143,7 @@ picture_view::picture_view(const object_fields& fields, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
 }
 
-// Scaled once with filtering: QPainter skips pixels when it scales a picture to a quarter.
+// Scaled with filtering: QPainter skips pixels when it scales a picture to less than half.
 QPixmap picture_view::rendered(const QSize& device) const
 {
     const QImage* image = image_for(fields_.Picture, device);

@@ -1,4 +1,4 @@
-// Widgets that paint an object themselves. They paint the fields as of the last update, so that everything on
+// Widgets that paint an object themselves. They paint its fields as of the last update, so that everything on
 // the screen belongs to the same state.
 #pragma once
 
@@ -47,7 +47,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent*) override;
 
 private:
-    bool clicked_ = false;   // got the focus by a press of the mouse that has not ended
+    bool clicked_ = false;   // got the focus by a mouse press, and the button is still down
     bool had_focus_ = false;
 };
 

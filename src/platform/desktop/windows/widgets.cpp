@@ -104,7 +104,7 @@ QWidget* make_by_kind(shown_object& s, QWidget* parent, const event_runner& run)
     return new QWidget(parent);
 }
 
-// Objects without mouse handlers let the mouse events through to objects beneath.
+// Labels, images and shapes without mouse handler and tool tip pass mouse events on to the objects beneath.
 bool ignores_mouse(const screen_object& o)
 {
     const bool passive =
@@ -136,8 +136,8 @@ void set_label(QLabel& l, const object_fields& o)
     l.setMargin(long_text ? static_cast<int>(margin * scale_of(l)) : 0);
 }
 
-// Tab stops at the selected option of a group only, as arrow keys lead to the others; at each if none is
-// selected.
+// Tab goes only to the selected option of a group, since the arrow keys reach the others. If no option is
+// selected, Tab goes to each of them.
 void set_tab_stops(const QRadioButton& in_group)
 {
     const auto group =
@@ -211,9 +211,9 @@ void set_font(QWidget& w, const object_fields& o)
     w.setFont(title ? text_font(text_size::small, true, scale) : text_font(o.size, o.bold, scale));
 }
 
-// The name for screen readers: the object's own name with its caption, or its tool tip if it has no caption
-// (not for labels, which may be empty at the moment). A frame uses its caption; without a name Qt would use
-// that of the frame around it.
+// The name for screen readers: AccessibleName and caption, or the tool tip if both are empty. A label doesn't
+// use its tool tip, since its caption may be empty for the moment. The caption of a frame is set as its name,
+// because Qt would use the name of the frame around it.
 void set_name(QWidget& w, const object_fields& o)
 {
     std::string name = o.AccessibleName;
@@ -223,8 +223,8 @@ void set_name(QWidget& w, const object_fields& o)
     w.setAccessibleName(QString::fromStdString(name).simplified());   // captions have extra blanks
 }
 
-// Qt would pass the focus of a disabled widget to the next one, whose button Space would then click. Here the
-// window keeps it, and the widget gets it back when it is enabled, unless the user has moved the focus.
+// Qt would pass the focus of a disabled widget to the next widget, which Space might then click. Here the
+// window gets the focus. The widget gets it back when it is enabled, unless the user has moved the focus.
 void set_enabled(QWidget& w, bool enabled)
 {
     constexpr const char* had_focus = "had_focus";
