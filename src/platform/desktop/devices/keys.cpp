@@ -17,11 +17,11 @@ namespace vorn {
 
 namespace {
 
-// For this many seconds after a box opens, a letter is taken as meant for the gun, not for the box.
+// For this many seconds after a box opens, a letter is ignored: it was probably meant for the gun.
 constexpr double letter_delay = 1;
 
-// The longest interval of auto-repeat in milliseconds. After a longer one the release was missed. Used where
-// the system doesn't mark auto-repeat.
+// The longest interval of auto-repeat, in milliseconds. A press after a longer interval is a new press, whose
+// release was missed. Used where the system doesn't mark auto-repeat.
 constexpr quint64 longest_repeat = 1500;
 
 constexpr std::array<std::pair<int, int>, 26> named_keys{{
@@ -54,13 +54,13 @@ bool is_letter(int code)
     return code >= 'A' && code <= 'Z';
 }
 
-// Identifies the key itself; the same for press and release even if Shift changes in between.
+// Identifies the physical key: press and release give the same number even if Shift changes in between.
 quint32 identity(const QKeyEvent& e)
 {
     return e.nativeScanCode() != 0 ? e.nativeScanCode() : static_cast<quint32>(e.key());
 }
 
-// In a text, Space types a space or turns the page, also by auto-repeat.
+// In a text, Space types a space or scrolls a page, also by auto-repeat.
 bool text_has_focus()
 {
     const QWidget* focus = QApplication::focusWidget();
@@ -82,7 +82,8 @@ bool is_bare_letter(const QKeyEvent& e)
     return letter && !(e.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier));
 }
 
-// Whether the system says which presses are auto-repeat. X11 doesn't, once it sends no releases during it.
+// Whether the system marks presses that are auto-repeat. X11 doesn't when it sends no releases during
+// auto-repeat (see enable_detectable_repeat).
 bool marks_repeat()
 {
     return QGuiApplication::platformName() == "windows" || QGuiApplication::platformName() == "wayland";
@@ -95,7 +96,7 @@ Display* x11_display()
     return x11 == nullptr ? nullptr : x11->display();
 }
 
-// A function of Xlib. Not linked: Qt has loaded the library if there is an X server.
+// A function of Xlib. Xlib isn't linked, since Qt has loaded it if there is an X server.
 template <class Function>
 Function x11_function(const char* name)
 {
@@ -154,12 +155,12 @@ keyboard::keyboard(desktop_machine& pc) : pc_(pc)
     qApp->installEventFilter(this);
     enable_detectable_repeat();
     pc_.key_is_down = x11_key_state();
-    watch_.setInterval(10);   // a key that is hit again is up for longer
+    watch_.setInterval(10);   // ms; less than a key is up between two presses
     QObject::connect(&watch_, &QTimer::timeout, this, &keyboard::look_for_releases);
 }
 
-// The release of a key that answers a box, or is down when another window gets the input, may go to no window
-// of the program. Its next press would be taken for a repeat.
+// Starts to look for releases that the program may not get: of a key that answers a box, or that is down when
+// another window gets the input. Otherwise the next press of the key would be taken for auto-repeat.
 void keyboard::watch()
 {
     if (pc_.key_is_down) watch_.start();
@@ -207,7 +208,7 @@ void keyboard::send_down(form& f, int code, key_down& k)
     if (f.KeyDown) pc_.run([&f, code] { f.KeyDown(code); });
 }
 
-// True when the key goes no further: auto-repeat must not answer a box or click a button.
+// Returns true if no widget must get the key. Auto-repeat must not answer a box or click a button.
 bool keyboard::pressed(form_window* w, const QKeyEvent& e)
 {
     key_down& k = down_[identity(e)];
@@ -241,7 +242,7 @@ void keyboard::released(const QKeyEvent& e)
     if (!e.isAutoRepeat()) end(identity(e));
 }
 
-// Qt delivers each key first to the window and then to widgets in it; only the first counts.
+// Qt delivers each key first to the window and then to its widgets; only the first event is handled.
 bool keyboard::eventFilter(QObject* o, QEvent* e)
 {
     if ((e->type() != QEvent::KeyPress && e->type() != QEvent::KeyRelease) || !o->isWindowType())

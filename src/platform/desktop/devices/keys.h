@@ -1,4 +1,4 @@
-// The keyboard: the form gets each key once, before its controls do, as a virtual key code.
+// The keyboard. A form gets each key once, as a virtual key code, before its controls get the key.
 #pragma once
 
 #include <QObject>

@@ -62,14 +62,14 @@ static std::string pdf_bytes(const std::vector<printed_line>& lines)
     return bytes.data().toStdString();
 }
 
-// The pages are made in memory first, so that a full disk destroys no earlier report.
+// The pages are made in memory, since write_file leaves an earlier report unchanged if it fails.
 std::string print_to_pdf(const machine& m, const std::string& file, const std::vector<printed_line>& lines)
 {
     const std::string bytes = pdf_bytes(lines);
     return bytes.empty() ? "The pages can't be drawn." : write_file(m, file, bytes);
 }
 
-// The file name of a report: name and date, with characters replaced that some file systems don't allow.
+// The file name of a report: name and date. Characters that some file systems don't allow are replaced.
 static std::string dated_file_name(const std::string& name)
 {
     QString proposed = QString::fromStdString(name) + ' ' + QDate::currentDate().toString(Qt::ISODate);

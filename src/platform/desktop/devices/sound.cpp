@@ -21,7 +21,7 @@ constexpr int sample_bytes = 2;   // one 16-bit sample
 // Limits for a file that may be damaged.
 constexpr std::uintmax_t max_file_size = 32'000'000;           // bytes
 constexpr int min_file_rate = 1000, max_file_rate = 400'000;   // Hz
-constexpr double max_duration = 600;   // seconds; at a low rate a small file could last for days
+constexpr double max_duration = 600;   // seconds; at a low rate a file of this size could last for hours
 
 double seconds_now()
 {
@@ -52,7 +52,7 @@ struct stream_closer {
     void operator()(SDL_AudioStream* s) const { SDL_FreeAudioStream(s); }
 };
 
-// Samples in the channel's format; none if the conversion fails.
+// Converts samples to the channel's format. Returns no samples if that fails.
 QByteArray converted(const SDL_AudioSpec& from, const Uint8* bytes, Uint32 size)
 {
     const std::unique_ptr<SDL_AudioStream, stream_closer> stream(
@@ -104,7 +104,7 @@ void sound_channel::close_device()
     device_ = 0;
 }
 
-// True when a working device is open; replaces one that has gone.
+// True if a working device is open. A device that was disconnected is replaced.
 bool sound_channel::open_device()
 {
     if (device_ != 0 && SDL_GetAudioDeviceStatus(device_) != SDL_AUDIO_STOPPED) return true;

@@ -1,5 +1,6 @@
-// The one sound channel, on SDL's audio queue: plays a wave file without blocking and stops at once. The
-// audio device may be absent, come or go at any time; without one the channel is silent.
+// The only sound channel, on SDL's audio queue. It plays a wave file without blocking and can be stopped
+// immediately. The audio device may be connected or disconnected at any time; without a device the channel is
+// silent.
 #pragma once
 
 #include <cstdint>
@@ -28,7 +29,7 @@ private:
     void close_device();
 
     std::uint32_t device_ = 0;   // SDL's id of the open device; 0: none
-    double retry_at_ = 0;        // seconds; the earliest time of the next attempt to open one
+    double retry_at_ = 0;        // seconds; the earliest time of the next attempt to open a device
 };
 
 }   // namespace vorn

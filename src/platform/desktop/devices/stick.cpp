@@ -14,13 +14,13 @@ namespace vorn {
 
 namespace {
 
-// SDL's axes run from -32768 to 32767; the system's from 0 to 65535.
+// SDL's axes range from -32768 to 32767, those of the screens from 0 to 65535.
 constexpr long axis_max = 65535, centre = 32768;
-// Half of the way to the end: more than drift or an accidental touch.
+// Half of the way from the centre to the end: more than drift or an accidental touch.
 constexpr int takeover_distance = 16384;
 // Milliseconds.
 constexpr int search_interval = 500;   // while no stick is in use
-constexpr int start_delay = 400;       // until the first window is up: the first search is slow
+constexpr int start_delay = 400;       // the first window is shown before the first search, which is slow
 constexpr int move_interval = static_cast<int>(timer_floor * 1000);
 
 // Input is delivered only while no modal box is open and this program is active.
@@ -29,7 +29,7 @@ bool accepts_input()
     return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() != nullptr;
 }
 
-// A throttle or a switch box has fewer.
+// A throttle or a switch box has fewer than two.
 bool has_two_axes(const stick::open_device& d)
 {
     return SDL_JoystickNumAxes(d.handle) >= 2;
@@ -135,7 +135,7 @@ void stick::poll()
     init_joysticks();
     if (timer_.interval() == start_delay) timer_.setInterval(search_interval);
     take_events();
-    // Repeated while there is no stick: one that failed to open when it was plugged in may be ready by now.
+    // Repeated while there is no stick: a stick that failed to open when it was connected may be ready now.
     if (std::exchange(search_, false) || device_ == nullptr) open_new();
     deliver_move();
 }
@@ -161,9 +161,9 @@ void stick::release_all()
     for (int i = 0; i < held_.size(); ++i) button(i, false);
 }
 
-// A deflected stick is reported at each poll, since the screens use its position as a rate. Otherwise the
-// position is reported when it has changed, also by unplugging or during a box, and once to a screen that
-// comes to the front.
+// A deflected stick is reported at each poll, since the screens use its position as a rate. A centred stick
+// is reported when it has changed, also if it was disconnected or changed during a box, and once to a screen
+// that comes to the front.
 void stick::deliver_move()
 {
     const form* f = front(pc_);

@@ -1,5 +1,5 @@
-// The joystick: of those plugged in at the moment, the first one with two axes, or the one that was moved
-// last. Its buttons and first two axes go to the screen in front.
+// The joystick in use: the first connected one with two axes, or another that was moved later. Its buttons
+// and first two axes go to the screen in front.
 #pragma once
 
 #include <QTimer>
@@ -8,7 +8,7 @@
 #include "platform/objects.h"
 #include "state/numbers.h"
 
-struct _SDL_Joystick;   // NOLINT(bugprone-reserved-identifier): the name that SDL gives it
+struct _SDL_Joystick;   // NOLINT(bugprone-reserved-identifier): SDL's own name
 
 namespace vorn {
 
@@ -21,8 +21,8 @@ public:
     stick(const stick&) = delete;
     stick& operator=(const stick&) = delete;
 
-    // By number: 5 and 7 are the maxima of X and Y, 13 and 14 the positions of X and Y, which without a stick
-    // are at the centre.
+    // By number: 5 and 7 are the maxima of X and Y, 13 and 14 their positions. Without a stick these are in
+    // the centre.
     long reading(int number) const;
     bool present() const { return device_ != nullptr; }
     // Delivers the events since the last call; called by the stick's own timer, and by tests.
@@ -48,12 +48,12 @@ private:
 
     desktop_machine& pc_;
     std::vector<open_device> open_;
-    _SDL_Joystick* device_ = nullptr;   // the open one that is in use
-    bool search_ = true;                // there may be one that isn't open yet
+    _SDL_Joystick* device_ = nullptr;   // the stick in use
+    bool search_ = true;                // there may be a stick that isn't open yet
     QTimer timer_;
     table<form*, 32> held_;               // the screen to which each held button belongs
     long reported_x_, reported_y_;        // the position last delivered
-    const form* reported_to_ = nullptr;   // and the screen that received it
+    const form* reported_to_ = nullptr;   // the screen that received this position
 };
 
 }   // namespace vorn
