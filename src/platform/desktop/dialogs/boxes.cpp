@@ -1,4 +1,5 @@
-// Message boxes, the input box and file dialogs, in the look of the platform, over the screen in front.
+// Message boxes, the input box and file dialogs: they look as usual on the platform, and belong to the window
+// in front.
 #include <QDir>
 #include <QFileDialog>
 #include <QFileSystemModel>
@@ -28,8 +29,8 @@ static QMessageBox::Icon icon_of(box_sign sign)
     return sign == box_sign::question ? QMessageBox::Question : QMessageBox::NoIcon;
 }
 
-// Keys and buttons that are held down are released while the box is open, as separate events: no handler runs
-// within the one that opens the box.
+// Keys and buttons that are held down are released when the box is open, as separate events, so that their
+// handlers don't run before the box is shown.
 void desktop_machine::before_box()
 {
     QTimer::singleShot(0, &clock_, [this] { release_input(); });
@@ -70,7 +71,7 @@ std::optional<std::string> desktop_machine::input_box(const std::string& title, 
     return box.textValue().toStdString();
 }
 
-// Qt's name filters for "Range Files (*.arf)|*.arf|", pairs of name and patterns.
+// Qt's name filters for pairs of name and patterns, such as "Range Files (*.arf)|*.arf|".
 static QStringList name_filters(const std::string& pairs)
 {
     const QStringList parts = QString::fromStdString(pairs).split('|');
@@ -83,8 +84,8 @@ static QStringList name_filters(const std::string& pairs)
     return filters;
 }
 
-// The picture of which this file is the twin, or the file itself. A range made on a twin would be twice too
-// large.
+// The picture of which this file is the twin, or the file itself. A range made on a twin would be twice as
+// large as intended.
 static QString without_twin(const QString& file)
 {
     static const QRegularExpression twin(R"(@2x(?=\.[^./]*$))");
@@ -102,7 +103,7 @@ struct files_without_twins final : QSortFilterProxyModel {
         const QString file = all.filePath(all.index(row, 0, folder));
         return without_twin(file) == file;
     }
-    // Folders first, which only the model of the files knows.
+    // Sorted by the file model, which lists folders first.
     void sort(int column, Qt::SortOrder order) override { sourceModel()->sort(column, order); }
 };
 
@@ -123,7 +124,7 @@ static void prepare(QFileDialog& d, const file_dialog& asked)
     auto* list = d.findChild<QTreeView*>();   // null in a native dialog
     auto* files = d.findChild<QFileSystemModel*>();
     if (list == nullptr || files == nullptr) return;
-    // Each folder that is read sets the column widths, which the user may then change.
+    // The column widths are set each time a folder has been read. The user may then change them.
     list->header()->setSectionResizeMode(QHeaderView::Interactive);
     const auto fit = [list] {
         for (int column = 0; column < list->header()->count(); ++column) list->resizeColumnToContents(column);

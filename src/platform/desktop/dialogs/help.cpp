@@ -30,7 +30,7 @@ help_window::help_window(const QIcon& icon)
     resize(usual_size.boundedTo(screen()->availableSize()));
     setMinimumSize(smallest_size);
     auto* column = new QVBoxLayout(this);
-    auto *search_row = new QHBoxLayout, *row = new QHBoxLayout;   // beside a screen it may be narrow
+    auto *search_row = new QHBoxLayout, *row = new QHBoxLayout;   // two rows for a narrow window
     column->addWidget(page_);
     column->addLayout(search_row);
     column->addLayout(row);
@@ -42,11 +42,11 @@ help_window::help_window(const QIcon& icon)
     use_fusion();
 }
 
-// The style of the platform may draw its own light controls under the palette's light text.
+// Another style might ignore the palette and draw light controls, with light text on them.
 void help_window::use_fusion()
 {
     QStyle* fusion = QStyleFactory::create("Fusion");
-    fusion->setParent(QCoreApplication::instance());   // outlives the controls
+    fusion->setParent(QCoreApplication::instance());   // must outlive the controls
     for (QWidget* w : findChildren<QWidget*>()) w->setStyle(fusion);
 }
 
@@ -115,8 +115,8 @@ void help_window::search(QTextDocument::FindFlags flags)
     search_result_->setText("Not found");
 }
 
-// Beside the screen that it was opened from, at the side with more room; where there is too little, wherever
-// the desktop places it.
+// Places the window beside the opener, on the side with more room. If there is too little, the window system
+// places it.
 void help_window::place_beside(const QWidget& opener)
 {
     const QRect all = opener.screen()->availableGeometry(), taken = opener.frameGeometry();
@@ -135,8 +135,8 @@ void help_window::open_file(const std::string& path, const std::string& screen, 
     const bool again = page_->source().adjusted(QUrl::RemoveFragment) == file;
     page_->set_screen(QString::fromStdString(screen));
     page_->setSource(file, QTextDocument::HtmlResource);
-    if (again) page_->reload();   // the file or the screen may be another
-    page_->clearHistory();        // the Contents button leads to the page open now
+    if (again) page_->reload();   // the screen or the content of the file may have changed
+    page_->clearHistory();        // the Contents button leads to the first page in the history
     page_->setFocus();
     if (!isVisible() && opener != nullptr) place_beside(*opener);
     show();

@@ -27,7 +27,7 @@ QString missing_page(const QString& file)
            "</p><p>The trainer works without it.</p>";
 }
 
-// The document takes its colours from this style sheet, not from the palette of the window.
+// The document uses the colours of this style sheet, not those of the window's palette.
 QString page_style()
 {
     return QString(
@@ -48,7 +48,7 @@ QString marked_for(QString html, const QString& screen)
     return html;
 }
 
-// Draws pictures with smooth scaling at any device pixel ratio, and none wider than the page has room for.
+// Draws pictures with smooth scaling at any device pixel ratio, and reduces pictures too wide for the page.
 class picture_drawing final : public QObject, public QTextObjectInterface {
     Q_OBJECT
     Q_INTERFACES(QTextObjectInterface)
@@ -73,7 +73,7 @@ public:
     }
 
 private:
-    // Pictures beside each other are in a table without a border.
+    // The width available at a position. Pictures beside each other are in a table without a border.
     static double available(const QTextDocument& page, int at)
     {
         double width = page.textWidth() - 2 * page.documentMargin();
@@ -130,7 +130,7 @@ void help_page::set_text_size(double points)
 
 void help_page::wheelEvent(QWheelEvent* e)
 {
-    constexpr double notch = 120;   // of the wheel, in Qt's units
+    constexpr double notch = 120;   // one step of the wheel, in eighths of a degree
     if (!e->modifiers().testFlag(Qt::ControlModifier)) return QTextBrowser::wheelEvent(e);
     zoom(e->angleDelta().y() / notch);
 }
@@ -148,7 +148,7 @@ static QUrl name_of(const QTextFragment& picture)
     return QUrl(picture.charFormat().toImageFormat().name());
 }
 
-// Without the file the still picture stays.
+// If the file can't be read, the still picture stays.
 void help_page::play(const QUrl& film)
 {
     const bool again = film_ != nullptr && film_link_ == film;
@@ -176,7 +176,7 @@ void help_page::stop_film()
 {
     if (film_ == nullptr) return;
     film_->disconnect(this);
-    film_->deleteLater();   // it may be the sender
+    film_->deleteLater();   // the film may have sent the current signal
     film_ = nullptr;
     if (const auto at = still()) replace_picture(*at, QImage(path_of(name_of(*at))));
 }

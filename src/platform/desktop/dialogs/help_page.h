@@ -1,5 +1,5 @@
-// The page of the help viewer: an HTML file, whatever its file name extension, with the pictures and moving
-// pictures beside it.
+// The page of the help viewer. It shows an HTML file with any file name extension, its pictures and its
+// moving pictures.
 #pragma once
 
 #include <QPointer>
@@ -15,12 +15,12 @@ class help_page final : public QTextBrowser {
 public:
     explicit help_page(QWidget* parent);
 
-    // The page marks what it names for this screen, by a comment such as <!--for simulator thermal-->.
+    // Sets the screen. Where a comment such as <!--for simulator thermal--> names it, the page shows a mark.
     void set_screen(const QString& name) { screen_ = name; }
     void set_text_size(double points);
     void zoom(double points) { set_text_size(font().pointSizeF() + points); }
-    // Follows a link within the file. A picture that is a link to a moving picture (a .gif) plays it while it
-    // is in sight, or stops it.
+    // Follows a link within the file. A link to a moving picture (.gif) starts it in place of the still
+    // picture, or stops it. It also stops when it is scrolled out of view.
     void follow(const QUrl&);
 
     static constexpr double normal_text = 10.5;   // points
@@ -35,11 +35,11 @@ private:
     void show_frame();
     void stop_film();
     void replace_picture(const QTextFragment&, const QImage& by);
-    // The picture that links to the film that plays.
+    // The still picture with the link to the film that is playing.
     std::optional<QTextFragment> still() const;
 
     QString screen_;
-    QPointer<QMovie> film_;   // the one that plays
+    QPointer<QMovie> film_;   // null if no film is playing
     QUrl film_link_;
 };
 
