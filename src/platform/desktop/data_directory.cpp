@@ -43,13 +43,14 @@ static copied_times read_times(const fs::path& folder)
 }
 
 // Everything is written to a temporary file first and then renamed, so that a file with the final name is
-// complete. The process id keeps two programs that start at the same time apart.
+// complete. With the process id in the name, two programs started at the same time use different files.
 static fs::path temporary_for(fs::path file)
 {
     return file += '.' + std::to_string(QCoreApplication::applicationPid()) + ".part";
 }
 
-// By trial: what the access lists of NTFS or of a network folder allow can't be seen from a folder's mode.
+// Creates a file to find out: the mode of a folder doesn't show what access control lists (NTFS, network
+// folders) allow.
 static bool can_write(const fs::path& folder)
 {
     const fs::path trial = temporary_for(folder / "writable");
@@ -160,7 +161,7 @@ bool fill_directory(const fs::path& from, const fs::path& to)
         if (copied || same_time(time_of(own), time_of(i->path()))) times[name] = time_of(i->path());
     }
     complete = complete && !failed;
-    // The list is first written when the copy is complete.
+    // No list is written until the first complete copy: it marks the folder as complete.
     if (was_complete(to) ? times != before : complete) complete &= write_times(to, times);
     remove_old_temporaries(to);
     return complete;

@@ -66,7 +66,8 @@ void desktop_machine::set_speed(double factor)
 void desktop_machine::run(const std::function<void()>& event)
 {
     if (ending_) return;
-    const auto outer = std::exchange(move_, std::nullopt);   // of a handler that called do_events
+    const auto outer =
+        std::exchange(move_, std::nullopt);   // the move of an outer handler, which has called do_events
     handle(*this, event);
     move_ = outer;
     if (screens.depth == 0 && pressed_ != nullptr && !takes_input(*pressed_)) release_pressed();
@@ -76,7 +77,7 @@ void desktop_machine::run(const std::function<void()>& event)
 
 void desktop_machine::sync()
 {
-    if (placing_) return;   // the outer call goes on
+    if (placing_) return;   // the outer call places windows until all are up to date
     place_windows();
     for (const form* f : screens.shown) {
         window(*f)->sync();
@@ -86,7 +87,7 @@ void desktop_machine::sync()
 
 void desktop_machine::activated(form& f)
 {
-    // While windows are placed the program chooses the one in front.
+    // While windows are being placed, the program chooses the front window.
     if (ending_ || placing_ || f.state != form_state::shown || front(*this) == &f) return;
     last_front_ = window(f);   // keeps sync from activating it again: two windows could alternate endlessly
     run([&] { came_to_front(*this, f); });
@@ -94,7 +95,7 @@ void desktop_machine::activated(form& f)
 
 bool desktop_machine::press(screen_object& o)
 {
-    if (pressed_ != &o) release_pressed();   // the previous object would get no release
+    if (pressed_ != &o) release_pressed();   // otherwise the previous object would get no MouseUp
     pressed_ = &o;
     if (o.MouseDown) run(o.MouseDown);
     return pressed_ == &o;
@@ -134,8 +135,8 @@ void desktop_machine::start_clock()
     clock_.start(static_cast<int>(std::ceil(std::max(0.0, next - now()) / speed_ * 1000)));
 }
 
-// Keys delayed by a counted move are handled before the ticks that fell due during it, as they would have
-// without the move.
+// Keys delayed by a counted move are handled before the ticks that became due during the move, as they would
+// be without it.
 void desktop_machine::tick()
 {
     if (std::exchange(events_delayed_, false)) QCoreApplication::processEvents();
@@ -147,9 +148,8 @@ void desktop_machine::tick()
     start_clock();
 }
 
-// A step of a counted move has just been made, and lasts this many seconds. Paints the frames due in this
-// time, with a round in flight between its old and its new place. Frames that would come too late are left
-// out.
+// Shows the step of a counted move that has just been made and lasts this many seconds. Paints the frames due
+// in this time, with a round in flight between its old and its new place. Late frames are skipped.
 void desktop_machine::pace(double seconds)
 {
     if (QApplication::activeModalWidget() != nullptr) return;   // the box in front must respond
@@ -184,8 +184,8 @@ void desktop_machine::do_events()
 
 // Files ---------------------------------------------------------------------------------------------------
 
-// A picture that is still in use is not decoded again. For the user's copy of an installed picture, the twin
-// is in the installed folder.
+// A picture that is still in use is not decoded again. The twin of the user's copy of an installed picture is
+// in the installed folder.
 loaded_picture desktop_machine::load_picture(const std::string& path)
 {
     const std::string found = find_path(*this, path);

@@ -1,5 +1,5 @@
-// The machine with a screen, built on Qt and SDL. Each event of the user or of a timer goes through run() or
-// tick(), which then update the windows.
+// The machine with a screen, built on Qt and SDL. User events go through run(), timers through tick(); both
+// update the windows at the end.
 #pragma once
 
 #include <QDateTime>
@@ -49,17 +49,17 @@ public:
     // Updates all windows from the fields of their objects.
     void sync();
 
-    // The window system has activated the window of this screen.
+    // To be called when the window system has activated the window of this screen.
     void activated(form&);
-    // The user presses an object with MouseDown or MouseUp, by mouse or Space. False when a box that
-    // MouseDown opened has ended the press already.
+    // To be called when the user presses an object that has a MouseDown or MouseUp handler, by mouse or
+    // Space. False if the press has already ended because the handler opened a box.
     bool press(screen_object&);
     void release_pressed();
     bool is_pressed(const screen_object& o) const { return pressed_ == &o; }
     // Releases whatever is held down: keys, joystick buttons, objects and sliders. Called when another window
     // gets the input and with it the release events.
     void release_input();
-    // Hides the windows of hidden screens, once the next window has been painted.
+    // Hides the windows of hidden screens. To be called when the next window has been painted.
     void hide_leaving();
 
     // Seconds since the message box in front was opened.
@@ -73,20 +73,20 @@ public:
     std::filesystem::path installed_data;
 
     // Tests replace these: the end of the process, real time in seconds, whether there is a printer, and
-    // whether the key of a scan code is down (null where that can't be asked).
+    // whether the key of a scan code is down (null if the system can't tell).
     std::function<void()> leave;
     std::function<double()> world_clock;
     std::function<bool()> printer_present;
     std::function<bool(quint32)> key_is_down;
 
 private:
-    // The counted move that is running; times as of now().
+    // The counted move that is running. Its times are on the clock of now().
     struct counted_move {
-        double clock;        // the time of its last count
+        double clock;        // the time at which its last count ends
         double next_frame;   // the time of its next frame
     };
 
-    // A picture that was read, as long as an object uses it.
+    // A picture that was read, and its pixels if an object still uses them.
     struct recent_picture {
         std::string path;
         QDateTime time;
@@ -108,7 +108,7 @@ private:
     QIcon icon_;
     std::vector<std::unique_ptr<form_window>>
         windows_;                // kept when the screen is unloaded, for its next load
-    std::vector<form*> shown_;   // as of the last place_windows
+    std::vector<form*> shown_;   // the screens shown at the last place_shown
     std::vector<form_window*> leaving_;
     const form_window* last_front_ = nullptr;
     std::unique_ptr<help_window> help_;
