@@ -210,16 +210,11 @@ void desktop_machine::show_help(const std::string& path)
     help_->open_file(find_path(*this, path), screen == nullptr ? "" : screen->name, front_window());
 }
 
-// Sound, strikes and joystick -----------------------------------------------------------------------------
+// Sound and strikes ---------------------------------------------------------------------------------------
 
 void desktop_machine::play(const std::string& path)
 {
     sound_.play(find_path(*this, path));
-}
-
-void desktop_machine::close_sound()
-{
-    sound_.stop();
 }
 
 void desktop_machine::show_strike(const strike& s)
@@ -231,16 +226,6 @@ void desktop_machine::show_strike(const strike& s)
 void desktop_machine::clear_strikes()
 {
     for (const auto& w : windows_) w->clear_strikes();
-}
-
-long desktop_machine::joystick_reading(int number)
-{
-    return stick_.reading(number);
-}
-
-bool desktop_machine::joystick_present()
-{
-    return stick_.present();
 }
 
 }   // namespace vorn

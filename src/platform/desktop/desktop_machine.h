@@ -33,11 +33,11 @@ public:
     std::optional<std::string> choose_file(const file_dialog&) override;
     void show_help(const std::string& path) override;
     void play(const std::string& path) override;
-    void close_sound() override;
+    void close_sound() override { sound_.stop(); }
     void show_strike(const strike&) override;
     void clear_strikes() override;
-    long joystick_reading(int number) override;
-    bool joystick_present() override;
+    long joystick_reading(int number) override { return stick_.reading(number); }
+    bool joystick_present() override { return stick_.present(); }
     loaded_picture load_picture(const std::string& path) override;
     print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
 
@@ -106,8 +106,8 @@ private:
     QWidget* front_window() const;
 
     QIcon icon_;
-    std::vector<std::unique_ptr<form_window>>
-        windows_;                // kept when the screen is unloaded, for its next load
+    // A window is kept when its screen is unloaded, for the next load.
+    std::vector<std::unique_ptr<form_window>> windows_;
     std::vector<form*> shown_;   // the screens shown at the last place_shown
     std::vector<form_window*> leaving_;
     const form_window* last_front_ = nullptr;

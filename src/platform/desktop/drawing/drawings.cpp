@@ -2,27 +2,20 @@
 
 #include <QSvgRenderer>
 #include <algorithm>
-#include <array>
 #include <string_view>
 
-#include "platform/desktop/drawing/sight_drawings.h"
 #include "platform/desktop/windows/look.h"
 
 namespace vorn {
 
-// Landscapes are stretched to the rectangle; all other pictures keep their aspect ratio.
-static bool is_stretched(std::string_view name)
-{
-    constexpr std::array<std::string_view, 2> landscapes{":country", ":target_ground"};
-    return std::ranges::find(landscapes, name) != landscapes.end();
-}
-
-// Paints data/pictures/NAME.svg. A name without a file paints nothing.
+// Paints data/pictures/NAME.svg. A name without a file paints nothing. Landscapes are stretched to the
+// rectangle; all other pictures keep their aspect ratio.
 static void draw_svg(QPainter& p, std::string_view name, const QRectF& at)
 {
     QSvgRenderer svg(QString(":/pictures/%1.svg").arg(QString::fromUtf8(name.substr(1))));
     if (!svg.isValid()) return;
-    svg.setAspectRatioMode(is_stretched(name) ? Qt::IgnoreAspectRatio : Qt::KeepAspectRatio);
+    const bool landscape = name == ":country" || name == ":target_ground";
+    svg.setAspectRatioMode(landscape ? Qt::IgnoreAspectRatio : Qt::KeepAspectRatio);
     p.save();
     p.setClipRect(at, Qt::IntersectClip);
     svg.render(&p, at);

@@ -1,12 +1,14 @@
-#include "platform/desktop/drawing/sight_drawings.h"
-
+// The marks of the sights, drawn from paths so that they are sharp at every scale: scales and graticule of
+// the visual sight, aiming marks of the thermal sight. Also the explosion and the default target, which are
+// pictures.
 #include <QPainterPath>
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
+#include <string_view>
 
 #include "gunnery/sight.h"
+#include "platform/desktop/drawing/drawings.h"
 #include "platform/desktop/drawing/effects.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/windows/look.h"
@@ -18,7 +20,7 @@ namespace {
 
 constexpr QColor outline(0, 0, 0, 150);
 
-// Marks are defined in twips from their top-left corner and drawn at any size.
+// Where a mark is drawn. Its parts are given in twips from its upper left corner.
 struct canvas {
     QPainter& p;
     QRectF at;
@@ -77,26 +79,15 @@ double fall(int hundreds, const area& column)
 }
 
 // A column of ranges in hundreds of metres, each at the height of the HESH drop at that range.
-void scale_column(QPainter& p, const QRectF& at, const area& column)
+template <const area& column>
+void scale(const canvas& s, int)
 {
-    const canvas s{p, at, {column.Width, column.Height}};
     for (int hundreds = 8; hundreds <= 23; ++hundreds)
         figure(s, s.point(column.Width / 2, fall(hundreds, column)), 9.5, QString::number(hundreds));
 }
 
-void scale_left(QPainter& p, const QRectF& at)
+void ticks(const canvas& s, int)
 {
-    scale_column(p, at, figures_left);
-}
-
-void scale_right(QPainter& p, const QRectF& at)
-{
-    scale_column(p, at, figures_right);
-}
-
-void ticks(QPainter& p, const QRectF& at)
-{
-    const canvas s{p, at, {ticks_left.Width, ticks_left.Height}};
     QPainterPath path;
     for (int hundreds = 7; hundreds <= 20; ++hundreds) {
         const double half = hundreds % 2 == 0 ? 120 : 75;
@@ -107,34 +98,28 @@ void ticks(QPainter& p, const QRectF& at)
     stroke(s, path, 1);
 }
 
-// An aiming mark: a chevron whose tip is laid on the target, with its figure below.
-void chevron(QPainter& p, const QRectF& at, const QString& text)
+// A chevron whose tip is laid on the target. The figure below it is the lead to either side in the first row
+// of the graticule, and the range in hundreds of metres in the others.
+void graticule(const canvas& s, int number)
 {
-    const canvas s{p, at, {795, 795}};
+    static constexpr table<const char*, 15> figures{"8",  "4",  "0",  "4",  "8",  "9",  "9", "13",
+                                                    "13", "17", "17", "17", "21", "21", "21"};
+    if (number < 0 || number >= figures.size()) return;
     QPainterPath path;
     path.moveTo(s.point(330, 450));
     path.lineTo(s.point(397, 385));
     path.lineTo(s.point(465, 450));
     stroke(s, path, 1);
-    figure(s, s.point(397, 560), 9, text);
-}
-
-// The figures of the graticule's marks: the lead in its first row, the range in hundreds of metres below.
-void graticule(QPainter& p, const QRectF& at, int number)
-{
-    static constexpr table<const char*, 15> figures{"8",  "4",  "0",  "4",  "8",  "9",  "9", "13",
-                                                    "13", "17", "17", "17", "21", "21", "21"};
-    if (number >= 0 && number < figures.size()) chevron(p, at, figures[number]);
+    figure(s, s.point(397, 560), 9, figures[number]);
 }
 
 // The thermal sight -----------------------------------------------------------------------------------------
 
 // Three pairs of bars. The distance in a pair is the height of a target at one of four ranges.
-void stadia(QPainter& p, const QRectF& at, int number)
+void stadia(const canvas& s, int number)
 {
     static constexpr table<double, 4> heights{430, 330, 230, 165};
     if (number < 0 || number >= heights.size()) return;
-    const canvas s{p, at, {480, 480}};
     const double half = heights[number] / 2;
     QPainterPath path;
     for (const double x : {0.0, 180.0, 360.0})
@@ -142,9 +127,8 @@ void stadia(QPainter& p, const QRectF& at, int number)
     stroke(s, path, 1.6);
 }
 
-void laser_mark(QPainter& p, const QRectF& at)
+void laser_mark(const canvas& s, int)
 {
-    const canvas s{p, at, {480, 480}};
     QPainterPath path;
     line(path, s.point(0, 240), s.point(180, 240));
     line(path, s.point(300, 240), s.point(480, 240));
@@ -160,9 +144,8 @@ void corner(const canvas& s, QPainterPath& path, double x, double y, double alon
     path.lineTo(s.point(x + (x > 240 ? -along : along), y));
 }
 
-void ballistic_mark(QPainter& p, const QRectF& at)
+void ballistic_mark(const canvas& s, int)
 {
-    const canvas s{p, at, {480, 480}};
     QPainterPath path;
     for (const double x : {12.0, 468.0})
         for (const double y : {12.0, 468.0}) corner(s, path, x, y, 110);
@@ -173,18 +156,16 @@ void ballistic_mark(QPainter& p, const QRectF& at)
     s.p.drawEllipse(s.point(240, 240), r, r);
 }
 
-void reversionary_fin(QPainter& p, const QRectF& at)
+void reversionary_fin(const canvas& s, int)
 {
-    const canvas s{p, at, {1080, 240}};
     QPainterPath path;
     for (const double x : {0.0, 300.0, 600.0, 900.0}) line(path, s.point(x, 120), s.point(x + 180, 120));
     for (const double x : {10.0, 1070.0}) line(path, s.point(x, 40), s.point(x, 200));
     stroke(s, path, 1.8);
 }
 
-void reversionary_hesh(QPainter& p, const QRectF& at)
+void reversionary_hesh(const canvas& s, int)
 {
-    const canvas s{p, at, {1080, 375}};
     QPainterPath path;
     for (const double y : {15.0, 360.0})
         for (const double x : {0.0, 300.0, 600.0, 900.0}) line(path, s.point(x, y), s.point(x + 180, y));
@@ -193,61 +174,59 @@ void reversionary_hesh(QPainter& p, const QRectF& at)
     stroke(s, path, 1.8);
 }
 
-// Target ----------------------------------------------------------------------------------------------------
+// Pictures --------------------------------------------------------------------------------------------------
 
 // The target of a range file without a target picture: the tank of the shipped ranges.
-void plain_target(QPainter& p, const QRectF& at)
+void plain_target(const canvas& s, int)
 {
     static const loaded_picture tank = read_picture("target", ":/pictures/target.ico");
-    if (tank.result) draw_picture(p, *tank.result, at.toRect());
+    if (tank.result) draw_picture(s.p, *tank.result, s.at.toRect());
+}
+
+template <effect what>
+void effect_frame(const canvas& s, int number)
+{
+    draw_effect(s.p, what, s.at, number);
+}
+
+constexpr QSizeF size_of(const area& r)
+{
+    return {r.Width, r.Height};
 }
 
 struct mark {
-    const char* name;
-    void (*paint)(QPainter&, const QRectF&);
+    std::string_view name;   // without its number
+    QSizeF size;             // twips; pictures need none
+    void (*paint)(const canvas&, int number);
 };
-constexpr std::array<mark, 8> marks{{{":scale_left", scale_left},
-                                     {":scale_right", scale_right},
-                                     {":ticks", ticks},
-                                     {":lam", laser_mark},
-                                     {":bam", ballistic_mark},
-                                     {":revfin", reversionary_fin},
-                                     {":revhesh", reversionary_hesh},
-                                     {":target", plain_target}}};
-
-template <effect what>
-void effect_frame(QPainter& p, const QRectF& at, int number)
-{
-    draw_effect(p, what, at, number);
-}
-
-// Drawings with a number after the name.
-struct series {
-    std::string_view name;
-    void (*paint)(QPainter&, const QRectF&, int);
-};
-constexpr std::array<series, 4> numbered{{{":graticule", graticule},
-                                          {":stadia", stadia},
-                                          {":explosion", effect_frame<effect::explosion>},
-                                          {":hotexplosion", effect_frame<effect::hot_explosion>}}};
+constexpr mark marks[] = {{":scale_left", size_of(figures_left), scale<figures_left>},
+                          {":scale_right", size_of(figures_right), scale<figures_right>},
+                          {":ticks", size_of(ticks_left), ticks},
+                          {":graticule", {795, 795}, graticule},
+                          {":lam", {480, 480}, laser_mark},
+                          {":bam", {480, 480}, ballistic_mark},
+                          {":stadia", {480, 480}, stadia},
+                          {":revfin", {1080, 240}, reversionary_fin},
+                          {":revhesh", {1080, 375}, reversionary_hesh},
+                          {":target", {}, plain_target},
+                          {":explosion", {}, effect_frame<effect::explosion>},
+                          {":hotexplosion", {}, effect_frame<effect::hot_explosion>}};
 
 }   // namespace
 
 bool draw_sight_mark(QPainter& p, const std::string& name, const QRectF& at)
 {
-    p.save();
-    bool found = false;
-    for (const mark& m : marks)
-        if (name == m.name) m.paint(p, at), found = true;
-    for (const series& n : numbered) {
-        if (!name.starts_with(n.name)) continue;
-        int number = -1;
-        std::from_chars(name.data() + n.name.size(), name.data() + name.size(), number);
-        n.paint(p, at, number);
-        found = true;
+    const std::size_t end = name.find_last_not_of("0123456789") + 1;
+    int number = -1;
+    std::from_chars(name.data() + end, name.data() + name.size(), number);
+    for (const mark& m : marks) {
+        if (name.compare(0, end, m.name) != 0) continue;
+        p.save();
+        m.paint({p, at, m.size}, number);
+        p.restore();
+        return true;
     }
-    p.restore();
-    return found;
+    return false;
 }
 
 }   // namespace vorn

@@ -59,9 +59,9 @@ form_window::~form_window()
 
 shown_object* form_window::shown(const screen_object* o) const
 {
-    const auto same = [&](const auto& s) { return s->object == o; };
-    const auto found = std::find_if(objects_.begin(), objects_.end(), same);
-    return found == objects_.end() ? nullptr : found->get();
+    for (const auto& s : objects_)
+        if (s->object == o) return s.get();
+    return nullptr;
 }
 
 QWidget* form_window::widget(const screen_object& o) const
@@ -421,9 +421,9 @@ bool form_window::mouse_event(screen_object& o, QEvent& e)
 bool form_window::eventFilter(QObject* watched, QEvent* e)
 {
     if (e->type() < QEvent::MouseButtonPress || e->type() > QEvent::MouseMove) return false;
-    const auto same = [&](const auto& s) { return s->widget == watched && !in_sight(*s->object); };
-    const auto found = std::find_if(objects_.begin(), objects_.end(), same);
-    return found != objects_.end() && mouse_event(*(*found)->object, *e);
+    for (const auto& s : objects_)
+        if (s->widget == watched && !in_sight(*s->object)) return mouse_event(*s->object, *e);
+    return false;
 }
 
 }   // namespace vorn

@@ -90,17 +90,18 @@ QColor mark_shade(const QStyleOption& o)
     return has(o, QStyle::State_Enabled) ? live : disabled_shade(live);
 }
 
-void draw_indicator_well(QPainter& p, const QStyleOption& o, double radius, double scale)
+void draw_rounded(QPainter& p, const QRect& at, const QBrush& fill, const QColor& edge, double radius,
+                  double scale)
 {
     const double line = std::max(1.0, scale);
-    p.setBrush(QColor(control_colour::field));
-    p.setPen(QPen(outline(o), line));
-    p.drawRoundedRect(inside(o.rect, line), radius, radius);
+    p.setBrush(fill);
+    p.setPen(QPen(edge, line));
+    p.drawRoundedRect(inside(at, line), radius, radius);
 }
 
 void draw_option_mark(QPainter& p, const QStyleOption& o, double scale)
 {
-    draw_indicator_well(p, o, o.rect.width() / 2.0, scale);
+    draw_rounded(p, o.rect, QColor(control_colour::field), outline(o), o.rect.width() / 2.0, scale);
     if (!has(o, QStyle::State_On)) return;
     const double inset = o.rect.width() * 0.27;
     p.setPen(Qt::NoPen);
@@ -110,7 +111,7 @@ void draw_option_mark(QPainter& p, const QStyleOption& o, double scale)
 
 void draw_check_mark(QPainter& p, const QStyleOption& o, double scale)
 {
-    draw_indicator_well(p, o, 2.5 * scale, scale);
+    draw_rounded(p, o.rect, QColor(control_colour::field), outline(o), 2.5 * scale, scale);
     if (!has(o, QStyle::State_On)) return;
     const QRectF r(o.rect);
     const auto at = [&](double x, double y) {
@@ -123,27 +124,19 @@ void draw_check_mark(QPainter& p, const QStyleOption& o, double scale)
 
 void draw_focus(QPainter& p, const QStyleOption& o, double scale)
 {
-    const double line = std::max(1.0, scale);
-    p.setBrush(Qt::NoBrush);
-    p.setPen(QPen(mixed(shade(colour::ground), shade(colour::live), 0.6), line));
-    p.drawRoundedRect(inside(o.rect, line), 2 * scale, 2 * scale);
+    const QColor edge = mixed(shade(colour::ground), shade(colour::live), 0.6);
+    draw_rounded(p, o.rect, Qt::NoBrush, edge, 2 * scale, scale);
 }
 
 void draw_field(QPainter& p, const QStyleOption& o, double scale)
 {
-    const double line = std::max(1.0, scale);
-    const QColor field(control_colour::field);
-    p.setBrush(has(o, QStyle::State_Enabled) ? field : mixed(field, QColor(control_colour::panel), 0.6));
-    p.setPen(QPen(outline(o), line));
-    p.drawRoundedRect(inside(o.rect, line), 2 * scale, 2 * scale);
+    const QColor field(control_colour::field), disabled = mixed(field, QColor(control_colour::panel), 0.6);
+    draw_rounded(p, o.rect, has(o, QStyle::State_Enabled) ? field : disabled, outline(o), 2 * scale, scale);
 }
 
 void draw_frame(QPainter& p, const QStyleOptionGroupBox& o, double scale)
 {
-    const double line = std::max(1.0, scale);
-    p.setBrush(o.palette.window());
-    p.setPen(QPen(QColor(control_colour::edge), line));
-    p.drawRoundedRect(inside(o.rect, line), 4 * scale, 4 * scale);
+    draw_rounded(p, o.rect, o.palette.window(), QColor(control_colour::edge), 4 * scale, scale);
     const QRectF title = QRectF(o.rect).adjusted(8 * scale, 2 * scale, -4 * scale, 0);
     p.setPen(o.palette.color(QPalette::WindowText));
     p.drawText(title, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine | Qt::TextShowMnemonic,

@@ -13,18 +13,16 @@ static bool contains(const std::vector<form*>& forms, const form* f)
 
 form_window* desktop_machine::window(const form& f) const
 {
-    const auto found =
-        std::find_if(windows_.begin(), windows_.end(), [&](const auto& w) { return &w->model == &f; });
-    return found == windows_.end() ? nullptr : found->get();
+    for (const auto& w : windows_)
+        if (&w->model == &f) return w.get();
+    return nullptr;
 }
 
 form_window* desktop_machine::window_of(const QObject* handle) const
 {
-    const auto same = [&](const auto& w) {
-        return handle != nullptr && static_cast<const QObject*>(w->windowHandle()) == handle;
-    };
-    const auto found = std::find_if(windows_.begin(), windows_.end(), same);
-    return found == windows_.end() ? nullptr : found->get();
+    for (const auto& w : windows_)
+        if (handle == w->windowHandle() && handle != nullptr) return w.get();
+    return nullptr;
 }
 
 form_window& desktop_machine::make_window(form& f)

@@ -99,9 +99,9 @@ QWidget* make_by_kind(shown_object& s, QWidget* parent, const event_runner& run)
         case object_kind::image:
             return make_image(s, parent, run);
         case object_kind::shape:
-            return new shape_view(s.drawn, parent);
+            break;
     }
-    return new QWidget(parent);
+    return new shape_view(s.drawn, parent);
 }
 
 // Labels, images and shapes without mouse handler and tool tip pass mouse events on to the objects beneath.
