@@ -270,16 +270,8 @@ country thermal_of(country c, const char* picture, const char* range, const char
     return c;
 }
 
-country elderbeck_by_night()
+country by_night(country c)
 {
-    country c = thermal_of(elderbeck(), "valnight.trp", "valnight.arf", "ELDERBECK BY NIGHT");
-    c.night = true;
-    return c;
-}
-
-country frostfield_by_night()
-{
-    country c = thermal_of(frostfield(), "wintnght.trp", "wintnght.arf", "FROSTFIELD BY NIGHT");
     c.night = true;
     return c;
 }
@@ -293,9 +285,9 @@ const std::vector<country>& countries()
         elderbeck(),
         harrowmoor(),
         thermal_of(thornmere(), "thermalrange.trp", "Thermalrange.arf", "THORNMERE DOWN TI"),
-        elderbeck_by_night(),
+        by_night(thermal_of(elderbeck(), "valnight.trp", "valnight.arf", "ELDERBECK BY NIGHT")),
         frostfield(),
-        frostfield_by_night()};
+        by_night(thermal_of(frostfield(), "wintnght.trp", "wintnght.arf", "FROSTFIELD BY NIGHT"))};
     return all;
 }
 

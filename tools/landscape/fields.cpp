@@ -40,23 +40,20 @@ field field_at(const country& land, float x, float y)
                     .04f * noise(x / 130, y / 130, seed + 3);
     const span row = span_at(v, 0, seed + 4);
     const float leaning = .5f * (scatter(row.number, 0, seed + 5) - .5f) * (v - row.low);
-    const float shifted = u * (.75f + .6f * scatter(row.number, 0, seed + 6)) + leaning;
+    const float number_in_width = .75f + .6f * scatter(row.number, 0, seed + 6);
+    const float shifted = u * number_in_width + leaning;
     const span piece = span_at(shifted, row.number, seed + 7);
 
     field f{};
-    const float scale = width_of_field / (.75f + .6f * scatter(row.number, 0, seed + 6));
+    const float scale = width_of_field / number_in_width;
     const float sides[4] = {(v - row.low) * depth_of_row, (row.high - v) * depth_of_row,
                             (shifted - piece.low) * scale, (piece.high - shifted) * scale};
     const std::uint32_t borders[4] = {hash(row.number, 1, seed), hash(row.number + 1, 1, seed),
                                       hash(piece.number, row.number * 2 + 7, seed),
                                       hash(piece.number + 1, row.number * 2 + 7, seed)};
-    f.edge = sides[0];
-    f.border = borders[0];
-    for (int i = 1; i < 4; ++i)
-        if (sides[i] < f.edge) {
-            f.edge = sides[i];
-            f.border = borders[i];
-        }
+    const auto nearest = std::min_element(sides, sides + 4) - sides;
+    f.edge = sides[nearest];
+    f.border = borders[nearest];
     f.id = hash(piece.number, row.number, seed + 8);
     const float angle =
         turn + ((f.id & 1) != 0U ? 0 : 1.5708f) + .2f * (scatter(piece.number, row.number, 3) - .5f);

@@ -29,7 +29,8 @@ static void report(const country& land, const std::vector<position>& positions, 
                    qsizetype twin)
 {
     std::vector<float> off;
-    for (const position& p : positions) off.push_back(std::fabs(proposed_range(land, p) - p.range));
+    for (const position& p : positions)
+        off.push_back(std::fabs(proposed_range(land, p.y, p.range) - p.range));
     std::sort(off.begin(), off.end());
     std::printf("%-18s %4lld kB, twin %4lld kB; proposed range off by %.0f m (median), %.0f m (worst)\n",
                 land.picture, static_cast<long long>(bytes / 1024), static_cast<long long>(twin / 1024),

@@ -68,7 +68,7 @@ bool is_open(const country& land, const rendered& r, int x, int y, float range)
 
 float cost(const country& land, const position& p, float range, rng& random)
 {
-    const float proposed = proposed_range(land, p);
+    const float proposed = proposed_range(land, p.y, p.range);
     const float disagrees = proposed > 0 ? std::fabs(proposed - p.range) : 1000;
     return std::fabs(p.range - range) + .6f * disagrees + 40 * random.unit();
 }
@@ -112,16 +112,6 @@ std::vector<position> choose_positions(const country& land, const rendered& r)
         if (p) chosen.push_back(*p);
     }
     return chosen;
-}
-
-float proposed_range(const country& land, const position& p)
-{
-    const float height = real(land.height) * real(vorn::twips_per_pixel);
-    const float corner = real(p.y) * real(vorn::twips_per_pixel) - target_side(land.sight, p.range);
-    const float top = std::floor(height / 3), bottom = 3 * std::floor(height / 4);
-    if (corner <= top || corner >= bottom) return 0;
-    const float m = 50 - std::floor((corner - top) / std::floor((bottom - top) / 40));
-    return m * m + 500;
 }
 
 std::string range_file(const country& land, const std::vector<position>& positions)

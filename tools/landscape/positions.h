@@ -15,8 +15,6 @@ struct position {
 
 // Twenty positions in the order of the range file; fewer if no more can be found.
 std::vector<position> choose_positions(const country&, const rendered&);
-// The range that the range author proposes for a target at this position, metres; 0 outside the ground band.
-float proposed_range(const country&, const position&);
 std::string range_file(const country&, const std::vector<position>&);
 
 }   // namespace tools

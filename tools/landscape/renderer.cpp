@@ -51,8 +51,8 @@ void set_ground(strip& s, int x, int y, const step& a, const step& b, float sine
                            across,
                            std::min(across / meets, 40 * across)};
     const surface c = cover(s.w.land, s.w.map, spot);
-    s.samples.at(x, y) = {c.made_of == material::water ? c.light : through_air(c.light, range), c.warmth,
-                          range, c.made_of};
+    s.samples.at(x, y) = {c.made_of == material::water ? c.light : haze_of(range)(c.light), c.warmth, range,
+                          c.made_of};
 }
 
 // Follows the ground away from the gunner. Fills the column from the bottom up with the ground that nothing
@@ -119,7 +119,7 @@ void draw_triangle(strip& s, const corner& a, const corner& b, const corner& c, 
             const float range = a.range + u * (b.range - a.range) + v * (c.range - a.range);
             if (range > s.samples.at(x, y).range + .01f) continue;
             const float stained = .92f + .16f * scatter(s.first * fine + x, y / 2, 5);
-            s.samples.at(x, y) = {through_air(paint.light * stained, range), paint.warmth, range,
+            s.samples.at(x, y) = {haze_of(range)(paint.light * stained), paint.warmth, range,
                                   material::building};
         }
 }
@@ -232,8 +232,8 @@ void mirror(strip& s, int x)
             // A flatter line of sight has more reflection.
             const float shine = .42f + .45f * std::pow(1 - std::min(1.f, down * 2), 3.f);
             const float light = cloud_shadow(land, range * std::sin(bearing), range * std::cos(bearing));
-            sample.light =
-                through_air(mix(sample.light * (.9f * light + .1f), reflected(s, x, y, bank), shine), range);
+            const vec3 lit = sample.light * (.9f * light + .1f);
+            sample.light = haze_of(range)(mix(lit, reflected(s, x, y, bank), shine));
         }
     }
 }

@@ -22,16 +22,12 @@ private:
 
 // 1 in the sun, less in the shadow of a cloud.
 float cloud_shadow(const country&, float x, float y);
-// A colour seen through this many metres of air. The target icons are drawn with the same haze.
+// What this many metres of air do to a colour. The target icons are drawn with the same haze.
 struct haze {
     vec3 kept, added;
     vec3 operator()(vec3 colour) const { return colour * kept + added; }
 };
 haze haze_of(float metres);
-inline vec3 through_air(vec3 colour, float metres)
-{
-    return haze_of(metres)(colour);
-}
 // Warmth of the sky in a thermal picture.
 float sky_warmth(const country&, float bearing, float elevation);
 

@@ -12,9 +12,19 @@ constexpr float visual_pixel = .000366f, thermal_pixel = visual_pixel * 4 / 3;
 // Angle between the horizon and the upper edge of the range author's ground band, radians.
 constexpr float far_strip = .020f;
 
-// The range author divides the band into 40 steps and proposes (50 - step)^2 + 500 metres.
-constexpr int band_steps = 40;
+// The range author divides a band of the picture into 40 steps and proposes (50 - step)^2 + 500 metres.
 constexpr float nearest_step = 50, square_base = 500;
+
+struct author_band {
+    float top, bottom, step;   // twips
+};
+
+author_band band_of(const country& land)
+{
+    const float height = real(land.height) * real(vorn::twips_per_pixel);
+    const float top = std::floor(height / 3), bottom = 3 * std::floor(height / 4);
+    return {top, bottom, std::floor((bottom - top) / 40)};
+}
 
 }   // namespace
 
@@ -34,9 +44,6 @@ float target_side(vorn::sight_kind sight, float range)
 
 float agreeing_row(const country& land, float range)
 {
-    const float twips = real(land.height) * real(vorn::twips_per_pixel);
-    const float top = std::floor(twips / 3), bottom = 3 * std::floor(twips / 4);
-    const float step = std::floor((bottom - top) / band_steps);
     // Nearer than 580 m, where no target is, the author's curve would become vertical. There it is continued
     // as a parabola, so that the lower edge of the picture shows ground some 330 m away.
     constexpr float bend = 580, faster = .00016f;
@@ -44,8 +51,18 @@ float agreeing_row(const country& land, float range)
     const float steps = nearest_step - std::sqrt(std::max(range, bend) - square_base) +
                         nearer / (2 * std::sqrt(bend - square_base)) + faster * nearer * nearer;
     // Half a step more, since the author rounds down to whole steps.
-    const float corner = top + (steps + .5f) * step;
+    const author_band band = band_of(land);
+    const float corner = band.top + (steps + .5f) * band.step;
     return (corner + target_side(land.sight, range)) / real(vorn::twips_per_pixel);
+}
+
+float proposed_range(const country& land, int row, float range)
+{
+    const author_band band = band_of(land);
+    const float corner = real(row) * real(vorn::twips_per_pixel) - target_side(land.sight, range);
+    if (corner <= band.top || corner >= band.bottom) return 0;
+    const float step = nearest_step - std::floor((corner - band.top) / band.step);
+    return step * step + square_base;
 }
 
 }   // namespace tools

@@ -1,6 +1,7 @@
 #include "solid.h"
 
 #include <numbers>
+#include <utility>
 
 namespace tools {
 namespace {
@@ -28,6 +29,17 @@ solid joined(const std::vector<vec3>& one, const std::vector<vec3>& other, const
     for (std::size_t i = 0; i < one.size(); ++i) {
         const std::size_t next = (i + 1) % one.size();
         add_face(s, {one[i], one[next], other[next], other[i]}, m);
+    }
+    return s;
+}
+
+// By a rotation or reflection, which turns the normals too.
+template <class Map>
+solid mapped(solid s, const Map& map)
+{
+    for (face& f : s) {
+        for (vec3& corner : f.corners) corner = map(corner);
+        f.normal = map(f.normal);
     }
     return s;
 }
@@ -81,32 +93,18 @@ void add(solid& to, const solid& what)
 void add_pair(solid& to, const solid& what)
 {
     add(to, what);
-    for (face f : what) {
-        for (vec3& c : f.corners) c.y = -c.y;
-        f.normal.y = -f.normal.y;
-        to.push_back(f);
-    }
+    add(to, mapped(what, [](vec3 v) { return vec3{v.x, -v.y, v.z}; }));
 }
 
 solid turned(solid s, float degrees)
 {
     const float angle = degrees * std::numbers::pi_v<float> / 180, c = std::cos(angle), n = std::sin(angle);
-    const auto turn = [&](vec3& v) { v = {v.x * c - v.y * n, v.x * n + v.y * c, v.z}; };
-    for (face& f : s) {
-        for (vec3& corner : f.corners) turn(corner);
-        turn(f.normal);
-    }
-    return s;
+    return mapped(std::move(s), [&](vec3 v) { return vec3{v.x * c - v.y * n, v.x * n + v.y * c, v.z}; });
 }
 
 solid laid_down(solid s)
 {
-    const auto lay = [](vec3& v) { v = {v.z, v.y, v.x}; };
-    for (face& f : s) {
-        for (vec3& corner : f.corners) lay(corner);
-        lay(f.normal);
-    }
-    return s;
+    return mapped(std::move(s), [](vec3 v) { return vec3{v.z, v.y, v.x}; });
 }
 
 solid moved(solid s, vec3 by)
