@@ -243,6 +243,10 @@ TEST_F(help, marks_the_chapters_of_the_screen_it_was_opened_from)
     show("<p>Sight<!--for simulator thermal--></p><p>Debrief<!--for results--></p>");
     EXPECT_TRUE(page()->document()->findBlockByNumber(0).text().endsWith("this\u00a0screen"));
     EXPECT_EQ(page()->document()->findBlockByNumber(1).text(), "Debrief");
+    page()->window()->close();
+    pc.open_manual = [&] { pc.show_help("vorn.HLP"); };
+    QTest::keyClick(window(one).windowHandle(), Qt::Key_F1);
+    ASSERT_NE(page(), nullptr) << "F1 opens the manual too";
 }
 
 TEST_F(help, opens_beside_the_screen_where_there_is_room)

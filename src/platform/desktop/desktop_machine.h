@@ -71,6 +71,8 @@ public:
 
     // Where the data is installed; empty in a build tree.
     std::filesystem::path installed_data;
+    // Opens the manual, for the key F1; null if there is none.
+    std::function<void()> open_manual;
 
     // Tests replace these: the end of the process, real time in seconds, whether there is a printer, and
     // whether the key of a scan code is down (null if the system can't tell).

@@ -2,6 +2,7 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include "flow/boxes.h"
 #include "flow/intro.h"
 #include "platform/desktop/data_directory.h"
 #include "platform/desktop/desktop_machine.h"
@@ -35,6 +36,7 @@ int main(int argc, char** argv)
     machine.installed_data = data.installed;
     machine.default_directory = vorn::to_utf8(data.used);
     vorn::trainer trainer(machine);
+    machine.open_manual = [&trainer] { vorn::openhelp(trainer); };
     QTimer::singleShot(0, &app, [&] { machine.run([&] { vorn::start_program(trainer); }); });
     return QApplication::exec();
 }

@@ -225,6 +225,10 @@ bool keyboard::pressed(form_window* w, const QKeyEvent& e)
         if (!held) w->toggle_full_screen();
         return true;
     }
+    if (e.key() == Qt::Key_F1 && pc_.open_manual) {
+        if (!held) pc_.run(pc_.open_manual);
+        return true;
+    }
     const int code = virtual_key(e);
     const bool alt = e.modifiers().testFlag(Qt::AltModifier);
     const bool alt_gr = alt && e.modifiers().testFlag(Qt::ControlModifier);
