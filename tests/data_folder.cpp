@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 data_folder::data_folder()
 {
     const auto self = std::to_string(reinterpret_cast<std::uintptr_t>(this));
-    path_ = fs::temp_directory_path() / ("vorn-" + std::to_string(getpid()) + "-" + self);
+    path_ = fs::temp_directory_path() / from_utf8("vö я-" + std::to_string(getpid()) + "-" + self);
     fs::remove_all(path_);
     fs::create_directories(path_ / "ranges" / "target icons");
     for (const char* icon : {"target1.ico", "target2.ico", "target3.ico"})
@@ -46,6 +46,11 @@ void data_folder::remove(const std::string& name) const
 void data_folder::put_range(const std::string& name, const practice_state& range) const
 {
     put(name, range_file_bytes(range));
+}
+
+std::string native(const std::string& path)
+{
+    return to_utf8(from_utf8(path).make_preferred());
 }
 
 std::string bytes_of(const fs::path& file)

@@ -1,4 +1,5 @@
-// A temporary program directory for a test: ranges, and the headers of their pictures and icons.
+// A temporary program directory for a test: ranges, and the headers of their pictures and icons. Its path has
+// blanks and letters of two alphabets, as that of a user may have.
 #pragma once
 
 #include <filesystem>
@@ -6,9 +7,13 @@
 #include <string>
 
 #include "gunnery/sight.h"
+#include "platform/files.h"
 #include "state/practice_state.h"
 
 namespace vorn {
+
+// A path with the separators of the system.
+std::string native(const std::string& path);
 
 class data_folder {
 public:
@@ -17,8 +22,9 @@ public:
     data_folder(const data_folder&) = delete;
     data_folder& operator=(const data_folder&) = delete;
 
-    std::string program() const { return path_.string(); }
-    std::string ranges() const { return (path_ / "ranges").string(); }
+    std::string program() const { return to_utf8(path_); }
+    std::string ranges() const { return to_utf8(path_ / "ranges"); }
+    std::string path(const std::string& name) const { return native(ranges() + '/' + name); }
     void put(const std::string& name, const std::string& bytes) const;   // a file below "ranges"
     std::string get(const std::string& name) const;
     void remove(const std::string& name) const;

@@ -28,7 +28,7 @@ struct drill {
     drill& operator=(const drill&) = delete;
 
     gunnery_screen& screen() { return kind == sight_kind::visual ? t.simulator : t.thermal; }
-    std::string path(const std::string& name) const { return data.ranges() + '/' + name; }
+    std::string path(const std::string& name) const { return data.path(name); }
     std::string last_box() const { return pc.boxes.back().text; }
     std::string crew() { return screen().lblcrew.Caption; }
     // Shows the gunnery screen. Set the options before.

@@ -72,7 +72,7 @@ TEST(report, the_text_file_labels_the_number_of_an_engagement_differently)
 {
     const data_folder data;
     headless_machine pc;
-    pc.working_directory = data.ranges();
+    pc.working_directory = from_utf8(data.ranges());
     data.put("printtest.txt", std::string(9000, 'x'));
     const practice_state two = practice_of({{"FULL", "FIN", "YES", 12}, {"LAZE ONLY", "DST", "NO", 100}});
     ASSERT_EQ(write_text_report(pc, two), "");
@@ -83,7 +83,7 @@ TEST(report, the_text_file_labels_the_number_of_an_engagement_differently)
     }
     EXPECT_EQ(data.get("printtest.txt"), expected);
     data.remove("printtest.txt");
-    std::filesystem::create_directory(data.ranges() + "/printtest.txt");
+    std::filesystem::create_directory(from_utf8(data.path("printtest.txt")));
     EXPECT_NE(write_text_report(pc, two), "") << "a folder has the name";
 }
 

@@ -218,9 +218,11 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
     EXPECT_EQ(s.outcome.Caption, "");
     d.pc.click(s.Cmdsave);   // the name is proposed again
     d.data.put("smith_.vrn", "another's");
+    // A name in other case is another file, except on a system that makes no difference.
+    const bool another = d.data.get("SMITH_.vrn").empty();
     d.pc.confirm(s.Cmddelete);
-    EXPECT_NE(said().find("COULD NOT BE DELETED"), std::string::npos);
-    EXPECT_NE(d.data.get("smith_.vrn"), "") << "a name in other case is another file";
+    EXPECT_EQ(said().find("COULD NOT BE DELETED") != std::string::npos, another);
+    EXPECT_EQ(!d.data.get("smith_.vrn").empty(), another);
     d.data.put("bad.vrn", "\"SMITH_000                     \"\r\n99\r\n");
     d.pc.boxes.clear();
     open("bad.vrn");

@@ -58,13 +58,13 @@ TEST_F(program, starts_with_a_box_and_the_title_screen)
     pc.event(t.intro.window.arrival);
     EXPECT_EQ(t.intro.lblexit.ForeColor, colour::text);
     pc.click(t.intro.lblhelp);
-    EXPECT_EQ(pc.of_kind("help"), std::vector<std::string>{data.ranges() + "/vorn.HLP"});
+    EXPECT_EQ(pc.of_kind("help"), std::vector<std::string>{data.path("vorn.HLP")});
 }
 
 TEST_F(program, takes_the_directory_of_a_file_that_the_user_chooses)
 {
-    const std::string nested = data.ranges() + "/ranges";
-    std::filesystem::create_directory(nested);
+    const std::string nested = data.path("ranges");
+    std::filesystem::create_directory(from_utf8(nested));
     const struct {
         std::string chosen, rootpath;
     } cases[] = {{data.program() + "/anything.txt", data.ranges()},
@@ -81,7 +81,7 @@ TEST_F(program, takes_the_directory_of_a_file_that_the_user_chooses)
         EXPECT_EQ(u.shared.rootpath, c.rootpath);
         m.click(u.intro.lblstart);
         EXPECT_EQ(m.boxes.size(), c.rootpath == nested ? 3U : 2U) << "a box more only without a range";
-        EXPECT_EQ(m.default_directory + "/ranges", c.rootpath) << "asks only once";
+        EXPECT_EQ(native(m.default_directory + "/ranges"), c.rootpath) << "asks only once";
     }
 }
 
@@ -200,7 +200,7 @@ TEST_F(program, a_data_directory_without_ranges_is_reported)
 {
     to_setup();
     const std::size_t boxes = pc.boxes.size();
-    std::filesystem::remove_all(data.ranges());
+    std::filesystem::remove_all(from_utf8(data.ranges()));
     pc.click(t.startsim.Optcon2);
     pc.answers.assign(4, {true});
     pc.click(t.startsim.cmdgame);

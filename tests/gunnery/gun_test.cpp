@@ -1,7 +1,6 @@
 // The guns: selection, loading, the trigger, the flights and their hits.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -215,7 +214,7 @@ TEST_P(gun, a_call_silences_effects_and_the_release_stops_coax_only)
                  {fin_tank, true, visual ? "fire.wav" : "", visual ? "fire.wav" : ""},
                  {hesh_bmp, false, "fire.wav", "fire.wav"},
                  {hesh_bmp, true, visual ? "fire.wav" : "", visual ? "fire.wav" : ""}};
-    const auto playing = [&] { return std::filesystem::path(d.pc.playing).filename().string(); };
+    const auto playing = [&] { return to_utf8(from_utf8(d.pc.playing).filename()); };
     s.targetlife = 500;
     miss();
     for (const auto& c : cases) {

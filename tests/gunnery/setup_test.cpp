@@ -254,7 +254,7 @@ TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
     const auto folder_for = [](const char* name) {
         return [name](data_folder& f) {
             f.remove(name);
-            std::filesystem::create_directory(f.ranges() + '/' + name);
+            std::filesystem::create_directory(from_utf8(f.path(name)));
         };
     };
     practice_state pictureless = plain_range(sight_kind::visual);
@@ -267,7 +267,7 @@ TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
         {[](data_folder& f) { f.put("visualrange.vrp", "no picture at all"); }, "It is not a picture"},
         {[](data_folder& f) { f.remove("target icons/target3.ico"); }, "TARGET3.ICO"},
         {folder_for("visualrange.vrp"), "visualrange.vrp\n\rIt is not a picture"},
-        {folder_for("target icons/target3.ico"), "target3.ico\n\rIt is not a picture"},
+        {folder_for("target icons/target3.ico"), "\n\rIt is not a picture"},
         {[&](data_folder& f) { f.put_range("visualrange.arf", pictureless); }, "It names no picture."},
         {[](data_folder& f) { f.put("visualrange.arf", f.get("visualrange.arf").substr(0, 400)); },
          "Visualrange.arf\n\rIt is not a whole range file."}};

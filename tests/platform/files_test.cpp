@@ -60,7 +60,7 @@ struct writing : testing::Test {
     data_folder data;
     headless_machine pc;
 
-    writing() { pc.working_directory = data.ranges(); }
+    writing() { pc.working_directory = from_utf8(data.ranges()); }
     std::size_t files() const
     {
         return static_cast<std::size_t>(std::distance(fs::directory_iterator(data.ranges()), {}));

@@ -289,13 +289,13 @@ TEST_F(author, a_cancelled_dialog_or_a_wrong_picture_ends_a_new_range)
 TEST_F(author, shortens_a_long_picture_path_below_the_ranges_and_refuses_others)
 {
     const std::string folder = "a folder whose name is very long indeed, so long that no file can hold it";
-    std::filesystem::create_directories(path(folder));
-    std::filesystem::create_directories(path("below"));
+    std::filesystem::create_directories(from_utf8(path(folder)));
+    std::filesystem::create_directories(from_utf8(path("below")));
     d.data.put("below/" + std::string(40, 'm') + ".vrp", picture_head(2904, 489));
     d.data.put(folder + "/moor.vrp", picture_head(2904, 489));
     pc.boxes.clear();
     new_range("OWN", false, "below/" + std::string(40, 'm') + ".vrp");
-    EXPECT_EQ(p.rangepicture.trimmed(), "below/" + std::string(40, 'm') + ".vrp");
+    EXPECT_EQ(p.rangepicture.trimmed(), native("below/" + std::string(40, 'm') + ".vrp"));
     EXPECT_EQ(pc.boxes.size(), 1U);
     new_range("OWN", false, folder + "/moor.vrp");
     EXPECT_NE(pc.boxes.back().text.find("TOO LONG"), std::string::npos);

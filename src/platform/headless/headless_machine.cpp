@@ -88,7 +88,7 @@ std::optional<std::string> headless_machine::choose_file(const file_dialog& dial
 void headless_machine::play(const std::string& path)
 {
     playing = path;
-    note("sound", std::filesystem::path(path).filename().string());
+    note("sound", to_utf8(from_utf8(path).filename()));
 }
 
 loaded_picture headless_machine::load_picture(const std::string& path)

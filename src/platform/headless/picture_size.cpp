@@ -6,6 +6,8 @@
 #include <iterator>
 #include <string_view>
 
+#include "platform/files.h"
+
 namespace vorn {
 
 namespace {
@@ -62,12 +64,13 @@ pixels size_of(const bytes& b)
 loaded_picture picture_of_file(const std::string& file)
 {
     std::error_code failed;
-    if (!std::filesystem::exists(file, failed)) return {std::nullopt, "The file does not exist."};
+    const std::filesystem::path path = from_utf8(file);
+    if (!std::filesystem::exists(path, failed)) return {std::nullopt, "The file does not exist."};
     constexpr std::uintmax_t head = 1 << 20;
     bytes b;
-    if (std::filesystem::is_regular_file(file, failed)) {
-        std::ifstream in(file, std::ios::binary);
-        const std::uintmax_t size = std::filesystem::file_size(file, failed);
+    if (std::filesystem::is_regular_file(path, failed)) {
+        std::ifstream in(path, std::ios::binary);
+        const std::uintmax_t size = std::filesystem::file_size(path, failed);
         b.text.resize(failed ? 0 : std::min(size, head));
         in.read(b.text.data(), static_cast<std::streamsize>(b.text.size()));
         b.text.resize(static_cast<std::size_t>(in.gcount()));
