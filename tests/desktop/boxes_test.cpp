@@ -224,14 +224,15 @@ TEST_F(help, shows_pictures_relative_to_the_file)
     }
 }
 
-TEST_F(help, fits_pictures_beside_each_other_into_a_narrow_page)
+TEST_F(help, fits_pictures_beside_each_other_and_printed_lines_into_a_narrow_page)
 {
     QDir().mkpath(folder.filePath("help"));
     ASSERT_TRUE(QImage(320, 20, QImage::Format_RGB32).save(folder.filePath("help/wide.png")));
     open(one);
     show(
         "<table border='0' cellpadding='6'><tr><td><img src='help/wide.png'></td>"
-        "<td><img src='help/wide.png'></td></tr></table>");
+        "<td><img src='help/wide.png'></td></tr></table>"
+        "<pre>AVERAGE TIME..............................26.6666666666667</pre>");
     page()->window()->resize(page()->window()->minimumSize());
     EXPECT_EQ(page()->horizontalScrollBar()->maximum(), 0);
 }

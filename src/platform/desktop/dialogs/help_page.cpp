@@ -31,7 +31,8 @@ QString missing_page(const QString& file)
 QString page_style()
 {
     return QString(
-               "a { color: %1 } h1, h2, h3 { color: %2 } p, li { line-height: 125% } b.here { color: %2 }")
+               "a { color: %1 } h1, h2, h3 { color: %2 } p, li { line-height: 125% } b.here { color: %2 } "
+               "pre { white-space: pre-wrap }")
         .arg(shade(colour::live).name(), shade(colour::highlight).name());
 }
 
@@ -79,8 +80,9 @@ private:
         double width = page.textWidth() - 2 * page.documentMargin();
         for (const QTextFrame* f = page.frameAt(at); f != nullptr; f = f->parentFrame()) {
             const auto* t = qobject_cast<const QTextTable*>(f);
-            if (t != nullptr && t->format().border() == 0)
-                width = width / t->columns() - 2 * t->format().cellPadding() - t->format().cellSpacing();
+            if (t == nullptr || t->format().border() != 0) continue;
+            const double spacing = (t->columns() + 1) * t->format().cellSpacing();
+            width = (width - spacing) / t->columns() - 2 * t->format().cellPadding();
         }
         return std::max(1.0, width);
     }
