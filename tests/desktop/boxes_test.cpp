@@ -263,6 +263,7 @@ TEST_F(help, opens_beside_the_screen_where_there_is_room)
     window(one).setGeometry(all);
     show("<p>laze</p>");
     EXPECT_TRUE(page()->isVisible()) << "without room it is in front";
+    EXPECT_TRUE(all.contains(page()->window()->frameGeometry()));
 }
 
 TEST_F(help, plays_a_moving_picture_when_it_is_clicked)

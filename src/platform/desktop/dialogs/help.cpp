@@ -115,15 +115,20 @@ void help_window::search(QTextDocument::FindFlags flags)
     search_result_->setText("Not found");
 }
 
-// Places the window beside the opener, on the side with more room. If there is too little, the window system
-// places it.
+// Places the window beside the opener, on the side with more room. If there is too little, it is centred on
+// the desktop with its whole frame.
 void help_window::place_beside(const QWidget& opener)
 {
     const QRect all = opener.screen()->availableGeometry(), taken = opener.frameGeometry();
     const int left = taken.left() - all.left(), right = all.right() - taken.right();
     const int frame = taken.width() - opener.width(), title = taken.height() - opener.height();
     const int width = std::min(std::max(left, right) - frame, usual_size.width());
-    if (width < minimumWidth()) return;
+    if (width < minimumWidth()) {
+        const QSize room(all.width() - frame, all.height() - title), size = usual_size.boundedTo(room);
+        resize(size);
+        return move(all.left() + (room.width() - size.width()) / 2,
+                    all.top() + (room.height() - size.height()) / 2);
+    }
     const int top = std::max(taken.top(), all.top());
     resize(width, std::min(std::max(opener.height(), usual_size.height()), all.bottom() - top - title));
     move(right >= left ? taken.right() + 1 : taken.left() - width - frame, top);
