@@ -55,7 +55,8 @@ TEST_F(accessibility, texts_have_sufficient_contrast)
     for (const form* f : forms())
         for (const screen_object* o : f->objects) {
             const bool text = o->kind != object_kind::image && o->kind != object_kind::shape;
-            // Figures over a picture and the marks of the sight have a dark outline; the title is below.
+            // Numbers over a picture and marks of the sight have something dark behind them. The title screen
+            // has its own test.
             const bool outlined = o->ForeColor == colour::darkred || o->ForeColor == colour::sight;
             if (!text || outlined || f == &t.intro.window) continue;
             const bool frame = o->kind == object_kind::frame;
@@ -96,7 +97,7 @@ TEST_F(accessibility, the_title_has_sufficient_contrast_on_its_picture)
 TEST_F(accessibility, every_control_is_reached_by_tab_and_has_a_name)
 {
     for (form* f : forms()) {
-        f->arrival = nullptr;   // shows the designed state
+        f->arrival = nullptr;   // so that the screen keeps its design values
         pc.run([&] { show(pc, *f); });
         ASSERT_TRUE(QTest::qWaitForWindowActive(pc.window(*f)));
         const std::vector<QWidget*> order = tab_order(*pc.window(*f));

@@ -254,7 +254,8 @@ TEST_F(help, opens_beside_the_screen_where_there_is_room)
 {
     open(one);
     const QRect all = window(one).screen()->availableGeometry();
-    window(one).move(all.left() + 300 - window(one).width(), all.top());   // 300 pixels of it are seen
+    window(one).move(all.left() + 300 - window(one).width(),
+                     all.top());   // its right 300 pixels are on the screen
     show("<p>laze</p>");
     const QRect beside = page()->window()->frameGeometry();
     EXPECT_FALSE(beside.intersects(window(one).frameGeometry()));
@@ -272,7 +273,7 @@ TEST_F(help, plays_a_moving_picture_when_it_is_clicked)
     QImage still(3, 3, QImage::Format_RGB32);
     still.fill(Qt::green);
     ASSERT_TRUE(still.save(folder.filePath("help/still.png")));
-    // A red frame and a blue one, endlessly.
+    // A red and a blue frame in an endless loop.
     write("help/film.gif",
           QByteArray::fromBase64("R0lGODlhAwADAPAAAP8AAAAAACH5BAAFAAAAIf8LTkVUU0NBUEUyLjADAQAAACwAAAAA"
                                  "AwADAAACA4R/BQAh+QQABQAAACwAAAAAAwADAIAAAP8AAAACA4R/BQA7"));
@@ -314,7 +315,7 @@ TEST_F(help, wraps_a_search_around)
     EXPECT_TRUE(page()->window()->isVisible()) << "Enter only searches";
 }
 
-// Those of Windows would be light, under the light text of the palette.
+// The style of Windows would draw light controls with the light text of the palette.
 TEST_F(help, draws_its_controls_itself_whatever_the_style_of_the_platform)
 {
     const QString before = QApplication::style()->name();

@@ -51,7 +51,7 @@ double cover(const QImage& picture)
     return sum / (side * side);
 }
 
-// The mean difference of the pixels' red, which fire and smoke differ in.
+// The mean difference of the red values, in which fire and smoke differ.
 double change(const QImage& a, const QImage& b)
 {
     double sum = 0;

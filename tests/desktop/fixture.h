@@ -73,7 +73,7 @@ protected:
     }
 };
 
-// The widgets that Tab reaches, in its order, beginning with the one that has the focus.
+// The widgets that Tab reaches, in the order of Tab, beginning with the widget that has the focus.
 inline std::vector<QWidget*> tab_order(QWidget& window)
 {
     std::vector<QWidget*> order;
@@ -132,8 +132,8 @@ protected:
         QCoreApplication::sendEvent(&to, &e);
     }
 
-    // Acts on the next modal box of this type once `ready` is true; the box runs its own event loop
-    // meanwhile.
+    // Acts on the next modal box of this type once `ready` is true. The event loop of the box runs until
+    // then.
     template <class Box = QDialog>
     void when_box(
         std::function<void(std::type_identity_t<Box>&)> act,
@@ -169,8 +169,8 @@ protected:
     }
 
     QTemporaryDir folder;
-    strings log;       // the calls that the screens have received, in order
-    screen one, two;   // outlive the machine, as the program's screens do
+    strings log;       // what the handlers of the test have recorded, in order
+    screen one, two;   // before the machine, so that they outlive it
     desktop_machine pc;
 
 private:

@@ -1,4 +1,4 @@
-// The gunnery screens in windows of any shape, and what the sight shows besides the objects of the model.
+// The gunnery screens in windows of any shape, and the strikes, fires and rounds that the sight animates.
 #include <QImage>
 
 #include "gunnery/gunnery.h"
@@ -8,7 +8,7 @@
 namespace vorn::desktop_tests {
 
 struct gunnery_view : trainer_test, testing::WithParamInterface<QSize> {
-    // Opens the practice screen with the options chosen.
+    // Chooses the options and opens the gunnery screen.
     void open_practice(std::initializer_list<screen_object*> options, screen_object& start, gunnery_screen& s)
     {
         for (screen_object* o : options) click(*o);
@@ -22,7 +22,7 @@ struct gunnery_view : trainer_test, testing::WithParamInterface<QSize> {
         pc.run(s.Cmdmain.Click);
         if (t.intro.window.state == form_state::shown) click(t.intro.lblstart);
     }
-    // The sight has the shape of the model and no room is left for a larger one.
+    // The sight has the aspect ratio of the model and at least this share of the window.
     void expect_large(gunnery_screen& s, double share)
     {
         const QRectF at = in_window(s.Picrange), window = pc.window(s.window)->rect();
@@ -31,7 +31,7 @@ struct gunnery_view : trainer_test, testing::WithParamInterface<QSize> {
     }
 };
 
-// The least share of the window that the sights must have in each shape.
+// The smallest share that the sight must have in a window of this shape.
 static double least_share(const QSize& window)
 {
     const double shape = static_cast<double>(window.width()) / window.height();
@@ -69,8 +69,8 @@ INSTANTIATE_TEST_SUITE_P(windows, gunnery_view,
                                          QSize(1920, 1080), QSize(2560, 1080), QSize(3840, 2160),
                                          QSize(1080, 1920)));
 
-// A practice on the shipped range. Time runs fast during a flight and nearly stands still when it is looked
-// at.
+// A practice on the shipped range. Time runs fast during a flight, and nearly stands still while the test
+// examines the sight.
 struct strikes_in_practice : trainer_test, testing::WithParamInterface<bool> {
     strikes_in_practice() : s(GetParam() ? t.thermal : t.simulator)
     {
@@ -91,7 +91,7 @@ struct strikes_in_practice : trainer_test, testing::WithParamInterface<bool> {
         pc.run([&] { keycoaxstop(t, s); });
         pc.set_speed(0.01);
     }
-    // With the twin of the range's picture, which is read in the background.
+    // The sight after the twin of the range picture has been read, which happens in the background.
     QImage seen()
     {
         pc.sync();
@@ -147,7 +147,7 @@ TEST_P(strikes_in_practice, end_with_the_next_target_and_a_kill_burns_until_then
 
 INSTANTIATE_TEST_SUITE_P(sights, strikes_in_practice, testing::Bool());
 
-// A sight of 400 x 400 pixels over green ground, with a clock that the test sets.
+// A sight of 400 x 400 pixels that shows green ground, with a clock that the test sets.
 struct sight_effects : desktop_test {
     sight_effects()
     {
@@ -163,7 +163,7 @@ struct sight_effects : desktop_test {
         pc.sync();
         return widget(sight).grab().toImage();
     }
-    // The rectangle of the widget in which the picture differs from that of the empty ground.
+    // The rectangle in which the sight differs from one with only the ground.
     QRect changed() { return changed(seen()); }
     QRect changed(const QImage& now) const
     {
@@ -251,7 +251,7 @@ TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
     round.Shape = shape_kind::filled_ellipse;
     round.ForeColor = colour::tracer;
     pc.sync();
-    round.Left = 4500;   // pixel 300, from 100
+    round.Left = 4500;   // from pixel 100 to pixel 300
     pc.sync();
     auto& view = widget<sight_view>(sight);
     for (const auto& [part, middle] : {std::pair{0.0, 102}, {0.5, 202}, {1.0, 302}}) {
@@ -263,14 +263,14 @@ TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
     EXPECT_NEAR(changed(view.grab().toImage()).center().x(), 302, 3) << "one that stands still";
 }
 
-// Counts that last 11 ms, as those of a FIN round, are shown 60 times in a second too.
+// Counts of 11 ms, as for a FIN round, are shown at 60 frames a second too.
 TEST_F(sight_effects, a_round_in_flight_moves_in_each_frame)
 {
     round.Visible = true;
     round.ForeColor = colour::tracer;
     pc.sync();
     const paint_count paints(widget(sight));
-    pc.set_speed(1000);   // it waits for a clock that the test doesn't move
+    pc.set_speed(1000);   // shortens the waits for the clock, which the test doesn't move
     for (int i = 0; i < 91; ++i) {
         round.Top -= 20;
         pc.pace(0.011);
@@ -290,7 +290,7 @@ TEST_F(sight_effects, a_range_that_has_scrolled_looks_like_one_painted_at_once)
         ground.Left += right;
         ground.Top += down;
         const QImage scrolled = seen();
-        widget(sight).hide();   // it keeps nothing
+        widget(sight).hide();   // discards what has been scaled
         widget(sight).show();
         const QImage at_once = seen();
         int worst = 0;
@@ -323,7 +323,7 @@ TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
     const QColor first = colour_at(seen(), {200, 200});
     EXPECT_NE(first, QColor(60, 120, 60));
     paints.shown = &ground.Picture;
-    paints.with_twin = first == QColor(Qt::blue);   // read by then
+    paints.with_twin = first == QColor(Qt::blue);   // the twin was read before the first paint
     widget(sight).installEventFilter(&paints);
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.with_twin; })) << "it is repainted by itself";
     EXPECT_EQ(colour_at(seen(), {200, 200}), QColor(Qt::blue));

@@ -56,7 +56,7 @@ TEST_F(keys, are_released_when_the_window_is_deactivated_or_a_box_opens)
     send(window(one), QEvent::WindowDeactivate);
     EXPECT_EQ(log.size(), 4U);
     log.clear();
-    // The key-up comes while the box is open, and what it starts doesn't delay the box.
+    // The key-up comes while the box is open, and the counted move in its handler doesn't delay the box.
     one.f.KeyUp = [&](int code) {
         EXPECT_NE(QApplication::activeModalWidget(), nullptr);
         pc.pace(60);
@@ -102,7 +102,7 @@ TEST_F(keys, click_the_buttons_of_a_hidden_panel)
     const auto both = [&] {
         QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier);
         press(one, Qt::Key_Escape);
-        press(one, Qt::Key_Escape);   // held
+        press(one, Qt::Key_Escape);   // auto-repeat
         release(one, Qt::Key_Escape);
         return std::exchange(log, {});
     };
@@ -138,7 +138,7 @@ TEST_F(keys, a_held_return_answers_no_box_and_clicks_a_button_once)
     EXPECT_EQ(log, (strings{"click", "answered"}));
 }
 
-// The box is gone before the key is up, and the window system tells nobody.
+// The box closes before the key is released, so that no window gets the release event.
 TEST_F(keys, whose_release_was_missed_count_as_pressed_again)
 {
     screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
@@ -168,7 +168,7 @@ TEST_F(keys, of_the_gun_answer_no_box)
 {
     double seconds = 100;
     pc.world_clock = [&] { return seconds; };
-    // True when No was pressed: Qt shows the button down before it closes the box.
+    // Whether No was pressed: Qt shows the button pressed before it closes the box.
     const auto answered = [&](const std::function<void(QMessageBox&)>& act) {
         bool no = false;
         when_box<QMessageBox>([&](QMessageBox& box) {

@@ -110,7 +110,7 @@ TEST_F(pictures, that_cannot_be_loaded_give_a_reason)
     jpeg.replace(jpeg.indexOf("\xff\xc0") + 5, 4, "\xea\x60\xea\x60");   // 60000 x 60000
     write("huge.jpg", jpeg);
     EXPECT_EQ(reason("huge.jpg"), "The picture is too large.");
-    // Qt could read the last two, but the program supports no such formats.
+    // Qt can read the last two, but the program doesn't support their formats.
     for (const char* bytes : {"", "BM and then text", "P3 1 1 255 1 2 3\n",
                               "<svg xmlns='http://www.w3.org/2000/svg' width='2000' height='900'/>"}) {
         write("other.jpg", bytes);
@@ -215,7 +215,7 @@ TEST_F(pictures, are_drawn_for_each_built_in_name_that_a_screen_uses)
     EXPECT_FALSE(painted(""));
 }
 
-// A mark that covered two rows of pixels in part would be paler than one that covers a whole row.
+// A mark that covers two rows of pixels partly would be paler than one that covers a whole row.
 TEST(drawings, the_marks_of_a_scale_are_equally_bright)
 {
     QImage canvas(17, 185, QImage::Format_RGB32);

@@ -54,7 +54,7 @@ TEST_F(printing, without_a_printer_goes_to_a_file_or_is_cancelled)
     EXPECT_TRUE(cancelled.cancelled && cancelled.reason.empty());
     EXPECT_TRUE(QFileInfo(proposed).fileName().startsWith("SMITH_ 1_2 20")) << proposed.toStdString();
     EXPECT_FALSE(QFile::exists(proposed));
-    const QString too_long = QString(247, 'r') + ".pdf";   // no room for the ending of the temporary file
+    const QString too_long = QString(247, 'r') + ".pdf";   // no room for the suffix of the temporary file
     EXPECT_EQ(print_to(too_long).reason, "The file can't be written.");
     const print_outcome printed = print_to("report");
     EXPECT_EQ(printed.reason, "");

@@ -1,6 +1,6 @@
 // A random walk on the widgets: a simulated user who does anything at any moment, with boxes, dialogs,
-// resizes and full screen. The rules of the other walk hold all the time. By hand, longer or with another
-// seed:
+// resizes and full screen. The rules of tests/walk are checked before each action. For a longer walk or
+// another seed:
 //     WALK_EVENTS=1000000 WALK_SEED=7 vorn_desktop_tests --gtest_filter='random_user*'
 #include <QAbstractButton>
 #include <QContextMenuEvent>
@@ -26,7 +26,7 @@ struct random_user : trainer_test {
             std::_Exit(1);
         };
     }
-    // Everything but the twins, which take long to read. What the user saves has names of its own.
+    // Links all data except twins, which take long to read.
     void link_data()
     {
         const QDir data(VORN_SOURCE_DIR "/data/ranges");
@@ -62,8 +62,8 @@ struct random_user : trainer_test {
         return *pick(all);
     }
 
-    // Each action runs from the event loop, also from that of a box which an earlier action has opened. Not
-    // from the event loop that QTest runs after a key.
+    // Each action runs from the main event loop or from that of a box which an earlier action has opened, but
+    // not from the event loop that QTest runs after a key.
     void go_on()
     {
         QTimer::singleShot(0, &timers, [this] {
@@ -144,7 +144,7 @@ struct random_user : trainer_test {
         if (chance(60)) return QTest::keyClick(&handle, key, with);
         chance(50) ? QTest::keyPress(&handle, key, with) : QTest::keyRelease(&handle, key, with);
     }
-    // The answer to a box that keeps the program running, where the other one would end it.
+    // The answer that keeps the program running, for a box whose other answer would end it.
     static std::optional<bool> answer_to_stay(const QDialog& box)
     {
         const auto* message = qobject_cast<const QMessageBox*>(&box);
@@ -165,7 +165,7 @@ struct random_user : trainer_test {
         QAbstractButton* yes = message == nullptr ? nullptr : message->button(QMessageBox::Yes);
         yes == nullptr ? box.accept() : yes->click();
     }
-    // Only names of its own are written; never a shipped file.
+    // Saves only under the walk's own names, never over a shipped file.
     void choose_file(QFileDialog& files)
     {
         dialogs += 1;
@@ -190,7 +190,8 @@ struct random_user : trainer_test {
     long left_to_do = 20000;
     int boxes = 0, dialogs = 0;
     bool help_in_front = false;
-    std::optional<QWidget*> acting_in;   // the box in which an action runs; null outside a box
+    std::optional<QWidget*>
+        acting_in;   // the box in which an action runs: null outside boxes, empty if none runs
     std::string broken;
     std::set<const form*> screens;   // seen in front
     QEventLoop loop;

@@ -1,4 +1,4 @@
-// The sound channel, by SDL's disk driver, which writes the played samples to a file.
+// The sound channel, tested with SDL's disk driver, which writes the played samples to a file.
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
 #include <sys/stat.h>
@@ -48,7 +48,7 @@ protected:
         QFile f(folder.filePath("played"));
         return f.open(QIODevice::ReadOnly) && f.readAll().contains(samples);
     }
-    // A number of 16-bit samples.
+    // 16-bit samples, mostly rising by 1.
     static QByteArray ramp(int from, int number)
     {
         QByteArray samples;
@@ -100,7 +100,7 @@ TEST_F(sound, ignores_files_that_cannot_be_played)
     EXPECT_TRUE(channel.playing());
 }
 
-// Closing the device behind the channel's back looks to SDL like unplugging it.
+// For the channel, a device that the test has closed is the same as a disconnected one.
 TEST_F(sound, replaces_a_lost_device_at_the_next_sound)
 {
     sound_channel channel;

@@ -1,4 +1,4 @@
-// The joystick, by SDL's virtual joystick: plugging in and unplugging, buttons and axes.
+// The joystick, tested with SDL's virtual joystick: plugging in and unplugging, buttons and axes.
 #include "platform/desktop/devices/stick.h"
 #include "fixture.h"
 #include "virtual_stick.h"
@@ -107,7 +107,7 @@ TEST_F(joystick, sends_nothing_while_a_box_is_open)
     });
     pc.run([&] { pc.message_box({"x", ""}); });
     EXPECT_EQ(log.size(), 2U);
-    window(one).activateWindow();   // the offscreen platform doesn't
+    window(one).activateWindow();   // the offscreen platform doesn't do it after a box
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window(one)));
     pc.joystick().poll();
     EXPECT_FALSE(moves.empty()) << "its position is reported again";

@@ -10,7 +10,7 @@ namespace {
 
 const QDir folder(VORN_SOURCE_DIR "/data/ranges/target icons");
 
-// By their size.
+// The images of an icon file, by their width.
 std::map<int, QImage> pictures_of(const QString& name)
 {
     QImageReader reader(folder.filePath(name));
@@ -21,7 +21,7 @@ std::map<int, QImage> pictures_of(const QString& name)
     return found;
 }
 
-// The ground of a thermal range is at most .6 of white.
+// The ground of a thermal range is at most 60 % as bright as white.
 void expect_warm_body_with_hot_parts(const QImage& picture)
 {
     double warm = 0, hot = 0, body = 0;

@@ -6,7 +6,7 @@
 namespace vorn::desktop_tests {
 
 struct timing : desktop_test {
-    // As the window system does it.
+    // Queues a key event, as the window system does.
     void queue_key(const screen& s, Qt::Key k)
     {
         QCoreApplication::postEvent(handle(s), new QKeyEvent(QEvent::KeyPress, k, {}));
@@ -55,7 +55,7 @@ TEST_F(timing, a_counted_move_is_shown_step_by_step_and_delays_events)
     paint_count painted(*window(one).widget(sight));
     pc.run([&] {
         start(t);
-        next_tick(pc);   // the first tick falls due during the move
+        next_tick(pc);   // the first tick becomes due during the move
         queue_key(one, Qt::Key_D);
         for (int i = 0; i < 200; ++i) {
             shot.Top += 15;

@@ -50,7 +50,7 @@ protected:
             if (o->Visible && o != panel && (o->parent == nullptr || o->parent == panel)) found.push_back(o);
         return found;
     }
-    // All are in the window, and none overlaps another.
+    // Expects all objects to be in the window, without overlaps.
     void expect_orderly(const std::vector<const screen_object*>& all)
     {
         for (const screen_object* o : all) {

@@ -26,7 +26,7 @@ public:
         device = SDL_JoystickOpen(index);
         pc.joystick().poll();
     }
-    // The machine notices at the next poll.
+    // The machine notices it at the next poll.
     void unplug()
     {
         if (device == nullptr) return;

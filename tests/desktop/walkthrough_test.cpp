@@ -21,7 +21,7 @@ protected:
     std::string shown(const screen_object& o) const { return widget<QLabel>(o).text().toStdString(); }
 
     bool wait_for(const std::function<bool()>& what) { return QTest::qWaitFor(what, 15000); }
-    // Begins a new range in the author, with this picture.
+    // Begins a new range with this picture on the screen of the range author.
     void new_range(const QString& name, const QString& picture)
     {
         when_box<QInputDialog>([=, this](QInputDialog& box) {
@@ -34,7 +34,7 @@ protected:
         });
         click(t.rauthor.cmdnew);
     }
-    // With the practice's clock at twelve times the speed.
+    // Waits while the program's clock runs twelve times faster.
     bool wait_fast(const std::function<bool()>& what)
     {
         pc.set_speed(12);
@@ -85,7 +85,7 @@ protected:
         EXPECT_TRUE(wait_fast([&] { return s.Imgloaded.Visible; }));
         QTest::keyClick(handle(), Qt::Key_D);
     }
-    // Hits the odd targets, misses the second, and does not fire at the others.
+    // Hits targets 1, 3 and 5, misses target 2, and doesn't fire at the others.
     void fight()
     {
         for (int target = 1; target <= 6; ++target) {

@@ -26,14 +26,14 @@ struct wide_screens : trainer_test, testing::WithParamInterface<QSize> {
                 EXPECT_TRUE(widget(*o->parent).rect().contains(widget(*o).geometry())) << o->Caption;
             }
     }
-    // Where the middle of an object is on another, as a part of its width and height.
+    // The middle of an object relative to `ground`, in parts of the width and height of `ground`.
     QPointF middle_on(const screen_object& o, const screen_object& ground)
     {
         const QRectF at = in_window(o), on = in_window(ground);
         return {(at.center().x() - on.left()) / on.width(), (at.center().y() - on.top()) / on.height()};
     }
     double shape() const { return static_cast<double>(GetParam().width()) / GetParam().height(); }
-    // How much larger an object is than at 4:3 in a window of this height.
+    // The size of an object relative to its size in a form that is scaled as a whole to this window.
     double gain(const screen_object& o)
     {
         const double scale = std::min(GetParam().width() / form_width, GetParam().height() / form_height);

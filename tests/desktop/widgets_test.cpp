@@ -252,7 +252,7 @@ TEST_F(objects, the_caption_of_an_option_is_condensed_to_fit)
 {
     screen_object& o = one.put(kind::option, 0, 0, 1500, 330);
     o.Caption = "Self degrading";
-    o.Enabled = false;   // draws no focus frame
+    o.Enabled = false;   // so that it draws no focus frame
     open(one);
     auto& button = widget<QRadioButton>(o);
     const int mark = button.style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth);

@@ -85,7 +85,7 @@ TEST_F(windows, f11_toggles_full_screen_and_restores_the_window_also_on_the_next
     const QRect place = window(one).geometry();
     const auto settled = [&] { return !window(one).findChild<QTimer*>("settled")->isActive(); };
     EXPECT_TRUE(QTest::qWaitFor(settled));
-    // Window managers set the size of the new state before the state.
+    // Like some window managers, sets the new size before the new state.
     window(one).setGeometry(window(one).screen()->availableGeometry());
     window(one).setWindowState(Qt::WindowMaximized);
     QTest::keyClick(handle(one), Qt::Key_F11);
@@ -171,7 +171,7 @@ TEST_F(windows, a_screen_that_comes_to_the_front_arrives_once)
     EXPECT_EQ(log, strings{"one"});
 }
 
-// As Windows does: there a window that is shown is active before `show` returns.
+// Activates a window while it is being shown, as Windows does: the window is active before `show` returns.
 struct activates_when_shown : QObject {
     bool eventFilter(QObject* window, QEvent* e) override
     {
