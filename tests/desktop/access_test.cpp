@@ -107,7 +107,7 @@ TEST_F(accessibility, every_control_is_reached_by_tab_and_has_a_name)
             EXPECT_TRUE(at(t.startsim.Opttime3) < at(t.startsim.Optmode1) &&
                         at(t.startsim.Optmode1) < at(t.startsim.Cmdopenrange) &&
                         at(t.startsim.Cmdopenrange) < at(t.startsim.Cmdstart))
-                << "the order of the work";
+                << "Tab follows the steps of setting up a practice";
         }
         for (const screen_object* o : f->objects) {
             const bool is_control = o->Click || o->Change || o->MouseDown || o->kind == object_kind::textbox;
@@ -126,7 +126,8 @@ TEST_F(accessibility, every_control_is_reached_by_tab_and_has_a_name)
     for (const bool on : {false, true}) {
         pc.run([&] { t.simulator.Imghesh.Visible = !on; });
         EXPECT_EQ(interface(t.simulator.Imghesh)->state().invisible, on);
-        EXPECT_EQ(interface(t.simulator.Imgheshon)->state().invisible, !on) << "it is covered";
+        EXPECT_EQ(interface(t.simulator.Imgheshon)->state().invisible, !on)
+            << "the lamp that is off is covered";
     }
     pc.run([&] {
         t.results.lbltargetrange.Caption = "1200";

@@ -263,7 +263,7 @@ TEST_F(help, opens_beside_the_screen_where_there_is_room)
     page()->window()->close();
     window(one).setGeometry(all);
     show("<p>laze</p>");
-    EXPECT_TRUE(page()->isVisible()) << "without room it is in front";
+    EXPECT_TRUE(page()->isVisible()) << "without room the window overlaps the screen";
     EXPECT_TRUE(all.contains(page()->window()->frameGeometry()));
 }
 
@@ -291,7 +291,7 @@ TEST_F(help, plays_a_moving_picture_when_it_is_clicked)
     EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == Qt::blue; }));
     EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == Qt::red; }));
     follow("help/film.gif");
-    EXPECT_EQ(shown(), Qt::green) << "a second click stops it";
+    EXPECT_EQ(shown(), Qt::green) << "a second click stops the moving picture";
     follow("help/absent.gif");
     EXPECT_EQ(shown(), Qt::green);
 }

@@ -55,7 +55,7 @@ TEST_F(data_places, the_data_is_found_beside_the_program_at_its_usual_place_or_i
     EXPECT_EQ(used(folder, tree / "none"), tree / "none") << "the user is asked";
     EXPECT_EQ(find_data(installed, folder, own).installed, installed);
     put(installed / "uninstall.exe", "");
-    EXPECT_EQ(used(installed, folder), own) << "the installer keeps its files";
+    EXPECT_EQ(used(installed, folder), own) << "the files belong to an installer";
     EXPECT_EQ(get(own / "ranges/visualrange.arf"), "range");
 }
 
@@ -107,7 +107,7 @@ TEST_F(data_places, an_update_replaces_unchanged_files_except_ranges)
     EXPECT_EQ(get(own / "ranges/wavs/fire.wav"), "the user's");
     put(own / "ranges/.copied", "not a list");
     install("fourth", std::chrono::hours(1));
-    EXPECT_EQ(get(own / "ranges/vorn.HLP"), "third") << "it may have been changed by the user";
+    EXPECT_EQ(get(own / "ranges/vorn.HLP"), "third") << "the file may have been changed by the user";
 }
 
 TEST_F(data_places, an_incomplete_copy_is_reported_and_used_only_if_it_was_complete)

@@ -110,10 +110,10 @@ TEST(effects, a_burst_starts_with_a_flash_at_its_foot_and_is_gone_at_the_end)
                 sum += qAlpha(early.pixel(x, y));
             }
         EXPECT_NEAR(across / sum / side, .5, .03);
-        EXPECT_GT(qAlpha(early.pixel(side / 2, side * 96 / 100)), 128) << "it stands on the ground";
+        EXPECT_GT(qAlpha(early.pixel(side / 2, side * 96 / 100)), 128) << "the burst stands on the ground";
     }
     EXPECT_TRUE(drawn(effect::hot_spot, 4).allGray());
-    EXPECT_EQ(cover(drawn(effect::burst_fin, 16)), 0) << "a number that is no frame's";
+    EXPECT_EQ(cover(drawn(effect::burst_fin, 16)), 0) << "there is no such frame";
     EXPECT_EQ(cover(drawn(effect::burst_fin, -1)), 0);
 }
 

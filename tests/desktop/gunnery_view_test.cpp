@@ -196,9 +196,9 @@ TEST_F(sight_effects, a_strike_bursts_on_its_spot_of_the_ground_and_ends)
         const QRect at = changed();
         ASSERT_FALSE(at.isEmpty());
         EXPECT_NEAR(at.center().x(), 200, 12);
-        EXPECT_NEAR(at.bottom(), 200, 12) << "it stands on the ground";
+        EXPECT_NEAR(at.bottom(), 200, 12) << "the burst stands on the ground";
         ground.Left -= 1500;
-        EXPECT_NEAR(changed().center().x(), 100, 12) << "it stays there while the gunner traverses";
+        EXPECT_NEAR(changed().center().x(), 100, 12) << "the burst moves with the ground";
         ground.Left += 1500;
         time += 2.1;
         EXPECT_TRUE(changed().isEmpty());
@@ -235,12 +235,12 @@ TEST_F(sight_effects, a_target_that_was_hit_is_a_dark_wreck_in_flames_until_it_g
     seen();
     EXPECT_LT(lightness(), 100);
     time += 1;
-    EXPECT_GT(changed().height(), whole.height() + 10) << "flames and smoke rise above it";
+    EXPECT_GT(changed().height(), whole.height() + 10) << "flames and smoke rise above the target";
     const QImage one_moment = seen();
     time += 0.4;
-    EXPECT_NE(seen(), one_moment) << "they move";
+    EXPECT_NE(seen(), one_moment) << "flames and smoke are animated";
     target.Fire = fire::hot;
-    EXPECT_GT(lightness(), 100) << "a thermal sight sees it glow";
+    EXPECT_GT(lightness(), 100) << "a burning target is bright on the thermal sight";
     target.Visible = false;
     EXPECT_TRUE(changed().isEmpty());
 }
@@ -260,7 +260,7 @@ TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
     }
     pc.sync();
     view.set_progress(0);
-    EXPECT_NEAR(changed(view.grab().toImage()).center().x(), 302, 3) << "one that stands still";
+    EXPECT_NEAR(changed(view.grab().toImage()).center().x(), 302, 3) << "a round that hasn't moved";
 }
 
 // Counts of 11 ms, as for a FIN round, are shown at 60 frames a second too.
@@ -325,7 +325,7 @@ TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
     paints.shown = &ground.Picture;
     paints.with_twin = first == QColor(Qt::blue);   // the twin was read before the first paint
     widget(sight).installEventFilter(&paints);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.with_twin; })) << "it is repainted by itself";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.with_twin; })) << "the sight is repainted with the twin";
     EXPECT_EQ(colour_at(seen(), {200, 200}), QColor(Qt::blue));
 }
 

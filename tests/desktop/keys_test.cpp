@@ -158,7 +158,7 @@ TEST_F(keys, whose_release_was_missed_count_as_pressed_again)
         press(one, Qt::Key_Return);
         return std::exchange(log, {});
     };
-    EXPECT_TRUE(answered_and_pressed_again().empty()) << "it is still down";
+    EXPECT_TRUE(answered_and_pressed_again().empty()) << "the key is still down";
     release(one, Qt::Key_Return);
     down = false;
     EXPECT_EQ(answered_and_pressed_again(), strings{"click"});
@@ -187,13 +187,13 @@ TEST_F(keys, of_the_gun_answer_no_box)
         tap(box);
         seconds += 0.9;
         tap(box);
-    })) << "within a second of the box";
+    })) << "less than a second after the box opened";
     EXPECT_TRUE(answered([&](QMessageBox& box) { tap(box, Qt::AltModifier); }));
     press(one, Qt::Key_N);
     EXPECT_FALSE(answered([&](QMessageBox& box) {
         seconds += 1.1;
         QTest::keyPress(box.windowHandle(), Qt::Key_N);
-    })) << "it was held when the box opened";
+    })) << "the key was held when the box opened";
     release(one, Qt::Key_N);
     EXPECT_TRUE(answered([&](QMessageBox& box) {
         seconds += 1.1;

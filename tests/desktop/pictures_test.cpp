@@ -66,7 +66,7 @@ TEST_F(pictures, a_twin_of_exactly_twice_the_size_is_drawn_where_the_picture_is_
     write("valley@2x.vrp", encoded(plain(80, 40), "PNG").left(60));
     EXPECT_EQ(size_drawn_at(loaded(), 60), QSize(40, 20)) << "a damaged twin";
     write("valley@2x.vrp", encoded(plain(81, 40), "PNG"));
-    EXPECT_EQ(size_drawn_at(loaded(), 60), QSize(40, 20)) << "another size";
+    EXPECT_EQ(size_drawn_at(loaded(), 60), QSize(40, 20)) << "a twin of another size";
     QDir(folder.path()).mkdir("installed");
     write("installed/valley@2x.vrp", encoded(plain(80, 40), "PNG"));
     EXPECT_EQ(size_drawn_at(loaded(folder.filePath("installed")), 60), QSize(80, 40));

@@ -205,7 +205,7 @@ TEST_F(random_user, breaks_no_rule)
     go_on();
     loop.exec();
     EXPECT_EQ(broken, "");
-    EXPECT_GT(boxes, 50) << "it proves little";
+    EXPECT_GT(boxes, 50) << "the walk has reached too little";
     EXPECT_GT(dialogs, 20);
     EXPECT_EQ(screens.size(), forms().size());
 }

@@ -67,7 +67,7 @@ TEST_F(joystick, is_the_first_with_two_axes_or_the_one_that_moves)
     virtual_stick throttle{pc}, other{pc};
     open(one);
     throttle.plug(1);
-    EXPECT_FALSE(pc.joystick_present()) << "it has one axis";
+    EXPECT_FALSE(pc.joystick_present()) << "a throttle has one axis";
     plug();
     other.plug();
     EXPECT_TRUE(pc.joystick_present());
@@ -76,7 +76,7 @@ TEST_F(joystick, is_the_first_with_two_axes_or_the_one_that_moves)
     throttle.axis(0, 32767);
     other.axis(0, 8000);
     EXPECT_EQ(pc.joystick_reading(13), 32768 + 9000)
-        << "the other stick has moved less than half of its range";
+        << "the other stick has moved less than half of the way to its end";
     stick.button(0, true);
     other.axis(0, 30000);
     EXPECT_EQ(pc.joystick_reading(13), 32768 + 9000) << "a button of this stick is held";
@@ -86,7 +86,7 @@ TEST_F(joystick, is_the_first_with_two_axes_or_the_one_that_moves)
     stick.axis(0, 0);
     EXPECT_EQ(pc.joystick_reading(13), 32768 - 30000);
     stick.axis(0, -32768);
-    EXPECT_EQ(pc.joystick_reading(13), 0) << "and back, though the other stick is still deflected";
+    EXPECT_EQ(pc.joystick_reading(13), 0) << "the first stick again, though the other is still deflected";
     stick.unplug();
     pc.joystick().poll();
     EXPECT_EQ(pc.joystick_reading(13), 32768 - 30000) << "the remaining stick";

@@ -72,7 +72,7 @@ TEST_P(wide_screens, the_debrief_shows_a_large_target_with_the_marks_on_their_pl
     s.imgtargetpointer.Left = s.Imgrange.Left + 2 * s.Imgrange.Width;
     pc.sync();
     EXPECT_NEAR(in_window(s.imgtargetpointer).right(), in_window(s.Imgrange).right(), 1)
-        << "outside it is at the edge";
+        << "a place outside the range is shown at its edge";
 }
 
 TEST_P(wide_screens, the_author_shows_a_large_range_and_a_click_marks_the_same_point)

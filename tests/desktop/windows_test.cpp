@@ -160,7 +160,7 @@ TEST_F(windows, a_screen_that_comes_to_the_front_arrives_once)
     open(two);
     log.clear();
     send(window(two), QEvent::WindowActivate);
-    EXPECT_TRUE(log.empty()) << "it was in front already";
+    EXPECT_TRUE(log.empty()) << "the window was in front already";
     send(window(two), QEvent::WindowDeactivate);
     send(window(one), QEvent::WindowActivate);
     send(window(one), QEvent::WindowActivate);
