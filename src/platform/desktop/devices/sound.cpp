@@ -111,7 +111,7 @@ bool sound_channel::open_device()
     close_device();
     if (seconds_now() < retry_at_) return false;
     retry_at_ = seconds_now() + retry_seconds;
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");   // SDL would handle the signals that end the program
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");   // SDL must not handle the signals that end the program
     if (SDL_WasInit(SDL_INIT_AUDIO) == 0) {
         silence_alsa();
         if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;

@@ -42,7 +42,7 @@ table<int, 2> axes_of(SDL_Joystick* device)
 
 void init_joysticks()
 {
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");   // SDL would handle the signals that end the program
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");   // SDL must not handle the signals that end the program
     SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");   // the windows are Qt's, not SDL's
     if (SDL_WasInit(SDL_INIT_JOYSTICK) == 0) SDL_InitSubSystem(SDL_INIT_JOYSTICK);
 }

@@ -358,7 +358,7 @@ void form_window::place_like(const form_window& before, bool cascade)
     setWindowState(kept);
 }
 
-// What the user does --------------------------------------------------------------------------------------
+// User input ----------------------------------------------------------------------------------------------
 
 bool form_window::event(QEvent* e)
 {

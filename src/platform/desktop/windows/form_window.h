@@ -24,7 +24,7 @@ public:
 
     // Updates the widgets whose objects have changed.
     void sync();
-    // Paints the pending updates at once, without handling events.
+    // Paints the pending updates immediately, without handling events.
     void paint_now();
     void toggle_full_screen();
     // The sight that contains this object; null if no sight of this form does.

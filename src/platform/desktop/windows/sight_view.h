@@ -22,7 +22,7 @@ public:
     void clear_strikes();
     // Repaints strikes and fires, at most once per 30 ms. False when there are none.
     bool animate();
-    // Sets where tracers are drawn: at 0 at their place before the last update, at 1 at the present one.
+    // Sets where rounds in flight are drawn: 0 is their place before the last update, 1 the present one.
     void set_progress(double part);
 
     std::function<double()> now = [] { return 0.0; };   // seconds

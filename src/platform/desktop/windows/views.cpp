@@ -76,7 +76,7 @@ void text_button::paint_background(QPainter& p)
     const bool has_colour = fields_.BackColor != colour::ground;
     const int overlay = !isEnabled() ? 0 : isDown() ? 44 : underMouse() ? 26 : 0;
     p.setRenderHint(QPainter::Antialiasing);
-    const bool chosen = has_colour && fields_.ForeColor == colour::white;   // marked by a border, too
+    const bool chosen = has_colour && fields_.ForeColor == colour::white;   // also marked by a border
     const double inset = chosen ? 0.75 * scale : 0;
     p.setPen(chosen ? QPen(shade(colour::white), 1.5 * scale) : QPen(Qt::NoPen));
     p.setBrush(has_colour ? QBrush(back_shade(fields_.BackColor)) : Qt::NoBrush);
