@@ -190,8 +190,7 @@ struct random_user : trainer_test {
     long left_to_do = 20000;
     int boxes = 0, dialogs = 0;
     bool help_in_front = false;
-    std::optional<QWidget*>
-        acting_in;   // the box in which an action runs: null outside boxes, empty if none runs
+    std::optional<QWidget*> acting_in;   // the box in which an action runs; null outside boxes
     std::string broken;
     std::set<const form*> screens;   // seen in front
     QEventLoop loop;
