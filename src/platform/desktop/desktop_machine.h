@@ -71,7 +71,7 @@ public:
 
     // Where the data is installed; empty in a build tree.
     std::filesystem::path installed_data;
-    // Opens the manual, for the key F1; null if there is none.
+    // Opens the manual when F1 is pressed; null if there is no manual.
     std::function<void()> open_manual;
 
     // Tests replace these: the end of the process, real time in seconds, whether there is a printer, and

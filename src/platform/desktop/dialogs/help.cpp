@@ -115,7 +115,7 @@ void help_window::search(QTextDocument::FindFlags flags)
     search_result_->setText("Not found");
 }
 
-// Places the window beside the opener, on the side with more room. If there is too little, it is centred on
+// Places the window beside the opener, on the side with more room. If there is too little room, centres it on
 // the desktop with its whole frame.
 void help_window::place_beside(const QWidget& opener)
 {

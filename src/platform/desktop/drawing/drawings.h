@@ -14,7 +14,7 @@ bool is_drawing(const picture&);
 
 // Paints the picture of this name (":arrow_up", ":lamp_green", ":marker7"). An unknown name paints nothing.
 void draw_named(QPainter&, const std::string& name, const QRectF& at);
-// The same for the marks of the sights; false when the name is none of theirs.
+// Paints the sight mark of this name. False if there is no such mark.
 bool draw_sight_mark(QPainter&, const std::string& name, const QRectF& at);
 
 }   // namespace vorn

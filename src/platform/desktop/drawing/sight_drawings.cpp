@@ -196,7 +196,7 @@ constexpr QSizeF size_of(const area& r)
 
 struct mark {
     std::string_view name;   // without its number
-    QSizeF size;             // twips; pictures need none
+    QSizeF size;             // twips; unused for pictures
     void (*paint)(const canvas&, int number);
 };
 constexpr mark marks[] = {{":scale_left", size_of(figures_left), scale<figures_left>},
