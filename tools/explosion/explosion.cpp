@@ -253,7 +253,7 @@ vec3 cell_colour(const scene& s, const cell& c, float thick)
         return vec3{1 - std::exp(-light.x), 1 - std::exp(-light.y), 1 - std::exp(-light.z)};
     };
     if (s.by_heat) return shown(vec3{1, 1, 1} * (1 + 3 * c.heat));
-    // Light is scattered as well as absorbed, so it penetrates deeper than a line of sight.
+    // The factors are below 1: light that is scattered on its way is not lost, it goes deeper into the cloud.
     const float sun = std::exp(-.5f * thick * c.before_sun), sky = std::exp(-.3f * thick * c.before_sky);
     const vec3 lit = mix(soot, earth, c.dust) * (sunlight * sun + skylight * mix(.3f, 1, sky));
     // From a dark red through orange and yellow to white.

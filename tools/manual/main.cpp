@@ -284,7 +284,7 @@ private:
         mistakes(s);
     }
 
-    // Engagements for the worked cases of the debrief: a FIN round too high, a HESH round fired without an
+    // Engagements for the six cases of the debrief: a FIN round too high, a HESH round fired without an
     // autolay, and two HESH rounds without a correction.
     void mistakes(gunnery_screen& s)
     {
@@ -327,7 +327,7 @@ private:
         click(s.cmdnew);
     }
 
-    // The worked cases, by engagement and round.
+    // The pictures of the six cases.
     void cases(results_screen& s)
     {
         const place frame = place_of(s.Frame1);

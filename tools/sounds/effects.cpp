@@ -46,7 +46,7 @@ double pass(low_pass& f, double x)
     return f.level += f.share * (x - f.level);
 }
 
-// A filter that rings at one pitch when it is struck.
+// A resonant filter: its response to an impulse is a tone that decays.
 struct resonator {
     double input, last, before;   // weights of these samples in the next one
     double y1 = 0, y2 = 0;
@@ -110,7 +110,7 @@ void add(track& t, const thump& b)
     });
 }
 
-// The sound of struck steel.
+// The sound of steel after a blow.
 struct ring {
     double start, pitch, decay, loudness;
 };
@@ -131,7 +131,7 @@ track fire()
     rng random(0x3f1972d6a49fd2f2);
     constexpr rush rushes[] = {{.002, 4200, 4000, 48, 1.3},   // the crack
                                {.004, 900, 900, 5.5, 1.2},    // the blast
-                               {.04, 260, 25, 2.2, .8},       // roll of the blast over the ground
+                               {.04, 260, 25, 2.2, .8},       // reverberation from the ground
                                {.29, 520, 60, 3.5, .4},       // echo of the blast
                                {.62, 420, 60, 3, .3}};
     constexpr thump thumps[] = {{.002, 150, 42, 16, 700, 5.5, 1.3}, {.002, 260, 95, 30, 900, 16, .7}};
@@ -153,7 +153,7 @@ void add_shot(track& t, double start, double loudness, rng& random)
     add(t, thump{start, 160, 95, 60, 2000, 42, .6 * loudness});
     add(t, ring{start + .034, 2700, 160, .7}, random);   // the bolt
     add(t, ring{start + .034, 1750, 140, .5}, random);
-    add(t, rush{start + .01, 330, 60, 6, .12 * loudness}, random);   // roll of the shot over the ground
+    add(t, rush{start + .01, 330, 60, 6, .12 * loudness}, random);   // reverberation from the ground
 }
 
 // One long burst. It is longer than anybody holds the trigger, since the sound isn't repeated.
