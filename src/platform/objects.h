@@ -179,8 +179,8 @@ struct form {
     std::vector<panel_key> panel_keys;
     // The object that gets the keyboard focus after the current handler. The machine clears this field.
     const screen_object* takes_focus = nullptr;
-    // Returns the layout for a window of this width, in twips at the height of the form. If empty, the layout
-    // is as designed.
+    // Returns the layout for a window that is this many twips wide when scaled to the height of the form. If
+    // empty, the layout is as designed.
     std::function<wide_layout(double width)> wide;
 
     std::function<void()> load;      // runs at each load, after the design values are set

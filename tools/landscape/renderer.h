@@ -17,7 +17,7 @@ struct pixel {
     material made_of = material::sky;
 };
 using rendered = grid<pixel>;
-// Sums for computing a mean. The range is that of the last operand, the material the highest of the two.
+// Sums for computing a mean. The range is that of `b`, the material the one with the higher value.
 constexpr pixel operator+(const pixel& a, const pixel& b)
 {
     return {a.light + b.light, a.warmth + b.warmth, b.range, std::max(a.made_of, b.made_of)};

@@ -51,7 +51,7 @@ void build_houses(world&);
 // ground.
 void strew(world&);
 // Plants woods, belts, copses, hedges, scrub and trees along the river, with their shadows on the map; then
-// strews tufts.
+// adds tufts and stones.
 void plant_trees(world&);
 void add_tree(world&, float x, float y, growth, float height, float widen = 1);
 

@@ -477,7 +477,7 @@ private:
         finish(s, f);
         keep_first("film_fin", f);
     }
-    // Begins with the laid gun.
+    // Begins when the gun is already laid.
     void film_hesh(gunnery_screen& s)
     {
         t.shared.engagementtype = 3;
