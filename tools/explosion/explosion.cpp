@@ -2,8 +2,8 @@
 // in a PNG file: sixteen frames with alpha, four in a row.
 //
 // Puffs of smoke are thrown upwards from a spot on the ground. The air slows them, heat lifts them and a wind
-// from the left carries them. Rings of dust spread along the ground. For each frame the puffs are filled into
-// a block of cells (voxels). Billow noise that grows and rises with the cloud gives its edge lumps and
+// from the left carries them. Rings of dust spread along the ground. For each frame the puffs fill cells of a
+// block (voxels). Billow noise that grows and rises with the cloud gives its edge lumps and
 // creases: creases show the hot inside, lumps have cooled to soot. Sun and sky light the cells, which shade
 // those below them. The block is viewed from the front and a little from above. Flash, flying debris and the
 // glow of the air are added to the result.
