@@ -77,7 +77,8 @@ void show_round(results_screen& s, int round)
 }
 
 // The offsets in the record run from the aim, the lase and the round to the target. A mark is pale if the
-// record has no offset for it.
+// record has no offset for it, and if fewer rounds were fired: the offset is then that of an earlier
+// practice. recrounds counts up to 3.
 void place_markers(const practice_state& p, results_screen& s, int round)
 {
     const int e = s.selectedengagement;
@@ -86,7 +87,7 @@ void place_markers(const practice_state& p, results_screen& s, int round)
     place(s.Imagepoa, left - p.recaimx[e][round] * scale, top + p.recaimy[e][round] * scale);
     place(s.Imglaze, left - p.reclazex[e] * scale, top + p.reclazey[e] * scale);
     place(s.Imgfos, left - p.recfallx[e][round] * scale, top - p.recfally[e][round] * scale);
-    s.Imagepoa.Pale = p.recrounds[e] < 1;
+    s.Imagepoa.Pale = p.recrounds[e] < std::min(round, 3);
     // For auto-repeats of the trigger in a visual coax burst the record has an aim and no fall of shot.
     s.Imgfos.Pale = s.Imagepoa.Pale || (p.recfallx[e][round] == 0 && p.recfally[e][round] == 0);
     s.Imglaze.Pale = p.reclazex[e] == 0 && p.reclazey[e] == 0;

@@ -106,6 +106,13 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     p.recfallx[1][2] = p.recfally[1][2] = 0;   // as an auto-repeat of a coax burst leaves it
     d.pc.click(s.cmdround2);
     EXPECT_TRUE(s.Imgfos.Pale && !s.Imagepoa.Pale);
+    p.recaimx[1][4] = p.recfallx[1][4] = 44;   // of an earlier practice
+    d.pc.click(s.Lbltgtnumber[1]);
+    d.pc.click(s.cmdround4);
+    EXPECT_TRUE(s.Imgfos.Pale && s.Imagepoa.Pale) << "two rounds were fired";
+    p.recrounds[1] = 3;   // also after more rounds
+    d.pc.click(s.cmdround4);
+    EXPECT_FALSE(s.Imgfos.Pale || s.Imagepoa.Pale);
     d.pc.click(s.Lbltgtnumber[2]);
     EXPECT_TRUE(s.Imgthermtarget.Pale);
     EXPECT_EQ(s.Lbltarget.Caption + s.Lbltime.Caption, "NO100");
