@@ -1,12 +1,20 @@
 # What is installed where, and the Debian package: `cmake --build --preset release && (cd build/release && cpack)`.
-install(TARGETS vorn RUNTIME DESTINATION bin)
+set(data share/vorn)
+if(WIN32)
+    set(data .)   # beside the program
+endif()
 # Only the shipped files: a source tree in which somebody practises also contains files saved by that user.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS packaging/shipped)
 file(STRINGS packaging/shipped shipped)
 foreach(name ${shipped})
     cmake_path(GET name PARENT_PATH folder)
-    install(FILES "data/ranges/${name}" DESTINATION "share/vorn/ranges/${folder}")
+    install(FILES "data/ranges/${name}" DESTINATION "${data}/ranges/${folder}")
 endforeach()
+if(WIN32)
+    include(packaging/windows/install.cmake)
+    return()
+endif()
+install(TARGETS vorn RUNTIME DESTINATION bin)
 install(FILES packaging/vorn.desktop DESTINATION share/applications)
 install(FILES packaging/org.vorn.vorn.metainfo.xml DESTINATION share/metainfo)
 install(FILES packaging/vorn-mime.xml DESTINATION share/mime/packages RENAME vorn.xml)

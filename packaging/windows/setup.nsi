@@ -1,0 +1,147 @@
+; The installer. VERSION, STAGE (the folder with the program), FILES (made by build_windows.sh: what to delete) and OUT are
+; given on the command line. It installs for all users, or without administrator's rights for one; /AllUsers and
+; /CurrentUser choose, /S asks nothing, /D=FOLDER (last) names the folder.
+Target amd64-unicode
+SetCompressor /SOLID lzma
+
+!define NAME "V.O.R.N."
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\V.O.R.N"
+
+!define MULTIUSER_EXECUTIONLEVEL Highest
+!define MULTIUSER_MUI
+!define MULTIUSER_INSTALLMODE_COMMANDLINE
+!define MULTIUSER_USE_PROGRAMFILES64
+!define MULTIUSER_INSTALLMODE_INSTDIR "V.O.R.N"
+!define MULTIUSER_INSTALLMODE_FUNCTION own_folder
+!define MULTIUSER_INSTALLMODE_INSTDIR_REGISTRY_KEY "${UNINSTALL_KEY}"
+!define MULTIUSER_INSTALLMODE_INSTDIR_REGISTRY_VALUENAME "InstallLocation"
+!define MULTIUSER_INSTALLMODE_DEFAULT_REGISTRY_KEY "${UNINSTALL_KEY}"
+!define MULTIUSER_INSTALLMODE_DEFAULT_REGISTRY_VALUENAME "UninstallString"
+!include MultiUser.nsh
+!include MUI2.nsh
+!include FileFunc.nsh
+!include WinVer.nsh
+
+Name "${NAME}"
+OutFile "${OUT}"
+BrandingText "${NAME} ${VERSION}"
+VIProductVersion "${VERSION}.0.0"
+VIAddVersionKey ProductName "${NAME}"
+VIAddVersionKey FileDescription "Installer of ${NAME}"
+VIAddVersionKey FileVersion "${VERSION}"
+VIAddVersionKey ProductVersion "${VERSION}"
+VIAddVersionKey LegalCopyright "Copyright 2026 the V.O.R.N. team. MIT licence."
+ManifestDPIAware true
+
+!define MUI_ICON "${ICON}"
+!define MUI_UNICON "${ICON}"
+!define MUI_ABORTWARNING
+!define MUI_FINISHPAGE_RUN "$INSTDIR\vorn.exe"
+!insertmacro MULTIUSER_PAGE_INSTALLMODE
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE "English"
+
+; The folder that Windows has for programs of one user, unless an installation there has another.
+Function own_folder
+    StrCmp $MultiUser.InstallMode "CurrentUser" 0 done
+    ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+    StrCmp $0 "" 0 done
+    StrCpy $INSTDIR "$LOCALAPPDATA\Programs\V.O.R.N"
+done:
+FunctionEnd
+
+!macro needs_windows_10
+    ${IfNot} ${AtLeastWin10}
+        MessageBox MB_OK|MB_ICONSTOP "${NAME} needs Windows 10 or later." /SD IDOK
+        SetErrorLevel 2
+        Quit
+    ${EndIf}
+!macroend
+
+; A running program can't be replaced or removed.
+!macro not_running
+again:
+    ClearErrors
+    ${If} ${FileExists} "$INSTDIR\vorn.exe"
+        FileOpen $0 "$INSTDIR\vorn.exe" a
+        ${If} ${Errors}
+            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${NAME} is running, or its files can't be written. Please end it." /SD IDCANCEL IDRETRY again
+            SetErrorLevel 2
+            Abort
+        ${EndIf}
+        FileClose $0
+    ${EndIf}
+!macroend
+
+; NAME is shown in the list of file types. A type that another program has already is left to it.
+!macro add_type ENDING ID NAME
+    WriteRegStr SHCTX "Software\Classes\${ID}" "" "${NAME}"
+    WriteRegStr SHCTX "Software\Classes\${ID}\DefaultIcon" "" "$INSTDIR\vorn.exe,0"
+    ReadRegStr $0 HKCR "${ENDING}" ""
+    ${If} $0 == ""
+        WriteRegStr SHCTX "Software\Classes\${ENDING}" "" "${ID}"
+    ${EndIf}
+!macroend
+
+!macro remove_type ENDING ID
+    DeleteRegKey SHCTX "Software\Classes\${ID}"
+    ReadRegStr $0 SHCTX "Software\Classes\${ENDING}" ""
+    ${If} $0 == "${ID}"
+        DeleteRegValue SHCTX "Software\Classes\${ENDING}" ""
+        DeleteRegKey /ifempty SHCTX "Software\Classes\${ENDING}"
+    ${EndIf}
+!macroend
+
+Function .onInit
+    !insertmacro needs_windows_10
+    !insertmacro MULTIUSER_INIT
+FunctionEnd
+
+Function un.onInit
+    !insertmacro MULTIUSER_UNINIT
+FunctionEnd
+
+Section "install"
+    !insertmacro not_running
+    ; Another version may have files that this one hasn't.
+    ${If} ${FileExists} "$INSTDIR\uninstall.exe"
+        ExecWait '"$INSTDIR\uninstall.exe" /S /$MultiUser.InstallMode _?=$INSTDIR'
+    ${EndIf}
+    SetOutPath "$INSTDIR"
+    File /r "${STAGE}/*"
+    WriteUninstaller "$INSTDIR\uninstall.exe"
+    CreateShortcut "$SMPROGRAMS\V.O.R.N..lnk" "$INSTDIR\vorn.exe"
+    !insertmacro add_type ".arf" "vorn.range" "V.O.R.N. range"
+    !insertmacro add_type ".prf" "vorn.practice" "V.O.R.N. practice"
+    !insertmacro add_type ".vrn" "vorn.record" "V.O.R.N. practice record"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayName" "${NAME}"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "Publisher" "the V.O.R.N. team"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\vorn.exe"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe" /$MultiUser.InstallMode'
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /$MultiUser.InstallMode /S'
+    WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoModify" 1
+    WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoRepair" 1
+    ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+    WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "EstimatedSize" $0
+    ${RefreshShellIcons}
+SectionEnd
+
+; Deletes what it has installed and nothing else: what a user has saved in the folder stays.
+Section "Uninstall"
+    !insertmacro not_running
+    !include "${FILES}"
+    Delete "$INSTDIR\uninstall.exe"
+    RMDir "$INSTDIR"
+    Delete "$SMPROGRAMS\V.O.R.N..lnk"
+    !insertmacro remove_type ".arf" "vorn.range"
+    !insertmacro remove_type ".prf" "vorn.practice"
+    !insertmacro remove_type ".vrn" "vorn.record"
+    DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+    ${un.RefreshShellIcons}
+SectionEnd

@@ -1,0 +1,183 @@
+#!/usr/bin/env bash
+# Builds the trainer for Windows, on Debian 12: its libraries from Debian's sources, the trainer, an installer, and the same
+# as a folder to unpack. Installs what it needs.
+#
+#   tools/build_windows.sh
+#
+# The first run takes 20 to 30 minutes on two cores and three gigabytes in build/windows; later runs build only what has
+# changed. JOBS is how many compilers run at a time.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+source tools/setup.sh
+
+windows_packages=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix qt6-base-dev qt6-base-dev-tools dpkg-dev patch xz-utils nsis)
+# Debian's source packages, and the checksums of the original sources in them.
+declare -A sources=(
+    [qt6-base]=4f14b89a9463a540fd84a6718b8519a2297119b454ef547721015a9e9019ae9e
+    [qtsvg-opensource-src]=9c2fba3e7fd06ee629b159804703466469679e3153f5c313c6e42a59ee66d562
+    [libsdl2]=b3f2c822151804125d08db94c65852f711c2e5df2145a59da120748dc32eb9c3)
+
+root=$PWD
+mkdir -p build/windows
+work=$(realpath build/windows)
+export WINDOWS_PREFIX=$work/prefix
+jobs=${JOBS:-$(getconf _NPROCESSORS_ONLN)}
+version=$(sed -n 's/^project(vorn VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+
+# `once NAME KEY COMMAND...` runs the command unless it has succeeded with the same key before.
+once() {
+    local stamp=$work/stamps/$1 key=$2
+    shift 2
+    [ "$(cat "$stamp" 2>/dev/null)" = "$key" ] && return 0
+    "$@"
+    mkdir -p "$work/stamps"
+    echo "$key" >"$stamp"
+}
+
+# apt with a list of sources of its own, which leaves the machine's alone.
+apt_source() {
+    apt-get -q -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$work/apt/parts" \
+        -o Dir::State::lists="$work/apt/lists" -o APT::Sandbox::User=root "$@"
+}
+
+fetch_sources() {
+    mkdir -p "$work/apt/lists/partial" "$work/apt/parts" "$work/sources"
+    for file in /etc/apt/sources.list.d/*.sources; do
+        [ ! -e "$file" ] || { sed 's/^Types:.*/Types: deb-src/' "$file" && echo; }
+    done >"$work/apt/parts/machine.sources"
+    grep -hs '^deb ' /etc/apt/sources.list /etc/apt/sources.list.d/*.list | sed 's/^deb /deb-src /' >"$work/apt/parts/machine.list" || true
+    apt_source update
+    (cd "$work/sources" && apt_source source --download-only "${!sources[@]}")
+}
+
+# Verifies the original sources of a package, and unpacks them with Debian's changes. apt has verified these by the
+# signature of the archive.
+unpack() {
+    local name=$1 original dsc
+    original=$(echo "$work/sources/${name}_"*.orig.tar.*z) dsc=$(echo "$work/sources/${name}_"*.dsc)
+    echo "${sources[$name]}  $original" | sha256sum --check --quiet ||
+        { say "$original is not what was expected"; exit 1; }
+    rm -rf "${work:?}/src/$name"
+    mkdir -p "$work/src"
+    dpkg-source --no-check -x "$dsc" "$work/src/$name" >/dev/null
+}
+
+cross_cmake() {   # SOURCE BUILD OPTIONS...
+    local source=$1 build=$2
+    shift 2
+    cmake -G Ninja -S "$source" -B "$work/$build" -DCMAKE_TOOLCHAIN_FILE="$root/packaging/windows/toolchain.cmake" \
+        -DCMAKE_INSTALL_PREFIX="$WINDOWS_PREFIX" "$@" >"$work/$build.configure.log" ||
+        { tail -30 "$work/$build.configure.log"; return 1; }
+}
+
+# Debian's source has no wintab.h, so there are no tablets. Direct2D is needed by PrintSupport. What is bundled is used.
+qt_options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DINPUT_opengl=no)
+for feature in tabletevent sql network testlib dbus concurrent xml opengl vulkan zstd icu pkg_config glib system_zlib \
+    system_png system_jpeg system_freetype system_harfbuzz system_pcre2 system_doubleconversion; do
+    qt_options+=("-DFEATURE_$feature=OFF")
+done
+
+build_qt() {
+    say "building Qt: 15 to 20 minutes on two cores"
+    cross_cmake "$work/src/qt6-base" qt "${qt_options[@]}"
+    ninja -C "$work/qt" -j "$jobs"
+    ninja -C "$work/qt" install >/dev/null
+}
+
+build_svg() {
+    say "building Qt SVG"
+    unpack qtsvg-opensource-src
+    sed -i 's/QStringRef/QStringView/g' "$work"/src/qtsvg-opensource-src/src/svg/qsvghandler{.cpp,_p.h}
+    patch -d "$work/src/qtsvg-opensource-src" -p1 --quiet <packaging/windows/svg/qt6.patch
+    cross_cmake packaging/windows/svg svg -DCMAKE_BUILD_TYPE=MinSizeRel -DSOURCE="$work/src/qtsvg-opensource-src/src/svg"
+    ninja -C "$work/svg" -j "$jobs" install >/dev/null
+}
+
+build_sdl() {
+    say "building SDL2"
+    cross_cmake "$work/src/libsdl2" sdl -DCMAKE_BUILD_TYPE=MinSizeRel -DSDL_STATIC=OFF -DSDL_TEST=OFF
+    ninja -C "$work/sdl" -j "$jobs" install >/dev/null
+}
+
+# What stands beside the program: libraries, Qt's plug-ins, gcc's run time; all without what only debuggers need.
+add_libraries() {
+    local out=$1 gcc file
+    gcc=$(dirname "$(x86_64-w64-mingw32-gcc-posix -print-file-name=libstdc++-6.dll)")
+    mkdir -p "$out"/{platforms,styles,imageformats}
+    cp "$WINDOWS_PREFIX"/bin/{Qt6Core,Qt6Gui,Qt6Widgets,Qt6PrintSupport,Qt6Svg,SDL2}.dll "$out"
+    cp "$WINDOWS_PREFIX/plugins/platforms/qwindows.dll" "$out/platforms"
+    cp "$WINDOWS_PREFIX"/plugins/styles/*.dll "$out/styles"
+    cp "$WINDOWS_PREFIX"/plugins/imageformats/{qgif,qico,qjpeg}.dll "$out/imageformats"
+    cp "$gcc"/{libstdc++-6,libgcc_s_seh-1}.dll /usr/x86_64-w64-mingw32/lib/libwinpthread-1.dll "$out"
+    for file in "$out"/*.{exe,dll} "$out"/*/*.dll; do x86_64-w64-mingw32-strip "$file"; done
+}
+
+# Each library that a file of the folder needs is there or belongs to Windows: mingw-w64 has an import library for it, or it
+# is one of the names behind which Windows keeps parts of its interface.
+check_libraries() {
+    local out=$1 name absent=0
+    for name in $(x86_64-w64-mingw32-objdump -p "$out"/*.{exe,dll} "$out"/*/*.dll | sed -n 's/.*DLL Name: //p' | sort -u); do
+        local import=${name,,}
+        import=${import%.*}
+        [[ $import == api-ms-win-* ]] || [ -e "$out/$name" ] || [ -e "/usr/x86_64-w64-mingw32/lib/lib$import.a" ] ||
+            { say "$name is needed and isn't there"; absent=1; }
+    done
+    return $absent
+}
+
+add_licences() {
+    local out=$1/licences list
+    mkdir -p "$out"
+    list=$(for dsc in "$work"/sources/*.dsc; do basename "$dsc" .dsc | sed 's/_/, version /; s/^/  /'; done
+        dpkg-query -W -f='  ${source:Package}, version ${source:Version}\n' gcc-mingw-w64-base mingw-w64-common)
+    sed -e '/@SOURCES@/{r /dev/stdin' -e 'd}' packaging/windows/SOURCES.txt <<<"$list" >"$out/SOURCES.txt"
+    cp /usr/share/common-licenses/LGPL-3 "$out/LGPL-3.0.txt"
+    cp /usr/share/common-licenses/GPL-3 "$out/GPL-3.0.txt"
+    cp "$work/src/qt6-base/debian/copyright" "$out/Qt.txt"
+    cp "$work/src/qtsvg-opensource-src/debian/copyright" "$out/QtSvg.txt"
+    cp packaging/windows/svg/qt6.patch "$out/QtSvg-changes.patch"
+    cp packaging/windows/svg/CMakeLists.txt "$out/QtSvg-CMakeLists.txt"
+    cp "$work/src/libsdl2/LICENSE.txt" "$out/SDL2.txt"
+    cp /usr/share/doc/gcc-mingw-w64-base/copyright "$out/gcc.txt"
+    cp /usr/share/doc/mingw-w64-common/copyright "$out/mingw-w64.txt"
+}
+
+build_trainer() {
+    local file stage=$work/stage/V.O.R.N
+    say "building the trainer"
+    cross_cmake . vorn -DCMAKE_BUILD_TYPE=Release -DVORN_TESTS=OFF
+    ninja -C "$work/vorn" -j "$jobs" vorn
+    rm -rf "$work/stage"
+    cmake --install "$work/vorn" --prefix "$stage" >/dev/null
+    add_libraries "$stage"
+    check_libraries "$stage"
+    add_licences "$stage"
+    for file in "$stage"/licences/*.txt; do sed -i 's/\r*$/\r/' "$file"; done   # for the editors of Windows
+}
+
+# What the uninstaller deletes: the files of the folder, then the folders that are empty.
+# shellcheck disable=SC2016
+list_files() {
+    (cd "$1" && find . -type f | sort | sed 's,^\./\(.*\),Delete "$INSTDIR\\\1",' &&
+        find . -mindepth 1 -type d | sort -r | sed 's,^\./\(.*\),RMDir "$INSTDIR\\\1",') | sed '/"/s,/,\\,g'
+}
+
+make_packages() {
+    local stage=$work/stage/V.O.R.N setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip
+    say "making the installer and the folder to unpack"
+    list_files "$stage" >"$work/files.nsh"
+    makensis -V2 -DVERSION="$version" -DSTAGE="$stage" -DFILES="$work/files.nsh" -DOUT="$setup" \
+        -DICON="$root/data/icons/vorn.ico" packaging/windows/setup.nsi
+    rm -f "$zip"
+    (cd "$work/stage" && cmake -E tar cf "$zip" --format=zip V.O.R.N)
+    say "the trainer for Windows: $(du -h "$setup" "$zip" | awk '{ printf "%s%s (%s)", s, $2, $1; s = " and " }')"
+}
+
+install_missing "${windows_packages[@]}"
+once fetch "${sources[*]}" fetch_sources
+for name in qt6-base libsdl2; do once "unpack-$name" "${sources[$name]}" unpack "$name"; done
+once qt "${sources[qt6-base]} ${qt_options[*]}" build_qt
+once svg "${sources[qtsvg-opensource-src]} $(cat packaging/windows/svg/* | sha256sum)" build_svg
+once sdl "${sources[libsdl2]}" build_sdl
+build_trainer
+make_packages
