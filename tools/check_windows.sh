@@ -1,0 +1,242 @@
+#!/usr/bin/env bash
+# Tries the trainer for Windows under Wine: runs the core's tests; installs it silently into a fresh Windows, starts it, works
+# it by mouse and keys to a kill and to saved files, installs it again over itself, uninstalls it, and looks at what is left;
+# works the unpacked folder in a path with blanks and letters of other alphabets, and compares its start with that of the
+# trainer for this system. tools/build_windows.sh must have run.
+#
+#   tools/check_windows.sh [core | program]
+#
+# The pictures it takes are in build/windows/pictures. Needs some minutes, so the tests don't call it.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+source tools/setup.sh
+source tools/drive.sh
+
+work=$(realpath build/windows)
+version=$(sed -n 's/^project(vorn VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+export WINDOWS_PREFIX=$work/prefix
+export WINEPREFIX=$work/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" XDG_RUNTIME_DIR=$work/run LC_ALL=C.UTF-8
+jobs=${JOBS:-$(getconf _NPROCESSORS_ONLN)}
+helpers=()
+fail() { say "$1"; exit 1; }
+
+check_packages=(wine wine64 xvfb openbox xdotool imagemagick fonts-liberation2 python3-fonttools libgtest-dev cmake ninja-build
+    g++-mingw-w64-x86-64-posix)
+
+end_all() {
+    wineserver -k 2>/dev/null || true
+    for helper in "${helpers[@]}"; do kill "$helper" 2>/dev/null || true; done
+}
+trap end_all EXIT
+
+# The core's tests ---------------------------------------------------------------------------------------------------
+
+cross_cmake() { cmake -G Ninja -DCMAKE_TOOLCHAIN_FILE="$PWD/packaging/windows/toolchain.cmake" "$@" >/dev/null; }
+
+run_core_tests() {
+    say "building the core's tests for Windows"
+    cross_cmake -S /usr/src/googletest -B "$work/gtest" -DCMAKE_INSTALL_PREFIX="$WINDOWS_PREFIX" -DBUILD_GMOCK=OFF \
+        -DCMAKE_BUILD_TYPE=Release
+    ninja -C "$work/gtest" -j "$jobs" install >/dev/null
+    cross_cmake -S . -B "$work/core" -DCMAKE_BUILD_TYPE=Release -DVORN_DESKTOP=OFF
+    ninja -C "$work/core" -j "$jobs" vorn_tests
+    cp "$(dirname "$(x86_64-w64-mingw32-gcc-posix -print-file-name=libstdc++-6.dll)")"/{libstdc++-6,libgcc_s_seh-1}.dll \
+        /usr/x86_64-w64-mingw32/lib/libwinpthread-1.dll "$work/core"
+    say "running them"
+    timeout 1800 wine "$work/core/vorn_tests.exe" --gtest_brief=1
+    say "running those of files on a network path"
+    mkdir -p "$WINEPREFIX/dosdevices/unc/server/share"   # what is \\server\share for Wine
+    (cd "$work/core" && timeout 600 wine cmd /c \
+        'set TMP=\\server\share&& vorn_tests.exe --gtest_brief=1 --gtest_filter=range_files.*:program.*:debrief.*:author.*')
+}
+
+# The program --------------------------------------------------------------------------------------------------------
+
+fresh_windows() {
+    say "making a fresh Windows"
+    wineserver -k 2>/dev/null || true
+    rm -rf "$WINEPREFIX" && mkdir -p "$WINEPREFIX"
+    echo '<fontconfig/>' >"$work/no_fonts.conf"
+    wineboot -i >/dev/null 2>&1
+    wine winecfg -v win10
+    wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null   # a crash ends the program
+    wineserver -w
+    add_arial
+}
+
+# As on Windows there is Arial, and no Liberation Sans: Wine doesn't see the fonts of this system. The letters are those of
+# Liberation Sans, which have the same widths.
+add_arial() {
+    /usr/bin/python3 - "$WINEPREFIX/drive_c/windows/Fonts" /usr/share/fonts/truetype/liberation*/LiberationSans-*.ttf <<'PYTHON'
+import os, sys
+from fontTools.ttLib import TTFont
+for file in sys.argv[2:]:
+    font = TTFont(file)
+    for name in font["name"].names:
+        name.string = name.toUnicode().replace("Liberation Sans", "Arial").replace("LiberationSans", "Arial")
+    font.save(os.path.join(sys.argv[1], os.path.basename(file).replace("LiberationSans", "Arial")))
+PYTHON
+}
+
+title="V. O. R. N."
+
+start() {
+    "$@" >/dev/null 2>&1 &
+    program=$!
+    await "$title" 90
+    sleep 1
+}
+
+await_end() {
+    for _ in $(seq 300); do kill -0 "$program" 2>/dev/null || return 0; sleep 0.1; done
+    fail "the program is still running"
+}
+
+# Whether a window fills the screen, within some seconds.
+fills_screen() { for _ in $(seq 100); do covers_screen "$1" && return; sleep 0.1; done; return 1; }
+covers_screen() { [ "$(xdotool getwindowgeometry "$(window "$1")" | tail -1 | tr -d ' ')" = Geometry:1280x1024 ]; }
+
+# From the title screen to the editor, in full screen.
+carry_full_screen() {
+    xdotool key Return sleep 3 key F11   # Return closes the box
+    fills_screen "$title" || fail "the title screen isn't full screen"
+    sleep 2
+    picture title
+    [ "$(identify -format %k "$pictures/title.png")" -gt 1000 ] || fail "the title screen isn't painted"
+    to_the_editor
+    picture full_screen
+    fills_screen "$editor" || fail "the next screen isn't full screen"
+    xdotool key F11 sleep 2
+    ! covers_screen "$editor" || fail "full screen doesn't end"
+}
+
+# Milliseconds from start to first window, the least of five.
+first_window() {
+    local before least=999999 took
+    for _ in 1 2 3 4 5; do
+        before=$(date +%s%N)
+        "$@" >/dev/null 2>&1 &
+        program=$!
+        until [ -n "$(window "$title")" ]; do :; done
+        took=$((($(date +%s%N) - before) / 1000000))
+        [ $took -gt $least ] || least=$took
+        kill $program || true
+        wait $program 2>/dev/null || true
+        while [ -n "$(window "$title")" ]; do sleep 0.1; done
+    done
+    echo $least
+}
+
+compare_starts() {   # FOLDER with the program
+    local windows here
+    build release >/dev/null
+    say "comparing the starts"
+    here=$(first_window env -u FONTCONFIG_FILE build/release/vorn)
+    wineserver -p
+    windows=$(first_window wine "$1/vorn.exe")
+    say "from start to first window: $windows ms, of the trainer for this system $here ms"
+    [ "$windows" -le $((2 * here)) ] || fail "it starts too slowly"
+}
+
+run_setup() {
+    wine "$setup" /S || fail "the installer reports an error"
+    wineserver -w
+}
+
+registered() { wine reg query "$1" >/dev/null 2>&1; }
+uninstall_key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\V.O.R.N'
+
+look_at_installation() {
+    cmp "$work/stage/V.O.R.N/vorn.exe" "$installed/vorn.exe" || fail "the program isn't installed"
+    diff -rq "$work/stage/V.O.R.N" "$installed" | grep -v 'uninstall.exe' && fail "the installed files differ"
+    registered "$uninstall_key" || fail "the program isn't in the list of programs"
+    registered 'HKCR\.vrn' || fail "its file types aren't registered"
+    [ -n "$(find "$WINEPREFIX/drive_c" -name 'V.O.R.N..lnk')" ] || fail "there is no entry in the start menu"
+}
+
+look_at_saved() {   # FOLDER
+    grep -q YES "$1/record.vrn" || fail "the record says nothing of the target destroyed"
+    [ -s "$1/own.prf" ] || fail "the practice wasn't saved"
+}
+
+magenta_icons() { for n in 1 2 3; do convert -size 64x64 xc:magenta "$1/target icons/target$n.ico"; done; }
+
+fire_and_save() {   # FOLDER of the data, then the command
+    local folder=$1
+    shift
+    start "$@"
+    to_the_editor
+    set_up
+    picture editor
+    destroy_a_target
+    save_both own.prf record.vrn
+    look_at_saved "$folder"
+    leave
+    await_end
+}
+
+check_installed() {
+    installed="$WINEPREFIX/drive_c/Program Files/V.O.R.N"
+    say "installing"
+    run_setup
+    look_at_installation
+    say "starting it for the first time"
+    start wine "$installed/vorn.exe"
+    carry_full_screen
+    click "$editor" 1000 30   # EXIT
+    answer_yes "$editor"
+    await_end
+    own=$(echo "$WINEPREFIX"/drive_c/users/*/AppData/Local/vorn/ranges)
+    diff -rq -x .copied -x '*@2x*' "$installed/ranges" "$own" || fail "the user's copy differs from what was installed"
+    say "destroying a target, saving"
+    magenta_icons "$own"
+    fire_and_save "$own" wine "$installed/vorn.exe"
+    say "installing again over it"
+    touch "$installed/ranges/of_the_user.arf"
+    run_setup
+    look_at_installation_again
+    say "uninstalling"
+    wine "$installed/uninstall.exe" /AllUsers /S
+    wineserver -w
+    look_at_what_is_left
+}
+
+look_at_installation_again() {
+    rm "$installed/ranges/of_the_user.arf" || fail "a file of the user's was removed"
+    look_at_installation
+    touch "$installed/ranges/of_the_user.arf"
+    look_at_saved "$own"
+}
+
+look_at_what_is_left() {
+    [ "$(cd "$installed" && find . -type f)" = ./ranges/of_the_user.arf ] ||
+        fail "the uninstaller left: $(ls -R "$installed")"
+    registered "$uninstall_key" && fail "the program is still in the list of programs"
+    registered 'HKCR\vorn.record' && fail "its file types are still registered"
+    [ -z "$(find "$WINEPREFIX/drive_c" -name 'V.O.R.N..lnk')" ] || fail "the entry in the start menu is still there"
+    look_at_saved "$own"
+}
+
+check_unpacked() {
+    local folder="$WINEPREFIX/drive_c/Übung für Schützen/пушка"
+    say "unpacking into a path with blanks and other letters"
+    mkdir -p "$folder"
+    (cd "$folder" && cmake -E tar xf "$zip")
+    magenta_icons "$folder/V.O.R.N/ranges"
+    fire_and_save "$folder/V.O.R.N/ranges" wine "$folder/V.O.R.N/vorn.exe"
+    compare_starts "$folder/V.O.R.N"
+}
+
+setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip pictures=$work/pictures
+install_missing "${check_packages[@]}"
+mkdir -p "$pictures" "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
+open_display
+export FONTCONFIG_FILE=$work/no_fonts.conf
+if [ ! -d "$WINEPREFIX" ] || [ "${1:-}" != core ]; then fresh_windows; fi
+[ "${1:-}" = program ] || run_core_tests
+[ "${1:-}" = core ] && exit
+[ -e "$setup" ] || fail "$setup isn't there: run tools/build_windows.sh first"
+[ "$(stat -c %s "$setup")" -lt 90000000 ] || fail "the installer has more than 90 MB"
+check_installed
+check_unpacked
+say "the trainer for Windows passes: $(basename "$setup"), $(du -h "$setup" | cut -f1)"

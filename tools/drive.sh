@@ -1,0 +1,140 @@
+# shellcheck shell=bash
+# Sourced by checks that work the trainer by mouse and keys, as a user does: needs xdotool, imagemagick, Xvfb and openbox.
+# `pictures` is the folder for screenshots. A window is known by its title, a place by its pixels on the form of 1024 x 768.
+
+open_display() {   # the first free one from FIRST_DISPLAY; adds to `helpers` what must be killed at the end
+    local number=${FIRST_DISPLAY:-90}
+    while [ -e "/tmp/.X11-unix/X$number" ]; do number=$((number + 1)); done
+    export DISPLAY=:$number
+    Xvfb "$DISPLAY" -screen 0 1280x1024x24 >/dev/null 2>&1 &
+    helpers+=($!)
+    for _ in $(seq 100); do [ -e "/tmp/.X11-unix/X$number" ] && break; sleep 0.1; done
+    openbox >/dev/null 2>&1 &
+    helpers+=($!)
+}
+
+# shellcheck disable=SC2154 # `pictures` is set by who sources this
+picture() { import -window root "$pictures/$1.png"; }
+
+window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1; }
+
+await() {   # TITLE [SECONDS]
+    for _ in $(seq $((${2:-30} * 10))); do [ -n "$(window "$1")" ] && return; sleep 0.1; done
+    picture missing
+    say "there is no window $1"
+    return 1
+}
+
+click() { xdotool mousemove --window "$(window "$1")" "$2" "$3" sleep 0.3 click 1 sleep 0.5; }   # TITLE X Y
+
+# Answers the question in the box over the window of this title.
+answer_yes() {
+    for _ in $(seq 100); do
+        [ "$(xdotool getactivewindow 2>/dev/null)" = "$(window "$1")" ] || break
+        sleep 0.2
+    done
+    sleep 1 && xdotool key alt+y
+}
+
+# Types a name into the file dialog of this title.
+save_as() {
+    await "$1" && sleep 4
+    xdotool key ctrl+a type --delay 60 "$2"
+    sleep 0.5 && xdotool key Return && sleep 2
+}
+
+editor="PRACTICE EDITOR"
+
+# From the first box to the set-up screen.
+to_the_editor() {
+    await "V. O. R. N." 60
+    for _ in $(seq 20); do   # Return closes the box, another one clicks START
+        sleep 2 && [ -n "$(window "$editor")" ] && break
+        xdotool key Return
+    done
+    await "$editor" && sleep 1
+}
+
+# FIN targets that stay until destroyed, large ones, laid on by keys.
+set_up() {
+    click "$editor" 800 385   # KBoard
+    click "$editor" 394 440   # DST / Fin
+    click "$editor" 650 357   # Till destroyed
+    for _ in 1 2 3 4 5 6 7 8; do click "$editor" 215 460; done   # TARGET SIZE
+    for _ in 1 2 3 4; do click "$editor" 215 561; done           # TARGET KILL AREA
+}
+
+# The aim point on the visual sight, and the sight as width x height + left + top.
+aim_x=618 aim_y=145 sight=808x605+204+41
+
+# How far the middle of what is magenta is right of and below the aim point, in pixels; nothing if there is none. The targets'
+# icons have been replaced by magenta squares.
+offset() {
+    import -silent -window "$(window "V.O.R.N. VISUAL")" miff:- |
+        convert - -crop "$sight" +repage -alpha off -fuzz 15% -fill black +opaque magenta -format '%w %h %@' info: 2>/dev/null |
+        awk -v x=$aim_x -v y=$aim_y -v sight="$sight" '{
+            split(sight, s, "+"); split($3, a, "[x+]")
+            if (a[1] < $1 && a[1] > 2) printf "%d %d\n", a[3] + a[1] / 2 + s[2] - x, a[4] + a[2] / 2 + s[3] - y }'
+}
+
+# Holds a key so long that the sight moves by about so many pixels.
+move() { xdotool keydown "$1" sleep "$(awk -v d="${2#-}" 'BEGIN { print (d > 60 ? 0.35 : d > 15 ? 0.12 : 0.03) }')" keyup "$1"; }
+
+lay_on() {
+    local at x y
+    for _ in $(seq 60); do
+        at=$(offset)
+        [ -n "$at" ] || { sleep 1; continue; }
+        read -r x y <<<"$at"
+        [ "${x#-}" -le 3 ] && [ "${y#-}" -le 3 ] && return
+        [ "${x#-}" -le 3 ] || move "$([ "$x" -lt 0 ] && echo h || echo j)" "$x"
+        [ "${y#-}" -le 3 ] || move "$([ "$y" -lt 0 ] && echo u || echo n)" "$y"
+        sleep 0.3
+    done
+    say "the target could not be laid on: $at"
+    return 1
+}
+
+# Starts a practice and destroys its first target.
+destroy_a_target() {
+    click "$editor" 318 28   # START PRACTICE
+    answer_yes "$editor"
+    await "V.O.R.N. VISUAL" && sleep 2
+    xdotool key alt+s   # START SIM
+    for _ in $(seq 30); do [ -n "$(offset)" ] && break; sleep 1; done
+    sleep 3
+    for _ in 1 2 3; do
+        xdotool key e
+        lay_on
+        picture laid_on
+        xdotool key a sleep 1 keydown s sleep 4 keyup s sleep 5
+        picture laid
+        xdotool key d sleep 4
+        picture fired
+        [ -n "$(offset)" ] || return 0
+    done
+    say "the target still stands"
+    return 1
+}
+
+debrief="DEBRIEF SCREEN"
+
+# From the practice back to the editor, saves the practice, and saves the record in the debrief.
+save_both() {   # PRACTICE RECORD
+    click "V.O.R.N. VISUAL" 97 126   # RETURNT TO SETUP
+    await "$editor" && sleep 1
+    click "$editor" 188 30   # SAVE PRACTICE
+    save_as "SAVE PRACTICE SETUP" "$1"
+    click "$editor" 550 28   # DEBRIEF
+    answer_yes "$editor"
+    await "$debrief" && sleep 2
+    picture debrief
+    click "$debrief" 60 12   # SAVE
+    save_as "^SAVE$" "$2"
+}
+
+# Leaves by the exit button of the debrief.
+leave() {
+    click "$debrief" 720 12
+    answer_yes "$debrief"
+}
