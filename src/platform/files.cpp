@@ -23,6 +23,33 @@ std::string to_utf8(const fs::path& p)
     return std::string(s.begin(), s.end());
 }
 
+// Whether a path names a computer in the network, as in \\SERVER\SHARE, and the standard library doesn't know
+// it: it then takes the two separators for one, and the path for a relative one.
+static bool is_network_path(const fs::path& p)
+{
+    const std::string s = to_utf8(p);
+    const auto separator = [&](std::size_t i) { return s[i] == '/' || s[i] == '\\'; };
+    return path_separator == '\\' && !p.has_root_name() && s.size() > 2 && separator(0) && separator(1) &&
+           !separator(2);
+}
+
+static fs::path root_of(const fs::path& p)
+{
+    return is_network_path(p) ? fs::path("//").make_preferred() : p.root_path();
+}
+
+static fs::path normal(const fs::path& p)
+{
+    const fs::path n = p.lexically_normal();
+    return is_network_path(p) ? root_of(p) / n.relative_path() : n;
+}
+
+static fs::path absolute(const machine& m, const std::string& path)
+{
+    const fs::path p = from_utf8(path);
+    return is_network_path(p) ? p : m.working_directory / p;
+}
+
 static bool is_there(const fs::path& p)
 {
     std::error_code failed;
@@ -48,12 +75,12 @@ static fs::path entry_like(const fs::path& folder, const fs::path& name)
 
 std::string find_path(const machine& m, const std::string& path)
 {
-    const fs::path written = m.working_directory / from_utf8(path);
+    const fs::path written = absolute(m, path);
     if (is_there(written)) return to_utf8(written);
     std::string parts = path;
     if (path_separator == '/') std::replace(parts.begin(), parts.end(), '\\', '/');
-    const fs::path whole = m.working_directory / from_utf8(parts);
-    fs::path found = whole.root_path();
+    const fs::path whole = absolute(m, parts);
+    fs::path found = root_of(whole);
     for (const fs::path& part : whole.relative_path()) {
         const fs::path next = found / part;
         found = is_there(next) ? next : entry_like(found, part);
@@ -146,7 +173,7 @@ std::string write_file(const machine& m, const std::string& path, const std::str
 {
     constexpr const char* reason = "The file can't be written.";
     std::error_code failed;
-    fs::path file = m.working_directory / from_utf8(path);
+    fs::path file = absolute(m, path);
     if (fs::is_symlink(file, failed)) file = fs::weakly_canonical(file, failed);
     if (fs::is_regular_file(file, failed) || !fs::exists(file, failed)) {
         const replaced r = replace_file(file, text);
@@ -160,7 +187,7 @@ std::string write_file(const machine& m, const std::string& path, const std::str
 
 std::string delete_file(const machine& m, const std::string& path)
 {
-    const fs::path file = m.working_directory / from_utf8(path);   // no search as in find_path
+    const fs::path file = absolute(m, path);   // no search as in find_path
     std::error_code failed;
     if (!fs::exists(file, failed)) return "The file does not exist.";
     if (!fs::is_regular_file(file, failed)) return "It is not a file.";
@@ -175,7 +202,7 @@ bool change_directory(machine& m, const std::string& folder)
     if (!fs::is_directory(found, failed)) return false;
     fs::directory_iterator listed(found, failed);   // fails without permission
     if (failed) return false;
-    m.working_directory = found.lexically_normal();
+    m.working_directory = normal(found);
     if (!m.working_directory.has_filename() && m.working_directory.has_relative_path())
         m.working_directory = m.working_directory.parent_path();
     return true;
