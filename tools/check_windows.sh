@@ -149,8 +149,9 @@ uninstall_key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\V.O.R.N'
 look_at_installation() {
     cmp "$work/stage/V.O.R.N/vorn.exe" "$installed/vorn.exe" || fail "the program isn't installed"
     diff -rq "$work/stage/V.O.R.N" "$installed" | grep -v 'uninstall.exe' && fail "the installed files differ"
-    registered "$uninstall_key" || fail "the program isn't in the list of programs"
-    registered 'HKCR\.vrn' || fail "its file types aren't registered"
+    for key in "$uninstall_key" 'HKCR\.vrn' 'HKCR\vorn.record\DefaultIcon' 'HKCR\vorn.record\shell\open\command'; do
+        registered "$key" || fail "$key isn't registered"
+    done
     [ -n "$(find "$WINEPREFIX/drive_c" -name 'V.O.R.N..lnk')" ] || fail "there is no entry in the start menu"
 }
 

@@ -77,12 +77,15 @@ again:
     ${EndIf}
 !macroend
 
-; NAME is shown in the list of file types. A type that another program has already is left to it.
+; NAME is shown in the list of file types. A double click on such a file starts the trainer; the file is then opened in it.
+; A type that another program has already is left to it.
 !macro add_type ENDING ID NAME
     WriteRegStr SHCTX "Software\Classes\${ID}" "" "${NAME}"
     WriteRegStr SHCTX "Software\Classes\${ID}\DefaultIcon" "" "$INSTDIR\vorn.exe,0"
+    WriteRegStr SHCTX "Software\Classes\${ID}\shell\open\command" "" '"$INSTDIR\vorn.exe"'
     ReadRegStr $0 HKCR "${ENDING}" ""
     ${If} $0 == ""
+    ${OrIf} $0 == "${ID}"
         WriteRegStr SHCTX "Software\Classes\${ENDING}" "" "${ID}"
     ${EndIf}
 !macroend
