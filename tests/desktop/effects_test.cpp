@@ -39,6 +39,11 @@ bool fire(const QColor& c)
 {
     return c.red() > 150 && c.red() > c.blue() + 90;
 }
+// Brighter than the ground of a thermal range, which is .6 of white at most.
+bool hot(const QColor& c)
+{
+    return c.lightness() > 190;
+}
 bool smoke(const QColor& c)
 {
     return c.lightness() < 80 && c.red() < 120;
@@ -91,12 +96,36 @@ TEST(effects, a_fire_burns_below_its_smoke_and_loops_without_a_jump)
         if (i > 0) most = std::max(most, change(now, drawn(effect::fire, i - 1)));
     }
     EXPECT_LT(change(drawn(effect::fire, 15), drawn(effect::fire, 0)), 1.1 * most);
-    EXPECT_TRUE(drawn(effect::hot_fire, 3).allGray());
+}
+
+TEST(effects, a_thermal_sight_shows_a_fire_as_a_hot_plume_that_cools_upwards)
+{
+    for (int i = 0; i < 16; ++i) {
+        const QImage now = drawn(effect::hot_fire, i, QColor(95, 95, 95));
+        EXPECT_TRUE(now.allGray());
+        // The mean over rows of the middle, counted in percent from the top.
+        const auto lightness = [&](int from, int to) {
+            int sum = 0, count = 0;
+            for (int y = side * from / 100; y < side * to / 100; ++y)
+                for (int x = side * 4 / 10; x < side * 6 / 10; ++x, ++count)
+                    sum += now.pixelColor(x, y).lightness();
+            return sum / count;
+        };
+        EXPECT_GT(lightness(62, 82), lightness(30, 45) + 30) << i;
+        EXPECT_GT(lightness(30, 45), lightness(0, 10) + 20) << i;
+        EXPECT_GE(lightness(0, 10), 94) << "smoke isn't darker than a cold ground";
+        int steepest = 0;
+        for (int y = 0; y < side; ++y)
+            for (int x = 1; x < side; ++x)
+                steepest = std::max(steepest, std::abs(qRed(now.pixel(x, y)) - qRed(now.pixel(x - 1, y))));
+        EXPECT_LT(steepest, 90) << "soft edges";
+    }
 }
 
 TEST(effects, a_burst_starts_with_a_flash_at_its_foot_and_is_gone_at_the_end)
 {
-    for (const effect e : {effect::burst_fin, effect::burst_hesh, effect::burst_coax, effect::hot_spot}) {
+    for (const effect e : {effect::burst_fin, effect::burst_hesh, effect::burst_coax, effect::hot_fin,
+                           effect::hot_hesh, effect::hot_coax}) {
         SCOPED_TRACE(static_cast<int>(e));
         EXPECT_GT(share(e, 0, flash), .002);
         EXPECT_LT(share(e, 8, flash), .002);
@@ -112,7 +141,10 @@ TEST(effects, a_burst_starts_with_a_flash_at_its_foot_and_is_gone_at_the_end)
         EXPECT_NEAR(across / sum / side, .5, .03);
         EXPECT_GT(qAlpha(early.pixel(side / 2, side * 96 / 100)), 128) << "the burst stands on the ground";
     }
-    EXPECT_TRUE(drawn(effect::hot_spot, 4).allGray());
+    for (const effect e : {effect::hot_fin, effect::hot_hesh, effect::hot_coax}) {
+        EXPECT_TRUE(drawn(e, 4).allGray());
+        EXPECT_GT(share(e, 3, hot), 3 * share(e, 9, hot)) << "it cools";
+    }
     EXPECT_EQ(cover(drawn(effect::burst_fin, 16)), 0) << "there is no such frame";
     EXPECT_EQ(cover(drawn(effect::burst_fin, -1)), 0);
 }

@@ -84,7 +84,7 @@ placed_puff placed(const scene& s, const puff& p, float time)
     const float carried = .01f * g.lift * (s.loops || g.along_ground ? 1 : .35f + 1.6f * p.thrown.y);
     const float cooled = 1.45f * std::exp(-std::pow(time / s.cooling, 1.5f));
     const float age = s.loops ? 100 * time / g.life : time;
-    const float fresh = s.loops ? smoothstep(0, .1f, time) * (1 - smoothstep(.45f, 1, age)) : 1;
+    const float fresh = s.loops ? smoothstep(0, .1f, time) * (1 - smoothstep(.35f, 1, age)) : 1;
     const vec3 middle = p.start + p.thrown * braked(s, time) + drift(s, time) * carried;
     return {middle - vec3{0, .01f * g.fall * time * time, 0},
             p.young * (.45f + .55f * braked(s, 3 * time)) + p.grown * (s.loops ? age : braked(s, time)),
@@ -129,7 +129,7 @@ float lumps(const scene& s, vec3 at, float time)
     // A cross-fade of two rising patterns. The second one at the end of the loop is the first one at its
     // start.
     const auto risen = [&](float by) {
-        return billows((at - vec3{0, s.drift.z, .1f} * by) * vec3{s.lumps, .6f * s.lumps, s.lumps} +
+        return billows((at - vec3{0, s.drift.z, .1f} * by) * vec3{s.lumps, .75f * s.lumps, s.lumps} +
                        somewhere);
     };
     return mix(risen(time), risen(time - 1), time) / std::hypot(1 - time, time);
@@ -199,14 +199,15 @@ void give_lumps(const scene& s, cell& c, vec3 at, float time)
 {
     if (c.weight <= 0) return;
     const float age = c.age / c.weight, noise = lumps(s, at, time);
-    const float torn = (.9f + .5f * smoothstep(.4f, 1, age)) * noise;
+    const float torn = (.9f + .5f * smoothstep(.4f, 1, age)) * noise * (s.by_heat ? .6f : 1);
     const float solid = c.closest + torn - .25f * smoothstep(.55f, 1, age);
     c.dust /= c.weight;
-    c.density = clamp01((5 - 2.5f * age) * solid) * (1 - .5f * c.dust) * c.solid / c.weight *
-                smoothstep(0, .03f, at.y);
-    c.heat *=
-        std::max(0.f, s.loops ? 1 + .3f * c.closest - 1.1f * noise : .60f + 1.3f * c.closest - .5f * noise) /
-        c.weight;
+    const float edge = s.by_heat ? 2 - age : s.loops ? 5 - 4 * std::min(1.f, age) : 5 - 2.5f * age;
+    c.density = clamp01(edge * solid) * (1 - .5f * c.dust) * c.solid / c.weight * smoothstep(0, .03f, at.y);
+    c.heat *= std::max(0.f, s.by_heat ? .35f + 1.6f * c.closest - .3f * noise
+                            : s.loops ? 1 + .3f * c.closest - 1.1f * noise
+                                      : .60f + 1.3f * c.closest - .5f * noise) /
+              c.weight;
 }
 
 // Sums the density along the path of the light, from the top row of cells down. `aside` is how far the light
@@ -237,6 +238,7 @@ block filled_block(const scene& s, float time)
     for (int y = 0; y < b.side; ++y)
         for (int x = 0; x < b.side; ++x)
             for (int z = 0; z < b.depth; ++z) give_lumps(s, b.at(x, y, z), place(s, b, x, y, z), time);
+    if (s.by_heat) return b;
     // The sun is in the same direction as on the shipped ranges.
     let_light_in(b, &cell::before_sun, {.79f, -.53f});
     let_light_in(b, &cell::before_sky, {-.2f, -.2f});
@@ -252,7 +254,8 @@ vec3 cell_colour(const scene& s, const cell& c, float thick)
     const auto shown = [](vec3 light) {   // strong light loses its colour before it saturates
         return vec3{1 - std::exp(-light.x), 1 - std::exp(-light.y), 1 - std::exp(-light.z)};
     };
-    if (s.by_heat) return shown(vec3{1, 1, 1} * (1 + 3 * c.heat));
+    // Cold dust is as warm as the ground, and the smoke of a fire warmer.
+    if (s.by_heat) return shown(vec3{1, 1, 1} * ((s.loops ? .95f : .55f) + 1.9f * std::pow(c.heat, 1.4f)));
     // The factors are below 1: light that is scattered on its way is not lost, it goes deeper into the cloud.
     const float sun = std::exp(-.5f * thick * c.before_sun), sky = std::exp(-.3f * thick * c.before_sky);
     const vec3 lit = mix(soot, earth, c.dust) * (sunlight * sun + skylight * mix(.3f, 1, sky));
@@ -291,7 +294,8 @@ sample halo(const scene& s, point at, float time)
 {
     const float far = light_distance({at.x, at.y - .12f}) / .26f;
     const float fades = s.loops ? 1 : std::exp(-time / (.44f * s.cooling));
-    return covering({1, .62f, .25f}, s.halo * fades * std::exp(-far * far));
+    const vec3 colour = s.by_heat ? vec3{1, 1, 1} : vec3{1, .62f, .25f};
+    return covering(colour, s.halo * fades * std::exp(-far * far));
 }
 
 sample flash(const scene& s, point at, int frame)
@@ -370,7 +374,8 @@ grid<sample> painted(const scene& s, int frame)
             const float inside = smoothstep(.02f, .11f, aside) * smoothstep(0, .7f * s.foot.y, below);
             picture.at(x, y) = over(flash(s, place_of(x, y), frame), picture.at(x, y)) * (left * inside);
         }
-    return picture;
+    constexpr float blur = .012f;   // of a thermal sight
+    return s.by_heat ? blurred(picture, blur * real(s.side), floor_int(.03f * real(s.side))) : picture;
 }
 
 // Rounds the values to steps that are too small to be seen, which makes the file much smaller.

@@ -25,11 +25,11 @@ static const scene fire{
     .foot = {.5f, .06f},
     // Flames, and the smoke above them.
     .puffs =
-        {{90, up, {30, 70}, {30, 100}, {5, 12, 6}, {5, 8}, {-5, -3}, {68, 90}, 0, 0, 85, 0, 75, 20, 55},
-         {60, up, {30, 70}, {30, 100}, {8, 14, 8}, {4, 6}, {6, 14}, {40, 70}, 0, 10, 100, 0, 100, 13, 150}},
+        {{90, up, {30, 70}, {30, 100}, {5, 12, 6}, {6, 9}, {-5, -3}, {76, 98}, 0, 0, 85, 0, 75, 20, 55},
+         {60, up, {30, 70}, {30, 100}, {8, 14, 8}, {4, 6}, {8, 17}, {40, 70}, 0, 10, 100, 0, 100, 13, 150}},
     .drag = 2,
-    .drift = {.08f, .02f, .55f},
-    .lumps = 16,
+    .drift = {.13f, .02f, .55f},
+    .lumps = 11,
     .thick = 45,
     .left = 1,
     .cooling = .28f,
@@ -90,25 +90,50 @@ static const scene burst_coax{
     .left = .22f,
     .flash = .25f};
 
-static const scene hot_spot{
-    .name = "hot_spot",
-    .side = 128,
-    .foot = {.5f, .05f},
-    // The hot ground, and the plume above it.
-    .puffs = {{12, up, {0, 100}, {10, 100}, {6, 3, 5}, {4, 5}, {-2, 0}, {350, 400}, 0, 0, 0},
-              {40, up, {30, 70}, {10, 100}, {30, 50, 12}, {2, 4}, {3, 9}, {80, 110}, 60, 0, 100, 0, 80}},
-    .drift = {0, .10f, .15f},
-    .lumps = 10,
-    .thick = 30,
-    .thins = {.1f, .9f},
-    .left = .22f,
-    .cooling = .33f,
-    .flash = .5f,
-    .by_heat = true};
+// As a thermal sight shows it: what has cooled to the eye is still warm, and dust hides less. The ground
+// where a round struck stays hot; the size of the spot is in hundredths.
+static scene hot(const char* name, scene s, float cooling, float warmer, float spot = 0)
+{
+    s.name = name;
+    s.side /= 2;
+    s.by_heat = true;
+    s.thick *= .7f;
+    s.cooling = cooling;
+    for (puff_group& g : s.puffs) {
+        g.heat = {g.heat.low + warmer, g.heat.high + warmer};
+        g.young = {1.3f * g.young.low, 1.3f * g.young.high};
+    }
+    std::erase_if(s.pieces, [](const piece_group& g) { return g.colour.x < 1; });
+    for (piece_group& g : s.pieces) {
+        g.colour = {1, 1, 1};
+        g.radius *= 1.4f;
+        g.life = {1.5f * g.life.low, 1.5f * g.life.high};
+    }
+    const vec3 reach = vec3{1.5f, .8f, 1.5f} * spot;
+    if (spot > 0)
+        s.puffs.push_back({.count = 10,
+                           .angle = {0, 100},
+                           .force = {10, 100},
+                           .reach = reach,
+                           .young = {spot, 1.3f * spot},
+                           .grown = {-1, 0},
+                           .heat = {300, 350},
+                           .lift = 0});
+    return s;
+}
 
 const std::vector<scene>& scenes()
 {
-    static const std::vector<scene> all{explosion, fire, burst_fin, burst_hesh, burst_coax, hot_spot};
+    static const std::vector<scene> all{explosion,
+                                        fire,
+                                        burst_fin,
+                                        burst_hesh,
+                                        burst_coax,
+                                        hot("hot_explosion", explosion, .5f, 60),
+                                        hot("hot_fire", fire, .45f, 70),
+                                        hot("hot_fin", burst_fin, .6f, 60, 4),
+                                        hot("hot_hesh", burst_hesh, .45f, 50, 5),
+                                        hot("hot_coax", burst_coax, .6f, 60, 6)};
     return all;
 }
 

@@ -9,7 +9,18 @@ namespace vorn {
 // The names with `hot` are for the thermal sight, which shows hotter things whiter. An explosion fills the
 // frame. A fire is just above the middle of the lower edge, and its last frame is followed by the first
 // without a jump. The foot of a burst is at the middle of the lower edge; its dust reaches a little below.
-enum class effect { explosion, hot_explosion, fire, hot_fire, burst_fin, burst_hesh, burst_coax, hot_spot };
+enum class effect {
+    explosion,
+    hot_explosion,
+    fire,
+    hot_fire,
+    burst_fin,
+    burst_hesh,
+    burst_coax,
+    hot_fin,
+    hot_hesh,
+    hot_coax
+};
 
 // Draws frame 0 to 15 in a rectangle of device pixels; any other number draws nothing.
 void draw_effect(QPainter&, effect, const QRectF& at, int frame);

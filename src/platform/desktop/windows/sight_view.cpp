@@ -31,9 +31,9 @@ struct burst {
 };
 
 // Indexed by `round_kind`: FIN throws up a jet of earth, HESH a cloud of smoke, a coax round a little dust.
-constexpr burst bursts[] = {{effect::burst_fin, effect::hot_spot, 1.2, 1.7},
-                            {effect::burst_hesh, effect::hot_spot, 2.0, 2.2},
-                            {effect::burst_coax, effect::hot_spot, 1.0, 0.6}};
+constexpr burst bursts[] = {{effect::burst_fin, effect::hot_fin, 1.2, 1.7},
+                            {effect::burst_hesh, effect::hot_hesh, 2.0, 2.2},
+                            {effect::burst_coax, effect::hot_coax, 1.0, 0.6}};
 
 const burst& burst_of(const strike& s)
 {
@@ -211,7 +211,7 @@ void sight_view::paint_strikes(QPainter& p, const QRect& whole)
         if (!whole.adjusted(-reach, 0, reach, reach).contains(foot.toPoint())) continue;
         const double age = std::clamp((now() - s.since) / b.seconds, 0.0, 1.0);
         p.save();
-        const double wind = s.what.round == round_kind::hesh && !s.what.hot ? s.what.wind * age : 0;
+        const double wind = s.what.round == round_kind::hesh ? s.what.wind * age : 0;
         p.translate(foot + QPointF(drift * wind * age * size, 0));
         p.shear(-lean * wind, 0);
         draw_moving(p, s.what.hot ? b.hot : b.seen, QRectF(-size / 2, -size, size, size), age * frames,
