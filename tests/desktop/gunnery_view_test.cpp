@@ -222,7 +222,7 @@ TEST_F(sight_effects, the_smoke_of_a_strike_drifts_with_the_wind)
     EXPECT_LT(middle(-3), calm - 1);
 }
 
-TEST_F(sight_effects, a_target_that_was_hit_is_a_dark_wreck_in_flames_until_it_goes_down)
+TEST_F(sight_effects, a_target_that_was_hit_is_a_wreck_in_flames_that_die_down_when_it_is_gone)
 {
     target.Visible = true;
     target.Picture = plain_picture(QColor(200, 200, 200));
@@ -241,7 +241,37 @@ TEST_F(sight_effects, a_target_that_was_hit_is_a_dark_wreck_in_flames_until_it_g
     EXPECT_NE(seen(), one_moment) << "flames and smoke are animated";
     target.Fire = fire::hot;
     EXPECT_GT(lightness(), 100) << "a burning target is bright on the thermal sight";
-    target.Visible = false;
+    const auto take_down = [&] {
+        target.Visible = false;
+        const QImage shown = seen();
+        EXPECT_FALSE(changed().isEmpty());
+        return shown;
+    };
+    const QImage down = take_down();
+    const QPointF corner(whole.left() + 1.0, whole.bottom() - 1.0);
+    EXPECT_NEAR(colour_at(down, corner).lightness(), colour_at(empty, corner).lightness(), 40) << "no target";
+    time += 0.6;
+    EXPECT_LT(changed().height(), changed(down).height());
+    time += 0.6;
+    EXPECT_TRUE(changed().isEmpty());
+}
+
+TEST_F(sight_effects, a_fire_ends_with_the_next_target_and_with_a_reset)
+{
+    const auto burn_and_take_down = [&] {
+        target.Visible = true;
+        target.Fire = fire::flames;
+        seen();
+        time += 0.3;
+        target.Visible = false;
+        EXPECT_FALSE(changed().isEmpty());
+    };
+    burn_and_take_down();
+    pc.clear_strikes();
+    EXPECT_TRUE(changed().isEmpty()) << "the reset, which leaves the target as it is";
+    target.Fire = fire::none;
+    burn_and_take_down();
+    target.Fire = fire::none;
     EXPECT_TRUE(changed().isEmpty());
 }
 

@@ -23,6 +23,7 @@ constexpr double animation_step = 0.03;   // seconds
 constexpr double fire_size = 2;           // in widths of the target
 constexpr double fire_growing = 0.2;      // seconds; the fire fades in during the explosion
 constexpr double fire_turn = 1.3;         // seconds for one loop of the frames
+constexpr double fire_dying = 1.1;        // seconds; a hit may take the target down at once
 
 struct burst {
     effect seen, hot;
@@ -87,6 +88,7 @@ void sight_view::show_strike(const strike& s)
 void sight_view::clear_strikes()
 {
     strikes_.clear();
+    fires_.clear();
     update();
 }
 
@@ -95,17 +97,28 @@ void sight_view::set_progress(double part)
     if (std::exchange(progress_, part) != part) update();
 }
 
-// Removes strikes and fires that have ended, and adds targets that have caught fire.
+// A fire goes on for a moment where its target was taken down.
+void sight_view::find_fires(double time)
+{
+    for (const shown_object* o : sight_.inside) {
+        const auto shown = fires_.find(o);
+        if (o->drawn.Fire == fire::none)
+            fires_.erase(o);
+        else if (o->drawn.Visible)
+            fires_.insert_or_assign(o, shown_fire{shown == fires_.end() ? time : shown->second.lit, {}});
+        else if (shown != fires_.end() && !shown->second.dying)
+            shown->second.dying = time;
+    }
+    std::erase_if(fires_, [&](const auto& f) {
+        return f.second.dying && (time < *f.second.dying || time > *f.second.dying + fire_dying);
+    });
+}
+
 void sight_view::forget_what_ended(double time)
 {
     std::erase_if(strikes_, [&](const shown_strike& s) {
         return time < s.since || time > s.since + burst_of(s.what).seconds;
     });
-    for (const shown_object* o : sight_.inside)
-        if (o->drawn.Fire == fire::none || !o->drawn.Visible)
-            fires_.erase(o);
-        else
-            fires_.emplace(o, time);
 }
 
 bool sight_view::animate()
@@ -113,6 +126,7 @@ bool sight_view::animate()
     const double time = now();
     const bool moved = !strikes_.empty() || !fires_.empty();   // if they end, the last frame must be erased
     forget_what_ended(time);
+    find_fires(time);
     const bool moves = !strikes_.empty() || !fires_.empty();
     if ((moved || moves) && (moved != moves || time < animated_ || time > animated_ + animation_step)) {
         animated_ = time;
@@ -168,13 +182,13 @@ void sight_view::paint_objects(QPainter& p, const QRect& whole)
     bool strikes_due = !strikes_.empty();
     for (const shown_object* o : sight_.inside) {
         if (o->drawn.kind != object_kind::image && std::exchange(strikes_due, false)) paint_strikes(p, whole);
-        if (!o->drawn.Visible) continue;
-        if (is_tracer(o->drawn)) {
-            paint_tracer(p, *o);
+        const auto burning = fires_.find(o);
+        if (burning != fires_.end())
+            paint_burning(p, o->drawn, burning->second);
+        else if (!o->drawn.Visible)
             continue;
-        }
-        if (const auto lit = fires_.find(o); lit != fires_.end())
-            paint_burning(p, o->drawn, device_rect(o->drawn, scale()), now() - lit->second);
+        else if (is_tracer(o->drawn))
+            paint_tracer(p, *o);
         else if (const QImage* image = ground_image(o->drawn, whole))
             ground_.draw(p, *image, ground_rect(o->drawn), whole);
         else if (const QRect at = device_rect(o->drawn, scale()); at.intersects(whole))
@@ -220,12 +234,16 @@ void sight_view::paint_strikes(QPainter& p, const QRect& whole)
     }
 }
 
-void sight_view::paint_burning(QPainter& p, const object_fields& target, const QRect& at, double age)
+// The fire of a target that is gone dies down.
+void sight_view::paint_burning(QPainter& p, const object_fields& target, const shown_fire& f) const
 {
-    draw_wreck(p, target, at);
-    const double size = fire_size * at.width();
+    const QRect at = device_rect(target, scale());
+    if (target.Visible) draw_wreck(p, target, at);
+    const double age = now() - f.lit;
+    const double left = f.dying ? std::clamp(1 - (now() - *f.dying) / fire_dying, 0.0, 1.0) : 1;
+    const double size = fire_size * at.width() * (0.7 + 0.3 * left);
     const QRectF over(at.center().x() - size / 2, at.bottom() + 0.04 * size - size, size, size);
-    p.setOpacity(std::clamp(age / fire_growing, 0.0, 1.0));
+    p.setOpacity(std::clamp(age / fire_growing, 0.0, 1.0) * left);
     draw_moving(p, target.Fire == fire::hot ? effect::hot_fire : effect::fire, over,
                 std::fmod(age / fire_turn, 1) * frames, true);
     p.setOpacity(1);

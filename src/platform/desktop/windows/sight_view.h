@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -19,7 +20,7 @@ public:
     sight_view(const shown_object& sight, QWidget* parent);
 
     void show_strike(const strike&);
-    void clear_strikes();
+    void clear_strikes();   // and fires
     // Repaints strikes and fires, at most once per 30 ms. False when there are none.
     bool animate();
     // Sets where rounds in flight are drawn: 0 is their place before the last update, 1 the present one.
@@ -36,19 +37,24 @@ private:
         strike what;
         double since;
     };
+    struct shown_fire {
+        double lit;
+        std::optional<double> dying;   // since the target was taken down
+    };
 
     void paint_objects(QPainter&, const QRect& whole);
     void paint_tracer(QPainter&, const shown_object&);
     void paint_strikes(QPainter&, const QRect& whole);
     void forget_what_ended(double time);
-    static void paint_burning(QPainter&, const object_fields&, const QRect& at, double age);
+    void find_fires(double time);
+    void paint_burning(QPainter&, const object_fields&, const shown_fire&) const;
     QRect ground_rect(const object_fields&) const;
     const QImage* ground_image(const object_fields&, const QRect& whole) const;
     double scale() const;   // device pixels for each pixel of the form at 1024 x 768
 
     const shown_object& sight_;
     std::vector<shown_strike> strikes_;
-    std::unordered_map<const shown_object*, double> fires_;   // burning targets and when they caught fire
+    std::unordered_map<const shown_object*, shown_fire> fires_;
     scrolled_picture ground_;
     double progress_ = 1;
     double animated_ = 0;   // time of the last repaint by animate
