@@ -31,7 +31,7 @@ void expect_warm_body_with_hot_parts(const QImage& picture)
             if (qAlpha(c) < 250) continue;
             ++body;
             warm += qRed(c) > 255 * .63;
-            hot += qRed(c) > 255 * .9;
+            hot += qRed(c) > 255 * .87;
         }
     EXPECT_GT(warm / body, .85);
     EXPECT_GT(hot / body, .01);

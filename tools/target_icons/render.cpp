@@ -208,7 +208,7 @@ vec3 glowing(const std::vector<lamp>& lamps, const material& m, vec3 at, vec3 no
                           ? std::max(0.f, dot(normal, lamps.front().there.towards))
                           : 0;
     const float sky = light_on(lamps, at, normal).z;
-    const float grey = clamp01(.69f + .35f * m.heat + (1 - m.heat) * (.12f * sun - .14f * sky));
+    const float grey = clamp01(.73f + .31f * m.heat + (1 - m.heat) * (.10f * sun - .12f * sky));
     return {grey, grey, grey};
 }
 
@@ -273,7 +273,7 @@ sample sample_at(const grid<hit>& seen, const camera& c, const std::vector<lamp>
 
 QImage render(const solid& vehicle, const view& from, look l, int size)
 {
-    constexpr float softness = 1.f / 140;              // blur of the thermal picture, as a share of its width
+    constexpr float softness = 1.f / 130;              // blur of the thermal picture, as a share of its width
     const int fine = std::clamp(1024 / size, 4, 16);   // samples per pixel, in each direction
     const camera c = fitted(vehicle, from, l == look::hot ? 2.5f * softness : .025f, size * fine);
     const grid<hit> seen = see(vehicle, c);

@@ -3,22 +3,22 @@
 namespace tools {
 namespace {
 
-constexpr material armour{{.115f, .125f, .055f}, .42f, true};
-constexpr material turret_armour{{.115f, .125f, .055f}, .14f, true};   // colder, far from the engine
-constexpr material dry_armour{{.165f, .155f, .078f}, .40f, true};      // of the carrier, paler
-constexpr material plain_armour{{.115f, .125f, .055f}, .42f};
-constexpr material deck{{.075f, .08f, .045f}, .88f};   // over an engine
+constexpr material armour{{.115f, .125f, .055f}, .30f, true};
+constexpr material turret_armour{{.115f, .125f, .055f}, 0, true};   // colder, far from the engine
+constexpr material dry_armour{{.165f, .155f, .078f}, .24f, true};   // of the carrier, paler
+constexpr material plain_armour{{.115f, .125f, .055f}, .26f};
+constexpr material deck{{.075f, .08f, .045f}, .8f};   // over an engine
 constexpr material louvre{{.03f, .032f, .022f}, 1};
 constexpr material exhaust{{.045f, .035f, .03f}, 1};
 constexpr material rubber{{.022f, .022f, .021f}, .76f};
 constexpr material steel{{.075f, .075f, .06f}, .9f};   // of road wheels and tracks: warm from friction
-constexpr material hub{{.10f, .105f, .055f}, .8f};
-constexpr material barrel{{.040f, .044f, .028f}, .1f};
-constexpr material skirt{{.105f, .11f, .055f}, .5f, true};
-constexpr material fitting{{.055f, .06f, .038f}, .32f};
-constexpr material canvas{{.27f, .24f, .145f}, .22f};
+constexpr material hub{{.10f, .105f, .055f}, .55f};
+constexpr material barrel{{.040f, .044f, .028f}, .2f};
+constexpr material skirt{{.105f, .11f, .055f}, .42f, true};
+constexpr material fitting{{.055f, .06f, .038f}, .12f};
+constexpr material canvas{{.27f, .24f, .145f}, .05f};
 constexpr material glass{{.03f, .04f, .045f}, .05f};
-constexpr material lamp{{.34f, .34f, .28f}, .3f};
+constexpr material lamp{{.34f, .34f, .28f}, .1f};
 constexpr material bare_wood{{.16f, .13f, .075f}, .2f};
 
 // The whole outline, seen from above, from its left half.
@@ -239,7 +239,7 @@ void add_wheel(solid& s, float x)
 
 void add_cab(solid& s)
 {
-    constexpr material roof{{.13f, .14f, .065f}, .38f};
+    constexpr material roof{{.13f, .14f, .065f}, .22f};
     add(s, across({{1.95f, .95f}, {1.95f, 1.72f}, {2.05f, 1.8f}, {3.5f, 1.62f}, {3.55f, .95f}}, {-.72f, .72f},
                   material{{.115f, .125f, .055f}, .80f}));   // bonnet
     add(s, box({3.53f, 3.6f}, {-.55f, .55f}, {1.0f, 1.52f}, louvre));
