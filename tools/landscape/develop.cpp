@@ -63,7 +63,8 @@ QImage thermal_image(const rendered& r)
 {
     grid<float> warmth(r.width, r.height);
     for (std::size_t i = 0; i < r.cells.size(); ++i) warmth.cells[i] = r.cells[i].warmth;
-    warmth = blurred(warmth, 1.25f, 3);
+    warmth = blurred(warmth, .8f, 2);
+    const grid<float> around = blurred(warmth, 3, 7);
     rng random(777);
     const std::vector<float> rows = row_offsets(r.height, random);
     std::vector<float> columns;
@@ -72,9 +73,11 @@ QImage thermal_image(const rendered& r)
     for (int y = 0; y < r.height; ++y) {
         std::uint8_t* p = picture.scanLine(y);
         for (int x = 0; x < r.width; ++x) {
-            float v = .43f + (warmth.at(x, y) - .42f) * 1.25f;
+            // Such a sight brings out small differences.
+            const float detail = std::clamp(warmth.at(x, y) - around.at(x, y), -.06f, .06f);
+            float v = .43f + (warmth.at(x, y) - .42f) * 1.25f + .8f * detail;
             if (r.at(x, y).made_of != material::sky) v = std::clamp(v, .20f, .60f);
-            *p++ = byte_of(v + rows[index(y)] + columns[index(x)] + .011f * random.normal());
+            *p++ = byte_of(v + rows[index(y)] + columns[index(x)] + .009f * random.normal());
         }
     }
     return picture;
