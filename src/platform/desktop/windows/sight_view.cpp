@@ -32,9 +32,9 @@ struct burst {
 };
 
 // Indexed by `round_kind`: FIN throws up a jet of earth, HESH a cloud of smoke, a coax round a little dust.
-constexpr burst bursts[] = {{effect::burst_fin, effect::hot_fin, 1.2, 1.7},
+constexpr burst bursts[] = {{effect::burst_fin, effect::hot_fin, 1.6, 1.7},
                             {effect::burst_hesh, effect::hot_hesh, 2.0, 2.2},
-                            {effect::burst_coax, effect::hot_coax, 1.0, 0.6}};
+                            {effect::burst_coax, effect::hot_coax, 1.4, 0.6}};
 
 const burst& burst_of(const strike& s)
 {
