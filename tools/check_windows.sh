@@ -20,8 +20,7 @@ jobs=${JOBS:-$(getconf _NPROCESSORS_ONLN)}
 helpers=()
 fail() { say "$1"; exit 1; }
 
-check_packages=(wine wine64 xvfb openbox xdotool imagemagick fonts-liberation2 python3-fonttools libgtest-dev cmake ninja-build
-    g++-mingw-w64-x86-64-posix)
+check_packages=(wine wine64 xvfb openbox xdotool imagemagick python3-fonttools ninja-build g++-mingw-w64-x86-64-posix)
 
 end_all() {
     wineserver -k 2>/dev/null || true
@@ -129,7 +128,8 @@ first_window() {
 
 compare_starts() {   # FOLDER with the program
     local windows here
-    build release >/dev/null
+    cmake --preset release >/dev/null
+    cmake --build --preset release -j "$jobs" --target vorn >/dev/null
     say "comparing the starts"
     here=$(first_window env -u FONTCONFIG_FILE build/release/vorn)
     wineserver -p
@@ -229,7 +229,7 @@ check_unpacked() {
 }
 
 setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip pictures=$work/pictures
-install_missing "${check_packages[@]}"
+install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
 mkdir -p "$pictures" "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
 open_display
 export FONTCONFIG_FILE=$work/no_fonts.conf

@@ -38,9 +38,10 @@ answer_yes() {
 
 # Types a name into the file dialog of this title.
 save_as() {
-    await "$1" && sleep 4
+    await "$1"
+    sleep 4
     xdotool key ctrl+a type --delay 60 "$2"
-    sleep 0.5 && xdotool key Return && sleep 2
+    xdotool sleep 0.5 key Return sleep 2
 }
 
 editor="PRACTICE EDITOR"
@@ -52,7 +53,8 @@ to_the_editor() {
         sleep 2 && [ -n "$(window "$editor")" ] && break
         xdotool key Return
     done
-    await "$editor" && sleep 1
+    await "$editor"
+    sleep 1
 }
 
 # FIN targets that stay until destroyed, large ones, laid on by keys.
@@ -99,7 +101,8 @@ lay_on() {
 destroy_a_target() {
     click "$editor" 318 28   # START PRACTICE
     answer_yes "$editor"
-    await "V.O.R.N. VISUAL" && sleep 2
+    await "V.O.R.N. VISUAL"
+    sleep 2
     xdotool key alt+s   # START SIM
     for _ in $(seq 30); do [ -n "$(offset)" ] && break; sleep 1; done
     sleep 3
@@ -122,12 +125,14 @@ debrief="DEBRIEF SCREEN"
 # From the practice back to the editor, saves the practice, and saves the record in the debrief.
 save_both() {   # PRACTICE RECORD
     click "V.O.R.N. VISUAL" 97 126   # RETURNT TO SETUP
-    await "$editor" && sleep 1
+    await "$editor"
+    sleep 1
     click "$editor" 188 30   # SAVE PRACTICE
     save_as "SAVE PRACTICE SETUP" "$1"
     click "$editor" 550 28   # DEBRIEF
     answer_yes "$editor"
-    await "$debrief" && sleep 2
+    await "$debrief"
+    sleep 2
     picture debrief
     click "$debrief" 60 12   # SAVE
     save_as "^SAVE$" "$2"
