@@ -21,7 +21,7 @@ constexpr const char* reading =
     "Laser, and aim of the visual sight, are upside down: below the cross is too high.\n\n"
     "The round is shown half a target right and low: a hit in the dashed line.\n\n"
     "Aim and strike apart: range, wind, lay. Each time the same: no correction.\n\n"
-    "Pale: never fired, never lased.\nBeside the edge: held there.";
+    "Pale: never fired, never lased.\nNear the edge: further out.";
 
 void buttons(S& s)
 {
