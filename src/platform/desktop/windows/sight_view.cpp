@@ -243,7 +243,7 @@ void sight_view::paint_burning(QPainter& p, const object_fields& target, const s
     const double left = f.dying ? std::clamp(1 - (now() - *f.dying) / fire_dying, 0.0, 1.0) : 1;
     const double size = fire_size * at.width() * (0.7 + 0.3 * left);
     const QRectF over(at.center().x() - size / 2, at.bottom() + 0.04 * size - size, size, size);
-    p.setOpacity(std::clamp(age / fire_growing, 0.0, 1.0) * left);
+    p.setOpacity(std::clamp(age / fire_growing, 0.0, 1.0) * left * (2 - left));
     draw_moving(p, target.Fire == fire::hot ? effect::hot_fire : effect::fire, over,
                 std::fmod(age / fire_turn, 1) * frames, true);
     p.setOpacity(1);
