@@ -131,6 +131,7 @@ void design_joycal(joycal_screen& s)
 {
     s.window.name = "joycal";
     s.window.Caption = "CONTROL CALIBRATION";
+    s.window.spreads = true;
     buttons(s);
     tester(s);
     readings(s);

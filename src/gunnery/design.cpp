@@ -13,6 +13,7 @@ constexpr double panel_left = 60;
 constexpr double inner = 90;   // from the edge of a frame to its objects
 constexpr double row_height = 420;
 constexpr double row_step = 480;
+constexpr double flat_height = 660;   // of a strip in a plain screen
 
 struct layout {
     double panel_width;
@@ -128,13 +129,19 @@ void lights(gunnery_screen& s, const layout& l)
     } rows[] = {{"MAIN", {s.Imgheshon, ":lamp_amber", " on"}, {s.Imghesh, ":lamp_off", " off"}},
                 {"COAX", {s.Imgcoaxon, ":lamp_amber", " on"}, {s.Imgcoax, ":lamp_off", " off"}},
                 {"GUN READY ", {s.Imgunloaded, ":lamp_off", " off"}, {s.Imgloaded, ":lamp_green", " on"}}};
-    double top = 300;
+    panel.flat = {.Width = 4170, .Height = flat_height};
+    double top = 180, left = 120;
     for (const auto& row : rows) {
         const area place{l.inner_width - 480, top, 300, 300};
         caption(s, &panel, label({180, top + 15, 1500, 270}, row.words));
-        for (const lamp* m : {&row.lower, &row.upper})
+        const double width = &row == &rows[2] ? 1260 : 720;
+        panel.flat.places[&s.captions.back()] = {left, 195, width, 270};
+        for (const lamp* m : {&row.lower, &row.upper}) {
             add(f, m->o, named(image(place, m->drawing), std::string(row.words) + m->state), &panel);
-        top += 330;
+            panel.flat.places[&m->o] = {left + width, 180, 300, 300};
+        }
+        left += width + 450;
+        top += 345;
     }
     s.Imgloaded.Visible = s.Imgloaded.design->Visible = false;
 }
@@ -184,7 +191,14 @@ void control_panel(gunnery_screen& s)
     gunners_buttons(s, l);
     add(f, s.Frmcon, hidden(frame({inner, 7440, l.inner_width, 3870}, "Keyboard")), &s.Frame1);
     add(f, s.Image1, image({inner, 330, l.button_width, 3420}, ":keys"), &s.Frmcon);
+    for (screen_object* o : {&s.Frmmousecon, &s.Frmcon}) o->rank = 2;
     s.Frame1.docked = dock::panel;
+}
+
+void dock_beside(screen_object& o, int rank)
+{
+    o.docked = dock::beside;
+    o.rank = rank;
 }
 
 // Adds title and crew line, and on the visual screen the objects that a quick start shows instead of panels.
@@ -196,23 +210,26 @@ void title_and_crew(gunnery_screen& s)
             bold(label({window.Left, 150, 2775, 450}, s.window.Caption, colour::text, text_size::large,
                        alignment::right)));
     s.captions.back().docked = dock::above;
+    s.captions.back().rank = -1;
+    s.captions.back().flat = {.Width = 2640, .Height = flat_height};
     const area crew{window.Left, s.visual() ? 840.0 : 1290.0, window.Width, 450};
     add(f, s.lblcrew, bold(label(crew, "CREW:", colour::live, text_size::large)));
     s.lblcrew.docked = dock::above;
     if (!s.visual()) return;
     add(f, s.Imgname, hidden(image({2970, 4400, 2655, 4470}, ":emblem")));
     add(f, s.lbltargetnum, hidden(bold(label({2970, 840, 2655, 390}, "TARGET NUMBER 0 OF 9", colour::text))));
-    for (screen_object* o : {&s.Imgname, &s.lbltargetnum}) o->docked = dock::beside;
+    for (screen_object* o : {&s.Imgname, &s.lbltargetnum}) dock_beside(*o, 2);
 }
 
 void visual_display(gunnery_screen& s)
 {
     form& f = s.window;
     add(f, s.Frame2, frame({2970, 1310, 2655, 3000}, ""));
-    s.Frame2.docked = dock::beside;
-    s.Frame2.fold = 1500;
+    dock_beside(s.Frame2, 1);
+    auto& flat = s.Frame2.flat = {.Width = 3660, .Height = flat_height};
     caption(s, &s.Frame2,
             label({inner, 300, 2475, 270}, "RANGE", colour::dim, text_size::small, alignment::centre));
+    flat.places[&s.captions.back()] = {90, 45, 1260, 210};
     add(f, s.Lblrange,
         named(bold(label({inner, 570, 2475, 480}, "", colour::live, text_size::large, alignment::centre)),
               "RANGE"),
@@ -221,12 +238,19 @@ void visual_display(gunnery_screen& s)
     add(f, s.Lblpred,
         label({1515, 1140, 900, 300}, "PRED", colour::live, text_size::normal, alignment::right), &s.Frame2);
     caption(s, &s.Frame2, image({150, 1530, 2355, 1035}, ":ammo_dial"));
+    flat.places[&s.captions.back()] = {2490, 225, 910, 400};
     add(f, s.Lblammotype, named(bold(label({480, 1680, 900, 330}, "", colour::live)), "AMMUNITION"),
         &s.Frame2);
     caption(s, &s.Frame2,
             label({inner, 2580, 2475, 270}, "AMMUNITION", colour::dim, text_size::small, alignment::centre));
-    add(f, s.keynote, hidden(label({2970, 4400, 2655, 1500}, "", colour::dim, text_size::small)));
-    s.keynote.docked = dock::beside;
+    flat.places[&s.captions.back()] = {2310, 30, 1260, 210};
+    flat.places[&s.Lblrange] = {90, 240, 1260, 390};
+    flat.places[&s.Lblcharge] = {1440, 45, 720, 270};
+    flat.places[&s.Lblpred] = {1440, 345, 720, 270};
+    flat.places[&s.Lblammotype] = {2595, 270, 750, 270};
+    add(f, s.keynote, hidden(label({2970, 4400, 2655, 1050}, "", colour::dim, text_size::small)));
+    dock_beside(s.keynote, 2);
+    s.keynote.flat = {.Width = 4100, .Height = flat_height};
 }
 
 void thermal_display(gunnery_screen& s)

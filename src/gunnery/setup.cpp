@@ -49,14 +49,24 @@ void setuppanels(trainer& t, gunnery_screen& s)
     hidepanels(p, s);
 }
 
+// Lines are broken only between keys.
+std::string key_line(const std::string& key, std::string button)
+{
+    const std::string fixed = "\u00a0";
+    for (std::size_t at = 0; (at = button.find(' ', at)) != std::string::npos; at += fixed.size())
+        button.replace(at, 1, fixed);
+    return key + fixed + fixed + button + "   ";
+}
+
 // While the panel of the practice's buttons is hidden, shows their keys in its place until the practice
 // starts.
 void showkeynote(gunnery_screen& s)
 {
     s.keynote.Visible = !s.Frame3.Visible;
-    s.keynote.Caption = "Alt+S  START SIM\nAlt+T  STOP SIM\nAlt+P  PAUSE SIM\n";
-    if (s.Cmdtarget.Visible) s.keynote.Caption += "Alt+G  SHOW NEXTTARGET\n";
-    s.keynote.Caption += "Esc  RETURNT TO SETUP";
+    s.keynote.Caption =
+        key_line("Alt+S", "START SIM") + key_line("Alt+T", "STOP SIM") + key_line("Alt+P", "PAUSE SIM");
+    if (s.Cmdtarget.Visible) s.keynote.Caption += key_line("Alt+G", "SHOW NEXTTARGET");
+    s.keynote.Caption += key_line("Esc", "RETURNT TO SETUP");
 }
 
 void resetcontrols(gunnery_screen& s)

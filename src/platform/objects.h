@@ -112,13 +112,22 @@ struct object_fields : area {
 };
 
 struct form;
+struct screen_object;
+
+// How a docked object is shown in a strip that is only a line or two high. Objects inside it that aren't
+// listed are not shown there. Height 0: as designed.
+struct flat_layout {
+    double Width = 0, Height = 0;
+    std::unordered_map<const screen_object*, area> places = {};
+};
 
 struct screen_object : object_fields {
     std::optional<object_fields> design;   // values that each load gives the fields
     screen_object* parent = nullptr;       // none: the form itself
     form* owner = nullptr;
     dock docked = dock::none;
-    double fold = 0;   // dock::beside: objects from this Top on may be shown beside those above it; 0: never
+    int rank = 0;   // docked objects are arranged in the order of their ranks, then in drawing order
+    flat_layout flat;
 
     std::function<void()> Click;                   // button, label, option, check box
     std::function<void(double, double)> ClickAt;   // image; twips from its upper left corner
@@ -182,6 +191,7 @@ struct form {
     // Returns the layout for a window that is this many twips wide when scaled to the height of the form. If
     // empty, the layout is as designed.
     std::function<wide_layout(double width)> wide;
+    bool spreads = false;   // without `wide`: in a wide window the objects are spread over the width
 
     std::function<void()> load;      // runs at each load, after the design values are set
     std::function<void()> arrival;   // runs when the screen has been shown or has come to the front

@@ -293,6 +293,7 @@ void buttons(S& s)
                  {s.Cmdexit, "EXIT", ""}});
     s.Cmdstart.bold = s.Cmdstart.design->bold = true;
     s.window.exit_button = &s.Cmdexit;
+    s.window.spreads = true;
 }
 
 }   // namespace

@@ -1,5 +1,6 @@
 // The gunnery screens in windows of any shape, and the strikes, fires and rounds that the sight animates.
 #include <QImage>
+#include <QLabel>
 
 #include "gunnery/gunnery.h"
 #include "platform/desktop/windows/sight_view.h"
@@ -29,6 +30,33 @@ struct gunnery_view : trainer_test, testing::WithParamInterface<QSize> {
         EXPECT_NEAR(at.width() / at.height(), s.Picrange.Width / s.Picrange.Height, 0.01);
         EXPECT_GE(at.width() * at.height() / (window.width() * window.height()), share);
     }
+    // The share of the window that these objects take.
+    double used(const std::vector<const screen_object*>& all)
+    {
+        double pixels = 0;
+        for (const screen_object* o : all) pixels += in_window(*o).width() * in_window(*o).height();
+        return pixels / (GetParam().width() * GetParam().height());
+    }
+    // Each object is inside its frame, and each label is high enough for its text.
+    void expect_nothing_cut(const form& f)
+    {
+        for (const screen_object* o : f.objects) {
+            if (in_sight(*o) || !widget(*o).isVisible() || widget(*o).size().isEmpty()) continue;
+            if (o->parent != nullptr) {
+                EXPECT_TRUE(widget(*o->parent).rect().contains(widget(*o).geometry())) << o->Caption;
+            }
+            if (const auto* text = qobject_cast<const QLabel*>(&widget(*o))) {
+                EXPECT_LE(text->heightForWidth(text->width()), text->height() + 1) << o->Caption;
+            }
+        }
+    }
+    void expect_room_for_the_longest_words(gunnery_screen& s)
+    {
+        s.lblcrew.Caption =
+            s.visual() ? "TARGET STOP...STOP CLEAR GUNS !!" : "COMMANDER :- COAX TRANSPORT !!ON LAZE !!";
+        pc.sync();
+        expect_nothing_cut(s.window);
+    }
 };
 
 // The smallest share that the sight must have in a window of this shape.
@@ -53,15 +81,52 @@ TEST_P(gunnery_view, gives_the_sight_all_that_the_panels_leave)
                      {"visual, joystick", {&u.Optcon1}, u.Cmdstart, t.simulator},
                      {"Plain Screen", {&u.Optscreen1}, u.Cmdstart, t.simulator},
                      {"quick start", {&u.Optscreen2}, u.cmdgame, t.simulator},
-                     {"thermal, mouse", {&u.Optmode2}, u.Cmdstart, t.thermal},
+                     {"thermal, mouse", {&u.Optmode2, &u.Optcon3}, u.Cmdstart, t.thermal},
+                     {"thermal, joystick", {&u.Optcon1}, u.Cmdstart, t.thermal},
                      {"thermal, keyboard", {&u.Optcon2}, u.Cmdstart, t.thermal}};
     for (const auto& p : practices) {
         SCOPED_TRACE(p.what);
         open_practice(p.options, p.start, p.screen);
         expect_orderly(parts(p.screen.window, &p.screen.Frame1));
         expect_large(p.screen, least_share(GetParam()));
+        EXPECT_GE(used(parts(p.screen.window, &p.screen.Frame1)), 0.85) << "no strip is left empty";
+        expect_nothing_cut(p.screen.window);
+        expect_room_for_the_longest_words(p.screen);
         leave(p.screen);
     }
+}
+
+// It also keeps its size when the note of the keys disappears.
+TEST_P(gunnery_view, gives_nearly_all_of_a_plain_screen_to_the_sight)
+{
+    open_setup();
+    gunnery_screen& s = t.simulator;
+    open_practice({&t.startsim.Optmode1, &t.startsim.Optcon2, &t.startsim.Optscreen1}, t.startsim.Cmdstart,
+                  s);
+    const QRect at = in_window(s.Picrange);
+    const QSizeF most = QSizeF(s.Picrange.Width, s.Picrange.Height).scaled(GetParam(), Qt::KeepAspectRatio);
+    EXPECT_GE(at.width() / most.width(), 0.9);
+    expect_nothing_cut(s.window);
+    ASSERT_FALSE(s.keynote.Caption.empty());
+    pc.run(s.Cmdstartsim.Click);
+    settle();
+    EXPECT_TRUE(s.keynote.Caption.empty());
+    EXPECT_EQ(in_window(s.Picrange), at);
+}
+
+TEST_P(gunnery_view, closes_the_row_of_a_hidden_button)
+{
+    open_setup();
+    gunnery_screen& s = t.simulator;
+    open_practice({&t.startsim.Optmode1, &t.startsim.Optcon2}, t.startsim.Cmdstart, s);
+    const auto rows_between = [&] {
+        const QRect exit = in_window(s.CMDEXIT), slider = in_window(s.HScspeed);
+        return static_cast<double>(slider.top() - exit.bottom()) / exit.height();
+    };
+    const double hidden = rows_between();
+    pc.run([&] { s.Cmdtarget.Visible = true; });
+    EXPECT_GT(rows_between(), hidden + 0.9);
+    expect_nothing_cut(s.window);
 }
 
 INSTANTIATE_TEST_SUITE_P(windows, gunnery_view,

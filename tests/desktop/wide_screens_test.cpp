@@ -103,6 +103,26 @@ TEST_P(wide_screens, the_author_shows_a_large_range_and_a_click_marks_the_same_p
     EXPECT_GE(gain(s.Image1), shape() > 1.5 ? 1.2 : 0.97);
 }
 
+TEST_P(wide_screens, set_up_and_calibration_spread_over_the_window)
+{
+    open_setup();
+    for (form* f : {&t.startsim.window, &t.joycal.window}) {
+        SCOPED_TRACE(f->name);
+        const form_window& w = open_screen(*f);
+        const auto all = parts(*f);
+        QRect used;
+        for (const screen_object* o : all) used |= in_window(*o);
+        EXPECT_GE(used.width(), (shape() > 2 ? 0.8 : 0.97) * w.width());
+        expect_orderly(all);
+        expect_nothing_cut(*f, all);
+    }
+    const QRect field = in_window(t.joycal.Frmfield);
+    EXPECT_NEAR(field.width(), field.height(), 1);
+    const QRectF target = in_window(t.startsim.Imgpractice[3]), number = in_window(t.startsim.Lblpractice[3]);
+    EXPECT_NEAR(target.width() / target.height(), 1, 0.05);
+    EXPECT_NEAR(target.center().x(), number.center().x(), 1) << "the number stays on its target";
+}
+
 TEST_P(wide_screens, the_title_picture_covers_the_window_and_the_words_keep_to_its_middle)
 {
     open_setup();

@@ -73,14 +73,15 @@ TEST_F(screen_reset, a_plain_screen_shows_its_keys_until_the_practice_starts)
     d.pc.key_down('P', true);
     EXPECT_FALSE(p.paused) << "Cmdpausesim is disabled";
     d.pc.key_down('S', true);
-    EXPECT_TRUE(s.simrunning && !s.keynote.Visible);
+    EXPECT_TRUE(s.simrunning && s.keynote.Caption.empty());
+    EXPECT_TRUE(s.keynote.Visible) << "its place stays, so that the sight keeps its size";
     d.pc.key_down('G', true);
     EXPECT_TRUE(s.Timpause.Enabled);
     d.pc.key_down('P', true);
     EXPECT_TRUE(p.paused);
     d.pc.key_down('P', true);
     d.pc.key_down('T', true);
-    EXPECT_TRUE(!s.simrunning && s.keynote.Visible);
+    EXPECT_TRUE(!s.simrunning && !s.keynote.Caption.empty());
     d.pc.key_down(escape);
     EXPECT_EQ(shown_screens(d.pc), "startsim");
 

@@ -5,15 +5,16 @@
 #include <utility>
 #include <vector>
 
+#include "platform/desktop/windows/strips.h"
+
 namespace vorn {
 
 namespace {
 
 // Twips at the scale of the form.
-constexpr double margin = 60;         // around everything
-constexpr double gap = 90;            // between blocks
-constexpr double border = 75;         // around the sight
-constexpr double panel_title = 330;   // height
+constexpr double border = 75;                // of the sight, drawn around it
+constexpr double longest_crew_line = 7700;   // of the words that the crew can say
+constexpr std::size_t most_columns = 4;
 
 using object_list = std::vector<const screen_object*>;
 
@@ -21,125 +22,9 @@ using object_list = std::vector<const screen_object*>;
 struct docked_objects {
     const screen_object* sight = nullptr;
     const screen_object* panel = nullptr;
-    const screen_object* title = nullptr;   // above or left of the panel
-    object_list frames;                     // in the panel
-    object_list beside, above, below;
-};
-
-docked_objects docked_of(const form& f)
-{
-    docked_objects d;
-    for (const screen_object* o : f.objects) {
-        if (!o->Visible) continue;
-        if (o->docked == dock::sight) d.sight = o;
-        if (o->docked == dock::panel) d.panel = o;
-        if (o->docked == dock::beside) d.beside.push_back(o);
-        if (o->docked == dock::above) d.above.push_back(o);
-        if (o->docked == dock::below) d.below.push_back(o);
-        if (o->parent != nullptr && o->parent->docked == dock::panel) d.frames.push_back(o);
-    }
-    std::ranges::stable_sort(d.frames, {}, &screen_object::Top);
-    return d;
-}
-
-// An object to be placed.
-struct block {
-    const screen_object* object;
-    QSizeF size;
-    QPointF at = {};
-    bool folded = false;   // its lower part, from `fold` on, is shown beside the upper part
-};
-
-block block_of(const screen_object* o, bool folded = false)
-{
-    block b{o, {o->Width, o->Height}};
-    b.folded = folded && o->fold > 0;
-    if (b.folded) b.size = {2 * o->Width - gap, std::max(o->fold, o->Height - o->fold) + gap};
-    return b;
-}
-
-// Places blocks below each other, and starts a new column where a block would pass `bottom`. Returns the
-// right and lower edges of all blocks.
-QPointF fill_columns(std::vector<block>& blocks, const QPointF& from, double bottom)
-{
-    QPointF at = from, end = from;
-    for (block& b : blocks) {
-        if (at.y() > from.y() && at.y() + b.size.height() > bottom) at = {end.x() + gap, from.y()};
-        b.at = at;
-        at.ry() += b.size.height() + gap;
-        end = {std::max(end.x(), b.at.x() + b.size.width()), std::max(end.y(), at.y() - gap)};
-    }
-    return end;
-}
-
-// Places blocks side by side, and starts a new row where a block would pass `right`. Returns the lower edge
-// of all blocks.
-double fill_rows(std::vector<block>& blocks, const QPointF& from, double right)
-{
-    QPointF at = from;
-    double end = from.y();
-    for (block& b : blocks) {
-        if (at.x() > from.x() && at.x() + b.size.width() > right) at = {from.x(), end + gap};
-        b.at = at;
-        at.rx() += b.size.width() + gap;
-        end = std::max(end, at.y() + b.size.height());
-    }
-    return end;
-}
-
-double right_edge(const std::vector<block>& blocks)
-{
-    double right = 0;
-    for (const block& b : blocks) right = std::max(right, b.at.x() + b.size.width());
-    return right;
-}
-
-// If the title is the only object above the sight, it is placed next to the panel instead, unless the panel
-// is too high.
-void move_title(docked_objects& d)
-{
-    double height = d.above.front()->Height + 2 * margin + panel_title;
-    for (const screen_object* o : d.frames) height += o->Height + gap;
-    if (height > form_height / 2) return;
-    d.title = d.above.front();
-    d.above.clear();
-}
-
-std::vector<block> frames_of(const docked_objects& d)
-{
-    std::vector<block> frames;
-    for (const screen_object* o : d.frames) frames.push_back(block_of(o));
-    return frames;
-}
-
-struct frames_in_panel {
-    std::vector<block> frames;
-    QSizeF size;   // of the panel
-};
-
-// Places the frames in the panel: in one column if `upright`, otherwise in columns as high as the highest
-// frame.
-frames_in_panel fill_panel(const docked_objects& d, bool upright)
-{
-    frames_in_panel p{frames_of(d), {}};
-    if (p.frames.empty()) return p;
-    double highest = 0;
-    for (const block& b : p.frames) highest = std::max(highest, b.size.height());
-    const QPointF end = fill_columns(p.frames, {gap, panel_title}, upright ? 1e9 : panel_title + highest);
-    p.size = {end.x() + gap, end.y() + gap};
-    return p;
-}
-
-// One way to arrange the objects. Places and sizes are in twips at this scale.
-struct plan {
-    double scale = 1;
-    frames_in_panel panel = {};
-    std::vector<block> blocks = {};
-    QRectF sight = {};
-    double growth = 0;   // of the sight; 0 if the objects don't fit into the window
-    double width = 0;    // of all objects with the margins
-
-    double sight_area() const { return growth * scale * growth * scale; }
+    object_list beside;          // in the order of the columns, with the frames in the panel
+    object_list above, below;    // lines
+    double head = 0, foot = 0;   // their heights
 };
 
 double height_of(const object_list& line)
@@ -149,86 +34,165 @@ double height_of(const object_list& line)
     return height;
 }
 
-// Puts all blocks below the sight if `in_columns` is 0. Otherwise title and panel are left of the sight, with
-// further blocks until there are `in_columns` of them; the rest is below.
-plan make_plan(const docked_objects& d, const QSizeF& window, double scale, std::size_t in_columns)
+docked_objects docked_of(const form& f)
 {
-    plan p{.scale = scale, .panel = fill_panel(d, in_columns > 0)};
-    const QSizeF room = window / scale;
-    std::vector<block> columns, rows;
-    if (d.title != nullptr) columns.push_back(block_of(d.title));
-    if (!d.frames.empty()) columns.push_back({d.panel, p.panel.size});
-    if (in_columns == 0) rows = std::exchange(columns, {});
-    for (const screen_object* o : d.beside)
-        (columns.size() < in_columns ? columns : rows).push_back(block_of(o, columns.size() >= in_columns));
+    docked_objects d;
+    for (const screen_object* o : f.objects) {
+        if (!o->Visible) continue;
+        if (o->docked == dock::sight) d.sight = o;
+        if (o->docked == dock::panel) d.panel = o;
+        if (o->docked == dock::above) d.above.push_back(o);
+        if (o->docked == dock::below) d.below.push_back(o);
+        if (o->docked == dock::beside || (o->parent != nullptr && o->parent->docked == dock::panel))
+            d.beside.push_back(o);
+    }
+    // A title without the crew's words needs no line.
+    if (d.above.size() == 1) d.beside.push_back(std::exchange(d.above, {}).front());
+    std::ranges::stable_sort(d.beside, {}, &screen_object::rank);
+    d.head = height_of(d.above);
+    d.foot = height_of(d.below);
+    return d;
+}
 
-    const QPointF columns_end = fill_columns(columns, {margin, margin}, room.height() - margin);
-    if (columns_end.y() > room.height() - margin + 0.5) return p;   // too high
-    const double left = columns.empty() ? margin : columns_end.x() + gap;
-    const double rows_height = rows.empty() ? 0 : fill_rows(rows, {left, 0}, room.width() - margin) + gap;
-    const double head = height_of(d.above), foot = height_of(d.below);
-    const QSizeF free(room.width() - margin - left - 2 * border,
-                      room.height() - 2 * margin - head - foot - rows_height - 2 * border);
+// One way to arrange the objects, in twips at its scale.
+struct plan {
+    double scale = 1;
+    const strip* left = nullptr;    // of the sight, over the whole height
+    const strip* under = nullptr;   // the sight
+    double head = 0;
+    QRectF sight = {};
+    QRectF left_at = {}, under_at = {};
+    double score = -1e9;
+};
+
+// The strips of which a plan can be made. Each pair holds all blocks.
+struct strips {
+    strip left, under;
+};
+
+std::vector<block> blocks_of(const form& f, const object_list& all, unsigned chosen, bool flat)
+{
+    std::vector<block> blocks;
+    for (std::size_t n = 0; n < all.size(); ++n)
+        if ((chosen >> n & 1) != 0) blocks.push_back(flat ? flat_block_of(f, *all[n]) : block_of(f, *all[n]));
+    return blocks;
+}
+
+std::vector<strips> possible_strips(const form& f, const docked_objects& d)
+{
+    std::vector<strips> found;
+    const unsigned all = (1U << d.beside.size()) - 1;
+    for (unsigned chosen = 0; chosen <= all; ++chosen) {
+        const std::vector<block> left = blocks_of(f, d.beside, all & ~chosen, false);
+        std::vector<strip> lefts, unders;
+        if (left.empty()) lefts.emplace_back();
+        for (std::size_t n = 1; n <= std::min(most_columns, left.size()); ++n)
+            lefts.push_back(make_strip(left, n));
+        const std::vector<block> row = blocks_of(f, d.beside, chosen, true);
+        unders.push_back(make_strip(row, row.size()));
+        if (left.empty())
+            for (std::size_t n = 1; n <= std::min(most_columns, row.size()); ++n)
+                unders.push_back(make_strip(blocks_of(f, d.beside, chosen, false), n));
+        for (const strip& l : lefts)
+            for (const strip& u : unders) found.push_back({l, u});
+    }
+    return found;
+}
+
+// Whether the panel's caption has a line of its own: not in a strip of one line.
+bool has_caption_line(const strips& s)
+{
+    return !s.left.empty() || s.under.empty() || !s.under.columns.front().blocks.front().flat;
+}
+
+// How far the shapes of the blocks are from those designed. Pictures can't be stretched.
+double distortion(const strip& s, const QRectF& at)
+{
+    constexpr double good_growth = 2, of_pictures = 3;
+    double sum = 0;
+    for (const column& c : s.columns) {
+        const double across = at.width() / s.size.width(), down = at.height() / c.size.height();
+        const double wrong =
+            std::abs(std::log(across / down)) + std::max(0.0, std::log(std::min(across, down) / good_growth));
+        const double weight = c.give < 0.5 * c.size.height() ? of_pictures : 1;
+        sum += c.size.width() / s.size.width() * weight * (wrong + 2 * wrong * wrong);
+    }
+    return sum;
+}
+
+// A large sight counts most, then large panels, then panels of their own shape. Empty bands count against it.
+double score_of(const plan& p, const QSizeF& room, double larger)
+{
+    const double area = room.width() * room.height();
+    const auto part = [&](const QRectF& r) { return r.width() * r.height() / area; };
+    const double used = part(p.sight) + part(p.left_at) + part(p.under_at);
+    return std::log(part(p.sight)) + 0.3 * std::log(larger) -
+           0.15 * (part(p.left_at) * distortion(*p.left, p.left_at) +
+                   part(p.under_at) * distortion(*p.under, p.under_at)) -
+           (1 - used);
+}
+
+plan make_plan(const docked_objects& d, const strips& s, const QSizeF& window, double scale, double larger)
+{
+    plan p{.scale = scale * larger, .left = &s.left, .under = &s.under};
+    const QSizeF room = window / p.scale;
+    const double caption = has_caption_line(s) ? frame_title : 0;
+    const double width = s.left.empty() ? 0 : s.left.size.width() + gap;
+    double height = s.under.empty() ? 0 : s.under.size.height() + gap + (s.left.empty() ? caption : 0);
+    const auto too_large = [&](const QSizeF& size, const QSizeF& space) {
+        return size.width() > space.width() + 0.5 || size.height() > space.height() + 0.5;
+    };
+    if (too_large(s.left.size, {room.width(), room.height() - caption - gap})) return p;
+    const double beside = room.width() - 2 * gap - width;
+    if (too_large(s.under.size, {beside, room.height()})) return p;
+    p.head = d.head;
+    if (d.above.size() > 1 && beside < longest_crew_line + gap + d.above.front()->Width) p.head *= 2;
+    if (d.head > 0 && beside < longest_crew_line) return p;
+    const QSizeF free(beside - 2 * border, room.height() - 2 * gap - p.head - d.foot - height - 2 * border);
     if (free.isEmpty()) return p;
-    const double rows_right = right_edge(rows);
-    if (rows_right > room.width() - margin + 0.5) return p;   // too wide
-    const double growth = std::min(free.width() / d.sight->Width, free.height() / d.sight->Height);
-    if (!d.below.empty() && growth < 1) return p;   // the objects below the sight would overlap
-    p.growth = growth;
-    const QSizeF size = QSizeF(d.sight->Width, d.sight->Height) * p.growth;
-    // Centred in the remaining height.
-    const double top = margin + head + border + (free.height() - size.height()) / 2;
-    p.sight = QRectF(QPointF(left + border, top), size);
-    for (block& b : rows) b.at.ry() += p.sight.bottom() + border + foot + gap;
-    p.width = std::max(p.sight.right() + border, rows_right) + margin;
-    p.blocks = std::move(columns);
-    p.blocks.insert(p.blocks.end(), rows.begin(), rows.end());
+    const QSizeF model(d.sight->Width, d.sight->Height);
+    const QSizeF size = model.scaled(free, Qt::KeepAspectRatio);
+    if (!d.below.empty() && size.width() < model.width()) return p;   // the line below would be too narrow
+    const QSizeF spare = free - size;
+    const double left =
+        s.left.empty() ? gap + border + spare.width() / 2 : room.width() - gap - border - size.width();
+    const double top = gap + p.head + border + (s.under.empty() ? spare.height() / 2 : 0);
+    p.sight = QRectF(QPointF(left, top), size);
+    if (!s.left.empty()) p.left_at = {gap, caption, left - border - 2 * gap, room.height() - caption - gap};
+    const double under_left = s.left.empty() ? gap : left - border;
+    const double under_top = p.sight.bottom() + border + d.foot + gap + (s.left.empty() ? caption : 0);
+    if (!s.under.empty())
+        p.under_at = {under_left, under_top, room.width() - gap - under_left,
+                      room.height() - gap - under_top};
+    p.score = score_of(p, room, larger);
     return p;
 }
 
-// The plan with all blocks below the sight. They are enlarged as long as the sight keeps 95 % of its area.
-plan panels_below(const docked_objects& d, const QSizeF& window, double scale)
+plan best_plan(const docked_objects& d, const std::vector<strips>& possible, const QSizeF& window,
+               double scale)
 {
-    plan best = make_plan(d, window, scale, 0);
-    const double least = 0.95 * best.sight_area();
-    for (int percent = 105; percent <= 250; percent += 5) {
-        plan larger = make_plan(d, window, scale * percent / 100, 0);
-        if (larger.sight_area() >= least) best = std::move(larger);
-    }
+    plan best;
+    for (int percent = 100; percent <= 300; percent += 5)
+        for (const strips& s : possible) {
+            plan p = make_plan(d, s, window, scale, percent / 100.0);
+            if (p.score > best.score) best = p;
+        }
     return best;
 }
 
-// The plan with the largest sight. A plan with more blocks beside the sight, where they are easier to see, is
-// preferred even if its sight is slightly smaller.
-plan best_plan(const docked_objects& d, const QSizeF& window, double scale)
+// The line above the sight. The title ends at the right edge of the sight, over the crew's words where they
+// need the whole width.
+void place_above(arrangement& a, const docked_objects& d, const plan& p)
 {
-    constexpr double nearly = 0.97;
-    plan best = panels_below(d, window, scale);
-    for (std::size_t in_columns = 1; in_columns <= d.beside.size() + 2; ++in_columns) {
-        plan p = make_plan(d, window, scale, in_columns);
-        if (p.sight_area() > nearly * best.sight_area()) best = std::move(p);
+    const QRectF line(p.sight.left(), p.sight.top() - border - p.head, p.sight.width(), p.head);
+    const bool two_lines = p.head > d.head;
+    for (const screen_object* o : d.above) {
+        const bool title = o->Alignment == alignment::right;
+        const double left = title ? line.right() - o->Width : line.left();
+        const double right = title || two_lines ? line.right() : line.right() - d.above.front()->Width - gap;
+        const double top = title ? line.top() : line.bottom() - o->Height;
+        a.places[o] = {left, top, right - left, o->Height};
     }
-    return best;
-}
-
-// Places the row above the sight. Right-aligned objects end at the right edge of the sight; another object
-// gets the remaining width.
-void place_above(arrangement& a, const object_list& line, const QRectF& sight)
-{
-    double right = sight.right();
-    for (const screen_object* o : line) {
-        const bool at_right = o->Alignment == alignment::right;
-        const double left = at_right ? right - o->Width : sight.left();
-        a.places[o] = {left, sight.top() - border - o->Height, right - left, o->Height};
-        if (at_right) right = left - gap;
-    }
-}
-
-void fold_objects(arrangement& a, const form& f, const screen_object& frame)
-{
-    for (const screen_object* o : f.objects)
-        if (o->parent == &frame && o->Top >= frame.fold)
-            a.enlarged[o] = {.right = frame.Width - gap, .down = gap - frame.fold};
 }
 
 void place_sight(arrangement& a, const screen_object& sight, const QRectF& at)
@@ -245,6 +209,30 @@ void place_below(arrangement& a, const object_list& line, const screen_object& s
                        o->Height};
 }
 
+// The panel surrounds the sight if there are blocks left of it.
+void place_strips(arrangement& a, const form& f, const docked_objects& d, const plan& p, const QSizeF& room)
+{
+    QRectF panel;
+    if (!p.left->empty())
+        panel = QRectF(QPointF(0, 0), room);
+    else if (!p.under->empty()) {
+        const double top = p.sight.bottom() + border + d.foot;
+        panel = QRectF(0, top, room.width(), room.height() - top);
+    }
+    bool frames = false;
+    strip left = *p.left, under = *p.under;
+    fill(left, p.left_at);
+    fill(under, p.under_at);
+    for (const strip* s : {&left, &under})
+        for (const column& c : s->columns)
+            for (const block& b : c.blocks) {
+                const bool in_panel = b.object->parent == d.panel && d.panel != nullptr;
+                place_block(a, f, b, in_panel ? panel.topLeft() : QPointF());
+                frames |= in_panel;
+            }
+    if (d.panel != nullptr) a.places[d.panel] = frames ? panel : QRectF();
+}
+
 // Enlarges a backdrop from the middle of the form until it covers the window.
 enlargement cover(const screen_object& o, const QSizeF& room)
 {
@@ -255,9 +243,15 @@ enlargement cover(const screen_object& o, const QSizeF& room)
 
 void arrange_without_sight(arrangement& a, const form& f, const QSizeF& room)
 {
-    constexpr double wider = 150;   // twips; a smaller difference doesn't change the layout
-    const bool wide = f.wide && room.width() > form_width + wider;
-    const wide_layout layout = wide ? f.wide(room.width()) : wide_layout{};
+    constexpr double wider = 150;    // twips; a smaller difference doesn't change the layout
+    constexpr double widest = 1.5;   // of a form without a layout of its own, in its own widths
+    const bool wide = room.width() > form_width + wider;
+    wide_layout layout = wide && f.wide ? f.wide(room.width()) : wide_layout{};
+    if (wide && f.spreads) {
+        layout.width = std::min(room.width(), widest * form_width);
+        spread_across(a, f, layout.width / form_width);
+        a.spread = true;
+    }
     a.corner =
         QPointF(room.width() - layout.width, room.height() - form_height) / 2 / twips_per_pixel * a.scale;
     for (const auto& [o, at] : layout.places) a.places[o] = {at.Left, at.Top, at.Width, at.Height};
@@ -273,30 +267,26 @@ arrangement arrange(const form& f, const QSize& window)
     const QSizeF twips = QSizeF(window) * twips_per_pixel;
     arrangement a;
     a.scale = std::min(twips.width() / form_width, twips.height() / form_height);
-    docked_objects d = docked_of(f);
+    const docked_objects d = docked_of(f);
     if (d.sight == nullptr) {
         arrange_without_sight(a, f, twips / a.scale);
         return a;
     }
-    if (d.above.size() == 1) move_title(d);
-    const plan p = best_plan(d, twips, a.scale);
+    const std::vector<strips> possible = possible_strips(f, d);
+    const plan p = best_plan(d, possible, twips, a.scale);
+    if (p.left == nullptr) return a;
     a.scale = p.scale;
-    a.corner = {(window.width() - p.width / twips_per_pixel * a.scale) / 2, 0};
     place_sight(a, *d.sight, p.sight);
-    for (const block& b : p.panel.frames) a.places[b.object] = QRectF(b.at, b.size);
-    if (d.panel != nullptr) a.places[d.panel] = {};   // stays empty if it has no frames
-    for (const block& b : p.blocks) {
-        a.places[b.object] = QRectF(b.at, b.size);
-        if (b.folded) fold_objects(a, f, *b.object);
-    }
-    place_above(a, d.above, p.sight);
+    place_strips(a, f, d, p, twips / p.scale);
+    place_above(a, d, p);
     place_below(a, d.below, *d.sight, p.sight);
     return a;
 }
 
 bool affects_arrangement(const screen_object& o)
 {
-    return o.docked != dock::none || (o.parent != nullptr && o.parent->docked == dock::panel);
+    if (o.docked != dock::none || (o.parent != nullptr && o.parent->docked == dock::panel)) return true;
+    return o.kind == object_kind::button && o.parent != nullptr && affects_arrangement(*o.parent);
 }
 
 }   // namespace vorn

@@ -1,6 +1,7 @@
 // Arranges the objects of a form in a window of any shape. A form without a docked sight is scaled as a
-// whole, and may have its own layout for wide windows. In a form with a docked sight the other objects keep
-// their proportions, and the sight gets the remaining space.
+// whole; in a wide window its objects are spread over the width, or it has its own layout there. In a form
+// with a docked sight the other objects fill strips left of the sight and below it, and the sight gets the
+// rest.
 #pragma once
 
 #include <QPointF>
@@ -19,6 +20,7 @@ struct arrangement {
     // their own place.
     std::unordered_map<const screen_object*, QRectF> places;
     std::unordered_map<const screen_object*, enlargement> enlarged;
+    bool spread = false;   // the places depend on the objects' own places
 };
 
 // The result depends on the window's size in pixels and on which objects are visible.

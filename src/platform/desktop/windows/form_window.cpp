@@ -14,6 +14,7 @@
 
 #include "platform/desktop/desktop_machine.h"
 #include "platform/desktop/windows/sight_view.h"
+#include "platform/desktop/windows/views.h"
 
 namespace vorn {
 
@@ -83,6 +84,7 @@ void form_window::make_object(screen_object& o)
         s.widget = parent->widget;
         parent->inside.push_back(&s);
     } else {
+        if (o.kind == object_kind::sight && parent == nullptr) sight_edge_ = new sight_edge(this);
         make_widget(s, parent == nullptr ? this : parent->widget,
                     [this](const std::function<void()>& event) { pc_.run(event); });
         if (auto* sight = dynamic_cast<sight_view*>(s.widget)) {
@@ -139,7 +141,7 @@ void form_window::sync()
         rearranged |= s->object->Visible != s->drawn.Visible && affects_arrangement(*s->object);
         draw_fields(*s, false);
     }
-    if (rearranged)
+    if (rearranged || (widgets_moved && arrangement_.spread))
         arrange_objects();
     else if (widgets_moved)
         place_objects();
@@ -247,7 +249,10 @@ QRect form_window::place_of(const screen_object& o) const
 void form_window::place_objects()
 {
     for (const auto& s : objects_) {
-        if (!in_sight(*s->object)) s->widget->setGeometry(place_of(*s->object));
+        if (in_sight(*s->object)) continue;
+        s->widget->setGeometry(place_of(*s->object));
+        if (s->object->kind == object_kind::sight && s->object->parent == nullptr)
+            sight_edge_->surround(*s->widget);
     }
     update();
 }
@@ -258,18 +263,8 @@ void form_window::resizeEvent(QResizeEvent*)
     if (fitted_ != size()) arrange_objects();
 }
 
-// Draws a dark border around each sight.
 void form_window::paintEvent(QPaintEvent*)
 {
-    QPainter p(this);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(QColor(control_colour::edge), std::max(1.0, style_.scale)));
-    p.setBrush(QColor(control_colour::shadow));
-    const double border = 5 * style_.scale;
-    for (const auto& s : objects_)
-        if (s->drawn.kind == object_kind::sight && s->widget->isVisible() && s->widget->parent() == this)
-            p.drawRoundedRect(QRectF(s->widget->geometry()).adjusted(-border, -border, border, border),
-                              border, border);
     if (!std::exchange(painted_, true)) QTimer::singleShot(0, this, [this] { pc_.hide_leaving(); });
 }
 

@@ -15,6 +15,7 @@ class QAbstractButton;
 namespace vorn {
 
 class desktop_machine;
+class sight_edge;
 class sight_view;
 
 class form_window final : public QWidget {
@@ -78,6 +79,7 @@ private:
     const screen_object* pressed_by_space_ = nullptr;
     std::vector<std::unique_ptr<shown_object>> objects_;
     std::vector<sight_view*> sights_;
+    sight_edge* sight_edge_ = nullptr;   // around a sight outside any frame
 };
 
 }   // namespace vorn

@@ -181,6 +181,30 @@ void picture_view::hideEvent(QHideEvent*)
     cached_ = {};
 }
 
+constexpr double edge_width = 5;   // pixels at scale 1
+
+sight_edge::sight_edge(QWidget* parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setStyle(parent->style());
+}
+
+void sight_edge::surround(const QWidget& sight)
+{
+    const int width = static_cast<int>(std::ceil(edge_width * scale_of(*this)));
+    setGeometry(sight.geometry().adjusted(-width, -width, width, width));
+}
+
+void sight_edge::paintEvent(QPaintEvent*)
+{
+    const double line = std::max(1.0, scale_of(*this)), radius = edge_width * scale_of(*this);
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(QColor(control_colour::edge), line));
+    p.setBrush(QColor(control_colour::shadow));
+    p.drawRoundedRect(QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2), radius, radius);
+}
+
 shape_view::shape_view(const object_fields& fields, QWidget* parent) : QWidget(parent), fields_(fields) {}
 
 void shape_view::paintEvent(QPaintEvent*)

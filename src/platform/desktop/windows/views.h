@@ -67,6 +67,16 @@ private:
     picture cached_;
 };
 
+// The dark border behind a sight, over the panel that may surround it.
+class sight_edge final : public QWidget {
+public:
+    explicit sight_edge(QWidget* parent);
+    void surround(const QWidget& sight);
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+};
+
 class shape_view final : public QWidget {
 public:
     shape_view(const object_fields& fields, QWidget* parent);

@@ -1,0 +1,258 @@
+#include "platform/desktop/windows/strips.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+#include <utility>
+
+namespace vorn {
+
+namespace {
+
+constexpr double largest_growth = 2;      // of the text in a frame that is larger than designed
+constexpr double largest_readout = 1.8;   // the same, of a large text in a frame that is only higher
+constexpr double give_of_picture = 0.3;   // a frame with nothing but a picture gains less by more height
+
+using object_list = std::vector<const screen_object*>;
+
+object_list inside(const form& f, const screen_object* frame)
+{
+    object_list found;
+    for (const screen_object* o : f.objects)
+        if (o->parent == frame) found.push_back(o);
+    return found;
+}
+
+bool is_picture(const screen_object& o)
+{
+    return o.kind == object_kind::image || o.kind == object_kind::shape;
+}
+
+// The height of the row of a hidden button that has no visible object beside it; else 0.
+double hidden_row(const object_list& all, const screen_object& o)
+{
+    if (o.Visible || o.kind != object_kind::button) return 0;
+    double next = std::numeric_limits<double>::max();
+    for (const screen_object* other : all) {
+        if (!other->Visible) continue;
+        if (other->Top < o.Top + o.Height && other->Top + other->Height > o.Top) return 0;
+        if (other->Top > o.Top) next = std::min(next, other->Top);
+    }
+    return next == std::numeric_limits<double>::max() ? 0 : next - o.Top;
+}
+
+// How much higher an object is shown since rows above it are hidden.
+double raised(const object_list& all, double top)
+{
+    double height = 0;
+    for (const screen_object* o : all)
+        if (o->Top < top) height += hidden_row(all, *o);
+    return height;
+}
+
+double give_of(const screen_object& o, const object_list& all)
+{
+    if (is_picture(o)) return give_of_picture;
+    if (o.kind != object_kind::frame) return 0;
+    return std::ranges::all_of(all, [](const screen_object* o) { return is_picture(*o); }) ? give_of_picture
+                                                                                           : 1;
+}
+
+void measure(column& c)
+{
+    c.size = {0, -gap};
+    for (const block& b : c.blocks) {
+        c.give += b.size.height() * b.give;
+        c.size = {std::max(c.size.width(), b.size.width()), c.size.height() + b.size.height() + gap};
+    }
+}
+
+strip strip_of(std::span<const block> blocks, const std::vector<std::size_t>& ends)
+{
+    strip s;
+    s.size = {-gap, 0};
+    std::size_t from = 0;
+    for (const std::size_t end : ends) {
+        column& c = s.columns.emplace_back();
+        c.blocks.assign(blocks.begin() + static_cast<std::ptrdiff_t>(from),
+                        blocks.begin() + static_cast<std::ptrdiff_t>(end));
+        measure(c);
+        s.size = {s.size.width() + c.size.width() + gap, std::max(s.size.height(), c.size.height())};
+        from = end;
+    }
+    return s;
+}
+
+// All ways to cut `count` blocks into columns, none of which is empty.
+void cut(std::vector<std::vector<std::size_t>>& ways, std::vector<std::size_t> ends, std::size_t count,
+         std::size_t columns)
+{
+    const std::size_t from = ends.empty() ? 0 : ends.back();
+    if (columns == 1) {
+        ends.push_back(count);
+        ways.push_back(std::move(ends));
+        return;
+    }
+    for (std::size_t end = from + 1; end + columns - 1 <= count; ++end) {
+        ends.push_back(end);
+        cut(ways, ends, count, columns - 1);
+        ends.pop_back();
+    }
+}
+
+void fill_column(column& c, const QRectF& at)
+{
+    const double extra = at.height() - c.size.height();
+    double top = c.give > 0 ? at.top() : at.top() + extra / 2;
+    for (block& b : c.blocks) {
+        const double more = c.give > 0 ? extra * b.size.height() * b.give / c.give : 0;
+        b.at = {at.left(), top, at.width(), b.size.height() + more};
+        top = b.at.bottom() + gap;
+    }
+}
+
+// How the inside of a frame is spread over its place, in twips at the growth of the frame.
+struct spread {
+    double across, down;
+    double title;   // not spread
+
+    QRectF cell(const QRectF& r) const
+    {
+        return {r.left() * across, title + (r.top() - title) * down, r.width() * across, r.height() * down};
+    }
+    QSizeF picture(const QSizeF& size) const { return size * std::min(across, down); }
+};
+
+QRectF centred(const QSizeF& size, const QRectF& in)
+{
+    return {in.center().x() - size.width() / 2, in.center().y() - size.height() / 2, size.width(),
+            size.height()};
+}
+
+using places = std::vector<std::pair<const screen_object*, QRectF>>;
+
+// Where the objects of a block are as designed or in its flat layout.
+places places_in(const form& f, const block& b)
+{
+    places found;
+    const object_list all = inside(f, b.object);
+    for (const screen_object* o : all) {
+        area at = *o;
+        if (b.flat) {
+            const auto flat = b.object->flat.places.find(o);
+            at = flat == b.object->flat.places.end() ? area{} : flat->second;
+        } else
+            at.Top -= raised(all, at.Top);
+        found.emplace_back(o, QRectF(at.Left, at.Top, at.Width, at.Height));
+    }
+    return found;
+}
+
+// The picture on which an object lies; null when there is none.
+const std::pair<const screen_object*, QRectF>* picture_under(const places& all, const QRectF& at)
+{
+    for (const auto& p : all)
+        if (p.first->Visible && p.first->kind == object_kind::image && p.second.contains(at) &&
+            p.second != at)
+            return &p;
+    return nullptr;
+}
+
+bool keeps_shape(const screen_object& o)
+{
+    return o.kind == object_kind::image || o.kind == object_kind::sight ||
+           (o.kind == object_kind::shape && o.Shape != shape_kind::rectangle);
+}
+
+QRectF spread_place(const spread& s, const places& all, const screen_object& o, const QRectF& at)
+{
+    if (keeps_shape(o)) return centred(s.picture(at.size()), s.cell(at));
+    if (const auto* under = picture_under(all, at)) {
+        const QRectF now = centred(s.picture(under->second.size()), s.cell(under->second));
+        const double factor = now.width() / under->second.width();
+        return {now.topLeft() + (at.topLeft() - under->second.topLeft()) * factor, at.size() * factor};
+    }
+    const QRectF cell = s.cell(at);
+    return o.kind == object_kind::slider ? centred({cell.width(), at.height()}, cell) : cell;
+}
+
+}   // namespace
+
+block block_of(const form& f, const screen_object& o)
+{
+    const object_list all = inside(f, &o);
+    double hidden = 0;
+    for (const screen_object* child : all) hidden += hidden_row(all, *child);
+    return {&o, {o.Width, o.Height - hidden}, false, give_of(o, all)};
+}
+
+block flat_block_of(const form& f, const screen_object& o)
+{
+    if (o.flat.Height == 0) return block_of(f, o);
+    return {&o, {o.flat.Width, o.flat.Height}, true, give_of(o, inside(f, &o))};
+}
+
+strip make_strip(std::span<const block> blocks, std::size_t columns)
+{
+    if (columns == 0 || blocks.size() < columns) return {};
+    std::vector<std::vector<std::size_t>> ways;
+    cut(ways, {}, blocks.size(), columns);
+    strip best;
+    for (const auto& way : ways) {
+        strip s = strip_of(blocks, way);
+        if (best.empty() || s.size.height() < best.size.height()) best = std::move(s);
+    }
+    return best;
+}
+
+void fill(strip& s, const QRectF& at)
+{
+    const double gaps = gap * static_cast<double>(s.columns.size() - 1);
+    const double wider = (at.width() - gaps) / (s.size.width() - gaps);
+    double left = at.left();
+    for (column& c : s.columns) {
+        const double width = c.size.width() * wider;
+        fill_column(c, {left, at.top(), width, at.height()});
+        left += width + gap;
+    }
+}
+
+void place_block(arrangement& a, const form& f, const block& b, const QPointF& parent_corner)
+{
+    const screen_object& o = *b.object;
+    const double across = b.at.width() / b.size.width(), down = b.at.height() / b.size.height();
+    if (o.kind == object_kind::image) {
+        a.places[&o] = centred(b.size * std::min(across, down), b.at).translated(-parent_corner);
+        return;
+    }
+    QRectF at = b.at;
+    if (b.flat && o.kind == object_kind::label) at.setTop(at.bottom() - std::min(at.height(), o.Height));
+    a.places[&o] = at.translated(-parent_corner);
+    if (o.kind != object_kind::frame) return;
+    const double growth = std::clamp(std::min(across, down), 1.0, largest_growth);
+    a.enlarged[&o] = {.factor = growth};
+    const double title = o.Caption.empty() ? 0 : frame_title;
+    const spread s{across / growth, (b.at.height() / growth - title) / (b.size.height() - title), title};
+    const places all = places_in(f, b);
+    for (const auto& [child, at] : all) {
+        a.places[child] = spread_place(s, all, *child, at);
+        if (child->kind == object_kind::label && child->size == text_size::large)
+            a.enlarged[child] = {.factor = std::clamp(s.down, 1.0, largest_readout)};
+    }
+}
+
+void spread_across(arrangement& a, const form& f, double wider)
+{
+    const spread s{wider, 1, 0};
+    const auto spread_inside = [&](const screen_object* parent) {
+        places all;
+        for (const screen_object* o : inside(f, parent))
+            all.emplace_back(o, QRectF(o->Left, o->Top, o->Width, o->Height));
+        for (const auto& [o, at] : all) a.places[o] = spread_place(s, all, *o, at);
+    };
+    spread_inside(nullptr);
+    for (const screen_object* o : f.objects)
+        if (o->kind == object_kind::frame) spread_inside(o);
+}
+
+}   // namespace vorn
