@@ -262,6 +262,7 @@ void make_sequencer(trainer& t, gunnery_screen& s)
 {
     add(s.window, s.Timer1, s.numbers.timer1,
         [&t, &s] { s.targetindex = static_cast<int>(Int(Rnd(t.random) * 19)) + 1; });
+    s.Timer1.slack = 0.1;   // it only draws a number: nobody sees how often
     add(s.window, s.Timpause, 1000, [&t, &s] { timpause_tick(t, s); });
     add(s.window, s.Timtarget, 1000, [&t, &s] { timtarget_tick(t, s); });
     s.Cmdstartsim.Click = [&t, &s] { cmdstartsim_click(t, s); };

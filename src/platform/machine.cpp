@@ -162,6 +162,16 @@ double next_tick(machine& m)
     return t == nullptr ? std::numeric_limits<double>::infinity() : t->due;
 }
 
+double next_wake(machine& m)
+{
+    arm_timers(m);
+    double wake = std::numeric_limits<double>::infinity();
+    for (const form* f : m.screens.loaded)
+        for (const timer* t : f->timers)
+            if (can_tick(*t)) wake = std::min(wake, t->due + t->slack);
+    return wake;
+}
+
 // Ticks stay at multiples of the interval. A late timer ticks once, however many ticks it has missed.
 static void tick(machine& m, timer& t)
 {

@@ -155,6 +155,8 @@ void handle(machine&, const std::function<void()>& event);
 
 // Time of the next tick in seconds on the machine's clock; infinity if no timer runs.
 double next_tick(machine&);
+// When the machine must deliver ticks next, if timers use their slack.
+double next_wake(machine&);
 // Runs the handlers of the due timers, each once, in the order of their due times, and `after_each` after
 // each of them. A timer never ticks inside its own handler.
 void deliver_ticks(machine&, const std::function<void()>& after_each = {});

@@ -142,6 +142,7 @@ struct screen_object : object_fields {
 struct timer {
     int Interval = 0;   // milliseconds
     bool Enabled = false;
+    double slack = 0;   // seconds that a tick may be late, so that the program wakes up less often
     std::function<void()> tick;
 
     // Used only by machine.cpp and start.

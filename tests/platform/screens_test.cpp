@@ -84,5 +84,19 @@ TEST_F(two_screens, a_late_timer_ticks_once_and_never_inside_its_own_handler)
     EXPECT_EQ(deepest, 1);
 }
 
+TEST_F(two_screens, a_timer_with_slack_alone_wakes_the_machine_later)
+{
+    timer other;
+    add(a, other, 1500, [] {});
+    clock.slack = 0.75;   // of a second; it ticks each second
+    pc.event([this] { start(clock); });
+    const double begin = pc.now();
+    EXPECT_EQ(next_wake(pc), begin + 1.75);
+    pc.event([&] { start(other); });
+    EXPECT_EQ(next_wake(pc), begin + 1.5) << "another timer doesn't wait";
+    pc.advance(1.5);
+    EXPECT_EQ(taken(), list{"tick"});
+}
+
 }   // namespace
 }   // namespace vorn

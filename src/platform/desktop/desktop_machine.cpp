@@ -130,7 +130,7 @@ void desktop_machine::end_program()
 
 void desktop_machine::start_clock()
 {
-    const double next = next_tick(*this);
+    const double next = next_wake(*this);
     if (std::isinf(next)) return clock_.stop();
     clock_.start(static_cast<int>(std::ceil(std::max(0.0, next - now()) / speed_ * 1000)));
 }
