@@ -42,7 +42,7 @@ QString marked_for(QString html, const QString& screen)
     qsizetype from = 0;
     for (QRegularExpressionMatch m = note.match(html); m.hasMatch(); m = note.match(html, from)) {
         const bool here = m.captured(1).split(' ').contains(screen);
-        const QString mark = here ? " <b class=\"here\">&#9664;&nbsp;this&nbsp;screen</b>" : "";
+        const QString mark = here ? " <b class=\"here\">&#9668;&nbsp;this&nbsp;screen</b>" : "";
         html.replace(m.capturedStart(), m.capturedLength(), mark);
         from = m.capturedStart() + mark.size();
     }
