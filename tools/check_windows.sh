@@ -83,7 +83,6 @@ start() {
     "$@" >/dev/null 2>&1 &
     program=$!
     await "$title" 90
-    sleep 1
 }
 
 await_end() {
@@ -97,7 +96,12 @@ covers_screen() { [ "$(xdotool getwindowgeometry "$(window "$1")" | tail -1 | tr
 
 # From the title screen to the editor, in full screen.
 carry_full_screen() {
-    xdotool key Return sleep 3 key F11   # Return closes the box
+    for _ in $(seq 20); do   # Return closes the box
+        sleep 2
+        [ "$(xdotool getwindowgeometry --shell "$(window "$title")" | sed -n s/WIDTH=//p)" -lt 1000 ] || break
+        xdotool key Return
+    done
+    xdotool key F11
     fills_screen "$title" || fail "the title screen isn't full screen"
     sleep 2
     picture title
