@@ -191,7 +191,7 @@ private:
     {
         take("visual", s.window,
              {on_head(s.Frame3), on_head(s.Frmsys), on_head(s.Frame5), on_head(s.Frmcon), right_of(s.lblcrew),
-              on_head(s.Frame2), on_head(s.Picrange, 0.97)});
+              on_head(s.Frame2, 0.05), on_head(s.Picrange, 0.97)});
         const auto at = [&](double x, double y) { return place_in(s.Picrange, place(x, y, 0, 0)).topLeft(); };
         s.Imgtargets.Visible = false;
         take_part("reticle", s.window, place_in(s.Picrange, place(1500, 300, 6200, 6200)), 560,
