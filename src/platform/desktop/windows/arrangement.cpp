@@ -46,7 +46,7 @@ docked_objects docked_of(const form& f)
         if (o->docked == dock::beside || (o->parent != nullptr && o->parent->docked == dock::panel))
             d.beside.push_back(o);
     }
-    // A title without the crew's words needs no line.
+    // When the crew line is hidden, the title joins the panels and has no line of its own.
     if (d.above.size() == 1) d.beside.push_back(std::exchange(d.above, {}).front());
     std::ranges::stable_sort(d.beside, {}, &screen_object::rank);
     d.head = height_of(d.above);

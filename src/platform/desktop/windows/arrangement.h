@@ -20,7 +20,7 @@ struct arrangement {
     // their own place.
     std::unordered_map<const screen_object*, QRectF> places;
     std::unordered_map<const screen_object*, enlargement> enlarged;
-    bool spread = false;   // the places depend on the objects' own places
+    bool spread = false;   // the places must be computed again when an object moves
 };
 
 // The result depends on the window's size in pixels and on which objects are visible.
