@@ -34,7 +34,7 @@ once() {
     echo "$key" >"$stamp"
 }
 
-# apt with a list of sources of its own, which leaves the machine's alone.
+# Runs apt with its own list of sources, so that the list of the machine stays unchanged.
 apt_source() {
     apt-get -q -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$work/apt/parts" \
         -o Dir::State::lists="$work/apt/lists" -o APT::Sandbox::User=root "$@"
@@ -56,7 +56,7 @@ unpack() {
     local name=$1 original dsc
     original=$(echo "$work/sources/${name}_"*.orig.tar.*z) dsc=$(echo "$work/sources/${name}_"*.dsc)
     echo "${sources[$name]}  $original" | sha256sum --check --quiet ||
-        { say "$original is not what was expected"; exit 1; }
+        { say "$original has the wrong checksum"; exit 1; }
     rm -rf "${work:?}/src/$name"
     mkdir -p "$work/src"
     dpkg-source --no-check -x "$dsc" "$work/src/$name" >/dev/null
@@ -70,7 +70,8 @@ cross_cmake() {   # SOURCE BUILD OPTIONS...
         { tail -30 "$work/$build.configure.log"; return 1; }
 }
 
-# Debian's source has no wintab.h, so there are no tablets. Direct2D is needed by PrintSupport. What is bundled is used.
+# Debian's source has no wintab.h, so there is no support for tablets. PrintSupport needs Direct2D. Libraries bundled with
+# Qt are used.
 qt_options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DINPUT_opengl=no)
 for feature in tabletevent sql network testlib dbus concurrent xml opengl vulkan zstd icu pkg_config glib system_zlib \
     system_png system_jpeg system_freetype system_harfbuzz system_pcre2 system_doubleconversion; do
@@ -99,7 +100,7 @@ build_sdl() {
     ninja -C "$work/sdl" -j "$jobs" install >/dev/null
 }
 
-# What stands beside the program: libraries, Qt's plug-ins, gcc's run time; all without what only debuggers need.
+# Copies the libraries, Qt's plug-ins and gcc's runtime libraries beside the program, and strips all of them.
 add_libraries() {
     local out=$1 gcc file
     gcc=$(dirname "$(x86_64-w64-mingw32-gcc-posix -print-file-name=libstdc++-6.dll)")
@@ -112,8 +113,8 @@ add_libraries() {
     for file in "$out"/*.{exe,dll} "$out"/*/*.dll; do x86_64-w64-mingw32-strip "$file"; done
 }
 
-# Each library that a file of the folder needs is there or belongs to Windows: mingw-w64 has an import library for it, or it
-# is one of the names behind which Windows keeps parts of its interface.
+# Checks that each library that a file in the folder needs is in the folder or part of Windows: mingw-w64 has an import
+# library for it, or it is an API set (api-ms-win-*).
 check_libraries() {
     local out=$1 name absent=0
     for name in $(x86_64-w64-mingw32-objdump -p "$out"/*.{exe,dll} "$out"/*/*.dll | sed -n 's/.*DLL Name: //p' | sort -u); do

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Tries the trainer for Windows under Wine: runs the core's tests; installs it silently into a fresh Windows, starts it, works
-# it by mouse and keys to a kill and to saved files, installs it again over itself, uninstalls it, and looks at what is left;
-# works the unpacked folder in a path with blanks and letters of other alphabets, and compares its start with that of the
-# trainer for this system. tools/build_windows.sh must have run.
+# Checks the trainer for Windows under Wine. Runs the core's tests. Installs the trainer silently into a fresh Wine, starts
+# it, operates it by mouse and keys until a target is destroyed and files are saved, installs it again, uninstalls it, and
+# checks what is left. Also operates the unpacked program, in a path with blanks, umlauts and Cyrillic letters, and compares
+# its start time with that of the trainer for this system. tools/build_windows.sh must have run.
 #
 #   tools/check_windows.sh [core | program]
 #
@@ -63,8 +63,8 @@ fresh_windows() {
     add_arial
 }
 
-# As on Windows there is Arial, and no Liberation Sans: Wine doesn't see the fonts of this system. The letters are those of
-# Liberation Sans, which have the same widths.
+# Installs a font named Arial, since Windows has Arial and no Liberation Sans. Its letters are those of Liberation Sans, which
+# have the same widths. The fonts of this system are hidden from Wine.
 add_arial() {
     /usr/bin/python3 - "$WINEPREFIX/drive_c/windows/Fonts" /usr/share/fonts/truetype/liberation*/LiberationSans-*.ttf <<'PYTHON'
 import os, sys
@@ -160,7 +160,7 @@ look_at_installation() {
 }
 
 look_at_saved() {   # FOLDER
-    grep -q YES "$1/record.vrn" || fail "the record says nothing of the target destroyed"
+    grep -q YES "$1/record.vrn" || fail "no target is destroyed in the record"
     [ -s "$1/own.prf" ] || fail "the practice wasn't saved"
 }
 
@@ -207,7 +207,7 @@ check_installed() {
 }
 
 look_at_installation_again() {
-    rm "$installed/ranges/of_the_user.arf" || fail "a file of the user's was removed"
+    rm "$installed/ranges/of_the_user.arf" || fail "a file of the user was removed"
     look_at_installation
     touch "$installed/ranges/of_the_user.arf"
     look_at_saved "$own"
@@ -224,7 +224,7 @@ look_at_what_is_left() {
 
 check_unpacked() {
     local folder="$WINEPREFIX/drive_c/Übung für Schützen/пушка"
-    say "unpacking into a path with blanks and other letters"
+    say "unpacking into a path with blanks, umlauts and Cyrillic letters"
     mkdir -p "$folder"
     (cd "$folder" && cmake -E tar xf "$zip")
     magenta_icons "$folder/V.O.R.N/ranges"

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# Sourced by checks that work the trainer by mouse and keys, as a user does: needs xdotool, imagemagick, Xvfb and openbox.
-# `pictures` is the folder for screenshots. A window is known by its title, a place by its pixels on the form of 1024 x 768.
+# Sourced by checks that operate the trainer by mouse and keys, as a user does. Needs xdotool, imagemagick, Xvfb and openbox.
+# `pictures` is the folder for screenshots. A window is given by its title, a place in pixels of the form of 1024 x 768.
 
 open_display() {   # the first free one from FIRST_DISPLAY; adds to `helpers` what must be killed at the end
     local number=${FIRST_DISPLAY:-90}
@@ -13,7 +13,7 @@ open_display() {   # the first free one from FIRST_DISPLAY; adds to `helpers` wh
     helpers+=($!)
 }
 
-# shellcheck disable=SC2154 # `pictures` is set by who sources this
+# shellcheck disable=SC2154 # `pictures` is set by the script that sources this
 picture() { import -window root "$pictures/$1.png"; }
 
 window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -1; }
@@ -57,7 +57,7 @@ to_the_editor() {
     sleep 1
 }
 
-# FIN targets that stay until destroyed, large ones, laid on by keys.
+# Sets up a practice with the keyboard: large FIN targets that stay until destroyed.
 set_up() {
     click "$editor" 800 385   # KBoard
     click "$editor" 394 440   # DST / Fin
@@ -69,8 +69,8 @@ set_up() {
 # The aim point on the visual sight, and the sight as width x height + left + top.
 aim_x=618 aim_y=145 sight=808x605+204+41
 
-# How far the middle of what is magenta is right of and below the aim point, in pixels; nothing if there is none. The targets'
-# icons have been replaced by magenta squares.
+# Prints how far the middle of the target is right of and below the aim point, in pixels; nothing if there is no target. The
+# target icons have been replaced by magenta squares.
 offset() {
     import -silent -window "$(window "V.O.R.N. VISUAL")" miff:- |
         convert - -crop "$sight" +repage -alpha off -fuzz 15% -fill black +opaque magenta -format '%w %h %@' info: 2>/dev/null |
@@ -79,7 +79,7 @@ offset() {
             if (a[1] < $1 && a[1] > 2) printf "%d %d\n", a[3] + a[1] / 2 + s[2] - x, a[4] + a[2] / 2 + s[3] - y }'
 }
 
-# Holds a key so long that the sight moves by about so many pixels.
+# Holds a key long enough to move the sight by about this many pixels.
 move() { xdotool keydown "$1" sleep "$(awk -v d="${2#-}" 'BEGIN { print (d > 60 ? 0.35 : d > 15 ? 0.12 : 0.03) }')" keyup "$1"; }
 
 lay_on() {
@@ -93,7 +93,7 @@ lay_on() {
         [ "${y#-}" -le 3 ] || move "$([ "$y" -lt 0 ] && echo u || echo n)" "$y"
         sleep 0.3
     done
-    say "the target could not be laid on: $at"
+    say "the gun could not be laid on the target: $at"
     return 1
 }
 
@@ -116,7 +116,7 @@ destroy_a_target() {
         picture fired
         [ -n "$(offset)" ] || return 0
     done
-    say "the target still stands"
+    say "the target is still up"
     return 1
 }
 

@@ -134,7 +134,7 @@ struct gunnery_screen : since_load {
     // Readouts.
     screen_object lblcrew;        // the crew line
     screen_object lbltargetnum;   // count of targets in a quick start; visual
-    screen_object Imgname;        // title picture of a quick start; visual
+    screen_object Imgname;        // emblem, shown in a quick start; visual
     screen_object Label2, lblhits, Label1, Lblsystem,
         Lblavetime;   // target, hits, time left, system, average time
     screen_object Lblrange, Lblammotype, Lblcharge, Lblpred;

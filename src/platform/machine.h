@@ -77,7 +77,7 @@ enum class round_kind { fin, hesh, coax };
 struct strike {
     round_kind round = round_kind::fin;
     bool hot = false;                        // seen by the thermal sight
-    const screen_object* ground = nullptr;   // the picture with which the mark moves
+    const screen_object* ground = nullptr;   // the picture with which the strike moves
     double Left = 0, Top = 0;                // relative to `ground`, twips
     double size = 0;                         // width of a target at this range, twips
     int wind = 0;                            // in half target widths; positive: to the right

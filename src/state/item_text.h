@@ -14,7 +14,7 @@ namespace vorn {
 
 // Reads the items of a file one by one. `take` fails if no item is left, the item has another type or the
 // number doesn't fit the argument. It then returns false and leaves the argument unchanged, and all later
-// calls fail too. An item also ends at a comma outside quotes.
+// calls fail too. Outside quotes an item ends at a line break or a comma.
 class item_reader {
 public:
     explicit item_reader(std::string text) : text_(std::move(text)) {}
