@@ -44,13 +44,13 @@ float target_side(vorn::sight_kind sight, float range)
 
 float agreeing_row(const country& land, float range)
 {
-    // Nearer than 580 m, where no target is, the author's curve would become vertical. There it is continued
-    // as a parabola, so that the lower edge of the picture shows ground some 330 m away.
+    // Nearer than 580 m, where no target is, the range author's curve would become vertical. There it is
+    // continued as a parabola, so that the lower edge of the picture shows ground some 330 m away.
     constexpr float bend = 580, faster = .00016f;
     const float nearer = std::max(0.f, bend - range);
     const float steps = nearest_step - std::sqrt(std::max(range, bend) - square_base) +
                         nearer / (2 * std::sqrt(bend - square_base)) + faster * nearer * nearer;
-    // Half a step more, since the author rounds down to whole steps.
+    // Half a step more, since the range author rounds down to whole steps.
     const author_band band = band_of(land);
     const float corner = band.top + (steps + .5f) * band.step;
     return (corner + target_side(land.sight, range)) / real(vorn::twips_per_pixel);
