@@ -1,5 +1,5 @@
-// Noise as a function of coordinates, and random numbers from a seed. Both are the same with every standard
-// library; its own distributions are not.
+// Noise as a function of coordinates, and random numbers from a seed. Both have the same values with every
+// standard library; the distributions of <random> don't.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,7 @@ class rng {
 public:
     explicit rng(std::uint64_t seed);
     float unit();    // from 0 to below 1, 24 bits
-    double fine();   // the same with 53 bits
+    double fine();   // from 0 to below 1, 53 bits
     float between(float low, float high);
     float normal();   // about normally distributed, mean 0, standard deviation 1
     bool chance(float probability) { return unit() < probability; }

@@ -3,10 +3,10 @@
 //
 // Puffs of smoke are thrown upwards from a spot on the ground. The air slows them, heat lifts them and a wind
 // from the left carries them. Rings of dust spread along the ground. For each frame the puffs fill cells of a
-// block (voxels). Billow noise that grows and rises with the cloud gives its edge lumps and
-// creases: creases show the hot inside, lumps have cooled to soot. Sun and sky light the cells, which shade
-// those below them. The block is viewed from the front and a little from above. Flash, flying debris and the
-// glow of the air are added to the result.
+// block (voxels). Billow noise that grows and rises with the cloud makes lumps and creases on its surface:
+// creases show the hot inside, lumps have cooled to soot. Sun and sky light the cells, which shade those
+// below them. The block is viewed from the front and a little from above. Flash, flying debris and the glow
+// of the air are added to the picture.
 //
 // The sight draws a frame 16 to 220 pixels wide and shows it for at most a tenth of a second. To be
 // recognisable, a flash is broad, fire is either bright or gone, and smoke is darker than any ground behind
@@ -126,8 +126,8 @@ float lumps(const scene& s, vec3 at, float time)
     if (!s.loops)
         return billows((at - drift(s, time)) * (s.lumps / (.35f + .65f * braked(s, time))) + somewhere +
                        vec3{0, 0, 1.5f * time});
-    // A cross-fade of two rising patterns. The second one at the end of the loop is the first one at its
-    // start.
+    // A cross-fade of two rising patterns. At the end of the loop the second pattern looks like the first at
+    // the start.
     const auto risen = [&](float by) {
         return billows((at - vec3{0, s.drift.z, .1f} * by) * vec3{s.lumps, .75f * s.lumps, s.lumps} +
                        somewhere);
@@ -168,7 +168,7 @@ vec3 place(const scene& s, const block& b, int x, int y, int z)
 // Adds a puff to all cells within its reach.
 void add_puff(const scene& s, block& b, const placed_puff& p)
 {
-    constexpr float reach = .4f;   // of lumps beyond the rim of a puff, in radii
+    constexpr float reach = .4f;   // how far lumps go beyond the rim of a puff, in radii
     const float out = p.radius * (1 + reach);
     const auto first = [&](float middle) { return std::max(0, floor_int((middle - out) / b.cell_size)); };
     const auto last = [&](float middle, int count) {
@@ -193,7 +193,7 @@ void add_puff(const scene& s, block& b, const placed_puff& p)
     }
 }
 
-// Applies the noise to a cell and computes its means. With age edges become softer, the amplitude of the
+// Applies the noise to a cell and computes its means. With age, edges become softer, the amplitude of the
 // noise grows, and puffs shrink.
 void give_lumps(const scene& s, cell& c, vec3 at, float time)
 {
@@ -254,7 +254,7 @@ vec3 cell_colour(const scene& s, const cell& c, float thick)
     const auto shown = [](vec3 light) {   // strong light loses its colour before it saturates
         return vec3{1 - std::exp(-light.x), 1 - std::exp(-light.y), 1 - std::exp(-light.z)};
     };
-    // Cold dust is as warm as the ground, and the smoke of a fire warmer.
+    // Dust that has cooled is as warm as the ground; the smoke of a fire is warmer.
     if (s.by_heat) return shown(vec3{1, 1, 1} * ((s.loops ? .95f : .55f) + 1.9f * std::pow(c.heat, 1.4f)));
     // The factors are below 1: light that is scattered on its way is not lost, it goes deeper into the cloud.
     const float sun = std::exp(-.5f * thick * c.before_sun), sky = std::exp(-.3f * thick * c.before_sky);
@@ -354,7 +354,7 @@ grid<sample> painted(const scene& s, int frame)
 {
     const float time = (real(frame) + .4f) / frames;
     block b = filled_block(s, time);
-    // Everything but a loop fades until the last frame.
+    // A sheet that doesn't loop fades out towards its last frame.
     const float left = s.loops ? 1 : 1 - smoothstep(.65f, 1.03f, time);
     grid<sample> picture(s.side, s.side);
     const auto place_of = [&](int x, int y) {

@@ -4,8 +4,8 @@ namespace tools {
 
 static constexpr bool up = false, along = true;   // thrown up, or along the ground
 
-// The sight draws the frame with its lower left corner on that of the target, and a little larger than the
-// target. So the foot is left of the middle of the frame.
+// The sight draws the frame a little larger than the target, with the lower left corners at the same place.
+// So the foot is left of the middle of the frame.
 static const scene explosion{
     .name = "explosion",
     .side = 256,
@@ -90,8 +90,8 @@ static const scene burst_coax{
     .left = .22f,
     .flash = .25f};
 
-// As a thermal sight shows it: what has cooled to the eye is still warm, and dust hides less. The ground
-// where a round struck stays hot; the size of the spot is in hundredths.
+// The scene as a thermal sight shows it: smoke that no longer glows is still warm, and dust hides less. The
+// ground where a round struck stays hot; the size of the spot is in hundredths.
 static scene hot(const char* name, scene s, float cooling, float warmer, float spot = 0)
 {
     s.name = name;

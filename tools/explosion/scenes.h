@@ -31,7 +31,7 @@ struct puff_group {
     float life = 100;      // duration of each puff, in a sheet that loops
 };
 
-// Pieces of debris. Each flies along a curve and is drawn as a streak, by its motion during the exposure.
+// Pieces of debris. Each flies along a curve and is drawn as a streak (motion blur).
 struct piece_group {
     int count = 0;
     limits angle{}, speed{}, life{};
@@ -49,11 +49,11 @@ struct scene {
     vec3 drift{};            // wind and rise that grow with the square of the time, and steady rise
     float lumps = 7.5f;      // frequency of the noise: lumps per length
     float thick = 70;        // extinction of the densest smoke, per length
-    limits thins{.45f, 1};   // the time in which the smoke becomes thinner,
-    float left = .3f;        // and the share of it that is left
+    limits thins{.45f, 1};   // the time in which the smoke becomes thinner
+    float left = .3f;        // the share of `thick` at the end of this time
     float cooling = .5f;
     float flash = 0, halo = 0;   // size of the flash; strength of the halo
-    int flash_from = 1;   // the flash has steps 0 to 3, of which 1 is the largest; this one is in frame 0
+    int flash_from = 1;   // the step of the flash in frame 0; the steps are 0 to 3, step 1 is the largest
     bool loops = false, by_heat = false;
 };
 

@@ -51,7 +51,7 @@ void add_panel(world& w, const frame& f, vec3 a, vec3 b, vec3 c, vec3 d, vec3 co
     w.panels.push_back({{a, b, c, d}, colour, normal, warmth});
 }
 
-// The four sides of a box, narrowed at the top to this share: 0 makes a pyramid.
+// The four sides of a box, whose top is `left_at_top` times as wide as its bottom: 0 makes a pyramid.
 void add_sides(world& w, const frame& f, float half_length, float half_width, float low, float high,
                vec3 colour, float warmth, float left_at_top = 1)
 {

@@ -77,7 +77,7 @@ struct country {
     float scrub;                // density of bushes on the rough ground, 0 to 1
     float conifers;             // share of conifers in the woods
     vec3 needles;               // reflectance of conifers
-    std::vector<vec3> leaves;   // reflectances of foliage, chosen from at random
+    std::vector<vec3> leaves;   // reflectances of foliage; each tree has one of them
     float bare_trees;           // share of trees that have lost their leaves
     vec3 tufts{1, 1, 1};        // colour of tufts of grass, relative to the ground
     float snow = 0;             // depth of the snow cover, 0 to 1; its colours are in `ground`

@@ -73,7 +73,7 @@ QImage thermal_image(const rendered& r)
     for (int y = 0; y < r.height; ++y) {
         std::uint8_t* p = picture.scanLine(y);
         for (int x = 0; x < r.width; ++x) {
-            // Such a sight brings out small differences.
+            // A thermal sight brings out small differences.
             const float detail = std::clamp(warmth.at(x, y) - around.at(x, y), -.06f, .06f);
             float v = .43f + (warmth.at(x, y) - .42f) * 1.25f + .8f * detail;
             if (r.at(x, y).made_of != material::sky) v = std::clamp(v, .20f, .60f);

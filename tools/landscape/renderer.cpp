@@ -205,8 +205,8 @@ void draw_plant(strip& s, const plant& p)
 }
 
 // The reflection at a sample of water. `bank` is the topmost row of water: above it is the far bank. Plants
-// and buildings on the bank are reflected upside down, otherwise the dark edge of the bank, and below that
-// the sky.
+// and buildings are reflected upside down. Elsewhere the water shows the dark edge of the bank and, below
+// that edge, the sky.
 vec3 reflected(const strip& s, int x, int y, int bank)
 {
     constexpr float kept = .80f, edge = 6 * fine;   // share of the light; rows

@@ -1,4 +1,4 @@
-// A country built up: its ground and everything on it.
+// What is built from the description of a country: its ground and everything on it.
 #pragma once
 
 #include <vector>
@@ -47,7 +47,7 @@ inline constexpr float road_wander = .5f;   // the bends of a road relative to t
 void mark_ways(world&);
 // Builds farms, the hamlet with its church, and bridges.
 void build_houses(world&);
-// Adds tufts of grass and stones. Call it when all shadows are on the map: tufts have the light of the
+// Adds tufts of grass and stones. Call it when all shadows are on the map, since tufts have the light of the
 // ground.
 void strew(world&);
 // Plants woods, belts, copses, hedges, scrub and trees along the river, with their shadows on the map; then

@@ -24,7 +24,7 @@ namespace vorn {
 // A rectangle on a screen as it is shown, in twips of the form.
 using place = QRectF;
 
-// A number at `at`, joined by a line to the part `names` that it marks.
+// A number at `at`, joined by a line to `names`, a point of the part that it marks.
 struct callout {
     QPointF at, names;
 };

@@ -86,7 +86,7 @@ private:
     {
         pc_.run([&] { handler(key); });
     }
-    // Holds a direction key until the offset is small. Each time, the duration is computed from the
+    // Presses direction keys until the offset is small. The duration of each press is computed from the
     // acceleration of the traverse.
     void go(char less, char more, const std::function<double()>& off)
     {

@@ -359,8 +359,8 @@ private:
         take_sight("thermal_cross", s);
         tap(s, "A");
         take_sight("thermal_lased", s);
-        // The same with a degraded system: the picture has moved up, and the gunner lays the bar on the
-        // target.
+        // The same with a degraded system: the picture has moved up, and the gunner lays the reversionary
+        // mark on the target.
         const int status = std::exchange(t.shared.systemstatus, 2);
         tap(s, "A");
         s.imgbam.Visible = false;
@@ -519,7 +519,7 @@ private:
         f.release('S');
         f.until([&] { return s.gunloaded; });
         f.wait(0.3);
-        f.press('D');   // falls short; the gunner then moves the strikes onto the target
+        f.press('D');   // the burst falls short; the gunner then moves the strikes onto the target
         f.wait(0.8);
         f.lay(-45, -(2.0 * s.currentrange + 30));
         f.wait(0.5);

@@ -17,7 +17,7 @@ constexpr float degree = std::numbers::pi_v<float> / 180;
 // A square grid of samples in parallel projection.
 struct camera {
     vec3 right, up, towards;             // towards the viewer
-    float left = 0, top = 0, step = 0;   // upper left corner along right and up, spacing of samples: metres
+    float left = 0, top = 0, step = 0;   // upper left corner; spacing of the samples: metres
     int size = 0;                        // samples, across and down
 
     float across_at(int column) const { return left + (real(column) + .5f) * step; }
@@ -113,8 +113,8 @@ lamp make_lamp(const solid& vehicle, float azimuth, float elevation, vec3 streng
     return {strength, c, see(vehicle, c)};
 }
 
-// The sun and patches of the sky. The sun is the first lamp; its direction is that of the ranges: to the
-// upper left of the viewer and behind him.
+// The sun and patches of the sky. The sun is the first lamp. As on the shipped ranges, it is behind the
+// viewer, to the upper left.
 std::vector<lamp> daylight(const solid& vehicle, const view& from)
 {
     constexpr float sun_aside = -52, sun_height = 46;   // degrees
@@ -177,7 +177,7 @@ vec3 paint_at(const material& m, vec3 at)
     return mix(paint * (1 + .22f * stain + .2f * wear), dust, clamp01(muddy));
 }
 
-// Screen colour of a light, seen through as much air as at the middle ranges of the shipped ranges.
+// Screen colour of a light, seen through the air at a medium distance on the shipped ranges.
 vec3 shown(vec3 light)
 {
     const auto channel = [](float own, float air, float per_kilometre) {
@@ -200,8 +200,8 @@ sample shaded_ground(const std::vector<lamp>& lamps, vec3 at)
     return {colour * alpha, alpha};
 }
 
-// Brightness in a thermal picture: white is hot. All of a vehicle is brighter than the ground, which is at
-// most .6. Faces in the sun are a little warmer; the more sky a face sees, the colder it is.
+// Brightness in a thermal picture: white is hot. Every part of a vehicle is brighter than the ground, which
+// is at most .6. Faces in the sun are a little warmer; the more sky a face sees, the colder it is.
 vec3 glowing(const std::vector<lamp>& lamps, const material& m, vec3 at, vec3 normal)
 {
     const float sun = reaches(lamps.front(), at + normal * .03f)

@@ -16,7 +16,7 @@ struct view {
 
 enum class look { painted, hot };
 
-// Draws the vehicle as large as fits into the square picture, at the lower edge except for a narrow margin.
+// Draws the vehicle as large as the square picture allows, just above the lower edge.
 QImage render(const solid& vehicle, const view&, look, int size);
 
 }   // namespace tools

@@ -33,7 +33,7 @@ solid joined(const std::vector<vec3>& one, const std::vector<vec3>& other, const
     return s;
 }
 
-// By a rotation or reflection, which turns the normals too.
+// Applies a rotation or reflection to the corners and the normals.
 template <class Map>
 solid mapped(solid s, const Map& map)
 {
