@@ -302,6 +302,7 @@ private:
         fire(s);
         end_engagement(s);
         engage(s, 1000, "ERR");
+        s.windoffset /= 2;   // so that the marks are inside the picture
         fire(s);
         lay_on(s, 12, -20);
         tap(s, "A");
