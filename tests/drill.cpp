@@ -1,11 +1,101 @@
 #include "drill.h"
 
+#include <unistd.h>
+
 #include <filesystem>
+#include <fstream>
 
 #include "flow/intro.h"
 #include "setup/startsim.h"
 
 namespace vorn {
+
+namespace fs = std::filesystem;
+
+data_folder::data_folder()
+{
+    const auto self = std::to_string(reinterpret_cast<std::uintptr_t>(this));
+    path_ = fs::temp_directory_path() / from_utf8("vö я-" + std::to_string(getpid()) + "-" + self);
+    fs::remove_all(path_);
+    fs::create_directories(path_ / "ranges" / "target icons");
+    for (const char* icon : {"target1.ico", "target2.ico", "target3.ico"})
+        put(std::string("target icons/") + icon, picture_head(32, 32));
+    put("visualrange.vrp", picture_head(4295, 2121));
+    put("thermalrange.trp", picture_head(1452, 768));
+    put_range("visualrange.arf", plain_range(sight_kind::visual));
+    put_range("Thermalrange.arf", plain_range(sight_kind::thermal));
+}
+
+data_folder::~data_folder()
+{
+    std::error_code failed;
+    fs::remove_all(path_, failed);
+}
+
+void data_folder::put(const std::string& name, const std::string& bytes) const
+{
+    std::ofstream(path_ / "ranges" / name, std::ios::binary) << bytes;
+}
+
+std::string data_folder::get(const std::string& name) const
+{
+    return bytes_of(path_ / "ranges" / name);
+}
+
+void data_folder::remove(const std::string& name) const
+{
+    fs::remove(path_ / "ranges" / name);
+}
+
+void data_folder::put_range(const std::string& name, const practice_state& range) const
+{
+    put(name, range_file_bytes(range));
+}
+
+std::string native(const std::string& path)
+{
+    return to_utf8(from_utf8(path).make_preferred());
+}
+
+std::string bytes_of(const fs::path& file)
+{
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+std::string first_lines(const std::string& text, int n)
+{
+    std::size_t end = 0;
+    while (n-- > 0) end = text.find('\n', end) + 1;
+    return text.substr(0, end);
+}
+
+std::string picture_head(unsigned width, unsigned height)
+{
+    std::string b = "\x89PNG\r\n\x1a\n";
+    b += std::string("\0\0\0\rIHDR", 8);
+    for (const unsigned n : {width, height})
+        for (const unsigned shift : {24U, 16U, 8U, 0U}) b += static_cast<char>(n >> shift & 0xFFU);
+    return b;
+}
+
+practice_state plain_range(sight_kind kind)
+{
+    const bool visual = kind == sight_kind::visual;
+    practice_state r;
+    r.rangename = visual ? "PLAIN" : "PLAIN THERMAL";
+    r.rangepicture = visual ? "visualrange.vrp" : "thermalrange.trp";
+    r.rangetype = visual ? "VISUAL" : "THERMAL";
+    r.targeticon1 = "/target icons/target1.ico";
+    r.targeticon2 = "\\target icons\\target2.ico";
+    r.targeticon3 = "/target icons/TARGET3.ICO";
+    for (int i = 1; i < positions; ++i) {
+        r.targetx[i] = visual ? 51000 : 9480;
+        r.targety[i] = visual ? 15500 : 5620;
+        r.targetrange[i] = 500 + 100 * i;
+    }
+    return r;
+}
 
 std::string shown_screens(const machine& m)
 {
@@ -32,7 +122,7 @@ drill::drill(sight_kind k, const std::string& program) : kind(k)
 drill::~drill()
 {
     for (const std::string& sound : sounds())
-        EXPECT_TRUE(std::filesystem::exists(VORN_SOURCE_DIR "/data/ranges/wavs/" + sound)) << sound;
+        EXPECT_TRUE(fs::exists(VORN_SOURCE_DIR "/data/ranges/wavs/" + sound)) << sound;
 }
 
 void drill::set_up()
@@ -47,7 +137,7 @@ void drill::start()
     pc.click(screen().Cmdstartsim);
 }
 
-gunner drill::gunner_by(device by)
+std::vector<engagement_note> drill::fire_by(device by)
 {
     practice_state& p = t.shared;
     p.keyboardselected = by != device::mouse;
@@ -58,7 +148,8 @@ gunner drill::gunner_by(device by)
         p.joyxcentre = p.joyycentre = 32768;
         p.joyxfactor = p.joyyfactor = 1000;
     }
-    return {pc, t, screen(), by};
+    set_up();
+    return fire_practice(pc, t, screen(), by);
 }
 
 void drill::present(int position)

@@ -4,16 +4,93 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <filesystem>
 #include <string>
 #include <vector>
 
-#include "data_folder.h"
-#include "gunner.h"
+#include "gunnery/screen.h"
+#include "platform/files.h"
 #include "platform/headless/headless_machine.h"
 #include "ranges/rangefile.h"
 #include "trainer.h"
 
 namespace vorn {
+
+// A path with the separators of the system.
+std::string native(const std::string& path);
+
+// A temporary program directory: ranges, and the headers of their pictures and icons. Its path has blanks and
+// letters of two alphabets, as that of a user may have.
+class data_folder {
+public:
+    data_folder();
+    ~data_folder();
+    data_folder(const data_folder&) = delete;
+    data_folder& operator=(const data_folder&) = delete;
+
+    std::string program() const { return to_utf8(path_); }
+    std::string ranges() const { return to_utf8(path_ / "ranges"); }
+    std::string path(const std::string& name) const { return native(ranges() + '/' + name); }
+    void put(const std::string& name, const std::string& bytes) const;   // a file below "ranges"
+    std::string get(const std::string& name) const;
+    void remove(const std::string& name) const;
+    void put_range(const std::string& name, const practice_state& range) const;
+
+private:
+    std::filesystem::path path_;
+};
+
+// A range whose 20 positions are at one place, so that the lay is the same for all, at 600, 700 ... 2500
+// metres. With the sight as loaded, the place is a little to the right of and below the end of a lay.
+practice_state plain_range(sight_kind);
+// The bytes of a file; none if it can't be read.
+std::string bytes_of(const std::filesystem::path&);
+// The first lines of the text of a file.
+std::string first_lines(const std::string& text, int n);
+// The header of a PNG file of this many pixels, which is all that the headless machine reads of a picture.
+std::string picture_head(unsigned width, unsigned height);
+
+// The gunner's controls: the key, the button on the screen and the stick button of each.
+enum class device { key, mouse, stick };
+enum class control { up, left, right, down, coax, off, mainarm, ammo, laze, lay, fire };
+
+struct control_row {
+    int key;
+    screen_object gunnery_screen::*button;
+    int stick;   // number of the stick button; 0: none
+};
+constexpr std::array<control_row, 11> controls{{{'U', &gunnery_screen::Cmdup, 0},
+                                                {'H', &gunnery_screen::Cmdleft, 0},
+                                                {'J', &gunnery_screen::Cmdright, 0},
+                                                {'N', &gunnery_screen::Cmddown, 0},
+                                                {'Q', &gunnery_screen::Cmdcoax, 0},
+                                                {'W', &gunnery_screen::Cmdoff, 0},
+                                                {'E', &gunnery_screen::Cmdselectmain, 0},
+                                                {'R', &gunnery_screen::Cmdmaingun, 2},
+                                                {'A', &gunnery_screen::Cmdlaze, 3},
+                                                {'S', &gunnery_screen::Cmdautolay, 4},
+                                                {'D', &gunnery_screen::Cmdfire, 1}}};
+
+// A place in the sight window, twips.
+struct spot {
+    double x = 0, y = 0;
+};
+
+struct engagement_note {
+    std::string order;    // "FIN", "HESH" or "COAX"
+    std::string system;   // the letter shown at the last shot
+    double ordered = 0, killed = 0;
+    bool hit = false;
+    bool corrected = false;    // the HESH correction was used
+    std::vector<spot> aims;    // per round: the target's centre relative to the aim point
+    std::vector<spot> falls;   // per round: the target's corner relative to where the round was seen last
+};
+
+// A scripted gunner fires a practice, from START SIM until it has ended, and returns notes to compare with
+// the record. The gunner uses only what a gunner sees and hears: visible objects and crew lines, which the
+// machine must watch. What others do meanwhile may spoil the shoot, but doesn't stop the gunner.
+std::vector<engagement_note> fire_practice(headless_machine&, trainer&, gunnery_screen&, device);
 
 // The names of the screens that are shown, the front one last.
 std::string shown_screens(const machine&);
@@ -35,8 +112,8 @@ struct drill {
     void set_up();
     // Shows the gunnery screen if it isn't shown, and clicks on Cmdstartsim.
     void start();
-    // A gunner who uses this device. Sets the options for it.
-    gunner gunner_by(device);
+    // Fires the practice by this device, after setting the options for it.
+    std::vector<engagement_note> fire_by(device);
     // Starts a practice and waits until the first target is up at this position.
     void present(int position);
     void target_at(double left, double top);

@@ -1,10 +1,11 @@
-#include "gunner.h"
-
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdlib>
+#include <functional>
+#include <optional>
 #include <utility>
+
+#include "drill.h"
 
 namespace vorn {
 
@@ -20,298 +21,299 @@ long deflected(double middle, double factor, int sign, int twips)
     return static_cast<long>(sign < 0 ? middle - off + 50 : middle + off + 1);
 }
 
-}   // namespace
-
-gunner::gunner(headless_machine& pc, trainer& t, gunnery_screen& s, device by)
-    : pc_(pc), p_(t.shared), s_(s), by_(by)
-{
-    pc.at_pace = [this] {
-        if (const auto r = round()) seen_ = r;
-    };
-}
-
-// What the gunner sees and hears ---------------------------------------------------------------------------
-
-std::optional<spot> gunner::target() const
-{
-    const screen_object& o = s_.Imgtargets;
-    if (!o.Visible) return std::nullopt;
-    return spot{o.Left + o.Width / 2, o.Top + o.Height / 2};
-}
-
-std::optional<spot> gunner::round() const
-{
-    if (!s_.ammo.Visible) return std::nullopt;
-    return spot{s_.ammo.Left, s_.ammo.Top};
-}
-
-// The dot of the visual sight; the centre of the visible mark of the thermal one.
-spot gunner::mark()
-{
-    const screen_object* marks[] = {&s_.mbs1, &s_.Imglam, &s_.imgbam, &s_.Imgrevfin, &s_.Imgrevhesh};
-    for (const screen_object* o : marks)
-        if (o->Visible) return mark_ = {o->Left + o->Width / 2, o->Top + o->Height / 2};
-    return mark_;
-}
-
-// The crew line since the order that contains the words.
-std::optional<std::string> gunner::heard(const std::string& words) const
-{
-    for (std::size_t i = order_at_; i < pc_.log.size(); ++i) {
-        const logged& l = pc_.log[i];
-        if (l.kind == "caption" && l.text.find(words) != std::string::npos) return l.text;
-    }
-    return std::nullopt;
-}
-
-bool gunner::await(const std::function<bool()>& condition, double seconds)
-{
-    for (double waited = 0; !condition() && waited < seconds && running(); waited += 0.1) pc_.wait(0.1);
-    return condition();
-}
-
-// Controls -------------------------------------------------------------------------------------------------
-
-// A button of the practice, or its key while its panel is hidden.
-void gunner::push_panel_button(screen_object& o, char key)
-{
-    takes_input(o) ? pc_.click(o) : pc_.key_down(key, true);
-}
-
-void gunner::resume()
-{
-    if (s_.Cmdpausesim.Caption == "PAUSE OFF") push_panel_button(s_.Cmdpausesim, 'P');
-}
-
-void gunner::work(control c, bool down)
-{
-    if (down && !running()) return;
-    const control_row& row = row_of(c);
-    screen_object& button = s_.*row.button;
-    const bool key = by_ == device::key || (by_ == device::stick && row.stick == 0);
-    const int code = key ? row.key : row.stick;
-    // The release goes to the screen that received the press, even if another is in front by then.
-    if (by_ != device::mouse && !down)
-        return pc_.event([&] { (key ? s_.window.KeyUp : s_.window.ButtonUp)(code); });
-    if (by_ != device::mouse) return key ? pc_.key_down(code) : pc_.stick_button(code, true);
-    if (down && button.Click) return pc_.click(button);
-    down ? pc_.press(button) : pc_.release(button);
-}
-
-void gunner::tap(control c)
-{
-    work(c, true);
-    work(c, false);
-}
-
-// Holds a direction. The stick is deflected less for a short time.
-void gunner::hold(control c, double seconds)
-{
-    if (by_ != device::stick) {
-        work(c, true);
-        pc_.wait(seconds);
-        return work(c, false);
-    }
-    const int sign = c == control::left || c == control::up ? -1 : 1;
-    const bool across = c == control::left || c == control::right;
-    const long at = deflected(across ? p_.joyxcentre : p_.joyycentre, across ? p_.joyxfactor : p_.joyyfactor,
-                              sign, seconds < 0.05 ? 20 : 100);
-    for (double t = 0; t < seconds; t += event) {
-        pc_.stick(across ? at : static_cast<long>(centre), across ? static_cast<long>(centre) : at);
-        pc_.wait(event);
-    }
-    pc_.stick(static_cast<long>(centre), static_cast<long>(centre));
-}
-
-void gunner::push(control less, control more, double off)
-{
-    if (std::abs(off) > 15) hold(off > 0 ? more : less, std::abs(off) > 500 ? 0.12 : 0.017);
-}
-
-// Moves the view until the target's centre is at this place.
-void gunner::bring(spot to)
-{
-    for (int i = 0; i < 300 && target(); ++i) {
-        const spot at = *target();
-        if (std::abs(at.x - to.x) <= 15 && std::abs(at.y - to.y) <= 15) return;
-        push(control::left, control::right, at.x - to.x);
-        push(control::up, control::down, at.y - to.y);
-    }
-}
-
-void gunner::shift(spot by)
-{
-    if (const auto at = target()) bring({at->x + by.x, at->y + by.y});
-}
-
-// An engagement --------------------------------------------------------------------------------------------
-
-bool gunner::awaitorder()
-{
-    static constexpr std::array<std::pair<const char*, const char*>, 3> orders{
-        {{"FIN TANK", "FIN"}, {"HESH BMP", "HESH"}, {"COAX TRANSPORT", "COAX"}}};
-    // Half a minute without an order is a pause, a minute the end.
-    for (int waited = 0; running() && waited < 600; pc_.wait(0.1), ++waited) {
-        if (waited == 300) resume();
-        if (s_.Cmdtarget.Enabled) push_panel_button(s_.Cmdtarget, 'G');
-        for (; heard_ < pc_.log.size(); ++heard_) {
-            const logged& l = pc_.log[heard_];
-            for (const auto& [words, name] : orders) {
-                if (l.kind != "caption" || l.text.find(words) == std::string::npos ||
-                    l.text.find("ON ") != std::string::npos)   // the report after the lay
-                    continue;
-                order_at_ = heard_++;
-                notes.emplace_back();
-                notes.back().order = name;
-                notes.back().ordered = l.time;
-                return true;
-            }
-        }
-    }
-    return false;
-}
-
-void gunner::select()
-{
-    if (order_is("COAX")) return tap(control::coax);
-    tap(control::mainarm);
-    for (int i = 0; i < 2 && order_is("HESH"); ++i) tap(control::ammo);
-}
-
-// The laser's range; else the one called by the commander, which is rounded down to hundreds; else an
-// estimate from the size of the target.
-double gunner::range() const
-{
-    if (s_.visual() && !s_.Lblrange.Caption.empty()) return std::atof(s_.Lblrange.Caption.c_str());
-    if (!s_.visual() && degraded()) return std::atof(s_.Lblrange.Caption.c_str());
-    if (const auto call = heard(" ON ")) {
-        const std::size_t number = call->find_first_of("0123456789");
-        if (number != std::string::npos) return std::stod(call->substr(number)) + 50;
-    }
-    return std::clamp(4 * (660 - s_.Imgtargets.Width), 600.0, 2250.0);
-}
-
 constexpr spot beaten_zone{45, 30};   // centre of the coax's, relative to its drop
 
-// Where a round falls, relative to the mark, when the gun was laid without the autolay.
-spot gunner::drop(double metres) const
-{
-    if (order_is("COAX")) return {beaten_zone.x, beaten_zone.y + (s_.visual() ? 2 * metres : metres / 7)};
-    return {0, !s_.visual() ? 0 : order_is("FIN") ? metres / 2 : 2 * metres};
-}
-
-// Lays the gun, with the autolay in the full system. That moves the visual target to the fall of shot.
-void gunner::lay()
-{
-    if (!std::exchange(correcting_, false)) {
-        bring(mark());
-        tap(control::laze);
-    }
-    const bool autolay = !degraded();
-    if (autolay) {
-        work(control::lay, true);
-        pc_.wait(2.6);
-    }
-    if (s_.visual() && autolay) {
-        if (order_is("COAX")) shift(beaten_zone);
-        return shift(off_);
-    }
-    const spot at = mark();
-    const spot fall = drop(range());
-    bring({at.x + fall.x + off_.x, at.y + fall.y + off_.y});
-}
-
-// Lays the dot on the fall of shot, presses the switch, lays it back on the target, and presses again.
-void gunner::correctwind()
-{
-    const spot at = *target();
-    bring({at.x - (seen_->x - at.x), at.y});
-    tap(control::ammo);
-    bring(at);
-    tap(control::ammo);
-    correcting_ = true;
-    notes.back().corrected = true;
-}
-
-void gunner::note_aim()
-{
-    engagement_note& n = notes.back();
-    n.system = s_.Lblsystem.Caption;
-    n.aims.push_back({target()->x - s_.mbs1.Left, target()->y - s_.mbs1.Top});
-}
-
-void gunner::note_fall(spot round)
-{
-    notes.back().falls.push_back({s_.Imgtargets.Left - round.x, s_.Imgtargets.Top - round.y});
-}
-
-void gunner::shoot()
-{
-    await([this] { return s_.Imgloaded.Visible || !target(); }, 20);
-    if (!s_.Imgloaded.Visible || !target()) return;
-    note_aim();
-    seen_.reset();
-    tap(control::fire);
-    if (seen_) note_fall(*seen_);
-}
-
-// Each burst is assessed where the one before ended.
-void gunner::burst()
-{
-    await([this] { return heard("LOADE") || !target(); }, 20);
-    for (int i = 0; i < 8 && target() && !heard("COMD: TARGET STOP"); ++i) {
-        note_aim();
-        note_fall({s_.ammo.Left, s_.ammo.Top});
-        work(control::fire, true);
-        for (int look = 0; look < 15; ++look) {
-            pc_.wait(0.02);
+struct gunner {
+    gunner(headless_machine& pc, trainer& t, gunnery_screen& s, device by)
+        : pc_(pc), p_(t.shared), s_(s), by_(by)
+    {
+        pc.at_pace = [this] {
             if (const auto r = round()) seen_ = r;
+        };
+    }
+    ~gunner() { pc_.at_pace = nullptr; }
+    gunner(const gunner&) = delete;
+    gunner& operator=(const gunner&) = delete;
+    bool running() const { return !pc_.ended && front(pc_) == &s_.window && !s_.Cmdstartsim.Enabled; }
+    bool degraded() const { return s_.Lblsystem.Caption != "F"; }
+    bool order_is(const std::string& nature) const { return notes.back().order == nature; }
+
+    // What the gunner sees and hears.
+    std::optional<spot> target() const
+    {
+        const screen_object& o = s_.Imgtargets;
+        if (!o.Visible) return std::nullopt;
+        return spot{o.Left + o.Width / 2, o.Top + o.Height / 2};
+    }
+    std::optional<spot> round() const
+    {
+        if (!s_.ammo.Visible) return std::nullopt;
+        return spot{s_.ammo.Left, s_.ammo.Top};
+    }
+    // The dot of the visual sight; the centre of the visible mark of the thermal one.
+    spot mark()
+    {
+        const screen_object* marks[] = {&s_.mbs1, &s_.Imglam, &s_.imgbam, &s_.Imgrevfin, &s_.Imgrevhesh};
+        for (const screen_object* o : marks)
+            if (o->Visible) return mark_ = {o->Left + o->Width / 2, o->Top + o->Height / 2};
+        return mark_;
+    }
+    // The crew line since the order that contains the words.
+    std::optional<std::string> heard(const std::string& words) const
+    {
+        for (std::size_t i = order_at_; i < pc_.log.size(); ++i) {
+            const logged& l = pc_.log[i];
+            if (l.kind == "caption" && l.text.find(words) != std::string::npos) return l.text;
         }
-        work(control::fire, false);
+        return std::nullopt;
     }
-}
+    bool await(const std::function<bool()>& condition, double seconds)
+    {
+        for (double waited = 0; !condition() && waited < seconds && running(); waited += 0.1) pc_.wait(0.1);
+        return condition();
+    }
 
-// After a round: notes a kill, or corrects the next round. A HESH round fired after a lay that falls beside
-// the target shows the wind.
-void gunner::judge()
-{
-    engagement_note& n = notes.back();
-    if (heard("COMD: TARGET STOP")) {
-        n.hit = true;
-        n.killed = pc_.now();
-        n.timeleft = std::atoi(s_.Label1.Caption.c_str());
-        await([this] { return !target(); }, 3);
-    } else if (!seen_) {
-        pc_.wait(0.1);   // no round was fired
-        resume();
-    } else if (target()) {
+    // The controls.
+    // A button of the practice, or its key while its panel is hidden.
+    void push_panel_button(screen_object& o, char key)
+    {
+        takes_input(o) ? pc_.click(o) : pc_.key_down(key, true);
+    }
+    void resume()
+    {
+        if (s_.Cmdpausesim.Caption == "PAUSE OFF") push_panel_button(s_.Cmdpausesim, 'P');
+    }
+    void work(control c, bool down)
+    {
+        if (down && !running()) return;
+        const control_row& row = controls.at(static_cast<std::size_t>(c));
+        screen_object& button = s_.*row.button;
+        const bool key = by_ == device::key || (by_ == device::stick && row.stick == 0);
+        const int code = key ? row.key : row.stick;
+        // The release goes to the screen that received the press, even if another is in front by then.
+        if (by_ != device::mouse && !down)
+            return pc_.event([&] { (key ? s_.window.KeyUp : s_.window.ButtonUp)(code); });
+        if (by_ != device::mouse) return key ? pc_.key_down(code) : pc_.stick_button(code, true);
+        if (down && button.Click) return pc_.click(button);
+        down ? pc_.press(button) : pc_.release(button);
+    }
+    void tap(control c)
+    {
+        work(c, true);
+        work(c, false);
+    }
+    // Holds a direction. The stick is deflected less for a short time.
+    void hold(control c, double seconds)
+    {
+        if (by_ != device::stick) {
+            work(c, true);
+            pc_.wait(seconds);
+            return work(c, false);
+        }
+        const int sign = c == control::left || c == control::up ? -1 : 1;
+        const bool across = c == control::left || c == control::right;
+        const long at = deflected(across ? p_.joyxcentre : p_.joyycentre,
+                                  across ? p_.joyxfactor : p_.joyyfactor, sign, seconds < 0.05 ? 20 : 100);
+        for (double t = 0; t < seconds; t += event) {
+            pc_.stick(across ? at : static_cast<long>(centre), across ? static_cast<long>(centre) : at);
+            pc_.wait(event);
+        }
+        pc_.stick(static_cast<long>(centre), static_cast<long>(centre));
+    }
+    void push(control less, control more, double off)
+    {
+        if (std::abs(off) > 15) hold(off > 0 ? more : less, std::abs(off) > 500 ? 0.12 : 0.017);
+    }
+    // Moves the view until the target's centre is at this place.
+    void bring(spot to)
+    {
+        for (int i = 0; i < 300 && target(); ++i) {
+            const spot at = *target();
+            if (std::abs(at.x - to.x) <= 15 && std::abs(at.y - to.y) <= 15) return;
+            push(control::left, control::right, at.x - to.x);
+            push(control::up, control::down, at.y - to.y);
+        }
+    }
+    void shift(spot by)
+    {
+        if (const auto at = target()) bring({at->x + by.x, at->y + by.y});
+    }
+
+    // An engagement.
+    bool awaitorder()
+    {
+        static constexpr std::array<std::pair<const char*, const char*>, 3> orders{
+            {{"FIN TANK", "FIN"}, {"HESH BMP", "HESH"}, {"COAX TRANSPORT", "COAX"}}};
+        // Half a minute without an order is a pause, a minute the end.
+        for (int waited = 0; running() && waited < 600; pc_.wait(0.1), ++waited) {
+            if (waited == 300) resume();
+            if (s_.Cmdtarget.Enabled) push_panel_button(s_.Cmdtarget, 'G');
+            for (; heard_ < pc_.log.size(); ++heard_) {
+                const logged& l = pc_.log[heard_];
+                for (const auto& [words, name] : orders) {
+                    if (l.kind != "caption" || l.text.find(words) == std::string::npos ||
+                        l.text.find("ON ") != std::string::npos)   // the report after the lay
+                        continue;
+                    order_at_ = heard_++;
+                    notes.emplace_back();
+                    notes.back().order = name;
+                    notes.back().ordered = l.time;
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+    void select()
+    {
+        if (order_is("COAX")) return tap(control::coax);
+        tap(control::mainarm);
+        for (int i = 0; i < 2 && order_is("HESH"); ++i) tap(control::ammo);
+    }
+    // The laser's range; else the one called by the commander, which is rounded down to hundreds; else an
+    // estimate from the size of the target.
+    double range() const
+    {
+        if (s_.visual() && !s_.Lblrange.Caption.empty()) return std::atof(s_.Lblrange.Caption.c_str());
+        if (!s_.visual() && degraded()) return std::atof(s_.Lblrange.Caption.c_str());
+        if (const auto call = heard(" ON ")) {
+            const std::size_t number = call->find_first_of("0123456789");
+            if (number != std::string::npos) return std::stod(call->substr(number)) + 50;
+        }
+        return std::clamp(4 * (660 - s_.Imgtargets.Width), 600.0, 2250.0);
+    }
+    // Where a round falls, relative to the mark, when the gun was laid without the autolay.
+    spot drop(double metres) const
+    {
+        if (order_is("COAX")) return {beaten_zone.x, beaten_zone.y + (s_.visual() ? 2 * metres : metres / 7)};
+        return {0, !s_.visual() ? 0 : order_is("FIN") ? metres / 2 : 2 * metres};
+    }
+    // Lays the gun, with the autolay in the full system. That moves the visual target to the fall of shot.
+    void lay()
+    {
+        if (!std::exchange(correcting_, false)) {
+            bring(mark());
+            tap(control::laze);
+        }
+        const bool autolay = !degraded();
+        if (autolay) {
+            work(control::lay, true);
+            pc_.wait(2.6);
+        }
+        if (s_.visual() && autolay) {
+            if (order_is("COAX")) shift(beaten_zone);
+            return shift(off_);
+        }
+        const spot at = mark();
+        const spot fall = drop(range());
+        bring({at.x + fall.x + off_.x, at.y + fall.y + off_.y});
+    }
+    // Lays the dot on the fall of shot, presses the switch, lays it back on the target, and presses again.
+    void correctwind()
+    {
         const spot at = *target();
-        if (order_is("HESH") && !degraded() && std::abs(seen_->x - at.x) > s_.Imgtargets.Width / 3)
-            return correctwind();
-        off_ = {off_.x + seen_->x - at.x, off_.y + seen_->y - at.y};
+        bring({at.x - (seen_->x - at.x), at.y});
+        tap(control::ammo);
+        bring(at);
+        tap(control::ammo);
+        correcting_ = true;
+        notes.back().corrected = true;
     }
-}
-
-void gunner::engage()
-{
-    off_ = {};
-    correcting_ = false;
-    await([this] { return target().has_value(); }, 3);
-    select();
-    while (target() && running()) {
-        lay();
-        order_is("COAX") ? burst() : shoot();
-        work(control::lay, false);
-        judge();
+    void note_aim()
+    {
+        engagement_note& n = notes.back();
+        n.system = s_.Lblsystem.Caption;
+        n.aims.push_back({target()->x - s_.mbs1.Left, target()->y - s_.mbs1.Top});
     }
-    tap(control::off);
-}
+    void note_fall(spot round)
+    {
+        notes.back().falls.push_back({s_.Imgtargets.Left - round.x, s_.Imgtargets.Top - round.y});
+    }
+    void shoot()
+    {
+        await([this] { return s_.Imgloaded.Visible || !target(); }, 20);
+        if (!s_.Imgloaded.Visible || !target()) return;
+        note_aim();
+        seen_.reset();
+        tap(control::fire);
+        if (seen_) note_fall(*seen_);
+    }
+    // Each burst is assessed where the one before ended.
+    void burst()
+    {
+        await([this] { return heard("LOADE") || !target(); }, 20);
+        for (int i = 0; i < 8 && target() && !heard("COMD: TARGET STOP"); ++i) {
+            note_aim();
+            note_fall({s_.ammo.Left, s_.ammo.Top});
+            work(control::fire, true);
+            for (int look = 0; look < 15; ++look) {
+                pc_.wait(0.02);
+                if (const auto r = round()) seen_ = r;
+            }
+            work(control::fire, false);
+        }
+    }
+    // After a round: notes a kill, or corrects the next round. A HESH round fired after a lay that falls
+    // beside the target shows the wind.
+    void judge()
+    {
+        engagement_note& n = notes.back();
+        if (heard("COMD: TARGET STOP")) {
+            n.hit = true;
+            n.killed = pc_.now();
+            await([this] { return !target(); }, 3);
+        } else if (!seen_) {
+            pc_.wait(0.1);   // no round was fired
+            resume();
+        } else if (target()) {
+            const spot at = *target();
+            if (order_is("HESH") && !degraded() && std::abs(seen_->x - at.x) > s_.Imgtargets.Width / 3)
+                return correctwind();
+            off_ = {off_.x + seen_->x - at.x, off_.y + seen_->y - at.y};
+        }
+    }
+    void engage()
+    {
+        off_ = {};
+        correcting_ = false;
+        await([this] { return target().has_value(); }, 3);
+        select();
+        while (target() && running()) {
+            lay();
+            order_is("COAX") ? burst() : shoot();
+            work(control::lay, false);
+            judge();
+        }
+        tap(control::off);
+    }
+    // From START SIM until the practice has ended.
+    void fire_practice()
+    {
+        heard_ = pc_.log.size();
+        push_panel_button(s_.Cmdstartsim, 'S');
+        while (awaitorder()) engage();
+    }
 
-void gunner::fire_practice()
+    headless_machine& pc_;
+    const practice_state& p_;
+    gunnery_screen& s_;
+    device by_;
+    std::vector<engagement_note> notes;
+    std::size_t heard_ = 0;      // end of the part of the log searched for orders
+    std::size_t order_at_ = 0;   // index of the last order in the log
+    spot mark_;                  // where the mark was seen last
+    spot off_;                   // correction of the lay from the rounds observed
+    std::optional<spot> seen_;   // where the round was seen last
+    bool correcting_ = false;    // the HESH correction has just been made: no new lase
+};
+
+}   // namespace
+
+std::vector<engagement_note> fire_practice(headless_machine& pc, trainer& t, gunnery_screen& s, device by)
 {
-    heard_ = pc_.log.size();
-    push_panel_button(s_.Cmdstartsim, 'S');
-    while (awaitorder()) engage();
+    gunner g(pc, t, s, by);
+    g.fire_practice();
+    return g.notes;
 }
 
 }   // namespace vorn

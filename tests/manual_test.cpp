@@ -1,14 +1,11 @@
 // The shipped manual: its links and pictures exist, and it mentions every control of every screen.
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <regex>
 #include <set>
 #include <sstream>
 
 #include "calibration/joycal.h"
-#include "data_folder.h"
 #include "debrief/results.h"
+#include "drill.h"
 #include "flow/intro.h"
 #include "gunnery/screen.h"
 #include "platform/headless/headless_machine.h"
@@ -50,41 +47,43 @@ TEST(manual, links_and_pictures_exist)
     for (const std::string& p : pictures) EXPECT_TRUE(std::filesystem::is_regular_file(folder + p)) << p;
 }
 
+// The objects of every screen.
+template <class action>
+void for_each_object(const action& look)
+{
+    headless_machine pc;
+    trainer t(pc);
+    for (const form* f : {&t.intro.window, &t.startsim.window, &t.simulator.window, &t.thermal.window,
+                          &t.results.window, &t.rauthor.window, &t.joycal.window})
+        for (const screen_object* o : f->objects) look(f->name, *o, words(o->Caption));
+}
+
 // The contents mark the chapters of the screen from which the manual was opened.
 TEST(manual, has_chapters_for_every_screen_with_a_help_button)
 {
-    std::set<std::string> named;
+    std::set<std::string> named, helped;
     for (const std::string& names : found("<!--for ([a-z ]+)-->")) {
         std::istringstream all(names);
         for (std::string name; all >> name;) named.insert(name);
     }
-    std::set<std::string> helped;
-    headless_machine pc;
-    trainer t(pc);
-    for (form* f : {&t.intro.window, &t.startsim.window, &t.simulator.window, &t.thermal.window,
-                    &t.results.window, &t.rauthor.window, &t.joycal.window})
-        for (const screen_object* o : f->objects)
-            if (words(o->Caption).find("HELP") != std::string::npos) helped.insert(f->name);
+    for_each_object([&](const std::string& screen, const screen_object&, const std::string& caption) {
+        if (caption.find("HELP") != std::string::npos) helped.insert(screen);
+    });
     EXPECT_EQ(named, helped);
 }
 
 TEST(manual, mentions_every_control)
 {
     const std::string text = words(manual);
-    headless_machine pc;
-    trainer t(pc);
-    for (form* f : {&t.intro.window, &t.startsim.window, &t.simulator.window, &t.thermal.window,
-                    &t.results.window, &t.rauthor.window, &t.joycal.window})
-        for (const screen_object* o : f->objects) {
-            const bool works = o->kind == object_kind::button || o->kind == object_kind::checkbox ||
-                               (o->kind == object_kind::option && o->Visible) ||
-                               (o->kind == object_kind::label && o->Click);
-            std::string caption = words(o->Caption);
-            std::erase(caption, '&');
-            if (!works || caption.empty()) continue;
-            if (caption == "ammo select") caption = "AMMO SELECT";
-            EXPECT_NE(text.find(without_padding(caption)), std::string::npos) << f->name << ": " << caption;
-        }
+    for_each_object([&](const std::string& screen, const screen_object& o, std::string caption) {
+        const bool works = o.kind == object_kind::button || o.kind == object_kind::checkbox ||
+                           (o.kind == object_kind::option && o.Visible) ||
+                           (o.kind == object_kind::label && o.Click);
+        std::erase(caption, '&');
+        if (caption == "ammo select") caption = "AMMO SELECT";
+        EXPECT_TRUE(!works || text.find(without_padding(caption)) != std::string::npos)
+            << screen << ": " << caption;
+    });
 }
 
 }   // namespace

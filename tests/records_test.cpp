@@ -1,8 +1,4 @@
 // The files of earlier versions. Beside each one, NAME.txt says what the screens show of it.
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "debrief/report.h"
 #include "debrief/results.h"
 #include "debrief/resultsfile.h"

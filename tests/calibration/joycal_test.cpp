@@ -1,6 +1,4 @@
 // The calibration of the joystick: its steps and the dot of the stick tester.
-#include <gtest/gtest.h>
-
 #include <limits>
 
 #include "calibration/joycal.h"

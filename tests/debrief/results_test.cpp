@@ -1,7 +1,6 @@
 // The debrief screen after a practice and with records from files.
-#include <gtest/gtest.h>
-
 #include "debrief/results.h"
+#include "debrief/report.h"
 #include "debrief/resultsfile.h"
 #include "drill.h"
 #include "gunnery/screen.h"
@@ -174,32 +173,27 @@ TEST_F(debrief, the_record_decides_which_marks_are_visible)
     EXPECT_EQ(s.markerscale, 11);
     EXPECT_TRUE(s.killbox.Visible && s.killbox.Top == 1560 + 240)
         << "a thermal target has no margin at the top";
-    d.pc.click(s.Lbltgtnumber[2]);
+    const auto view = [&](int e) { d.pc.click(s.Lbltgtnumber[e]); };
+    view(2);
     EXPECT_TRUE(!s.Imagepoa.Visible && s.Lbltargetvis.Visible);
-    d.pc.click(s.Lbltgtnumber[3]);
+    view(3);
     EXPECT_FALSE(s.Frame1.Visible);
-    d.pc.click(s.Lbltgtnumber[4]);
+    view(4);
     EXPECT_TRUE(s.Frame1.Visible);
-    EXPECT_FALSE(s.Imgfos.Visible || s.killbox.Visible || s.Imglaze.Visible || s.Imagepoa.Visible ||
-                 s.Imgreptarget.Visible)
-        << "width 0: not measured";
-    d.pc.click(s.Lbltgtnumber[5]);
+    for (const screen_object* o : {&s.Imgfos, &s.killbox, &s.Imglaze, &s.Imagepoa, &s.Imgreptarget})
+        EXPECT_FALSE(o->Visible) << "width 0: not measured";
+    view(5);
     EXPECT_TRUE(s.cmdround2.Visible && !s.Cmdround3.Visible && s.cmdround4.Visible);
-    const struct {
-        int e;
-        bool bam, fin, hesh;
-    } marks[] = {
-        {1, true, false, false}, {6, false, true, false}, {7, false, false, true}, {8, false, false, false}};
-    for (const auto& m : marks) {
-        d.pc.click(s.Lbltgtnumber[m.e]);
-        EXPECT_TRUE(s.Imgbam.Visible == m.bam && s.Imgrevfin.Visible == m.fin &&
-                    s.Imgrevhesh.Visible == m.hesh)
-            << m.e;
+    for (const auto& [e, mark] :
+         {std::pair{1, &s.Imgbam}, {6, &s.Imgrevfin}, {7, &s.Imgrevhesh}, {8, nullptr}}) {
+        view(e);
+        for (const screen_object* o : {&s.Imgbam, &s.Imgrevfin, &s.Imgrevhesh})
+            EXPECT_EQ(o->Visible, o == mark) << e;
     }
-    d.pc.click(s.Lbltgtnumber[9]);
+    view(9);
     EXPECT_EQ(said(), "YOU DID NOT FIRE THIS ROUND ");
     EXPECT_EQ(s.Lbltgtnumber[8].ForeColor, colour::red) << "the display stays";
-    d.pc.click(s.Lbltgtnumber[3]);
+    view(3);
     p.rectime[1] = 0;
     d.pc.click(s.cmdnew);
     d.pc.confirm(t.startsim.Cmddebrief);
@@ -230,10 +224,17 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
     d.pc.confirm(s.Cmddelete);
     EXPECT_EQ(said().find("COULD NOT BE DELETED") != std::string::npos, another);
     EXPECT_EQ(!d.data.get("smith_.vrn").empty(), another);
-    d.data.put("bad.vrn", "\"SMITH_000                     \"\r\n99\r\n");
-    d.pc.boxes.clear();
-    open("bad.vrn");
-    EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED");
+    for (const auto& [count, whole] : {std::pair{"0", true}, {"15", true}, {"16", false}, {"-1", false}}) {
+        const std::string head = first_lines(before, 1);
+        d.data.put("own.vrn", head + count + before.substr(before.find("\r\n", head.size())));
+        d.pc.boxes.clear();
+        open("own.vrn");
+        EXPECT_EQ(d.pc.boxes.size(), whole ? 0U : 1U) << count;
+        EXPECT_EQ(p.targetcount, std::stoi(whole ? count : "15"));
+        if (p.targetcount < 15) continue;
+        d.pc.click(s.Lbltgtnumber[15]);
+        EXPECT_EQ(said(), "YOU DID NOT FIRE THIS ROUND ");
+    }
     EXPECT_TRUE(s.Cmdopen.Enabled);
 }
 
@@ -341,6 +342,85 @@ TEST(debrief_alone, without_a_practice_cannot_replay)
     d.pc.confirm(d.t.startsim.Cmddebrief);
     EXPECT_FALSE(s.Cmdreplay.Enabled);
     EXPECT_EQ(s.Lblsystem.Caption, "") << "no practice to show";
+}
+
+// The report -----------------------------------------------------------------------------------------------
+
+struct fired {
+    const char *system, *ammo, *hit;
+    int time;
+};
+
+practice_state practice_of(const std::vector<fired>& engagements)
+{
+    practice_state p;
+    p.studentdetails = "Trooper_24";
+    p.targetcount = static_cast<int>(engagements.size());
+    int e = 1;
+    for (const fired& f : engagements) {
+        p.rectarget[e] = f.time > 0 ? e : 0;
+        p.recsystem[e] = f.system;
+        p.recammo[e] = f.ammo;
+        p.rechit[e] = f.hit;
+        p.rectime[e] = f.time;
+        e += 1;
+    }
+    // Rows of an earlier, longer practice.
+    for (; e < engagement_rows; ++e) {
+        p.rechit[e] = "YES";
+        p.rectime[e] = 5;
+    }
+    return p;
+}
+
+using texts = std::vector<std::string>;
+
+// Hits, average and score.
+texts summary_of(const practice_state& p)
+{
+    texts last;
+    for (const printed_line& l : report_lines(p)) last.push_back(l.text);
+    return {last.end() - 3, last.end()};
+}
+
+TEST(report, sums_up_hits_average_and_score)
+{
+    const fired ten_seconds{"FULL", "COAX", "YES", 10};
+    const struct {
+        practice_state practice;
+        const char *hits, *average, *score;
+    } cases[] = {
+        {practice_of(std::vector<fired>(6, ten_seconds)), "6 OUT OF 6", "10", "360"},
+        {practice_of({{"FULL", "FIN", "YES", 20}, {"FULL", "FIN", "YES", 30}, {"FULL", "FIN", "YES", 24}}),
+         "3 OUT OF 3", "24.6666666666667", "36.4864864864865"},
+        {practice_of({{"FULL", "", "NO", 100}, {"FULL", "FIN", "yes", 8}}), " OUT OF 2", "54", "0"},
+        {practice_of({{"FULL", "", "", 0}, {"FULL", "FIN", "YES", 8}}), "1 OUT OF 2", "4", "50"},
+        {practice_of({{"FULL", "", "", 0}, {"", "", "YES", 0}}), "1 OUT OF 2", "0", "0"},
+        {practice_of({}), " OUT OF 0", "0", "0"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(summary_of(c.practice), (texts{"NUMBER OF HITS............." + std::string(c.hits),
+                                                 "AVERAGE TIME..............." + std::string(c.average),
+                                                 "SCORE......................" + std::string(c.score)}));
+}
+
+TEST(report, the_text_file_labels_the_number_of_an_engagement_differently)
+{
+    const data_folder data;
+    headless_machine pc;
+    pc.working_directory = from_utf8(data.ranges());
+    data.put("printtest.txt", std::string(9000, 'x'));
+    const practice_state two = practice_of({{"FULL", "FIN", "YES", 12}, {"LAZE ONLY", "DST", "NO", 100}});
+    ASSERT_EQ(write_text_report(pc, two), "");
+    std::string expected;
+    for (const printed_line& l : report_lines(two)) {
+        const bool number = l.text.find("TARGET NUMBER") == 0;
+        expected += (number ? "ENGAGEMENT NUMBER.........." + l.text.substr(27) : l.text) + "\r\n";
+    }
+    EXPECT_EQ(data.get("printtest.txt"), expected);
+    data.remove("printtest.txt");
+    std::filesystem::create_directory(from_utf8(data.path("printtest.txt")));
+    EXPECT_NE(write_text_report(pc, two), "") << "a folder has the name";
 }
 
 }   // namespace

@@ -1,16 +1,6 @@
-#include <QDir>
-#include <QHeaderView>
-#include <QInputDialog>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTextBlock>
-#include <QTextBrowser>
-#include <QTreeView>
-#include <QWheelEvent>
-
+// Message boxes, file dialogs, the manual and the printer.
 #include "fixture.h"
+#include "platform/desktop/devices/printing.h"
 
 namespace vorn::desktop_tests {
 
@@ -18,36 +8,28 @@ struct boxes : desktop_test {
     boxes() { pc.working_directory = folder.path().toStdString(); }
 };
 
-TEST_F(boxes, show_plain_text_and_one_line_break_for_each_pair)
+TEST_F(boxes, show_plain_text_and_return_true_only_for_yes)
 {
-    open(one);
-    when_box<QMessageBox>([](QMessageBox& box) {
-        EXPECT_EQ(box.text(), "V. O. R. N.\n   \nARE <b>YOU</b> SURE ?");
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.windowTitle(), "SIMULATOR");
-        EXPECT_EQ(box.icon(), QMessageBox::Question);
-        box.reject();
-    });
-    pc.message_box({"V. O. R. N.\n\r   \n\rARE <b>YOU</b> SURE ?", "SIMULATOR", box_buttons::yes_no,
-                    box_sign::question});
-}
-
-TEST_F(boxes, return_true_only_for_yes)
-{
-    const auto ask = [&](std::function<void(QMessageBox&)> act) {
+    const auto ask = [&](std::function<void(QMessageBox&)> act, default_button b = default_button::yes) {
         when_box<QMessageBox>(std::move(act));
-        return pc.message_box({"TRY ANOTHER ?", "PICTURE FAULT", box_buttons::yes_no});
+        return pc.message_box({"V. O. R. N.\n\r   \n\rARE <b>YOU</b> SURE ?", "SIMULATOR",
+                               box_buttons::yes_no, box_sign::question, b});
     };
     open(one);
+    EXPECT_FALSE(ask([](QMessageBox& b) {
+        EXPECT_EQ(b.text(), "V. O. R. N.\n   \nARE <b>YOU</b> SURE ?") << "one line break for each pair";
+        EXPECT_EQ(b.textFormat(), Qt::PlainText);
+        EXPECT_EQ(b.windowTitle(), "SIMULATOR");
+        EXPECT_EQ(b.icon(), QMessageBox::Question);
+        b.reject();
+    }));
     EXPECT_TRUE(ask([](QMessageBox& b) { b.button(QMessageBox::Yes)->click(); }));
     EXPECT_FALSE(ask([](QMessageBox& b) { b.button(QMessageBox::No)->click(); }));
     EXPECT_FALSE(ask([](QMessageBox& b) { QTest::keyClick(b.windowHandle(), Qt::Key_Escape); }));
     EXPECT_FALSE(ask([](QMessageBox& b) { b.close(); }));
-    for (const default_button on_return : {default_button::yes, default_button::no}) {
-        answer(Qt::Key_Return);
-        EXPECT_EQ(pc.message_box({"EXIT ?", "SIMULATOR", box_buttons::yes_no, box_sign::question, on_return}),
-                  on_return == default_button::yes);
-    }
+    const auto enter = [](QMessageBox& b) { QTest::keyClick(b.windowHandle(), Qt::Key_Return); };
+    EXPECT_TRUE(ask(enter, default_button::yes));
+    EXPECT_FALSE(ask(enter, default_button::no));
 }
 
 TEST_F(boxes, an_input_box_proposes_a_text_and_returns_the_edited_one)
@@ -334,6 +316,62 @@ TEST_F(help, reports_a_missing_file)
     write("absent.HLP", "<p>here now</p>");
     pc.run([&] { pc.show_help("absent.HLP"); });
     EXPECT_EQ(page()->toPlainText(), "here now");
+}
+
+struct printing : desktop_test {
+    qsizetype page_count(const std::vector<printed_line>& lines)
+    {
+        QPdfWriter printer(folder.filePath("report.pdf"));
+        EXPECT_EQ(print_lines(printer, lines), "");
+        QFile file(folder.filePath("report.pdf"));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().count("/Type /Page\n");
+    }
+
+    const printed_line line{"ENGAGEMENT 1", "MS Sans Serif", 10, false, true};
+};
+
+TEST_F(printing, continues_on_the_next_page)
+{
+    printed_line large = line;
+    large.size = 30;
+    EXPECT_EQ(page_count({line}), 1);
+    EXPECT_EQ(page_count(std::vector<printed_line>(40, line)), 1);
+    EXPECT_EQ(page_count(std::vector<printed_line>(100, line)), 2);
+    EXPECT_GE(page_count(std::vector<printed_line>(40, large)), 2);
+    EXPECT_EQ(page_count({printed_line{"", "No Such Face", 800}, line}), 2) << "a line larger than the page";
+}
+
+TEST_F(printing, reports_a_printer_that_cannot_be_used)
+{
+    QPdfWriter printer(folder.filePath("no/such/folder/report.pdf"));
+    EXPECT_NE(print_lines(printer, {line}), "");
+    EXPECT_NE(print_to_pdf(pc, "/dev/full", {line}), "");
+}
+
+TEST_F(printing, without_a_printer_goes_to_a_file_or_is_cancelled)
+{
+    open(one);
+    QString proposed;
+    const auto print_to = [&](const QString& name) {
+        when_box<QFileDialog>([&, name](QFileDialog& d) {
+            proposed = d.selectedFiles().value(0);
+            if (name.isEmpty()) return d.reject();
+            d.selectFile(folder.filePath(name));
+            static_cast<QDialog&>(d).accept();
+        });
+        return pc.print({line}, "SMITH: 1/2");
+    };
+    const print_outcome cancelled = print_to("");
+    EXPECT_TRUE(cancelled.cancelled && cancelled.reason.empty());
+    EXPECT_TRUE(QFileInfo(proposed).fileName().startsWith("SMITH_ 1_2 20")) << proposed.toStdString();
+    EXPECT_FALSE(QFile::exists(proposed));
+    const QString too_long = QString(247, 'r') + ".pdf";   // no room for the suffix of the temporary file
+    EXPECT_EQ(print_to(too_long).reason, "The file can't be written.");
+    const print_outcome printed = print_to("report");
+    EXPECT_EQ(printed.reason, "");
+    EXPECT_EQ(printed.file, folder.filePath("report.pdf").toStdString());
+    EXPECT_TRUE(QFile::exists(folder.filePath("report.pdf")));
 }
 
 }   // namespace vorn::desktop_tests

@@ -3,12 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QFile>
-#include <QFileDialog>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
+#include <QtTest>
+#include <QtWidgets>
 #include <deque>
 #include <functional>
 #include <string>
@@ -105,6 +101,13 @@ protected:
         window(s).resize(width, height);
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window(s)));
     }
+    // A button that logs a word when it is clicked. Each is below the one before.
+    screen_object& button(const char* clicked, screen_object* parent = nullptr)
+    {
+        screen_object& o = one.put(object_kind::button, 4500, next_top_ += 600, 1500, 300, parent);
+        o.Click = [this, clicked] { log.push_back(clicked); };
+        return o;
+    }
     // Runs the event loop once.
     static void settle() { QTest::qWait(1); }
 
@@ -174,6 +177,7 @@ protected:
     desktop_machine pc;
 
 private:
+    double next_top_ = 0;
     QObject box_timers_;
 };
 

@@ -1,8 +1,3 @@
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-
 #include "fixture.h"
 
 namespace vorn::desktop_tests {
@@ -18,8 +13,7 @@ struct keys : desktop_test {
 TEST_F(keys, go_to_the_form_once_and_then_to_the_focused_object)
 {
     screen_object& text = one.put(object_kind::textbox, 0, 0, 1500, 300);
-    screen_object& button = one.put(object_kind::button, 0, 600, 1500, 300);
-    button.Click = [&] { log.push_back("click"); };
+    button("click");
     listen();
     open(one);
     widget<QLineEdit>(text).setFocus();
@@ -74,9 +68,8 @@ TEST_F(keys, are_released_when_the_window_is_deactivated_or_a_box_opens)
 
 TEST_F(keys, of_an_access_key_click_its_button_and_do_not_go_to_the_form)
 {
-    screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
-    button.Caption = "&START SIM";
-    button.Click = [&] { log.push_back("click"); };
+    screen_object& start = button("click");
+    start.Caption = "&START SIM";
     constexpr int alt = 18;
     one.f.KeyDown = one.f.KeyUp = [&](int code) {
         if (code != alt) log.push_back(std::to_string(code));
@@ -85,7 +78,7 @@ TEST_F(keys, of_an_access_key_click_its_button_and_do_not_go_to_the_form)
     QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier);
     QTest::keyClick(handle(one), Qt::Key_U, Qt::AltModifier);
     EXPECT_EQ(log, strings{"click"});
-    pc.run([&] { button.Enabled = false; });
+    pc.run([&] { start.Enabled = false; });
     QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier);
     EXPECT_EQ(log, strings{"click"});
 }
@@ -93,11 +86,8 @@ TEST_F(keys, of_an_access_key_click_its_button_and_do_not_go_to_the_form)
 TEST_F(keys, click_the_buttons_of_a_hidden_panel)
 {
     screen_object& panel = one.put(object_kind::frame, 0, 0, 3000, 3000);
-    screen_object& start = one.put(object_kind::button, 0, 0, 1500, 300, &panel);
-    screen_object& leave = one.put(object_kind::button, 0, 600, 1500, 300, &panel);
+    screen_object &start = button("start", &panel), &leave = button("leave", &panel);
     start.Caption = "&START SIM";
-    start.Click = [&] { log.push_back("start"); };
-    leave.Click = [&] { log.push_back("leave"); };
     one.f.panel_keys = {{'S', true, &start}, {27, false, &leave}};
     const auto both = [&] {
         QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier);
@@ -118,14 +108,14 @@ TEST_F(keys, click_the_buttons_of_a_hidden_panel)
 
 TEST_F(keys, a_held_return_answers_no_box_and_clicks_a_button_once)
 {
-    screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
-    button.Click = [&] {
+    screen_object& exit = button("click");
+    exit.Click = [&] {
         log.push_back("click");
         pc.message_box({"ARE YOU SURE ?", "V.O.R.N."});
         log.push_back("answered");
     };
     open(one);
-    widget<QPushButton>(button).setFocus();
+    widget(exit).setFocus();
     when_box<QMessageBox>([&](QMessageBox& box) {
         QTest::keyPress(box.windowHandle(), Qt::Key_Return);
         EXPECT_TRUE(box.isVisible());
@@ -141,15 +131,14 @@ TEST_F(keys, a_held_return_answers_no_box_and_clicks_a_button_once)
 // The box closes before the key is released, so that no window gets the release event.
 TEST_F(keys, whose_release_was_missed_count_as_pressed_again)
 {
-    screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
-    button.Click = [&] { log.push_back("click"); };
+    const screen_object& ok = button("click");
     bool down = true, asked = false;
     pc.key_is_down = [&](quint32) {
         asked = true;
         return down;
     };
     open(one);
-    widget<QPushButton>(button).setFocus();
+    widget(ok).setFocus();
     const auto answered_and_pressed_again = [&] {
         when_box<QMessageBox>([](QMessageBox& box) { QTest::keyPress(box.windowHandle(), Qt::Key_Return); });
         pc.message_box({"NO SUCH FILE", "RANGE"});
@@ -207,10 +196,9 @@ TEST_F(keys, of_the_gun_answer_no_box)
 TEST_F(keys, a_held_space_repeats_in_a_text_and_clicks_a_button_once)
 {
     screen_object& text = one.put(object_kind::textbox, 0, 0, 1500, 300);
-    screen_object& button = one.put(object_kind::button, 0, 600, 1500, 300);
-    button.Click = [&] { log.push_back("click"); };
+    screen_object& ok = button("click");
     open(one);
-    for (const screen_object* o : {&text, &button}) {
+    for (const screen_object* o : {&text, &ok}) {
         widget(*o).setFocus();
         for (int i = 0; i < 3; ++i) QTest::keyPress(handle(one), ' ');
         release(one, Qt::Key_Space);

@@ -1,9 +1,3 @@
-#include <QBuffer>
-#include <QDataStream>
-#include <QDir>
-#include <QImageReader>
-#include <QPainter>
-#include <QtEndian>
 #include <set>
 
 #include "gunnery/sight.h"
@@ -136,39 +130,6 @@ TEST_F(pictures, that_are_truncated_are_shown_in_part_or_refused)
     EXPECT_EQ(strip("cut.jpg", below), strip("cut.jpg", below.translated(1, 0)))
         << "the missing part has one colour";
     EXPECT_EQ(pc.load_picture("cut.png").reason, "It is not a picture that can be read.");
-}
-
-TEST_F(pictures, of_the_shipped_ranges_decode_without_warnings_and_show_the_same_as_their_twins)
-{
-    static int warnings;
-    warnings = 0;
-    const QtMessageHandler before =
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) { ++warnings; });
-    const QSize small(400, 200);
-    const auto view_of = [&small](const QString& name) {
-        QImageReader reader(name);
-        reader.setDecideFormatFromContent(true);
-        return reader.read()
-            .convertToFormat(QImage::Format_Grayscale8)
-            .scaled(small, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    };
-    int found = 0;
-    for (const QFileInfo& file :
-         QDir(VORN_SOURCE_DIR "/data/ranges").entryInfoList({"*.vrp", "*.trp"}, QDir::Files)) {
-        if (file.fileName().contains('@')) continue;
-        SCOPED_TRACE(file.fileName().toStdString());
-        const QImage named = view_of(file.filePath()), twin = view_of(file.path() + '/' + twin_of(file));
-        ASSERT_TRUE(named.size() == small && twin.size() == small);
-        int worst = 0;
-        for (int y = 0; y < small.height(); ++y)
-            for (int x = 0; x < small.width(); ++x)
-                worst = std::max(worst, std::abs(qGray(twin.pixel(x, y)) - qGray(named.pixel(x, y))));
-        EXPECT_LT(worst, 16);
-        EXPECT_EQ(warnings, 0);
-        ++found;
-    }
-    qInstallMessageHandler(before);
-    EXPECT_EQ(found, 7);
 }
 
 TEST_F(pictures, icons_are_drawn_from_the_smallest_sufficient_image)

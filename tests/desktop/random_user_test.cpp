@@ -2,10 +2,6 @@
 // resizes and full screen. The rules of tests/walk are checked before each action. For a longer walk or
 // another seed:
 //     WALK_EVENTS=1000000 WALK_SEED=7 vorn_desktop_tests --gtest_filter='random_user*'
-#include <QAbstractButton>
-#include <QContextMenuEvent>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <random>
 #include <set>
 
@@ -94,16 +90,11 @@ struct random_user : trainer_test {
             return answer_box(*box);
         help_in_front = help_in_front ? !chance(10) : chance(2);
         const int what = below(100);
-        if (what < 45)
-            use_mouse(widget_in(*window), *window);
-        else if (what < 90)
-            use_key(*window->windowHandle());
-        else if (what < 93)
-            window->resize(300 + below(900), 200 + below(700));
-        else if (what < 95)
-            send(*window, QEvent::WindowDeactivate);
-        else
-            turn_wheel(widget_in(*window));
+        if (what < 45) return use_mouse(widget_in(*window), *window);
+        if (what < 90) return use_key(*window->windowHandle());
+        if (what < 93) return window->resize(300 + below(900), 200 + below(700));
+        if (what < 95) return send(*window, QEvent::WindowDeactivate);
+        turn_wheel(widget_in(*window));
     }
     void use_mouse(QWidget& w, QWidget& window)
     {
@@ -111,18 +102,12 @@ struct random_user : trainer_test {
         if (!QRect({0, 0}, window.windowHandle()->size()).contains(at)) return;
         const Qt::MouseButton button = chance(95) ? Qt::LeftButton : Qt::RightButton;
         QWindow* handle = window.windowHandle();
-        switch (below(6)) {
-            case 0:
-                return QTest::mousePress(handle, button, {}, at);
-            case 1:
-                return QTest::mouseRelease(handle, button, {}, at);
-            case 2:
-                return QTest::mouseMove(handle, at);
-            case 3:
-                return QTest::mouseDClick(handle, button, {}, at);
-            default:
-                return QTest::mouseClick(handle, button, {}, at);
-        }
+        const int what = below(6);
+        if (what == 0) return QTest::mousePress(handle, button, {}, at);
+        if (what == 1) return QTest::mouseRelease(handle, button, {}, at);
+        if (what == 2) return QTest::mouseMove(handle, at);
+        if (what == 3) return QTest::mouseDClick(handle, button, {}, at);
+        QTest::mouseClick(handle, button, {}, at);
     }
     void turn_wheel(QWidget& w)
     {
@@ -150,8 +135,8 @@ struct random_user : trainer_test {
         const auto* message = qobject_cast<const QMessageBox*>(&box);
         if (message == nullptr) return {};
         if (message->text().contains("TO EXIT")) return false;
-        const bool lacks_file = message->text().contains("DO YOU WISH TO LO");
-        return lacks_file ? std::optional(true) : std::nullopt;
+        if (message->text().contains("DO YOU WISH TO LO")) return true;   // locate or look for a file
+        return {};
     }
     void answer_box(QDialog& box)
     {

@@ -3,10 +3,6 @@
 #include <SDL.h>
 #include <sys/stat.h>
 
-#include <QDataStream>
-#include <QFile>
-#include <QTemporaryDir>
-
 #include "fixture.h"
 #include "platform/desktop/devices/sound.h"
 

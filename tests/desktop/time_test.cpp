@@ -1,6 +1,3 @@
-#include <QKeyEvent>
-#include <QLabel>
-
 #include "fixture.h"
 
 namespace vorn::desktop_tests {
@@ -29,20 +26,6 @@ TEST_F(timing, timers_tick_until_stopped_and_their_changes_are_shown)
     EXPECT_TRUE(QTest::qWaitFor([&] { return others >= 5; }));
     EXPECT_EQ(n, last);
     EXPECT_EQ(widget<QLabel>(label).text().toInt(), last);
-}
-
-TEST_F(timing, a_box_blocks_its_handler_but_no_timer)
-{
-    int n = 0;
-    timer& t = one.add_timer(1, [&] { ++n; });
-    open(one);
-    when_box([](QDialog& box) { box.accept(); }, [&] { return n >= 3; });
-    pc.run([&] {
-        start(t);
-        pc.message_box({"RANGE IN USE", "SIMULATOR"});
-        log.push_back(n >= 3 ? "after the ticks" : "before the ticks");
-    });
-    EXPECT_EQ(log, strings{"after the ticks"});
 }
 
 TEST_F(timing, a_counted_move_is_shown_step_by_step_and_delays_events)

@@ -1,9 +1,6 @@
 // The fixture of the tests that run the whole trainer on real widgets.
 #pragma once
 
-#include <QMessageBox>
-#include <QPushButton>
-
 #include "calibration/joycal.h"
 #include "debrief/results.h"
 #include "fixture.h"

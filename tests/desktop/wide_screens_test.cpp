@@ -1,30 +1,46 @@
-// The screens without a docked sight in windows of any shape.
-#include <QLabel>
-
+// The screens in windows of any shape.
 #include "trainer_fixture.h"
 
 namespace vorn::desktop_tests {
 
-struct wide_screens : trainer_test, testing::WithParamInterface<QSize> {
-    form_window& open_screen(form& f, const QSize& size = GetParam())
+constexpr QSize shapes[] = {{800, 600},   {1024, 768},  {1366, 768}, {1440, 900},
+                            {1920, 1080}, {2560, 1080}, {1080, 1920}};
+
+struct wide_screens : trainer_test {
+    wide_screens() { open_setup(); }
+    // Shows the screen in a window of each shape in turn.
+    void in_each_shape(form& f, const std::function<void()>& look)
     {
         pc.run([&] { show(pc, f); });
-        form_window& w = *pc.window(f);
-        w.resize(size);
-        pc.sync();
-        return w;
+        for (const QSize& size : shapes) {
+            SCOPED_TRACE(testing::Message() << f.name << ' ' << size.width() << 'x' << size.height());
+            window_size = size;
+            pc.window(f)->resize(size);
+            pc.sync();
+            look();
+        }
     }
-    // The texts fit, and each object is within its frame.
-    void expect_nothing_cut(const form& f, const std::vector<const screen_object*>& all)
+    // Each object is inside its frame, and each label is high enough for its text.
+    void expect_nothing_cut(const form& f)
     {
-        for (const screen_object* o : all)
-            if (const auto* text = qobject_cast<const QLabel*>(&widget(*o))) {
-                EXPECT_LE(text->heightForWidth(text->width()), text->height()) << o->Caption;
-            }
-        for (const screen_object* o : f.objects)
-            if (o->Visible && o->parent != nullptr && !in_sight(*o)) {
+        for (const screen_object* o : f.objects) {
+            if (in_sight(*o) || !widget(*o).isVisible() || widget(*o).size().isEmpty()) continue;
+            if (o->parent != nullptr) {
                 EXPECT_TRUE(widget(*o->parent).rect().contains(widget(*o).geometry())) << o->Caption;
             }
+            if (const auto* text = qobject_cast<const QLabel*>(&widget(*o))) {
+                EXPECT_LE(text->heightForWidth(text->width()), text->height() + 1) << o->Caption;
+            }
+        }
+        for (const auto* b : pc.window(f)->findChildren<QRadioButton*>())
+            EXPECT_LE(b->sizeHint().width(), b->width() + 1) << b->text().toStdString();
+    }
+    // The share of the window that these objects take.
+    double used(const std::vector<const screen_object*>& all)
+    {
+        double pixels = 0;
+        for (const screen_object* o : all) pixels += in_window(*o).width() * in_window(*o).height();
+        return pixels / (window_size.width() * window_size.height());
     }
     // The middle of an object relative to `ground`, in parts of the width and height of `ground`.
     QPointF middle_on(const screen_object& o, const screen_object& ground)
@@ -32,110 +48,192 @@ struct wide_screens : trainer_test, testing::WithParamInterface<QSize> {
         const QRectF at = in_window(o), on = in_window(ground);
         return {(at.center().x() - on.left()) / on.width(), (at.center().y() - on.top()) / on.height()};
     }
-    double shape() const { return static_cast<double>(GetParam().width()) / GetParam().height(); }
+    double shape() const { return static_cast<double>(window_size.width()) / window_size.height(); }
     // The size of an object relative to its size in a form that is scaled as a whole to this window.
     double gain(const screen_object& o)
     {
-        const double scale = std::min(GetParam().width() / form_width, GetParam().height() / form_height);
+        const double scale = std::min(window_size.width() / form_width, window_size.height() / form_height);
         return in_window(o).width() / (o.Width * scale);
     }
+    // The sight has the aspect ratio of the model and at least this share of the window.
+    void expect_large(const screen_object& sight)
+    {
+        const double least = shape() > 2 ? 0.45 : shape() > 1.7 ? 0.6 : shape() > 1 ? 0.5 : 0.3;
+        const QRectF at = in_window(sight);
+        EXPECT_NEAR(at.width() / at.height(), sight.Width / sight.Height, 0.01);
+        EXPECT_GE(at.width() * at.height() / (window_size.width() * window_size.height()), least);
+    }
+
+    QSize window_size;
 };
 
-TEST_P(wide_screens, the_debrief_shows_a_large_target_with_the_marks_on_their_places)
+TEST_F(wide_screens, the_practice_gives_the_sight_all_that_the_panels_leave)
 {
-    open_setup();
-    results_screen& s = t.results;
-    open_screen(s.window);
-    s.Frmtherm.Visible = s.Imgfos.Visible = s.Imgreptarget.Visible = s.imgtargetpointer.Visible = true;
-    s.Imgfos.Left = s.Imgtargetdetails.Left + s.Imgtargetdetails.Width - s.Imgfos.Width / 2;
-    s.Imgfos.Top = s.Imgtargetdetails.Top - s.Imgfos.Height / 2;
-    s.imgtargetpointer.Left = s.Imgrange.Left + s.Imgrange.Width * 0.75 - s.imgtargetpointer.Width / 2;
-    s.outcome.Caption = "/home/gunner/practices/SMITH .vrn is saved";
-    pc.sync();
-    auto all = parts(s.window);
-    std::erase(all, &s.imgtargetpointer);
-    expect_orderly(all);
-    expect_nothing_cut(s.window, all);
-
-    const QPointF fall = middle_on(s.Imgfos, s.Imgtargetdetails);
-    EXPECT_NEAR(fall.x(), 1, 0.02);
-    EXPECT_NEAR(fall.y(), 0, 0.02);
-    const QPointF centre = middle_on(s.Imgreptarget, s.Imgtargetdetails);
-    EXPECT_NEAR(centre.x(), 0.5, 0.02);
-    EXPECT_NEAR(centre.y(), 0.5, 0.02);
-    EXPECT_NEAR(middle_on(s.imgtargetpointer, s.Imgrange).x(), 0.75, 0.005);
-
-    const QRectF target = in_window(s.Imgtargetdetails), range = in_window(s.Imgrange);
-    EXPECT_NEAR(target.width() / target.height(), 1, 0.02);
-    EXPECT_NEAR(range.width() / range.height(), s.Imgrange.Width / s.Imgrange.Height, 0.02);
-    EXPECT_GE(gain(s.Imgtargetdetails), shape() > 1.7 ? 1.55 : shape() > 1.5 ? 1.3 : 0.97);
-    s.imgtargetpointer.Left = s.Imgrange.Left + 2 * s.Imgrange.Width;
-    pc.sync();
-    EXPECT_NEAR(in_window(s.imgtargetpointer).right(), in_window(s.Imgrange).right(), 1)
-        << "a place outside the range is shown at its edge";
+    t.shared.joycalibrated = true;
+    startsim_screen& u = t.startsim;
+    const struct {
+        const char* what;
+        std::initializer_list<screen_object*> options;
+        screen_object& start;
+        gunnery_screen& screen;
+    } practices[] = {{"visual, keyboard", {&u.Optmode1, &u.Optcon2}, u.Cmdstart, t.simulator},
+                     {"visual, mouse", {&u.Optcon3}, u.Cmdstart, t.simulator},
+                     {"visual, joystick", {&u.Optcon1}, u.Cmdstart, t.simulator},
+                     {"Plain Screen", {&u.Optscreen1}, u.Cmdstart, t.simulator},
+                     {"quick start", {&u.Optscreen2}, u.cmdgame, t.simulator},
+                     {"thermal, mouse", {&u.Optmode2, &u.Optcon3}, u.Cmdstart, t.thermal},
+                     {"thermal, joystick", {&u.Optcon1}, u.Cmdstart, t.thermal},
+                     {"thermal, keyboard", {&u.Optcon2}, u.Cmdstart, t.thermal}};
+    for (const auto& p : practices) {
+        SCOPED_TRACE(p.what);
+        for (screen_object* o : p.options) click(*o);
+        if (&p.start == &u.Cmdstart) answer_yes();
+        click(p.start);
+        in_each_shape(p.screen.window, [&] {
+            expect_orderly(parts(p.screen.window, &p.screen.Frame1));
+            expect_large(p.screen.Picrange);
+            EXPECT_GE(used(parts(p.screen.window, &p.screen.Frame1)), 0.85) << "no strip is left empty";
+            expect_nothing_cut(p.screen.window);
+            p.screen.lblcrew.Caption = p.screen.visual() ? "TARGET STOP...STOP CLEAR GUNS !!"
+                                                         : "COMMANDER :- COAX TRANSPORT !!ON LAZE !!";
+            pc.sync();
+            expect_nothing_cut(p.screen.window);
+        });
+        pc.run(p.screen.Cmdmain.Click);
+        if (t.intro.window.state == form_state::shown) click(t.intro.lblstart);
+    }
 }
 
-TEST_P(wide_screens, the_author_shows_a_large_range_and_a_click_marks_the_same_point)
+// It also keeps its size when the note of the keys disappears.
+TEST_F(wide_screens, a_plain_screen_gives_nearly_all_to_the_sight)
 {
-    open_setup();
+    gunnery_screen& s = t.simulator;
+    for (const screen_object* o : {&t.startsim.Optcon2, &t.startsim.Optscreen1}) click(*o);
+    answer_yes();
+    click(t.startsim.Cmdstart);
+    std::vector<QRect> before, after;
+    in_each_shape(s.window, [&] {
+        before.push_back(in_window(s.Picrange));
+        const QSizeF most =
+            QSizeF(s.Picrange.Width, s.Picrange.Height).scaled(window_size, Qt::KeepAspectRatio);
+        EXPECT_GE(before.back().width() / most.width(), 0.9);
+        expect_nothing_cut(s.window);
+        EXPECT_FALSE(s.keynote.Caption.empty());
+    });
+    pc.run(s.Cmdstartsim.Click);
+    EXPECT_TRUE(s.keynote.Caption.empty());
+    in_each_shape(s.window, [&] { after.push_back(in_window(s.Picrange)); });
+    EXPECT_EQ(after, before);
+}
+
+TEST_F(wide_screens, the_row_of_a_hidden_button_is_closed)
+{
+    gunnery_screen& s = t.simulator;
+    click(t.startsim.Optcon2);
+    answer_yes();
+    click(t.startsim.Cmdstart);
+    const auto rows_between = [&] {
+        pc.sync();
+        const QRect exit = in_window(s.CMDEXIT), slider = in_window(s.HScspeed);
+        return static_cast<double>(slider.top() - exit.bottom()) / exit.height();
+    };
+    in_each_shape(s.window, [&] {
+        s.Cmdtarget.Visible = false;
+        const double hidden = rows_between();
+        s.Cmdtarget.Visible = true;
+        EXPECT_GT(rows_between(), hidden + 0.9);
+        expect_nothing_cut(s.window);
+    });
+}
+
+TEST_F(wide_screens, set_up_and_calibration_spread_over_the_window)
+{
+    for (form* f : {&t.startsim.window, &t.joycal.window})
+        in_each_shape(*f, [&] {
+            const auto all = parts(*f);
+            QRect taken;
+            for (const screen_object* o : all) taken |= in_window(*o);
+            EXPECT_GE(taken.width(), (shape() > 2 ? 0.8 : 0.97) * window_size.width());
+            expect_orderly(all);
+            expect_nothing_cut(*f);
+        });
+    const QRect field = in_window(t.joycal.Frmfield);
+    EXPECT_NEAR(field.width(), field.height(), 1);
+    in_each_shape(t.startsim.window, [&] {
+        const QRectF target = in_window(t.startsim.Imgpractice[3]),
+                     number = in_window(t.startsim.Lblpractice[3]);
+        EXPECT_NEAR(target.width() / target.height(), 1, 0.05);
+        EXPECT_NEAR(target.center().x(), number.center().x(), 1) << "the number stays on its target";
+    });
+}
+
+TEST_F(wide_screens, the_debrief_shows_a_large_target_with_the_marks_on_their_places)
+{
+    results_screen& s = t.results;
+    in_each_shape(s.window, [&] {
+        s.Frmtherm.Visible = s.Imgfos.Visible = s.Imgreptarget.Visible = s.imgtargetpointer.Visible = true;
+        s.Imgfos.Left = s.Imgtargetdetails.Left + s.Imgtargetdetails.Width - s.Imgfos.Width / 2;
+        s.Imgfos.Top = s.Imgtargetdetails.Top - s.Imgfos.Height / 2;
+        s.imgtargetpointer.Left = s.Imgrange.Left + s.Imgrange.Width * 0.75 - s.imgtargetpointer.Width / 2;
+        s.outcome.Caption = "/home/gunner/practices/SMITH .vrn is saved";
+        pc.sync();
+        auto all = parts(s.window);
+        std::erase(all, &s.imgtargetpointer);
+        expect_orderly(all);
+        expect_nothing_cut(s.window);
+
+        const QPointF fall = middle_on(s.Imgfos, s.Imgtargetdetails);
+        const QPointF centre = middle_on(s.Imgreptarget, s.Imgtargetdetails);
+        EXPECT_TRUE(std::abs(fall.x() - 1) < 0.02 && std::abs(fall.y()) < 0.02) << "its upper right corner";
+        EXPECT_TRUE(std::abs(centre.x() - 0.5) < 0.02 && std::abs(centre.y() - 0.5) < 0.02);
+        EXPECT_NEAR(middle_on(s.imgtargetpointer, s.Imgrange).x(), 0.75, 0.005);
+        const QRectF target = in_window(s.Imgtargetdetails), range = in_window(s.Imgrange);
+        EXPECT_NEAR(target.width() / target.height(), 1, 0.02);
+        EXPECT_NEAR(range.width() / range.height(), s.Imgrange.Width / s.Imgrange.Height, 0.02);
+        EXPECT_GE(gain(s.Imgtargetdetails), shape() > 1.7 ? 1.55 : shape() > 1.5 ? 1.3 : 0.97);
+        s.imgtargetpointer.Left = s.Imgrange.Left + 2 * s.Imgrange.Width;
+        pc.sync();
+        EXPECT_NEAR(in_window(s.imgtargetpointer).right(), in_window(s.Imgrange).right(), 1)
+            << "a place outside the range is shown at its edge";
+    });
+}
+
+TEST_F(wide_screens, the_author_shows_a_large_range_and_a_click_marks_the_same_point)
+{
     rauthor_screen& s = t.rauthor;
+    constexpr double step = 100, pixel = 50;   // twips on the picture
     const auto click_at = [&](double across, double down) {
         QWidget& w = widget(s.Image1);
         const QPoint at(qRound(w.width() * across), qRound(w.height() * down));
         QTest::mouseClick(&w, Qt::LeftButton, Qt::NoModifier, at);
+        return QPointF(s.pointx, s.pointy);
     };
-    open_screen(s.window, QSize(1024, 768));
-    click_at(0.3, 0.6);
-    const double x = s.pointx, y = s.pointy;
-    click_at(0.7, 0.4);
-    ASSERT_GT(std::abs(s.pointx - x), 1000);
-    open_screen(s.window);
-    click_at(0.3, 0.6);
-    constexpr double step = 100, pixel = 50;   // twips on the picture
-    EXPECT_NEAR(s.pointx, x, step + pixel);
-    EXPECT_NEAR(s.pointy, y, step + pixel);
-    expect_orderly(parts(s.window, &s.Frame2));
-    expect_nothing_cut(s.window, parts(s.window, &s.Frame2));
-    const QRectF pointer = in_window(s.Imgpoint), range = in_window(s.Image1);
-    EXPECT_NEAR((pointer.right() - range.left()) / range.width(), 0.3, 0.01);
-    EXPECT_NEAR((pointer.bottom() - range.top()) / range.height(), 0.6, 0.02);
-    EXPECT_NEAR(range.width() / range.height(), s.Image1.Width / s.Image1.Height, 0.02);
-    EXPECT_GE(gain(s.Image1), shape() > 1.5 ? 1.2 : 0.97);
+    std::optional<QPointF> first;   // marked in the first shape
+    in_each_shape(s.window, [&] {
+        const QPointF other = click_at(0.7, 0.4), marked = click_at(0.3, 0.6);
+        if (!first) first = marked;
+        EXPECT_GT(other.x() - marked.x(), 1000);
+        EXPECT_NEAR(marked.x(), first->x(), step + pixel);
+        EXPECT_NEAR(marked.y(), first->y(), step + pixel);
+        expect_orderly(parts(s.window, &s.Frame2));
+        expect_nothing_cut(s.window);
+        const QRectF pointer = in_window(s.Imgpoint), range = in_window(s.Image1);
+        EXPECT_NEAR((pointer.right() - range.left()) / range.width(), 0.3, 0.01);
+        EXPECT_NEAR((pointer.bottom() - range.top()) / range.height(), 0.6, 0.02);
+        EXPECT_NEAR(range.width() / range.height(), s.Image1.Width / s.Image1.Height, 0.02);
+        EXPECT_GE(gain(s.Image1), shape() > 1.5 ? 1.2 : 0.97);
+    });
 }
 
-TEST_P(wide_screens, set_up_and_calibration_spread_over_the_window)
+TEST_F(wide_screens, the_title_picture_covers_the_window_and_the_words_keep_to_its_middle)
 {
-    open_setup();
-    for (form* f : {&t.startsim.window, &t.joycal.window}) {
-        SCOPED_TRACE(f->name);
-        const form_window& w = open_screen(*f);
-        const auto all = parts(*f);
-        QRect used;
-        for (const screen_object* o : all) used |= in_window(*o);
-        EXPECT_GE(used.width(), (shape() > 2 ? 0.8 : 0.97) * w.width());
-        expect_orderly(all);
-        expect_nothing_cut(*f, all);
-    }
-    const QRect field = in_window(t.joycal.Frmfield);
-    EXPECT_NEAR(field.width(), field.height(), 1);
-    const QRectF target = in_window(t.startsim.Imgpractice[3]), number = in_window(t.startsim.Lblpractice[3]);
-    EXPECT_NEAR(target.width() / target.height(), 1, 0.05);
-    EXPECT_NEAR(target.center().x(), number.center().x(), 1) << "the number stays on its target";
+    in_each_shape(t.intro.window, [&] {
+        const QRect window({0, 0}, window_size);
+        EXPECT_TRUE(in_window(t.intro.Image1).contains(window));
+        EXPECT_NEAR(in_window(t.intro.Label1).center().x(), window.width() / 2.0, window.width() / 100.0);
+        for (screen_object* o : {&t.intro.lblstart, &t.intro.lblexit})
+            EXPECT_TRUE(window.contains(in_window(*o)));
+    });
 }
-
-TEST_P(wide_screens, the_title_picture_covers_the_window_and_the_words_keep_to_its_middle)
-{
-    open_setup();
-    const form_window& w = open_screen(t.intro.window);
-    EXPECT_TRUE(in_window(t.intro.Image1).contains(w.rect()));
-    EXPECT_NEAR(in_window(t.intro.Label1).center().x(), w.width() / 2.0, w.width() / 100.0);
-    for (screen_object* o : {&t.intro.lblstart, &t.intro.lblexit})
-        EXPECT_TRUE(w.rect().contains(in_window(*o)));
-}
-
-INSTANTIATE_TEST_SUITE_P(windows, wide_screens,
-                         testing::Values(QSize(800, 600), QSize(1024, 768), QSize(1366, 768),
-                                         QSize(1440, 900), QSize(1920, 1080), QSize(2560, 1080),
-                                         QSize(3840, 2160), QSize(1080, 1920)));
 
 }   // namespace vorn::desktop_tests

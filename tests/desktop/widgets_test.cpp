@@ -1,11 +1,3 @@
-#include <QCheckBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSlider>
-
 #include "fixture.h"
 
 namespace vorn::desktop_tests {
@@ -64,29 +56,25 @@ TEST_F(objects, show_their_fields_after_the_handler)
 TEST_F(objects, of_a_hidden_or_disabled_frame_are_hidden_or_disabled)
 {
     screen_object& frame = one.put(kind::frame, 0, 0, 6000, 6000);
-    screen_object& button = one.put(kind::button, 300, 600, 1500, 300, &frame);
-    button.Click = [&] { log.push_back("click"); };
+    const screen_object& inner = button("click", &frame);
     open(one);
     pc.run([&] { frame.Visible = false; });
-    EXPECT_FALSE(widget<QPushButton>(button).isVisible());
+    EXPECT_FALSE(widget(inner).isVisible());
     pc.run([&] {
         frame.Visible = true;
         frame.Enabled = false;
     });
-    EXPECT_TRUE(widget<QPushButton>(button).isVisible());
-    EXPECT_FALSE(widget<QPushButton>(button).isEnabled());
-    click(button);
+    EXPECT_TRUE(widget(inner).isVisible() && !widget(inner).isEnabled());
+    click(inner);
     EXPECT_TRUE(log.empty());
     pc.run([&] { frame.Enabled = true; });
-    click(button);
+    click(inner);
     EXPECT_EQ(log.size(), 1U);
 }
 
 TEST_F(objects, a_disabled_button_passes_its_focus_to_no_other)
 {
-    screen_object& start = one.put(kind::button, 0, 0, 1500, 300);
-    screen_object& help = one.put(kind::button, 1500, 0, 1500, 300);
-    help.Click = [&] { log.push_back("help"); };
+    screen_object &start = button("start"), &help = button("help");
     start.Click = [&] { start.Enabled = false; };
     open(one);
     widget(start).setFocus();
@@ -138,58 +126,43 @@ TEST_F(objects, an_option_is_reported_once_when_it_is_selected)
     EXPECT_TRUE(chosen(b));
 }
 
-TEST_F(objects, show_the_value_that_the_handler_sets)
+TEST_F(objects, report_each_change_once_and_show_the_value_that_the_handler_sets)
 {
     screen_object& check = one.put(kind::checkbox, 0, 0, 1500, 300);
     screen_object& slider = one.put(kind::slider, 0, 600, 1500, 300);
     screen_object& text = one.put(kind::textbox, 0, 1200, 1500, 300);
     slider.Max = 10;
-    check.Click = [&] { check.Value = 0; };
-    slider.Change = [&] { slider.Value = 3; };
-    text.Change = [&] { text.Text = "ONE"; };
-    open(one);
-    click(check);
-    widget<QSlider>(slider).setValue(9);
-    QTest::keyClicks(&widget<QLineEdit>(text), "o");
-    EXPECT_FALSE(widget<QCheckBox>(check).isChecked());
-    EXPECT_EQ(widget<QSlider>(slider).value(), 3);
-    EXPECT_EQ(widget<QLineEdit>(text).text(), "ONE");
-}
-
-TEST_F(objects, a_slider_is_reported_when_its_value_changes)
-{
-    screen_object& slider = one.put(kind::slider, 0, 600, 1500, 300);
-    slider.Max = 10;
-    slider.Change = [&] { log.push_back(std::to_string(slider.Value)); };
-    open(one);
-    widget<QSlider>(slider).setValue(4);
-    pc.run([&] { set_slider(slider, 4); });
-    pc.run([&] { set_slider(slider, 7); });
-    EXPECT_EQ(log, (strings{"4", "7"}));
-    EXPECT_EQ(widget<QSlider>(slider).value(), 7);
-}
-
-TEST_F(objects, typing_is_reported_and_keeps_the_cursor)
-{
-    screen_object& text = one.put(kind::textbox, 0, 0, 1500, 300);
     text.Text = "ac";
+    check.Click = [&] { check.Value = 0; };
+    slider.Change = [&] { log.push_back(std::to_string(slider.Value)); };
     text.Change = [&] {
         log.push_back(text.Text);
         text.ForeColor = colour::live;
     };
     open(one);
+    click(check);
+    EXPECT_FALSE(widget<QCheckBox>(check).isChecked());
+    widget<QSlider>(slider).setValue(4);
+    for (const int value : {4, 7}) pc.run([&] { set_slider(slider, value); });
+    EXPECT_EQ(widget<QSlider>(slider).value(), 7);
     auto& box = widget<QLineEdit>(text);
     box.setCursorPosition(1);
     QTest::keyClicks(&box, "bb");
-    EXPECT_EQ(log, (strings{"abc", "abbc"}));
     EXPECT_EQ(box.cursorPosition(), 3);
+    EXPECT_EQ(log, (strings{"4", "7", "abc", "abbc"}));
+    slider.Change = [&] { slider.Value = 3; };
+    text.Change = [&] { text.Text = "ONE"; };
+    widget<QSlider>(slider).setValue(9);
+    QTest::keyClicks(&box, "o");
+    EXPECT_EQ(widget<QSlider>(slider).value(), 3);
+    EXPECT_EQ(box.text(), "ONE");
 }
 
 TEST_F(objects, a_text_box_that_gets_the_focus_selects_its_text)
 {
     screen_object& name = one.put(kind::textbox, 0, 0, 1500, 300);
     screen_object& number = one.put(kind::textbox, 0, 600, 1500, 300);
-    screen_object& button = one.put(kind::button, 0, 1200, 1500, 300);
+    const screen_object& next = button("next");
     name.Text = "nameless";
     number.Text = "000";
     open(one);
@@ -201,7 +174,7 @@ TEST_F(objects, a_text_box_that_gets_the_focus_selects_its_text)
     QTest::mouseClick(&widget<QLineEdit>(number), Qt::LeftButton, {}, QPoint(90, 10));
     QTest::keyClicks(&widget<QLineEdit>(number), "4");
     EXPECT_EQ(number.Text, "1234") << "a second click sets the cursor";
-    click(button);
+    click(next);
     press(one, Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(widget<QLineEdit>(number).selectedText(), "1234");
 }
@@ -269,38 +242,24 @@ TEST_F(objects, the_caption_of_an_option_is_condensed_to_fit)
 }
 
 struct mouse : objects {
-    screen_object& button = one.put(kind::button, 1500, 1500, 1500, 600);
-    void hook()
+    screen_object& hold = one.put(kind::button, 1500, 1500, 1500, 600);
+    mouse()
     {
-        button.MouseDown = [this] { log.push_back("down"); };
-        button.MouseUp = [this] { log.push_back("up"); };
+        hold.MouseDown = [this] { log.push_back("down"); };
+        hold.MouseUp = [this] { log.push_back("up"); };
     }
     const strings pair{"down", "up"};
 };
-
-TEST_F(mouse, a_press_ends_with_the_release_anywhere)
-{
-    hook();
-    open(one);
-    QWidget* w = &widget(button);
-    QTest::mousePress(w, Qt::LeftButton);
-    EXPECT_EQ(log, strings{"down"});
-    QTest::mouseRelease(w, Qt::LeftButton, {}, QPoint(900, 700));
-    EXPECT_EQ(log, pair);
-    QTest::mouseClick(w, Qt::RightButton);
-    EXPECT_EQ(log, pair);
-}
 
 TEST_F(mouse, space_presses_a_button_until_it_is_released_or_another_gets_focus_or_press)
 {
     screen_object& other = one.put(kind::button, 1500, 3000, 1500, 600);
     other.MouseDown = [this] { log.push_back("other down"); };
     other.MouseUp = [this] { log.push_back("other up"); };
-    hook();
     open(one);
     const auto space_on_button = [&] {
         log.clear();
-        widget(button).setFocus();
+        widget(hold).setFocus();
         press(one, Qt::Key_Space);
         EXPECT_EQ(log, strings{"down"});
     };
@@ -319,21 +278,25 @@ TEST_F(mouse, space_presses_a_button_until_it_is_released_or_another_gets_focus_
     EXPECT_EQ(log.back(), "other up");
 }
 
-TEST_F(mouse, a_press_ends_when_the_button_is_disabled_or_the_screen_deactivated_or_hidden)
+TEST_F(mouse, a_press_ends_with_the_release_anywhere_or_when_the_button_or_the_screen_goes)
 {
-    hook();
     open(one);
-    QWidget* w = &widget(button);
-    const std::vector<std::function<void()>> ends{[&] { pc.run([&] { button.Enabled = false; }); },
+    QWidget* w = &widget(hold);
+    QTest::mouseClick(w, Qt::RightButton);
+    EXPECT_TRUE(log.empty());
+    const QPoint beside(900, 700);
+    const std::vector<std::function<void()>> ends{[&] { QTest::mouseRelease(w, Qt::LeftButton, {}, beside); },
+                                                  [&] { pc.run([&] { hold.Enabled = false; }); },
                                                   [&] { pc.run([&] { hide(pc, one.f); }); },
                                                   [&] { send(window(one), QEvent::WindowDeactivate); }};
     for (const auto& end : ends) {
         log.clear();
         pc.run([&] {
             show(pc, one.f);
-            button.Enabled = true;
+            hold.Enabled = true;
         });
         QTest::mousePress(w, Qt::LeftButton);
+        EXPECT_EQ(log, strings{"down"});
         end();
         EXPECT_EQ(log, pair);
         QTest::mouseRelease(w, Qt::LeftButton);
@@ -343,17 +306,16 @@ TEST_F(mouse, a_press_ends_when_the_button_is_disabled_or_the_screen_deactivated
 
 TEST_F(mouse, a_box_ends_a_press_and_leaves_no_button_down)
 {
-    hook();
-    button.MouseDown = [&] {
+    hold.MouseDown = [&] {
         log.push_back("down");
         pc.message_box({"LASER FAULT", "SIMULATOR"});
         log.push_back("box closed");
     };
     open(one);
     answer(Qt::Key_Return);
-    QTest::mousePress(&widget(button), Qt::LeftButton);
+    QTest::mousePress(&widget(hold), Qt::LeftButton);
     EXPECT_EQ(log, (strings{"down", "up", "box closed"}));
-    EXPECT_FALSE(widget<QPushButton>(button).isDown());
+    EXPECT_FALSE(widget<QPushButton>(hold).isDown());
 }
 
 TEST_F(mouse, a_box_ends_the_drag_of_a_slider)
@@ -375,21 +337,26 @@ TEST_F(mouse, a_box_ends_the_drag_of_a_slider)
     EXPECT_FALSE(bar.isSliderDown());
 }
 
-TEST_F(mouse, moves_are_reported_to_the_object_its_frame_or_the_form)
+TEST_F(mouse, moves_are_reported_to_the_object_its_frame_or_the_form_until_it_leaves)
 {
     screen_object& frame = one.put(kind::frame, 4500, 4500, 3000, 3000);
-    button.MouseMove = [&] { log.push_back("button"); };
+    hold.MouseMove = [&] { log.push_back("button"); };
     frame.MouseMove = [&] { log.push_back("frame"); };
     one.f.MouseMove = [&] { log.push_back("form"); };
+    one.f.MouseLeave = [&] { log.push_back("left"); };
     one.put(kind::label, 300, 300, 1500, 600, &frame).Caption = "without a handler";
     const screen_object& option = one.put(kind::option, 300, 1200, 1500, 400, &frame);
     open(one);
-    QTest::mouseMove(&widget(button));
+    QTest::mouseMove(&widget(hold));
     QTest::mouseMove(&widget(frame), QPoint(40, 40));
     QTest::mouseMove(&widget(option), QPoint(5, 5));
     QTest::mouseMove(&window(one), QPoint(10, 10));
-    EXPECT_EQ(log, (strings{"button", "frame", "frame", "form"}))
+    send(window(one), QEvent::Leave);
+    EXPECT_EQ(log, (strings{"button", "frame", "frame", "form", "left"}))
         << "objects without a handler report to their frame";
+    pc.run([&] { unload(pc, one.f); });
+    send(window(one), QEvent::Leave);
+    EXPECT_EQ(log.size(), 5U);
 }
 
 }   // namespace vorn::desktop_tests

@@ -1,8 +1,3 @@
-#include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QScreen>
-
 #include "fixture.h"
 
 namespace vorn::desktop_tests {
@@ -49,8 +44,7 @@ TEST_F(windows, a_screen_over_another_does_not_move_it)
 
 TEST_F(windows, loading_a_screen_again_resets_its_focus)
 {
-    screen_object& begin = one.put(object_kind::button, 0, 0, 1500, 300);
-    screen_object& leave = one.put(object_kind::button, 1500, 0, 1500, 300);
+    const screen_object &begin = button("begin"), &leave = button("leave");
     open(one);
     EXPECT_TRUE(widget(begin).hasFocus());
     widget(leave).setFocus();
@@ -107,7 +101,7 @@ TEST_F(windows, f11_toggles_full_screen_and_restores_the_window_also_on_the_next
 
 TEST_F(windows, closing_a_window_clicks_its_exit_button)
 {
-    screen_object& leave = one.put(object_kind::button, 0, 0, 1500, 300);
+    screen_object& leave = button("leave");
     leave.Click = [&] {
         if (pc.message_box({"ARE YOU SURE ?", "V.O.R.N.", box_buttons::yes_no, box_sign::question}))
             pc.end_program();
@@ -135,10 +129,10 @@ TEST_F(windows, closing_a_window_clicks_its_exit_button)
 
 TEST_F(windows, nothing_runs_after_the_end_of_the_program)
 {
-    screen_object& button = one.put(object_kind::button, 0, 0, 1500, 300);
+    screen_object& exit = button("click");
     one.f.KeyUp = [](int) { std::_Exit(1); };
-    button.MouseUp = [] { std::_Exit(2); };
-    button.MouseDown = [&] {
+    exit.MouseUp = [] { std::_Exit(2); };
+    exit.MouseDown = [&] {
         pc.end_program();
         std::_Exit(3);
     };
@@ -147,7 +141,7 @@ TEST_F(windows, nothing_runs_after_the_end_of_the_program)
     EXPECT_EXIT(
         {
             press(one, Qt::Key_U);
-            QTest::mousePress(&widget(button), Qt::LeftButton);
+            QTest::mousePress(&widget(exit), Qt::LeftButton);
         },
         testing::ExitedWithCode(42), "");
 }
@@ -201,17 +195,6 @@ TEST_F(windows, a_window_that_is_activated_while_it_is_shown_changes_no_order)
     });
     EXPECT_EQ(front(pc), &two.f);
     EXPECT_EQ(log, (strings{"one", "two"}));
-}
-
-TEST_F(windows, the_screen_is_notified_when_the_mouse_leaves_the_window)
-{
-    one.f.MouseLeave = [&] { log.push_back("left"); };
-    open(one);
-    send(window(one), QEvent::Leave);
-    EXPECT_EQ(log, strings{"left"});
-    pc.run([&] { unload(pc, one.f); });
-    send(window(one), QEvent::Leave);
-    EXPECT_EQ(log.size(), 1U);
 }
 
 TEST_F(windows, boxes_and_help_cause_no_arrival)

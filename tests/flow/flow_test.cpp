@@ -1,6 +1,4 @@
 // From the first box to a gunnery screen and back, and the messages when something is missing.
-#include <gtest/gtest.h>
-
 #include "debrief/results.h"
 #include "drill.h"
 #include "flow/intro.h"
@@ -45,18 +43,13 @@ TEST_F(program, starts_with_a_box_and_the_title_screen)
     EXPECT_TRUE(t.intro.Lblabout1.Visible);
     pc.click(t.intro.lblabout);
     EXPECT_FALSE(t.intro.Lblabout1.Visible);
-    pc.event(t.intro.lblhelp.MouseMove);
-    EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::highlight);
-    pc.event(t.intro.window.MouseLeave);
-    EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::text);
-    pc.event(t.intro.lblhelp.MouseMove);
-    pc.event(t.intro.lblexit.MouseMove);
-    EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::text);
-    pc.event(t.intro.Image1.MouseMove);
-    EXPECT_EQ(t.intro.lblexit.ForeColor, colour::text);
-    pc.event(t.intro.lblexit.MouseMove);
-    pc.event(t.intro.window.arrival);
-    EXPECT_EQ(t.intro.lblexit.ForeColor, colour::text);
+    for (const auto& leave : {t.intro.window.MouseLeave, t.intro.lblexit.MouseMove, t.intro.Image1.MouseMove,
+                              t.intro.window.arrival}) {
+        pc.event(t.intro.lblhelp.MouseMove);
+        EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::highlight);
+        pc.event(leave);
+        EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::text);
+    }
     pc.click(t.intro.lblhelp);
     EXPECT_EQ(pc.of_kind("help"), std::vector<std::string>{data.path("vorn.HLP")});
 }

@@ -1,8 +1,12 @@
-#include "targets.h"
-
+// Fuzz targets of the file readers. Each reads the bytes as one kind of file and checks that what could be
+// read can be written and reads back the same. A failed check aborts the process. The build links a fuzzer of
+// each.
+#include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <string>
 
 #include "debrief/report.h"
 #include "debrief/resultsfile.h"
@@ -16,6 +20,11 @@
 
 namespace vorn {
 
+static std::string text_of(const std::uint8_t* data, std::size_t size)
+{
+    return {reinterpret_cast<const char*>(data), size};
+}
+
 static void require(bool rule, const char* words)
 {
     if (rule) return;
@@ -24,8 +33,9 @@ static void require(bool rule, const char* words)
 }
 
 // Reads items of all four types in turn until one fails.
-void fuzz_items(const std::string& bytes)
+extern "C" int fuzz_items(const std::uint8_t* data, std::size_t size)
 {
+    const std::string bytes = text_of(data, size);
     item_reader items(bytes);
     std::string text;
     bool flag = false;
@@ -39,17 +49,20 @@ void fuzz_items(const std::string& bytes)
     }
     require(!items.take(text) && !items.take(flag) && !items.take(number),
             "after a failure every read fails");
+    return 0;
 }
 
-void fuzz_range(const std::string& bytes)
+extern "C" int fuzz_range(const std::uint8_t* data, std::size_t size)
 {
+    const std::string bytes = text_of(data, size);
     practice_state p;
     item_reader items(bytes);
-    if (!take_range(items, p)) return;
+    if (!take_range(items, p)) return 0;
     practice_state again;
     item_reader written(range_file_bytes(p));
     require(take_range(written, again), "a range that was read can be written and read");
     require(range_file_bytes(again) == range_file_bytes(p), "and comes out the same");
+    return 0;
 }
 
 namespace {
@@ -67,8 +80,9 @@ static int selected_in(const startsim_screen& s, const screen_object& group)
     return n;
 }
 
-void fuzz_practice(const std::string& bytes)
+extern "C" int fuzz_practice(const std::uint8_t* data, std::size_t size)
 {
+    const std::string bytes = text_of(data, size);
     // Kept between runs, since making all screens takes 30 times as long as reading a practice.
     static auto kept = std::make_unique<program>();
     if (kept->pc.ended) kept = std::make_unique<program>();
@@ -88,22 +102,25 @@ void fuzz_practice(const std::string& bytes)
     const std::string saved = practice_file_bytes(s);
     pc.event([&] { apply_practice(t, saved); });
     require(practice_file_bytes(s) == saved || pc.ended, "a saved practice reads back the same");
+    return 0;
 }
 
 // A file that is damaged in the middle leaves a partial record, which is shown and printed.
-void fuzz_results(const std::string& bytes)
+extern "C" int fuzz_results(const std::uint8_t* data, std::size_t size)
 {
+    const std::string bytes = text_of(data, size);
     practice_state p;
     item_reader items(bytes);
     const bool whole = take_results(items, p);
     require(p.targetcount >= 0 && p.targetcount < stored_rows, "the record has a row for each engagement");
     require(report_lines(p).size() == 15 + 6 * static_cast<std::size_t>(p.targetcount),
             "any record can be reported");
-    if (!whole) return;
+    if (!whole) return 0;
     practice_state again;
     item_reader written(results_file_bytes(p));
     require(take_results(written, again), "results that were read can be written and read");
     require(results_file_bytes(again) == results_file_bytes(p), "and come out the same");
+    return 0;
 }
 
 }   // namespace vorn

@@ -1,9 +1,4 @@
 // The guns: selection, loading, the trigger, the flights and their hits.
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 #include "drill.h"
 #include "gunnery/gunnery.h"
 

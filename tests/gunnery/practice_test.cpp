@@ -1,11 +1,6 @@
 // Whole practices fired by the scripted gunner: each nature of target in each state of the system, on both
 // sights. The record is compared with the gunner's notes.
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <cmath>
-#include <string>
-#include <vector>
 
 #include "drill.h"
 
@@ -113,13 +108,11 @@ void expect_kill(const practice_state& p, const gunnery_screen& s, int e, const 
 
 TEST_P(practice, is_recorded_as_fired)
 {
-    gunner g = d.gunner_by(GetParam().by);
-    d.set_up();
-    g.fire_practice();
+    const std::vector<engagement_note> notes = d.fire_by(GetParam().by);
     const int targets = p.targetblocks * 3;
-    ASSERT_EQ(std::ssize(g.notes), targets);
+    ASSERT_EQ(std::ssize(notes), targets);
     int sum = 0;
-    for (int e = 1; const engagement_note& n : g.notes) {
+    for (int e = 1; const engagement_note& n : notes) {
         SCOPED_TRACE("target " + std::to_string(e) + " at " + std::to_string(p.recrange[e]));
         expect_kill(p, s, e, n);
         sum += p.rectime[e++];
@@ -140,12 +133,10 @@ TEST(hesh_practice, a_corrected_round_kills_in_any_wind)
             long_drill d(sight, 3);
             d.t.shared.windbias = wind;
             d.t.shared.heshcorrectall = true;
-            gunner g = d.gunner_by(wind % 2 == 0 ? device::key : device::stick);
-            d.set_up();
-            g.fire_practice();
-            ASSERT_EQ(g.notes.size(), 6U);
+            const auto notes = d.fire_by(wind % 2 == 0 ? device::key : device::stick);
+            ASSERT_EQ(notes.size(), 6U);
             std::size_t rounds = 0;
-            for (const engagement_note& n : g.notes) {
+            for (const engagement_note& n : notes) {
                 EXPECT_TRUE(n.hit);
                 EXPECT_TRUE(n.corrected);
                 EXPECT_GE(n.aims.size(), 2U) << "no uncorrected round hits";

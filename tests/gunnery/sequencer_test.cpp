@@ -1,13 +1,9 @@
 // The sequence of a practice in which no round is fired, and what interrupts it.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
 #include <functional>
 #include <set>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "drill.h"
 #include "gunnery/gunnery.h"
@@ -520,8 +516,8 @@ TEST_P(practice_on, a_range_with_extreme_positions)
     std::ranges::fill(range.targetx, 2'000'000'000);
     std::ranges::fill(range.targety, -2'147'483'647);
     std::ranges::fill(range.targetrange, 32767);
-    range.targetrange[2] = 5000;    // too far for FIN and COAX, but the nearest
-    range.targetrange[20] = 4000;   // is never shot at
+    range.targetrange[visual ? 1 : 2] = 5000;   // too far for FIN and COAX, but the nearest
+    range.targetrange[20] = 4000;               // is never shot at
     d.data.put_range(visual ? "visualrange.arf" : "Thermalrange.arf", range);
     d.start();
     d.to_the_end();

@@ -1,10 +1,5 @@
 // The reset of a gunnery screen: panels, state, the range and its faults.
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <functional>
-#include <string>
-#include <vector>
 
 #include "drill.h"
 #include "gunnery/gunnery.h"
@@ -15,27 +10,46 @@ namespace {
 
 struct screen_reset : on_visual {};
 
+// The panels that are visible.
+std::string panels(const gunnery_screen& s)
+{
+    std::string all;
+    for (const auto& [o, name] : {std::pair{&s.Frmsys, "system "},
+                                  {&s.lblcrew, "crew "},
+                                  {&s.Frmcon, "card "},
+                                  {&s.Frmmousecon, "controls "},
+                                  {s.visual() ? &s.Frame5 : &s.Frame4, "lights "},
+                                  {&s.Frame3, "buttons "}})
+        if (o->Visible) all += name;
+    return all;
+}
+
 TEST(screen, panels_follow_the_options)
 {
+    using P = practice_state;
+    const char* const most = "system crew lights buttons ";
+    const char* const mouse = "system crew controls lights buttons ";
+    const char* const all = "system crew card lights buttons ";
     const struct {
-        bool joystick, keyboard, mouse, control;
-        bool card, buttons;
-    } cases[] = {{true, true, false, true, false, false},
-                 {false, true, false, true, true, false},
-                 {false, true, true, true, false, true},
-                 {false, true, false, false, false, false},
-                 {false, false, false, true, false, false}};
+        bool P::*changed;   // from its value after the choice of the keyboard; null: none
+        const char *visual, *thermal;
+    } cases[] = {{nullptr, all, all},
+                 {&P::joyselected, most, most},
+                 {&P::mouseselected, mouse, mouse},
+                 {&P::infocontrol, most, most},
+                 {&P::keyboardselected, most, most},
+                 {&P::infosystem, "crew card lights buttons ", "crew card lights buttons "},
+                 {&P::infocrew, "system card lights buttons ", "system card lights buttons "},
+                 {&P::coaxlight, "system crew card buttons ", "system crew card buttons "},
+                 {&P::gunlight, all, "system crew card buttons "},
+                 {&P::plainscreen, "lights ", all}};   // the thermal screen is never plain
     for (const sight_kind kind : both_sights)
         for (const auto& c : cases) {
             drill d(kind);
-            d.t.shared.keyboardselected = c.keyboard;
-            d.t.shared.mouseselected = c.mouse;
-            d.t.shared.infocontrol = c.control;
-            d.t.shared.joyselected = c.joystick;
             d.t.shared.joycalibrated = true;
+            if (c.changed != nullptr) d.t.shared.*c.changed = !(d.t.shared.*c.changed);
             d.set_up();
-            EXPECT_EQ(d.screen().Frmcon.Visible, c.card);
-            EXPECT_EQ(d.screen().Frmmousecon.Visible, c.buttons);
+            EXPECT_EQ(panels(d.screen()), kind == sight_kind::visual ? c.visual : c.thermal);
         }
 }
 
@@ -44,21 +58,17 @@ TEST_F(screen_reset, leaves_hidden_panels_hidden_until_the_next_load)
     p.plainscreen = true;
     p.infocrew = false;
     d.set_up();
-    for (const screen_object* o :
-         {&s.Frame3, &s.Frmmousecon, &s.Frmsys, &s.Frmcon, &s.lblcrew, &s.lbltargetnum, &s.Imgname})
-        EXPECT_FALSE(o->Visible);
-    EXPECT_TRUE(s.Frame5.Visible && s.Picrange.Visible);
+    EXPECT_FALSE(s.lbltargetnum.Visible || s.Imgname.Visible);
     p.plainscreen = false;
     p.infocrew = true;
     d.pc.event([&] {
         hide(d.pc, s.window);
         show(d.pc, s.window);
     });
-    EXPECT_FALSE(s.Frame3.Visible || s.lblcrew.Visible);
-    EXPECT_TRUE(s.Frmcon.Visible);
+    EXPECT_EQ(panels(s), "card lights ");
     d.pc.event(s.Cmdmain.Click);   // its panel is hidden
     d.set_up();
-    EXPECT_TRUE(s.Frame3.Visible && s.lblcrew.Visible);
+    EXPECT_EQ(panels(s), "system crew card lights buttons ");
 }
 
 TEST_F(screen_reset, a_plain_screen_shows_its_keys_until_the_practice_starts)
@@ -107,34 +117,6 @@ TEST(screen, start_has_the_focus_until_the_practice_starts)
         d.set_up();
         EXPECT_EQ(focus, d.t.shared.plainscreen ? &d.screen().Picrange : &d.screen().Cmdstartsim);
     }
-}
-
-// The thermal screen is never plain.
-TEST(screen, each_option_of_info_hides_its_panel)
-{
-    using panel = screen_object gunnery_screen::*;
-    const struct {
-        bool practice_state::*option;
-        bool value;
-        panel visual, thermal;   // the panel that it hides; none if null
-    } cases[] = {{&practice_state::infosystem, false, &gunnery_screen::Frmsys, &gunnery_screen::Frmsys},
-                 {&practice_state::infocrew, false, &gunnery_screen::lblcrew, &gunnery_screen::lblcrew},
-                 {&practice_state::coaxlight, false, &gunnery_screen::Frame5, &gunnery_screen::Frame4},
-                 {&practice_state::gunlight, false, nullptr, &gunnery_screen::Frame4},
-                 {&practice_state::plainscreen, true, &gunnery_screen::Frame3, nullptr}};
-    for (const sight_kind kind : both_sights)
-        for (const auto& c : cases) {
-            drill d(kind);
-            d.t.shared.*c.option = c.value;
-            d.set_up();
-            gunnery_screen& s = d.screen();
-            for (const panel o : {&gunnery_screen::Frmsys, &gunnery_screen::lblcrew, &gunnery_screen::Frame3,
-                                  s.visual() ? &gunnery_screen::Frame5 : &gunnery_screen::Frame4}) {
-                const bool hidden = o == (s.visual() ? c.visual : c.thermal);
-                EXPECT_TRUE((s.*o).Visible != hidden || (c.visual == &gunnery_screen::Frame3 && s.visual()));
-                EXPECT_FALSE((s.*o).Visible && hidden);
-            }
-        }
 }
 
 // A HESH engagement that changes all state of the fire control; returns readouts, positions and sounds. The
@@ -231,6 +213,8 @@ TEST(screen, a_reset_clears_the_readouts)
             d.pc.wait(6);   // loaded
             d.target_at(s.mbs1.Left - 100, s.mbs1.Top - 100);
             d.tap('A');
+            d.pc.wait(2.1);
+            EXPECT_EQ(s.Lblcharge.Visible, s.visual());
             s.rangesuffix = "L";
             s.ammo.Visible = true;
             d.pc.event([&] { recordhit(d.t, s); });
@@ -245,6 +229,7 @@ TEST(screen, a_reset_clears_the_readouts)
             EXPECT_TRUE(s.Imghesh.Visible && (s.Imgcoax.Visible || !s.visual()));
             EXPECT_TRUE(s.visual() || s.rangesuffix == "C");
             EXPECT_EQ(s.Lblammotype.Caption + s.Lblrange.Caption == "", s.visual());
+            EXPECT_FALSE(s.Lblcharge.Visible);
             d.pc.wait(3);
             EXPECT_FALSE(s.Lblcharge.Visible);
         }

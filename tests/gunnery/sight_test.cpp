@@ -1,6 +1,4 @@
 // Traverse, laser and autolay.
-#include <gtest/gtest.h>
-
 #include <utility>
 
 #include "drill.h"

@@ -8,7 +8,7 @@
 
 #include <csignal>
 
-#include "data_folder.h"
+#include "drill.h"
 #include "platform/headless/headless_machine.h"
 
 namespace vorn {
@@ -16,45 +16,32 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Limits the size of the files that this process can write.
-class small_disk {
-public:
-    explicit small_disk(rlim_t bytes) : old_handler_(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &old_);
-        const rlimit small{bytes, old_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    small_disk(const small_disk&) = delete;
-    small_disk& operator=(const small_disk&) = delete;
-    ~small_disk()
-    {
-        setrlimit(RLIMIT_FSIZE, &old_);
-        std::signal(SIGXFSZ, old_handler_);
-    }
-
-private:
-    rlimit old_{};
-    void (*old_handler_)(int);
+struct at_end {
+    std::function<void()> act;
+    ~at_end() { act(); }
 };
+
+// Limits the size of the files that this process can write.
+[[nodiscard]] at_end small_disk(rlim_t bytes)
+{
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit old{};
+    getrlimit(RLIMIT_FSIZE, &old);
+    const rlimit small{bytes, old.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    return {[=] {
+        setrlimit(RLIMIT_FSIZE, &old);
+        std::signal(SIGXFSZ, handler);
+    }};
+}
 
 // Drops the rights of root, who may write every file.
-class unprivileged {
-public:
-    unprivileged()
-    {
-        if (root_ && seteuid(65534) != 0) ADD_FAILURE();
-    }
-    unprivileged(const unprivileged&) = delete;
-    unprivileged& operator=(const unprivileged&) = delete;
-    ~unprivileged()
-    {
-        if (root_ && seteuid(0) != 0) ADD_FAILURE();
-    }
-
-private:
-    bool root_ = geteuid() == 0;
-};
+[[nodiscard]] at_end unprivileged()
+{
+    if (geteuid() != 0) return {[] {}};
+    EXPECT_EQ(seteuid(65534), 0);
+    return {[] { EXPECT_EQ(seteuid(0), 0); }};
+}
 
 struct writing : testing::Test {
     data_folder data;
@@ -73,7 +60,7 @@ TEST_F(writing, a_full_disk_leaves_the_old_file)
     data.put("own.vrn", old);
     const std::size_t before = files();
     {
-        const small_disk disk(1000);
+        const at_end disk = small_disk(1000);
         EXPECT_NE(write_file(pc, "own.vrn", fresh), "");
         EXPECT_NE(write_file(pc, "new.vrn", fresh), "");
     }
@@ -122,8 +109,8 @@ TEST_F(writing, files_without_permission_are_reported_and_kept)
     for (const std::string& folder : {data.program(), data.ranges()}) chmod(folder.c_str(), 0755);
     put("shut", "", 0555);
     {
-        const unprivileged user;
-        const small_disk disk(1000);
+        const at_end user = unprivileged();
+        const at_end disk = small_disk(1000);
         EXPECT_EQ(read_file(pc, "dark.vrn").reason, "The file can't be read.");
         for (const char* name : {"shut/open.vrn", "shut/closed.vrn", "shut/new.vrn", "shut/unread.vrn"})
             EXPECT_EQ(write_file(pc, name, std::string(2000, 'n')), "The file can't be written.") << name;

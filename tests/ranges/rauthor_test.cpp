@@ -1,9 +1,7 @@
 // The range author: an instructor makes, saves, opens and changes ranges, and fires on one.
-#include <gtest/gtest.h>
-
+#include "ranges/rauthor.h"
 #include "drill.h"
 #include "platform/files.h"
-#include "ranges/rauthor.h"
 #include "setup/startsim.h"
 #include "state/item_text.h"
 
@@ -97,7 +95,7 @@ TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
     EXPECT_EQ(s.Lblx.Caption, "23460");   // the middle, plus the mark's place in the window
     EXPECT_EQ(s.Lbly.Caption, "5107.5");
     move(s.cmdleft, 3);
-    EXPECT_EQ(s.Imagerange.Left, -43560 / 2.0 + 300);
+    EXPECT_TRUE(s.Imagerange.Left == -43560 / 2.0 + 300 && s.Imagerange.Top == -7335 / 2.0);
     pc.wait(1);
     EXPECT_EQ(s.Lblx.Caption, "23160") << "stops on release";
     move(s.Cmdbigright, 2);
@@ -229,6 +227,12 @@ TEST_F(author, accepts_a_typed_range_only_if_a_position_can_store_it)
 
 TEST_F(author, refuses_pictures_that_are_too_small)
 {
+    d.data.put("narrow.vrp", picture_head(20, 800));
+    new_range("OWN", false, "narrow.vrp");
+    pc.click(s.Cmdstart);
+    visit();
+    move(s.Cmddown, 1);   // to 7540; the band is still that of the placeholder, 6666 to 15000
+    EXPECT_EQ(s.Lbltgtrange.Caption, "2616");
     const struct {
         unsigned width, height;
         bool taken;
@@ -246,6 +250,7 @@ TEST_F(author, refuses_pictures_that_are_too_small)
     d.data.put("range1.vrp", picture_head(2000, 500));
     new_range("OWN", false, "tiny.vrp");   // no other chosen: the standby picture
     EXPECT_EQ(s.Lblwide.Caption, "30000");
+    EXPECT_EQ(s.Imgpoint.Left, std::floor(s.pointx / (30000 / 14000.0) - 120));
     EXPECT_EQ(p.rangepicture.trimmed(), "range1.vrp");
 
     d.data.put("range1.vrp", picture_head(20, 5));
@@ -437,6 +442,46 @@ TEST_F(author, lies_over_the_set_up_and_keeps_its_state)
     pc.event(s.Frame6.parent->MouseMove);
     EXPECT_EQ(s.Lblinfo.Caption,
               "Shows the veiw through the sight, target grid locations and distance to target");
+}
+
+// Files ----------------------------------------------------------------------------------------------------
+
+TEST_F(author, each_reader_of_a_range_file_takes_only_its_own_part)
+{
+    practice_state read;
+    const auto file = [&](const std::string& bytes) {
+        d.data.put("test.arf", bytes);
+        return path("test.arf");
+    };
+    const std::string whole = range_file_bytes(plain_range(sight_kind::thermal));
+    read.targetrange[20] = 7;
+    EXPECT_EQ(read_range(pc, file(first_lines(whole, 66)), read), "");
+    EXPECT_TRUE(read.targetrange[19] == 2400 && read.targetrange[20] == 7);
+    EXPECT_NE(read_range(pc, file("\"CUT\"\r\n" + first_lines(whole, 65)), read), "");
+    EXPECT_EQ(read.rangename.trimmed(), "PLAIN THERMAL") << "an incomplete file changes nothing";
+    item_reader incomplete(first_lines(whole, 68));
+    EXPECT_FALSE(take_range(incomplete, read));
+    EXPECT_EQ(read_range_head(pc, file("\"short\"\r\n\"p\"\r\n\"THERMAL\""), read), "");
+    EXPECT_EQ(read.rangename.text(), "short               ");
+    EXPECT_EQ(read.rangepicture.trimmed(), "thermalrange.trp") << "that of the open range";
+    EXPECT_NE(read_range_head(pc, file("\"kept\"\r\n\"p\"\r\nTHERMAL"), read), "");
+    EXPECT_EQ(read.rangename.trimmed(), "kept");
+}
+
+TEST_F(author, stored_paths_with_either_separator_are_found)
+{
+    const std::string root = p.rootpath;
+    const std::string icon = path("target icons/target1.ico");
+    for (const char* stored : {"/target icons/target1.ico", "\\target icons\\target1.ico",
+                               "target icons\\TARGET1.ICO", "\\Target Icons/target1.ico"})
+        EXPECT_TRUE(std::filesystem::equivalent(from_utf8(icon_path(pc, root, stored)), from_utf8(icon)))
+            << stored;
+    EXPECT_EQ(icon_path(pc, root, icon), icon);
+    EXPECT_EQ(icon_path(pc, root, "/none.ico"), path("none.ico"));
+    EXPECT_EQ(stored_icon(pc, root, icon), native("/target icons/target1.ico"));
+    EXPECT_EQ(stored_icon(pc, root, "/elsewhere/x.ico"), "/elsewhere/x.ico");
+    EXPECT_EQ(stored_icon(pc, root, root + "x/y.ico"), root + "x/y.ico") << "beside, not inside";
+    EXPECT_TRUE(file_exists(pc, "VISUALRANGE.ARF"));
 }
 
 }   // namespace

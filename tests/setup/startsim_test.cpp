@@ -1,12 +1,8 @@
 // The set-up screen: options and what they set, programmed practices, practice files, the choice of a range.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
+#include "setup/startsim.h"
 #include "drill.h"
 #include "gunnery/screen.h"
 #include "setup/setup.h"
-#include "setup/startsim.h"
 
 namespace vorn {
 namespace {
@@ -35,48 +31,6 @@ auto settings(const practice_state& p)
 {
     return std::tuple(p.practicemode, p.targetauto, int(p.targetblocks), int(p.targettime),
                       int(p.engagementtype), int(p.systemstatus), p.selfdegrading, p.coaxbursts, p.windbias);
-}
-
-TEST_F(setup, the_line_of_an_option_names_the_value_that_it_sets)
-{
-    const char* const systems[] = {"A FULL SYSTEM ", "A LAZE ONLY ", "A TLS ONLY "};
-    const char* const natures[] = {"ALL NATURE OF", "ONLY COAX", "ONLY HESH", "ONLY FIN"};
-    const struct {
-        std::vector<screen_object*> options;
-        int line;
-        std::function<std::string()> words;   // for the value that is set
-    } groups[] = {
-        {{&s.Opttargets4, &s.Opttargets3, &s.Opttargets2, &s.Opttargets1},
-         3,
-         [&] { return std::to_string(p.targetblocks * 3) + " TARGETS"; }},
-        {{&s.Opttime2, &s.Opttime4, &s.Opttime3},
-         4,
-         [&] { return "UP FOR " + std::to_string(p.targettime) + " SECS"; }},
-        {{&s.Opttime1}, 4, [&] { return p.targettime == 500 ? "UP TILL DESTROYED" : "none"; }},
-        {{&s.Option3, &s.Option4, &s.Option2},
-         7,
-         [&] { return std::to_string(p.coaxbursts) + " KILL BURST"; }},
-        {{&s.Optsys2, &s.Optsys3, &s.Optsys4, &s.Optsys1},
-         0,
-         [&] { return p.selfdegrading ? "A DEGRADING " : systems[p.systemstatus - 1]; }},
-        {{&s.Optsys2, &s.Optsys3, &s.Optsys4, &s.Optsys1},
-         1,
-         [&] { return p.selfdegrading      ? "NORMAL / REV"
-                      : p.systemstatus > 1 ? "A REV MODES"
-                                           : "STANDARD"; }},
-        {{&s.Opteng2, &s.Opteng3, &s.Opteng4, &s.Opteng1}, 2, [&] { return natures[p.engagementtype - 1]; }},
-        {{&s.Opteng3, &s.Opteng4}, 7, [] { return "THERE ARE NO COAX TARGETS"; }},
-        {{&s.Opttarg2, &s.Opttarg1}, 5, [&] { return p.targetauto ? "AUTOMATICALLY" : "ON DEMAND"; }},
-        {{&s.Optmode2, &s.Optmode1}, 6, [&] { return p.practicemode == 2 ? "THERMAL" : "VISUAL"; }}};
-    for (const auto& g : groups)
-        for (screen_object* o : g.options) {
-            pc.click(*o);
-            EXPECT_NE(s.lblprac[g.line].Caption.find(g.words()), std::string::npos) << g.words();
-            s.lblprac[g.line].Caption = "untouched";
-            pc.click(*o);
-            EXPECT_EQ(s.lblprac[g.line].Caption, "untouched") << "selected already";
-        }
-    EXPECT_TRUE(p.systemstatus == 1 && p.targettime == 500 && p.targetauto && p.practicemode == 1);
 }
 
 TEST_F(setup, a_switch_has_two_states)

@@ -103,18 +103,13 @@ void check_nothing_held(rules& r, const gunnery_screen& s)
     r.require(!s.Timcoax.Enabled, "no burst runs when nothing is held");
 }
 
-void check_progress(rules& r, const gunnery_screen& s)
-{
-    if (!s.simrunning) return;
-    r.require(s.Timpause.Enabled || s.Timtarget.Enabled || s.Cmdtarget.Enabled,
-              "a practice continues by itself or waits for SHOW NEXT TARGET");
-    r.require(!s.Imgtargets.Visible || s.gunloaded || s.targethit || s.Timloading.Enabled,
-              "an empty gun is loaded while a target is up");
-}
-
 void check_turns(rules& r, const gunnery_screen& s)
 {
-    const bool up = s.Imgtargets.Visible, on_demand = s.Cmdtarget.Visible;
+    const bool up = s.Imgtargets.Visible, on_demand = s.Cmdtarget.Visible, over = !s.simrunning;
+    r.require(over || s.Timpause.Enabled || s.Timtarget.Enabled || s.Cmdtarget.Enabled,
+              "a practice continues by itself or waits for SHOW NEXT TARGET");
+    r.require(over || !up || s.gunloaded || s.targethit || s.Timloading.Enabled,
+              "an empty gun is loaded while a target is up");
     r.require(on_demand || !s.Timpause.Enabled || !(s.Timtarget.Enabled || up), "wait and target alternate");
     r.require(!up || s.targetticks <= s.targetlife, "a target is up for its time at most");
     r.require(on_demand || !up || !s.targethit || s.targetticks >= s.targetlife,
@@ -133,9 +128,7 @@ void check_gunnery(rules& r, const practice_state& p, const gunnery_screen& s, c
     check_when_idle(r, p, s);
     check_when_over(r, s);
     if (w.nothing_held) check_nothing_held(r, s);
-    if (w.was_paused) return;
-    check_progress(r, s);
-    check_turns(r, s);
+    if (!w.was_paused) check_turns(r, s);
 }
 
 // The calibration and the author -------------------------------------------------------------------------

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# What the compiler can't check: includes point one way, and only the desktop knows the system.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+failed=0
+
+# none WORDS PATTERN PATHS AND GREP OPTIONS...: no line matches.
+none() {
+    local words=$1 pattern=$2
+    shift 2
+    if grep -rnP "$pattern" "$@"; then
+        echo "broken: $words"
+        failed=1
+    fi
+}
+include='#include *[<"]'
+above='(flow|setup|ranges|gunnery|debrief|calibration|trainer)'
+
+none "only the desktop asks for the system" \
+    '^ *#.*(_WIN(32|64)|__(linux|unix|APPLE|MINGW)|Q_OS_)' src --exclude-dir=desktop
+none "only the desktop includes Qt and SDL" "$include(Q[A-Z]|Qt|SDL)" src tests --exclude-dir=desktop
+none "the state includes nothing above it" "$include($above|platform)" src/state
+# The desktop draws the scales of the sight from the numbers of the model. main.cpp starts the trainer.
+none "the platform includes nothing above it" "$include(?!gunnery/sight.h)$above" src/platform --exclude=main.cpp
+none "only the platform knows the two machines" "${include}platform/(headless|desktop)" src --exclude-dir=platform
+exit $failed
