@@ -35,7 +35,7 @@ one_start() {
 }
 
 # Prints median and maximum of the numbers on standard input.
-summary() { sort -n | awk -v what="$1" '{ at[NR] = $1 } END { printf "%s: median %d ms, worst %d ms of %d\n", what, at[int((NR + 1) / 2)], at[NR], NR }'; }
+summary() { sort -n | awk -v what="$1" '{ at[NR] = $1 } END { printf "%s: median %d ms, worst %d ms of %d starts\n", what, at[int((NR + 1) / 2)], at[NR], NR }'; }
 
 one_start "$program" >/dev/null   # fills the disk cache
 for ((i = 0; i < times; ++i)); do one_start "$program"; done | summary "start to first window"

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Builds the trainer for Windows, on Debian 12: its libraries from Debian's sources, the trainer, an installer, and the same
-# as a folder to unpack. Installs what it needs.
+# Builds the trainer for Windows, on Debian 12: its libraries from Debian's sources, the trainer, an installer, and a ZIP
+# file of the program's folder. Installs what it needs.
 #
 #   tools/build_windows.sh
 #
-# The first run takes 20 to 30 minutes on two cores and three gigabytes in build/windows; later runs build only what has
+# The first run takes 20 to 30 minutes on two cores, and three gigabytes in build/windows; later runs build only what has
 # changed. JOBS is how many compilers run at a time.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -165,7 +165,7 @@ list_files() {
 
 make_packages() {
     local stage=$work/stage/V.O.R.N setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip
-    say "making the installer and the folder to unpack"
+    say "making the installer and the ZIP file"
     list_files "$stage" >"$work/files.nsh"
     makensis -V2 -DVERSION="$version" -DSTAGE="$stage" -DFILES="$work/files.nsh" -DOUT="$setup" \
         -DICON="$root/data/icons/vorn.ico" packaging/windows/setup.nsi

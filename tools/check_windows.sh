@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Checks the trainer for Windows under Wine. Runs the core's tests. Installs the trainer silently into a fresh Wine, starts
-# it, operates it by mouse and keys until a target is destroyed and files are saved, installs it again, uninstalls it, and
-# checks what is left. Also operates the unpacked program, in a path with blanks, umlauts and Cyrillic letters, and compares
+# Checks the trainer for Windows under Wine. Runs the core's tests. Installs the trainer silently into a fresh Wine prefix,
+# starts it, operates it by mouse and keys until a target is destroyed and files are saved, installs it again, uninstalls it,
+# and checks what is left. Also operates the unpacked program, in a path with blanks, umlauts and Cyrillic letters, and compares
 # its start time with that of the trainer for this system. tools/build_windows.sh must have run.
 #
 #   tools/check_windows.sh [core | program]
@@ -41,10 +41,10 @@ run_core_tests() {
     ninja -C "$work/core" -j "$jobs" vorn_tests
     cp "$(dirname "$(x86_64-w64-mingw32-gcc-posix -print-file-name=libstdc++-6.dll)")"/{libstdc++-6,libgcc_s_seh-1}.dll \
         /usr/x86_64-w64-mingw32/lib/libwinpthread-1.dll "$work/core"
-    say "running them"
+    say "running the core's tests"
     timeout 1800 wine "$work/core/vorn_tests.exe" --gtest_brief=1
-    say "running those of files on a network path"
-    mkdir -p "$WINEPREFIX/dosdevices/unc/server/share"   # what is \\server\share for Wine
+    say "running the tests of files on a network path"
+    mkdir -p "$WINEPREFIX/dosdevices/unc/server/share"   # Wine's folder for \\server\share
     (cd "$work/core" && timeout 600 wine cmd /c \
         'set TMP=\\server\share&& vorn_tests.exe --gtest_brief=1 --gtest_filter=program.*:debrief.*:author.*')
 }
@@ -52,7 +52,7 @@ run_core_tests() {
 # The program --------------------------------------------------------------------------------------------------------
 
 fresh_windows() {
-    say "making a fresh Windows"
+    say "making a fresh Wine prefix"
     wineserver -k 2>/dev/null || true
     rm -rf "$WINEPREFIX" && mkdir -p "$WINEPREFIX"
     echo '<fontconfig/>' >"$work/no_fonts.conf"
@@ -113,7 +113,7 @@ carry_full_screen() {
     ! covers_screen "$editor" || fail "full screen doesn't end"
 }
 
-# Milliseconds from start to first window, the least of five.
+# Prints the milliseconds from start to first window, the least of five starts.
 first_window() {
     local before least=999999 took deadline=$((SECONDS + 300))
     for _ in 1 2 3 4 5; do
@@ -138,8 +138,8 @@ compare_starts() {   # FOLDER with the program
     here=$(first_window env -u FONTCONFIG_FILE -u QT_QPA_PLATFORM build/release/vorn)
     wineserver -p
     windows=$(first_window wine "$1/vorn.exe")
-    say "from start to first window: $windows ms, of the trainer for this system $here ms"
-    [ "$windows" -le $((2 * here)) ] || fail "it starts too slowly"
+    say "from start to first window: $windows ms; the trainer for this system takes $here ms"
+    [ "$windows" -le $((2 * here)) ] || fail "the program starts too slowly"
 }
 
 run_setup() {
@@ -185,7 +185,7 @@ check_installed() {
     say "installing"
     run_setup
     look_at_installation
-    say "starting it for the first time"
+    say "starting the trainer for the first time"
     start wine "$installed/vorn.exe"
     carry_full_screen
     click "$editor" 1000 30   # EXIT
@@ -196,7 +196,7 @@ check_installed() {
     say "destroying a target, saving"
     magenta_icons "$own"
     fire_and_save "$own" wine "$installed/vorn.exe"
-    say "installing again over it"
+    say "installing again over the installation"
     touch "$installed/ranges/of_the_user.arf"
     run_setup
     look_at_installation_again
@@ -217,7 +217,7 @@ look_at_what_is_left() {
     [ "$(cd "$installed" && find . -type f)" = ./ranges/of_the_user.arf ] ||
         fail "the uninstaller left: $(ls -R "$installed")"
     registered "$uninstall_key" && fail "the program is still in the list of programs"
-    registered 'HKCR\vorn.record' && fail "its file types are still registered"
+    registered 'HKCR\vorn.record' && fail "the file types are still registered"
     [ -z "$(find "$WINEPREFIX/drive_c" -name 'V.O.R.N..lnk')" ] || fail "the entry in the start menu is still there"
     look_at_saved "$own"
 }
@@ -241,7 +241,7 @@ if [ ! -d "$WINEPREFIX" ] || [ "${1:-}" != core ]; then fresh_windows; fi
 [ "${1:-}" = program ] || run_core_tests
 [ "${1:-}" = core ] && exit
 [ -e "$setup" ] || fail "$setup isn't there: run tools/build_windows.sh first"
-[ "$(stat -c %s "$setup")" -lt 90000000 ] || fail "the installer has more than 90 MB"
+[ "$(stat -c %s "$setup")" -lt 90000000 ] || fail "the installer is larger than 90 MB"
 check_installed
 check_unpacked
 say "the trainer for Windows passes: $(basename "$setup"), $(du -h "$setup" | cut -f1)"

@@ -1,8 +1,8 @@
 # shellcheck shell=bash
 # Sourced by checks that operate the trainer by mouse and keys, as a user does. Needs xdotool, imagemagick, Xvfb and openbox.
-# `pictures` is the folder for screenshots. A window is given by its title, a place in pixels of the form of 1024 x 768.
+# `pictures` is the folder for screenshots. Windows are given by title, places in pixels of a form of 1024 x 768.
 
-open_display() {   # the first free one from FIRST_DISPLAY; adds to `helpers` what must be killed at the end
+open_display() {   # the first free number from FIRST_DISPLAY; adds to `helpers` the processes to kill at the end
     local number=${FIRST_DISPLAY:-90}
     while [ -e "/tmp/.X11-unix/X$number" ]; do number=$((number + 1)); done
     export DISPLAY=:$number
@@ -49,7 +49,7 @@ editor="PRACTICE EDITOR"
 # From the first box to the set-up screen.
 to_the_editor() {
     await "V. O. R. N." 60
-    for _ in $(seq 20); do   # Return closes the box, another one clicks START
+    for _ in $(seq 20); do   # the first Return closes the box, the next clicks START
         sleep 2 && [ -n "$(window "$editor")" ] && break
         xdotool key Return
     done

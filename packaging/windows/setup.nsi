@@ -1,6 +1,6 @@
 ; The installer. VERSION, STAGE (the folder with the program), FILES (made by build_windows.sh: what to delete) and OUT are
-; given on the command line. It installs for all users, or without administrator's rights for one; /AllUsers and
-; /CurrentUser choose, /S asks nothing, /D=FOLDER (last) names the folder.
+; given on the command line. It installs for all users, or for one user without administrator's rights.
+; Options: /AllUsers, /CurrentUser, /S (asks no questions), and last /D=FOLDER (where to install).
 Target amd64-unicode
 SetCompressor /SOLID lzma
 
@@ -45,7 +45,7 @@ ManifestDPIAware true
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
-; The folder that Windows has for programs of one user, unless an installation there has another.
+; For one user: the folder of an earlier installation, otherwise Windows' folder for a user's programs.
 Function own_folder
     StrCmp $MultiUser.InstallMode "CurrentUser" 0 done
     ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
@@ -69,7 +69,7 @@ again:
     ${If} ${FileExists} "$INSTDIR\vorn.exe"
         FileOpen $0 "$INSTDIR\vorn.exe" a
         ${If} ${Errors}
-            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${NAME} is running, or its files can't be written. Please end it." /SD IDCANCEL IDRETRY again
+            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${NAME} is running, or its files can't be written. Please end the program." /SD IDCANCEL IDRETRY again
             SetErrorLevel 2
             Abort
         ${EndIf}
@@ -77,8 +77,8 @@ again:
     ${EndIf}
 !macroend
 
-; NAME is shown in the list of file types. A double click on such a file starts the trainer; the file is then opened in it.
-; A type that another program has already is left to it.
+; NAME is shown in the list of file types. A double click on such a file starts the trainer without loading the file. An
+; extension that is registered for another program is left unchanged.
 !macro add_type ENDING ID NAME
     WriteRegStr SHCTX "Software\Classes\${ID}" "" "${NAME}"
     WriteRegStr SHCTX "Software\Classes\${ID}\DefaultIcon" "" "$INSTDIR\vorn.exe,0"
@@ -110,7 +110,7 @@ FunctionEnd
 
 Section "install"
     !insertmacro not_running
-    ; Another version may have files that this one hasn't.
+    ; The version installed before may have files that this version doesn't have.
     ${If} ${FileExists} "$INSTDIR\uninstall.exe"
         ExecWait '"$INSTDIR\uninstall.exe" /S /$MultiUser.InstallMode _?=$INSTDIR'
     ${EndIf}
@@ -135,7 +135,7 @@ Section "install"
     ${RefreshShellIcons}
 SectionEnd
 
-; Deletes what it has installed and nothing else: what a user has saved in the folder stays.
+; Deletes only the installed files: what a user has saved in the folder stays.
 Section "Uninstall"
     !insertmacro not_running
     !include "${FILES}"
