@@ -294,8 +294,8 @@ void firefin(trainer& t, gunnery_screen& s, int round)
     endflight(t, s, round, round_kind::fin);
 }
 
-// In the full system a lased round starts the HESH correction. On the visual sight the lay is reversed if
-// AUTO is held. Returns the twips moved.
+// With the full system and a lased range, starts the HESH correction and, on the visual sight with AUTO held,
+// reverses the lay. Returns the twips moved.
 double preparehesh(trainer& t, gunnery_screen& s)
 {
     if (t.shared.systemstatus >= 2 || !s.lazed) {

@@ -16,7 +16,7 @@ constexpr double creep_seconds = 1;
 
 constexpr double fine_part = 200;   // twips; the last part of a lay, in small steps
 
-// Each count sets the picture's place and moves the target by a step, so the target ends one step further.
+// Each count sets the picture's place and moves the target by a step, so the target moves one step more.
 void lay(trainer& t, gunnery_screen& s, double twips, double step, double seconds,
          const std::function<void(double)>& each = {})
 {
@@ -54,8 +54,8 @@ struct sideways_lead {
     }
 };
 
-// Metres. In a HESH lay the lase mark of a nearer target jumps down; that of a more distant one jumps up and
-// moves down with the lay.
+// Metres. In a HESH lay the lase mark jumps down if the target is nearer than this; if the target is more
+// distant, the mark jumps up and moves down with the lay.
 constexpr int mark_follows = 2200;
 
 void layhesh(trainer& t, gunnery_screen& s)

@@ -32,7 +32,7 @@ void callcrew(trainer& t, gunnery_screen& s, const std::string& file)
     playsound(t, s, file);
 }
 
-// A further call doesn't restart the count: both calls end together.
+// A further call doesn't reset voicecount: both calls end together.
 static void timvoice_tick(gunnery_screen& s)
 {
     s.voicecount += 1;

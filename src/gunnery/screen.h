@@ -1,5 +1,5 @@
-// A gunnery screen, visual or thermal: its variables, objects and timers. "visual" or "thermal" after a name
-// means that only this sight uses it. The numbers of the two sights are in sight.h.
+// A gunnery screen, visual or thermal: its variables, objects and timers. A name with the comment "visual" or
+// "thermal" is used by that sight only. The numbers of the two sights are in sight.h.
 #pragma once
 
 #include <deque>
@@ -79,7 +79,7 @@ struct since_load : since_reset {
     int coaxhits = 0;         // bursts that have hit since the last kill
     bool coaxfired = false;   // the coax has fired since the last deselect; visual
 
-    // Crew voice and sound. They start again at each load, since an unload stops Timvoice.
+    // Crew voice and sound. Each load resets these variables, since an unload stops Timvoice.
     std::string soundfile;
     bool voicebusy = false;   // a call of the crew is in progress
     int voicecount = 0;       // Timvoice ticks

@@ -37,7 +37,7 @@ void cmdtarget_click(gunnery_screen& s)
     start(s.Timpause);
 }
 
-// After a resume the count continues while a target is up, so it can be greater than the next wait.
+// After a resume pausecount increases even while a target is up, so it can be greater than the next wait.
 void timpause_tick(trainer& t, gunnery_screen& s)
 {
     s.pausecount += 1;
@@ -47,7 +47,7 @@ void timpause_tick(trainer& t, gunnery_screen& s)
     nexttarget(t, s);
 }
 
-// FIN, HESH, COAX in turn. Nothing resets the count: the 19th order keeps the nature of the 18th, and all
+// FIN, HESH, COAX in turn. Nothing resets ordercount: the 19th order keeps the nature of the 18th, and all
 // from the 20th on are FIN.
 void choosemixed(gunnery_screen& s)
 {
@@ -262,7 +262,7 @@ void make_sequencer(trainer& t, gunnery_screen& s)
 {
     add(s.window, s.Timer1, s.numbers.timer1,
         [&t, &s] { s.targetindex = static_cast<int>(Int(Rnd(t.random) * 19)) + 1; });
-    s.Timer1.slack = 0.1;   // it only draws a number: nobody sees how often
+    s.Timer1.slack = 0.1;   // it only draws a random number: nobody sees a late tick
     add(s.window, s.Timpause, 1000, [&t, &s] { timpause_tick(t, s); });
     add(s.window, s.Timtarget, 1000, [&t, &s] { timtarget_tick(t, s); });
     s.Cmdstartsim.Click = [&t, &s] { cmdstartsim_click(t, s); };

@@ -25,7 +25,7 @@ void setupquickstart(trainer& t, gunnery_screen& s)
     for (screen_object* o : {&s.Frmcon, &s.Frmsys, &s.Frmmousecon}) o->Visible = false;
 }
 
-// Only the next load of the screen shows a hidden panel again (other than Frmcon and Frmmousecon).
+// A panel hidden here, except Frmcon and Frmmousecon, stays hidden until the next load of the screen.
 void hidepanels(const practice_state& p, gunnery_screen& s)
 {
     const auto hide_if = [](bool hides, std::initializer_list<screen_object*> panels) {

@@ -173,7 +173,7 @@ inline double target_width(const sight_numbers& n, double metres, int divisor)
 struct kill_box {
     double left, right, top, bottom;
 };
-// The margin is taken off all sides of the target; on the thermal sight not off the top.
+// The margin is taken off all sides of the target, on the thermal sight off all but the top.
 inline kill_box kill_box_of(sight_kind kind, double width, double height, double margin)
 {
     return {margin, width - margin, kind == sight_kind::visual ? margin : 0, height - margin};

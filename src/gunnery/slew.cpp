@@ -21,7 +21,7 @@ bool showcount(trainer& t, const gunnery_screen& s, double seconds, int resets)
     return s.resets == resets;
 }
 
-// Each count sets the target's place and moves the picture by a step, so the picture ends one step further.
+// Each count sets the target's place and moves the picture by a step, so the picture moves one step more.
 bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n)
 {
     const double from = s.Imgtargets.*along;
@@ -38,7 +38,8 @@ bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n
     return true;
 }
 
-// A target with a smaller Left counts as left of the sight, one with a smaller Top as above the sight.
+// A target counts as left of the sight if its Left is below the first bound, and as above the sight if its
+// Top is below the second.
 constexpr double left_of_sight = 2040;
 constexpr double above_sight = 960;
 

@@ -38,7 +38,7 @@ bool within(const gunnery_screen& s, const limit_numbers& limits, const directio
     return d.sign > 0 ? at < limits.near : at > 1 - s.Imgrange.*d.extent + far;
 }
 
-// The limit is tested before the move. At the limit traverseaccel also stays unchanged.
+// The limit is tested before the move. At the limit neither the picture nor traverseaccel changes.
 void tick(gunnery_screen& s, const direction_row& d)
 {
     if (!within(s, s.numbers.keylimits, d)) return;
