@@ -107,7 +107,7 @@ void joystk_buttondown(trainer& t, S& s, int button)
     lightbutton(s, button, colour::red);
 }
 
-// The unit of the dead band is a twelfth of the distance from the stick's position to its maximum.
+// The factor is a twelfth of the distance from the stick's position to its maximum.
 void takefactor(trainer& t, S& s, const axis_row& a)
 {
     const long end = t.pc.joystick_reading(a.end), at = t.pc.joystick_reading(a.at);

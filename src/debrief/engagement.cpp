@@ -77,8 +77,8 @@ void show_round(results_screen& s, int round)
 }
 
 // The offsets in the record run from the aim, the lase and the round to the target. A mark is pale if the
-// record has no offset for it, and if fewer rounds were fired: the offset is then that of an earlier
-// practice. recrounds counts up to 3.
+// record has no offset for it, or if fewer rounds were fired and the offset is from an earlier practice.
+// recrounds is at most 3.
 void place_markers(const practice_state& p, results_screen& s, int round)
 {
     const int e = s.selectedengagement;

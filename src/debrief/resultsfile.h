@@ -1,5 +1,5 @@
 // The results file (.vrn): one finished practice with its student and range. For each engagement it stores
-// the ammunition, the time, and the offsets of lase, aim and rounds. Always 520 lines of item text
+// the ammunition, the time, and the offsets of lase, aim and rounds. It always has 520 lines of item text
 // (state/item_text.h); rows 0 to 15 of the record are stored, row 16 is not.
 #pragma once
 

@@ -24,7 +24,7 @@ std::string headed(const std::string& heading, std::initializer_list<std::string
 // data.
 bool asked(trainer&, const std::string& question, const std::string& title,
            default_button on_return = default_button::yes);
-// The same with the short name of the program as heading and title.
+// Calls `asked` with the short name of the program as heading and title.
 bool asked_with_name(trainer&, std::initializer_list<std::string> question);
 // Asks whether to end the program, and ends it on yes.
 void confirmexit(trainer&, const std::string& heading, const std::string& title);

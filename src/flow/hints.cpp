@@ -6,7 +6,7 @@ namespace {
 
 constexpr double beside = 800;   // twips from the left edge of a button to its hint
 constexpr double letter = 80;    // twips: room for one letter of a hint
-constexpr int rest_ticks = 3;    // the hint appears at the tick after this many
+constexpr int rest_ticks = 3;    // ticks before the one that shows the hint
 constexpr int interval = 400;    // milliseconds
 
 void begin_hint(const hint_panel& p, const hint& h)
@@ -21,7 +21,7 @@ void begin_hint(const hint_panel& p, const hint& h)
 void timhelp_tick(const hint_panel& p)
 {
     p.ticks += 1;
-    if (p.ticks > rest_ticks) p.label.Visible = true;   // until end_hint, also over other buttons
+    if (p.ticks > rest_ticks) p.label.Visible = true;   // stays until end_hint, also over other buttons
 }
 
 }   // namespace
@@ -48,7 +48,7 @@ void make_hints(const hint_panel& p, std::initializer_list<hint> frames, std::in
     for (const hint& h : frames) h.over->MouseMove = [p, text = h.text] { p.bar.Caption = text; };
     for (const hint& h : buttons) {
         h.over->MouseMove = [p, h] { begin_hint(p, h); };
-        // Otherwise the hint would appear behind the box that the click opens.
+        // Ends the hint first: it would appear behind the box that the click opens.
         h.over->Click = [p, click = h.over->Click] {
             end_hint(p);
             if (click) click();

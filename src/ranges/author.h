@@ -23,15 +23,15 @@ void make_view(rauthor_screen&);
 void scaleoverview(rauthor_screen&);
 // Sets the ground band for the placeholder picture.
 void placeholderband(rauthor_screen&);
-// Replaces the picture behind the sight window, without moving it.
+// Replaces the picture behind the sight window. The new one has the same place.
 void hangpicture(rauthor_screen&, picture);
-// Replaces the picture behind the sight window, and moves its middle there.
+// Replaces the picture behind the sight window, with its middle at the window's upper left corner.
 void putpicture(rauthor_screen&, picture);
 // Shows the size of the picture, and sets the marked point as if the middle of the picture were shown.
 void showmiddle(rauthor_screen&);
 // Proposes a range from the height of the marked point in the picture. Does nothing outside the ground band.
 void proposerange(rauthor_screen&);
-// The place in the overview of a cursor or marker for a point of the picture.
+// The place of a cursor or marker in the overview, for a point of the picture.
 area overviewplace(const rauthor_screen&, double x, double y);
 
 // targets.cpp: the positions and icons.

@@ -175,7 +175,7 @@ void overview(S& s)
     add(s.window, s.Imgpoint, std::move(pointer), &s.Frame1);
 }
 
-// In a wide window the texts are beside the four frames, and the overview is enlarged into the height that is
+// In a wide window the texts are beside the four frames, and the overview is enlarged to the height that is
 // left below the frames.
 wide_layout wide(const S& s, double width)
 {

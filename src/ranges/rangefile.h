@@ -1,5 +1,5 @@
 // The range file (.arf): a picture of a landscape, twenty numbered target positions on it, and the range in
-// metres of each. 69 lines of item text (state/item_text.h); entry 0 isn't used.
+// metres of each. It has 69 lines of item text (state/item_text.h); entry 0 isn't used.
 #pragma once
 
 #include <functional>
@@ -39,7 +39,7 @@ std::string write_range(const machine&, const std::string& file, practice_state&
 std::string range_file_bytes(const practice_state&);
 
 // The path of the icon that a range file names. The stored path is relative to rootpath, with or without a
-// leading '/' or '\'. If there is no such file, it is used as a full path.
+// leading '/' or '\'. If there is no such file, the stored path is used as a full path.
 std::string icon_path(const machine&, const std::string& rootpath, const std::string& stored);
 // The path relative to a folder, without a leading separator; nothing if the file isn't in the folder.
 std::optional<std::string> below_folder(const machine&, const std::string& folder, const std::string& path);

@@ -32,7 +32,7 @@ void rauthor_load(rauthor_screen& s)
 void rauthor_arrival(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
-    end_hint(hints_of(s));                // one may be left from when the screen was last shown
+    end_hint(hints_of(s));                // one may be left from the last time on this screen
     s.targetsize = t.shared.targetsize;   // the option may have changed
     showmiddle(s);
     for (int icon = 1; icon <= 3; ++icon) loadicon(t, icon);

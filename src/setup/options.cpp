@@ -143,7 +143,7 @@ void make_method(trainer& t)
     const auto select = [&t](bool joystick, bool mouse) {
         t.shared.joyselected = joystick;
         t.shared.mouseselected = mouse;
-        if (!mouse) t.shared.keyboardselected = true;   // the mouse doesn't change it
+        if (!mouse) t.shared.keyboardselected = true;   // the choice of the mouse leaves it unchanged
     };
     t.startsim.Optcon1.Click = [select] { select(true, false); };
     t.startsim.Optcon2.Click = [select] { select(false, false); };

@@ -14,8 +14,8 @@ namespace vorn {
 
 namespace {
 
-// Also closes the range author and the calibration screen. From either the user could return to the set-up
-// and start a second practice.
+// Leaves the set-up for another screen. Closes the range author and the calibration screen, from which the
+// user could return to the set-up and start a second practice.
 void leavefor(trainer& t, form& next)
 {
     show(t.pc, next);

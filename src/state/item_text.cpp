@@ -77,8 +77,8 @@ bool reads_as_utf8(std::string_view latin)
 
 }   // namespace
 
-// Outside quotes an item ends at a comma or at a line break (CR LF, CR or LF). Spaces and tabs around it are
-// dropped.
+// Outside quotes an item ends at a comma or at a line break (CR LF, CR or LF). Spaces and tabs around an item
+// are dropped.
 bool item_reader::next_item(std::string_view& item)
 {
     if (failed_ || place_ >= text_.size()) {

@@ -10,7 +10,7 @@
 
 namespace vorn {
 
-inline constexpr int positions = 21;         // of a range, 0 to 20
+inline constexpr int positions = 21;         // entries of a range file, 0 to 20
 inline constexpr int engagement_rows = 17;   // rows 1 to 15 are used; `engagement` is 16 after 15 targets
 inline constexpr int round_rows = 5;         // entries 1 to 4 are used
 
@@ -63,7 +63,7 @@ struct practice_state {
     // Calibration of the joystick.
     bool joycalibrated = false;
     double joyxcentre = 0, joyycentre = 0;   // reading at the centre of the stick
-    double joyxfactor = 0, joyyfactor = 0;   // the dead band is two factors on each side
+    double joyxfactor = 0, joyyfactor = 0;   // the dead band is twice the factor on each side
 
     // Run flags.
     bool quickstart = false;    // the practice was started by the quick start
