@@ -94,7 +94,7 @@ struct button_row {
     const char* caption;
     const char* tip;
 };
-// Adds a row of buttons of equal size: one at `first`, each other `step` twips further to the right.
+// Adds a row of buttons of equal size: the first at `first`, each other `step` twips right of the last.
 inline void put_buttons(form& f, area first, double step, std::initializer_list<button_row> row)
 {
     for (const button_row& r : row) {
@@ -103,7 +103,7 @@ inline void put_buttons(form& f, area first, double step, std::initializer_list<
     }
 }
 
-// Each returns the design values with one field changed.
+// The functions below return the design values with one field changed.
 inline object_fields named(object_fields f, std::string name)
 {
     f.AccessibleName = std::move(name);

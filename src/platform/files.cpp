@@ -23,8 +23,8 @@ std::string to_utf8(const fs::path& p)
     return std::string(s.begin(), s.end());
 }
 
-// Whether a path names a computer in the network, as in \\SERVER\SHARE, and the standard library doesn't know
-// it: it then takes the two separators for one, and the path for a relative one.
+// Whether a path begins with the name of a computer, as in \\SERVER\SHARE, and the standard library doesn't
+// recognise the name: the library then takes the two separators for one, and the path for a relative one.
 static bool is_network_path(const fs::path& p)
 {
     const std::string s = to_utf8(p);
@@ -133,8 +133,8 @@ static fs::path temporary_name(const fs::path& file)
 
 enum class replaced { done, failed, not_possible };
 
-// Replaces a file by a temporary one once that is complete, so that a full disk leaves the old file. Fails if
-// the file itself has no write permission. Returns not_possible only if the folder gives no permission to
+// Writes a temporary file and renames it when it is complete, so that a full disk leaves the old file. Fails
+// if the old file has no write permission. Returns not_possible only if the folder gives no permission to
 // create files.
 static replaced replace_file(const fs::path& file, const std::string& text)
 {

@@ -13,8 +13,8 @@
 
 namespace vorn {
 
-// The shortest interval between two ticks of a timer, in seconds. A shorter one, such as 1 ms, means as fast
-// as possible.
+// The shortest interval between two ticks of a timer, in seconds. A timer with a shorter interval, such
+// as 1 ms, ticks at the shortest one.
 inline constexpr double timer_floor = 0.016;
 
 enum class box_buttons { ok, yes_no };
@@ -63,7 +63,7 @@ struct printed_line {
 struct screen_stack {
     struct arrival {
         form* screen;
-        int depth;   // nesting depth of the handler that showed the screen; runs after its return
+        int depth;   // nesting depth of the handler that showed the screen; the arrival runs after it
     };
     std::vector<form*> loaded;
     std::vector<form*> shown;   // the last one is in front

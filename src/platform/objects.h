@@ -123,7 +123,7 @@ struct flat_layout {
 
 struct screen_object : object_fields {
     std::optional<object_fields> design;   // values that each load gives the fields
-    screen_object* parent = nullptr;       // none: the form itself
+    screen_object* parent = nullptr;       // null: the form itself
     form* owner = nullptr;
     dock docked = dock::none;
     int rank = 0;   // docked objects are arranged in the order of their ranks, then in drawing order

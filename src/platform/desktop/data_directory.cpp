@@ -42,14 +42,14 @@ static copied_times read_times(const fs::path& folder)
     return times;
 }
 
-// Everything is written to a temporary file first and then renamed, so that a file with the final name is
+// Each file is written under a temporary name and then renamed, so that a file with the final name is
 // complete. With the process id in the name, two programs started at the same time use different files.
 static fs::path temporary_for(fs::path file)
 {
     return file += '.' + std::to_string(QCoreApplication::applicationPid()) + ".part";
 }
 
-// Creates a file to find out: the mode of a folder doesn't show what access control lists (NTFS, network
+// Tests by creating a file: the mode of a folder doesn't show what access control lists (NTFS, network
 // folders) allow.
 static bool can_write(const fs::path& folder)
 {
@@ -161,7 +161,7 @@ bool fill_directory(const fs::path& from, const fs::path& to)
         if (copied || same_time(time_of(own), time_of(i->path()))) times[name] = time_of(i->path());
     }
     complete = complete && !failed;
-    // No list is written until the first complete copy: it marks the folder as complete.
+    // No list is written until the first complete copy: the list marks the folder as complete.
     if (was_complete(to) ? times != before : complete) complete &= write_times(to, times);
     remove_old_temporaries(to);
     return complete;

@@ -46,7 +46,7 @@ public:
     loaded_picture load_picture(const std::string& path) override;
     print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
 
-    // The script. A question without an answer in it gets the answer No; an input box or file dialog is
+    // The script. When it has no answer left, a question is answered No, and an input box or file dialog is
     // cancelled.
     std::deque<box_answer> answers;
     std::deque<std::string> inputs;

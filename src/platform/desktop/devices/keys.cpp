@@ -20,8 +20,8 @@ namespace {
 // For this many seconds after a box opens, a letter is ignored: it was probably meant for the gun.
 constexpr double letter_delay = 1;
 
-// The longest interval of auto-repeat, in milliseconds. A press after a longer interval is a new press, whose
-// release was missed. Used where the system doesn't mark auto-repeat.
+// The longest interval of auto-repeat, in milliseconds. A press after a longer interval is a new press: the
+// release before it was missed. Used where the system doesn't mark auto-repeat.
 constexpr quint64 longest_repeat = 1500;
 
 constexpr std::array<std::pair<int, int>, 26> named_keys{{
@@ -155,7 +155,7 @@ keyboard::keyboard(desktop_machine& pc) : pc_(pc)
     qApp->installEventFilter(this);
     enable_detectable_repeat();
     pc_.key_is_down = x11_key_state();
-    watch_.setInterval(10);   // ms; less than a key is up between two presses
+    watch_.setInterval(10);   // ms; shorter than the time from a release to the next press
     QObject::connect(&watch_, &QTimer::timeout, this, &keyboard::look_for_releases);
 }
 

@@ -29,7 +29,7 @@ bool accepts_input()
     return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() != nullptr;
 }
 
-// A throttle or a switch box has fewer than two.
+// A throttle or a switch box has fewer than two axes.
 bool has_two_axes(const stick::open_device& d)
 {
     return SDL_JoystickNumAxes(d.handle) >= 2;
@@ -162,7 +162,7 @@ void stick::release_all()
 }
 
 // A deflected stick is reported at each poll, since the screens use its position as a rate. A centred stick
-// is reported when it has changed, also if it was disconnected or changed during a box, and once to a screen
+// is reported when its position has changed, even by a disconnection or during a box, and once to a screen
 // that comes to the front.
 void stick::deliver_move()
 {

@@ -21,8 +21,8 @@ public:
     stick(const stick&) = delete;
     stick& operator=(const stick&) = delete;
 
-    // By number: 5 and 7 are the maxima of X and Y, 13 and 14 their positions. Without a stick these are in
-    // the centre.
+    // By number: 5 and 7 are the maxima of X and Y, 13 and 14 their positions. Without a stick both
+    // positions are the centre.
     long reading(int number) const;
     bool present() const { return device_ != nullptr; }
     // Delivers the events since the last call; called by the stick's own timer, and by tests.

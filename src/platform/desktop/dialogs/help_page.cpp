@@ -143,7 +143,7 @@ void help_page::follow(const QUrl& link)
     if (link.adjusted(QUrl::RemoveFragment) == source().adjusted(QUrl::RemoveFragment)) setSource(link);
 }
 
-// Moving pictures -----------------------------------------------------------------------------------------
+// Films ---------------------------------------------------------------------------------------------------
 
 static QUrl name_of(const QTextFragment& picture)
 {

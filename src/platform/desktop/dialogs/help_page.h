@@ -1,5 +1,5 @@
-// The page of the help viewer. It shows an HTML file with any file name extension, its pictures and its
-// moving pictures.
+// The page of the help viewer. It shows an HTML file with any file name extension, with its pictures and
+// films (moving pictures, .gif).
 #pragma once
 
 #include <QPointer>
@@ -19,8 +19,8 @@ public:
     void set_screen(const QString& name) { screen_ = name; }
     void set_text_size(double points);
     void zoom(double points) { set_text_size(font().pointSizeF() + points); }
-    // Follows a link within the file. A link to a moving picture (.gif) starts it in place of the still
-    // picture, or stops it. It also stops when it is scrolled out of view.
+    // Follows a link within the file. A link to a film starts it in place of the still picture, or stops
+    // it if it is playing. The film also stops when it is scrolled out of view.
     void follow(const QUrl&);
 
     static constexpr double normal_text = 10.5;   // points

@@ -105,8 +105,8 @@ loaded_picture read_picture(const std::string& source, const std::string& path, 
     const QSize natural = pixels->sizes.back().size();
     pixels->twin = find_twin(file, natural, more_twins);
     QImage& largest = pixels->sizes.back();
-    // This format is slower to draw and saves memory, which matters more with a twin: 8024 x 4000 pixels take
-    // 128 MB.
+    // RGB888 is slower to draw but saves memory, which matters more with a twin: 8024 x 4000 pixels of 32
+    // bits take 128 MB.
     if (!pixels->twin.isEmpty() && !largest.hasAlphaChannel())
         largest = std::move(largest).convertToFormat(QImage::Format_RGB888);
     return {picture{source, natural.width() * twips_per_pixel, natural.height() * twips_per_pixel, pixels},

@@ -33,8 +33,8 @@ inline constexpr const char* picture_patterns = "*.vrp *.trp *.png *.jpg *.jpeg 
 loaded_picture read_picture(const std::string& source, const std::string& path,
                             const QString& more_twins = {});
 
-// What image_for does while a twin is being read, which takes a second thread about 0.3 s for 8024 x 4000
-// pixels: it waits for the twin, or returns the picture itself.
+// What image_for does while another thread reads the twin (about 0.3 s for 8024 x 4000 pixels): it waits for
+// the twin, or returns the picture itself.
 enum class twin_reading { waits, meanwhile_without };
 
 // The image to draw at this size in device pixels: the smallest that is at least as large. If all are

@@ -23,8 +23,8 @@ struct docked_objects {
     const screen_object* sight = nullptr;
     const screen_object* panel = nullptr;
     object_list beside;          // in the order of the columns, with the frames in the panel
-    object_list above, below;    // lines
-    double head = 0, foot = 0;   // their heights
+    object_list above, below;    // the lines above and below the sight
+    double head = 0, foot = 0;   // heights of these lines
 };
 
 double height_of(const object_list& line)
@@ -57,15 +57,15 @@ docked_objects docked_of(const form& f)
 // One way to arrange the objects, in twips at its scale.
 struct plan {
     double scale = 1;
-    const strip* left = nullptr;    // of the sight, over the whole height
-    const strip* under = nullptr;   // the sight
+    const strip* left = nullptr;    // strip left of the sight, over the whole height
+    const strip* under = nullptr;   // strip below the sight
     double head = 0;
     QRectF sight = {};
     QRectF left_at = {}, under_at = {};
     double score = -1e9;
 };
 
-// The strips of which a plan can be made. Each pair holds all blocks.
+// The two strips of a plan. Together they hold all blocks.
 struct strips {
     strip left, under;
 };
@@ -99,13 +99,13 @@ std::vector<strips> possible_strips(const form& f, const docked_objects& d)
     return found;
 }
 
-// Whether the panel's caption has a line of its own: not in a strip of one line.
+// Whether the panel's caption has a line of its own. It has none when all blocks are in one flat row.
 bool has_caption_line(const strips& s)
 {
     return !s.left.empty() || s.under.empty() || !s.under.columns.front().blocks.front().flat;
 }
 
-// How far the shapes of the blocks are from those designed. Pictures can't be stretched.
+// How far the shapes of the blocks are from those designed. Pictures can't be stretched, so they count more.
 double distortion(const strip& s, const QRectF& at)
 {
     constexpr double good_growth = 2, of_pictures = 3;
@@ -120,7 +120,8 @@ double distortion(const strip& s, const QRectF& at)
     return sum;
 }
 
-// A large sight counts most, then large panels, then panels of their own shape. Empty bands count against it.
+// A large sight counts most, then large panels, then panels near their designed shape. Empty bands lower
+// the score.
 double score_of(const plan& p, const QSizeF& room, double larger)
 {
     const double area = room.width() * room.height();
@@ -180,8 +181,8 @@ plan best_plan(const docked_objects& d, const std::vector<strips>& possible, con
     return best;
 }
 
-// The line above the sight. The title ends at the right edge of the sight, over the crew's words where they
-// need the whole width.
+// Places the title and the crew line above the sight. The title ends at the right edge of the sight, above
+// the crew line if that needs the whole width.
 void place_above(arrangement& a, const docked_objects& d, const plan& p)
 {
     const QRectF line(p.sight.left(), p.sight.top() - border - p.head, p.sight.width(), p.head);
@@ -244,7 +245,7 @@ enlargement cover(const screen_object& o, const QSizeF& room)
 void arrange_without_sight(arrangement& a, const form& f, const QSizeF& room)
 {
     constexpr double wider = 150;    // twips; a smaller difference doesn't change the layout
-    constexpr double widest = 1.5;   // of a form without a layout of its own, in its own widths
+    constexpr double widest = 1.5;   // of a form whose objects are spread, in form widths
     const bool wide = room.width() > form_width + wider;
     wide_layout layout = wide && f.wide ? f.wide(room.width()) : wide_layout{};
     if (wide && f.spreads) {

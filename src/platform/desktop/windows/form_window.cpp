@@ -98,8 +98,8 @@ void form_window::make_object(screen_object& o)
     draw_fields(s, true);
 }
 
-// Buttons that act while held also act while Space is down. The mouse is handled by mouse_event: these
-// signals would also report a release when the mouse leaves the button.
+// Buttons that act while held also act while Space is down. The mouse is handled by mouse_event: the button's
+// signals would report a release when the mouse leaves the button.
 void form_window::connect_space(QAbstractButton& b, screen_object& o)
 {
     if (!o.MouseDown && !o.MouseUp) return;
@@ -293,7 +293,7 @@ void form_window::moveEvent(QMoveEvent*)
     settled_.start();
 }
 
-// For the same reason QWidget::normalGeometry() may return the geometry of the maximised window.
+// Prefers normal_, since QWidget::normalGeometry() may be the geometry of the maximised window.
 QRect form_window::normal_place() const
 {
     if (!(windowState() & filling)) return geometry();

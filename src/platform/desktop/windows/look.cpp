@@ -18,7 +18,7 @@ struct role_shades {
 };
 
 // Indexed by `colour`. Some colours that are readable as text are too light as a background for white
-// figures; they have a darker background.
+// figures; their background shade is darker.
 constexpr table<role_shades, 12> shades{{{
     {0xff272a21, 0xff272a21},   // ground
     {0xffe9e4d3, 0xffe9e4d3},   // text

@@ -18,12 +18,12 @@ namespace {
 constexpr int frames = 16;                // of each effect
 constexpr double smallest_burst = 5;      // pixels at scale 1
 constexpr double lean = 0.22;             // shear of HESH smoke at its end, per unit of `wind`
-constexpr double drift = 0.1;             // sideways move of HESH smoke at its end, per unit, in burst widths
+constexpr double drift = 0.1;             // final drift of HESH smoke, in burst widths per unit of `wind`
 constexpr double animation_step = 0.03;   // seconds
 constexpr double fire_size = 2;           // in widths of the target
 constexpr double fire_growing = 0.2;      // seconds; the fire fades in during the explosion
 constexpr double fire_turn = 1.3;         // seconds for one loop of the frames
-constexpr double fire_dying = 1.1;        // seconds; a hit may take the target down at once
+constexpr double fire_dying = 1.1;        // seconds that a fire outlasts its target
 
 struct burst {
     effect seen, hot;

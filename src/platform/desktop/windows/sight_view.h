@@ -23,7 +23,7 @@ public:
     void clear_strikes();   // and fires
     // Repaints strikes and fires, at most once per 30 ms. False when there are none.
     bool animate();
-    // Sets where rounds in flight are drawn: 0 is their place before the last update, 1 the present one.
+    // Sets where rounds in flight are drawn: 0 is their place before the last update, 1 their present place.
     void set_progress(double part);
 
     std::function<double()> now = [] { return 0.0; };   // seconds

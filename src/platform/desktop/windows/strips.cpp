@@ -10,8 +10,8 @@ namespace vorn {
 namespace {
 
 constexpr double largest_growth = 2;      // of the text in a frame that is larger than designed
-constexpr double largest_readout = 1.8;   // the same, of a large text in a frame that is only higher
-constexpr double give_of_picture = 0.3;   // a frame with nothing but a picture gains less by more height
+constexpr double largest_readout = 1.8;   // of large text in a frame that is only higher
+constexpr double give_of_picture = 0.3;   // of pictures, and of frames with only pictures
 
 using object_list = std::vector<const screen_object*>;
 
@@ -41,7 +41,7 @@ double hidden_row(const object_list& all, const screen_object& o)
     return next == std::numeric_limits<double>::max() ? 0 : next - o.Top;
 }
 
-// How much higher an object is shown since rows above it are hidden.
+// How far up an object is moved because rows above it are hidden.
 double raised(const object_list& all, double top)
 {
     double height = 0;
@@ -111,7 +111,7 @@ void fill_column(column& c, const QRectF& at)
     }
 }
 
-// How the inside of a frame is spread over its place, in twips at the growth of the frame.
+// How the inside of a frame is spread over its place, in twips before the frame is enlarged.
 struct spread {
     double across, down;
     double title;   // not spread
@@ -131,7 +131,7 @@ QRectF centred(const QSizeF& size, const QRectF& in)
 
 using places = std::vector<std::pair<const screen_object*, QRectF>>;
 
-// Where the objects of a block are as designed or in its flat layout.
+// The places of a block's objects, as designed or in its flat layout.
 places places_in(const form& f, const block& b)
 {
     places found;

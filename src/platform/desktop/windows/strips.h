@@ -18,35 +18,35 @@ struct block {
     const screen_object* object = nullptr;
     QSizeF size = {};
     bool flat = false;   // shown in its flat layout
-    double give = 1;     // its part of the height that is left, for each twip of its own
+    double give = 1;     // its share of spare height, per twip of its own height
     QRectF at = {};
 };
 
 // The blocks as designed, without the rows of hidden buttons.
 block block_of(const form&, const screen_object&);
-// The same in the flat layout, if the object has one.
+// The block in the flat layout of the object, if there is one.
 block flat_block_of(const form&, const screen_object&);
 
 struct column {
     std::vector<block> blocks;
-    QSizeF size = {};   // the least
-    double give = 0;    // height times give of all blocks
+    QSizeF size = {};   // the smallest
+    double give = 0;    // sum of height times give over the blocks
 };
 
 struct strip {
     std::vector<column> columns;
-    QSizeF size = {};   // the least
+    QSizeF size = {};   // the smallest
 
     bool empty() const { return columns.empty(); }
 };
 
-// The lowest strip of so many columns, with the blocks in their order.
+// The strip of least height with this many columns. The blocks keep their order.
 strip make_strip(std::span<const block>, std::size_t columns);
 
 // Places the blocks of the strip so that they fill the rectangle.
 void fill(strip&, const QRectF&);
 
-// Shows a block at its place, given in twips of the form, and what it contains spread over that place.
+// Shows a block at its place (`at`, in twips of the form), with its contents spread over that place.
 void place_block(arrangement&, const form&, const block&, const QPointF& parent_corner);
 
 // Spreads all objects of a form over a form wider by this factor. Text and pictures keep their size.
