@@ -62,7 +62,7 @@ struct practice_state {
 
     // Calibration of the joystick.
     bool joycalibrated = false;
-    double joyxcentre = 0, joyycentre = 0;   // reading at the centre of the stick
+    double joyxcentre = 0, joyycentre = 0;   // half the maximum reading
     double joyxfactor = 0, joyyfactor = 0;   // the dead band is twice the factor on each side
 
     // Run flags.
