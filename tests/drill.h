@@ -21,7 +21,7 @@ namespace vorn {
 std::string native(const std::string& path);
 
 // A temporary program directory: ranges, and the headers of their pictures and icons. Its path has blanks and
-// letters of two alphabets, as that of a user may have.
+// letters of two alphabets, as a user's path may have.
 class data_folder {
 public:
     data_folder();
@@ -112,7 +112,7 @@ struct drill {
     void set_up();
     // Shows the gunnery screen if it isn't shown, and clicks on Cmdstartsim.
     void start();
-    // Fires the practice by this device, after setting the options for it.
+    // Sets the options for this device, and fires the practice with it.
     std::vector<engagement_note> fire_by(device);
     // Starts a practice and waits until the first target is up at this position.
     void present(int position);

@@ -21,7 +21,7 @@ long deflected(double middle, double factor, int sign, int twips)
     return static_cast<long>(sign < 0 ? middle - off + 50 : middle + off + 1);
 }
 
-constexpr spot beaten_zone{45, 30};   // centre of the coax's, relative to its drop
+constexpr spot beaten_zone{45, 30};   // its centre, relative to the drop of the coax
 
 struct gunner {
     gunner(headless_machine& pc, trainer& t, gunnery_screen& s, device by)
@@ -58,7 +58,7 @@ struct gunner {
             if (o->Visible) return mark_ = {o->Left + o->Width / 2, o->Top + o->Height / 2};
         return mark_;
     }
-    // The crew line since the order that contains the words.
+    // The first crew line with these words, from the last order on.
     std::optional<std::string> heard(const std::string& words) const
     {
         for (std::size_t i = order_at_; i < pc_.log.size(); ++i) {
@@ -74,7 +74,7 @@ struct gunner {
     }
 
     // The controls.
-    // A button of the practice, or its key while its panel is hidden.
+    // Clicks on a button of the practice, or presses its key if its panel is hidden.
     void push_panel_button(screen_object& o, char key)
     {
         takes_input(o) ? pc_.click(o) : pc_.key_down(key, true);
@@ -144,7 +144,7 @@ struct gunner {
     {
         static constexpr std::array<std::pair<const char*, const char*>, 3> orders{
             {{"FIN TANK", "FIN"}, {"HESH BMP", "HESH"}, {"COAX TRANSPORT", "COAX"}}};
-        // Half a minute without an order is a pause, a minute the end.
+        // Half a minute without an order means a pause, a minute means the end.
         for (int waited = 0; running() && waited < 600; pc_.wait(0.1), ++waited) {
             if (waited == 300) resume();
             if (s_.Cmdtarget.Enabled) push_panel_button(s_.Cmdtarget, 'G');
@@ -188,7 +188,7 @@ struct gunner {
         if (order_is("COAX")) return {beaten_zone.x, beaten_zone.y + (s_.visual() ? 2 * metres : metres / 7)};
         return {0, !s_.visual() ? 0 : order_is("FIN") ? metres / 2 : 2 * metres};
     }
-    // Lays the gun, with the autolay in the full system. That moves the visual target to the fall of shot.
+    // Lays the gun. In the full system the autolay moves the target of the visual sight to the fall of shot.
     void lay()
     {
         if (!std::exchange(correcting_, false)) {
@@ -253,8 +253,8 @@ struct gunner {
             work(control::fire, false);
         }
     }
-    // After a round: notes a kill, or corrects the next round. A HESH round fired after a lay that falls
-    // beside the target shows the wind.
+    // After a round: notes a kill, or corrects the next round. A HESH round that was fired after a lay
+    // and falls beside the target shows the wind.
     void judge()
     {
         engagement_note& n = notes.back();

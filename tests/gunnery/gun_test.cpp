@@ -45,8 +45,8 @@ TEST_P(gun, fin_hits)
     EXPECT_FALSE(s.ammo.Visible || s.gunloaded || s.Imgloaded.Visible);
     EXPECT_EQ(p.recfallx[1][1], -200);
     EXPECT_EQ(p.recfally[1][1], -150);
-    EXPECT_EQ(p.recaimx[1][1], visual ? 56 : -10);   // 56.5 and -9.5: to the even neighbour
-    EXPECT_EQ(p.recaimy[1][1], visual ? 602 : 8);    // 602.5 below; 7.5 above
+    EXPECT_EQ(p.recaimx[1][1], visual ? 56 : -10);   // 56.5 and -9.5, rounded to even
+    EXPECT_EQ(p.recaimy[1][1], visual ? 602 : 8);    // 602.5 and 7.5, rounded to even
     EXPECT_EQ(d.crew(), "COMD: TARGET STOP !!");
     const double size = s.Imgtargets.Width + 100;
     EXPECT_TRUE(s.Imgexplode.Visible && s.Imgexplode.Width == size && s.Imgexplode.Height == size);
@@ -89,7 +89,7 @@ TEST_P(gun, a_round_on_the_edge_of_the_kill_box_misses)
     EXPECT_EQ(p.recrounds[1], 3);
 }
 
-// Up and down on the visual sight only, FIN to the right on both.
+// All rounds scatter up and down on the visual sight. FIN scatters to the right on both sights.
 TEST_P(gun, rounds_scatter)
 {
     const struct {
@@ -131,13 +131,13 @@ TEST_P(gun, hesh_is_carried_by_wind_and_correction)
     s.lazed = false;
     s.gunloaded = true;
     d.tap('D');
-    EXPECT_FLOAT_EQ(s.heshcorrection, visual ? 0 : 300) << "an unlased visual round clears it";
+    EXPECT_FLOAT_EQ(s.heshcorrection, visual ? 0 : 300) << "a visual round without a lase clears it";
     d.tap('A');
-    EXPECT_FALSE(s.heshcorrecting) << "a lase ends it";
+    EXPECT_FALSE(s.heshcorrecting) << "a lase ends the correction";
     p.systemstatus = 2;
     s.gunloaded = true;
     d.tap('D');
-    EXPECT_FALSE(s.heshcorrecting) << "none without the full system";
+    EXPECT_FALSE(s.heshcorrecting) << "no correction without the full system";
 }
 
 TEST_P(gun, fires_at_nothing)
@@ -202,7 +202,7 @@ TEST_P(gun, a_call_silences_effects_and_the_release_stops_coax_only)
         int nature;
         bool call;
         const char* pressed;    // played while the trigger is held
-        const char* released;   // and afterwards
+        const char* released;   // played afterwards
     } cases[] = {{coax_transport, false, "coax.wav", ""},
                  {coax_transport, true, "", ""},
                  {fin_tank, false, "fire.wav", "fire.wav"},
@@ -224,8 +224,8 @@ TEST_P(gun, a_call_silences_effects_and_the_release_stops_coax_only)
     }
 }
 
-// Silent on the visual sight until the deselect, on the thermal one during the burst. The line is shown
-// anyway.
+// The loader is silent on the visual sight until the deselect, on the thermal sight during the burst. The
+// crew line is shown anyway.
 TEST_P(gun, the_loader_is_silent_after_a_coax_burst)
 {
     const struct {
@@ -259,7 +259,7 @@ TEST_P(gun, selecting_main_again_takes_the_next_round)
         s.hasfired = true;
         s.Cmdfire.Enabled = false;
         d.tap('E');
-        EXPECT_EQ(s.Lblammotype.Caption, "DST") << "always from FIN on";
+        EXPECT_EQ(s.Lblammotype.Caption, "DST") << "each time the round after FIN";
         EXPECT_EQ(p.recammo[1], visual ? "DST" : "FIN");
         EXPECT_TRUE(s.Cmdfire.Enabled && !s.hasfired);
     }
@@ -269,7 +269,7 @@ TEST_P(gun, selecting_main_again_takes_the_next_round)
     d.tap('R');
     d.tap('R');
     if (!visual) return;
-    std::string dial;   // where each round is shown
+    std::string dial;   // the name of each round and its place
     for (const char key : {'R', 'R', 'R', 'Q'}) {
         d.tap(key);
         dial += s.Lblammotype.Caption + ' ' + number_text(s.Lblammotype.Left) + ' ' +
@@ -291,7 +291,7 @@ TEST_P(gun, a_round_that_does_not_kill_leaves_a_mark_on_the_ground)
     d.target_at(fall_left() - 200, fall_top() - 150);
     s.gunloaded = true;
     d.tap('D');
-    EXPECT_EQ(d.pc.strikes.size(), 1U) << "a kill leaves none";
+    EXPECT_EQ(d.pc.strikes.size(), 1U) << "a kill leaves no strike";
     d.pc.click(s.Cmdstopsim);
     EXPECT_TRUE(d.pc.strikes.empty());
 }
@@ -336,7 +336,7 @@ TEST_P(gun, loads_again_after_a_miss)
         EXPECT_FALSE(s.gunloaded);
         d.pc.wait(0.002);
         EXPECT_TRUE(s.gunloaded && s.Imgloaded.Visible);
-        EXPECT_EQ(d.sounds().back(), "loaded.wav") << "without FIRE after the first round";
+        EXPECT_EQ(d.sounds().back(), "loaded.wav") << "the call for the second round is without FIRE";
     }
 }
 
@@ -354,7 +354,7 @@ TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
         EXPECT_TRUE(s.Timcoax.Enabled);
         EXPECT_EQ(d.pc.playing.ends_with("coax.wav"), burst < needed) << "the kill has its own sounds";
         d.pc.wait(0.1);
-        // Off by the coax error, 30 across and 20 down, and by the largest scatter, which is -50 to 99.
+        // Off by the coax error, 30 across and 20 down, and by the largest scatter, 99 both ways.
         EXPECT_NEAR(s.ammo.Top, (visual ? 1140 + 2200 : 2600 + 1100 / 7.0) + 20 + 99, 0.01);
         EXPECT_EQ(s.ammo.Left, s.mbs1.Left + 30 + 99);
         EXPECT_TRUE(s.ammo.Visible && s.ammo.Width == (visual ? 5 : 15));
@@ -477,7 +477,7 @@ TEST_F(visual_input, buttons_are_enabled_by_the_state_of_the_practice)
     d.pc.click(s.Cmdselectmain);
     EXPECT_TRUE(s.Cmdlaze.Enabled && s.Cmdfire.Enabled && s.Cmdmaingun.Enabled);
     EXPECT_FALSE(s.Cmdcoax.Enabled || s.Cmdselectmain.Enabled);
-    EXPECT_TRUE(s.Imgcoax.Visible && !s.Imghesh.Visible) << "the lamp of the main armament";
+    EXPECT_TRUE(s.Imgcoax.Visible && !s.Imghesh.Visible) << "only the lamp of the main armament is lit";
     d.pc.wait(2.001);
     EXPECT_TRUE(s.Lblcharge.Visible);
     d.pc.press(s.Cmdlaze);
@@ -489,7 +489,7 @@ TEST_F(visual_input, buttons_are_enabled_by_the_state_of_the_practice)
     EXPECT_FALSE(s.Cmdautolay.Enabled || s.Cmdfire.Enabled || s.Cmdmaingun.Enabled);
     EXPECT_TRUE(s.Imgcoax.Visible && s.Imghesh.Visible);
     d.pc.wait(3);
-    EXPECT_FALSE(s.Lblcharge.Visible) << "no more charging";
+    EXPECT_FALSE(s.Lblcharge.Visible) << "no charging after the deselect";
     d.pc.click(s.Cmdcoax);
     EXPECT_TRUE(s.Cmdlaze.Enabled && s.Cmdfire.Enabled && !s.Imgcoax.Visible && s.Imghesh.Visible);
     EXPECT_FALSE(s.Cmdmaingun.Enabled || s.Cmdselectmain.Enabled);

@@ -43,7 +43,7 @@ std::vector<shoot> all_shoots()
     return all;
 }
 
-// On the shipped data, with unlimited time and without a debrief.
+// A drill on the shipped data, with unlimited time and without a debrief.
 struct long_drill : drill {
     long_drill(sight_kind sight, int engagements) : drill(sight, VORN_SOURCE_DIR "/data")
     {

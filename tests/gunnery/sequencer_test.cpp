@@ -148,7 +148,7 @@ TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again
         EXPECT_EQ(p.recrange[1], limit);   // exactly at the limit, which is kept
         d.t.random.source = [turn = 0]() mutable {
             return draw_of(turn++ % 2 == 0 ? 15 : 18);
-        };   // 15 is far
+        };   // position 15 is too far
         d.pc.advance(34);
         EXPECT_EQ(p.recrange[2], 300);
         EXPECT_EQ(d.screen().currentrange, 600);
@@ -246,7 +246,7 @@ TEST_F(pause, a_count_past_the_wait_still_leads_to_an_order)
 {
     pause_after(5);
     d.pc.click(s.Cmdpausesim);
-    d.pc.advance(1);   // the target without an order goes down with this tick; the wait of 5 s starts at 6
+    d.pc.advance(1);   // the target without an order goes down with this tick; the wait of 5 s counts from 6
     EXPECT_EQ(d.crew(), "STOP DESELECT !!");
     d.pc.advance(2);
     EXPECT_EQ(d.crew().substr(0, 9), "FIN TANK ");
@@ -460,7 +460,7 @@ struct during_the_lay : visual_practice {
 
 TEST_F(during_the_lay, a_stop_ends_the_practice)
 {
-    for (const double at : {8.02, 8.11}) {   // while it moves across, and down
+    for (const double at : {8.02, 8.11}) {   // while the target moves across, and while it moves down
         act([&] { d.pc.click(s.Cmdstopsim); }, at);
         EXPECT_FALSE(s.Imgtargets.Visible || s.Timloading.Enabled);
         EXPECT_EQ(d.crew() + s.Label1.Caption, "0");
@@ -517,7 +517,7 @@ TEST_P(practice_on, a_range_with_extreme_positions)
     std::ranges::fill(range.targety, -2'147'483'647);
     std::ranges::fill(range.targetrange, 32767);
     range.targetrange[visual ? 1 : 2] = 5000;   // too far for FIN and COAX, but the nearest
-    range.targetrange[20] = 4000;               // is never shot at
+    range.targetrange[20] = 4000;               // position 20 is never chosen
     d.data.put_range(visual ? "visualrange.arf" : "Thermalrange.arf", range);
     d.start();
     d.to_the_end();

@@ -31,7 +31,7 @@ TEST(screen, panels_follow_the_options)
     const char* const mouse = "system crew controls lights buttons ";
     const char* const all = "system crew card lights buttons ";
     const struct {
-        bool P::*changed;   // from its value after the choice of the keyboard; null: none
+        bool P::*changed;   // an option to toggle after choosing the keyboard; null: none
         const char *visual, *thermal;
     } cases[] = {{nullptr, all, all},
                  {&P::joyselected, most, most},
@@ -66,7 +66,7 @@ TEST_F(screen_reset, leaves_hidden_panels_hidden_until_the_next_load)
         show(d.pc, s.window);
     });
     EXPECT_EQ(panels(s), "card lights ");
-    d.pc.event(s.Cmdmain.Click);   // its panel is hidden
+    d.pc.event(s.Cmdmain.Click);   // called directly: its panel is hidden
     d.set_up();
     EXPECT_EQ(panels(s), "system crew card lights buttons ");
 }
@@ -84,7 +84,7 @@ TEST_F(screen_reset, a_plain_screen_shows_its_keys_until_the_practice_starts)
     EXPECT_FALSE(p.paused) << "Cmdpausesim is disabled";
     d.pc.key_down('S', true);
     EXPECT_TRUE(s.simrunning && s.keynote.Caption.empty());
-    EXPECT_TRUE(s.keynote.Visible) << "its place stays, so that the sight keeps its size";
+    EXPECT_TRUE(s.keynote.Visible) << "the empty note stays, so that the sight keeps its size";
     d.pc.key_down('G', true);
     EXPECT_TRUE(s.Timpause.Enabled);
     d.pc.key_down('P', true);
@@ -100,7 +100,7 @@ TEST_F(screen_reset, a_plain_screen_shows_its_keys_until_the_practice_starts)
     EXPECT_FALSE(s.keynote.Visible);
     d.pc.key_down('S', true);
     d.pc.key_down(escape);
-    EXPECT_TRUE(front(d.pc) == &s.window && !s.simrunning) << "the panel is visible";
+    EXPECT_TRUE(front(d.pc) == &s.window && !s.simrunning) << "Esc doesn't leave while the panel is visible";
 }
 
 TEST(screen, start_has_the_focus_until_the_practice_starts)
@@ -223,7 +223,7 @@ TEST(screen, a_reset_clears_the_readouts)
                         s.Lblammotype.Caption != "");
             d.pc.key_down('H');
             d.pc.click(s.Cmdstopsim);
-            EXPECT_FALSE(s.Timleft.Enabled) << "a held key is to be pressed again";
+            EXPECT_FALSE(s.Timleft.Enabled) << "a held key must be pressed again";
             EXPECT_EQ(s.Label1.Caption + s.Label2.Caption + s.lblhits.Caption + s.Lblavetime.Caption, "000");
             EXPECT_FALSE(s.laze.Visible || s.ammo.Visible || s.Imgtargets.Visible || s.Imgloaded.Visible);
             EXPECT_TRUE(s.Imghesh.Visible && (s.Imgcoax.Visible || !s.visual()));

@@ -138,7 +138,7 @@ TEST_F(visual_laser, on_target_gives_range_mark_and_lay)
 TEST_F(visual_laser, the_mark_depends_on_the_aim)
 {
     d.random(0.9999);
-    d.target_at(4525, 1000);   // the aim exactly on its edge counts as beside it
+    d.target_at(4525, 1000);   // an aim exactly on the edge is beside the target
     d.tap('A');
     EXPECT_TRUE(s.laze.Height == 599 && s.laze.Width == 1198 && s.laze.Left == 4410 - 599);
     EXPECT_TRUE(s.layready);
@@ -197,12 +197,12 @@ TEST_F(visual_laser, a_lase_raises_a_near_range_to_600_until_the_range_file_is_r
 
 TEST_F(visual_laser, lays)
 {
-    // Steps of 110, then FIN 11 of 20 and HESH 21 of 10; in each stage the picture moves one step less.
+    // Steps of 110, then 11 of 20 for FIN, 21 of 10 for HESH; the picture moves one step less in each stage.
     const struct {
         const char* keys;
         int range;
         double seconds, target, picture, mark;
-        bool early, lead;   // lays after an early release; aims off for the wind
+        bool early, lead;   // an early release lays too; the lay has a lead
     } lays[] = {
         {"WE", 1000, 1, 3 * 110 + 11 * 20, 2 * 110 + 10 * 20, 500, true, false},
         {"WERR", 1000, 1, 17 * 110 + 21 * 10, 16 * 110 + 20 * 10, 2000, false, true},
@@ -247,7 +247,7 @@ TEST_F(visual_laser, pressing_the_autolay_in_the_correction_sets_the_lead)
         double mark;
     } cases[] = {{false, -6000, 0, 4170},
                  {true, -6000, 0.05F, 4170 + 300},
-                 {true, 0, 0.05F, 4170 + 600},   // unchanged at 0
+                 {true, 0, 0.05F, 4170 + 600},   // the lead is unchanged at 0
                  {true, 3000, -0.1F, 4170 + 900}};
     d.tap('A');
     s.layready = false;   // no lay
@@ -277,7 +277,8 @@ struct thermal_laser : on_thermal {
 TEST_F(thermal_laser, on_target_sizes_the_marks)
 {
     EXPECT_TRUE(s.Imglam.Visible && !s.Imgstadia.Visible);
-    EXPECT_TRUE(s.Imglam.Left == s.Imgstadia.Left && s.Imglam.Top == s.Imgstadia.Top) << "takes its place";
+    EXPECT_TRUE(s.Imglam.Left == s.Imgstadia.Left && s.Imglam.Top == s.Imgstadia.Top)
+        << "the laser mark takes the place of the stadia mark";
     EXPECT_TRUE(s.Imglam.Width == s.Imgstadia.Height && s.Imglam.Height == s.Imgstadia.Height);
     d.tap('A');
     EXPECT_EQ(s.Lblrange.Caption, "1100C");
@@ -287,11 +288,11 @@ TEST_F(thermal_laser, on_target_sizes_the_marks)
     EXPECT_DOUBLE_EQ(s.Imglam.Top, 2600 - 112.5);
     EXPECT_EQ(d.t.shared.recwidth[1], 285);
     s.layready = false;
-    d.target_at(4600, 2600);   // the aim exactly on its top edge
+    d.target_at(4600, 2600);   // the aim exactly on the target's top edge
     d.tap('A');
     EXPECT_FALSE(s.layready);
     d.random(0.9999);
-    d.target_at(5000, 2600);   // beside it
+    d.target_at(5000, 2600);   // beside the target
     d.tap('A');
     EXPECT_TRUE(s.layready && s.imgbam.Left == 4700 - 599);
     EXPECT_TRUE(s.imgbam.Top == 2600 && s.imgbam.Width == 1198 && s.imgbam.Height == 599);
@@ -299,7 +300,7 @@ TEST_F(thermal_laser, on_target_sizes_the_marks)
     d.tap('A');
     EXPECT_TRUE(s.imgbam.Left == 4700 - 599 && s.imgbam.Top == 2600 - 599 && s.imgbam.Visible && !s.layready);
     EXPECT_TRUE(s.imgbam.Width == 200 && s.imgbam.Height == 100);
-    EXPECT_EQ(d.t.shared.reclazex[1], 5000 + 142 - 4700);   // 142.5 across: to the even neighbour
+    EXPECT_EQ(d.t.shared.reclazex[1], 5000 + 142 - 4700);   // 142.5 across, rounded to even
 }
 
 TEST_F(thermal_laser, a_full_hold_moves_only_the_mark)
@@ -313,7 +314,7 @@ TEST_F(thermal_laser, a_full_hold_moves_only_the_mark)
     d.pc.at_pace = [&] { lowest = std::max(lowest, s.imgbam.Top); };
     const double from = d.pc.now();
     d.pc.wait(0.002);
-    EXPECT_NEAR(d.pc.now() - from, 1, 0.01) << "takes a second";
+    EXPECT_NEAR(d.pc.now() - from, 1, 0.01) << "the lay takes a second";
     EXPECT_FALSE(s.layready || s.Imglam.Visible);
     EXPECT_NEAR(lowest, mark + 1100 / 3.0, 0.1);
     EXPECT_NEAR(s.imgbam.Top, mark, 0.1);
@@ -331,7 +332,7 @@ TEST_F(thermal_laser, an_early_release_gives_the_reversionary_mark)
     EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 2500 - 111 * 5);
 }
 
-// The mouse has no release: the first press lays as an early one, the next as one that was held.
+// With the mouse, AUTO has no release: the first press acts as an early release, the next as a full hold.
 TEST_F(thermal_laser, by_mouse_the_second_press_plays_the_mark)
 {
     p.mouseselected = true;
@@ -356,7 +357,7 @@ TEST_F(thermal_laser, degraded_lases_move_the_sight)
         const double from = d.pc.now();
         d.tap('A');
         d.tap('A');
-        EXPECT_EQ(d.pc.now(), from) << "takes no time";
+        EXPECT_EQ(d.pc.now(), from) << "a degraded lase takes no time";
         EXPECT_EQ(s.Lblrange.Caption, shown);
         EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 2500 - 2 * 111 * 5);
         EXPECT_FALSE(s.lazed || s.imgbam.Visible || s.Imglam.Visible);
@@ -366,7 +367,7 @@ TEST_F(thermal_laser, degraded_lases_move_the_sight)
 
 TEST_F(thermal_laser, the_stadia_depend_on_the_height_of_the_target)
 {
-    // Between two classes the picture stays.
+    // At heights between two classes the picture of the mark stays.
     for (const auto& [height, picture] : {std::pair{480.0, ":stadia0"},
                                           {379.5, ":stadia0"},
                                           {379, ":stadia1"},
