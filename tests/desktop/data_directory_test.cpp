@@ -101,7 +101,7 @@ TEST_F(data_places, an_update_replaces_unchanged_files_except_ranges)
     EXPECT_EQ(get(own / "ranges/wavs/fire.wav"), "the user's");
     EXPECT_EQ(get(own / "ranges/target icons/target1.ico"), "second");
     EXPECT_EQ(get(own / "ranges/visualrange.arf"), "first")
-        << "the user may have made a range on its picture";
+        << "ranges stay, since the user may have made others on their pictures";
     install("third", std::chrono::hours(70));   // a downgrade
     EXPECT_EQ(get(own / "ranges/vorn.HLP"), "third");
     EXPECT_EQ(get(own / "ranges/wavs/fire.wav"), "the user's");

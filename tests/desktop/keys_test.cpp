@@ -190,7 +190,7 @@ TEST_F(keys, of_the_gun_answer_no_box)
                               [&] { return QApplication::activeModalWidget() != &box; });
         pc.message_box({"NO SUCH FILE", "RANGE"});
         tap(box);
-    })) << "a letter answers a box that has been open for a second, also after another box over it";
+    })) << "a letter answers a box that has been open for a second, even after another box over it";
 }
 
 TEST_F(keys, a_held_space_repeats_in_a_text_and_clicks_a_button_once)

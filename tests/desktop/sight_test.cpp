@@ -204,7 +204,7 @@ TEST_F(sight_effects, a_fire_ends_with_the_next_target_and_with_a_reset)
     };
     burn_and_take_down();
     pc.clear_strikes();
-    EXPECT_TRUE(changed().isEmpty()) << "the reset, which leaves the target as it is";
+    EXPECT_TRUE(changed().isEmpty()) << "a reset puts out the fire, though target.Fire stays";
     target.Fire = fire::none;
     burn_and_take_down();
     target.Fire = fire::none;
@@ -226,10 +226,10 @@ TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
     }
     pc.sync();
     view.set_progress(0);
-    EXPECT_NEAR(changed(view.grab().toImage()).center().x(), 302, 3) << "a round that hasn't moved";
+    EXPECT_NEAR(changed(view.grab().toImage()).center().x(), 302, 3) << "the round hasn't moved since";
 }
 
-// Counts of 11 ms, as for a FIN round, are shown at 60 frames a second too.
+// Counts of 11 ms, as for a FIN round, are shown at 60 frames a second.
 TEST_F(sight_effects, a_round_in_flight_moves_in_each_frame)
 {
     round.Visible = true;
@@ -256,7 +256,7 @@ TEST_F(sight_effects, a_range_that_has_scrolled_looks_like_one_painted_at_once)
         ground.Left += right;
         ground.Top += down;
         const QImage scrolled = seen();
-        widget(sight).hide();   // discards what has been scaled
+        widget(sight).hide();   // discards the scaled picture
         widget(sight).show();
         const QImage at_once = seen();
         int worst = 0;

@@ -20,7 +20,7 @@ protected:
 
     std::string path(const char* name) const { return folder.filePath(name).toStdString(); }
 
-    // Writes a wave file. If mono and at the channel's own rate, its samples are played unchanged.
+    // Writes a wave file. The samples of a mono file at the channel's rate are played unchanged.
     std::string wave(const char* name, const QByteArray& samples, quint32 rate = 44100,
                      quint16 channels = 1) const
     {

@@ -23,7 +23,7 @@ public:
         device = SDL_JoystickOpen(index);
         pc.joystick().poll();
     }
-    // The machine notices it at the next poll.
+    // The machine notices the absence at the next poll.
     void unplug()
     {
         if (device == nullptr) return;
@@ -154,7 +154,7 @@ TEST_F(joystick, sends_nothing_while_a_box_is_open)
     window(one).activateWindow();   // the offscreen platform doesn't do it after a box
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window(one)));
     pc.joystick().poll();
-    EXPECT_FALSE(moves.empty()) << "its position is reported again";
+    EXPECT_FALSE(moves.empty()) << "the stick's position is reported again";
 }
 
 }   // namespace vorn::desktop_tests

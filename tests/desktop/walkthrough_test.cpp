@@ -1,4 +1,4 @@
-// A practice on real widgets, from the title over the debrief to the exit, by mouse, keys and dialogs.
+// A practice on real widgets, from the title through the debrief to the exit, by mouse, keys and dialogs.
 #include <cmath>
 
 #include "debrief/resultsfile.h"
@@ -16,7 +16,7 @@ struct walkthrough : trainer_test {
     }
     QWindow* handle() { return pc.window(s.window)->windowHandle(); }
     std::string shown(const screen_object& o) const { return widget<QLabel>(o).text().toStdString(); }
-    // Lets time pass in steps until this is so.
+    // Lets time pass in steps until the condition is true.
     bool wait_for(const std::function<bool()>& what, double step = 0.1)
     {
         for (int i = 0; i < 3000 && !what(); ++i) {

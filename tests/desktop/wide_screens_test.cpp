@@ -104,7 +104,7 @@ TEST_F(wide_screens, the_practice_gives_the_sight_all_that_the_panels_leave)
     }
 }
 
-// It also keeps its size when the note of the keys disappears.
+// The sight also keeps its size when the note of the keys disappears.
 TEST_F(wide_screens, a_plain_screen_gives_nearly_all_to_the_sight)
 {
     gunnery_screen& s = t.simulator;
@@ -184,7 +184,8 @@ TEST_F(wide_screens, the_debrief_shows_a_large_target_with_the_marks_on_their_pl
 
         const QPointF fall = middle_on(s.Imgfos, s.Imgtargetdetails);
         const QPointF centre = middle_on(s.Imgreptarget, s.Imgtargetdetails);
-        EXPECT_TRUE(std::abs(fall.x() - 1) < 0.02 && std::abs(fall.y()) < 0.02) << "its upper right corner";
+        EXPECT_TRUE(std::abs(fall.x() - 1) < 0.02 && std::abs(fall.y()) < 0.02)
+            << "the target's upper right corner";
         EXPECT_TRUE(std::abs(centre.x() - 0.5) < 0.02 && std::abs(centre.y() - 0.5) < 0.02);
         EXPECT_NEAR(middle_on(s.imgtargetpointer, s.Imgrange).x(), 0.75, 0.005);
         const QRectF target = in_window(s.Imgtargetdetails), range = in_window(s.Imgrange);
@@ -208,7 +209,7 @@ TEST_F(wide_screens, the_author_shows_a_large_range_and_a_click_marks_the_same_p
         QTest::mouseClick(&w, Qt::LeftButton, Qt::NoModifier, at);
         return QPointF(s.pointx, s.pointy);
     };
-    std::optional<QPointF> first;   // marked in the first shape
+    std::optional<QPointF> first;   // the point marked in the first shape
     in_each_shape(s.window, [&] {
         const QPointF other = click_at(0.7, 0.4), marked = click_at(0.3, 0.6);
         if (!first) first = marked;
