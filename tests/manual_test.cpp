@@ -29,7 +29,7 @@ std::set<std::string> found(const char* pattern)
     return all;
 }
 
-// Without tags, and with one space for any white space.
+// The text without tags, and with one space for any white space.
 std::string words(const std::string& text)
 {
     return std::regex_replace(std::regex_replace(text, std::regex("<[^>]*>"), ""), std::regex("\\s+"), " ");

@@ -53,7 +53,7 @@ TEST_F(calibration, each_button_press_adds_the_next_instruction)
 {
     EXPECT_EQ(shown(), "....");
     press(1);
-    EXPECT_EQ(shown(), "....") << "before START a button has no step";
+    EXPECT_EQ(shown(), "....") << "before START a button press has no effect";
     pc.click(s.Cmdstart);
     const std::string steps[] = {"!...", "*!..", "**!.", "***! finish", "***! finish"};
     for (int n = 0; n < 5; ++n) {
@@ -63,7 +63,7 @@ TEST_F(calibration, each_button_press_adds_the_next_instruction)
     EXPECT_EQ(s.Lblx.Caption + ' ' + s.Lbly.Caption, "32767.5 32767.5");
     pc.click(s.Cmdstart);
     EXPECT_EQ(shown(), "!...");
-    EXPECT_EQ(p.joyxcentre, 32767.5) << "until the next button";
+    EXPECT_EQ(p.joyxcentre, 32767.5) << "kept until the next button press";
 }
 
 TEST_F(calibration, the_lamps_follow_the_first_four_buttons)
@@ -81,7 +81,7 @@ TEST_F(calibration, the_dot_rests_in_the_dead_band_and_moves_a_twip_per_full_hun
     to_step(2);
     EXPECT_EQ(s.Lblymin.Caption, "24000");
     move(0, 0);
-    EXPECT_EQ(s.dot.Left, 1560) << "not before the third step";
+    EXPECT_EQ(s.dot.Left, 1560) << "the dot doesn't move before the third step";
     EXPECT_NEAR(p.joyxfactor, 2730.583, 0.001);
     EXPECT_EQ(p.joyyfactor, 3000);
     press(1);
@@ -146,12 +146,12 @@ TEST_F(calibration, only_finish_calibrates_and_each_way_out_leads_to_the_set_up)
     EXPECT_TRUE(p.joycalibrated);
     open();
     pc.key_down(27);
-    EXPECT_EQ(front(pc), &d.t.startsim.window) << "Esc";
+    EXPECT_EQ(front(pc), &d.t.startsim.window) << "Esc leads back to the set-up";
     EXPECT_TRUE(p.joycalibrated) << "the earlier calibration is kept";
     open();
     pc.activate(d.t.startsim.window);
     d.set_up();
-    EXPECT_EQ(s.window.state, form_state::not_loaded) << "a practice unloads it";
+    EXPECT_EQ(s.window.state, form_state::not_loaded) << "a practice unloads the calibration";
 }
 
 }   // namespace

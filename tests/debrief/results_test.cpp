@@ -10,7 +10,7 @@ namespace vorn {
 namespace {
 
 // Two rounds at the first target, 385 twips wide at 1100 metres on the visual sight: one falls 300 twips
-// right of its corner and misses, the other hits. The second target is not fired at.
+// right of the target's corner and misses, the other hits. The second target is not fired at.
 struct debrief : testing::Test {
     drill d{sight_kind::visual};
     trainer& t = d.t;
@@ -80,7 +80,7 @@ TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
     EXPECT_TRUE(s.Lbltgtnumber[1].bold && !s.Lbltgtnumber[2].bold && !s.Frmtherm.Visible);
     EXPECT_EQ(s.Lbltgtnumber[1].ForeColor, colour::red);
     EXPECT_FALSE(s.Imagepoa.Pale || s.Imgfos.Pale || s.Imglaze.Pale);
-    // 4295 x 2121 pixels on a strip of 15045 x 3000 twips: scales of 4 and 11.
+    // A picture of 4295 x 2121 pixels on a strip of 15045 x 3000 twips: scales of 4 and 11.
     expect_at(s.imgtargetpointer, 120 + 51000 / 4.0, 360 + 15500 / 11.0, "pointer");
 }
 
@@ -91,25 +91,25 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     // 4525, 1140.
     expect_at(s.Imagepoa, 2040 + 4 * 44, 1560 + 4 * 652, "aim 1");
     expect_at(s.Imgreptarget, 2040, 1560, "centre");
-    // The box begins and ends a quarter of the width from the edges of the target; marks are 480 wide.
+    // The kill box begins and ends a quarter of the width from the edges of the target; marks are 480 wide.
     expect_at(s.killbox, 2040 + 240 + 385, 1560 + 240 + 385, "kill box");
     EXPECT_TRUE(s.killbox.Width == 770 && s.killbox.Height == 770);
     EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";
     EXPECT_TRUE(s.Cmdround1.bold && !s.cmdround2.bold && s.Cmdround1.ForeColor == colour::live);
     EXPECT_EQ(s.Cmdround1.AccessibleName + '/' + s.cmdround2.AccessibleName, "On view, round/Round");
     d.pc.click(s.cmdround2);
-    EXPECT_LT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "and the hit inside";
+    EXPECT_LT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the hit lies inside";
     EXPECT_TRUE(s.cmdround2.bold && !s.Cmdround1.bold);
     expect_at(s.Imgthermtarget, s.Imgbam.Left + 56, s.Imgbam.Top - 602, "thermal target");
     EXPECT_FALSE(s.Imgthermtarget.Pale);
-    p.recfallx[1][2] = p.recfally[1][2] = 0;   // as an auto-repeat of a coax burst leaves it
+    p.recfallx[1][2] = p.recfally[1][2] = 0;   // left by an auto-repeat during a coax burst
     d.pc.click(s.cmdround2);
     EXPECT_TRUE(s.Imgfos.Pale && !s.Imagepoa.Pale);
-    p.recaimx[1][4] = p.recfallx[1][4] = 44;   // of an earlier practice
+    p.recaimx[1][4] = p.recfallx[1][4] = 44;   // left from an earlier practice
     d.pc.click(s.Lbltgtnumber[1]);
     d.pc.click(s.cmdround4);
     EXPECT_TRUE(s.Imgfos.Pale && s.Imagepoa.Pale) << "two rounds were fired";
-    p.recrounds[1] = 3;   // also after more rounds
+    p.recrounds[1] = 3;   // three or more rounds
     d.pc.click(s.cmdround4);
     EXPECT_FALSE(s.Imgfos.Pale || s.Imagepoa.Pale);
     d.pc.click(s.Lbltgtnumber[2]);
@@ -197,7 +197,7 @@ TEST_F(debrief, the_record_decides_which_marks_are_visible)
     p.rectime[1] = 0;
     d.pc.click(s.cmdnew);
     d.pc.confirm(t.startsim.Cmddebrief);
-    EXPECT_TRUE(s.Frame1.Visible) << "at each arrival, until an engagement is selected";
+    EXPECT_TRUE(s.Frame1.Visible) << "shown at each arrival until an engagement is selected";
 }
 
 TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
@@ -219,7 +219,7 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
     EXPECT_EQ(s.outcome.Caption, "");
     d.pc.click(s.Cmdsave);   // the name is proposed again
     d.data.put("smith_.vrn", "another's");
-    // A name in other case is another file, except on a system that makes no difference.
+    // A name in different case is another file, unless the file system ignores case.
     const bool another = d.data.get("SMITH_.vrn").empty();
     d.pc.confirm(s.Cmddelete);
     EXPECT_EQ(said().find("COULD NOT BE DELETED") != std::string::npos, another);
@@ -238,7 +238,8 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
     EXPECT_TRUE(s.Cmdopen.Enabled);
 }
 
-// A record without the picture or icon that it names is not opened; one that names none is.
+// A record whose picture or icon is missing is shown without it, but reported as not opened. A record that
+// names no picture opens.
 TEST_F(debrief, never_shows_a_record_with_the_pictures_of_another)
 {
     practice_state r;
@@ -273,7 +274,7 @@ TEST_F(debrief, never_shows_a_record_with_the_pictures_of_another)
         EXPECT_EQ(p.rectarget[1], 7) << "the record has been read";
         EXPECT_EQ(s.Imgrange.Picture.width > 0, c.strip);
         EXPECT_EQ(s.overviewscalex, c.strip ? 4 : 3);
-        EXPECT_EQ(s.imgtargetpointer.Visible, c.strip) << "and is shown whole";
+        EXPECT_EQ(s.imgtargetpointer.Visible, c.strip) << "the pointer needs the picture";
         EXPECT_EQ(s.Imghesh.Picture.source.ends_with("target3.ico"), c.icon);
         EXPECT_TRUE(c.icon || s.Imghesh.Picture == s.Imghesh.design->Picture);
         EXPECT_EQ(s.Txtpractype.Text.size(), p.resultmode.empty() ? 0U : 60U);
@@ -420,7 +421,7 @@ TEST(report, the_text_file_labels_the_number_of_an_engagement_differently)
     EXPECT_EQ(data.get("printtest.txt"), expected);
     data.remove("printtest.txt");
     std::filesystem::create_directory(from_utf8(data.path("printtest.txt")));
-    EXPECT_NE(write_text_report(pc, two), "") << "a folder has the name";
+    EXPECT_NE(write_text_report(pc, two), "") << "printtest.txt is a folder";
 }
 
 }   // namespace

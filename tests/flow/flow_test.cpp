@@ -73,8 +73,8 @@ TEST_F(program, takes_the_directory_of_a_file_that_the_user_chooses)
         m.event([&] { start_program(u); });
         EXPECT_EQ(u.shared.rootpath, c.rootpath);
         m.click(u.intro.lblstart);
-        EXPECT_EQ(m.boxes.size(), c.rootpath == nested ? 3U : 2U) << "a box more only without a range";
-        EXPECT_EQ(native(m.default_directory + "/ranges"), c.rootpath) << "asks only once";
+        EXPECT_EQ(m.boxes.size(), c.rootpath == nested ? 3U : 2U) << "one box more if there is no range";
+        EXPECT_EQ(native(m.default_directory + "/ranges"), c.rootpath) << "the user is asked only once";
     }
 }
 
@@ -83,7 +83,7 @@ TEST_F(program, without_its_directory_reports_the_folder_of_the_ranges)
     pc.default_directory = "/none";
     pc.answers = {{true}, {true}};
     pc.event([this] { start_program(t); });
-    EXPECT_EQ(pc.dialogs.size(), 1U) << "cancelled";
+    EXPECT_EQ(pc.dialogs.size(), 1U) << "the dialog was cancelled";
     EXPECT_EQ(t.shared.rootpath, "");
     pc.click(t.intro.lblexit);   // without an answer the question is answered No
     EXPECT_FALSE(pc.ended);
@@ -197,7 +197,7 @@ TEST_F(program, a_data_directory_without_ranges_is_reported)
     pc.click(t.startsim.Optcon2);
     pc.answers.assign(4, {true});
     pc.click(t.startsim.cmdgame);
-    ASSERT_EQ(pc.boxes.size(), boxes + 3) << "the practice, the folder, the range";
+    ASSERT_EQ(pc.boxes.size(), boxes + 3) << "one each for the practice, the folder and the range";
     EXPECT_NE(pc.boxes[boxes].text.find("Visualrange.arf"), std::string::npos);
     EXPECT_NE(pc.boxes[boxes + 1].text.find(data.ranges()), std::string::npos);
     EXPECT_EQ(screens(), "startsim");

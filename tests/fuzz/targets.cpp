@@ -1,6 +1,6 @@
 // Fuzz targets of the file readers. Each reads the bytes as one kind of file and checks that what could be
-// read can be written and reads back the same. A failed check aborts the process. The build links a fuzzer of
-// each.
+// read can be written and reads back the same. A failed check aborts the process. The build links a fuzzer
+// for each.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -118,8 +118,8 @@ extern "C" int fuzz_results(const std::uint8_t* data, std::size_t size)
     if (!whole) return 0;
     practice_state again;
     item_reader written(results_file_bytes(p));
-    require(take_results(written, again), "results that were read can be written and read");
-    require(results_file_bytes(again) == results_file_bytes(p), "and come out the same");
+    require(take_results(written, again), "results that were read can be written and read again");
+    require(results_file_bytes(again) == results_file_bytes(p), "results that are read again are the same");
     return 0;
 }
 

@@ -84,7 +84,7 @@ TEST_F(writing, links_are_followed_and_only_regular_files_are_replaced)
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
     EXPECT_NE(write_file(pc, "no folder/own.vrn", "x"), "");
     ASSERT_EQ(mkfifo((data.ranges() + "/pipe.vrn").c_str(), 0600), 0);
-    EXPECT_NE(write_file(pc, "pipe.vrn", "x"), "") << "it doesn't wait for a reader";
+    EXPECT_NE(write_file(pc, "pipe.vrn", "x"), "") << "write_file doesn't wait for a reader";
     fs::create_directory(data.ranges() + "/real.vrn.part");
     data.put("real.vrn.part1", "the user's own");
     fs::create_symlink("nowhere", data.ranges() + "/real.vrn.part2");

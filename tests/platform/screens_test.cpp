@@ -58,7 +58,7 @@ TEST_F(two_screens, a_screen_that_comes_to_the_front_gets_an_arrival)
         show(pc, b);
         unload(pc, b);
     });
-    EXPECT_EQ(taken(), list{"a"}) << "none for a screen that was unloaded";
+    EXPECT_EQ(taken(), list{"a"}) << "no arrival for a screen that was unloaded";
     quit.Visible = false;
     pc.close_window(a);
     EXPECT_EQ(taken(), list{"quit"});

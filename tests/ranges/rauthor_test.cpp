@@ -102,7 +102,7 @@ TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
     move(s.Cmdbigup, 1);
     EXPECT_EQ(s.Lblx.Caption, "23960");
     EXPECT_EQ(s.Lbly.Caption, "4707.5");
-    // The picture is 7335 high: its band is 2445 to 5499 in steps of 76, from 0; 4707.5 is in step 29.
+    // The picture is 7335 high, its band 2445 to 5499 in steps of 76. 4707.5 is in step 29; the first is 0.
     EXPECT_EQ(s.Lbltgtrange.Caption, "941");
     EXPECT_EQ(s.Imgpoint.Left, std::floor(23960 / (43560 / 14000.0) - 120));
     EXPECT_EQ(s.Imgpoint.Top, std::floor(4707.5 / (7335 / 5000.0) + 120));
@@ -139,7 +139,7 @@ TEST_F(author, a_click_on_the_overview_moves_the_point_as_far_as_the_arrows_can)
         for (screen_object* arrow :
              {corner > 0 ? &s.cmdright : &s.cmdleft, corner > 0 ? &s.Cmddown : &s.cmdup})
             move(*arrow, 3);
-        EXPECT_TRUE(s.pointx == x && s.pointy == y) << "no arrow moves it further";
+        EXPECT_TRUE(s.pointx == x && s.pointy == y) << "no arrow moves the point further";
         EXPECT_NEAR(x, corner > 0 ? 43560 - 1320 : 1800, 100);
         EXPECT_NEAR(y, corner > 0 ? 7335 - 1160 : 1560, 100);
     }
@@ -184,7 +184,7 @@ TEST_F(author, proposes_ranges_only_within_the_ground_band)
     practice_state r = plain_range(sight_kind::visual);
     r.rangepicture = "moor.vrp";
     open(r);
-    EXPECT_EQ(s.Lbltgtrange.Caption, "725") << "for the middle, when a range is opened";
+    EXPECT_EQ(s.Lbltgtrange.Caption, "725") << "proposed for the middle, when a range is opened";
     move(s.Cmdbigdown, 1);
     EXPECT_EQ(s.Lbly.Caption, "5507.5");
     EXPECT_EQ(s.Lbltgtrange.Caption, "725") << "no proposal below the band";
@@ -202,7 +202,7 @@ TEST_F(author, proposes_ranges_only_within_the_ground_band)
         s.Imagerange.Top = -3000;
         s.pointy = *edge + inside;
         move(*arrow, 1);
-        EXPECT_TRUE(s.pointy == *edge && s.Lbltgtrange.Caption == "3000") << "the edges are outside";
+        EXPECT_TRUE(s.pointy == *edge && s.Lbltgtrange.Caption == "3000") << "the edges are outside the band";
     }
 }
 
@@ -248,7 +248,7 @@ TEST_F(author, refuses_pictures_that_are_too_small)
 
     d.data.put("tiny.vrp", picture_head(10, 10));
     d.data.put("range1.vrp", picture_head(2000, 500));
-    new_range("OWN", false, "tiny.vrp");   // no other chosen: the standby picture
+    new_range("OWN", false, "tiny.vrp");   // no other picture is chosen: the standby picture
     EXPECT_EQ(s.Lblwide.Caption, "30000");
     EXPECT_EQ(s.Imgpoint.Left, std::floor(s.pointx / (30000 / 14000.0) - 120));
     EXPECT_EQ(p.rangepicture.trimmed(), "range1.vrp");
@@ -343,7 +343,7 @@ TEST_F(author, opens_a_range_and_shows_every_position)
     EXPECT_EQ(d.data.get("copy.arf"), range_file_bytes(r));
 }
 
-// Shows what was read before the failure, and leaves the range of the practice.
+// The screen shows what was read before the failure. The range of the practice stays.
 TEST_F(author, shows_an_incomplete_range_as_far_as_it_can_be_read)
 {
     practice_state r = plain_range(sight_kind::visual);
@@ -386,8 +386,8 @@ TEST_F(author, changes_an_icon_only_if_it_can_be_loaded)
     d.data.remove("target icons/own.ico");
     d.data.put("target icons/target3.ico", picture_head(16, 16));
     visit();
-    EXPECT_EQ(s.Imgtarget[2].Picture.width, 960) << "the old one stays if it can't be loaded";
-    EXPECT_EQ(s.Imgtarget[3].Picture.width, 240) << "the others are loaded all the same";
+    EXPECT_EQ(s.Imgtarget[2].Picture.width, 960) << "the old picture stays if the icon can't be loaded";
+    EXPECT_EQ(s.Imgtarget[3].Picture.width, 240) << "the other icons are loaded";
 }
 
 // Between visits the set-up screen reads names and types of ranges. Only a practice replaces the open range.
@@ -433,12 +433,12 @@ TEST_F(author, lies_over_the_set_up_and_keeps_its_state)
     pc.wait(2);
     EXPECT_TRUE(s.lblhelp.Visible && s.lblhelp.Top == s.Cmdsave.Top + 350);
     pc.activate(d.t.startsim.window);
-    d.set_up();   // a practice hides the author
+    d.set_up();   // the gunnery screen hides the range author
     EXPECT_EQ(s.window.state, form_state::hidden);
     pc.click(d.screen().Cmdmain);
     pc.confirm(d.t.startsim.cmdeditrange);
     EXPECT_EQ(s.Lbltargetnum[3].BackColor, colour::red);
-    EXPECT_FALSE(s.lblhelp.Visible || s.Timhelp.Enabled) << "the hint of the last visit";
+    EXPECT_FALSE(s.lblhelp.Visible || s.Timhelp.Enabled) << "the hint of the last visit is gone";
     pc.event(s.Frame6.parent->MouseMove);
     EXPECT_EQ(s.Lblinfo.Caption,
               "Shows the veiw through the sight, target grid locations and distance to target");
@@ -463,7 +463,7 @@ TEST_F(author, each_reader_of_a_range_file_takes_only_its_own_part)
     EXPECT_FALSE(take_range(incomplete, read));
     EXPECT_EQ(read_range_head(pc, file("\"short\"\r\n\"p\"\r\n\"THERMAL\""), read), "");
     EXPECT_EQ(read.rangename.text(), "short               ");
-    EXPECT_EQ(read.rangepicture.trimmed(), "thermalrange.trp") << "that of the open range";
+    EXPECT_EQ(read.rangepicture.trimmed(), "thermalrange.trp") << "the picture of the open range stays";
     EXPECT_NE(read_range_head(pc, file("\"kept\"\r\n\"p\"\r\nTHERMAL"), read), "");
     EXPECT_EQ(read.rangename.trimmed(), "kept");
 }
@@ -480,7 +480,7 @@ TEST_F(author, stored_paths_with_either_separator_are_found)
     EXPECT_EQ(icon_path(pc, root, "/none.ico"), path("none.ico"));
     EXPECT_EQ(stored_icon(pc, root, icon), native("/target icons/target1.ico"));
     EXPECT_EQ(stored_icon(pc, root, "/elsewhere/x.ico"), "/elsewhere/x.ico");
-    EXPECT_EQ(stored_icon(pc, root, root + "x/y.ico"), root + "x/y.ico") << "beside, not inside";
+    EXPECT_EQ(stored_icon(pc, root, root + "x/y.ico"), root + "x/y.ico") << "beside the folder, not inside";
     EXPECT_TRUE(file_exists(pc, "VISUALRANGE.ARF"));
 }
 

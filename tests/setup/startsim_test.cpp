@@ -65,14 +65,14 @@ TEST_F(setup, the_engagements_enable_wind_and_bursts)
     pc.click(s.Option4);
     pc.click(s.Opteng3);
     pc.click(s.Option3);
-    EXPECT_EQ(p.coaxbursts, 4) << "its frame is disabled";
+    EXPECT_EQ(p.coaxbursts, 4) << "the frame of Option3 is disabled";
     pc.click(s.Opteng1);
     EXPECT_EQ(s.lblprac[7].Caption, "4 KILL BURSTS ON COAX TARGETS");
     pc.click(s.Opteng4);
     EXPECT_FALSE(s.Frame6.Enabled || s.Frame10.Enabled);
     pc.slide(s.HScrwind, -3);
     pc.click(s.Opteng2);
-    EXPECT_EQ(p.coaxbursts, 2) << "set by COAX, not by a click";
+    EXPECT_EQ(p.coaxbursts, 2) << "set by the option COAX, without a click on Option2";
     EXPECT_EQ(s.Option2.Value, 1);
     EXPECT_TRUE(s.Frame10.Enabled && !s.Frame6.Enabled);
     EXPECT_EQ(p.windbias, 2);
@@ -118,7 +118,7 @@ TEST_F(setup, hints_for_frames_appear_at_once_and_for_buttons_after_a_rest)
     EXPECT_EQ(s.Lblinfo.Caption, s.Lblinfo.design->Caption);
     pc.event(s.cmdgame.MouseMove);
     pc.wait(0.5);
-    EXPECT_FALSE(s.Lblhelp.Visible) << "counted from the start again";
+    EXPECT_FALSE(s.Lblhelp.Visible) << "the delay has started again";
     pc.wait(1.5);
     EXPECT_TRUE(s.Lblhelp.Visible);
     pc.event(s.Frame13.MouseMove);
@@ -137,14 +137,14 @@ TEST_F(setup, options_stay_after_a_practice)
     EXPECT_EQ(p.targetcount, 9);
     pc.click(t.simulator.Cmdmain);
     EXPECT_EQ(s.outcome.Caption, "");
-    EXPECT_FALSE(s.Lblhelp.Visible || s.Timhelp.Enabled) << "the click ended it";
+    EXPECT_FALSE(s.Lblhelp.Visible || s.Timhelp.Enabled) << "the click ended the hint";
     EXPECT_TRUE(p.fulldebrief) << "set by the arrival";
     EXPECT_TRUE(s.Optcontroller2.Value == 1 && s.Opttargets2.Value == 1);
 }
 
 // Programmed practices -------------------------------------------------------------------------------------
 
-// Three of FIN, HESH and COAX for each sight, five of them with the laser only, and a mixed one.
+// FIN, HESH and COAX for each sight; then with the laser only, without thermal COAX; and a mixed practice.
 TEST_F(setup, a_programmed_practice_selects_its_options_and_writes_its_summary)
 {
     pc.click(s.Optsys4);
@@ -215,7 +215,7 @@ TEST_F(setup, a_practice_file_applies_as_far_as_it_can_be_read)
     open("wind.prf");
     EXPECT_TRUE(p.targetauto);
     EXPECT_EQ(p.windbias, 0);
-    EXPECT_EQ(p.systemstatus, 3) << "comes after the wind, which is out of bounds";
+    EXPECT_EQ(p.systemstatus, 3) << "not read: it follows a wind out of bounds";
 }
 
 TEST_F(setup, a_cancelled_dialog_or_a_wrong_file_changes_nothing)
@@ -252,7 +252,7 @@ TEST_F(setup, an_opened_range_decides_the_mode_until_it_is_cancelled)
     pc.click(s.Optmode2);
     EXPECT_EQ(s.Optmode1.Value, 1) << "the frame of the mode is disabled";
     pc.click(s.Lblpractice[1]);
-    EXPECT_EQ(p.practicemode, 2) << "its mode is selected already, so the range stays";
+    EXPECT_EQ(p.practicemode, 2) << "the mode is selected already, so the range stays";
     EXPECT_FALSE(s.Frmmode.Enabled);
     pc.click(s.Command3);
     EXPECT_TRUE(s.Frmmode.Enabled);

@@ -93,7 +93,7 @@ TEST(numbers, int16_saturates_and_rounds_halves_to_even)
 TEST(numbers, random_numbers_run_from_0_up_to_1)
 {
     random_numbers c;
-    EXPECT_NEAR(Rnd(c), 48270.0 / 2147483646, 1e-12) << "the first of the default seed";
+    EXPECT_NEAR(Rnd(c), 48270.0 / 2147483646, 1e-12) << "the first number of the default seed";
     double most = 0;
     for (int i = 0; i < 1000; ++i) most = std::max(most, Rnd(c));
     EXPECT_TRUE(most > 0.99 && most < 1);

@@ -87,8 +87,7 @@ void check_when_idle(rules& r, const practice_state& p, const gunnery_screen& s)
     r.require(s.Cmdstartsim.Enabled != s.simrunning, "START SIM is enabled only outside a practice");
     r.require(s.lblhits.Caption == std::to_string(s.hits), "the hits shown are the hits counted");
     r.require(!up || s.targetcalled, "a target that is up has been called");
-    r.require(p.engagement == s.targetnumber + (up ? 0 : 1),
-              "a target has the row of the record of its number");
+    r.require(p.engagement == s.targetnumber + (up ? 0 : 1), "a target's row in the record is its number");
     r.require(!s.visual() || s.layspeed == s.HScspeed.Value, "the slider sets the lay speed");
     r.require(!s.Frmcon.Visible || !s.Frmmousecon.Visible, "key card and mouse panel don't overlap");
     r.require((s.Cmdpausesim.Caption == "PAUSE OFF") == p.paused, "the pause button shows the pause");
@@ -131,7 +130,7 @@ void check_gunnery(rules& r, const practice_state& p, const gunnery_screen& s, c
     if (!w.was_paused) check_turns(r, s);
 }
 
-// The calibration and the author -------------------------------------------------------------------------
+// The calibration and the range author -------------------------------------------------------------------
 
 void check_calibration_and_author(rules& r, const joycal_screen& c, const rauthor_screen& a,
                                   const walk_state& w)
@@ -183,7 +182,7 @@ void check_objects(rules& r, const form& f)
     r.screen = &f;
     for (const screen_object* o : f.objects) {
         r.require(finite({o->Left, o->Top, o->Width, o->Height}) && o->Width >= 0 && o->Height >= 0,
-                  "places and sizes are numbers, and sizes not negative");
+                  "places and sizes are finite, and no size is negative");
         if (o->kind == object_kind::slider)
             r.require(within(o->Value, o->Min, o->Max), "a slider stays within its bounds");
         if (o->kind == object_kind::option)
@@ -204,7 +203,7 @@ void check_screens(rules& r, const trainer& t, bool idle)
     const auto is_shown = [](const form& f) { return f.state == form_state::shown; };
     const int practices = is_shown(t.simulator.window) + is_shown(t.thermal.window);
     const int others = is_shown(t.intro.window) + is_shown(t.startsim.window) + is_shown(t.results.window);
-    r.require(practices + others <= 1, "only the author and the calibration share the display");
+    r.require(practices + others <= 1, "only the range author and the calibration share the display");
 }
 
 }   // namespace
