@@ -21,7 +21,7 @@ long deflected(double middle, double factor, int sign, int twips)
     return static_cast<long>(sign < 0 ? middle - off + 50 : middle + off + 1);
 }
 
-constexpr spot beaten_zone{45, 30};   // its centre, relative to the drop of the coax
+constexpr spot beaten_zone{45, 30};   // the centre, relative to the drop of the coax
 
 struct gunner {
     gunner(headless_machine& pc, trainer& t, gunnery_screen& s, device by)

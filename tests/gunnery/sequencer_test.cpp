@@ -246,7 +246,7 @@ TEST_F(pause, a_count_past_the_wait_still_leads_to_an_order)
 {
     pause_after(5);
     d.pc.click(s.Cmdpausesim);
-    d.pc.advance(1);   // the target without an order goes down with this tick; the wait of 5 s counts from 6
+    d.pc.advance(1);   // the target without an order goes down with this tick; the next wait counts on from 6
     EXPECT_EQ(d.crew(), "STOP DESELECT !!");
     d.pc.advance(2);
     EXPECT_EQ(d.crew().substr(0, 9), "FIN TANK ");

@@ -207,7 +207,7 @@ TEST_F(setup, a_practice_file_applies_as_far_as_it_can_be_read)
     open("cut.prf");
     EXPECT_EQ(settings(p), std::tuple(1, true, 2, 30, 1, 1, false, 2, 0));
     EXPECT_EQ(s.lblprac[5].Caption, "TARGETS APPEAR AUTOMATICALLY");
-    EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 30 SECS ") << "written by the option";
+    EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 30 SECS ") << "the option has written it";
 
     pc.click(s.Opttarg2);
     pc.click(s.Optsys3);

@@ -1,6 +1,6 @@
 // Random walks: a simulated user who does random things at random times on the headless machine. Part of the
-// time a scripted gunner fires a practice, so that some practices run to their end. The rules of rules.h hold
-// all the time. The same seed gives the same walk. To run a longer walk or another seed by hand:
+// time a scripted gunner fires a practice, so that some practices run to their end. The rules of rules.h are
+// checked throughout. The same seed gives the same walk. To run a longer walk or another seed by hand:
 //     WALK_EVENTS=500000 WALK_SEED=42 vorn_tests --gtest_filter='random_walk*/0'
 #include <algorithm>
 #include <csignal>
@@ -367,7 +367,7 @@ std::string walker::last_actions() const
     return text;
 }
 
-// The walk that is running: a crash, or Ctrl-C where it hangs, prints its last actions.
+// The walk that is running: a crash, or Ctrl-C when it hangs, prints its last actions.
 const walker* current = nullptr;
 
 void print_current()
