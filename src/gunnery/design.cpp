@@ -134,13 +134,13 @@ void lights(gunnery_screen& s, const layout& l)
     for (const auto& row : rows) {
         const area place{l.inner_width - 480, top, 300, 300};
         caption(s, &panel, label({180, top + 15, 1500, 270}, row.words));
-        const double width = &row == &rows[2] ? 1260 : 720;
+        const double width = &row == &rows[2] ? 1260 : 580;
         panel.flat.places[&s.captions.back()] = {left, 195, width, 270};
         for (const lamp* m : {&row.lower, &row.upper}) {
             add(f, m->o, named(image(place, m->drawing), std::string(row.words) + m->state), &panel);
             panel.flat.places[&m->o] = {left + width, 180, 300, 300};
         }
-        left += width + 450;
+        left += width + 590;
         top += 345;
     }
     s.Imgloaded.Visible = s.Imgloaded.design->Visible = false;

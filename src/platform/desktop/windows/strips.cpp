@@ -158,6 +158,16 @@ const std::pair<const screen_object*, QRectF>* picture_under(const places& all, 
     return nullptr;
 }
 
+// The words that end where a lamp begins; null when there are none.
+const QRectF* words_before(const places& all, const QRectF& lamp)
+{
+    for (const auto& [o, at] : all)
+        if (o->kind == object_kind::label && at.right() == lamp.left() && at.top() < lamp.bottom() &&
+            at.bottom() > lamp.top())
+            return &at;
+    return nullptr;
+}
+
 bool keeps_shape(const screen_object& o)
 {
     return o.kind == object_kind::image || o.kind == object_kind::sight ||
@@ -166,7 +176,11 @@ bool keeps_shape(const screen_object& o)
 
 QRectF spread_place(const spread& s, const places& all, const screen_object& o, const QRectF& at)
 {
-    if (keeps_shape(o)) return centred(s.picture(at.size()), s.cell(at));
+    if (keeps_shape(o)) {
+        QRectF now = centred(s.picture(at.size()), s.cell(at));
+        if (const QRectF* words = words_before(all, at)) now.moveLeft(s.cell(*words).left() + words->width());
+        return now;
+    }
     if (const auto* under = picture_under(all, at)) {
         const QRectF now = centred(s.picture(under->second.size()), s.cell(under->second));
         const double factor = now.width() / under->second.width();
