@@ -114,7 +114,7 @@ double distortion(const strip& s, const QRectF& at)
         const double across = at.width() / s.size.width(), down = at.height() / c.size.height();
         const double wrong =
             std::abs(std::log(across / down)) + std::max(0.0, std::log(std::min(across, down) / good_growth));
-        const double weight = c.give < 0.5 * c.size.height() ? of_pictures : 1;
+        const double weight = is_rigid(c) ? of_pictures : 1;
         sum += c.size.width() / s.size.width() * weight * (wrong + 2 * wrong * wrong);
     }
     return sum;

@@ -206,6 +206,18 @@ block flat_block_of(const form& f, const screen_object& o)
     return {&o, {o.flat.Width, o.flat.Height}, true, give_of(o, inside(f, &o))};
 }
 
+bool is_rigid(const column& c)
+{
+    return c.give < 0.5 * c.size.height();
+}
+
+// A strip with a rigid column counts as higher than it is.
+static double cost_of(const strip& s)
+{
+    constexpr double of_rigid_column = 1.2;
+    return s.size.height() * (std::ranges::any_of(s.columns, is_rigid) ? of_rigid_column : 1);
+}
+
 strip make_strip(std::span<const block> blocks, std::size_t columns)
 {
     if (columns == 0 || blocks.size() < columns) return {};
@@ -214,7 +226,7 @@ strip make_strip(std::span<const block> blocks, std::size_t columns)
     strip best;
     for (const auto& way : ways) {
         strip s = strip_of(blocks, way);
-        if (best.empty() || s.size.height() < best.size.height()) best = std::move(s);
+        if (best.empty() || cost_of(s) < cost_of(best)) best = std::move(s);
     }
     return best;
 }

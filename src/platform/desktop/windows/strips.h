@@ -40,7 +40,10 @@ struct strip {
     bool empty() const { return columns.empty(); }
 };
 
-// The strip of least height with this many columns. The blocks keep their order.
+// Whether a column consists mostly of pictures, which can't fill more height.
+bool is_rigid(const column&);
+// The strip of least height with this many columns, if possible without a rigid one. The blocks keep their
+// order.
 strip make_strip(std::span<const block>, std::size_t columns);
 
 // Places the blocks of the strip so that they fill the rectangle.
