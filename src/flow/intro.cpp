@@ -56,9 +56,9 @@ void start_program(trainer& t)
     load(t.pc, t.results.window);
 }
 
-// The program directory for a file that the user has chosen in this directory or, since the directory itself
-// may contain no files, in its folder "ranges". A program directory that is itself named "ranges" is
-// recognised by its "ranges/vorn.HLP".
+// The program directory to which a chosen file belongs. The file is in that directory or in its folder
+// "ranges", since the directory itself may contain no files. A program directory that is itself named
+// "ranges" is recognised by its "ranges/vorn.HLP".
 static std::filesystem::path directory_of(const std::string& file)
 {
     const std::filesystem::path folder = from_utf8(file).parent_path();

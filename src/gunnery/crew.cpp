@@ -42,7 +42,7 @@ static void timvoice_tick(gunnery_screen& s)
     stop(s.Timvoice);
 }
 
-// The range in hundreds of metres, rounded down, but 600 below 700, 800 below 900 and 2000 from 1900 on.
+// The commander calls the range rounded to a number for which there is a recording.
 void callrange(trainer& t, gunnery_screen& s)
 {
     const int range = t.shared.targetrange[s.currenttarget];

@@ -294,7 +294,8 @@ void walker::begin_session()
     run = std::make_unique<session>(*this);
     t().random.generator.seed(static_cast<unsigned>(random()) | 1U);
     pc().default_directory = chance(0.92) ? data.program() : data.program() + "/nowhere";
-    for (gunnery_screen* s : {&t().simulator, &t().thermal}) pc().watch(s->lblcrew);   // the gunner listens
+    for (gunnery_screen* s : {&t().simulator, &t().thermal})
+        pc().watch(s->lblcrew);   // for the scripted gunner
     note("the program starts");
     run->disturbance = 0.2;
     pc().event([&] { start_program(t()); });

@@ -19,7 +19,7 @@ struct grid {
     bool holds(int x, int y) const { return x >= 0 && y >= 0 && x < width && y < height; }
     const T& at(int x, int y) const { return cells[index(y) * index(width) + index(x)]; }
     T& at(int x, int y) { return const_cast<T&>(std::as_const(*this).at(x, y)); }
-    // Bilinear, between the values at whole coordinates; x and y must lie within them.
+    // Bilinear interpolation. 0 <= x < width - 1, and the same for y.
     auto between(float x, float y) const
     {
         const int i = static_cast<int>(x), j = static_cast<int>(y);

@@ -41,12 +41,12 @@ struct piece_group {
 
 struct scene {
     const char* name;
-    int side;     // of a frame in pixels, and of the block of cells
+    int side;     // of a frame in pixels, and of the voxel grid in cells
     point foot;   // spot on the ground, from the lower left corner of the frame
     std::vector<puff_group> puffs;
     std::vector<piece_group> pieces{};
     float drag = 5;
-    vec3 drift{};            // wind and rise that grow with the square of the time, and steady rise
+    vec3 drift{};            // wind and rise, times the square of the time; steady rise
     float lumps = 7.5f;      // frequency of the noise: lumps per length
     float thick = 70;        // extinction of the densest smoke, per length
     limits thins{.45f, 1};   // the time in which the smoke becomes thinner

@@ -38,6 +38,6 @@ void add_pair(solid& to, const solid& what);
 solid turned(solid, float degrees);   // to the left, about the vertical through x = y = 0
 solid laid_down(solid);               // exchanges forward and up
 solid moved(solid, vec3 by);
-solid slender(solid);   // doesn't count for the size of the vehicle
+solid slender(solid);   // marks a part that isn't part of the vehicle's size
 
 }   // namespace tools

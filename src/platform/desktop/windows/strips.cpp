@@ -28,7 +28,7 @@ bool is_picture(const screen_object& o)
     return o.kind == object_kind::image || o.kind == object_kind::shape;
 }
 
-// The height of the row of a hidden button that has no visible object beside it; else 0.
+// How far a hidden button is above the next visible object; 0 if a visible object is beside it or none below.
 double hidden_row(const object_list& all, const screen_object& o)
 {
     if (o.Visible || o.kind != object_kind::button) return 0;

@@ -22,7 +22,7 @@ struct block {
     QRectF at = {};
 };
 
-// The blocks as designed, without the rows of hidden buttons.
+// The block of an object in its designed size, less the rows of hidden buttons.
 block block_of(const form&, const screen_object&);
 // The block in the flat layout of the object, if there is one.
 block flat_block_of(const form&, const screen_object&);
