@@ -456,6 +456,18 @@ private:
         f.tap('W');
     }
 
+    // Ends when the gun is laid and loaded.
+    static void laze_and_autolay(const gunnery_screen& s, film& f)
+    {
+        f.tap('A');
+        f.press('S');
+        f.until([&] { return !s.layready; });
+        f.wait(0.3);
+        f.release('S');
+        f.until([&] { return s.gunloaded; });
+        f.wait(0.3);
+    }
+
     void film_fin(gunnery_screen& s)
     {
         t.shared.engagementtype = 4;
@@ -467,13 +479,7 @@ private:
         f.tap('E');
         f.lay(-60, 0);
         f.wait(0.3);
-        f.tap('A');
-        f.press('S');
-        f.until([&] { return !s.layready; });
-        f.wait(0.3);
-        f.release('S');
-        f.until([&] { return s.gunloaded; });
-        f.wait(0.3);
+        laze_and_autolay(s, f);
         fire_in_time(s, f);
         finish(s, f);
         keep_first("film_fin", f);
@@ -514,12 +520,7 @@ private:
         f.tap('Q');
         f.lay(-90, 120);
         f.wait(0.2);
-        f.tap('A');
-        f.press('S');
-        f.until([&] { return !s.layready; });
-        f.release('S');
-        f.until([&] { return s.gunloaded; });
-        f.wait(0.3);
+        laze_and_autolay(s, f);
         f.press('D');   // the burst falls short; the gunner then moves the strikes onto the target
         f.wait(0.8);
         f.lay(-45, -(2.0 * s.currentrange + 30));
