@@ -47,7 +47,7 @@ TEST(manual, links_and_pictures_exist)
     for (const std::string& p : pictures) EXPECT_TRUE(std::filesystem::is_regular_file(folder + p)) << p;
 }
 
-// The objects of every screen.
+// Calls `look` with the name of the screen, the object, and its caption with single spaces.
 template <class action>
 void for_each_object(const action& look)
 {

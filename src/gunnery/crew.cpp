@@ -82,7 +82,7 @@ void reporton(trainer& t, gunnery_screen& s)
         callrange(t, s);
     else
         visual_on(t, s);
-    // A pause during the lay has stopped Timtarget; the resume then starts the loader.
+    // If a pause during the lay has stopped Timtarget, the resume starts the loader.
     if (s.Timtarget.Enabled) start(s.Timloading);
 }
 

@@ -38,8 +38,7 @@ bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n
     return true;
 }
 
-// A target counts as left of the sight if its Left is below the first bound, and as above the sight if its
-// Top is below the second.
+// Twips. A target whose Left or Top is less counts as left of the sight or above it.
 constexpr double left_of_sight = 2040;
 constexpr double above_sight = 960;
 

@@ -26,7 +26,8 @@ struct calibration : testing::Test {
         pc.click(s.Cmdstart);
         for (int n = 1; n < step; ++n) press(1);
     }
-    // The instructions that are visible, the highlighted one as '!', and whether FINISH is enabled.
+    // A character for each instruction: '.' hidden, '*' visible, '!' highlighted; then " finish" if FINISH is
+    // enabled.
     std::string shown() const
     {
         std::string steps;

@@ -52,8 +52,8 @@ TEST_F(accessibility, texts_have_sufficient_contrast)
     for (const form* f : forms())
         for (const screen_object* o : f->objects) {
             const bool text = o->kind != object_kind::image && o->kind != object_kind::shape;
-            // Numbers over a picture and marks of the sight have a dark background or outline. The title
-            // is on a picture.
+            // Not checked: numbers over a picture and marks of the sight, which have a dark background or
+            // outline, and the title screen, whose background is a picture.
             const bool outlined = o->ForeColor == colour::darkred || o->ForeColor == colour::sight;
             if (!text || outlined || f == &t.intro.window) continue;
             const bool frame = o->kind == object_kind::frame;

@@ -45,7 +45,7 @@ struct walkthrough : trainer_test {
         answer_yes();
         click(t.startsim.Cmdstart);
         ASSERT_TRUE(QTest::qWaitForWindowActive(pc.window(s.window)));
-        pc.run([&] { set_slider(s.HScspeed, 20); });   // slow enough to stop on the target
+        pc.run([&] { set_slider(s.HScspeed, 20); });   // small steps: the autolay goes one too far
         click(s.Cmdstartsim);
         ASSERT_TRUE(wait_for([&] { return s.targetcalled && s.Imgtargets.Visible; }));
         QTest::keyClick(handle(), Qt::Key_E);

@@ -34,7 +34,7 @@ inline int first_of(growth kind)
 {
     return static_cast<int>(kind) * sprites_of_a_kind;
 }
-// Whether the plant is too low to hide a target.
+// Whether the sprite is a stone or a tuft, which are too low to hide a target.
 inline bool is_low(int sprite)
 {
     return sprite >= first_of(growth::stone) && sprite < first_of(growth::bare);

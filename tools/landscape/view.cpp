@@ -44,8 +44,9 @@ float target_side(vorn::sight_kind sight, float range)
 
 float agreeing_row(const country& land, float range)
 {
-    // Nearer than 580 m, where no target is, the range author's curve would become vertical. There it is
-    // continued as a parabola, so that the lower edge of the picture shows ground some 330 m away.
+    // The inverse of the range author's formula, for ranges from 580 m on. Its graph becomes vertical at
+    // 500 m. Nearer than 580 m, where no target is, a parabola continues it, so that the lower edge of the
+    // picture shows ground some 330 m away.
     constexpr float bend = 580, faster = .00016f;
     const float nearer = std::max(0.f, bend - range);
     const float steps = nearest_step - std::sqrt(std::max(range, bend) - square_base) +

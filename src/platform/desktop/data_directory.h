@@ -21,15 +21,15 @@ data_place find_data(const std::filesystem::path& program, const std::filesystem
 
 // The directory that contains the folder "ranges". Returns `installed` if its ranges are writable and not
 // managed by an installer, otherwise `own`, after copying the files that are missing there. Files that the
-// user has changed are kept. When copying fails (full disk, no home directory), returns `own` if it has been
+// user has changed are kept. When copying fails (full disk, no home directory), returns `own` if it was
 // complete before, since it contains the user's files, otherwise `installed`, which suffices for a practice.
 std::filesystem::path data_directory(const std::filesystem::path& installed,
                                      const std::filesystem::path& own);
 
-// Copies the files below `from` that are missing below `to`. Replaces those that have changed in `from` since
-// they were copied and that the user has not changed, except ranges and their pictures. Twins of pictures
-// aren't copied: they are large, and the program finds them in `from`. False if a file could not be copied.
-// An interrupted copy leaves no incomplete file under the final name.
+// Copies the files below `from` that are missing below `to`. Also replaces a copy if its original has changed
+// since and the user has not changed the copy; ranges and their pictures are never replaced. Twins of
+// pictures aren't copied: they are large, and the program finds them in `from`. False if a file could not be
+// copied. An interrupted copy leaves no incomplete file under the final name.
 bool fill_directory(const std::filesystem::path& from, const std::filesystem::path& to);
 
 // The folder "ranges" in `installed` if it contains a file of the same name and content, otherwise empty.

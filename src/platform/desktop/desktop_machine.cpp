@@ -148,8 +148,8 @@ void desktop_machine::tick()
     start_clock();
 }
 
-// Shows the step of a counted move that has just been made and lasts this many seconds. Paints the frames due
-// in this time, with a round in flight between its old and its new place. Late frames are skipped.
+// Shows for this many seconds the step that a counted move has just made. Paints the frames due in this time,
+// with a round in flight between its old and its new place. Late frames are skipped.
 void desktop_machine::pace(double seconds)
 {
     if (QApplication::activeModalWidget() != nullptr) return;   // the box in front must respond

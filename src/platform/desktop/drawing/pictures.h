@@ -45,8 +45,7 @@ const QImage* image_for(const picture&, const QSize& device, twin_reading = twin
 bool reads_twin(const picture&);
 
 // Draws with the function and caches the result, since outlines take most of the time of a repaint. The
-// function draws in the rectangle. The key must be different for everything that can be drawn in a rectangle
-// of this size.
+// function draws in the rectangle. Different drawings of the same size need different keys.
 void draw_cached(QPainter&, const QString& key, const QRect&, const std::function<void(QPainter&)>&);
 
 // Scales the picture to a rectangle of device pixels.

@@ -11,9 +11,9 @@ namespace vorn {
 
 namespace {
 
-// Twips at the scale of the form.
+// Lengths are in twips of the form, before it is scaled.
 constexpr double border = 75;                // of the sight, drawn around it
-constexpr double longest_crew_line = 7700;   // of the words that the crew can say
+constexpr double longest_crew_line = 7700;   // width of the longest text that the crew line shows
 constexpr std::size_t most_columns = 4;
 
 using object_list = std::vector<const screen_object*>;
