@@ -180,39 +180,72 @@ void thermal_marks(S& s)
     add(s.window, s.Imgrevhesh, hidden(image({1020, 1418, 1080, 375}, ":revhesh")), &s.Frmtherm);
 }
 
+// Places the frame in the given area with its contents enlarged. Objects at its right edge are widened with
+// it.
+void put_frame(const S& s, wide_layout& w, const screen_object& frame, const area& at, double factor)
+{
+    constexpr double right_margin = 200;
+    w.places[&frame] = at;
+    w.enlarged[&frame].factor = factor;
+    const double wider = at.Width / factor - frame.Width;
+    for (const screen_object* o : s.window.objects)
+        if (o->parent == &frame && o->Left + o->Width > frame.Width - right_margin)
+            w.places[o] = {o->Left, o->Top, o->Width + wider,
+                           std::min(o->Height, at.Height / factor - o->Top)};
+}
+
+// The legend fills the frame below the round buttons: in one row if it is low there.
+void put_legend(const S& s, wide_layout& w, double frame_height)
+{
+    constexpr double margin = 90, second_row = 1230, two_columns = 4320, up = 810, length = 8700;
+    const double height = frame_height - s.Frame7.Top - margin;
+    const double as_row = s.Frame7.Width / length, as_square = std::min(1.0, height / s.Frame7.Height);
+    w.places[&s.Frame7] = {s.Frame7.Left, s.Frame7.Top, s.Frame7.Width, height};
+    w.enlarged[&s.Frame7].factor = std::max(as_row, as_square);
+    if (as_square > as_row) return;
+    for (const screen_object* o : s.window.objects)
+        if (o->parent == &s.Frame7 && o->Top >= second_row)
+            w.places[o] = {o->Left + two_columns, o->Top - up, o->Width, o->Height};
+}
+
 // In a wide window the target with its marks fills the right side below the buttons. On the left side are the
-// strip and, below it, the other frames, enlarged as far as they fit.
+// strip and, below it, the other frames.
 wide_layout wide(const S& s, double width)
 {
-    constexpr double margin = 60, top = 390, foot = 10560, least_left = 11400, least_gain = 1.1;
-    const double growth = std::min((form_height - top - margin) / s.Frame1.Height,
-                                   (width - least_left - 3 * margin) / s.Frame1.Width);
+    constexpr double margin = 60, gap = 105, top = 390, foot = 10500, least_gain = 1.1;
+    constexpr double lowest = 5250;        // height of the target's frame with the legend in one row
+    constexpr double least_left = 11580;   // there the frames fill the row below the strip without gaps
+    constexpr double largest_strip = 1.2;
+    const double growth = std::min((foot - top) / lowest, (width - least_left - 3 * margin) / s.Frame1.Width);
     if (growth < least_gain) return {};
     const double column = growth * s.Frame1.Width;
-    const double left = std::min(width - column - 3 * margin, s.Imgrange.Width);
-    wide_layout w{.width = left + column + 3 * margin};
-    const auto put = [&w](const screen_object& o, double factor, double at_left, double at_top) {
-        w.enlarged[&o] = {factor, at_left - factor * o.Left, at_top - factor * o.Top};
-    };
-    put(s.Frame1, growth, w.width - margin - column, top);
+    const double left = std::min(width - column - 3 * margin, largest_strip * s.Imgrange.Width);
     const double strip = left / s.Imgrange.Width;
-    put(s.Imgrange, strip, margin, s.Imgrange.Top);
+    wide_layout w{.width = left + column + 3 * margin};
+    put_frame(s, w, s.Frame1, {w.width - margin - column, top, column, foot - top}, growth);
+    put_legend(s, w, (foot - top) / growth);
+    w.enlarged[&s.Imgrange] = {strip, margin - strip * s.Imgrange.Left, (1 - strip) * s.Imgrange.Top};
     w.enlarged[&s.imgtargetpointer] = w.enlarged[&s.Imgrange];
 
-    constexpr double gap = 105;
     const double row = s.Imgrange.Top + strip * s.Imgrange.Height + 2 * margin;
     const double widths = s.Frame4.Width + s.Frame3.Width + s.Frmreading.Width;
-    const double factor = std::min((foot - margin - row) / s.Frame4.Height, left / (widths + 2 * gap));
-    const double between = (left - factor * widths) / 2;
-    put(s.Frame4, factor, margin, row);
-    put(s.Frame3, factor, margin + factor * s.Frame4.Width + between, row);
-    w.enlarged[&s.Frame2] = w.enlarged[&s.Frame3];
-    put(s.Frmreading, factor, margin + left - factor * s.Frmreading.Width, row);
-    w.enlarged[&s.Frmtherm] = w.enlarged[&s.Frmreading];
-
-    const bool beside = top + growth * s.Frame1.Height > foot;
+    const double factor = std::min((foot - row) / s.Frame4.Height, (left - 2 * gap) / widths);
+    const double wider = (left - 2 * gap - factor * widths) / 2;
+    const double second = margin + factor * s.Frame4.Width + gap;
+    const double third = second + factor * s.Frame3.Width + wider + gap;
+    const double larger = 1 + wider / (factor * s.Frmreading.Width) / 6;   // text in a wider frame
+    const auto put = [&](const screen_object& o, double at_left, double extra, double growth_of_text = 1) {
+        const double at_top = row + factor * (o.Top - s.Frame4.Top);
+        put_frame(s, w, o, {at_left, at_top, factor * o.Width + extra, factor * o.Height},
+                  factor * growth_of_text);
+    };
+    put(s.Frame4, margin, 0);
+    put(s.Frame3, second, wider);
+    put(s.Frame2, second, wider);
+    put(s.Frmreading, third, wider, larger);
+    put(s.Frmtherm, third, 0);
     for (const screen_object* o : {&s.outcome, &s.Lblinfo})
-        w.places[o] = {margin, o->Top, beside ? left : w.width - 2 * margin, o->Height};
+        w.places[o] = {margin, o->Top, w.width - 2 * margin, o->Height};
     return w;
 }
 

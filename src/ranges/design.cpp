@@ -21,7 +21,7 @@ constexpr const char* instructions =
     "USE THE ARROWS TO MOVE THE CURSOR TO THE DESIRED TARGET LOCATION. CHOOSE A TARGET NUMBER CLICK ON "
     "\"SAVE "
     "TARGET\" TO SAVE THAT TARGET WHEN ALL TARGETS ARE CHOSEN CLICK ON \"SAVE RANGE\"";
-constexpr const char* marking =
+constexpr const char* marking_note =
     "The corner of the cursor is the point that is marked. The target is to the right of it and below.";
 constexpr const char* bare = "NO PICTURE\nChoose one by NEW RANGE or OPEN RANGE";
 
@@ -51,7 +51,8 @@ void sight_window(S& s)
     target.Pale = true;
     add(s.window, s.shown_target, std::move(target), &s.Picture1);
     add(s.window, s.Imgex, image({1200, 960, 480, 480}, ":cursor"), &s.Picture1);
-    caption(s, &s.Frame5, label({120, 2970, 3035, 900}, marking, colour::dim, text_size::small));
+    add(s.window, s.marking, label({120, 2970, 3035, 900}, marking_note, colour::dim, text_size::small),
+        &s.Frame5);
 }
 
 void arrows(S& s)
@@ -175,28 +176,52 @@ void overview(S& s)
     add(s.window, s.Imgpoint, std::move(pointer), &s.Frame1);
 }
 
+constexpr double wide_margin = 60, wide_top = 390, hint_height = 1350;   // in a wide window
+
+// The view through the sight fills the left side of the window, above its note and the hint.
+void put_sight_left(const S& s, wide_layout& w, double width)
+{
+    constexpr double margin = 120, title = 330, note_height = 480;
+    const double height = form_height - wide_margin - wide_top;
+    const double factor = (width - 2 * margin) / s.Picture1.Width;
+    w.places[&s.Frame2].Height = height;
+    w.places[&s.Frame5] = {s.Frame5.Left, wide_margin, width, height - hint_height - 4 * wide_margin};
+    w.enlarged[&s.Picture1] = {factor, margin - factor * s.Picture1.Left, title - factor * s.Picture1.Top};
+    w.places[&s.marking] = {margin, title + factor * s.Picture1.Height + margin, width - 2 * margin,
+                            note_height};
+    w.places[&s.Lblinfo] = {wide_margin + s.Frame5.Left, form_height - 4 * wide_margin - hint_height, width,
+                            hint_height};
+    w.places[&s.guide].Height += hint_height;
+}
+
 // In a wide window the texts are beside the four frames, and the overview is enlarged to the height that is
-// left below the frames.
+// left below the frames. In a still wider one the view through the sight fills the left side.
 wide_layout wide(const S& s, double width)
 {
-    constexpr double margin = 60, top = 390, texts_left = 15150, least_texts = 2000, most_texts = 5400;
-    const double texts = std::min(width - 3 * margin - texts_left - 90, most_texts);
-    if (texts < least_texts) return {};
-    const double row_width = texts_left + texts + 90, row_height = frames_height + 2 * margin;
-    const double overview_top_edge = top + row_height + margin;
-    const double growth = std::min((form_height - margin - overview_top_edge) / s.Frame1.Height,
+    constexpr double margin = wide_margin, texts_left = 15150, right = 90, least_texts = 2000,
+                     most_texts = 5400, least_gain = 1.5, most_gain = 3;
+    const double row_height = frames_height + 2 * margin, overview_down = wide_top + row_height + margin;
+    const double growth = std::min((form_height - margin - overview_down) / s.Frame1.Height,
                                    (width - 2 * margin) / s.Frame1.Width);
-    wide_layout w{.width = std::max(row_width, growth * s.Frame1.Width) + 2 * margin};
-    const double row_left = (w.width - row_width) / 2;
-    w.places[&s.Frame2] = {row_left, top, row_width, row_height};
+    const double overview = growth * s.Frame1.Width;
+    const double beside = std::min(width - overview - 5 * margin, most_gain * s.Frame5.Width);
+    const bool large_sight = beside > least_gain * s.Frame5.Width;
+    const double moved = large_sight ? beside - s.Frame5.Width : 0;   // what is right of the sight
+    const double least_width = overview + (large_sight ? beside + 3 * margin : 0);
+    const double row_width =
+        std::max(std::min(width - 2 * margin, texts_left + most_texts + right), least_width);
+    const double texts = row_width - texts_left - moved - right;
+    if (texts < least_texts) return {};
+    wide_layout w{.width = row_width + 2 * margin};
+    w.places[&s.Frame2] = {margin, wide_top, row_width, row_height};
     for (const screen_object* o : {&s.Frame3, &s.Frame4, &s.Frame5, &s.Frame6})
-        w.enlarged[o] = {.down = margin - frames_top};
-    constexpr double hint_height = 1350;
-    w.places[&s.guide] = {texts_left, 2 * margin, texts, row_height - hint_height - 4 * margin};
-    w.places[&s.Lblinfo] = {row_left + texts_left, top + row_height - hint_height - margin, texts,
+        w.enlarged[o] = {.right = moved, .down = margin - frames_top};
+    w.places[&s.guide] = {texts_left + moved, 2 * margin, texts, row_height - hint_height - 4 * margin};
+    w.places[&s.Lblinfo] = {margin + texts_left + moved, wide_top + row_height - hint_height - margin, texts,
                             hint_height};
-    w.enlarged[&s.Frame1] = {growth, (w.width - growth * s.Frame1.Width) / 2 - growth * s.Frame1.Left,
-                             overview_top_edge - growth * s.Frame1.Top};
+    if (large_sight) put_sight_left(s, w, beside);
+    const double left = large_sight ? w.width - 2 * margin - overview : (w.width - overview) / 2;
+    w.enlarged[&s.Frame1] = {growth, left - growth * s.Frame1.Left, overview_down - growth * s.Frame1.Top};
     return w;
 }
 

@@ -19,8 +19,9 @@ struct rauthor_screen {
     // The buttons along the top.
     screen_object cmdnew, Cmdopen, Cmdsave, Cmdstart, Cmdexit, Command1;
 
-    screen_object Frame2;   // contains Frame3 to Frame6 and the instructions
-    screen_object guide;    // the instructions
+    screen_object Frame2;    // contains Frame3 to Frame6 and the instructions
+    screen_object guide;     // the instructions
+    screen_object marking;   // the note below the view through the sight
 
     // The sight window: the picture moves behind it. The marked point is the lower right corner of the fixed
     // cursor.
