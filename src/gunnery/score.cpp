@@ -1,3 +1,4 @@
+#include <algorithm>
 
 #include "debrief/results.h"
 #include "flow/boxes.h"
@@ -34,8 +35,8 @@ struct result {
 // The visual score counts the targets hit, the thermal score those shown. More time gives a larger score.
 result workout(gunnery_screen& s)
 {
-    if (s.hittime < 1) s.hittime = 1;
-    if (s.targetnumber < 1) s.targetnumber = 1;
+    s.hittime = std::max<int>(s.hittime, 1);
+    s.targetnumber = std::max<int>(s.targetnumber, 1);
     result r{Int(static_cast<double>(s.hittime) / s.targetnumber), 0};
     const int factor = s.visual() ? s.hits : s.targetnumber;
     if (s.targetlife != 0) r.score = Int(r.average * factor) * (1000.0 / s.targetlife);

@@ -50,12 +50,12 @@ void setuppanels(trainer& t, gunnery_screen& s)
 }
 
 // Lines are broken only between keys.
-std::string key_line(const std::string& key, std::string button)
+std::string key_line(const std::string& key, const std::string& button)
 {
     const std::string fixed = "\u00a0";
-    for (std::size_t at = 0; (at = button.find(' ', at)) != std::string::npos; at += fixed.size())
-        button.replace(at, 1, fixed);
-    return key + fixed + fixed + button + "   ";
+    std::string line = key + fixed + fixed;
+    for (const char c : button) line += c == ' ' ? fixed : std::string(1, c);
+    return line + "   ";
 }
 
 // While the panel of the practice's buttons is hidden, shows their keys in its place until the practice

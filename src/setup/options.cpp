@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include "platform/objects.h"
 #include "setup/setup.h"
 #include "setup/startsim.h"
@@ -172,7 +174,7 @@ void hscrwind_change(trainer& t)
     const int wind = s.HScrwind.Value;
     t.shared.windbias = wind;
     s.lblwinddir.Caption = wind < 0 ? "Left" : wind > 0 ? "Right" : "None";
-    s.Lblwindstr.Caption = strengths[wind < 0 ? -wind : wind];
+    s.Lblwindstr.Caption = strengths[std::abs(wind)];
 }
 
 void make_sliders(trainer& t)

@@ -92,7 +92,7 @@ bool item_reader::next_item(std::string_view& item)
         ++place_;
     }
     item = without_blanks(std::string_view(text_).substr(begin, place_ - begin));
-    if (place_ + 1 < text_.size() && text_[place_] == '\r' && text_[place_ + 1] == '\n') ++place_;
+    if (text_.compare(place_, 2, "\r\n") == 0) ++place_;
     ++place_;
     return true;
 }

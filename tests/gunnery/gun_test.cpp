@@ -483,8 +483,9 @@ TEST_F(visual_input, buttons_are_enabled_by_the_state_of_the_practice)
     d.pc.press(s.Cmdlaze);
     EXPECT_TRUE(s.Cmdautolay.Enabled && s.lazed);
     d.pc.wait(2.001);
+    s.laze.Visible = true;
     d.pc.click(s.Cmdoff);
-    EXPECT_FALSE(s.Lblcharge.Visible);
+    EXPECT_FALSE(s.Lblcharge.Visible || s.laze.Visible);
     EXPECT_TRUE(s.Cmdcoax.Enabled && s.Cmdselectmain.Enabled && s.Cmdlaze.Enabled);
     EXPECT_FALSE(s.Cmdautolay.Enabled || s.Cmdfire.Enabled || s.Cmdmaingun.Enabled);
     EXPECT_TRUE(s.Imgcoax.Visible && s.Imghesh.Visible);

@@ -94,6 +94,7 @@ TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
     new_range("MOOR", false, "moor.vrp");
     EXPECT_EQ(s.Lblx.Caption, "23460");   // the middle, plus the mark's place in the window
     EXPECT_EQ(s.Lbly.Caption, "5107.5");
+    EXPECT_TRUE(s.Imagerange.Left == -43560 / 2.0 && s.Imagerange.Top == -7335 / 2.0);
     move(s.cmdleft, 3);
     EXPECT_TRUE(s.Imagerange.Left == -43560 / 2.0 + 300 && s.Imagerange.Top == -7335 / 2.0);
     pc.wait(1);
@@ -170,6 +171,9 @@ TEST_F(author, shows_the_target_of_the_chosen_icon_at_the_size_of_its_range)
     d.data.put("target icons/own.ico", picture_head(64, 64));
     pc.choose(s.Imgtarget[3], path("target icons/own.ico"));
     EXPECT_EQ(s.shown_target.Picture.width, 960);
+    pc.click(s.Imgtarget[1]);   // the dialog is cancelled
+    EXPECT_EQ(s.shown_target.Picture, s.Imgtarget[1].Picture);
+    pc.click(s.Imgtarget[3]);
     move(s.cmdup, 1);
     EXPECT_EQ(s.shown_target.Width, 560 - std::stod(s.Lbltgtrange.Caption) / 4);
     p.targetsize = 8;   // as set on the set-up screen
@@ -272,11 +276,16 @@ TEST_F(author, a_cancelled_dialog_or_a_wrong_picture_ends_a_new_range)
     new_range("FIRST", true, "moor.vrp");
     pc.click(s.cmdnew);
     EXPECT_EQ(s.Textname.Text, "FIRST") << "cancelled at the name: unchanged";
+    enter_range("1000");
     pc.inputs = {"A NAME OF MORE THAN TWENTY LETTERS"};
     pc.answers = {{false}};
     pc.click(s.cmdnew);   // cancelled at the picture: name and type stay
     EXPECT_EQ(p.rangename.text(), "A NAME OF MORE THAN ");
     EXPECT_EQ(s.Lblrangetype.Caption, "VISUAL");
+    EXPECT_EQ(s.shown_target.Width, 660 - 1000 / 4.0) << "the size on the visual sight";
+    for (int n = 1; n <= 20; ++n) place(n);
+    save("visual.arf");
+    EXPECT_EQ(p.rangetype, "VISUAL");
     d.data.put("text.vrp", "no picture at all");
     pc.boxes.clear();
     for (const char* wrong : {"text.vrp", "missing.vrp", "wavs"}) {
@@ -379,6 +388,7 @@ TEST_F(author, changes_an_icon_only_if_it_can_be_loaded)
     const std::string kept = p.targeticon2;
     pc.choose(s.Imgtarget[2], path("visualrange.arf"));
     EXPECT_EQ(p.targeticon2, kept);
+    EXPECT_TRUE(s.outcome.Caption.ends_with("visualrange.arf could not be loaded as an icon"));
     EXPECT_EQ(s.Imgtarget[2].Picture.width, 960);
 
     pc.choose(s.Imgtarget[3], path("target icons/target3.ico"));

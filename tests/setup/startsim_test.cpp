@@ -78,6 +78,25 @@ TEST_F(setup, the_engagements_enable_wind_and_bursts)
     EXPECT_EQ(p.windbias, 2);
 }
 
+TEST_F(setup, each_option_writes_its_line_of_the_summary)
+{
+    for (screen_object* o : {&s.Optsys4, &s.Opteng3, &s.Opttargets4, &s.Opttime4, &s.Opttarg2, &s.Optmode2})
+        pc.click(*o);
+    EXPECT_TRUE(s.Frame6.Enabled && !s.Frame10.Enabled) << "only HESH: wind, but no coax bursts";
+    EXPECT_EQ(summary(),
+              (std::vector<std::string>{"A DEGRADING ", "NORMAL / REV MODES PRACTICE",
+                                        "USING ONLY HESH AMMUNITION", "15 TARGETS", "UP FOR 40 SECS",
+                                        "TARGETS APPEAR ON DEMAND", "THERMAL", "THERE ARE NO COAX TARGETS"}));
+    for (screen_object* o :
+         {&s.Optsys2, &s.Opteng2, &s.Opttargets1, &s.Opttime1, &s.Opttarg1, &s.Optmode1, &s.Option3})
+        pc.click(*o);
+    EXPECT_EQ(settings(p), std::tuple(1, true, 2, 500, 2, 2, false, 3, 0));
+    EXPECT_EQ(summary(), (std::vector<std::string>{"A LAZE ONLY ", "A REV MODES PRACTICE SHOOT",
+                                                   "USING ONLY COAX AMMUNITION", "6 TARGETS",
+                                                   "UP TILL DESTROYED", "TARGETS APPEAR AUTOMATICALLY",
+                                                   "VISUAL", "3 KILL BURSTS ON COAX TARGETS"}));
+}
+
 TEST_F(setup, sliders_set_a_value_only_when_they_move)
 {
     EXPECT_EQ(s.HSccoax.Value, 200);
@@ -192,6 +211,8 @@ TEST_F(setup, a_practice_file_is_saved_with_a_word_below)
     EXPECT_EQ(d.title + d.filter, "SAVE PRACTICE SETUPPractice Files (*.prf)|*.prf|");
     EXPECT_TRUE(d.save && d.folder == p.rootpath);
     EXPECT_TRUE(s.outcome.Caption.ends_with("own.prf is saved"));
+    open("other.prf");
+    EXPECT_EQ(s.practicefile, path("other.prf")) << "the file chosen last";
     save("no such folder/own.prf");
     EXPECT_EQ(s.outcome.Caption, "");
 }
