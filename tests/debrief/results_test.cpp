@@ -235,6 +235,11 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
         d.pc.click(s.Lbltgtnumber[15]);
         EXPECT_EQ(said(), "YOU DID NOT FIRE THIS ROUND ");
     }
+    for (const int lines : {100, 480}) {   // in the columns of rows, in those of rounds
+        d.data.put("own.vrn", first_lines(before, lines));
+        open("own.vrn");
+        EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED") << lines << " of 520 lines";
+    }
     EXPECT_TRUE(s.Cmdopen.Enabled);
 }
 

@@ -168,6 +168,7 @@ TEST_F(program, a_quick_start_is_a_visual_practice_that_returns_to_the_title)
     gunnery_screen& s = t.simulator;
     EXPECT_EQ(screens(), "simulator");
     EXPECT_EQ(s.lbltargetnum.Caption, "TARGET 0 OF 9");
+    EXPECT_EQ(t.shared.targetblocks, 3) << "of three targets each";
     EXPECT_TRUE(s.lbltargetnum.Visible && s.Imgname.Visible && s.Frame3.Visible);
     EXPECT_FALSE(s.Frmcon.Visible || s.Frmsys.Visible || s.Frmmousecon.Visible);
     EXPECT_TRUE(t.shared.voiceson);

@@ -50,6 +50,7 @@ TEST_P(gun, fin_hits)
     EXPECT_EQ(d.crew(), "COMD: TARGET STOP !!");
     const double size = s.Imgtargets.Width + 100;
     EXPECT_TRUE(s.Imgexplode.Visible && s.Imgexplode.Width == size && s.Imgexplode.Height == size);
+    EXPECT_EQ(s.Imgtargets.Fire, visual ? fire::flames : fire::hot);
     EXPECT_DOUBLE_EQ(s.Imgexplode.Left, s.Imgtargets.Left);
     EXPECT_DOUBLE_EQ(s.Imgexplode.Top, s.Imgtargets.Top - 100);
     EXPECT_EQ(s.Imgexplode.Picture.source, visual ? ":explosion1" : ":hotexplosion1");
@@ -365,6 +366,9 @@ TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
     EXPECT_TRUE(s.targethit);
     EXPECT_EQ(s.coaxhits, 0);
     EXPECT_TRUE(s.gunloaded);
+    s.targethit = false;
+    for (int presses = 0; presses < 2; ++presses) d.pc.key_down('D');
+    EXPECT_EQ(s.coaxhits, visual ? 1 : 2) << "an auto-repeat is a burst on the thermal sight only";
 }
 
 // The loader starts with the order on the thermal sight, after the lay on the visual one.
@@ -432,10 +436,11 @@ TEST_F(visual_input, a_hesh_round_fired_with_the_autolay_held_takes_the_lay_back
 TEST_F(visual_input, keys_need_the_option_and_most_a_running_practice)
 {
     d.set_up();
-    s.gunloaded = true;
+    s.gunloaded = s.heshcorrecting = true;   // as the last practice may have left them
+    s.correctstep = 0;
     for (const char key : {'A', 'S', 'D', 'Q', 'E', 'R', 'W'}) d.tap(key);
-    EXPECT_TRUE(s.gunloaded);
-    EXPECT_FALSE(s.lazed || s.timautolay.Enabled || s.ammoarmed);
+    EXPECT_TRUE(s.gunloaded && s.heshcorrecting);
+    EXPECT_FALSE(s.lazed || s.timautolay.Enabled || s.ammoarmed || s.Cmdcoax.Enabled || s.correctstep > 0);
     const double left = s.Imgrange.Left;
     d.hold('H', 0.1);
     EXPECT_GT(s.Imgrange.Left, left);

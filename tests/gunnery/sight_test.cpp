@@ -203,12 +203,13 @@ TEST_F(visual_laser, lays)
         int range;
         double seconds, target, picture, mark;
         bool early, lead;   // an early release lays too; the lay has a lead
-    } lays[] = {
-        {"WE", 1000, 1, 3 * 110 + 11 * 20, 2 * 110 + 10 * 20, 500, true, false},
-        {"WERR", 1000, 1, 17 * 110 + 21 * 10, 16 * 110 + 20 * 10, 2000, false, true},
-        {"WERR", 2200, 1, 39 * 110 + 21 * 10, 38 * 110 + 20 * 10, -4400, false, true},
-        {"WERR", 2300, 1, 41 * 110 + 21 * 10, 40 * 110 + 20 * 10, 41 * 110 + 21 * 10 - 4600, false, true},
-        {"WQ", 1000, 2, 19 * 110, 18 * 110, 2000, true, false}};
+        int ammo;
+    } lays[] = {{"WE", 1000, 1, 3 * 110 + 11 * 20, 2 * 110 + 10 * 20, 500, true, false, fin_tank},
+                {"WERR", 1000, 1, 17 * 110 + 21 * 10, 16 * 110 + 20 * 10, 2000, false, true, hesh_bmp},
+                {"WERR", 2200, 1, 39 * 110 + 21 * 10, 38 * 110 + 20 * 10, -4400, false, true, hesh_bmp},
+                {"WERR", 2300, 1, 41 * 110 + 21 * 10, 40 * 110 + 20 * 10, 41 * 110 + 21 * 10 - 4600, false,
+                 true, hesh_bmp},
+                {"WQ", 1000, 2, 19 * 110, 18 * 110, 2000, true, false, coax_transport}};
     for (const auto& l : lays) {
         SCOPED_TRACE(testing::Message() << l.keys << ' ' << l.range);
         s.currentrange = l.range;
@@ -216,6 +217,8 @@ TEST_F(visual_laser, lays)
         s.leadperstep = 0.01F;
         d.target_at(4300, 1000);
         d.tap('A');
+        s.lazed = false;   // a lay sets these itself
+        s.ammoselected = (l.ammo + 1) % 3;
         const double top = s.Imgrange.Top, left = s.Imgrange.Left, mark = s.laze.Top;
         d.pc.key_down('S');
         d.pc.wait(l.seconds - 0.001);
@@ -224,8 +227,10 @@ TEST_F(visual_laser, lays)
         EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1000 + l.target);
         EXPECT_DOUBLE_EQ(s.Imgrange.Top, top + l.picture);
         EXPECT_NEAR(s.Imgrange.Left, left + (l.lead ? 0.01 * l.target : 0), 0.1);
+        EXPECT_NEAR(s.Imgtargets.Left, 4300 + (l.lead ? 0.01 * l.target : 0), 0.1);
         EXPECT_DOUBLE_EQ(s.laze.Top, mark + l.mark);
         EXPECT_TRUE(s.lazed && !s.layready);
+        EXPECT_EQ(s.ammoselected, l.ammo);
         d.pc.key_up('S');
         d.hold('S', 3);
         EXPECT_DOUBLE_EQ(s.Imgrange.Top, top + l.picture) << "one lay per lase";
@@ -310,6 +315,8 @@ TEST_F(thermal_laser, a_full_hold_moves_only_the_mark)
     d.pc.key_down('S');
     d.pc.wait(1.499);
     EXPECT_TRUE(s.layready);
+    s.lazed = false;
+    s.ammoselected = hesh_bmp;
     double lowest = mark;
     d.pc.at_pace = [&] { lowest = std::max(lowest, s.imgbam.Top); };
     const double from = d.pc.now();
@@ -319,7 +326,7 @@ TEST_F(thermal_laser, a_full_hold_moves_only_the_mark)
     EXPECT_NEAR(lowest, mark + 1100 / 3.0, 0.1);
     EXPECT_NEAR(s.imgbam.Top, mark, 0.1);
     EXPECT_DOUBLE_EQ(s.Imgrange.Top, range);
-    EXPECT_TRUE(s.lazed);
+    EXPECT_TRUE(s.lazed && s.ammoselected == fin_tank);
 }
 
 TEST_F(thermal_laser, an_early_release_gives_the_reversionary_mark)

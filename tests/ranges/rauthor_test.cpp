@@ -73,6 +73,8 @@ TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
         EXPECT_EQ(s.Lbltarget.Caption, std::to_string(n));
         EXPECT_TRUE(s.Lbltargetnum[n].bold && s.Lbltargetnum[n].BackColor == colour::red);
         EXPECT_FALSE(s.Lbltargetnum[n % 20 + 1].bold);
+        EXPECT_TRUE(s.Lbltargetnum[n].ForeColor == colour::white &&
+                    s.Lbltargetnum[n % 20 + 1].ForeColor == colour::text);
     }
     EXPECT_EQ(s.outcome.Caption, "");
     save("moor.arf");
@@ -81,6 +83,7 @@ TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
     const practice_state saved = p;
 
     pc.click(s.Cmdstart);
+    EXPECT_EQ(shown_screens(pc), "startsim");
     EXPECT_EQ(d.t.startsim.Lblrangename.Caption, "WET MOOR            ");
     d.present(6);
     EXPECT_TRUE(p.recx[1] == saved.targetx[6] && p.recy[1] == saved.targety[6]);
@@ -166,6 +169,7 @@ TEST_F(author, shows_the_target_of_the_chosen_icon_at_the_size_of_its_range)
     enter_range("300");
     EXPECT_EQ(s.shown_target.Height, 480) << "nearer than 600 counts as 600";
     new_range("MOOR", true, "moor.vrp");
+    EXPECT_TRUE(pc.dialogs.back().picture);
     enter_range("1000");
     EXPECT_EQ(s.shown_target.Width, 560 - 1000 / 4.0);
     d.data.put("target icons/own.ico", picture_head(64, 64));
