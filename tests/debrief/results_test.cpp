@@ -286,6 +286,14 @@ TEST_F(debrief, never_shows_a_record_with_the_pictures_of_another)
         for (const screen_object* o : {&s.Lblsystem, &s.Lblammo, &s.Lbltarget})
             EXPECT_EQ(o->Caption.size(), p.resultmode.empty() ? 0U : 20U) << "long texts are cut";
     }
+    r.resulticon2 = "/target icons/target3.ico";
+    for (const auto& [width, height, pointer] : {std::tuple{1003U, 200U, true}, {400U, 200U, false}}) {
+        d.data.put("small.vrp", picture_head(width, height));
+        r.resultpicture = "small.vrp";
+        put("small.vrn", r);
+        open("small.vrn");
+        EXPECT_EQ(s.imgtargetpointer.Visible, pointer) << "a scale of 1 has a place, one of 0 hasn't";
+    }
 }
 
 TEST_F(debrief, print_and_delete_need_a_file_and_a_confirmation)

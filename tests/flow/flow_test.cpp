@@ -139,6 +139,27 @@ TEST_F(program, help_and_exit_are_on_each_screen)
     EXPECT_TRUE(pc.ended);
 }
 
+TEST_F(program, a_hint_disappears_over_a_frame_of_its_screen)
+{
+    to_setup();
+    pc.confirm(t.startsim.cmdeditrange);
+    const auto look = [&](screen_object& button, std::initializer_list<screen_object*> frames,
+                          const screen_object& hint) {
+        for (screen_object* frame : frames) {
+            pc.event(button.MouseMove);
+            pc.advance(2);
+            EXPECT_TRUE(hint.Visible);
+            pc.event(frame->MouseMove);
+            EXPECT_FALSE(hint.Visible) << frame->Caption;
+        }
+    };
+    rauthor_screen& a = t.rauthor;
+    look(a.Cmdopen, {&a.Frame2, &a.Frame3, &a.Frame4, &a.Frame5}, a.lblhelp);
+    pc.click(a.Cmdstart);
+    pc.confirm(t.startsim.Cmddebrief);
+    look(t.results.Cmdopen, {&t.results.Imgrange}, t.results.lblhelp);
+}
+
 TEST_F(program, an_uncalibrated_joystick_prevents_a_start_and_a_quick_start)
 {
     to_setup();

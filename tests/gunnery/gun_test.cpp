@@ -63,6 +63,9 @@ TEST_P(gun, fin_hits)
     EXPECT_FALSE(s.Imgtargets.Visible);
     const texts sounds = d.sounds();
     EXPECT_EQ(texts(sounds.end() - 3, sounds.end()), (texts{"fire.wav", "targetstop.wav", "explode.wav"}));
+    d.random(draw_of(6));
+    while (!s.Imgtargets.Visible) d.pc.wait(1);
+    EXPECT_EQ(s.Imgtargets.Fire, fire::none) << "the next target doesn't burn";
 }
 
 TEST_P(gun, a_round_on_the_edge_of_the_kill_box_misses)
@@ -486,7 +489,7 @@ TEST_F(visual_input, buttons_are_enabled_by_the_state_of_the_practice)
     d.pc.wait(2.001);
     EXPECT_TRUE(s.Lblcharge.Visible);
     d.pc.press(s.Cmdlaze);
-    EXPECT_TRUE(s.Cmdautolay.Enabled && s.lazed);
+    EXPECT_TRUE(s.Cmdautolay.Enabled && s.lazed && !s.Lblcharge.Visible);
     d.pc.wait(2.001);
     s.laze.Visible = true;
     d.pc.click(s.Cmdoff);

@@ -154,7 +154,7 @@ TEST_F(visual_laser, the_mark_depends_on_the_aim)
 
     s.Imgtargets.Visible = false;
     d.tap('A');
-    EXPECT_TRUE(s.laze.Width == 200 && s.laze.Left == 4525);
+    EXPECT_TRUE(s.laze.Width == 200 && s.laze.Height == 100 && s.laze.Left == 4525);
     for (const char weapon : {'E', 'Q'}) {
         s.laze.Visible = s.hasfired = true;
         d.tap(weapon);

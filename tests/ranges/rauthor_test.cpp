@@ -72,6 +72,7 @@ TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
         EXPECT_EQ(s.Img[n].Top, s.Imgpoint.Top + 100);
         EXPECT_EQ(s.Lbltarget.Caption, std::to_string(n));
         EXPECT_TRUE(s.Lbltargetnum[n].bold && s.Lbltargetnum[n].BackColor == colour::red);
+        EXPECT_TRUE(s.Lbltargetnum[n].AccessibleName.starts_with("Placed"));
         EXPECT_FALSE(s.Lbltargetnum[n % 20 + 1].bold);
         EXPECT_TRUE(s.Lbltargetnum[n].ForeColor == colour::white &&
                     s.Lbltargetnum[n % 20 + 1].ForeColor == colour::text);
@@ -97,12 +98,12 @@ TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
     new_range("MOOR", false, "moor.vrp");
     EXPECT_EQ(s.Lblx.Caption, "23460");   // the middle, plus the mark's place in the window
     EXPECT_EQ(s.Lbly.Caption, "5107.5");
-    EXPECT_TRUE(s.Imagerange.Left == -43560 / 2.0 && s.Imagerange.Top == -7335 / 2.0);
     move(s.cmdleft, 3);
     EXPECT_TRUE(s.Imagerange.Left == -43560 / 2.0 + 300 && s.Imagerange.Top == -7335 / 2.0);
     pc.wait(1);
     EXPECT_EQ(s.Lblx.Caption, "23160") << "stops on release";
-    move(s.Cmdbigright, 2);
+    move(s.Cmdbigleft, 1);
+    move(s.Cmdbigright, 3);
     move(s.Cmdbigup, 1);
     EXPECT_EQ(s.Lblx.Caption, "23960");
     EXPECT_EQ(s.Lbly.Caption, "4707.5");
@@ -254,6 +255,7 @@ TEST_F(author, refuses_pictures_that_are_too_small)
         EXPECT_EQ(pc.boxes.back().title, z.taken ? "NEW RANGE" : "PICTURE FAULT");
     }
 
+    EXPECT_TRUE(s.Imagerange.Left == -450000 && s.Imagerange.Top == -22500) << "its middle";
     d.data.put("tiny.vrp", picture_head(10, 10));
     d.data.put("range1.vrp", picture_head(2000, 500));
     new_range("OWN", false, "tiny.vrp");   // no other picture is chosen: the standby picture
@@ -387,7 +389,7 @@ TEST_F(author, changes_an_icon_only_if_it_can_be_loaded)
 {
     d.data.put("target icons/own.ico", picture_head(64, 64));
     pc.choose(s.Imgtarget[2], path("target icons/own.ico"));
-    EXPECT_EQ(pc.dialogs.back().title, "OPEN TARGETS");
+    EXPECT_TRUE(pc.dialogs.back().title == "OPEN TARGETS" && pc.dialogs.back().picture);
     EXPECT_EQ(icon_path(pc, p.rootpath, p.targeticon2), path("target icons/own.ico"));
     const std::string kept = p.targeticon2;
     pc.choose(s.Imgtarget[2], path("visualrange.arf"));

@@ -211,6 +211,7 @@ TEST_F(setup, a_practice_file_is_saved_with_a_word_below)
     EXPECT_EQ(d.title + d.filter, "SAVE PRACTICE SETUPPractice Files (*.prf)|*.prf|");
     EXPECT_TRUE(d.save && d.folder == p.rootpath);
     EXPECT_TRUE(s.outcome.Caption.ends_with("own.prf is saved"));
+    EXPECT_EQ(s.practicefile, path("own.prf"));
     open("other.prf");
     EXPECT_EQ(s.practicefile, path("other.prf")) << "the file chosen last";
     save("no such folder/own.prf");
@@ -237,6 +238,9 @@ TEST_F(setup, a_practice_file_applies_as_far_as_it_can_be_read)
     EXPECT_TRUE(p.targetauto);
     EXPECT_EQ(p.windbias, 0);
     EXPECT_EQ(p.systemstatus, 3) << "not read: it follows a wind out of bounds";
+    data.put("wind.prf", first_lines(bytes, 7) + "3\r\n" + "#TRUE#\r\n");
+    open("wind.prf");
+    EXPECT_EQ(p.windbias, 3) << "the end of the slider";
 }
 
 TEST_F(setup, a_cancelled_dialog_or_a_wrong_file_changes_nothing)
