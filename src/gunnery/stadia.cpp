@@ -6,8 +6,9 @@ namespace vorn {
 void choosestadia(gunnery_screen& s)
 {
     const double h = s.Imgtargets.Height;
-    const int fits = h >= 380 ? 0 : h >= 280 && h <= 379 ? 1 : h >= 180 && h <= 279 ? 2 : h < 180 ? 3 : -1;
-    if (fits >= 0) s.Imgstadia.Picture = s.Imgstadia1[fits].Picture;
+    constexpr int none = -1;
+    const int fits = h < 180 ? 3 : h <= 279 ? 2 : h < 280 ? none : h <= 379 ? 1 : h < 380 ? none : 0;
+    if (fits != none) s.Imgstadia.Picture = s.Imgstadia1[fits].Picture;
 }
 
 }   // namespace vorn

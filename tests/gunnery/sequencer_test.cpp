@@ -122,6 +122,7 @@ TEST(thermal_practice, one_engagement_second_by_second)
     EXPECT_DOUBLE_EQ(s.Imgrange.Top, -3720 - 4 * 50);
     EXPECT_EQ(d.crew(), "COMMANDER :- FIN TANK  !!ON !!");
     EXPECT_EQ(s.Imgstadia.Picture.source, ":stadia1") << "for this size";
+    EXPECT_EQ(d.sounds().back(), "on.wav");
     EXPECT_EQ(d.t.shared.recwidth[1], 0);
     d.pc.advance(4);   // the fifth tick of the loader; from the sixth on the line is cleared
     EXPECT_EQ(d.crew(), "LOADER :- LOADED !!");

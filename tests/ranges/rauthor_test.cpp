@@ -280,6 +280,9 @@ TEST_F(author, refuses_pictures_that_are_too_small)
 TEST_F(author, a_cancelled_dialog_or_a_wrong_picture_ends_a_new_range)
 {
     new_range("FIRST", true, "moor.vrp");
+    for (int n = 1; n <= 20; ++n) place(n);
+    save("thermal.arf");
+    EXPECT_EQ(p.rangetype, "THERMAL");
     pc.click(s.cmdnew);
     EXPECT_EQ(s.Textname.Text, "FIRST") << "cancelled at the name: unchanged";
     enter_range("1000");
@@ -289,7 +292,6 @@ TEST_F(author, a_cancelled_dialog_or_a_wrong_picture_ends_a_new_range)
     EXPECT_EQ(p.rangename.text(), "A NAME OF MORE THAN ");
     EXPECT_EQ(s.Lblrangetype.Caption, "VISUAL");
     EXPECT_EQ(s.shown_target.Width, 660 - 1000 / 4.0) << "the size on the visual sight";
-    for (int n = 1; n <= 20; ++n) place(n);
     save("visual.arf");
     EXPECT_EQ(p.rangetype, "VISUAL");
     d.data.put("text.vrp", "no picture at all");
@@ -401,7 +403,9 @@ TEST_F(author, changes_an_icon_only_if_it_can_be_loaded)
     pc.click(s.Cmdstart);
     d.data.remove("target icons/own.ico");
     d.data.put("target icons/target3.ico", picture_head(16, 16));
+    d.data.put("target icons/target1.ico", picture_head(8, 8));
     visit();
+    EXPECT_EQ(s.Imgtarget[1].Picture.width, 120);
     EXPECT_EQ(s.Imgtarget[2].Picture.width, 960) << "the old picture stays if the icon can't be loaded";
     EXPECT_EQ(s.Imgtarget[3].Picture.width, 240) << "the other icons are loaded";
 }

@@ -109,8 +109,11 @@ TEST_F(setup, sliders_set_a_value_only_when_they_move)
     EXPECT_EQ(p.targetsize, 10);
     pc.slide(s.hsctarget, -1);
     EXPECT_EQ(p.killarea, 4);
-    for (const auto& [position, words] :
-         {std::pair{-3, "Left Strong"}, {-1, "Left Mild"}, {0, "None None"}, {2, "Right Fresh"}}) {
+    for (const auto& [position, words] : {std::pair{-3, "Left Strong"},
+                                          {-1, "Left Mild"},
+                                          {0, "None None"},
+                                          {1, "Right Mild"},
+                                          {2, "Right Fresh"}}) {
         pc.slide(s.HScrwind, position);
         EXPECT_EQ(p.windbias, position);
         EXPECT_EQ(s.lblwinddir.Caption + ' ' + s.Lblwindstr.Caption, words);
