@@ -8,9 +8,8 @@
 // below them. The block is viewed from the front and a little from above. Flash, flying debris and the glow
 // of the air are added to the picture.
 //
-// The sight draws a frame 16 to 220 pixels wide and shows it for at most a tenth of a second. To be
-// recognisable, a flash is broad, fire is either bright or gone, and smoke is darker than any ground behind
-// it.
+// The sight shows a frame for about a tenth of a second, 16 to 320 pixels wide. To be recognised, a flash is
+// broad, fire is either bright or gone, and smoke is darker than the ground.
 //
 // Usage: explosion FOLDER [NAME]
 
@@ -81,7 +80,8 @@ placed_puff placed(const scene& s, const puff& p, float time)
 {
     const puff_group& g = *p.of;
     // The wind is weaker near the ground.
-    const float carried = .01f * g.lift * (s.loops || g.along_ground ? 1 : .35f + 1.6f * p.thrown.y);
+    const float follows = s.loops ? .8f + 2.5f * p.thrown.y : .35f + 1.6f * p.thrown.y;
+    const float carried = .01f * g.lift * (g.along_ground ? 1 : follows);
     const float cooled = 1.45f * std::exp(-std::pow(time / s.cooling, 1.5f));
     const float age = s.loops ? 100 * time / g.life : time;
     const float fresh = s.loops ? smoothstep(0, .1f, time) * (1 - smoothstep(.35f, 1, age)) : 1;
@@ -110,10 +110,12 @@ float billows(vec3 p)
 {
     float sum = 0, height = .75f;
     for (int octave = 0; octave < 5; ++octave) {
+        // The coordinates are rotated, so that rows of the lattice aren't seen as stripes.
+        p = {.8f * p.y + .6f * p.z, -.8f * p.x + .36f * p.y - .48f * p.z,
+             -.6f * p.x - .48f * p.y + .64f * p.z};
         sum += height * (std::abs(noise3(p.x, p.y, p.z)) - .33f);
         height *= .54f;
-        // The coordinates are rotated as well as scaled, so that the lattice isn't visible.
-        p = vec3{7.3f, 1.9f, 4.1f} + vec3{.8f * p.x - .6f * p.z, p.y, .6f * p.x + .8f * p.z} * 2.07f;
+        p = vec3{7.3f, 1.9f, 4.1f} + p * 2.07f;
     }
     return sum;
 }
@@ -141,7 +143,7 @@ struct cell {
     float before_sun = 0, before_sky = 0;   // the density that sunlight and skylight have passed through
     // While the cell is filled: the greatest closeness to a puff (1 in its middle, 0 at its rim), and sums
     // over the puffs.
-    float closest = -1, weight = 0, solid = 0, age = 0;
+    float closest = -1, weight = 0, merged = 0, solid = 0, age = 0;
 };
 
 struct block {
@@ -165,10 +167,11 @@ vec3 place(const scene& s, const block& b, int x, int y, int z)
             (real(y) + .5f) * b.cell_size - s.foot.y + look_down * b.near(z), b.near(z)};
 }
 
+constexpr float reach = .4f;   // how far lumps go beyond the rim of a puff, in radii
+
 // Adds a puff to all cells within its reach.
 void add_puff(const scene& s, block& b, const placed_puff& p)
 {
-    constexpr float reach = .4f;   // how far lumps go beyond the rim of a puff, in radii
     const float out = p.radius * (1 + reach);
     const auto first = [&](float middle) { return std::max(0, floor_int((middle - out) / b.cell_size)); };
     const auto last = [&](float middle, int count) {
@@ -185,6 +188,7 @@ void add_puff(const scene& s, block& b, const placed_puff& p)
                 const float share = (closeness + reach) * (closeness + reach) * p.solid;
                 c.closest = std::max(c.closest, closeness - .5f * (1 - p.solid));
                 c.weight += share;
+                c.merged += share * share;
                 c.solid += share * p.solid;
                 c.heat += share * p.heat;
                 c.dust += share * p.dust;
@@ -199,15 +203,22 @@ void give_lumps(const scene& s, cell& c, vec3 at, float time)
 {
     if (c.weight <= 0) return;
     const float age = c.age / c.weight, noise = lumps(s, at, time);
-    const float torn = (.9f + .5f * smoothstep(.4f, 1, age)) * noise * (s.by_heat ? .6f : 1);
+    // On a thermal sight puffs merge.
+    if (s.by_heat) c.closest = std::min(.8f, std::pow(c.merged, .25f) - reach);
+    const float torn = ((s.by_heat ? 1.6f : .9f) + (s.loops ? 1.1f : .5f) * smoothstep(.4f, 1, age)) * noise;
     const float solid = c.closest + torn - .25f * smoothstep(.55f, 1, age);
     c.dust /= c.weight;
-    const float edge = s.by_heat ? 2 - age : s.loops ? 5 - 4 * std::min(1.f, age) : 5 - 2.5f * age;
-    c.density = clamp01(edge * solid) * (1 - .5f * c.dust) * c.solid / c.weight * smoothstep(0, .03f, at.y);
+    const float edge = s.loops ? 5 - 4 * std::min(1.f, age) : 5 - 2.5f * age;
+    const float filled = s.by_heat ? smoothstep(-.3f, .9f, solid) : clamp01(edge * solid);
+    const float above = s.by_heat ? smoothstep(-.04f, .07f, at.y + .15f * noise - .8f * at.x * at.x)
+                                  : smoothstep(0, .03f, at.y);
+    c.density = filled * (1 - .5f * c.dust) * c.solid / c.weight * above;
     c.heat *= std::max(0.f, s.by_heat ? .35f + 1.6f * c.closest - .3f * noise
                             : s.loops ? 1 + .3f * c.closest - 1.1f * noise
                                       : .60f + 1.3f * c.closest - .5f * noise) /
               c.weight;
+    // Smoke is less opaque to a thermal sight than fire.
+    if (s.by_heat) c.density *= .45f + .55f * std::min(1.f, c.heat);
 }
 
 // Sums the density along the path of the light, from the top row of cells down. `aside` is how far the light
@@ -260,8 +271,8 @@ vec3 cell_colour(const scene& s, const cell& c, float thick)
     const float sun = std::exp(-.5f * thick * c.before_sun), sky = std::exp(-.3f * thick * c.before_sky);
     const vec3 lit = mix(soot, earth, c.dust) * (sunlight * sun + skylight * mix(.3f, 1, sky));
     // From a dark red through orange and yellow to white.
-    const vec3 glow{3.6f * std::pow(c.heat, 2.6f), 1.7f * std::pow(c.heat, 3.6f),
-                    .4f * std::pow(c.heat, 6.f)};
+    const float heat = s.loops ? std::min(1.1f, c.heat) : c.heat;   // flames aren't white
+    const vec3 glow{3.6f * std::pow(heat, 2.6f), 1.7f * std::pow(heat, 3.6f), .4f * std::pow(heat, 6.f)};
     return shown(lit + glow);
 }
 
@@ -286,7 +297,7 @@ sample looked_through(const scene& s, block& b, int x, int y, float time)
 // burst.
 float light_distance(point at)
 {
-    return std::hypot(at.x, at.y < 0 ? 2.3f * at.y : at.y);
+    return std::hypot(at.x, at.y < 0 ? 3.5f * at.y : at.y);
 }
 
 // The glow of the air and the ground around the fire.
@@ -374,8 +385,8 @@ grid<sample> painted(const scene& s, int frame)
             const float inside = smoothstep(.02f, .11f, aside) * smoothstep(0, .7f * s.foot.y, below);
             picture.at(x, y) = over(flash(s, place_of(x, y), frame), picture.at(x, y)) * (left * inside);
         }
-    constexpr float blur = .012f;   // of a thermal sight
-    return s.by_heat ? blurred(picture, blur * real(s.side), floor_int(.03f * real(s.side))) : picture;
+    if (!s.by_heat) return picture;
+    return blurred(picture, .012f * real(s.side), floor_int(.03f * real(s.side)));
 }
 
 // Rounds the values to steps that are too small to be seen, which makes the file much smaller.

@@ -8,7 +8,7 @@ static constexpr bool up = false, along = true;   // thrown up, or along the gro
 // So the foot is left of the middle of the frame.
 static const scene explosion{
     .name = "explosion",
-    .side = 256,
+    .side = 176,
     .foot = {.44f, .12f},
     .puffs = {{44, up, {0, 100}, {10, 100}, {24, 46, 16}, {4.5f, 7}, {2.5f, 9}, {100, 120}, 45},
               {54, along, {0, 200}, {60, 100}, {34, 2.5f, 25}, {2, 2}, {2.5f, 6.5f}, {}, 0, 100, 10}},
@@ -26,9 +26,9 @@ static const scene fire{
     // Flames, and the smoke above them.
     .puffs =
         {{90, up, {30, 70}, {30, 100}, {5, 12, 6}, {6, 9}, {-5, -3}, {76, 98}, 0, 0, 85, 0, 75, 20, 55},
-         {60, up, {30, 70}, {30, 100}, {8, 14, 8}, {4, 6}, {8, 17}, {40, 70}, 0, 10, 100, 0, 100, 13, 150}},
+         {60, up, {20, 80}, {10, 100}, {13, 14, 8}, {4, 6}, {6, 15}, {40, 70}, 0, 10, 100, 0, 100, 11, 135}},
     .drag = 2,
-    .drift = {.13f, .02f, .55f},
+    .drift = {.13f, .02f, .57f},
     .lumps = 11,
     .thick = 45,
     .left = 1,
@@ -95,30 +95,19 @@ static const scene burst_coax{
 static scene hot(const char* name, scene s, float cooling, float warmer, float spot = 0)
 {
     s.name = name;
-    s.side /= 2;
     s.by_heat = true;
-    s.thick *= .7f;
+    s.thick *= s.loops ? .6f : .4f;
     s.cooling = cooling;
     for (puff_group& g : s.puffs) {
         g.heat = {g.heat.low + warmer, g.heat.high + warmer};
         g.young = {1.3f * g.young.low, 1.3f * g.young.high};
+        if (spot > 0) g.grown = {1.5f * g.grown.low, 1.5f * g.grown.high};
     }
-    std::erase_if(s.pieces, [](const piece_group& g) { return g.colour.x < 1; });
-    for (piece_group& g : s.pieces) {
-        g.colour = {1, 1, 1};
-        g.radius *= 1.4f;
-        g.life = {1.5f * g.life.low, 1.5f * g.life.high};
-    }
+    s.pieces.clear();
     const vec3 reach = vec3{1.5f, .8f, 1.5f} * spot;
     if (spot > 0)
-        s.puffs.push_back({.count = 10,
-                           .angle = {0, 100},
-                           .force = {10, 100},
-                           .reach = reach,
-                           .young = {spot, 1.3f * spot},
-                           .grown = {-1, 0},
-                           .heat = {300, 350},
-                           .lift = 0});
+        s.puffs.push_back(
+            {10, up, {0, 100}, {10, 100}, reach, {spot, 1.3f * spot}, {-1, 0}, {300, 350}, 0, 0, 0});
     return s;
 }
 
@@ -129,11 +118,11 @@ const std::vector<scene>& scenes()
                                         burst_fin,
                                         burst_hesh,
                                         burst_coax,
-                                        hot("hot_explosion", explosion, .5f, 60),
-                                        hot("hot_fire", fire, .45f, 70),
+                                        hot("hot_explosion", explosion, .4f, 40, 5),
+                                        hot("hot_fire", fire, .65f, 70),
                                         hot("hot_fin", burst_fin, .6f, 60, 4),
-                                        hot("hot_hesh", burst_hesh, .45f, 50, 5),
-                                        hot("hot_coax", burst_coax, .6f, 60, 6)};
+                                        hot("hot_hesh", burst_hesh, .4f, 30),
+                                        hot("hot_coax", burst_coax, .5f, 40, 6)};
     return all;
 }
 
