@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <string_view>
 
 #include "platform/desktop/drawing/pictures.h"
 
@@ -28,6 +29,12 @@ constexpr std::array<sheet, 10> sheets{{{"explosion", 0},   // indexed by `effec
                                         {"hot_fin", .05},
                                         {"hot_hesh", .05},
                                         {"hot_coax", .05}}};
+
+// Whether it is for the thermal sight.
+bool is_hot(const sheet& s)
+{
+    return std::string_view(s.name).starts_with("hot");
+}
 
 // Adds copies at 1/2, 1/4 ... of the size: QPainter skips source pixels when it scales a picture to less than
 // half.
@@ -60,7 +67,12 @@ void draw_effect(QPainter& p, effect what, const QRectF& at, int frame)
 {
     static std::array<QList<picture>, sheets.size()> read;
     const auto number = static_cast<std::size_t>(what);
-    if (read[number].isEmpty()) read[number] = frames_of(sheets[number]);
+    if (read[number].isEmpty()) {
+        // To save memory, the sheets of the other sight are dropped: only one sight is in use at a time.
+        for (std::size_t i = 0; i < sheets.size(); ++i)
+            if (is_hot(sheets[i]) != is_hot(sheets[number])) read[i].clear();
+        read[number] = frames_of(sheets[number]);
+    }
     const QRectF on_ground = at.translated(0, sheets[number].foot * at.height());
     if (frame >= 0 && frame < read[number].size()) draw_picture(p, read[number][frame], on_ground.toRect());
 }
