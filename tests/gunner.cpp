@@ -188,7 +188,8 @@ struct gunner {
         if (order_is("COAX")) return {beaten_zone.x, beaten_zone.y + (s_.visual() ? 2 * metres : metres / 7)};
         return {0, !s_.visual() ? 0 : order_is("FIN") ? metres / 2 : 2 * metres};
     }
-    // Lays the gun. In the full system the autolay moves the target of the visual sight to the fall of shot.
+    // Lases and lays; after a correction only lays. On the visual sight a full autolay itself moves the
+    // target to where the round falls.
     void lay()
     {
         if (!std::exchange(correcting_, false)) {

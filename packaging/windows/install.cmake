@@ -1,5 +1,5 @@
-# The folder of the program for Windows: the program, the data beside it, and our licences. tools/build_windows.sh adds the
-# libraries and makes the installer.
+# Installs the program for Windows and its licence; packaging/install.cmake puts the data beside the program.
+# tools/build_windows.sh adds the libraries with their licences, and makes the installer.
 enable_language(RC)
 configure_file(packaging/windows/vorn.rc.in vorn.rc @ONLY)
 set_source_files_properties(${CMAKE_BINARY_DIR}/vorn.rc PROPERTIES

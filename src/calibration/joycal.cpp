@@ -117,7 +117,7 @@ void takefactor(trainer& t, S& s, const axis_row& a)
 }
 
 // The dot moves like the sight in a practice: one twip for each full 100 units of the reading beyond the dead
-// band. The dot is one twip faster to the left and up, since the step is rounded down.
+// band. The step is rounded down: to the left and up this makes it one twip larger.
 void movedot(S& s, const axis_row& a, double bound, double at)
 {
     const double n = Int((at - bound) / 100);

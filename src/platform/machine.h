@@ -143,8 +143,8 @@ void unload(machine&, form&);
 form* front(const machine&);
 // To be called when the window system has brought this screen to the front.
 void came_to_front(machine&, form&);
-// To be called when the user closes the window. Runs the Click handler of the exit button, even if its panel
-// is hidden, or `closed` on a screen without an exit button.
+// To be called when the user closes the window. Runs the Click handler of the exit button, which may be
+// hidden. On a screen without an exit button it runs `closed`.
 void close_by_frame(form&);
 // To be called when a joystick has been connected or disconnected. Runs the JoystickChanged handlers of all
 // loaded screens.

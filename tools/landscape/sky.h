@@ -22,7 +22,8 @@ private:
 
 // 1 in the sun, less in the shadow of a cloud.
 float cloud_shadow(const country&, float x, float y);
-// What this many metres of air do to a colour. The target icons are drawn with the same haze.
+// What this many metres of air do to a colour. `shown` in target_icons/render.cpp has the same extinction
+// coefficients.
 struct haze {
     vec3 kept, added;
     vec3 operator()(vec3 colour) const { return colour * kept + added; }
