@@ -96,10 +96,12 @@ covers_screen() { [ "$(xdotool getwindowgeometry "$(window "$1")" | tail -1 | tr
 
 # From the title screen to the editor, in full screen.
 carry_full_screen() {
+    local width
     for _ in $(seq 20); do   # Return closes the box
         sleep 2
-        [ "$(xdotool getwindowgeometry --shell "$(window "$title")" | sed -n s/WIDTH=//p)" -lt 1000 ] || break
-        xdotool key Return
+        width=$(xdotool getwindowgeometry --shell "$(window "$title")" 2>/dev/null | sed -n s/WIDTH=//p)
+        [ "${width:-0}" -lt 1000 ] || break
+        [ -z "$width" ] || xdotool key Return   # between box and screen there is no window
     done
     xdotool key F11
     fills_screen "$title" || fail "the title screen isn't full screen"
