@@ -124,7 +124,7 @@ debrief="DEBRIEF SCREEN"
 
 # From the practice back to the editor, saves the practice, and saves the record in the debrief.
 save_both() {   # PRACTICE RECORD
-    click "V.O.R.N. VISUAL" 97 126   # RETURNT TO SETUP
+    click "V.O.R.N. VISUAL" 87 152   # RETURNT TO SETUP
     await "$editor"
     sleep 1
     click "$editor" 188 30   # SAVE PRACTICE
