@@ -119,6 +119,7 @@ say "removing the package"
 in_root dpkg --purge vorn >/dev/null
 [ "$(types)" -eq 0 ] && [ ! -e "$root/usr/share/mime/packages/vorn.xml" ] || { say "the MIME types of the package are still registered"; exit 1; }
 files_of_root >"$root/tmp/after"
-diff "$root/tmp/before" "$root/tmp/after" | grep -v -e '/etc/passwd' -e '/etc/group' -e '/etc/shadow' -e '/etc/gshadow' \
-    -e '/etc/subuid' -e '/etc/subgid' -e '/var/mail' | grep '^[<>]' && { say "the package leaves files behind"; exit 1; }
+left=$({ diff "$root/tmp/before" "$root/tmp/after" || true; } | grep '^[<>]' | grep -v -e '/etc/passwd' -e '/etc/group' \
+    -e '/etc/shadow' -e '/etc/gshadow' -e '/etc/subuid' -e '/etc/subgid' -e '/var/mail' || true)
+[ -z "$left" ] || { say "the package leaves files behind or takes others away: $left"; exit 1; }
 say "the package passes: $(basename "$package"), $(du -h "$package" | cut -f1)"

@@ -154,7 +154,7 @@ uninstall_key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\V.O.R.N'
 
 look_at_installation() {
     cmp "$work/stage/V.O.R.N/vorn.exe" "$installed/vorn.exe" || fail "the program isn't installed"
-    diff -rq "$work/stage/V.O.R.N" "$installed" | grep -v 'uninstall.exe' && fail "the installed files differ"
+    diff -rq -x uninstall.exe "$work/stage/V.O.R.N" "$installed" || fail "the installed files differ"
     for key in "$uninstall_key" 'HKCR\.vrn' 'HKCR\vorn.record\DefaultIcon' 'HKCR\vorn.record\shell\open\command'; do
         registered "$key" || fail "$key isn't registered"
     done

@@ -1,6 +1,6 @@
 ; The installer. VERSION, STAGE (the folder with the program), FILES (made by build_windows.sh: what to delete) and OUT are
 ; given on the command line. It installs for all users, or for one user without administrator's rights.
-; Options: /AllUsers, /CurrentUser, /S (asks no questions), and last /D=FOLDER (where to install).
+; Options: /AllUsers, /CurrentUser, /S (asks no questions).
 Target amd64-unicode
 SetCompressor /SOLID lzma
 
@@ -110,8 +110,11 @@ FunctionEnd
 
 Section "install"
     !insertmacro not_running
-    ; The version installed before may have files that this version doesn't have.
-    ${If} ${FileExists} "$INSTDIR\uninstall.exe"
+    ; The version installed before may have files that this version doesn't have. In any other folder an
+    ; uninstall.exe belongs to another program.
+    ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "InstallLocation"
+    ${If} $0 == $INSTDIR
+    ${AndIf} ${FileExists} "$INSTDIR\uninstall.exe"
         ExecWait '"$INSTDIR\uninstall.exe" /S /$MultiUser.InstallMode _?=$INSTDIR'
     ${EndIf}
     SetOutPath "$INSTDIR"
