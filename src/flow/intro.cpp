@@ -57,8 +57,8 @@ void start_program(trainer& t)
 }
 
 // The program directory to which a chosen file belongs. The file is in that directory or in its folder
-// "ranges", since the directory itself may contain no files. A program directory that is itself named
-// "ranges" is recognised by its "ranges/vorn.HLP".
+// "ranges", since the directory itself sometimes contains only folders. A program directory that is itself
+// named "ranges" is recognised by its "ranges/vorn.HLP".
 static std::filesystem::path directory_of(const std::string& file)
 {
     const std::filesystem::path folder = from_utf8(file).parent_path();

@@ -241,7 +241,8 @@ void wronground(trainer& t, gunnery_screen& s)
 }
 
 constexpr double fin_speed = 1500, hesh_speed = 670;   // metres per second
-// Seconds. No event is handled during relay and flight, so both together must take less than 4 seconds.
+// Seconds. No event is handled during relay and flight. Together they take less than 4 seconds, since a
+// desktop reports after about 5 that a program doesn't respond.
 constexpr double longest_flight = 3.4;
 
 double flightseconds(const gunnery_screen& s, double speed)

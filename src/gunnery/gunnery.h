@@ -85,7 +85,7 @@ void keycoaxstop(trainer&, gunnery_screen&);
 // input.cpp: keys, joystick, and the gunner's buttons on the screen.
 void make_input(trainer&, gunnery_screen&);
 
-// stadia.cpp: shows the stadia mark for the target's size.
+// stadia.cpp: selects the picture of the stadia mark for the target's size.
 void choosestadia(gunnery_screen&);
 
 // score.cpp: hits, and the score at the end of a practice.

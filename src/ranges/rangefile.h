@@ -1,5 +1,6 @@
 // The range file (.arf): a picture of a landscape, twenty numbered target positions on it, and the range in
-// metres of each. It has 69 lines of item text (state/item_text.h); entry 0 isn't used.
+// metres of each. It has 69 lines of item text (state/item_text.h). Before position 1 it has an entry 0
+// that isn't used.
 #pragma once
 
 #include <functional>

@@ -78,7 +78,7 @@ TEST_F(screen_reset, a_plain_screen_shows_its_keys_until_the_practice_starts)
     p.targetauto = false;
     d.set_up();
     EXPECT_TRUE(s.keynote.Visible);
-    // Within a key and its button the blanks are no-break spaces.
+    // Between a key and its button, and in the button's name, the blanks are no-break spaces.
     for (const char* key : {"Alt+S\xC2\xA0\xC2\xA0START\xC2\xA0SIM ", "Alt+T", "Alt+P", "Alt+G", "Esc"})
         EXPECT_NE(s.keynote.Caption.find(key), std::string::npos) << key;
     d.pc.key_down('P', true);

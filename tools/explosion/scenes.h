@@ -46,7 +46,7 @@ struct scene {
     std::vector<puff_group> puffs;
     std::vector<piece_group> pieces{};
     float drag = 5;
-    vec3 drift{};            // wind and rise, times the square of the time; steady rise
+    vec3 drift{};            // x: wind, y: rise, both times the square of the time; z: rise, times the time
     float lumps = 7.5f;      // frequency of the noise: lumps per length
     float thick = 70;        // extinction of the densest smoke, per length
     limits thins{.45f, 1};   // the time in which the smoke becomes thinner

@@ -243,7 +243,7 @@ private:
         tap(s, "R");
         take_sight("hesh_second_press", s);
         hold_autolay_and_load(s);
-        // Not 0 across, since the debrief shows no button for such a round.
+        // Not 0 across: the debrief shows no button for a round at offset 0.
         lay_and_fire(s, 12, 2.0 * s.currentrange);
         end_engagement(s);
     }

@@ -42,8 +42,8 @@ struct strip {
 
 // Whether a column consists mostly of pictures, which can't fill more height.
 bool is_rigid(const column&);
-// The strip of least height with this many columns, if possible without a rigid one. The blocks keep their
-// order.
+// The strip of least height with this many columns. A strip with a rigid column is returned only if all
+// others are clearly higher. The blocks keep their order.
 strip make_strip(std::span<const block>, std::size_t columns);
 
 // Places the blocks of the strip so that they fill the rectangle.
@@ -52,7 +52,7 @@ void fill(strip&, const QRectF&);
 // Shows a block at its place (`at`, in twips of the form), with its contents spread over that place.
 void place_block(arrangement&, const form&, const block&, const QPointF& parent_corner);
 
-// Spreads all objects of a form over a form wider by this factor. Text and pictures keep their size.
+// Spreads all objects of a form over `wider` times its width. Text and pictures keep their size.
 void spread_across(arrangement&, const form&, double wider);
 
 }   // namespace vorn
