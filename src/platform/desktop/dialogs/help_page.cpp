@@ -20,6 +20,7 @@ namespace vorn {
 namespace {
 
 constexpr double smallest_text = 7, largest_text = 32;   // points
+constexpr int page_margin = 22;
 
 QString missing_page(const QString& file)
 {
@@ -102,10 +103,17 @@ help_page::help_page(QWidget* parent) : QTextBrowser(parent)
     set_text_size(normal_text);
     setOpenLinks(false);
     setFrameShape(QFrame::NoFrame);
-    document()->setDocumentMargin(22);
+    document()->setDocumentMargin(page_margin);
     document()->setDefaultStyleSheet(page_style());
     document()->documentLayout()->registerHandler(QTextFormat::ImageObject, new picture_drawing(this));
     connect(this, &QTextBrowser::anchorClicked, this, &help_page::follow);
+    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &help_page::hide_needless_scroll_bar);
+}
+
+// Qt rounds the widths of columns up, so a wide table can reach a pixel or two into the margin.
+void help_page::hide_needless_scroll_bar(int, int hidden)
+{
+    setHorizontalScrollBarPolicy(hidden < page_margin ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
 }
 
 QString help_page::path_of(const QUrl& name) const
