@@ -120,7 +120,7 @@ void legend(S& s)
     }
 }
 
-void round_buttons(S& s)
+void add_round_buttons(S& s)
 {
     caption(s, &s.Frame1, label({180, 4110, 840, 300}, "ROUND", colour::dim));
     double left = 1080;
@@ -148,7 +148,7 @@ void target_details(S& s)
                                        text_size::normal, alignment::centre));
     notseen.BackColor = colour::black;
     add(s.window, s.Lbltargetvis, hidden(std::move(notseen)), &s.Frame1);
-    round_buttons(s);
+    add_round_buttons(s);
     legend(s);
     add(s.window, s.Shape1, hidden(shape({2040, 1560, 75, 75}, shape_kind::filled_ellipse, colour::white)),
         &s.Frame1);

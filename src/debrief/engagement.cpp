@@ -16,8 +16,8 @@ constexpr int rows = 15;
 constexpr int farthest_seen = 2200;   // metres; at longer ranges the point of aim isn't shown
 
 // The buttons of rounds 1 to 4.
-using round_buttons = std::array<screen_object*, 4>;
-round_buttons roundbuttons(results_screen& s)
+using button_row = std::array<screen_object*, 4>;
+button_row roundbuttons(results_screen& s)
 {
     return {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4};
 }

@@ -121,7 +121,7 @@ void summary(S& s)
     }
 }
 
-void practices(S& s)
+void practice_buttons(S& s)
 {
     add(s.window, s.Frame13, frame({3720, 870, 6120, 3480}, "Practices"));
     step(s, s.Frame13, "2");
@@ -304,7 +304,7 @@ void design_startsim(startsim_screen& s)
     s.window.Caption = "  V.O.R.N.  PRACTICE EDITOR   ( CHALLENGER 1 )";
     student(s);
     instructions_frame(s);
-    practices(s);
+    practice_buttons(s);
     firing_options(s);
     range_frame(s);
     screen_info(s);

@@ -9,15 +9,14 @@ namespace vorn {
 namespace {
 
 using S = startsim_screen;
-using option = screen_object S::*;
 
 // The order of the items: options, the wind, more options, lines 1 to 7 of the summary.
-constexpr option before_wind[] = {&S::Optmode1, &S::Optmode2, &S::Opttarg1, &S::Opttarg2,
-                                  &S::Option2,  &S::Option3,  &S::Option4};
-constexpr option after_wind[] = {&S::Optsys1,     &S::Optsys2,     &S::Optsys3,     &S::Optsys4,
-                                 &S::Opteng1,     &S::Opteng2,     &S::Opteng3,     &S::Opteng4,
-                                 &S::Opttargets1, &S::Opttargets2, &S::Opttargets3, &S::Opttargets4,
-                                 &S::Opttime1,    &S::Opttime2,    &S::Opttime3,    &S::Opttime4};
+constexpr startsim_option before_wind[] = {&S::Optmode1, &S::Optmode2, &S::Opttarg1, &S::Opttarg2,
+                                           &S::Option2,  &S::Option3,  &S::Option4};
+constexpr startsim_option after_wind[] = {&S::Optsys1,     &S::Optsys2,     &S::Optsys3,     &S::Optsys4,
+                                          &S::Opteng1,     &S::Opteng2,     &S::Opteng3,     &S::Opteng4,
+                                          &S::Opttargets1, &S::Opttargets2, &S::Opttargets3, &S::Opttargets4,
+                                          &S::Opttime1,    &S::Opttime2,    &S::Opttime3,    &S::Opttime4};
 constexpr int first_line = 1, last_line = 7;
 
 // False clears the option without running a handler. True selects the option, which runs its Click handler
@@ -34,9 +33,9 @@ bool take_option(item_reader& items, screen_object& o)
 }
 
 template <std::size_t N>
-bool take_options(item_reader& items, startsim_screen& s, const option (&options)[N])
+bool take_options(item_reader& items, startsim_screen& s, const startsim_option (&options)[N])
 {
-    for (const option o : options)
+    for (const startsim_option o : options)
         if (!take_option(items, s.*o)) return false;
     return true;
 }
@@ -82,9 +81,9 @@ void cmdsaveset_click(trainer& t)
 std::string practice_file_bytes(const startsim_screen& s)
 {
     item_writer items;
-    for (const option o : before_wind) items.put((s.*o).Value != 0);
+    for (const startsim_option o : before_wind) items.put((s.*o).Value != 0);
     items.put(s.HScrwind.Value);
-    for (const option o : after_wind) items.put((s.*o).Value != 0);
+    for (const startsim_option o : after_wind) items.put((s.*o).Value != 0);
     for (int i = first_line; i <= last_line; ++i) items.put(s.lblprac[i].Caption);
     return items.file_bytes();
 }

@@ -7,26 +7,25 @@ namespace vorn {
 namespace {
 
 using S = startsim_screen;
-using option = screen_object S::*;
 
 // An option and its line of the summary.
-struct choice {
-    option selects;
+struct selection {
+    startsim_option selects;
     const char* summary;
 };
-constexpr choice visual{&S::Optmode1, "VISUAL PRACTICE"}, thermal{&S::Optmode2, "THERMAL PRACTICE"};
-constexpr choice full{&S::Optsys1, "A FULL SYSTEM"}, laze{&S::Optsys2, "A  LAZE ONLY "};
-constexpr choice fin{&S::Opteng4, "USING ONLY FIN AMMUNITION"},
+constexpr selection visual{&S::Optmode1, "VISUAL PRACTICE"}, thermal{&S::Optmode2, "THERMAL PRACTICE"};
+constexpr selection full{&S::Optsys1, "A FULL SYSTEM"}, laze{&S::Optsys2, "A  LAZE ONLY "};
+constexpr selection fin{&S::Opteng4, "USING ONLY FIN AMMUNITION"},
     hesh{&S::Opteng3, "USING ONLY HESH AMMUNITION"}, coax{&S::Opteng2, "USING ONLY COAX AMMUNITION"},
     mixed{&S::Opteng1, "USING ALL NATURES OF AMMO"};
-constexpr option up30 = &S::Opttime3, up40 = &S::Opttime4;
+constexpr startsim_option up30 = &S::Opttime3, up40 = &S::Opttime4;
 
 constexpr const char* standard = "STANDARD PRACTICE SHOOT";
 constexpr const char* special = "SPECIAL PRACTICE SHOOT";
 constexpr const char* thirty = "UP FOR 30 SECS ";
 constexpr const char* thirty2 = " UP FOR 30 SECS ";   // practices 1 and 2 have an extra space
 constexpr const char* no_coax = "THERE WILL BE NO COAX TARGETS";
-constexpr const char* bursts = "2 KILL BURSTS FOR COAX TARGETS";
+constexpr const char* two_bursts = "2 KILL BURSTS FOR COAX TARGETS";
 
 // Shown for practices 1 to 11, although they have nine targets.
 constexpr const char* six = "SIX TARGETS";
@@ -35,23 +34,23 @@ constexpr const char* automatic = "ALL TARGETS APPEAR AUTOMATICALLY";
 // The options that a practice selects, and its summary. All practices also select Automatic, two bursts and
 // nine targets. The summary is fixed: it may say thirty seconds when forty are selected.
 struct programmed {
-    choice mode, system;
+    selection mode, system;
     const char* practice;
-    choice engagements;
+    selection engagements;
     int wind;
-    option time;
+    startsim_option time;
     const char *up, *coax, *targets = six, *targetry = automatic;
 };
-constexpr programmed practices[] = {
+constexpr programmed programmed_practices[] = {
     {visual, full, standard, fin, 0, up40, thirty2, "YOU WILL RECEIVE NO COAX TARGETS"},
     {visual, full, standard, hesh, 2, up40, thirty2, no_coax},
-    {visual, full, standard, coax, 0, up40, thirty, bursts},
+    {visual, full, standard, coax, 0, up40, thirty, two_bursts},
     {thermal, full, standard, fin, 0, up40, thirty, no_coax},
     {thermal, full, standard, hesh, -2, up40, thirty, no_coax},
-    {thermal, full, standard, coax, 0, up40, thirty, bursts},
+    {thermal, full, standard, coax, 0, up40, thirty, two_bursts},
     {visual, laze, special, fin, 0, up40, thirty, no_coax},
     {visual, laze, special, hesh, 2, up40, thirty, no_coax},
-    {visual, laze, special, coax, 0, up40, thirty, bursts},
+    {visual, laze, special, coax, 0, up40, thirty, two_bursts},
     {thermal, laze, special, fin, 0, up40, thirty, no_coax},
     {thermal, laze, special, hesh, -2, up30, thirty, no_coax},
     {visual, full, standard, mixed, 0, up30, thirty, "2 KILL BURSTS ON COAX TARGETS", "NINE TARGETS",
@@ -70,10 +69,10 @@ void lblpractice_click(trainer& t, int number)
     startsim_screen& s = t.startsim;
     highlight(s, number);
     t.shared.practicenumber = number;
-    const programmed& p = practices[number - 1];
-    for (const option o : {p.mode.selects, &S::Opttarg1, &S::Option2}) select_option(s.*o);
+    const programmed& p = programmed_practices[number - 1];
+    for (const startsim_option o : {p.mode.selects, &S::Opttarg1, &S::Option2}) select_option(s.*o);
     set_slider(s.HScrwind, p.wind);
-    for (const option o : {p.system.selects, p.engagements.selects, &S::Opttargets2, p.time})
+    for (const startsim_option o : {p.system.selects, p.engagements.selects, &S::Opttargets2, p.time})
         select_option(s.*o);
     const char* summary[] = {p.system.summary, p.practice, p.engagements.summary, p.targets, p.up, p.targetry,
                              p.mode.summary,   p.coax};

@@ -64,6 +64,8 @@ struct startsim_screen {
     std::string practicefile;   // path of the practice file chosen last
 };
 
+using startsim_option = screen_object startsim_screen::*;   // names an option of the screen
+
 void make_startsim(trainer&);
 
 // Reads name and type from the file of the range, and sets the practice mode by the type. If the file can't

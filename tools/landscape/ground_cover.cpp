@@ -33,7 +33,7 @@ constexpr fine_wave fine_waves[] = {{.0019f, .26f, .9f, 204},
                                     {.00044f, .24f, .35f, 206},
                                     {.0047f, .22f, .2f, 207}};
 
-float fine(const country& land, const ground_spot& s, const fine_wave& w, float& relief)
+float fine_component(const country& land, const ground_spot& s, const fine_wave& w, float& relief)
 {
     const float metres = w.angle * s.range;
     const float share =
@@ -52,10 +52,11 @@ texture texture_at(const country& land, const ground_spot& s)
     t.wide = fractal(s.x / 420, s.y / 420, land.seed + 201, 3);
     t.broad = fractal(s.x / 90, s.y / 90, 202, 3);
     t.clumps = noise(s.x / 23, s.y / 23, 203) + .5f * noise(s.x / 11, s.y / 11, 213);
-    t.tufts = seen(s, 4) * noise(s.x / 4, s.y / 8, 204) + .7f * fine(land, s, fine_waves[3], t.relief);
-    t.stems = fine(land, s, fine_waves[0], t.relief);
-    t.blades = fine(land, s, fine_waves[1], t.relief);
-    t.specks = fine(land, s, fine_waves[2], t.relief);
+    t.tufts =
+        seen(s, 4) * noise(s.x / 4, s.y / 8, 204) + .7f * fine_component(land, s, fine_waves[3], t.relief);
+    t.stems = fine_component(land, s, fine_waves[0], t.relief);
+    t.blades = fine_component(land, s, fine_waves[1], t.relief);
+    t.specks = fine_component(land, s, fine_waves[2], t.relief);
     return t;
 }
 

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int coarser = 4;                 // pixels of the picture per cell of the grid
 constexpr float base = 1100, top = 1750;   // of the cumulus clouds, metres
-constexpr float farthest = 60000;          // metres
+constexpr float farthest_cloud = 60000;    // metres
 constexpr int samples = 40;                // along a line of sight
 
 struct cumulus {
@@ -45,8 +45,8 @@ struct seen_cloud {
 seen_cloud march(const country& land, const cumulus& clouds, vec3 direction, float jitter)
 {
     seen_cloud c;
-    const float from = base / direction.z, to = std::min(top / direction.z, farthest);
-    if (from > farthest * .75f) return c;
+    const float from = base / direction.z, to = std::min(top / direction.z, farthest_cloud);
+    if (from > farthest_cloud * .75f) return c;
     const float step = (to - from) / samples;
     float weight = 0, distance = 0;
     for (int i = 0; i < samples && c.through > .02f; ++i) {
