@@ -18,10 +18,11 @@ using S = results_screen;
 // The marks of lase and visual aim are upside down, since they are placed by the offsets in the record.
 constexpr const char* reading =
     "The cross is the middle of the target. The other marks show laser, aim and round against it.\n\n"
-    "Laser, and aim of the visual sight, are upside down: below the cross is too high.\n\n"
+    "Laser, and aim of the visual sight, are upside down. A good visual lay has its aim straight below the "
+    "cross.\n\n"
     "The round is shown half a target right and low: a hit in the dashed line.\n\n"
-    "Aim and strike apart: range, wind, lay. Each time the same: no correction.\n\n"
-    "Pale: never fired, never lased.\nNear the edge: further out.";
+    "Twice the same strike: no correction.\n\n"
+    "Pale: never fired, never lased.\nAt the edge: further out.";
 
 void buttons(S& s)
 {
@@ -180,8 +181,8 @@ void thermal_marks(S& s)
     add(s.window, s.Imgrevhesh, hidden(image({1020, 1418, 1080, 375}, ":revhesh")), &s.Frmtherm);
 }
 
-// Places the frame in the given area with its contents enlarged. Objects at its right edge are widened with
-// it.
+// Places the frame in the given area with its contents enlarged. Objects designed at its right edge are
+// widened with it. A mark that has moved there isn't.
 void put_frame(const S& s, wide_layout& w, const screen_object& frame, const area& at, double factor)
 {
     constexpr double right_margin = 200;
@@ -189,7 +190,7 @@ void put_frame(const S& s, wide_layout& w, const screen_object& frame, const are
     w.enlarged[&frame].factor = factor;
     const double wider = at.Width / factor - frame.Width;
     for (const screen_object* o : s.window.objects)
-        if (o->parent == &frame && o->Left + o->Width > frame.Width - right_margin)
+        if (o->parent == &frame && o->design->Left + o->design->Width > frame.Width - right_margin)
             w.places[o] = {o->Left, o->Top, o->Width + wider,
                            std::min(o->Height, at.Height / factor - o->Top)};
 }
