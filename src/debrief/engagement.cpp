@@ -65,11 +65,19 @@ void place(screen_object& mark, double left, double top)
     mark.Top = top;
 }
 
-// Highlights the button of the round that is shown.
-void show_round(results_screen& s, int round)
+// Whether fewer rounds were fired: the record then has a round of an earlier practice here. recrounds is at
+// most 3.
+bool never_fired(const practice_state& p, int e, int round)
+{
+    return p.recrounds[e] < std::min(round, 3);
+}
+
+// Highlights the button of the round that is shown and dims those of rounds that weren't fired.
+void show_round(const practice_state& p, results_screen& s, int round)
 {
     for (int r = 1; screen_object * button : roundbuttons(s)) {
-        button->ForeColor = r == round ? colour::live : colour::text;
+        const colour other = never_fired(p, s.selectedengagement, r) ? colour::dim : colour::text;
+        button->ForeColor = r == round ? colour::live : other;
         button->bold = r == round;
         button->AccessibleName = r == round ? "On view, round" : "Round";
         ++r;
@@ -77,8 +85,7 @@ void show_round(results_screen& s, int round)
 }
 
 // The offsets in the record run from the aim, the lase and the round to the target. A mark is pale if the
-// record has no offset for it, or if fewer rounds were fired and the offset is from an earlier practice.
-// recrounds is at most 3.
+// record has no offset for it or if the round was never fired.
 void place_markers(const practice_state& p, results_screen& s, int round)
 {
     const int e = s.selectedengagement;
@@ -87,11 +94,11 @@ void place_markers(const practice_state& p, results_screen& s, int round)
     place(s.Imagepoa, left - p.recaimx[e][round] * scale, top + p.recaimy[e][round] * scale);
     place(s.Imglaze, left - p.reclazex[e] * scale, top + p.reclazey[e] * scale);
     place(s.Imgfos, left - p.recfallx[e][round] * scale, top - p.recfally[e][round] * scale);
-    s.Imagepoa.Pale = p.recrounds[e] < std::min(round, 3);
+    s.Imagepoa.Pale = never_fired(p, e, round);
     // For auto-repeats of the trigger in a visual coax burst the record has an aim and no fall of shot.
     s.Imgfos.Pale = s.Imagepoa.Pale || (p.recfallx[e][round] == 0 && p.recfally[e][round] == 0);
     s.Imglaze.Pale = p.reclazex[e] == 0 && p.reclazey[e] == 0;
-    show_round(s, round);
+    show_round(p, s, round);
 }
 
 // A round is a hit if the middle of its mark is inside this outline. The record has no kill area, so the

@@ -115,8 +115,8 @@ void help_window::search(QTextDocument::FindFlags flags)
     search_result_->setText("Not found");
 }
 
-// Places the window beside the opener, on the side with more room. If there is too little room, centres it on
-// the desktop with its whole frame.
+// Places the window beside the opener, on the side with more room. If there is too little room, places it at
+// the left edge of the desktop: the sights and the debrief's target are on the right.
 void help_window::place_beside(const QWidget& opener)
 {
     const QRect all = opener.screen()->availableGeometry(), taken = opener.frameGeometry();
@@ -126,8 +126,7 @@ void help_window::place_beside(const QWidget& opener)
     if (width < minimumWidth()) {
         const QSize room(all.width() - frame, all.height() - title), size = usual_size.boundedTo(room);
         resize(size);
-        return move(all.left() + (room.width() - size.width()) / 2,
-                    all.top() + (room.height() - size.height()) / 2);
+        return move(all.left(), all.top() + (room.height() - size.height()) / 2);
     }
     const int top = std::max(taken.top(), all.top());
     resize(width, std::min(std::max(opener.height(), usual_size.height()), all.bottom() - top - title));
