@@ -156,19 +156,10 @@ build_trainer() {
     for file in "$stage"/licences/*.txt; do sed -i 's/\r*$/\r/' "$file"; done   # for the editors of Windows
 }
 
-# What the uninstaller deletes: the files of the folder, then the folders that are empty.
-# shellcheck disable=SC2016
-list_files() {
-    (cd "$1" && find . -type f | sort | sed 's,^\./\(.*\),Delete "$INSTDIR\\\1",' &&
-        find . -mindepth 1 -type d | sort -r | sed 's,^\./\(.*\),RMDir "$INSTDIR\\\1",') | sed '/"/s,/,\\,g'
-}
-
 make_packages() {
     local stage=$work/stage/V.O.R.N setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip
     say "making the installer and the ZIP file"
-    list_files "$stage" >"$work/files.nsh"
-    makensis -V2 -DVERSION="$version" -DSTAGE="$stage" -DFILES="$work/files.nsh" -DOUT="$setup" \
-        -DICON="$root/data/icons/vorn.ico" packaging/windows/setup.nsi
+    packaging/windows/make_setup.sh "$version" "$stage" "$setup"
     rm -f "$zip"
     (cd "$work/stage" && cmake -E tar cf "$zip" --format=zip V.O.R.N)
     say "the trainer for Windows: $(du -h "$setup" "$zip" | awk '{ printf "%s%s (%s)", s, $2, $1; s = " and " }')"

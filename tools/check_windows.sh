@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Checks the trainer for Windows under Wine. Runs the core's tests. Installs the trainer silently into a fresh Wine prefix,
-# starts it, operates it by mouse and keys until a target is destroyed and files are saved, installs it again, uninstalls it,
-# and checks what is left. Also operates the unpacked program, in a path with blanks, umlauts and Cyrillic letters, and compares
-# its start time with that of the trainer for this system. tools/build_windows.sh must have run.
+# starts it, operates it by mouse and keys until a target is destroyed and files are saved, installs it again and over another
+# version, uninstalls it, and checks what is left. Does the same for one user without operating it. Also operates the unpacked
+# program, in a path with blanks, umlauts and Cyrillic letters, and compares its start time with that of the trainer for this
+# system. tools/build_windows.sh must have run.
 #
 #   tools/check_windows.sh [core | program]
 #
@@ -20,7 +21,7 @@ jobs=${JOBS:-$(getconf _NPROCESSORS_ONLN)}
 helpers=()
 fail() { say "$1"; exit 1; }
 
-check_packages=(wine wine64 xvfb openbox xdotool imagemagick python3-fonttools ninja-build g++-mingw-w64-x86-64-posix)
+check_packages=(nsis wine wine64 xvfb openbox xdotool imagemagick python3-fonttools ninja-build g++-mingw-w64-x86-64-posix)
 
 end_all() {
     wineserver -k 2>/dev/null || true
@@ -144,20 +145,20 @@ compare_starts() {   # FOLDER with the program
     [ "$windows" -le $((2 * here)) ] || fail "the program starts too slowly"
 }
 
-run_setup() {
-    wine "$setup" /S || fail "the installer reports an error"
+run_setup() {   # INSTALLER OPTIONS...
+    wine "$@" /S || fail "$1 reports an error"
     wineserver -w
 }
 
 registered() { wine reg query "$1" >/dev/null 2>&1; }
-uninstall_key='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\V.O.R.N'
+keys=('Software\Microsoft\Windows\CurrentVersion\Uninstall\V.O.R.N' 'Software\Classes\.'{arf,prf,vrn}
+    'Software\Classes\vorn.'{range,practice,record}{'\DefaultIcon','\shell\open\command'})
 
-look_at_installation() {
-    cmp "$work/stage/V.O.R.N/vorn.exe" "$installed/vorn.exe" || fail "the program isn't installed"
-    diff -rq -x uninstall.exe "$work/stage/V.O.R.N" "$installed" || fail "the installed files differ"
-    for key in "$uninstall_key" 'HKCR\.vrn' 'HKCR\vorn.record\DefaultIcon' 'HKCR\vorn.record\shell\open\command'; do
-        registered "$key" || fail "$key isn't registered"
-    done
+look_at_installation() {   # HKLM or HKCU, the folder that was installed
+    local key
+    cmp "$2/vorn.exe" "$installed/vorn.exe" || fail "the program isn't installed"
+    diff -rq -x uninstall.exe "$2" "$installed" || fail "the installed files differ"
+    for key in "${keys[@]}"; do registered "$1\\$key" || fail "$key isn't registered"; done
     [ -n "$(find "$WINEPREFIX/drive_c" -name 'V.O.R.N..lnk')" ] || fail "there is no entry in the start menu"
 }
 
@@ -175,6 +176,11 @@ fire_and_save() {   # FOLDER of the data, then the command
     to_the_editor
     set_up
     picture editor
+    xdotool key F1
+    await "V.O.R.N. Help"
+    sleep 2
+    picture manual
+    xdotool key Escape sleep 1
     destroy_a_target
     save_both own.prf record.vrn
     look_at_saved "$folder"
@@ -182,11 +188,29 @@ fire_and_save() {   # FOLDER of the data, then the command
     await_end
 }
 
+# Another version: the program, one file that this version has too, and one that it hasn't.
+make_other_version() {
+    mkdir -p "$other/V.O.R.N/ranges"
+    cp "$stage/vorn.exe" "$other/V.O.R.N"
+    cp "$stage/ranges/vorn.HLP" "$other/V.O.R.N/ranges"
+    echo another version >"$other/V.O.R.N/ranges/another_version.txt"
+    packaging/windows/make_setup.sh 9.9 "$other/V.O.R.N" "$other/setup.exe" >/dev/null
+}
+
+# Installs over an installation. A file that the user has put into the folder stays.
+install_over() {   # INSTALLER, the folder that it installs
+    touch "$installed/ranges/of_the_user.arf"
+    run_setup "$1"
+    rm "$installed/ranges/of_the_user.arf" || fail "a file of the user was removed"
+    look_at_installation HKLM "$2"
+    look_at_saved "$own"
+}
+
 check_installed() {
     installed="$WINEPREFIX/drive_c/Program Files/V.O.R.N"
     say "installing"
-    run_setup
-    look_at_installation
+    run_setup "$setup"
+    look_at_installation HKLM "$stage"
     say "starting the trainer for the first time"
     start wine "$installed/vorn.exe"
     carry_full_screen
@@ -199,29 +223,43 @@ check_installed() {
     magenta_icons "$own"
     fire_and_save "$own" wine "$installed/vorn.exe"
     say "installing again over the installation"
-    touch "$installed/ranges/of_the_user.arf"
-    run_setup
-    look_at_installation_again
+    install_over "$setup" "$stage"
+    say "installing another version over it, and this version over that"
+    make_other_version
+    install_over "$other/setup.exe" "$other/V.O.R.N"
+    install_over "$setup" "$stage"
     say "uninstalling"
-    wine "$installed/uninstall.exe" /AllUsers /S
-    wineserver -w
-    look_at_what_is_left
-}
-
-look_at_installation_again() {
-    rm "$installed/ranges/of_the_user.arf" || fail "a file of the user was removed"
-    look_at_installation
     touch "$installed/ranges/of_the_user.arf"
-    look_at_saved "$own"
-}
-
-look_at_what_is_left() {
+    uninstall /AllUsers
     [ "$(cd "$installed" && find . -type f)" = ./ranges/of_the_user.arf ] ||
         fail "the uninstaller left: $(ls -R "$installed")"
-    registered "$uninstall_key" && fail "the program is still in the list of programs"
-    registered 'HKCR\vorn.record' && fail "the file types are still registered"
+}
+
+none_registered() {   # HKLM or HKCU
+    local key
+    for key in "${keys[@]}"; do
+        registered "$1\\$key" && fail "$1\\$key is registered"
+    done
+    return 0
+}
+
+uninstall() {   # /AllUsers or /CurrentUser
+    wine "$installed/uninstall.exe" "$1" /S
+    wineserver -w
+    none_registered HKLM
+    none_registered HKCU
     [ -z "$(find "$WINEPREFIX/drive_c" -name 'V.O.R.N..lnk')" ] || fail "the entry in the start menu is still there"
     look_at_saved "$own"
+}
+
+check_for_one_user() {
+    say "installing for one user"
+    run_setup "$setup" /CurrentUser
+    installed=$(echo "$WINEPREFIX"/drive_c/users/*/AppData/Local/Programs/V.O.R.N)
+    look_at_installation HKCU "$stage"
+    none_registered HKLM
+    uninstall /CurrentUser
+    [ ! -e "$installed" ] || fail "the uninstaller left: $(ls -R "$installed")"
 }
 
 check_unpacked() {
@@ -235,7 +273,9 @@ check_unpacked() {
 }
 
 setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip pictures=$work/pictures
+stage=$work/stage/V.O.R.N other=$work/other
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
+rm -rf "$pictures" "$other"
 mkdir -p "$pictures" "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
 open_display
 export FONTCONFIG_FILE=$work/no_fonts.conf
@@ -245,5 +285,6 @@ if [ ! -d "$WINEPREFIX" ] || [ "${1:-}" != core ]; then fresh_windows; fi
 [ -e "$setup" ] || fail "$setup isn't there: run tools/build_windows.sh first"
 [ "$(stat -c %s "$setup")" -lt 90000000 ] || fail "the installer is larger than 90 MB"
 check_installed
+check_for_one_user
 check_unpacked
 say "the trainer for Windows passes: $(basename "$setup"), $(du -h "$setup" | cut -f1)"

@@ -33,13 +33,16 @@ answer_yes() {
         [ "$(xdotool getactivewindow 2>/dev/null)" = "$(window "$1")" ] || break
         sleep 0.2
     done
-    sleep 1 && xdotool key alt+y
+    sleep 1
+    picture question
+    xdotool key alt+y
 }
 
 # Types a name into the file dialog of this title.
 save_as() {
     await "$1"
     sleep 4
+    picture file_dialog
     xdotool key ctrl+a type --delay 60 "$2"
     xdotool sleep 0.5 key Return sleep 2
 }

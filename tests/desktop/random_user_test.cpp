@@ -80,6 +80,8 @@ struct random_user : trainer_test {
     {
         time += chance(3) ? below(10000) / 1e3 : below(200) / 1e3;
         if (broken.empty()) broken = broken_rule(t, {});
+        if (left_to_do > 0 && left_to_do % 100'000 == 0)
+            std::fprintf(stderr, "%ld events left\n", left_to_do);
         if (left_to_do-- <= 0 || !broken.empty()) return leave_boxes();
         screens.insert(front(pc));
         QWidget* window = window_in_front();
