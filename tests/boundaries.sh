@@ -17,7 +17,7 @@ include='#include *[<"]'
 above='(flow|setup|ranges|gunnery|debrief|calibration|trainer)'
 
 none "only the desktop asks for the system" \
-    '^\s*#.*(WIN(32|64)|_MSC_VER|__(linux|unix|APPLE|MINGW|CYGWIN)|Q_OS_|(windows|unistd|direct|io|sys/\w+)\.h>)' \
+    '^\s*#.*(WIN(32|64)|_MSC_VER|__(linux|unix|APPLE|MINGW|CYGWIN)|Q_OS_|<(windows|unistd|direct|io|fcntl|dirent|pwd|dlfcn|pthread|sys/\w+)\.h>)' \
     src --exclude-dir=desktop
 none "only the desktop includes Qt and SDL" "$include(Q[A-Z]|Qt|SDL)" src tests --exclude-dir=desktop
 none "the state includes nothing above it" "$include($above|platform)" src/state

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the core with clang++ and runs its tests, then builds it for Windows with mingw-w64. Installs what is missing.
-# The tests don't call it.
+# Builds the core with clang++ and runs its tests, then builds it for Windows with mingw-w64. Builds everything with each source
+# compiled on its own, which finds a missing #include. Installs what is missing. The tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
@@ -9,4 +9,6 @@ install_missing "${build_packages[@]}" "${test_packages[@]}" clang g++-mingw-w64
 build clang
 ctest --preset clang -j "$(getconf _NPROCESSORS_ONLN)" -E random_walk
 build mingw
-say "the core builds without warnings with clang++ and for Windows, and passes its tests with clang++"
+cmake --preset debug -B build/separate -DVORN_FAST_BUILD=OFF
+cmake --build build/separate -j "$(getconf _NPROCESSORS_ONLN)"
+say "the core builds without warnings with clang++ and for Windows, and passes its tests with clang++. Each source compiles on its own."

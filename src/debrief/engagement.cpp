@@ -65,8 +65,9 @@ void place(screen_object& mark, double left, double top)
     mark.Top = top;
 }
 
-// Whether fewer rounds were fired: the record then has a round of an earlier practice here. recrounds is at
-// most 3.
+// Whether the round wasn't fired at this target: the record then has one of an earlier practice, or one fired
+// before the target came up. recrounds is at most 3, so a fourth round can't be told from none after exactly
+// three.
 bool never_fired(const practice_state& p, int e, int round)
 {
     return p.recrounds[e] < std::min(round, 3);
@@ -76,10 +77,10 @@ bool never_fired(const practice_state& p, int e, int round)
 void show_round(const practice_state& p, results_screen& s, int round)
 {
     for (int r = 1; screen_object * button : roundbuttons(s)) {
-        const colour other = never_fired(p, s.selectedengagement, r) ? colour::dim : colour::text;
-        button->ForeColor = r == round ? colour::live : other;
+        const bool unfired = never_fired(p, s.selectedengagement, r);
+        button->ForeColor = r == round ? colour::live : unfired ? colour::dim : colour::text;
         button->bold = r == round;
-        button->AccessibleName = r == round ? "On view, round" : "Round";
+        button->AccessibleName = r == round ? "On view, round" : unfired ? "Not fired, round" : "Round";
         ++r;
     }
 }

@@ -108,6 +108,7 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     p.recaimx[1][4] = p.recfallx[1][4] = 44;   // left from an earlier practice
     d.pc.click(s.Lbltgtnumber[1]);
     EXPECT_TRUE(s.cmdround4.ForeColor == colour::dim && s.cmdround2.ForeColor == colour::text);
+    EXPECT_EQ(s.cmdround4.AccessibleName, "Not fired, round");
     d.pc.click(s.cmdround4);
     EXPECT_TRUE(s.Imgfos.Pale && s.Imagepoa.Pale) << "two rounds were fired";
     p.recrounds[1] = 3;   // three or more rounds

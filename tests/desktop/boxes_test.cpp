@@ -246,6 +246,7 @@ TEST_F(help, opens_beside_the_screen_where_there_is_room)
     show("<p>laze</p>");
     EXPECT_TRUE(page()->isVisible()) << "without room the window overlaps the screen";
     EXPECT_TRUE(all.contains(page()->window()->frameGeometry()));
+    EXPECT_EQ(page()->window()->frameGeometry().left(), all.left()) << "the sights are on the right";
 }
 
 TEST_F(help, plays_a_moving_picture_when_it_is_clicked)

@@ -116,7 +116,7 @@ void help_window::search(QTextDocument::FindFlags flags)
 }
 
 // Places the window beside the opener, on the side with more room. If there is too little room, places it at
-// the left edge of the desktop: the sights and the debrief's target are on the right.
+// the left edge of the desktop, where most of the panels are.
 void help_window::place_beside(const QWidget& opener)
 {
     const QRect all = opener.screen()->availableGeometry(), taken = opener.frameGeometry();
