@@ -209,7 +209,7 @@ struct gunner {
         const spot fall = drop(range());
         bring({at.x + fall.x + off_.x, at.y + fall.y + off_.y});
     }
-    // Lays the dot on the fall of shot, presses the switch, lays it back on the target, and presses again.
+    // Lays the dot on the fall of shot, presses AMMO SELECT, lays it back on the target, and presses again.
     void correctwind()
     {
         const spot at = *target();

@@ -113,8 +113,8 @@ add_libraries() {
     for file in "$out"/*.{exe,dll} "$out"/*/*.dll; do x86_64-w64-mingw32-strip "$file"; done
 }
 
-# Checks that each library that a file in the folder needs is in the folder or part of Windows: mingw-w64 has an import
-# library for it, or it is an API set (api-ms-win-*).
+# Checks the libraries that the files in the folder need. Each must be in the folder or part of Windows. A library is
+# taken as part of Windows if mingw-w64 has an import library for it, or if it is an API set (api-ms-win-*).
 check_libraries() {
     local out=$1 name absent=0
     for name in $(x86_64-w64-mingw32-objdump -p "$out"/*.{exe,dll} "$out"/*/*.dll | sed -n 's/.*DLL Name: //p' | sort -u); do

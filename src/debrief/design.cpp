@@ -195,7 +195,8 @@ void put_frame(const S& s, wide_layout& w, const screen_object& frame, const are
                            std::min(o->Height, at.Height / factor - o->Top)};
 }
 
-// The legend fills the frame below the round buttons: in one row if it is low there.
+// Places the legend so that it fills the space below the round buttons. Its entries are in one row if that
+// makes them at least as large as two rows would.
 void put_legend(const S& s, wide_layout& w, double frame_height)
 {
     constexpr double margin = 90, second_row = 1230, two_columns = 4320, up = 810, length = 8700;

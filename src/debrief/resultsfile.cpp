@@ -59,7 +59,8 @@ std::string results_file_bytes(const practice_state& p)
     return items.file_bytes();
 }
 
-// Loops over the engagements run to targetcount, so a count above 15 would index past the end of the tables.
+// Each loop over the engagements ends at targetcount, so a count above 15 would index past the end of the
+// tables.
 static bool take_count(item_reader& items, practice_state& p)
 {
     int16 count;

@@ -106,7 +106,8 @@ void resetstate(gunnery_screen& s)
     s.windoffset = 0;
 }
 
-// The visual screen writes into the row after the last engagement, the thermal one into row 1.
+// The visual screen writes into the row of the current engagement. After a whole practice this is the row
+// after the last target. The thermal screen writes into row 1.
 void resetrecord(trainer& t, gunnery_screen& s)
 {
     t.shared.recsystem[s.visual() ? row(t) : 1] = "FULL";

@@ -197,7 +197,7 @@ void plant_riverside(world& w)
     }
 }
 
-// The density of tufts at a place, 0 to 1.
+// The probability of a tuft or stone at a place. A value below 0 counts as 0, one above 1 as 1.
 float grassy(const world& w, float x, float y)
 {
     const float rough = roughness(w.land, x, y);

@@ -36,7 +36,8 @@ box in_reach(const country& land)
     const float width = real(land.width) * twip, height = real(land.height) * twip;
     const float across = real(std::max(keys.across, sight.window.Width));
     const float down = real(std::max(keys.down, sight.window.Height));
-    // The autolay moves the picture down by the drop of HESH; the reversionary mark moves it up.
+    // On the visual sight the autolay moves the picture down by the drop of HESH. On the thermal sight the
+    // switch to the reversionary mark moves it up. Each move is 0 on the other sight.
     const float above = real(sight.hesh.to.at(farthest)), below = real(sight.reversionary.at(farthest));
     const float x = real(aim.Left), y = real(aim.Top), near = real(keys.near);
     return {(x - near + spare) / twip, (x + width - across - spare) / twip, (y - near + above + spare) / twip,

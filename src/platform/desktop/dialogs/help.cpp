@@ -116,7 +116,7 @@ void help_window::search(QTextDocument::FindFlags flags)
 }
 
 // Places the window beside the opener, on the side with more room. If there is too little room, places it at
-// the left edge of the desktop, where most of the panels are.
+// the left edge of the desktop. There it hides the panels of a gunnery screen rather than the sight.
 void help_window::place_beside(const QWidget& opener)
 {
     const QRect all = opener.screen()->availableGeometry(), taken = opener.frameGeometry();
