@@ -50,8 +50,16 @@ install(FILES ${CMAKE_BINARY_DIR}/copyright DESTINATION share/doc/vorn)
 
 install(FILES docs/oddities.md docs/SPEED.md DESTINATION share/doc/vorn)
 install(FILES data/icons/vorn.svg DESTINATION share/icons/hicolor/scalable/apps)
+foreach(type range practice record)
+    install(FILES data/icons/${type}.svg DESTINATION share/icons/hicolor/scalable/mimetypes
+        RENAME application-x-vorn-${type}.svg)
+endforeach()
 foreach(size 16 24 32 48 64 128 256)
-    install(FILES data/icons/vorn-${size}.png DESTINATION share/icons/hicolor/${size}x${size}/apps RENAME vorn.png)
+    set(folder share/icons/hicolor/${size}x${size})
+    install(FILES data/icons/vorn-${size}.png DESTINATION ${folder}/apps RENAME vorn.png)
+    foreach(type range practice record)
+        install(FILES data/icons/${type}-${size}.png DESTINATION ${folder}/mimetypes RENAME application-x-vorn-${type}.png)
+    endforeach()
 endforeach()
 
 set(CPACK_GENERATOR DEB)

@@ -67,6 +67,10 @@ appstreamcli validate --no-net "$root/usr/share/metainfo/org.vorn.vorn.metainfo.
 in_root man -l /usr/share/man/man1/vorn.1.gz >/dev/null
 types() { in_root update-mime-database /usr/share/mime && grep -c x-vorn "$root/usr/share/mime/globs2" || true; }
 [ "$(types)" -eq 3 ] || { say "the MIME types of the package aren't registered"; exit 1; }
+for type in $(sed -n 's,.*:application/\(x-vorn-[a-z]*\):.*,\1,p' "$root/usr/share/mime/globs2"); do
+    [ "$(find "$root/usr/share/icons/hicolor" -path "*/mimetypes/application-$type.*" | wc -l)" -eq 8 ] ||
+        { say "sizes of the icon of $type are missing"; exit 1; }
+done
 
 say "starting the trainer as an ordinary user, saving a practice, exiting"
 in_root useradd -m student

@@ -155,10 +155,15 @@ keys=('Software\Microsoft\Windows\CurrentVersion\Uninstall\V.O.R.N' 'Software\Cl
     'Software\Classes\vorn.'{range,practice,record}{'\DefaultIcon','\shell\open\command'})
 
 look_at_installation() {   # HKLM or HKCU, the folder that was installed
-    local key
+    local key type icon
     cmp "$2/vorn.exe" "$installed/vorn.exe" || fail "the program isn't installed"
     diff -rq -x uninstall.exe "$2" "$installed" || fail "the installed files differ"
     for key in "${keys[@]}"; do registered "$1\\$key" || fail "$key isn't registered"; done
+    for type in range practice record; do
+        icon=$(wine reg query "$1\\Software\\Classes\\vorn.$type\\DefaultIcon" /ve 2>/dev/null |
+            tr -d '\r' | sed -n 's/.*REG_SZ *//p')
+        [ -f "$(winepath -u "$icon" 2>/dev/null)" ] || fail "the icon of the type $type isn't there: $icon"
+    done
     [ -n "$(find "$WINEPREFIX/drive_c" -name 'V.O.R.N..lnk')" ] || fail "there is no entry in the start menu"
 }
 
@@ -188,10 +193,10 @@ fire_and_save() {   # FOLDER of the data, then the command
     await_end
 }
 
-# Another version: the program, one file that this version has too, and one that it hasn't.
+# Another version: the program, the icons, one file that this version has too, and one that it hasn't.
 make_other_version() {
     mkdir -p "$other/V.O.R.N/ranges"
-    cp "$stage/vorn.exe" "$other/V.O.R.N"
+    cp -r "$stage"/{vorn.exe,icons} "$other/V.O.R.N"
     cp "$stage/ranges/vorn.HLP" "$other/V.O.R.N/ranges"
     echo another version >"$other/V.O.R.N/ranges/another_version.txt"
     packaging/windows/make_setup.sh 9.9 "$other/V.O.R.N" "$other/setup.exe" >/dev/null

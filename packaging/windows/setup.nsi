@@ -79,21 +79,21 @@ again:
 
 ; NAME is shown in the list of file types. A double click on such a file starts the trainer without loading the file. An
 ; extension that is registered for another program is left unchanged.
-!macro add_type ENDING ID NAME
-    WriteRegStr SHCTX "Software\Classes\${ID}" "" "${NAME}"
-    WriteRegStr SHCTX "Software\Classes\${ID}\DefaultIcon" "" "$INSTDIR\vorn.exe,0"
-    WriteRegStr SHCTX "Software\Classes\${ID}\shell\open\command" "" '"$INSTDIR\vorn.exe"'
+!macro add_type ENDING TYPE NAME
+    WriteRegStr SHCTX "Software\Classes\vorn.${TYPE}" "" "${NAME}"
+    WriteRegStr SHCTX "Software\Classes\vorn.${TYPE}\DefaultIcon" "" "$INSTDIR\icons\${TYPE}.ico"
+    WriteRegStr SHCTX "Software\Classes\vorn.${TYPE}\shell\open\command" "" '"$INSTDIR\vorn.exe"'
     ReadRegStr $0 HKCR "${ENDING}" ""
     ${If} $0 == ""
-    ${OrIf} $0 == "${ID}"
-        WriteRegStr SHCTX "Software\Classes\${ENDING}" "" "${ID}"
+    ${OrIf} $0 == "vorn.${TYPE}"
+        WriteRegStr SHCTX "Software\Classes\${ENDING}" "" "vorn.${TYPE}"
     ${EndIf}
 !macroend
 
-!macro remove_type ENDING ID
-    DeleteRegKey SHCTX "Software\Classes\${ID}"
+!macro remove_type ENDING TYPE
+    DeleteRegKey SHCTX "Software\Classes\vorn.${TYPE}"
     ReadRegStr $0 SHCTX "Software\Classes\${ENDING}" ""
-    ${If} $0 == "${ID}"
+    ${If} $0 == "vorn.${TYPE}"
         DeleteRegValue SHCTX "Software\Classes\${ENDING}" ""
         DeleteRegKey /ifempty SHCTX "Software\Classes\${ENDING}"
     ${EndIf}
@@ -121,9 +121,9 @@ Section "install"
     File /r "${STAGE}/*"
     WriteUninstaller "$INSTDIR\uninstall.exe"
     CreateShortcut "$SMPROGRAMS\V.O.R.N..lnk" "$INSTDIR\vorn.exe"
-    !insertmacro add_type ".arf" "vorn.range" "V.O.R.N. range"
-    !insertmacro add_type ".prf" "vorn.practice" "V.O.R.N. practice"
-    !insertmacro add_type ".vrn" "vorn.record" "V.O.R.N. practice record"
+    !insertmacro add_type ".arf" "range" "V.O.R.N. range"
+    !insertmacro add_type ".prf" "practice" "V.O.R.N. practice"
+    !insertmacro add_type ".vrn" "record" "V.O.R.N. practice record"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayName" "${NAME}"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "Publisher" "the V.O.R.N. team"
@@ -145,9 +145,9 @@ Section "Uninstall"
     Delete "$INSTDIR\uninstall.exe"
     RMDir "$INSTDIR"
     Delete "$SMPROGRAMS\V.O.R.N..lnk"
-    !insertmacro remove_type ".arf" "vorn.range"
-    !insertmacro remove_type ".prf" "vorn.practice"
-    !insertmacro remove_type ".vrn" "vorn.record"
+    !insertmacro remove_type ".arf" "range"
+    !insertmacro remove_type ".prf" "practice"
+    !insertmacro remove_type ".vrn" "record"
     DeleteRegKey SHCTX "${UNINSTALL_KEY}"
     ${un.RefreshShellIcons}
 SectionEnd
