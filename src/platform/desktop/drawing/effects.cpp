@@ -3,6 +3,7 @@
 #include <QList>
 #include <algorithm>
 #include <array>
+#include <future>
 #include <memory>
 #include <string_view>
 
@@ -61,20 +62,40 @@ QList<picture> frames_of(const sheet& s)
     return found;
 }
 
+// The frames of all sheets for one sight; those of the other sight are empty.
+using animations = std::array<QList<picture>, sheets.size()>;
+
+animations animations_of(bool hot)
+{
+    animations all;
+    for (std::size_t i = 0; i < sheets.size(); ++i)
+        if (is_hot(sheets[i]) == hot) all[i] = frames_of(sheets[i]);
+    return all;
+}
+
+// To save memory, only those of the sight in use are kept.
+const std::shared_future<animations>& animations_for(bool hot)
+{
+    static std::shared_future<animations> read;
+    static bool read_hot;
+    if (!read.valid() || read_hot != hot) read = std::async(std::launch::async, animations_of, hot);
+    read_hot = hot;
+    return read;
+}
+
 }   // namespace
+
+void read_effects(bool hot)
+{
+    animations_for(hot);
+}
 
 void draw_effect(QPainter& p, effect what, const QRectF& at, int frame)
 {
-    static std::array<QList<picture>, sheets.size()> read;
     const auto number = static_cast<std::size_t>(what);
-    if (read[number].isEmpty()) {
-        // To save memory, the sheets of the other sight are dropped: only one sight is in use at a time.
-        for (std::size_t i = 0; i < sheets.size(); ++i)
-            if (is_hot(sheets[i]) != is_hot(sheets[number])) read[i].clear();
-        read[number] = frames_of(sheets[number]);
-    }
+    const QList<picture>& frames_read = animations_for(is_hot(sheets[number])).get()[number];
     const QRectF on_ground = at.translated(0, sheets[number].foot * at.height());
-    if (frame >= 0 && frame < read[number].size()) draw_picture(p, read[number][frame], on_ground.toRect());
+    if (frame >= 0 && frame < frames_read.size()) draw_picture(p, frames_read[frame], on_ground.toRect());
 }
 
 }   // namespace vorn

@@ -1,5 +1,4 @@
-// Animations of explosions, bursts and burning targets. Their frames are pictures built into the program;
-// each animation is read at its first use.
+// Animations of explosions, bursts and burning targets. Their frames are pictures built into the program.
 #pragma once
 
 #include <QPainter>
@@ -22,7 +21,12 @@ enum class effect {
     hot_coax
 };
 
-// Draws frame 0 to 15 in a rectangle of device pixels; any other number draws nothing.
+// Lets another thread read the animations for the thermal sight or for the visual one (about 0.1 s). Those of
+// the other sight are dropped.
+void read_effects(bool hot);
+
+// Draws frame 0 to 15 in a rectangle of device pixels; any other number draws nothing. Waits for the
+// animations if they haven't been read.
 void draw_effect(QPainter&, effect, const QRectF& at, int frame);
 
 }   // namespace vorn

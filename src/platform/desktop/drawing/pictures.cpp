@@ -35,6 +35,12 @@ QImage drawable(QImage image)
                                                                     : QImage::Format_RGB32);
 }
 
+// RGB888 is slower to draw but saves memory: 8024 x 4000 pixels of 32 bits take 128 MB.
+QImage without_fourth_byte(QImage image)
+{
+    return image.hasAlphaChannel() ? image : std::move(image).convertToFormat(QImage::Format_RGB888);
+}
+
 // Protects QImageReader's allocation limit, which all threads share.
 std::mutex allocation_limit;
 
@@ -105,10 +111,7 @@ loaded_picture read_picture(const std::string& source, const std::string& path, 
     const QSize natural = pixels->sizes.back().size();
     pixels->twin = find_twin(file, natural, more_twins);
     QImage& largest = pixels->sizes.back();
-    // RGB888 is slower to draw but saves memory, which matters more with a twin: 8024 x 4000 pixels of 32
-    // bits take 128 MB.
-    if (!pixels->twin.isEmpty() && !largest.hasAlphaChannel())
-        largest = std::move(largest).convertToFormat(QImage::Format_RGB888);
+    if (!pixels->twin.isEmpty()) largest = without_fourth_byte(std::move(largest));
     return {picture{source, natural.width() * twips_per_pixel, natural.height() * twips_per_pixel, pixels},
             {}};
 }
@@ -119,7 +122,7 @@ static QImage read_twin(const QString& path)
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     QImage twin = reader.read();
-    return twin.isNull() ? twin : drawable(std::move(twin));
+    return twin.isNull() ? twin : without_fourth_byte(drawable(std::move(twin)));
 }
 
 static const decoded_picture* pixels_of(const picture& pic)

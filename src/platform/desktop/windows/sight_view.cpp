@@ -135,6 +135,13 @@ bool sight_view::animate()
     return moves;
 }
 
+// The first burst must not wait until its pictures have been read.
+void sight_view::showEvent(QShowEvent*)
+{
+    for (const shown_object* o : sight_.inside)
+        if (is_tracer(*o->object)) read_effects(o->object->ForeColor == colour::hottracer);
+}
+
 void sight_view::hideEvent(QHideEvent*)
 {
     strikes_.clear();

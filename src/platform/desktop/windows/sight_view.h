@@ -30,6 +30,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override;
+    void showEvent(QShowEvent*) override;
     void hideEvent(QHideEvent*) override;
 
 private:
