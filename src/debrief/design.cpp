@@ -182,17 +182,18 @@ void thermal_marks(S& s)
 }
 
 // Places the frame in the given area with its contents enlarged. Objects designed at its right edge are
-// widened with it. A mark that has moved there isn't.
+// widened with it. A mark that has moved there isn't. A frame that becomes higher makes its labels higher.
 void put_frame(const S& s, wide_layout& w, const screen_object& frame, const area& at, double factor)
 {
     constexpr double right_margin = 200;
     w.places[&frame] = at;
     w.enlarged[&frame].factor = factor;
     const double wider = at.Width / factor - frame.Width;
+    const double higher = std::max(0.0, at.Height / factor - frame.Height);
     for (const screen_object* o : s.window.objects)
         if (o->parent == &frame && o->design->Left + o->design->Width > frame.Width - right_margin)
             w.places[o] = {o->Left, o->Top, o->Width + wider,
-                           std::min(o->Height, at.Height / factor - o->Top)};
+                           std::min(o->Height + higher, at.Height / factor - o->Top)};
 }
 
 // Places the legend so that it fills the space below the round buttons. Its entries are in one row if that
@@ -235,17 +236,21 @@ wide_layout wide(const S& s, double width)
     const double wider = (left - 2 * gap - factor * widths) / 2;
     const double second = margin + factor * s.Frame4.Width + gap;
     const double third = second + factor * s.Frame3.Width + wider + gap;
-    const double larger = 1 + wider / (factor * s.Frmreading.Width) / 6;   // text in a wider frame
-    const auto put = [&](const screen_object& o, double at_left, double extra, double growth_of_text = 1) {
+    const auto put = [&](const screen_object& o, double at_left, double extra, double height,
+                         double text = 1) {
         const double at_top = row + factor * (o.Top - s.Frame4.Top);
-        put_frame(s, w, o, {at_left, at_top, factor * o.Width + extra, factor * o.Height},
-                  factor * growth_of_text);
+        put_frame(s, w, o, {at_left, at_top, factor * o.Width + extra, factor * height}, factor * text);
     };
-    put(s.Frame4, margin, 0);
-    put(s.Frame3, second, wider);
-    put(s.Frame2, second, wider);
-    put(s.Frmreading, third, wider, larger);
-    put(s.Frmtherm, third, 0);
+    put(s.Frame4, margin, 0, s.Frame4.Height);
+    put(s.Frame3, second, wider, s.Frame3.Height);
+    put(s.Frame2, second, wider, s.Frame2.Height);
+    put(s.Frmtherm, third, 0, s.Frmtherm.Height);
+    // The help has larger text in a wider frame, and the height of two frames if the lower one is hidden.
+    const double widened = wider / (factor * s.Frmreading.Width), larger = 1 + widened / 6;
+    if (s.Frmtherm.Visible)
+        put(s.Frmreading, third, wider, s.Frmreading.Height, larger);
+    else
+        put(s.Frmreading, third, wider, s.Frame4.Height, 1.3 * larger);
     for (const screen_object* o : {&s.outcome, &s.Lblinfo})
         w.places[o] = {margin, o->Top, w.width - 2 * margin, o->Height};
     return w;

@@ -222,6 +222,13 @@ TEST_F(wide_screens, the_debrief_shows_a_large_target_with_the_marks_on_their_pl
         pc.sync();
         EXPECT_NEAR(in_window(s.imgtargetpointer).right(), in_window(s.Imgrange).right(), 1)
             << "a place outside the range is shown at its edge";
+        s.Frmtherm.Visible = false;
+        pc.sync();
+        expect_orderly(parts(s.window, &s.imgtargetpointer));
+        expect_nothing_cut(s.window);
+        if (shape() > 1.5) {
+            EXPECT_NEAR(in_window(s.Frmreading).bottom(), in_window(s.Frame4).bottom(), 1);
+        }
         s.Imgfos.Left = 2 * s.Frame1.Width;   // a mark at the edge while the next window is arranged
     });
 }

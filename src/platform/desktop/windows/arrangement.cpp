@@ -286,6 +286,7 @@ arrangement arrange(const form& f, const QSize& window)
 
 bool affects_arrangement(const screen_object& o)
 {
+    if (o.kind == object_kind::frame && o.owner->wide) return true;
     if (o.docked != dock::none || (o.parent != nullptr && o.parent->docked == dock::panel)) return true;
     return o.kind == object_kind::button && o.parent != nullptr && affects_arrangement(*o.parent);
 }
