@@ -14,7 +14,7 @@ namespace {
 constexpr double centre = 32768;   // of the stick
 constexpr double event = 0.016;    // seconds between two stick events
 
-// The deflection that moves the view by this many twips per event.
+// The reading of the stick that moves the view by this many twips per event.
 long deflected(double middle, double factor, int sign, int twips)
 {
     const double off = 2 * factor + 100 * twips;

@@ -125,5 +125,5 @@ in_root dpkg --purge vorn >/dev/null
 files_of_root >"$root/tmp/after"
 left=$({ diff "$root/tmp/before" "$root/tmp/after" || true; } | grep '^[<>]' | grep -v -e '/etc/passwd' -e '/etc/group' \
     -e '/etc/shadow' -e '/etc/gshadow' -e '/etc/subuid' -e '/etc/subgid' -e '/var/mail' || true)
-[ -z "$left" ] || { say "the package leaves files behind or takes others away: $left"; exit 1; }
+[ -z "$left" ] || { say "the package leaves files behind or removes others: $left"; exit 1; }
 say "the package passes: $(basename "$package"), $(du -h "$package" | cut -f1)"

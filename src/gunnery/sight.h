@@ -75,8 +75,8 @@ struct sight_numbers {
     int nearest;                // a nearer target counts as this far away
     double widest;              // width of a target at range 0, before it is clamped
     int far;                    // from this range on a target has its smallest width
-    slew_numbers right, left;   // for a target left of the sight, and for any other
-    slew_numbers down, up;      // for a target above it, and for any other
+    slew_numbers right, left;   // the target moves right if it is left of the sight, otherwise left
+    slew_numbers down, up;      // down if it is above the sight, otherwise up
     int pressstep;              // per tick while a direction is held
     bool accelerates;           // each tick moves one twip more than the last
     limit_numbers keylimits;    // of keys and direction buttons

@@ -78,7 +78,6 @@ void moveto(S& s, double x, double y)
     go(y * s.authorscaley - s.pointy, &S::stepy, timey_tick, timey1_tick);
 }
 
-// Sets the ground band: from a third of the way down the picture to three quarters.
 void findband(S& s)
 {
     s.bandbottom = 3 * Int(s.Imagerange.Height / 4);

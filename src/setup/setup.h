@@ -17,7 +17,7 @@ void make_options(trainer&);
 // practices.cpp: the twelve programmed practices.
 void make_practices(trainer&);
 
-// practicefile.cpp: practice files.
+// practicefile.cpp
 void make_practicefile(trainer&);
 // The options on the screen as the bytes of a practice file.
 std::string practice_file_bytes(const startsim_screen&);

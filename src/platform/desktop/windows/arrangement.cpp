@@ -120,7 +120,7 @@ double distortion(const strip& s, const QRectF& at)
     return sum;
 }
 
-// A large sight counts most, then large panels, then panels near their designed shape. Empty bands lower
+// A large sight counts most, then large panels, then panels near their designed shape. Unused area lowers
 // the score.
 double score_of(const plan& p, const QSizeF& room, double larger)
 {

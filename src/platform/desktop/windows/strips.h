@@ -24,7 +24,7 @@ struct block {
 
 // The block of an object in its designed size, less the rows of hidden buttons.
 block block_of(const form&, const screen_object&);
-// The block in the flat layout of the object, if there is one.
+// The block of an object in its flat layout, or the result of block_of if it has none.
 block flat_block_of(const form&, const screen_object&);
 
 struct column {
