@@ -26,6 +26,16 @@ std::vector<float> toning()
     return table;
 }
 
+float shown(const std::vector<float>& table, float light)
+{
+    return table[index(std::clamp(light, 0.f, 4.f) * 2048)];
+}
+
+float brightness_of(const vec3& light)
+{
+    return dot(light, {.25f, .62f, .13f});
+}
+
 // The offset of each scan line, correlated with the line before; every sixth detector is a little brighter.
 std::vector<float> row_offsets(int rows, rng& random)
 {
@@ -39,21 +49,35 @@ std::vector<float> row_offsets(int rows, rng& random)
     return offsets;
 }
 
+// Sharpens as cameras do: what to add to each pixel so that it differs more from the brightness around it.
+grid<float> sharpening(const rendered& r, const std::vector<float>& table)
+{
+    constexpr float share = .9f, most = .15f;
+    grid<float> brightness(r.width, r.height);
+    for (std::size_t i = 0; i < r.cells.size(); ++i)
+        brightness.cells[i] = shown(table, brightness_of(r.cells[i].light));
+    const grid<float> around = blurred(brightness, 1.2f, 3);
+    for (std::size_t i = 0; i < brightness.cells.size(); ++i)
+        brightness.cells[i] = std::clamp(share * (brightness.cells[i] - around.cells[i]), -most, most);
+    return brightness;
+}
+
 }   // namespace
 
 QImage photograph(const rendered& r)
 {
     const std::vector<float> table = toning();
+    const grid<float> sharper = sharpening(r, table);
     QImage picture(r.width, r.height, QImage::Format_RGB888);
     for (int y = 0; y < r.height; ++y) {
         std::uint8_t* p = picture.scanLine(y);
         for (int x = 0; x < r.width; ++x) {
             // Noise of about one brightness level hides banding in the sky.
             const float grain = (scatter(x, y, 1234) - .5f) * .008f;
-            const vec3 seen = r.at(x, y).light, pale = vec3{1, 1, 1} * dot(seen, {.25f, .62f, .13f});
+            const vec3 seen = r.at(x, y).light, pale = vec3{1, 1, 1} * brightness_of(seen);
             const vec3 light = mix(seen, pale, .17f);
             for (const float v : {light.x, light.y, light.z})
-                *p++ = byte_of(table[index(std::clamp(v, 0.f, 4.f) * 2048)] + grain);
+                *p++ = byte_of(shown(table, v) + sharper.at(x, y) + grain);
         }
     }
     return picture;
