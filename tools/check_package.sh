@@ -29,10 +29,12 @@ if [ $# -eq 0 ]; then
     done
     cmp build/release/vorn_*.deb build/release-again/vorn_*.deb || { say "two builds differ"; exit 1; }
     say "two builds give the same package"
+    unset SOURCE_DATE_EPOCH   # dpkg-deb would give it to the files of the newer version below
     set -- build/release/vorn_*.deb
 fi
 package=$(realpath "$1")
 lintian --fail-on error "$package"
+[ "$(stat -c %s "$package")" -lt 70000000 ] || { say "the package is larger than 70 MB"; exit 1; }
 if git rev-parse 2>/dev/null; then   # the package must contain exactly the data that git tracks
     diff <(git ls-files data/ranges | sed 's,^data,./usr/share/vorn,' | sort) \
         <(dpkg-deb --fsys-tarfile "$package" | tar -t | grep '^./usr/share/vorn/.*[^/]$' | sort) ||

@@ -182,18 +182,21 @@ void thermal_marks(S& s)
 }
 
 // Places the frame in the given area with its contents enlarged. Objects designed at its right edge are
-// widened with it. A mark that has moved there isn't. A frame that becomes higher makes its labels higher.
+// widened with it. Those also designed at its lower edge become higher with it. A mark that has moved there
+// isn't changed.
 void put_frame(const S& s, wide_layout& w, const screen_object& frame, const area& at, double factor)
 {
-    constexpr double right_margin = 200;
+    constexpr double right_margin = 200, lower_margin = 100;
     w.places[&frame] = at;
     w.enlarged[&frame].factor = factor;
     const double wider = at.Width / factor - frame.Width;
     const double higher = std::max(0.0, at.Height / factor - frame.Height);
-    for (const screen_object* o : s.window.objects)
-        if (o->parent == &frame && o->design->Left + o->design->Width > frame.Width - right_margin)
-            w.places[o] = {o->Left, o->Top, o->Width + wider,
-                           std::min(o->Height + higher, at.Height / factor - o->Top)};
+    for (const screen_object* o : s.window.objects) {
+        if (o->parent != &frame || o->design->Left + o->design->Width <= frame.Width - right_margin) continue;
+        const bool lowest = o->design->Top + o->design->Height > frame.Height - lower_margin;
+        w.places[o] = {o->Left, o->Top, o->Width + wider,
+                       std::min(o->Height + (lowest ? higher : 0), at.Height / factor - o->Top)};
+    }
 }
 
 // Places the legend so that it fills the space below the round buttons. Its entries are in one row if that

@@ -59,6 +59,18 @@ TEST_F(data_places, the_data_is_found_beside_the_program_at_its_usual_place_or_i
     EXPECT_EQ(get(own / "ranges/visualrange.arf"), "range");
 }
 
+TEST_F(data_places, twins_are_not_copied_but_found_where_they_are_installed)
+{
+    put(installed / "ranges/valley.vrp", "picture");
+    put(installed / "ranges/valley@2x.vrp", "twin");
+    ASSERT_TRUE(fill_directory(installed / "ranges", own / "ranges"));
+    const std::string copy = (own / "ranges/valley.vrp").string();
+    EXPECT_FALSE(fs::exists(own / "ranges/valley@2x.vrp"));
+    EXPECT_EQ(folder_of_same_file(installed, copy).toStdString(), (installed / "ranges").string());
+    put(copy, "another");
+    EXPECT_TRUE(folder_of_same_file(installed, copy).isEmpty()) << "the user's own picture";
+}
+
 TEST_F(data_places, missing_files_are_copied_and_changed_ones_kept)
 {
     fs::permissions(installed / "ranges/visualrange.arf", fs::perms::owner_read);

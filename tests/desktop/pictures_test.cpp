@@ -57,6 +57,7 @@ TEST_F(pictures, a_twin_of_exactly_twice_the_size_is_drawn_where_the_picture_is_
     EXPECT_TRUE(valley.width == 40 * twips_per_pixel && valley.height == 20 * twips_per_pixel);
     EXPECT_EQ(image_for(valley, QSize(40, 20))->size(), QSize(40, 20)) << "not larger than the picture";
     EXPECT_EQ(size_drawn_at(valley, 60), QSize(80, 40));
+    EXPECT_EQ(image_for(valley, QSize(60, 30))->depth(), 24) << "to save memory";
     write("valley@2x.vrp", encoded(plain(80, 40), "PNG").left(60));
     EXPECT_EQ(size_drawn_at(loaded(), 60), QSize(40, 20)) << "a damaged twin";
     write("valley@2x.vrp", encoded(plain(81, 40), "PNG"));

@@ -284,6 +284,11 @@ TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
     EXPECT_TRUE(first == QColor(Qt::blue) || QTest::qWaitFor(repainted))
         << "the sight is repainted with the twin";
     EXPECT_EQ(colour_at(seen(), {200, 200}), QColor(Qt::blue));
+    const auto& pixels = dynamic_cast<const decoded_picture&>(*ground.Picture.pixels);
+    widget(sight).hide();
+    EXPECT_FALSE(pixels.twin_image.valid()) << "a hidden sight needs no memory for it";
+    widget(sight).show();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return colour_at(seen(), {200, 200}) == QColor(Qt::blue); }));
 }
 
 // A sight of 200 x 200 pixels, 100 pixels from the corner of the form, in a window of this scale.

@@ -16,6 +16,10 @@
 #include "platform/desktop/windows/sight_view.h"
 #include "platform/files.h"
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace vorn {
 
 // Seconds.
@@ -27,6 +31,15 @@ static double steady_seconds()
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
+// Otherwise the memory of pictures that another thread has read stays with this thread's heap when they are
+// freed.
+static void return_freed_pictures()
+{
+#ifdef __GLIBC__
+    mallopt(M_MMAP_THRESHOLD, 256 * 1024);
+#endif
+}
+
 desktop_machine::desktop_machine()
     : leave([] { std::_Exit(EXIT_SUCCESS); }),
       world_clock(steady_seconds),
@@ -34,6 +47,7 @@ desktop_machine::desktop_machine()
       keyboard_(*this),
       stick_(*this)
 {
+    return_freed_pictures();
     prepare_fonts();
     describe_pictures();
     icon_ = window_icon();

@@ -35,13 +35,17 @@ QImage drawable(QImage image)
                                                                     : QImage::Format_RGB32);
 }
 
-// RGB888 is slower to draw but saves memory: 8024 x 4000 pixels of 32 bits take 128 MB.
-QImage without_fourth_byte(QImage image)
+// One or three bytes a pixel are slower to draw but save memory: 8024 x 4000 pixels of 32 bits take 128 MB.
+QImage compact(QImage image)
 {
-    return image.hasAlphaChannel() ? image : std::move(image).convertToFormat(QImage::Format_RGB888);
+    if (image.hasAlphaChannel()) return drawable(std::move(image));
+    image.setDevicePixelRatio(1);
+    const bool grey = image.format() == QImage::Format_Grayscale8;
+    return grey ? image : std::move(image).convertToFormat(QImage::Format_RGB888);
 }
 
-// Protects QImageReader's allocation limit, which all threads share.
+// Protects QImageReader's allocation limit, which all threads share. effects.cpp doesn't take it: its
+// pictures are smaller than the limit for icons.
 std::mutex allocation_limit;
 
 std::vector<QImage> read_sizes(QImageReader& reader)
@@ -111,7 +115,7 @@ loaded_picture read_picture(const std::string& source, const std::string& path, 
     const QSize natural = pixels->sizes.back().size();
     pixels->twin = find_twin(file, natural, more_twins);
     QImage& largest = pixels->sizes.back();
-    if (!pixels->twin.isEmpty()) largest = without_fourth_byte(std::move(largest));
+    if (!pixels->twin.isEmpty()) largest = compact(std::move(largest));
     return {picture{source, natural.width() * twips_per_pixel, natural.height() * twips_per_pixel, pixels},
             {}};
 }
@@ -122,7 +126,7 @@ static QImage read_twin(const QString& path)
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     QImage twin = reader.read();
-    return twin.isNull() ? twin : without_fourth_byte(drawable(std::move(twin)));
+    return twin.isNull() ? twin : compact(std::move(twin));
 }
 
 static const decoded_picture* pixels_of(const picture& pic)
@@ -139,6 +143,13 @@ bool reads_twin(const picture& pic)
 {
     const decoded_picture* pixels = pixels_of(pic);
     return pixels != nullptr && pixels->twin_image.valid() && !is_read(pixels->twin_image);
+}
+
+void forget_twin(const picture& pic)
+{
+    const decoded_picture* pixels = pixels_of(pic);
+    if (pixels != nullptr && pixels->twin_image.valid() && is_read(pixels->twin_image))
+        pixels->twin_image = {};
 }
 
 const QImage* image_for(const picture& pic, const QSize& device, twin_reading reading)

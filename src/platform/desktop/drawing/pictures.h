@@ -41,6 +41,9 @@ enum class twin_reading { waits, meanwhile_without };
 // smaller, the twin, or the largest if there is no twin. Null when the picture has no images.
 const QImage* image_for(const picture&, const QSize& device, twin_reading = twin_reading::waits);
 
+// Frees the twin if it has been read. It is read again when it is needed.
+void forget_twin(const picture&);
+
 // Whether the twin is still being read; the picture should then be drawn again later.
 bool reads_twin(const picture&);
 

@@ -147,6 +147,7 @@ void sight_view::hideEvent(QHideEvent*)
     strikes_.clear();
     fires_.clear();
     ground_.clear();
+    for (const shown_object* o : sight_.inside) forget_twin(o->drawn.Picture);
 }
 
 // Where a range picture is drawn. Place and size are rounded separately: if the edges were rounded, the size
