@@ -6,12 +6,10 @@ failed=0
 
 # none WORDS PATTERN PATHS AND GREP OPTIONS...: no line matches.
 none() {
-    local words=$1 pattern=$2
+    local words=$1 pattern=$2 found=0
     shift 2
-    if grep -rnP "$pattern" "$@"; then
-        echo "broken: $words"
-        failed=1
-    fi
+    grep -rnP "$pattern" "$@" || found=$?   # 1: no line; 2: grep has failed
+    [ $found -eq 1 ] || { echo "broken: $words"; failed=1; }
 }
 include='#include *[<"]'
 above='(flow|setup|ranges|gunnery|debrief|calibration|trainer)'

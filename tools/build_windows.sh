@@ -41,6 +41,8 @@ apt_source() {
 }
 
 fetch_sources() {
+    say "fetching the sources of Qt and SDL2"
+    rm -rf "$work/sources"
     mkdir -p "$work/apt/lists/partial" "$work/apt/parts" "$work/sources"
     for file in /etc/apt/sources.list.d/*.sources; do
         [ ! -e "$file" ] || { sed 's/^Types:.*/Types: deb-src/' "$file" && echo; }
@@ -57,6 +59,7 @@ unpack() {
     original=$(echo "$work/sources/${name}_"*.orig.tar.*z) dsc=$(echo "$work/sources/${name}_"*.dsc)
     echo "${sources[$name]}  $original" | sha256sum --check --quiet ||
         { say "$original has the wrong checksum"; exit 1; }
+    say "unpacking $name"
     rm -rf "${work:?}/src/$name"
     mkdir -p "$work/src"
     dpkg-source --no-check -x "$dsc" "$work/src/$name" >/dev/null
@@ -116,8 +119,9 @@ add_libraries() {
 # Checks the libraries that the files in the folder need. Each must be in the folder or part of Windows. A library is
 # taken as part of Windows if mingw-w64 has an import library for it, or if it is an API set (api-ms-win-*).
 check_libraries() {
-    local out=$1 name absent=0
-    for name in $(x86_64-w64-mingw32-objdump -p "$out"/*.{exe,dll} "$out"/*/*.dll | sed -n 's/.*DLL Name: //p' | sort -u); do
+    local out=$1 name names absent=0
+    names=$(x86_64-w64-mingw32-objdump -p "$out"/*.{exe,dll} "$out"/*/*.dll | sed -n 's/.*DLL Name: //p' | sort -u)
+    for name in $names; do
         local import=${name,,}
         import=${import%.*}
         [[ $import == api-ms-win-* ]] || [ -e "$out/$name" ] || [ -e "/usr/x86_64-w64-mingw32/lib/lib$import.a" ] ||
@@ -130,7 +134,8 @@ add_licences() {
     local out=$1/licences list
     mkdir -p "$out"
     list=$(for dsc in "$work"/sources/*.dsc; do basename "$dsc" .dsc | sed 's/_/, version /; s/^/  /'; done
-        dpkg-query -W -f='  ${source:Package}, version ${source:Version}\n' gcc-mingw-w64-base mingw-w64-common)
+        dpkg-query -W -f='  ${source:Package}, version ${source:Version}\n' gcc-mingw-w64-base mingw-w64-common
+        dpkg-query -W -f='  ${Built-Using}\n' gcc-mingw-w64-base | sed 's/ (= \(.*\))/, version \1/')
     sed -e '/@SOURCES@/{r /dev/stdin' -e 'd}' packaging/windows/SOURCES.txt <<<"$list" >"$out/SOURCES.txt"
     cp /usr/share/common-licenses/LGPL-3 "$out/LGPL-3.0.txt"
     cp /usr/share/common-licenses/GPL-3 "$out/GPL-3.0.txt"
@@ -146,6 +151,7 @@ add_licences() {
 build_trainer() {
     local file stage=$work/stage/V.O.R.N
     say "building the trainer"
+    rm -f "$work/vorn-$version-"*   # check_windows.sh must not find the packages of an earlier build
     cross_cmake . vorn -DCMAKE_BUILD_TYPE=Release -DVORN_TESTS=OFF
     ninja -C "$work/vorn" -j "$jobs" vorn
     rm -rf "$work/stage"
@@ -160,7 +166,6 @@ make_packages() {
     local stage=$work/stage/V.O.R.N setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip
     say "making the installer and the ZIP file"
     packaging/windows/make_setup.sh "$version" "$stage" "$setup"
-    rm -f "$zip"
     (cd "$work/stage" && cmake -E tar cf "$zip" --format=zip V.O.R.N)
     say "the trainer for Windows: $(du -h "$setup" "$zip" | awk '{ printf "%s%s (%s)", s, $2, $1; s = " and " }')"
 }

@@ -87,8 +87,9 @@ start() {
 }
 
 await_end() {
-    for _ in $(seq 300); do kill -0 "$program" 2>/dev/null || return 0; sleep 0.1; done
-    fail "the program is still running"
+    for _ in $(seq 300); do kill -0 "$program" 2>/dev/null || break; sleep 0.1; done
+    ! kill -0 "$program" 2>/dev/null || fail "the program is still running"
+    wait "$program" || fail "the program ended with an error"
 }
 
 # Whether a window fills the screen, within some seconds.
@@ -128,7 +129,7 @@ first_window() {
         [ $took -gt $least ] || least=$took
         kill $program || true
         wait $program 2>/dev/null || true
-        while [ -n "$(window "$title")" ]; do sleep 0.1; done
+        while [ -n "$(window "$title")" ]; do [ $SECONDS -lt $deadline ] || fail "the window stays: $*"; done
     done
     echo $least
 }
@@ -146,24 +147,29 @@ compare_starts() {   # FOLDER with the program
 }
 
 run_setup() {   # INSTALLER OPTIONS...
-    wine "$@" /S || fail "$1 reports an error"
-    wineserver -w
+    timeout 300 wine "$@" /S || fail "$1 reports an error"
+    timeout 120 wineserver -w
 }
 
 registered() { wine reg query "$1" >/dev/null 2>&1; }
 keys=('Software\Microsoft\Windows\CurrentVersion\Uninstall\V.O.R.N' 'Software\Classes\.'{arf,prf,vrn}
     'Software\Classes\vorn.'{range,practice,record}{'\DefaultIcon','\shell\open\command'})
 
-look_at_installation() {   # HKLM or HKCU, the folder that was installed
-    local key type icon
+# Prints a value of the registry.
+value() { wine reg query "$@" 2>/dev/null | tr -d '\r' | sed -n 's/.*REG_SZ *//p'; }
+
+look_at_installation() {   # HKLM or HKCU, the folder that was installed, its version
+    local key type icon classes="$1\\Software\\Classes"
     cmp "$2/vorn.exe" "$installed/vorn.exe" || fail "the program isn't installed"
     diff -rq -x uninstall.exe "$2" "$installed" || fail "the installed files differ"
     for key in "${keys[@]}"; do registered "$1\\$key" || fail "$key isn't registered"; done
+    [ "$(value "$1\\${keys[0]}" /v DisplayVersion)" = "$3" ] || fail "the version registered isn't $3"
     for type in range practice record; do
-        icon=$(wine reg query "$1\\Software\\Classes\\vorn.$type\\DefaultIcon" /ve 2>/dev/null |
-            tr -d '\r' | sed -n 's/.*REG_SZ *//p')
+        icon=$(value "$classes\\vorn.$type\\DefaultIcon" /ve)
         [ -f "$(winepath -u "$icon" 2>/dev/null)" ] || fail "the icon of the type $type isn't there: $icon"
     done
+    [ "$(for type in arf prf vrn; do value "$classes\\.$type" /ve; done | xargs)" = "vorn.range vorn.practice vorn.record" ] ||
+        fail "the file types are registered for another program"
     [ -n "$(find "$WINEPREFIX/drive_c" -name 'V.O.R.N..lnk')" ] || fail "there is no entry in the start menu"
 }
 
@@ -203,11 +209,11 @@ make_other_version() {
 }
 
 # Installs over an installation. A file that the user has put into the folder stays.
-install_over() {   # INSTALLER, the folder that it installs
+install_over() {   # INSTALLER, the folder that it installs, its version
     touch "$installed/ranges/of_the_user.arf"
     run_setup "$1"
     rm "$installed/ranges/of_the_user.arf" || fail "a file of the user was removed"
-    look_at_installation HKLM "$2"
+    look_at_installation HKLM "$2" "$3"
     look_at_saved "$own"
 }
 
@@ -215,7 +221,7 @@ check_installed() {
     installed="$WINEPREFIX/drive_c/Program Files/V.O.R.N"
     say "installing"
     run_setup "$setup"
-    look_at_installation HKLM "$stage"
+    look_at_installation HKLM "$stage" "$version"
     say "starting the trainer for the first time"
     start wine "$installed/vorn.exe"
     carry_full_screen
@@ -228,11 +234,11 @@ check_installed() {
     magenta_icons "$own"
     fire_and_save "$own" wine "$installed/vorn.exe"
     say "installing again over the installation"
-    install_over "$setup" "$stage"
+    install_over "$setup" "$stage" "$version"
     say "installing another version over it, and this version over that"
     make_other_version
-    install_over "$other/setup.exe" "$other/V.O.R.N"
-    install_over "$setup" "$stage"
+    install_over "$other/setup.exe" "$other/V.O.R.N" 9.9
+    install_over "$setup" "$stage" "$version"
     say "uninstalling"
     touch "$installed/ranges/of_the_user.arf"
     uninstall /AllUsers
@@ -249,8 +255,7 @@ none_registered() {   # HKLM or HKCU
 }
 
 uninstall() {   # /AllUsers or /CurrentUser
-    wine "$installed/uninstall.exe" "$1" /S
-    wineserver -w
+    run_setup "$installed/uninstall.exe" "$1"
     none_registered HKLM
     none_registered HKCU
     [ -z "$(find "$WINEPREFIX/drive_c" -name 'V.O.R.N..lnk')" ] || fail "the entry in the start menu is still there"
@@ -261,7 +266,7 @@ check_for_one_user() {
     say "installing for one user"
     run_setup "$setup" /CurrentUser
     installed=$(echo "$WINEPREFIX"/drive_c/users/*/AppData/Local/Programs/V.O.R.N)
-    look_at_installation HKCU "$stage"
+    look_at_installation HKCU "$stage" "$version"
     none_registered HKLM
     uninstall /CurrentUser
     [ ! -e "$installed" ] || fail "the uninstaller left: $(ls -R "$installed")"
@@ -284,7 +289,7 @@ rm -rf "$pictures" "$other"
 mkdir -p "$pictures" "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
 open_display
 export FONTCONFIG_FILE=$work/no_fonts.conf
-if [ ! -d "$WINEPREFIX" ] || [ "${1:-}" != core ]; then fresh_windows; fi
+fresh_windows
 [ "${1:-}" = program ] || run_core_tests
 [ "${1:-}" = core ] && exit
 [ -e "$setup" ] || fail "$setup isn't there: run tools/build_windows.sh first"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the installer from a folder that holds the program and its data.
+# Makes the installer from a folder that holds the program and its data. Folder and output are absolute paths.
 #
 #   packaging/windows/make_setup.sh VERSION FOLDER OUTPUT
 set -euo pipefail

@@ -1,8 +1,10 @@
-; The installer. VERSION, STAGE (the folder with the program), FILES (made by build_windows.sh: what to delete) and OUT are
-; given on the command line. It installs for all users, or for one user without administrator's rights.
-; Options: /AllUsers, /CurrentUser, /S (asks no questions).
+; The installer. VERSION, STAGE (the folder with the program), FILES (made by make_setup.sh: what to delete), ICON and OUT
+; are given on the command line. It installs for all users, or for one user without administrator's rights.
+; Options: /AllUsers, /CurrentUser, /S (asks no questions), /D=FOLDER (the last option, without quotes). With /AllUsers but
+; without administrator's rights it shows a message, even with /S.
 Target amd64-unicode
 SetCompressor /SOLID lzma
+AllowSkipFiles off   ; a file that can't be written is an error, also with /S
 
 !define NAME "V.O.R.N."
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\V.O.R.N"
@@ -83,6 +85,7 @@ again:
     WriteRegStr SHCTX "Software\Classes\vorn.${TYPE}" "" "${NAME}"
     WriteRegStr SHCTX "Software\Classes\vorn.${TYPE}\DefaultIcon" "" "$INSTDIR\icons\${TYPE}.ico"
     WriteRegStr SHCTX "Software\Classes\vorn.${TYPE}\shell\open\command" "" '"$INSTDIR\vorn.exe"'
+    WriteRegStr SHCTX "Software\Classes\${ENDING}\OpenWithProgids" "vorn.${TYPE}" ""
     ReadRegStr $0 HKCR "${ENDING}" ""
     ${If} $0 == ""
     ${OrIf} $0 == "vorn.${TYPE}"
@@ -95,27 +98,46 @@ again:
     ReadRegStr $0 SHCTX "Software\Classes\${ENDING}" ""
     ${If} $0 == "vorn.${TYPE}"
         DeleteRegValue SHCTX "Software\Classes\${ENDING}" ""
-        DeleteRegKey /ifempty SHCTX "Software\Classes\${ENDING}"
     ${EndIf}
+    DeleteRegValue SHCTX "Software\Classes\${ENDING}\OpenWithProgids" "vorn.${TYPE}"
+    DeleteRegKey /ifempty SHCTX "Software\Classes\${ENDING}\OpenWithProgids"
+    DeleteRegKey /ifempty SHCTX "Software\Classes\${ENDING}"
 !macroend
+
+; MultiUser replaces the folder by the registered or the usual one.
+Var given_folder
 
 Function .onInit
     !insertmacro needs_windows_10
+    StrCpy $given_folder $INSTDIR   ; of /D
     !insertmacro MULTIUSER_INIT
+    ${If} $given_folder != ""
+        StrCpy $INSTDIR $given_folder
+    ${EndIf}
 FunctionEnd
 
+; The uninstaller removes the installation that it belongs to, which may not be the one registered for all users.
 Function un.onInit
+    StrCpy $given_folder $INSTDIR
     !insertmacro MULTIUSER_UNINIT
+    ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+    ${If} $0 == $given_folder
+        Call un.MultiUser.InstallMode.CurrentUser
+    ${EndIf}
+    StrCpy $INSTDIR $given_folder
 FunctionEnd
 
 Section "install"
     !insertmacro not_running
-    ; The version installed before may have files that this version doesn't have. In any other folder an
-    ; uninstall.exe belongs to another program.
-    ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "InstallLocation"
-    ${If} $0 == $INSTDIR
-    ${AndIf} ${FileExists} "$INSTDIR\uninstall.exe"
-        ExecWait '"$INSTDIR\uninstall.exe" /S /$MultiUser.InstallMode _?=$INSTDIR'
+    ; The version installed before may have files that this version doesn't have, or be in another folder.
+    ReadRegStr $R0 SHCTX "${UNINSTALL_KEY}" "InstallLocation"
+    ${If} $R0 != ""
+    ${AndIf} ${FileExists} "$R0\uninstall.exe"
+        ExecWait '"$R0\uninstall.exe" /S /$MultiUser.InstallMode _?=$R0' $0
+        ${If} $0 == 0
+            Delete "$R0\uninstall.exe"
+            RMDir "$R0"
+        ${EndIf}
     ${EndIf}
     SetOutPath "$INSTDIR"
     File /r "${STAGE}/*"
@@ -144,10 +166,13 @@ Section "Uninstall"
     !include "${FILES}"
     Delete "$INSTDIR\uninstall.exe"
     RMDir "$INSTDIR"
-    Delete "$SMPROGRAMS\V.O.R.N..lnk"
-    !insertmacro remove_type ".arf" "range"
-    !insertmacro remove_type ".prf" "practice"
-    !insertmacro remove_type ".vrn" "record"
-    DeleteRegKey SHCTX "${UNINSTALL_KEY}"
-    ${un.RefreshShellIcons}
+    ReadRegStr $0 SHCTX "${UNINSTALL_KEY}" "InstallLocation"
+    ${If} $0 == $INSTDIR   ; otherwise another installation is registered
+        Delete "$SMPROGRAMS\V.O.R.N..lnk"
+        !insertmacro remove_type ".arf" "range"
+        !insertmacro remove_type ".prf" "practice"
+        !insertmacro remove_type ".vrn" "record"
+        DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+        ${un.RefreshShellIcons}
+    ${EndIf}
 SectionEnd
