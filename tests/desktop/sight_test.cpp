@@ -21,7 +21,7 @@ struct strikes_in_practice : trainer_test, testing::WithParamInterface<bool> {
     {
         s.gunloaded = true;
         s.nature = s.ammoselected = nature;
-        pc.set_speed(8);   // a burst lasts longer than its sheet takes to read
+        pc.set_speed(8);   // slow enough that the burst is still shown if its pictures had to be waited for
         pc.run([&] { keyfire(t, s); });
         if (nature == coax_transport) pc.run(s.Timcoax.tick);
         pc.run([&] { keycoaxstop(t, s); });
