@@ -73,9 +73,26 @@ cross_cmake() {   # SOURCE BUILD OPTIONS...
         { tail -30 "$work/$build.configure.log"; return 1; }
 }
 
+# Libraries of Windows for printing, file dialogs and 3D graphics. Loading them would be a third of the start under Wine, so
+# Qt loads each when it is first called: it is linked with other import libraries.
+late_libraries=(comdlg32 d3d11 d3d9 dxgi winspool)
+
+make_late_libraries() {
+    local name import definition
+    mkdir -p "$work/late"
+    for name in "${late_libraries[@]}"; do
+        import=/usr/x86_64-w64-mingw32/lib/lib$name.a definition=$work/late/$name.def
+        echo "LIBRARY $(x86_64-w64-mingw32-dlltool --identify "$import")" >"$definition"
+        echo "EXPORTS" >>"$definition"
+        x86_64-w64-mingw32-nm "$import" | sed -n 's/.* T //p' | sort -u >>"$definition"
+        x86_64-w64-mingw32-dlltool --input-def "$definition" --output-delaylib "$work/late/lib$name.a"
+    done
+}
+
 # Debian's source has no wintab.h, so there is no support for tablets. PrintSupport needs Direct2D. Libraries bundled with
 # Qt are used.
-qt_options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DINPUT_opengl=no)
+qt_options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DINPUT_opengl=no
+    "-DCMAKE_SHARED_LINKER_FLAGS=-L'$work/late'" "-DCMAKE_MODULE_LINKER_FLAGS=-L'$work/late'")
 for feature in tabletevent sql network testlib dbus concurrent xml opengl vulkan zstd icu pkg_config glib system_zlib \
     system_png system_jpeg system_freetype system_harfbuzz system_pcre2 system_doubleconversion; do
     qt_options+=("-DFEATURE_$feature=OFF")
@@ -97,13 +114,16 @@ build_svg() {
     ninja -C "$work/svg" -j "$jobs" install >/dev/null
 }
 
+sdl_options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DSDL_STATIC=OFF -DSDL_TEST=OFF)
+
 build_sdl() {
     say "building SDL2"
-    cross_cmake "$work/src/libsdl2" sdl -DCMAKE_BUILD_TYPE=MinSizeRel -DSDL_STATIC=OFF -DSDL_TEST=OFF
+    cross_cmake "$work/src/libsdl2" sdl "${sdl_options[@]}"
     ninja -C "$work/sdl" -j "$jobs" install >/dev/null
 }
 
-# Copies the libraries, Qt's plug-ins and gcc's runtime libraries beside the program, and strips all of them.
+# Copies the libraries, Qt's plug-ins and gcc's runtime libraries beside the program, and strips all of them. Aligned to
+# pages, a file is mapped into memory instead of read.
 add_libraries() {
     local out=$1 gcc file
     gcc=$(dirname "$(x86_64-w64-mingw32-gcc-posix -print-file-name=libstdc++-6.dll)")
@@ -113,7 +133,9 @@ add_libraries() {
     cp "$WINDOWS_PREFIX"/plugins/styles/*.dll "$out/styles"
     cp "$WINDOWS_PREFIX"/plugins/imageformats/{qgif,qico,qjpeg}.dll "$out/imageformats"
     cp "$gcc"/{libstdc++-6,libgcc_s_seh-1}.dll /usr/x86_64-w64-mingw32/lib/libwinpthread-1.dll "$out"
-    for file in "$out"/*.{exe,dll} "$out"/*/*.dll; do x86_64-w64-mingw32-strip "$file"; done
+    for file in "$out"/*.{exe,dll} "$out"/*/*.dll; do
+        x86_64-w64-mingw32-objcopy --strip-all --file-alignment 4096 "$file"
+    done
 }
 
 # Checks the libraries that the files in the folder need. Each must be in the folder or part of Windows. A library is
@@ -173,8 +195,9 @@ make_packages() {
 install_missing "${windows_packages[@]}"
 once fetch "${sources[*]}" fetch_sources
 for name in qt6-base libsdl2; do once "unpack-$name" "${sources[$name]}" unpack "$name"; done
-once qt "${sources[qt6-base]} ${qt_options[*]}" build_qt
+once late "${late_libraries[*]}" make_late_libraries
+once qt "${late_libraries[*]} ${sources[qt6-base]} ${qt_options[*]}" build_qt
 once svg "${sources[qtsvg-opensource-src]} $(cat packaging/windows/svg/* | sha256sum)" build_svg
-once sdl "${sources[libsdl2]}" build_sdl
+once sdl "${sources[libsdl2]} ${sdl_options[*]}" build_sdl
 build_trainer
 make_packages
