@@ -116,8 +116,8 @@ void takefactor(trainer& t, S& s, const axis_row& a)
     t.shared.*a.factor = (static_cast<double>(end) - static_cast<double>(at)) / 12.0;
 }
 
-// The dot moves like the sight in a practice: one twip for each full 100 units of the reading beyond the dead
-// band. The step is rounded down: to the left and up this makes it one twip larger.
+// The dot moves like the sight in a practice: one twip for each 100 units of the reading beyond the dead
+// band. Rounding down makes a step to the left or up one twip larger than the same step to the right or down.
 void movedot(S& s, const axis_row& a, double bound, double at)
 {
     const double n = Int((at - bound) / 100);

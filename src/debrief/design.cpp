@@ -15,7 +15,8 @@ namespace {
 
 using S = results_screen;
 
-// The marks of lase and visual aim are upside down, since they are placed by the offsets in the record.
+// The marks of lase and visual aim are upside down, since place_markers adds their vertical offsets and
+// doesn't subtract them.
 constexpr const char* reading =
     "The cross is the middle of the target. The other marks show laser, aim and round against it.\n\n"
     "Laser, and aim of the visual sight, are upside down. A good visual lay has its aim straight below the "
@@ -139,7 +140,7 @@ void target_details(S& s)
     add(s.window, s.Frame1, frame({7320, 3480, 4695, 6855}, " TARGET DETAILS"));
     caption(s, &s.Frame1, label({180, 390, 1800, 300}, "ROUNDS FIRED", colour::dim));
     add(s.window, s.Lblrounds, bold(label({1980, 390, 900, 300}, "", colour::live)), &s.Frame1);
-    const area seen{60, 720, 4575, 3255};   // bounds of the marks; a mark outside is shown at the edge
+    const area seen{60, 720, 4575, 3255};   // bounds of the marks; a mark outside them is shown at the edge
     caption(s, &s.Frame1, image(seen, ":target_ground"));
     add(s.window, s.Imgtargetdetails, with_tip(image({1440, 960, 1695, 1695}, ":target"), "LAY OF MBS"),
         &s.Frame1);
@@ -181,9 +182,9 @@ void thermal_marks(S& s)
     add(s.window, s.Imgrevhesh, hidden(image({1020, 1418, 1080, 375}, ":revhesh")), &s.Frmtherm);
 }
 
-// Places the frame in the given area with its contents enlarged. Objects designed at its right edge are
-// widened with it. Those also designed at its lower edge become higher with it. A mark that has moved there
-// isn't changed.
+// Places the frame in the given area with its contents enlarged. Objects that reach its right edge by design
+// are widened with it, and those that also reach its lower edge become higher with it. A mark that has moved
+// to an edge isn't changed.
 void put_frame(const S& s, wide_layout& w, const screen_object& frame, const area& at, double factor)
 {
     constexpr double right_margin = 200, lower_margin = 100;
@@ -220,7 +221,7 @@ wide_layout wide(const S& s, double width)
 {
     constexpr double margin = 60, gap = 105, top = 390, foot = 10500, least_gain = 1.1;
     constexpr double lowest = 5250;        // height of the target's frame with the legend in one row
-    constexpr double least_left = 11580;   // there the frames fill the row below the strip without gaps
+    constexpr double least_left = 11580;   // the enlarged frames then just fill the row below the strip
     constexpr double largest_strip = 1.2;
     const double growth = std::min((foot - top) / lowest, (width - least_left - 3 * margin) / s.Frame1.Width);
     if (growth < least_gain) return {};
@@ -248,7 +249,8 @@ wide_layout wide(const S& s, double width)
     put(s.Frame3, second, wider, s.Frame3.Height);
     put(s.Frame2, second, wider, s.Frame2.Height);
     put(s.Frmtherm, third, 0, s.Frmtherm.Height);
-    // The help has larger text in a wider frame, and the height of two frames if the lower one is hidden.
+    // The text about the marks is larger in a wider frame. Its frame has the height of two frames if the
+    // lower one, Frmtherm, is hidden.
     const double widened = wider / (factor * s.Frmreading.Width), larger = 1 + widened / 6;
     if (s.Frmtherm.Visible)
         put(s.Frmreading, third, wider, s.Frmreading.Height, larger);

@@ -65,9 +65,9 @@ void place(screen_object& mark, double left, double top)
     mark.Top = top;
 }
 
-// Whether the round wasn't fired at this target: the record then has one of an earlier practice, or one fired
-// before the target came up. recrounds is at most 3, so a fourth round can't be told from none after exactly
-// three.
+// Whether this round wasn't fired at this target. The record then contains a round of an earlier practice, or
+// one that was fired before the target came up. recrounds is at most 3, so after three rounds the fourth also
+// counts as fired.
 bool never_fired(const practice_state& p, int e, int round)
 {
     return p.recrounds[e] < std::min(round, 3);

@@ -28,7 +28,7 @@ sums added_up(const practice_state& p)
     return s;
 }
 
-// A division by 0 gives 0, as the average or score of a record without engagements or without times.
+// A division by 0 gives 0: the average of a record without engagements, and the score if the average is 0.
 double divided(double a, double b)
 {
     return b == 0 ? 0 : a / b;

@@ -95,8 +95,8 @@ void cmdprint_click(trainer& t)
     t.results.outcome.Caption = done.file.empty() ? "The report is printed" : done.file + " is saved";
 }
 
-// After a cancelled save, resultsfile names a file that doesn't exist. The failure to delete it is
-// reported.
+// After a cancelled save, resultsfile is the proposed name. Usually there is no such file, and the failure to
+// delete it is reported.
 void cmddelete_click(trainer& t)
 {
     t.results.outcome.Caption.clear();

@@ -59,8 +59,8 @@ std::string results_file_bytes(const practice_state& p)
     return items.file_bytes();
 }
 
-// Each loop over the engagements ends at targetcount, so a count above 15 would index past the end of the
-// tables.
+// The loops over the engagements end at targetcount. A count above 15 would include rows that the file
+// doesn't contain, and a much larger one would index past the end of the tables.
 static bool take_count(item_reader& items, practice_state& p)
 {
     int16 count;

@@ -27,7 +27,7 @@ void design_intro(intro_screen& s)
     form& f = s.window;
     f.name = "intro";
     f.Caption = "V. O. R. N.";
-    // As wide as a 21:9 screen; a narrower window shows the middle of the picture.
+    // The picture is wide enough for a 21:9 screen; a narrower window shows its middle.
     s.Image1.docked = dock::backdrop;
     add(f, s.Image1, image({-6000, 0, form_width + 12000, form_height}, ":title"));
     add(f, s.Label2,

@@ -56,7 +56,7 @@ void start_program(trainer& t)
     load(t.pc, t.results.window);
 }
 
-// The program directory to which a chosen file belongs. The file is in that directory or in its folder
+// The program directory to which a chosen file belongs. The user may also choose a file in its folder
 // "ranges", since the directory itself sometimes contains only folders. A program directory that is itself
 // named "ranges" is recognised by its "ranges/vorn.HLP".
 static std::filesystem::path directory_of(const std::string& file)

@@ -26,7 +26,7 @@ const ammo_row& row_of(ammo_shown a)
     return rows[static_cast<int>(a)];
 }
 
-// Selecting a weapon replaces the stadia of the thermal sight by the laser aiming mark.
+// On the thermal sight the selection of a weapon replaces the stadia mark with the laser aiming mark.
 void showaimingmark(gunnery_screen& s)
 {
     if (s.visual()) return;
@@ -80,8 +80,8 @@ void cmdmaingun_click(trainer& t, gunnery_screen& s)
     heshcorrect(s);
 }
 
-// Selects FIN, or DST if a weapon was already selected. The thermal record then contains FIN in both cases,
-// the visual record the round selected.
+// Selects FIN, or DST if a weapon was already selected. The thermal record contains FIN in both cases, the
+// visual record contains the round selected.
 void cmdselectmain_click(trainer& t, gunnery_screen& s)
 {
     showaimingmark(s);

@@ -13,8 +13,8 @@ namespace vorn {
 
 enum nature_of_target { no_nature = -1, fin_tank = 0, hesh_bmp = 1, coax_transport = 2 };
 
-// What Lblammotype shows. During a HESH correction the thermal sight alternates between FIN and DST: the
-// round selected remains HESH.
+// What Lblammotype shows. During a HESH correction on the thermal sight it shows FIN and DST in turn,
+// although the round selected is still HESH.
 enum class ammo_shown { nothing, fin, dst, hesh, coax, hesh_as_fin, hesh_as_dst };
 
 // The variables of a screen, grouped by the event that sets their start values. Resetting a group also resets

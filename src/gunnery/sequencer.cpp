@@ -18,7 +18,7 @@ void cmdstartsim_click(trainer& t, gunnery_screen& s)
     s.Cmdstopsim.Enabled = true;
     s.Cmdpausesim.Enabled = true;
     s.Cmdstartsim.Enabled = false;
-    s.keynote.Caption.clear();            // its place stays, so that the sight keeps its size
+    s.keynote.Caption.clear();            // stays visible, so that the sight keeps its size
     s.window.takes_focus = &s.Picrange;   // so that Space doesn't click a button
     s.simrunning = true;
     s.lblcrew.Caption = "COMMANDER:- ACTION !!";

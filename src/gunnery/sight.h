@@ -58,7 +58,7 @@ struct coax_numbers {
 };
 
 struct loader_numbers {
-    int from, to;   // the gun is loaded when `loadcount` gets into this range, both included
+    int from, to;   // the gun is loaded when `loadcount` is from `from` to `to`
 };
 
 struct explosion_numbers {

@@ -206,7 +206,7 @@ wide_layout wide(const S& s, double width)
     const double overview = growth * s.Frame1.Width;
     const double beside = std::min(width - overview - 5 * margin, most_gain * s.Frame5.Width);
     const bool large_sight = beside > least_gain * s.Frame5.Width;
-    const double moved = large_sight ? beside - s.Frame5.Width : 0;   // what is right of the sight
+    const double moved = large_sight ? beside - s.Frame5.Width : 0;   // of all that is right of the sight
     const double least_width = overview + (large_sight ? beside + 3 * margin : 0);
     const double row_width =
         std::max(std::min(width - 2 * margin, texts_left + most_texts + right), least_width);

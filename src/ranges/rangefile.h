@@ -44,7 +44,7 @@ std::string range_file_bytes(const practice_state&);
 std::string icon_path(const machine&, const std::string& rootpath, const std::string& stored);
 // The path relative to a folder, without a leading separator; nothing if the file isn't in the folder.
 std::optional<std::string> below_folder(const machine&, const std::string& folder, const std::string& path);
-// The path to store for an icon. If the icon is in rootpath, it is relative to rootpath with a leading
+// The path to store for an icon. For an icon in rootpath this is the path relative to rootpath with a leading
 // separator, so that the folder can be moved; otherwise it is the full path.
 std::string stored_icon(const machine&, const std::string& rootpath, const std::string& chosen);
 

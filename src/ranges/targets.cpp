@@ -26,7 +26,7 @@ void lbltargetnum_click(rauthor_screen& s, int position)
     s.Lbltarget.Caption = std::to_string(position);
 }
 
-// Parses a range in metres; nothing if a position can't store it.
+// Parses a range in metres; nothing if the text isn't a whole number that a position can store.
 std::optional<int> range_of(const std::string& text)
 {
     const std::size_t from = text.find_first_not_of(' ');

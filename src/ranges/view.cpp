@@ -69,7 +69,7 @@ void moveto(S& s, double x, double y)
 {
     constexpr int small_step = 100;
     const auto go = [&s](double off, int S::*step, void (*back)(S&), void (*on)(S&)) {
-        // An arrow may be pressed meanwhile: its step is restored below.
+        // An arrow may be held down at the same time, so its step is restored below.
         const int pressed = std::exchange(s.*step, off < 0 ? small_step : -small_step);
         for (double n = rounded(std::abs(off) / small_step); n > 0; --n) (off < 0 ? back : on)(s);
         s.*step = pressed;

@@ -93,7 +93,8 @@ void make_startsim_hints(startsim_screen& s)
          {&s.Cmddebrief, "Debrief a practice"},
          {&s.Cmdabout, "Info on the program"},
          {&s.Cmdexit, "Exit from VORN"}});
-    // A fast mouse can skip the narrow strip of background between the buttons and these frames.
+    // A fast mouse can skip the narrow strip of background between the buttons and these frames. So the
+    // frames end the hint too.
     end_hint_over(panel, {&s.Frame2, &s.Frame13, &s.Frame9});
 }
 
