@@ -85,7 +85,7 @@ void open_sight(trainer& t, desktop_machine& pc, const QSize& size)
     pc.run([&] { show(pc, t.simulator.window); });
     form_window& w = *pc.window(t.simulator.window);
     w.resize(size);
-    w.grab();   // paints the sight, which starts to read the twin of the range picture
+    w.grab();   // paints the sight; this starts the reading of the twin of the range picture
     std::printf("%-34s %.0f ms\n", "opening of the screen", (pc.now() - before) * 1000);
     run_for(500);
 }

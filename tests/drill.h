@@ -79,7 +79,7 @@ struct spot {
 
 struct engagement_note {
     std::string order;    // "FIN", "HESH" or "COAX"
-    std::string system;   // the letter shown at the last shot
+    std::string system;   // the letter in Lblsystem at the last shot
     double ordered = 0, killed = 0;
     bool hit = false;
     bool corrected = false;    // the HESH correction was used
@@ -89,7 +89,7 @@ struct engagement_note {
 
 // A scripted gunner fires a practice, from START SIM until it has ended, and returns notes to compare with
 // the record. The gunner uses only what a gunner sees and hears: visible objects and crew lines, which the
-// machine must watch. What others do meanwhile may spoil the shoot, but doesn't stop the gunner.
+// machine must watch. Random events in between may cause misses, but don't stop the gunner.
 std::vector<engagement_note> fire_practice(headless_machine&, trainer&, gunnery_screen&, device);
 
 // The names of the screens that are shown, the front one last.
@@ -100,7 +100,7 @@ double draw_of(int position);
 struct drill {
     // On the test data, or on that of another program directory.
     explicit drill(sight_kind, const std::string& program = {});
-    ~drill();   // every sound that was played must be among those shipped
+    ~drill();   // checks that every sound that was played is a shipped file
     drill(const drill&) = delete;
     drill& operator=(const drill&) = delete;
 

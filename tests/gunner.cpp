@@ -102,7 +102,7 @@ struct gunner {
         work(c, true);
         work(c, false);
     }
-    // Holds a direction. The stick is deflected less for a short time.
+    // Holds a direction. A short hold deflects the stick less.
     void hold(control c, double seconds)
     {
         if (by_ != device::stick) {

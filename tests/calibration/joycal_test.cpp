@@ -43,7 +43,7 @@ struct calibration : testing::Test {
         for (const screen_object& o : s.Lblbutton) lamps += o.BackColor == colour::red ? '*' : '.';
         return lamps;
     }
-    // A move event that leaves the readings unchanged.
+    // A move event with these values. The readings of the joystick stay unchanged.
     void move(long x, long y)
     {
         pc.event([&] { s.window.Move(x, y); });
@@ -77,7 +77,7 @@ TEST_F(calibration, the_lamps_follow_the_first_four_buttons)
 
 TEST_F(calibration, the_dot_rests_in_the_dead_band_and_moves_a_twip_per_full_hundred_beyond)
 {
-    pc.joystick[7] = 60000;   // other than X: the axes are independent
+    pc.joystick[7] = 60000;   // differs from that of X: the axes are independent
     pc.joystick[14] = 24000;
     to_step(2);
     EXPECT_EQ(s.Lblymin.Caption, "24000");

@@ -29,7 +29,8 @@ struct debrief : testing::Test {
         d.pc.wait(5);
         t.random.source = [] { return 0.5; };
     }
-    // The round falls at 4589, 1700: 64 right of the aim point and half the range below it.
+    // The round falls at 4589, 1700: 64 twips right of the aim point and 560 below it, which is half the
+    // range rounded up to whole steps of the flight.
     void shoot(double target_left, double target_top)
     {
         d.target_at(target_left, target_top);
@@ -42,7 +43,7 @@ struct debrief : testing::Test {
         d.pc.wait(3.1);
         shoot(4589 - 200, 1700 - 150);
         ASSERT_TRUE(sim.targethit);
-        d.pc.wait(1 + 5 + 1);   // target down, next order
+        d.pc.wait(1 + 5 + 1);   // the target goes down, the next order comes
         t.random.source = [] { return draw_of(6); };
         d.pc.wait(21);
         ASSERT_EQ(p.rechit[2], "NO");
@@ -80,18 +81,19 @@ TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
     EXPECT_TRUE(s.Lbltgtnumber[1].bold && !s.Lbltgtnumber[2].bold && !s.Frmtherm.Visible);
     EXPECT_EQ(s.Lbltgtnumber[1].ForeColor, colour::red);
     EXPECT_FALSE(s.Imagepoa.Pale || s.Imgfos.Pale || s.Imglaze.Pale);
-    // A picture of 4295 x 2121 pixels on a strip of 15045 x 3000 twips: scales of 4 and 11.
+    // A picture of 4295 x 2121 pixels on a strip of 15045 x 3000 twips: the scales, rounded,
+    // are 4 and 11.
     expect_at(s.imgtargetpointer, 120 + 51000 / 4.0, 360 + 15500 / 11.0, "pointer");
 }
 
 TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
 {
     fire_and_stop();
-    // The scale is 1695 / 385, rounded. First round: centre of the target at 4481.5, 1792.5, aim point at
-    // 4525, 1140.
+    // The scale is 1695 / 385, rounded: 4. At the first round the centre of the target was at 4481.5, 1792.5
+    // and the aim point at 4525, 1140.
     expect_at(s.Imagepoa, 2040 + 4 * 44, 1560 + 4 * 652, "aim 1");
     expect_at(s.Imgreptarget, 2040, 1560, "centre");
-    // The kill box begins and ends a quarter of the width from the edges of the target; marks are 480 wide.
+    // The margin of the kill box is a quarter of the target's width. Marks are 480 wide.
     expect_at(s.killbox, 2040 + 240 + 385, 1560 + 240 + 385, "kill box");
     EXPECT_TRUE(s.killbox.Width == 770 && s.killbox.Height == 770);
     EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";
@@ -111,7 +113,7 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     EXPECT_EQ(s.cmdround4.AccessibleName, "Not fired, round");
     d.pc.click(s.cmdround4);
     EXPECT_TRUE(s.Imgfos.Pale && s.Imagepoa.Pale) << "two rounds were fired";
-    p.recrounds[1] = 3;   // three or more rounds
+    p.recrounds[1] = 3;   // 3 means three or more
     d.pc.click(s.cmdround4);
     EXPECT_FALSE(s.Imgfos.Pale || s.Imagepoa.Pale);
     d.pc.click(s.Lbltgtnumber[2]);
@@ -219,7 +221,7 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
     save("no such folder/own.vrn");
     EXPECT_EQ(said(), "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     EXPECT_EQ(s.outcome.Caption, "");
-    d.pc.click(s.Cmdsave);   // the name is proposed again
+    d.pc.click(s.Cmdsave);   // resultsfile is the proposed name again
     d.data.put("smith_.vrn", "another's");
     // A name in different case is another file, unless the file system ignores case.
     const bool another = d.data.get("SMITH_.vrn").empty();
@@ -237,7 +239,7 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
         d.pc.click(s.Lbltgtnumber[15]);
         EXPECT_EQ(said(), "YOU DID NOT FIRE THIS ROUND ");
     }
-    for (const int lines : {100, 480}) {   // in the columns of rows, in those of rounds
+    for (const int lines : {100, 480}) {   // cut among the values of engagements, then among those of rounds
         d.data.put("own.vrn", first_lines(before, lines));
         open("own.vrn");
         EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED") << lines << " of 520 lines";
@@ -391,7 +393,7 @@ practice_state practice_of(const std::vector<fired>& engagements)
 
 using texts = std::vector<std::string>;
 
-// Hits, average and score.
+// The last three lines of the report: hits, average and score.
 texts summary_of(const practice_state& p)
 {
     texts last;

@@ -236,7 +236,7 @@ TEST_F(help, opens_beside_the_screen_where_there_is_room)
 {
     open(one);
     const QRect all = window(one).screen()->availableGeometry();
-    window(one).move(all.left() + 300 - window(one).width(), all.top());   // 300 pixels remain on the screen
+    window(one).move(all.left() + 300 - window(one).width(), all.top());   // 300 pixels stay visible
     show("<p>laze</p>");
     const QRect beside = page()->window()->frameGeometry();
     EXPECT_FALSE(beside.intersects(window(one).frameGeometry()));

@@ -173,7 +173,7 @@ protected:
 
     QTemporaryDir folder;
     strings log;       // what the handlers of the test have recorded, in order
-    screen one, two;   // before the machine, so that they outlive it
+    screen one, two;   // declared before the machine, so that they outlive it
     desktop_machine pc;
 
 private:

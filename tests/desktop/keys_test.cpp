@@ -157,7 +157,7 @@ TEST_F(keys, of_the_gun_answer_no_box)
 {
     double seconds = 100;
     pc.world_clock = [&] { return seconds; };
-    // Whether No was pressed: Qt shows the button pressed before it closes the box.
+    // Whether No was pressed. Qt marks a button as down before it closes the box.
     const auto answered = [&](const std::function<void(QMessageBox&)>& act) {
         bool no = false;
         when_box<QMessageBox>([&](QMessageBox& box) {

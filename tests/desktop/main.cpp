@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-// Memory that fontconfig and D-Bus keep until the process ends.
+// Not reported as leaks: memory that fontconfig and D-Bus keep until the process ends.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer calls it by this name
 extern "C" const char* __lsan_default_suppressions()
 {

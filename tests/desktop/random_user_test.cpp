@@ -59,7 +59,7 @@ struct random_user : trainer_test {
     }
 
     // Each action runs from the main event loop or from that of a box which an earlier action has opened, but
-    // not from the event loop that QTest runs after a key.
+    // not from the event loop that QTest runs after a key: there the action with the key hasn't ended.
     void go_on()
     {
         QTimer::singleShot(0, &timers, [this] {
@@ -183,7 +183,7 @@ struct random_user : trainer_test {
     bool help_in_front = false;
     std::optional<QWidget*> acting_in;   // the box in which an action runs; null outside boxes
     std::string broken;
-    std::set<const form*> screens;   // seen in front
+    std::set<const form*> screens;   // those that have been in front
     QEventLoop loop;
     QObject timers;
 };

@@ -21,7 +21,7 @@ struct strikes_in_practice : trainer_test, testing::WithParamInterface<bool> {
     {
         s.gunloaded = true;
         s.nature = s.ammoselected = nature;
-        pc.set_speed(8);   // slow enough that the burst is still shown if its pictures had to be waited for
+        pc.set_speed(8);   // slow enough that the burst is still shown after its pictures have been read
         pc.run([&] { keyfire(t, s); });
         if (nature == coax_transport) pc.run(s.Timcoax.tick);
         pc.run([&] { keycoaxstop(t, s); });
@@ -236,7 +236,7 @@ TEST_F(sight_effects, a_round_in_flight_moves_in_each_frame)
     round.ForeColor = colour::tracer;
     pc.sync();
     const paint_count paints(widget(sight));
-    pc.set_speed(1000);   // shortens the waits for the clock, which the test doesn't move
+    pc.set_speed(1000);   // shortens the waits, since the test doesn't advance the clock
     for (int i = 0; i < 91; ++i) {
         round.Top -= 20;
         pc.pace(0.011);

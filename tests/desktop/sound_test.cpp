@@ -81,10 +81,10 @@ TEST_F(sound, ignores_files_that_cannot_be_played)
     ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
     broken.write("RIFF\xff\xff\xff\x7fWAVEfmt and no more");
     broken.close();
-    const std::string days = wave("days.wav", ramp(0, 100000), 1);   // at 1 Hz
+    const std::string days = wave("days.wav", ramp(0, 100000), 1);   // at 1 Hz it would play for a day
     const std::string large = wave("large.wav", ramp(0, 90000));
     ASSERT_TRUE(QFile::resize(folder.filePath("large.wav"), 32'000'001));
-    ASSERT_EQ(mkfifo(path("pipe.wav").c_str(), 0600), 0);   // without a writer
+    ASSERT_EQ(mkfifo(path("pipe.wav").c_str(), 0600), 0);   // a pipe that nobody writes to
     for (const std::string& file :
          {path("none.wav"), path("broken.wav"), path(""), std::string(), days, large, path("pipe.wav"),
           wave("never.wav", ramp(0, 9), 0), wave("fast.wav", ramp(0, 90000), 400'001),

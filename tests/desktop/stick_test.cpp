@@ -151,7 +151,7 @@ TEST_F(joystick, sends_nothing_while_a_box_is_open)
     });
     pc.run([&] { pc.message_box({"x", ""}); });
     EXPECT_EQ(log.size(), 2U);
-    window(one).activateWindow();   // the offscreen platform doesn't do it after a box
+    window(one).activateWindow();   // the offscreen platform doesn't activate it after a box
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window(one)));
     pc.joystick().poll();
     EXPECT_FALSE(moves.empty()) << "the stick's position is reported again";

@@ -39,7 +39,8 @@ protected:
     {
         when_box<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
     }
-    // The visible objects of a screen that must not overlap: those on the form and those in a panel.
+    // The visible objects of a screen that must not overlap: those on the form except `panel`, and
+    // those in `panel`.
     static std::vector<const screen_object*> parts(const form& f, const screen_object* panel = nullptr)
     {
         std::vector<const screen_object*> found;

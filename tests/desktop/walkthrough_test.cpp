@@ -25,7 +25,7 @@ struct walkthrough : trainer_test {
         }
         return what();
     }
-    // Holds a direction key until the aim point is on the centre of the target in this direction.
+    // Holds a direction key until the aim point is on the centre of the target along this axis.
     void traverse(double (*offset)(const gunnery_screen&), Qt::Key less, Qt::Key more)
     {
         const double before = offset(s);
@@ -45,7 +45,7 @@ struct walkthrough : trainer_test {
         answer_yes();
         click(t.startsim.Cmdstart);
         ASSERT_TRUE(QTest::qWaitForWindowActive(pc.window(s.window)));
-        pc.run([&] { set_slider(s.HScspeed, 20); });   // small steps: the autolay goes one too far
+        pc.run([&] { set_slider(s.HScspeed, 20); });   // small steps, since the autolay goes one step too far
         click(s.Cmdstartsim);
         ASSERT_TRUE(wait_for([&] { return s.targetcalled && s.Imgtargets.Visible; }));
         QTest::keyClick(handle(), Qt::Key_E);

@@ -233,7 +233,7 @@ TEST_F(wide_screens, the_debrief_shows_a_large_target_with_the_marks_on_their_pl
         if (shape() > 1.5) {
             EXPECT_NEAR(in_window(s.Frmreading).bottom(), in_window(s.Frame4).bottom(), 1);
         }
-        s.Imgfos.Left = 2 * s.Frame1.Width;   // a mark at the edge while the next window is arranged
+        s.Imgfos.Left = 2 * s.Frame1.Width;   // a mark beyond the edge must not disturb the next arrangement
     });
 }
 

@@ -83,7 +83,7 @@ static int selected_in(const startsim_screen& s, const screen_object& group)
 extern "C" int fuzz_practice(const std::uint8_t* data, std::size_t size)
 {
     const std::string bytes = text_of(data, size);
-    // Kept between runs, since making all screens takes 30 times as long as reading a practice.
+    // Kept between runs, since creating all screens takes 30 times as long as reading a practice.
     static auto kept = std::make_unique<program>();
     if (kept->pc.ended) kept = std::make_unique<program>();
     headless_machine& pc = kept->pc;

@@ -358,7 +358,7 @@ TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
         EXPECT_TRUE(s.Timcoax.Enabled);
         EXPECT_EQ(d.pc.playing.ends_with("coax.wav"), burst < needed) << "the kill has its own sounds";
         d.pc.wait(0.1);
-        // Off by the coax error, 30 across and 20 down, and by the largest scatter, 99 both ways.
+        // Off by the coax error, 30 across and 20 down, and by the largest scatter, 99 across and down.
         EXPECT_NEAR(s.ammo.Top, (visual ? 1140 + 2200 : 2600 + 1100 / 7.0) + 20 + 99, 0.01);
         EXPECT_EQ(s.ammo.Left, s.mbs1.Left + 30 + 99);
         EXPECT_TRUE(s.ammo.Visible && s.ammo.Width == (visual ? 5 : 15));

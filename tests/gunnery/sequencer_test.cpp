@@ -200,7 +200,7 @@ TEST_P(practice_on, demand)
     EXPECT_TRUE(s.Cmdtarget.Enabled);
     d.pc.advance(100);
     EXPECT_EQ(s.targetnumber, 1);
-    d.pc.click(s.Cmdstopsim);   // leaves the button enabled, and it works
+    d.pc.click(s.Cmdstopsim);   // leaves Cmdtarget enabled, which still works
     d.pc.click(s.Cmdtarget);
     d.pc.advance(8);
     EXPECT_TRUE(s.Imgtargets.Visible && !s.simrunning);

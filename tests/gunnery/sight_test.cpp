@@ -202,7 +202,7 @@ TEST_F(visual_laser, lays)
         const char* keys;
         int range;
         double seconds, target, picture, mark;
-        bool early, lead;   // an early release lays too; the lay has a lead
+        bool early, lead;   // whether an early release lays too; whether the lay has a lead
         int ammo;
     } lays[] = {{"WE", 1000, 1, 3 * 110 + 11 * 20, 2 * 110 + 10 * 20, 500, true, false, fin_tank},
                 {"WERR", 1000, 1, 17 * 110 + 21 * 10, 16 * 110 + 20 * 10, 2000, false, true, hesh_bmp},
@@ -217,7 +217,7 @@ TEST_F(visual_laser, lays)
         s.leadperstep = 0.01F;
         d.target_at(4300, 1000);
         d.tap('A');
-        s.lazed = false;   // a lay sets these itself
+        s.lazed = false;   // the lay must set both itself
         s.ammoselected = (l.ammo + 1) % 3;
         const double top = s.Imgrange.Top, left = s.Imgrange.Left, mark = s.laze.Top;
         d.pc.key_down('S');

@@ -35,7 +35,7 @@ struct at_end {
     }};
 }
 
-// Drops the rights of root, who may write every file.
+// Drops root's permissions, since root can write every file.
 [[nodiscard]] at_end unprivileged()
 {
     if (geteuid() != 0) return {[] {}};

@@ -88,7 +88,7 @@ TEST_F(two_screens, a_timer_with_slack_alone_wakes_the_machine_later)
 {
     timer other;
     add(a, other, 1500, [] {});
-    clock.slack = 0.75;   // of a second; it ticks each second
+    clock.slack = 0.75;   // seconds; the interval is 1 second
     pc.event([this] { start(clock); });
     const double begin = pc.now();
     EXPECT_EQ(next_wake(pc), begin + 1.75);

@@ -258,7 +258,7 @@ TEST_F(author, refuses_pictures_that_are_too_small)
     EXPECT_TRUE(s.Imagerange.Left == -450000 && s.Imagerange.Top == -22500) << "its middle";
     d.data.put("tiny.vrp", picture_head(10, 10));
     d.data.put("range1.vrp", picture_head(2000, 500));
-    new_range("OWN", false, "tiny.vrp");   // no other picture is chosen: the standby picture
+    new_range("OWN", false, "tiny.vrp");   // no other picture is chosen, so the standby picture is used
     EXPECT_EQ(s.Lblwide.Caption, "30000");
     EXPECT_EQ(s.Imgpoint.Left, std::floor(s.pointx / (30000 / 14000.0) - 120));
     EXPECT_EQ(p.rangepicture.trimmed(), "range1.vrp");
@@ -433,7 +433,7 @@ TEST_F(author, keeps_its_range_until_a_practice_reads_another)
     pc.click(d.screen().Cmdmain);
     visit();
     save("copy.arf");
-    other.rangename = "OWN";   // as in the text box
+    other.rangename = "OWN";   // the name is taken from the text box
     EXPECT_EQ(d.data.get("copy.arf"), range_file_bytes(other));
 }
 
@@ -443,7 +443,7 @@ TEST_F(author, lies_over_the_set_up_and_keeps_its_state)
     move(s.cmdleft, 5);
     place(3);
     const double left = s.Imagerange.Left;
-    pc.close_window(s.window);             // leads back to the set-up
+    pc.close_window(s.window);             // returns to the set-up
     pc.click(d.t.startsim.cmdeditrange);   // answered no
     EXPECT_EQ(front(pc), &d.t.startsim.window);
     pc.confirm(d.t.startsim.cmdeditrange);

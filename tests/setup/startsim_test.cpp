@@ -166,7 +166,8 @@ TEST_F(setup, options_stay_after_a_practice)
 
 // Programmed practices -------------------------------------------------------------------------------------
 
-// FIN, HESH and COAX for each sight; then with the laser only, without thermal COAX; and a mixed practice.
+// The practices are FIN, HESH and COAX on each sight; the same with LAZE ONLY, but without thermal COAX; and
+// a mixed practice.
 TEST_F(setup, a_programmed_practice_selects_its_options_and_writes_its_summary)
 {
     pc.click(s.Optsys4);

@@ -41,7 +41,7 @@ bool finite(std::initializer_list<double> numbers)
 
 // A gunnery screen that is loaded ------------------------------------------------------------------------
 
-// Array indexes are left to the sanitizers.
+// Array indexes are not checked here: the sanitizers do that.
 void check_bounds(rules& r, const practice_state& p, const gunnery_screen& s)
 {
     r.require(within(s.targetnumber, 0, p.targetblocks * 3L), "no more targets than the practice has");
@@ -108,7 +108,7 @@ void check_turns(rules& r, const gunnery_screen& s)
     r.require(over || s.Timpause.Enabled || s.Timtarget.Enabled || s.Cmdtarget.Enabled,
               "a practice continues by itself or waits for SHOW NEXT TARGET");
     r.require(over || !up || s.gunloaded || s.targethit || s.Timloading.Enabled,
-              "an empty gun is loaded while a target is up");
+              "an empty gun is being loaded while a target is up");
     r.require(on_demand || !s.Timpause.Enabled || !(s.Timtarget.Enabled || up), "wait and target alternate");
     r.require(!up || s.targetticks <= s.targetlife, "a target is up for its time at most");
     r.require(on_demand || !up || !s.targethit || s.targetticks >= s.targetlife,

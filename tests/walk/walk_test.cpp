@@ -182,7 +182,7 @@ void press_code(walker& w, bool stick)
     });
 }
 
-// Uses a random object in one of the ways that it can be used, nine times in ten one that takes input.
+// Uses a random object in one of the possible ways. Nine times in ten it is an object that takes input.
 void use_anything(walker& w)
 {
     static constexpr const char* texts[] = {"", "smith", "A name far too long for the thirty characters",
@@ -336,8 +336,9 @@ void walker::step()
     check();
 }
 
-// Makes ranges with positions anywhere in the reach of the sight, with positions and distances that the range
-// author can't set, with targets too far for FIN and the coax, and without a picture; and a damaged file.
+// Makes a damaged range file, and ranges with positions anywhere in the reach of the sight (`spread`), with
+// positions and distances that the range author can't set (`wild`), with targets too far for FIN and the coax
+// (`far`), and without a picture (`bare`).
 void put_ranges(walker& w)
 {
     const practice_state plain = plain_range(sight_kind::visual);

@@ -8,8 +8,8 @@
 // below them. The block is viewed from the front and a little from above. Flash, flying debris and the glow
 // of the air are added to the picture.
 //
-// The sight shows a frame for about a tenth of a second, 16 to 320 pixels wide. To be recognised, a flash is
-// broad, fire is either bright or gone, and smoke is darker than the ground.
+// The sight shows a frame for about a tenth of a second, 16 to 320 pixels wide. To be recognisable even then,
+// a flash is broad, fire is either bright or gone, and smoke is darker than the ground.
 //
 // Usage: explosion FOLDER [NAME]
 
@@ -270,7 +270,7 @@ vec3 cell_colour(const scene& s, const cell& c, float thick)
     // The factors are below 1: light that is scattered on its way is not lost, it goes deeper into the cloud.
     const float sun = std::exp(-.5f * thick * c.before_sun), sky = std::exp(-.3f * thick * c.before_sky);
     const vec3 lit = mix(soot, earth, c.dust) * (sunlight * sun + skylight * mix(.3f, 1, sky));
-    // From a dark red through orange and yellow to white.
+    // With more heat the glow goes from dark red through orange and yellow to white.
     const float heat = s.loops ? std::min(1.1f, c.heat) : c.heat;   // flames aren't white
     const vec3 glow{3.6f * std::pow(heat, 2.6f), 1.7f * std::pow(heat, 3.6f), .4f * std::pow(heat, 6.f)};
     return shown(lit + glow);

@@ -1,4 +1,4 @@
-// Joins square pictures to an icon file, for the program on Windows.
+// Combines square pictures into an icon file, for the program on Windows.
 //
 // Usage: make_icon ICON PICTURE...
 

@@ -36,7 +36,7 @@ float brightness_of(const vec3& light)
     return dot(light, {.25f, .62f, .13f});
 }
 
-// The offset of each scan line, correlated with the line before; every sixth detector is a little brighter.
+// The offset of each scan line, correlated with the line before; every sixth line is a little brighter.
 std::vector<float> row_offsets(int rows, rng& random)
 {
     std::vector<float> offsets;

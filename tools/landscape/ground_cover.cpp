@@ -9,7 +9,7 @@ namespace {
 
 // The components of the texture at one place, from coarse to fine. A component finer than the pixel is 0.
 struct texture {
-    float wide, broad, clumps, tufts;   // 420 m, 90 m, 23 and 11 m, 4 m
+    float wide, broad, clumps, tufts;   // wavelengths: 420 m; 90 m; 23 and 11 m; 4 m
     float stems, blades, specks;        // of upright plants: wavelengths of 10, 5 and 2 pixels of a twin
     float relief;                       // brightness of the upright plants as the sun lights them
 };

@@ -135,7 +135,7 @@ void plant_farmed_spot(world& w, float x, float y, float cell)
         return;
     }
     const float hedged = real(f.border % 100);
-    constexpr float unhedged = 22, shaggy = 78;   // no hedge below, a tall one above
+    constexpr float unhedged = 22, shaggy = 78;   // no hedge below `unhedged`, a tall one above `shaggy`
     if (hedged < unhedged || f.edge > .55f * cell + .3f) return;
     const bool tall_hedge = hedged > shaggy;
     const float tall = tall_hedge ? w.random.between(2.4f, 4.6f) : w.random.between(1.6f, 2.4f);

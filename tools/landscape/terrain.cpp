@@ -40,8 +40,8 @@ float terrain::folds(float x, float y, float range) const
                 wy = y + 60 * noise(x / 500, y / 500, seed + 92);
     const float near = smoothstep(150, 800, range), far = 1 - .5f * smoothstep(2400, 3200, range);
     const float swell = fractal(wx / 760 + 3.1f, wy / 760 + 7.7f, seed + 1, 4, .42f);
-    // Dry valleys where a noise of low frequency is zero. Their floors are rounded: a sharp crease would be
-    // visible in the sunlight.
+    // Dry valleys run where a noise of low frequency is zero. Their floors are rounded: a sharp crease would
+    // be visible in the sunlight.
     const float slow = noise(wx / 520 + 2.2f, wy / 700 + 1.1f, seed + 7);
     const float crease = 1 - std::sqrt(slow * slow + .015f);
     const float hummocks = 3.2f * noise(wx / 170, wy / 170, seed + 8);

@@ -39,7 +39,7 @@ inline void draw_callout(QPainter& p, const callout& c, int number, double size)
     const QPointF at = c.at * resolution;
     const QColor pale(240, 246, 255), dark(16, 40, 90);   // colours that the screens don't use
     QLineF line(at, c.names * resolution);
-    if (line.setLength(line.length() - size * 0.5); c.at != c.names)   // ends before the part
+    if (line.setLength(line.length() - size * 0.5); c.at != c.names)   // ends before `names`
         for (const QPen& pen : {QPen(dark, size * 0.24), QPen(pale, size * 0.12)}) {
             p.setPen(pen);
             p.drawLine(line);
@@ -228,7 +228,7 @@ public:
     frame_clock clock;
     desktop_machine pc;
     trainer t{pc};
-    std::string wanted_file;   // the next file dialog gets it
+    std::string wanted_file;   // chosen in the next file dialog
     bool all_saved = true;
 
 private:

@@ -1,4 +1,4 @@
-// Takes a moving picture of a sight, with the keys that are pressed below it, at ten frames a second.
+// Takes a moving picture of a sight at ten frames a second. Below the sight it shows which keys are pressed.
 #pragma once
 
 #include <QPainter>

@@ -284,7 +284,7 @@ private:
         mistakes(s);
     }
 
-    // Engagements for the six cases of the debrief: a FIN round too high, a HESH round fired without an
+    // The last three of the six cases of the debrief: a FIN round too high, a HESH round fired without an
     // autolay, and two HESH rounds without a correction.
     void mistakes(gunnery_screen& s)
     {

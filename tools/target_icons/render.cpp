@@ -235,7 +235,7 @@ camera fitted(const solid& vehicle, const view& from, float margin, int samples)
     return c;
 }
 
-// Makes the shadow fade out towards the edges of the picture.
+// The share of the shadow that is drawn: the shadow fades out towards the edges of the picture.
 float fade(int column, int row, int size)
 {
     constexpr float width = .1f;
