@@ -94,7 +94,8 @@ struct button_row {
     const char* caption;
     const char* tip;
 };
-// Adds a row of buttons of equal size: the first at `first`, each other `step` twips right of the last.
+// Adds a row of buttons of equal size. The first is at `first`, each further one `step` twips right of the
+// one before it.
 inline void put_buttons(form& f, area first, double step, std::initializer_list<button_row> row)
 {
     for (const button_row& r : row) {

@@ -24,7 +24,7 @@ std::string to_utf8(const fs::path& p)
 }
 
 // Whether a path begins with the name of a computer, as in \\SERVER\SHARE, and the standard library doesn't
-// recognise the name: the library then takes the two separators for one, and the path for a relative one.
+// recognise it. The library then replaces the two separators by one and takes the path for a relative one.
 static bool is_network_path(const fs::path& p)
 {
     const std::string s = to_utf8(p);
@@ -133,9 +133,9 @@ static fs::path temporary_name(const fs::path& file)
 
 enum class replaced { done, failed, not_possible };
 
-// Writes a temporary file and renames it when it is complete, so that a full disk leaves the old file. Fails
-// if the old file has no write permission. Returns not_possible only if the folder gives no permission to
-// create files.
+// Writes a temporary file and renames it when it is complete, so that the old file is kept if the disk is
+// full. Fails if the old file is write-protected, since a rename would replace it nevertheless. Returns
+// not_possible only if the folder gives no permission to create files.
 static replaced replace_file(const fs::path& file, const std::string& text)
 {
     std::error_code failed;
@@ -181,13 +181,13 @@ std::string write_file(const machine& m, const std::string& path, const std::str
     }
     if (fs::is_fifo(file, failed)) return reason;   // opening it would block until there is a reader
     const std::optional<std::string> old = read_file(m, to_utf8(file)).text;
-    if (!old && fs::is_regular_file(file, failed)) return reason;   // could not be restored on failure
+    if (!old && fs::is_regular_file(file, failed)) return reason;   // an unread file could not be restored
     return write_over(file, old.value_or(""), text) ? "" : reason;
 }
 
 std::string delete_file(const machine& m, const std::string& path)
 {
-    const fs::path file = absolute(m, path);   // no search as in find_path
+    const fs::path file = absolute(m, path);   // find_path might find another file
     std::error_code failed;
     if (!fs::exists(file, failed)) return "The file does not exist.";
     if (!fs::is_regular_file(file, failed)) return "It is not a file.";

@@ -13,8 +13,7 @@
 
 namespace vorn {
 
-// The shortest interval between two ticks of a timer, in seconds. A timer with a shorter interval, such
-// as 1 ms, ticks at the shortest one.
+// The shortest time between two ticks of a timer, in seconds, even if its Interval is shorter, such as 1 ms.
 inline constexpr double timer_floor = 0.016;
 
 enum class box_buttons { ok, yes_no };
@@ -22,7 +21,7 @@ enum class box_sign { none, information, question };
 enum class default_button { yes, no };   // OK counts as yes
 
 struct message {
-    std::string text;   // lines joined by line feed, carriage return
+    std::string text;   // lines separated by line feed and carriage return
     std::string title;
     box_buttons buttons = box_buttons::ok;
     box_sign sign = box_sign::none;
@@ -80,7 +79,7 @@ struct strike {
     const screen_object* ground = nullptr;   // the picture with which the strike moves
     double Left = 0, Top = 0;                // relative to `ground`, twips
     double size = 0;                         // width of a target at this range, twips
-    int wind = 0;                            // in half target widths; positive: to the right
+    int wind = 0;   // drift of a HESH round, in half target widths; positive: to the right
 };
 
 class machine {
@@ -90,7 +89,7 @@ public:
     machine& operator=(const machine&) = delete;
     virtual ~machine() = default;
 
-    // The clock, in seconds since a fixed time.
+    // The time in seconds since some fixed moment.
     virtual double now() const = 0;
     // Lets `seconds` pass for one step of a counted move (gunnery/count.h) and shows the step. Handles no
     // events.
@@ -155,7 +154,7 @@ void handle(machine&, const std::function<void()>& event);
 
 // Time of the next tick in seconds on the machine's clock; infinity if no timer runs.
 double next_tick(machine&);
-// When the machine must deliver ticks next, if timers use their slack.
+// The latest time at which the machine must deliver ticks again: each timer may be late by its slack.
 double next_wake(machine&);
 // Runs the handlers of the due timers, each once, in the order of their due times, and `after_each` after
 // each of them. A timer never ticks inside its own handler.

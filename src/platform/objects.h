@@ -1,5 +1,5 @@
-// Screens and their objects: plain structs whose fields are the model, and functions for the few rules that
-// fields can't express. Handlers write the fields; after each handler the machine redraws what has changed.
+// Screens and their objects: plain structs whose fields are the model. Handlers write the fields; after each
+// handler the machine redraws what has changed.
 #pragma once
 
 #include <functional>
@@ -88,7 +88,7 @@ struct area {
 // The visible properties of an object. The machine compares these fields with those it last drew.
 struct object_fields : area {
     object_kind kind = object_kind::label;
-    area Within;   // bounds: the object is shown at their edge if it is outside; size 0: none
+    area Within;   // an object outside this area is shown at its edge; size 0: no such area
     bool Visible = true;
     bool Enabled = true;
     std::string Caption;     // in a button '&' marks the access key
@@ -114,8 +114,8 @@ struct object_fields : area {
 struct form;
 struct screen_object;
 
-// How a docked object is shown in a strip that is only a line or two high. Objects inside it that aren't
-// listed are not shown there. Height 0: as designed.
+// How a docked object is shown in a strip that is only a line or two high. Objects inside it that aren't in
+// `places` are not shown there. Height 0: the object has no flat layout.
 struct flat_layout {
     double Width = 0, Height = 0;
     std::unordered_map<const screen_object*, area> places = {};
@@ -167,10 +167,10 @@ struct enlargement {
     double factor = 1, right = 0, down = 0;
 };
 
-// How a screen is shown in a window that is wider than the form. Objects that aren't listed are shown at
-// their own place.
+// How a screen is shown in a window that is wider than the form. Objects that are neither in `places` nor in
+// `enlarged` are shown at their own place.
 struct wide_layout {
-    double width = form_width;                                    // of the whole layout, twips
+    double width = form_width;                                    // twips
     std::unordered_map<const screen_object*, area> places = {};   // shown there, with text of the usual size
     std::unordered_map<const screen_object*, enlargement> enlarged = {};
 };
@@ -185,7 +185,7 @@ struct form {
     std::vector<screen_object*> objects;
     std::vector<timer*> timers;
     screen_object* exit_button = nullptr;   // clicked when the user closes the window
-    std::function<void()> closed;           // called when the user closes a window without an exit_button
+    std::function<void()> closed;           // called instead if there is no exit_button
     std::vector<panel_key> panel_keys;
     // The object that gets the keyboard focus after the current handler. The machine clears this field.
     const screen_object* takes_focus = nullptr;
@@ -215,7 +215,7 @@ void add(form&, timer&, int interval, std::function<void()> tick);
 // Selects an option, clears the others of its group and runs its Click handler. Does nothing if the option is
 // already selected.
 void select_option(screen_object& option);
-// Moves a slider within its bounds; runs its Change handler only if the position changes.
+// Moves a slider, at most to its Min or Max; runs its Change handler only if the position changes.
 void set_slider(screen_object& slider, int position);
 // Replaces the text of a text box; runs its Change handler only if the text changes.
 void set_text(screen_object& textbox, const std::string& text);

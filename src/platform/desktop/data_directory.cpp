@@ -18,7 +18,7 @@ namespace vorn {
 namespace fs = std::filesystem;
 
 // For each copied file, the modification time of the installed file when it was copied. The copy has the same
-// time, unless the user has replaced it.
+// time, unless the user has changed it.
 using copied_times = std::map<std::string, long long>;
 
 static constexpr const char* times_file = ".copied";
@@ -79,8 +79,8 @@ static bool write_times(const fs::path& folder, const copied_times& times)
     return file && rename_to(temporary, folder / times_file);
 }
 
-// Removes files left by killed programs. The pattern is that of temporary_for, so that no file of the user
-// matches.
+// Removes temporary files left by killed programs. Only names that temporary_for makes match the pattern, so
+// that no other file is removed.
 static void remove_old_temporaries(const fs::path& folder)
 {
     static const std::regex temporary(R"(.*\.\d+\.part)");

@@ -22,8 +22,8 @@ data_place find_data(const std::filesystem::path& program, const std::filesystem
 // The directory that contains the folder "ranges". Returns `installed` if its ranges are writable and not
 // managed by an installer. Otherwise copies the files that are missing in `own`, and returns `own`. Files
 // that the user has changed are kept. If copying fails (full disk, no home directory), returns `own` only if
-// it was complete before: it contains the user's files. If not, returns `installed`, which suffices for a
-// practice.
+// it was complete before, since it contains the user's files. If it wasn't, returns `installed`, which
+// suffices for a practice.
 std::filesystem::path data_directory(const std::filesystem::path& installed,
                                      const std::filesystem::path& own);
 
@@ -33,7 +33,8 @@ std::filesystem::path data_directory(const std::filesystem::path& installed,
 // copied. An interrupted copy leaves no incomplete file under the final name.
 bool fill_directory(const std::filesystem::path& from, const std::filesystem::path& to);
 
-// The folder "ranges" in `installed` if it contains a file of the same name and content, otherwise empty.
+// The folder "ranges" in `installed` if it contains a file with the name and content of `file`, otherwise
+// empty.
 QString folder_of_same_file(const std::filesystem::path& installed, const std::string& file);
 
 }   // namespace vorn

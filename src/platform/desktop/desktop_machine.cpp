@@ -31,8 +31,8 @@ static double steady_seconds()
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-// Otherwise the memory of pictures that another thread has read stays with this thread's heap when they are
-// freed.
+// Keeps pictures out of the heaps that glibc makes for threads: memory that is freed there isn't returned to
+// the system.
 static void return_freed_pictures()
 {
 #ifdef __GLIBC__

@@ -66,7 +66,7 @@ public:
     double box_age() const { return world_clock() - box_opened_; }
     stick& joystick() { return stick_; }
     form_window* window(const form&) const;
-    form_window* window_of(const QObject* handle) const;   // of a QWindow
+    form_window* window_of(const QObject* handle) const;   // of this QWindow
     const QIcon& icon() const { return icon_; }
 
     // Where the data is installed; empty in a build tree.
@@ -84,7 +84,7 @@ public:
 private:
     // The counted move that is running. Its times are on the clock of now().
     struct counted_move {
-        double clock;        // the time at which its last count ends
+        double clock;        // the time at which its latest count ends
         double next_frame;   // the time of its next frame
     };
 

@@ -46,8 +46,8 @@ public:
     loaded_picture load_picture(const std::string& path) override;
     print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
 
-    // The script. When it has no answer left, a question is answered No, and an input box or file dialog is
-    // cancelled.
+    // What the scripted user answers, and the devices. When no answer is left, a question is answered No, and
+    // an input box or file dialog is cancelled.
     std::deque<box_answer> answers;
     std::deque<std::string> inputs;
     std::deque<std::string> files;
@@ -62,7 +62,7 @@ public:
     std::vector<strike> strikes;   // impact marks that are shown
     std::string playing;           // the file being played; empty if none
     bool ended = false;
-    std::vector<std::string> of_kind(const std::string& kind) const;   // texts of the log entries, in order
+    std::vector<std::string> of_kind(const std::string& kind) const;   // texts of its log entries, in order
 
     // Runs a handler as one event.
     void event(const std::function<void()>&);
@@ -101,8 +101,8 @@ public:
         event([&] { close_by_frame(f); });
     }
 
-    // Runs until this many seconds after the end of the last advance. Time that handlers have taken since
-    // then is part of these seconds.
+    // Runs until this many seconds after the end of the last advance. They include the time that handlers
+    // have taken since then.
     void advance(double seconds);
     // Runs for this many seconds from now.
     void wait(double seconds);

@@ -208,7 +208,7 @@ void keyboard::send_down(form& f, int code, key_down& k)
     if (f.KeyDown) pc_.run([&f, code] { f.KeyDown(code); });
 }
 
-// Returns true if no widget must get the key. Auto-repeat must not answer a box or click a button.
+// Returns true if the key must not reach any widget. Auto-repeat must not answer a box or click a button.
 bool keyboard::pressed(form_window* w, const QKeyEvent& e)
 {
     key_down& k = down_[identity(e)];

@@ -21,7 +21,7 @@ constexpr int sample_bytes = 2;   // one 16-bit sample
 // Limits for a file that may be damaged.
 constexpr std::uintmax_t max_file_size = 32'000'000;           // bytes
 constexpr int min_file_rate = 1000, max_file_rate = 400'000;   // Hz
-constexpr double max_duration = 600;   // seconds; at a low rate a file of this size could last for hours
+constexpr double max_duration = 600;   // seconds; the largest file could last for hours at a low rate
 
 double seconds_now()
 {

@@ -17,9 +17,9 @@ class help_page;
 class help_window final : public QDialog {
 public:
     explicit help_window(const QIcon&);
-    // Opens a file at its top, marks the chapters of a screen, and brings the window to the front. If
-    // it wasn't open, it is placed beside `opener` if there is room. The page reports a file that can't be
-    // read.
+    // Opens a file at its top, marks the chapters about `screen`, and brings the window to the front. A
+    // window that wasn't open is placed beside `opener` if there is room. The page reports a file that can't
+    // be read.
     void open_file(const std::string& path, const std::string& screen, const QWidget* opener);
 
 private:

@@ -110,8 +110,8 @@ help_page::help_page(QWidget* parent) : QTextBrowser(parent)
     connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &help_page::hide_needless_scroll_bar);
 }
 
-// Qt rounds the widths of columns up, so a table can be some pixels wider than the page. To the right of it
-// is only the margin.
+// Qt rounds the widths of columns up, so a table can be some pixels wider than the page. As long as only the
+// margin at the right is hidden, no scroll bar is needed.
 void help_page::hide_needless_scroll_bar(int, int hidden)
 {
     setHorizontalScrollBarPolicy(hidden < page_margin ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);

@@ -31,7 +31,7 @@ constexpr std::array<sheet, 10> sheets{{{"explosion", 0},   // indexed by `effec
                                         {"hot_hesh", .05},
                                         {"hot_coax", .05}}};
 
-// Whether it is for the thermal sight.
+// Whether the sheet is for the thermal sight.
 bool is_hot(const sheet& s)
 {
     return std::string_view(s.name).starts_with("hot");
@@ -73,7 +73,7 @@ animations animations_of(bool hot)
     return all;
 }
 
-// To save memory, only those of the sight in use are kept.
+// To save memory, only the animations for one sight are kept: the last one asked for.
 const std::shared_future<animations>& animations_for(bool hot)
 {
     static std::shared_future<animations> read;

@@ -44,8 +44,8 @@ QImage compact(QImage image)
     return grey ? image : std::move(image).convertToFormat(QImage::Format_RGB888);
 }
 
-// Protects QImageReader's allocation limit, which all threads share. effects.cpp doesn't take it: its
-// pictures are smaller than the limit for icons.
+// Protects QImageReader's allocation limit, which all threads share. effects.cpp doesn't lock it: its
+// pictures are smaller than either limit.
 std::mutex allocation_limit;
 
 std::vector<QImage> read_sizes(QImageReader& reader)

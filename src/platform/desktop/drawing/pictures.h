@@ -47,8 +47,8 @@ void forget_twin(const picture&);
 // Whether the twin is still being read; the picture should then be drawn again later.
 bool reads_twin(const picture&);
 
-// Draws with the function and caches the result, since outlines take most of the time of a repaint. The
-// function draws in the rectangle. Different drawings of the same size need different keys.
+// Calls a function that draws in the rectangle, and caches the result: outlines take most of the time of a
+// repaint. Different drawings of the same size need different keys.
 void draw_cached(QPainter&, const QString& key, const QRect&, const std::function<void(QPainter&)>&);
 
 // Scales the picture to a rectangle of device pixels.

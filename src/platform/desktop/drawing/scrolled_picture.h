@@ -17,7 +17,7 @@ public:
 private:
     void keep(const QImage&, const QSize& scaled, const QRect& part);
 
-    QImage tile_;   // as large as the view; the scaled picture wraps around in it in both directions
+    QImage tile_;   // size of the view; has pixel (x, y) of the scaled picture at (x % width, y % height)
     QRect kept_;    // the part of the scaled picture that is in the tile
     QSize scaled_;
     qint64 image_ = 0;   // cacheKey of the image

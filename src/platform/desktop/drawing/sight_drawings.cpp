@@ -115,7 +115,8 @@ void graticule(const canvas& s, int number)
 
 // The thermal sight -----------------------------------------------------------------------------------------
 
-// Three pairs of bars. The distance in a pair is the height of a target at one of four ranges.
+// Three pairs of bars. The distance between the bars of a pair is the height of a target at one of four
+// ranges.
 void stadia(const canvas& s, int number)
 {
     static constexpr table<double, 4> heights{430, 330, 230, 165};

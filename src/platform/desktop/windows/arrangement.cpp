@@ -22,7 +22,7 @@ using object_list = std::vector<const screen_object*>;
 struct docked_objects {
     const screen_object* sight = nullptr;
     const screen_object* panel = nullptr;
-    object_list beside;          // sorted by column; includes the frames in the panel
+    object_list beside;          // sorted by rank; includes the frames in the panel
     object_list above, below;    // the lines above and below the sight
     double head = 0, foot = 0;   // heights of these lines
 };

@@ -388,7 +388,7 @@ static bool left_release(const QEvent& e)
 }
 
 // The object whose MouseMove handler is called: the object under the mouse or its nearest parent with a
-// handler. The object may be disabled, since its hint is shown nevertheless.
+// handler. Disabled objects count too: their hints are also shown.
 static const screen_object* under_mouse(const screen_object& object)
 {
     const screen_object* o = &object;

@@ -79,7 +79,7 @@ private:
     const screen_object* pressed_by_space_ = nullptr;
     std::vector<std::unique_ptr<shown_object>> objects_;
     std::vector<sight_view*> sights_;
-    sight_edge* sight_edge_ = nullptr;   // around a sight outside any frame
+    sight_edge* sight_edge_ = nullptr;   // around a sight that is in no frame
 };
 
 }   // namespace vorn

@@ -34,7 +34,7 @@ constexpr table<role_shades, 12> shades{{{
     {0xfff2f2f2, 0xfff2f2f2},   // hottracer
 }}};
 
-// Indexed by `text_size`: small, normal, large; at scale 1.
+// At scale 1; indexed by `text_size`: small, normal, large.
 constexpr table<int, 3> text_pixels{{11, 13, 20}};
 
 constexpr const char* type_face = "Liberation Sans";
@@ -291,7 +291,7 @@ QRect form_style::subElementRect(SubElement element, const QStyleOption* option,
     return QProxyStyle::subElementRect(element, option, widget);
 }
 
-// Used for the captions of options and check boxes.
+// Qt calls it for the captions of options and check boxes.
 void form_style::drawItemText(QPainter* p, const QRect& at, int flags, const QPalette& palette, bool enabled,
                               const QString& text, QPalette::ColorRole role) const
 {

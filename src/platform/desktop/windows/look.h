@@ -34,7 +34,7 @@ double line_height(text_size);
 QFont text_font(text_size, bool bold, double scale);
 // The font, condensed by up to 15 % if that makes the caption fit into this many pixels.
 QFont narrowed(const QFont&, QString caption, int width);
-// Sets the substitutes for typefaces that are not installed. Call it once, before the first window.
+// Sets the substitutes for typefaces that are not installed. To be called once, before the first window.
 void prepare_fonts();
 
 QPalette form_palette();

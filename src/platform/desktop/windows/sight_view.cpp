@@ -17,7 +17,7 @@ namespace {
 
 constexpr int frames = 16;                // of each effect
 constexpr double smallest_burst = 5;      // pixels at scale 1
-constexpr double lean = 0.22;             // shear of HESH smoke at its end, per unit of `wind`
+constexpr double lean = 0.22;             // final shear of HESH smoke, per unit of `wind`
 constexpr double drift = 0.1;             // final drift of HESH smoke, in burst widths per unit of `wind`
 constexpr double animation_step = 0.03;   // seconds
 constexpr double fire_size = 2;           // in widths of the target

@@ -40,7 +40,7 @@ private:
     };
     struct shown_fire {
         double lit;
-        std::optional<double> dying;   // since the target was taken down
+        std::optional<double> dying;   // when the target was taken down; empty before
     };
 
     void paint_objects(QPainter&, const QRect& whole);

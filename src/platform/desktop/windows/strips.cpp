@@ -28,7 +28,7 @@ bool is_picture(const screen_object& o)
     return o.kind == object_kind::image || o.kind == object_kind::shape;
 }
 
-// How far a hidden button is above the next visible object; 0 if a visible object is beside it or none below.
+// How far a hidden button is above the next visible object; 0 if one is beside it or there is none below.
 double hidden_row(const object_list& all, const screen_object& o)
 {
     if (o.Visible || o.kind != object_kind::button) return 0;
@@ -114,7 +114,7 @@ void fill_column(column& c, const QRectF& at)
 // How the inside of a frame is spread over its place, in twips before the frame is enlarged.
 struct spread {
     double across, down;
-    double title;   // not spread
+    double title;   // height of the caption, which is not spread
 
     QRectF cell(const QRectF& r) const
     {
@@ -158,7 +158,7 @@ const std::pair<const screen_object*, QRectF>* picture_under(const places& all, 
     return nullptr;
 }
 
-// The words that end where a lamp begins; null when there are none.
+// The place of the label that ends where a lamp begins; null when there is none.
 const QRectF* words_before(const places& all, const QRectF& lamp)
 {
     for (const auto& [o, at] : all)

@@ -24,7 +24,7 @@ QString caption_of(const object_fields& o)
     return QString::fromStdString(o.Caption);
 }
 
-// A caption without access key: '&' is an ordinary character.
+// A caption without an access key: '&' is an ordinary character.
 QString plain_caption(const object_fields& o)
 {
     return caption_of(o).replace('&', "&&");
@@ -104,7 +104,7 @@ QWidget* make_by_kind(shown_object& s, QWidget* parent, const event_runner& run)
     return new shape_view(s.drawn, parent);
 }
 
-// Labels, images and shapes without mouse handler and tool tip pass mouse events on to the objects beneath.
+// Labels, images and shapes without a mouse handler or tool tip pass mouse events on to the objects beneath.
 bool ignores_mouse(const screen_object& o)
 {
     const bool passive =
