@@ -13,8 +13,8 @@ struct data_place {
     std::filesystem::path used;        // contains the folder "ranges" that the trainer works on
 };
 
-// Finds the data of a program that is in the folder `program`. Looks in that folder (on Windows, or if
-// unpacked on a USB stick), in `usual`, where the data is normally installed, and in the source tree above
+// Finds the data of a program that is in the folder `program`. Looks in that folder (the data is there on
+// Windows and on a USB stick), then in `usual`, where an installation has it, then in the source tree above
 // the build folder. If there is no data, returns `usual`, where the program finds none and asks the user.
 data_place find_data(const std::filesystem::path& program, const std::filesystem::path& usual,
                      const std::filesystem::path& own);

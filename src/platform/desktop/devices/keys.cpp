@@ -82,8 +82,8 @@ bool is_bare_letter(const QKeyEvent& e)
     return letter && !(e.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier));
 }
 
-// Whether the system marks presses that are auto-repeat. X11 doesn't when it sends no releases during
-// auto-repeat (see enable_detectable_repeat).
+// Whether the system marks presses that are auto-repeat. X11 doesn't mark them when it sends no releases
+// during auto-repeat (see enable_detectable_repeat).
 bool marks_repeat()
 {
     return QGuiApplication::platformName() == "windows" || QGuiApplication::platformName() == "wayland";

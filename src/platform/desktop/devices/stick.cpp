@@ -43,7 +43,7 @@ table<int, 2> axes_of(SDL_Joystick* device)
 void init_joysticks()
 {
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");   // SDL must not handle the signals that end the program
-    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");   // the windows are Qt's, not SDL's
+    SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");   // SDL has no window of its own
     if (SDL_WasInit(SDL_INIT_JOYSTICK) == 0) SDL_InitSubSystem(SDL_INIT_JOYSTICK);
 }
 

@@ -21,8 +21,8 @@ enum class effect {
     hot_coax
 };
 
-// Lets another thread read the animations for the thermal sight or for the visual one (about 0.1 s). Those of
-// the other sight are dropped.
+// Lets another thread read the animations for the thermal sight or for the visual one (about 0.1 s). The
+// animations for the other sight are dropped.
 void read_effects(bool hot);
 
 // Draws frame 0 to 15 in a rectangle of device pixels; any other number draws nothing. Waits for the

@@ -26,7 +26,7 @@ public:
     }
 
 private:
-    // Of two lamps at the same place only the upper one is visible.
+    // Of two lamps at the same place only the one on top is visible.
     bool covered() const
     {
         const QObjectList& siblings = widget()->parentWidget()->children();

@@ -12,7 +12,7 @@ namespace vorn {
 namespace {
 
 // Lengths are in twips of the form, before it is scaled.
-constexpr double border = 75;                // of the sight, drawn around it
+constexpr double border = 75;                // width of the border around the sight
 constexpr double longest_crew_line = 7700;   // width of the longest text that the crew line shows
 constexpr std::size_t most_columns = 4;
 

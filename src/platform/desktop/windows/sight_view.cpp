@@ -97,7 +97,7 @@ void sight_view::set_progress(double part)
     if (std::exchange(progress_, part) != part) update();
 }
 
-// A fire goes on for a moment where its target was taken down.
+// A fire goes on for a moment after its target has been taken down.
 void sight_view::find_fires(double time)
 {
     for (const shown_object* o : sight_.inside) {
@@ -242,7 +242,7 @@ void sight_view::paint_strikes(QPainter& p, const QRect& whole)
     }
 }
 
-// The fire of a target that is gone dies down.
+// After its target has been taken down a fire gets smaller and fades.
 void sight_view::paint_burning(QPainter& p, const object_fields& target, const shown_fire& f) const
 {
     const QRect at = device_rect(target, scale());
