@@ -318,7 +318,6 @@ void firehesh(trainer& t, gunnery_screen& s, int round)
     s.hasfired = true;
     const double relayed = preparehesh(t, s);
     const double from = s.mbs1.Top - (s.currentrange + n.from), to = s.mbs1.Top + n.to.at(s.currentrange);
-    s.ammo.Width = 30;
     s.ammo.Top = to;   // the fall of shot if the flight has no counts
     s.ammo.Left = s.mbs1.Left + (s.windoffset - static_cast<double>(s.heshcorrection));
     s.ammo.Visible = true;

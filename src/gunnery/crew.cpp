@@ -90,7 +90,7 @@ void make_crew(trainer& t, gunnery_screen& s)
 {
     add(s.window, s.Timvoice, 1000, [&s] { timvoice_tick(s); });
     s.window.unloaded = [&t, &s] {
-        s.resets += 1;
+        ++s.resets;
         t.pc.close_sound();
     };
 }

@@ -69,7 +69,7 @@ void visual_laze(trainer& t, gunnery_screen& s)
     start(s.Timchrg);
     s.heshcorrecting = false;
     recordlaze(t, s);
-    if (rangehere(t, s) < s.numbers.nearest) rangehere(t, s) = s.numbers.nearest;
+    rangehere(t, s) = std::max<int>(rangehere(t, s), s.numbers.nearest);
     s.Lblrange.Caption = std::to_string(rangehere(t, s));
     s.Cmdautolay.Enabled = true;
     s.lazed = true;

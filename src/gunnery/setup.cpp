@@ -99,7 +99,7 @@ void resetreadouts(gunnery_screen& s)
 
 void resetstate(gunnery_screen& s)
 {
-    s.resets += 1;
+    ++s.resets;
     static_cast<since_reset&>(s) = {};
     if (!s.visual()) return;
     s.layspeed = s.HScspeed.Value;
@@ -183,7 +183,7 @@ void giveup(trainer& t, gunnery_screen& s, const fault& f)
 
 void load_gunnery(gunnery_screen& s)
 {
-    s.resets += 1;
+    ++s.resets;
     static_cast<since_load&>(s) = {};
     start(s.Timer1);
 }

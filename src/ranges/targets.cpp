@@ -49,10 +49,10 @@ void lblsavetarget_click(trainer& t)
     t.shared.targetx[n] = static_cast<std::int32_t>(rounded(s.pointx));
     t.shared.targety[n] = static_cast<std::int32_t>(rounded(s.pointy));
     t.shared.targetrange[n] = s.metres;
-    s.outcome.Caption = s.metres > 0
-                            ? ""
-                            : "Target " + std::to_string(n) +
-                                  " has no range yet: move up or down, or TARGET RANGE, and save it again";
+    s.outcome.Caption = s.metres == 0
+                            ? "Target " + std::to_string(n) +
+                                  " has no range yet: move up or down, or TARGET RANGE, and save it again"
+                            : "";
 }
 
 void lbltargetrange_click(trainer& t)

@@ -144,7 +144,7 @@ void proposerange(rauthor_screen& s)
     constexpr double nearest = 500;   // metres
     if (s.pointy <= s.bandtop || s.pointy >= s.bandbottom) return;
     const double step = Int(s.bandheight / steps);
-    if (step < 1) return;   // a range file may name a picture only a few pixels high
+    if (step == 0) return;   // a range file may name a picture only a few pixels high
     const double m = beyond - Int((s.pointy - s.bandtop) / step);
     settargetrange(s, static_cast<int>(m * m + nearest));
 }

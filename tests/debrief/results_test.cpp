@@ -291,6 +291,15 @@ TEST_F(debrief, never_shows_a_record_with_the_pictures_of_another)
             EXPECT_EQ(o->Caption.size(), p.resultmode.empty() ? 0U : 20U) << "long texts are cut";
     }
     r.resulticon2 = "/target icons/target3.ico";
+    for (const int targets : {1, 0}) {
+        r.targetcount = targets;
+        put("few.vrn", r);
+        open("few.vrn");
+        EXPECT_TRUE(s.imgtargetpointer.Visible);
+        d.pc.event(s.window.arrival);
+        EXPECT_EQ(s.imgtargetpointer.Visible, targets > 0) << "a record without targets is not filled in";
+    }
+    r.targetcount = 6;
     for (const auto& [width, height, pointer] : {std::tuple{1003U, 200U, true}, {400U, 200U, false}}) {
         d.data.put("small.vrp", picture_head(width, height));
         r.resultpicture = "small.vrp";

@@ -36,6 +36,7 @@ TEST_F(program, starts_with_a_box_and_the_title_screen)
     EXPECT_EQ(pc.boxes.back().title, "V. O. R. N.");
     EXPECT_EQ(screens(), "intro");
     EXPECT_EQ(t.startsim.window.state, form_state::hidden);
+    EXPECT_EQ(t.results.window.state, form_state::hidden);
     EXPECT_EQ(t.shared.rootpath, data.ranges());
     EXPECT_EQ(t.shared.rangefile, "Visualrange.arf");
     EXPECT_EQ(t.shared.targeticon1, "target icons\\target1.ico");
@@ -182,7 +183,7 @@ TEST_F(program, an_uncalibrated_joystick_prevents_a_start_and_a_quick_start)
 TEST_F(program, a_quick_start_is_a_visual_practice_that_returns_to_the_title)
 {
     to_setup();
-    t.shared.voiceson = false;
+    t.shared.voiceson = t.shared.keyboardselected = false;
     pc.click(t.startsim.Optmode2);
     pc.click(t.startsim.Optcon2);
     pc.click(t.startsim.cmdgame);
@@ -192,7 +193,7 @@ TEST_F(program, a_quick_start_is_a_visual_practice_that_returns_to_the_title)
     EXPECT_EQ(t.shared.targetblocks, 3) << "of three targets each";
     EXPECT_TRUE(s.lbltargetnum.Visible && s.Imgname.Visible && s.Frame3.Visible);
     EXPECT_FALSE(s.Frmcon.Visible || s.Frmsys.Visible || s.Frmmousecon.Visible);
-    EXPECT_TRUE(t.shared.voiceson);
+    EXPECT_TRUE(t.shared.voiceson && t.shared.keyboardselected);
     pc.click(s.Cmdstartsim);
     pc.advance(8);
     EXPECT_EQ(s.lbltargetnum.Caption, "TARGET 1 OF 9");

@@ -266,6 +266,7 @@ TEST_P(gun, selecting_main_again_takes_the_next_round)
         EXPECT_EQ(s.Lblammotype.Caption, "DST") << "each time the round after FIN";
         EXPECT_EQ(p.recammo[1], visual ? "DST" : "FIN");
         EXPECT_TRUE(s.Cmdfire.Enabled && !s.hasfired);
+        EXPECT_EQ(s.autolaycount, visual ? 2 : 0) << "a lay needs a shorter hold on the visual sight";
     }
     s.Cmdfire.Enabled = false;
     d.tap('R');
@@ -347,6 +348,7 @@ TEST_P(gun, loads_again_after_a_miss)
 TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
 {
     d.tap('Q');
+    EXPECT_TRUE(visual || s.Imglam.Visible);
     load(coax_transport);
     d.pc.wait(5);   // until the calls are over
     d.random(0.9999);
@@ -362,6 +364,8 @@ TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
         EXPECT_NEAR(s.ammo.Top, (visual ? 1140 + 2200 : 2600 + 1100 / 7.0) + 20 + 99, 0.01);
         EXPECT_EQ(s.ammo.Left, s.mbs1.Left + 30 + 99);
         EXPECT_TRUE(s.ammo.Visible && s.ammo.Width == (visual ? 5 : 15));
+        ASSERT_FALSE(d.pc.strikes.empty());
+        EXPECT_EQ(d.pc.strikes.back().round, round_kind::coax);
         d.target_at(s.ammo.Left - 100, s.ammo.Top - 100);
         d.pc.key_up('D');
         EXPECT_FALSE(s.Timcoax.Enabled || s.ammo.Visible);

@@ -155,6 +155,12 @@ TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again
         EXPECT_EQ(p.recrange[2], 300);
         EXPECT_EQ(d.screen().currentrange, 600);
         EXPECT_DOUBLE_EQ(d.screen().Imgtargets.Width, 480);
+        for (int i = 1; i < positions; ++i) range.targetrange[i] = limit + i % 2;
+        range.targetrange[15] = limit + 1;
+        d.pc.click(d.screen().Cmdmain);
+        d.data.put_range("visualrange.arf", range);
+        d.present(15);
+        EXPECT_EQ(p.recrange[1], limit) << "no position is nearer than the limit";
     }
 }
 

@@ -225,6 +225,9 @@ TEST(screen, a_reset_clears_the_readouts)
             d.pc.key_down('H');
             d.pc.click(s.Cmdstopsim);
             EXPECT_FALSE(s.Timleft.Enabled) << "a held key must be pressed again";
+            for (const control_row& c : controls)
+                EXPECT_EQ((s.*c.button).Enabled,
+                          c.key == 'U' || c.key == 'H' || c.key == 'J' || c.key == 'N');
             EXPECT_EQ(s.Label1.Caption + s.Label2.Caption + s.lblhits.Caption + s.Lblavetime.Caption, "000");
             EXPECT_FALSE(s.laze.Visible || s.ammo.Visible || s.Imgtargets.Visible || s.Imgloaded.Visible);
             EXPECT_TRUE(s.Imghesh.Visible && (s.Imgcoax.Visible || !s.visual()));

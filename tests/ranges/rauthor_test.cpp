@@ -68,6 +68,8 @@ TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
         if (n == 3) move(s.cmdup, 4);
         enter_range(std::to_string(700 + 50 * n));
         place(n);
+        EXPECT_EQ(std::to_string(p.targetx[n]), s.Lblx.Caption);
+        EXPECT_NEAR(p.targety[n], std::stod(s.Lbly.Caption), 0.5);
         EXPECT_EQ(s.Img[n].Left, s.Imgpoint.Left + 100);
         EXPECT_EQ(s.Img[n].Top, s.Imgpoint.Top + 100);
         EXPECT_EQ(s.Lbltarget.Caption, std::to_string(n));
@@ -353,6 +355,7 @@ TEST_F(author, opens_a_range_and_shows_every_position)
     open(r);
     EXPECT_EQ(s.Textname.Text + ' ' + s.Lblrangetype.Caption, "PLAIN THERMAL THERMAL");
     EXPECT_EQ(s.Imgtarget[3].Picture.width, 480);
+    EXPECT_EQ(s.Image1.Picture.width, 43560) << "the overview";
     EXPECT_EQ(s.Img[7].Left, 9879);
     EXPECT_EQ(s.Img[7].Top, 2164);
     EXPECT_EQ(p.rangefile, path("own.arf"));
@@ -378,6 +381,13 @@ TEST_F(author, shows_an_incomplete_range_as_far_as_it_can_be_read)
     EXPECT_EQ(s.Textname.Text, "PICTURELESS");
     EXPECT_NE(s.outcome.Caption.find("Its picture none.vrp could not be loaded"), std::string::npos);
     EXPECT_EQ(p.rangefile, before);
+    r.rangepicture = "moor.vrp";
+    for (const auto icon : {&practice_state::targeticon1, &practice_state::targeticon3}) {
+        practice_state iconless = r;
+        iconless.*icon = "none.ico";
+        open(iconless);
+        EXPECT_TRUE(s.outcome.Caption.ends_with("One of its icons could not be loaded."));
+    }
     d.data.put("thin.vrp", picture_head(9, 2));   // the band has no height
     r.rangepicture = "thin.vrp";
     r.targetx[1] = 2147483647;

@@ -68,6 +68,7 @@ TEST_F(setup, the_engagements_enable_wind_and_bursts)
     EXPECT_EQ(p.coaxbursts, 4) << "the frame of Option3 is disabled";
     pc.click(s.Opteng1);
     EXPECT_EQ(s.lblprac[7].Caption, "4 KILL BURSTS ON COAX TARGETS");
+    EXPECT_TRUE(s.Frame6.Enabled && s.Frame10.Enabled);
     pc.click(s.Opteng4);
     EXPECT_FALSE(s.Frame6.Enabled || s.Frame10.Enabled);
     pc.slide(s.HScrwind, -3);
@@ -235,13 +236,15 @@ TEST_F(setup, a_practice_file_applies_as_far_as_it_can_be_read)
     EXPECT_EQ(s.lblprac[5].Caption, "TARGETS APPEAR AUTOMATICALLY");
     EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 30 SECS ") << "the option has written it";
 
-    pc.click(s.Opttarg2);
-    pc.click(s.Optsys3);
-    data.put("wind.prf", first_lines(bytes, 7) + "4\r\n" + "#TRUE#\r\n");
-    open("wind.prf");
-    EXPECT_TRUE(p.targetauto);
-    EXPECT_EQ(p.windbias, 0);
-    EXPECT_EQ(p.systemstatus, 3) << "not read: it follows a wind out of bounds";
+    for (const char* beyond : {"4\r\n", "-4\r\n"}) {
+        pc.click(s.Opttarg2);
+        pc.click(s.Optsys3);
+        data.put("wind.prf", first_lines(bytes, 7) + beyond + "#TRUE#\r\n");
+        open("wind.prf");
+        EXPECT_TRUE(p.targetauto);
+        EXPECT_EQ(p.windbias, 0);
+        EXPECT_EQ(p.systemstatus, 3) << "not read: it follows a wind out of bounds";
+    }
     data.put("wind.prf", first_lines(bytes, 7) + "3\r\n" + "#TRUE#\r\n");
     open("wind.prf");
     EXPECT_EQ(p.windbias, 3) << "the end of the slider";
@@ -319,7 +322,9 @@ TEST_F(setup, asks_for_another_range_until_one_can_be_read)
     EXPECT_EQ(p.practicemode, 2);
     EXPECT_EQ(s.lblrangetype.Caption, "VISUAL") << "the labels stay";
     EXPECT_FALSE(pc.ended);
-    pc.click(s.Optmode1);
+    data.remove("visualrange.arf");
+    pc.confirm(s.Optmode1);   // cancelled
+    EXPECT_EQ(p.practicemode, 1);
     pc.click(s.Optmode2);   // the question answered no
     EXPECT_TRUE(pc.ended);
 }
