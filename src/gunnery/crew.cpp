@@ -14,9 +14,7 @@ void playsound(trainer& t, gunnery_screen& s, const std::string& file)
 
 void effect(trainer& t, gunnery_screen& s, const std::string& file)
 {
-    if (!s.voicebusy) return playsound(t, s, file);
-    s.soundfile = file;
-    t.pc.close_sound();
+    s.voicebusy ? t.pc.close_sound() : playsound(t, s, file);
 }
 
 void say(trainer& t, gunnery_screen& s, const std::string& file)

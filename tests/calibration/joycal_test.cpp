@@ -123,8 +123,10 @@ TEST_F(calibration, the_dot_stays_within_its_bounds_at_any_reading)
 TEST_F(calibration, shows_whether_a_joystick_is_connected_and_starts_without_one)
 {
     EXPECT_EQ(s.Lblstick.Caption, "JOYSTICK CONNECTED");
+    EXPECT_EQ(s.Lblstick.ForeColor, colour::dim);
     pc.plug_stick(false);
     EXPECT_NE(s.Lblstick.Caption, "JOYSTICK CONNECTED");
+    EXPECT_EQ(s.Lblstick.ForeColor, colour::highlight);
     pc.click(s.Cmdstart);
     press(1);
     EXPECT_EQ(shown(), "!...");

@@ -98,6 +98,33 @@ TEST_F(setup, each_option_writes_its_line_of_the_summary)
                                                    "VISUAL", "3 KILL BURSTS ON COAX TARGETS"}));
 }
 
+TEST_F(setup, an_option_for_a_number_writes_it_into_its_own_line)
+{
+    const struct {
+        std::size_t line;
+        std::vector<screen_object*> options;
+        std::function<std::string()> words;   // of the number that is set
+    } groups[] = {{3,
+                   {&s.Opttargets2, &s.Opttargets3, &s.Opttargets4, &s.Opttargets1},
+                   [&] { return std::to_string(3 * p.targetblocks) + " TARGETS"; }},
+                  {4,
+                   {&s.Opttime2, &s.Opttime3, &s.Opttime4},
+                   [&] { return "UP FOR " + std::to_string(p.targettime); }},
+                  {7, {&s.Option3, &s.Option4, &s.Option2}, [&] {
+                       return std::to_string(p.coaxbursts) + " KILL BURST";
+                   }}};
+    pc.click(s.Opttime1);
+    for (const auto& g : groups)
+        for (screen_object* o : g.options) {
+            std::vector<std::string> before = summary(), after;
+            pc.click(*o);
+            after = summary();
+            EXPECT_TRUE(after[g.line].starts_with(g.words())) << after[g.line];
+            before[g.line] = after[g.line];
+            EXPECT_EQ(after, before) << "the other lines stay";
+        }
+}
+
 TEST_F(setup, sliders_set_a_value_only_when_they_move)
 {
     EXPECT_EQ(s.HSccoax.Value, 200);
