@@ -1,7 +1,7 @@
 // Random walks: a simulated user who does random things at random times on the headless machine. Part of the
 // time a scripted gunner fires a practice, so that some practices run to their end. The rules of rules.h are
 // checked throughout. The same seed gives the same walk. To run a longer walk or another seed by hand:
-//     WALK_EVENTS=500000 WALK_SEED=42 vorn_tests --gtest_filter='random_walk*/0'
+//     WALK_EVENTS=500000 WALK_SEED=42 vorn_tests --gtest_filter='*random_walk*/0'
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
