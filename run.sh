@@ -6,7 +6,7 @@ source tools/setup.sh
 
 install_missing "${build_packages[@]}" "${run_packages[@]}"
 build release
-# Only X and Wayland name the display in a variable.
+# Checked only on Linux, where X and Wayland name the display in a variable.
 if [ "$(uname -s)" = Linux ] && [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
     say "V.O.R.N. is built, but there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set." \
         "Run this script on a desktop, or start build/release/vorn there."

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Builds the trainer for Windows, on Debian 12: its libraries from Debian's sources, the trainer, an installer, and a ZIP
-# file of the program's folder. Installs what it needs.
+# Builds the trainer for Windows, on Debian 12: its libraries from Debian's sources, the trainer, an installer, and a
+# ZIP file of the program's folder. Installs what it needs.
 #
 #   tools/build_windows.sh
 #
-# The first run takes 20 to 30 minutes on two cores, and three gigabytes in build/windows; later runs build only what has
-# changed. JOBS is how many compilers run at a time.
+# The first run takes 20 to 30 minutes on two cores, and three gigabytes in build/windows; later runs build only what
+# has changed. The environment variable JOBS says how many compilers run at a time.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
@@ -52,8 +52,8 @@ fetch_sources() {
     (cd "$work/sources" && apt_source source --download-only "${!sources[@]}")
 }
 
-# Verifies the original sources of a package, and unpacks them with Debian's changes. apt has verified these by the
-# signature of the archive.
+# Verifies the original sources of a package by their checksum, and unpacks them with Debian's changes. apt has verified
+# the changes by the signature of the archive.
 unpack() {
     local name=$1 original dsc
     original=$(echo "$work/sources/${name}_"*.orig.tar.*z) dsc=$(echo "$work/sources/${name}_"*.dsc)
@@ -73,8 +73,8 @@ cross_cmake() {   # SOURCE BUILD OPTIONS...
         { tail -30 "$work/$build.configure.log"; return 1; }
 }
 
-# Libraries of Windows for printing, file dialogs and 3D graphics. Loading them would be a third of the start under Wine, so
-# Qt loads each when it is first called: it is linked with other import libraries.
+# Libraries of Windows for printing, file dialogs and 3D graphics. To load them would take a third of the start-up time
+# under Wine. So Qt is linked with import libraries that load each of them at the first call.
 late_libraries=(comdlg32 d3d11 d3d9 dxgi winspool)
 
 make_late_libraries() {
@@ -89,8 +89,8 @@ make_late_libraries() {
     done
 }
 
-# Debian's source has no wintab.h, so there is no support for tablets. PrintSupport needs Direct2D. Libraries bundled with
-# Qt are used.
+# Debian's source has no wintab.h, so there is no support for tablets. PrintSupport needs Direct2D, which stays enabled.
+# The libraries bundled with Qt are used instead of the system's.
 qt_options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DINPUT_opengl=no
     "-DCMAKE_SHARED_LINKER_FLAGS=-L'$work/late'" "-DCMAKE_MODULE_LINKER_FLAGS=-L'$work/late'")
 for feature in tabletevent sql network testlib dbus concurrent xml opengl vulkan zstd icu pkg_config glib system_zlib \
@@ -122,8 +122,8 @@ build_sdl() {
     ninja -C "$work/sdl" -j "$jobs" install >/dev/null
 }
 
-# Copies the libraries, Qt's plug-ins and gcc's runtime libraries beside the program, and strips all of them. Aligned to
-# pages, a file is mapped into memory instead of read.
+# Copies the libraries, Qt's plug-ins and gcc's runtime libraries beside the program, and strips all of them. Their
+# sections are aligned to pages, so that Wine maps the files into memory instead of reading them.
 add_libraries() {
     local out=$1 gcc file
     gcc=$(dirname "$(x86_64-w64-mingw32-gcc-posix -print-file-name=libstdc++-6.dll)")
@@ -181,7 +181,7 @@ build_trainer() {
     add_libraries "$stage"
     check_libraries "$stage"
     add_licences "$stage"
-    for file in "$stage"/licences/*.txt; do sed -i 's/\r*$/\r/' "$file"; done   # for the editors of Windows
+    for file in "$stage"/licences/*.txt; do sed -i 's/\r*$/\r/' "$file"; done   # lines end as in Windows
 }
 
 make_packages() {

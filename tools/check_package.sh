@@ -4,8 +4,8 @@
 #
 #   tools/check_package.sh [PACKAGE]
 #
-# Runs as root on Debian and uses debootstrap. Without an argument it builds the package twice and compares the two. Needs
-# some minutes and a gigabyte, so the tests don't call it.
+# Runs as root on Debian and uses debootstrap. Without an argument it builds the package twice and compares the two.
+# Needs some minutes and a gigabyte, so the tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
@@ -29,7 +29,7 @@ if [ $# -eq 0 ]; then
     done
     cmp build/release/vorn_*.deb build/release-again/vorn_*.deb || { say "two builds differ"; exit 1; }
     say "two builds give the same package"
-    unset SOURCE_DATE_EPOCH   # dpkg-deb would give it to the files of the newer version below
+    unset SOURCE_DATE_EPOCH   # otherwise dpkg-deb would give this time to the files of the newer version below
     set -- build/release/vorn_*.deb
 fi
 package=$(realpath "$1")
@@ -127,5 +127,5 @@ in_root dpkg --purge vorn >/dev/null
 files_of_root >"$root/tmp/after"
 left=$({ diff "$root/tmp/before" "$root/tmp/after" || true; } | grep '^[<>]' | grep -v -e '/etc/passwd' -e '/etc/group' \
     -e '/etc/shadow' -e '/etc/gshadow' -e '/etc/subuid' -e '/etc/subgid' -e '/var/mail' || true)
-[ -z "$left" ] || { say "the package leaves files behind or removes others: $left"; exit 1; }
+[ -z "$left" ] || { say "the package leaves files behind, or removes files that aren't its own: $left"; exit 1; }
 say "the package passes: $(basename "$package"), $(du -h "$package" | cut -f1)"

@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# Checks the trainer for Windows under Wine. Runs the core's tests. Installs the trainer silently into a fresh Wine prefix,
-# starts it, operates it by mouse and keys until a target is destroyed and files are saved, installs it again and over another
-# version, uninstalls it, and checks what is left. Does the same for one user without operating it. Also operates the unpacked
-# program, in a path with blanks, umlauts and Cyrillic letters, and compares its start time with that of the trainer for this
-# system. tools/build_windows.sh must have run.
+# Checks the trainer for Windows under Wine. tools/build_windows.sh must have run.
+#
+# Runs the core's tests. Installs the trainer silently into a fresh Wine prefix, and operates it by mouse and keys until
+# a target is destroyed and files are saved. Installs it again and over another version, uninstalls it, and checks what
+# is left. Installs and uninstalls it for one user too. Then operates the unpacked program, in a path with blanks,
+# umlauts and Cyrillic letters. Compares its start time with that of the trainer for this system.
 #
 #   tools/check_windows.sh [core | program]
 #
-# The pictures it takes are in build/windows/pictures. Needs some minutes, so the tests don't call it.
+# Its screenshots are in build/windows/pictures. Needs some minutes, so the tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
@@ -59,13 +60,13 @@ fresh_windows() {
     echo '<fontconfig/>' >"$work/no_fonts.conf"
     wineboot -i >/dev/null 2>&1
     wine winecfg -v win10
-    wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null   # a crash ends the program
+    wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null   # a crash shows no dialog
     wineserver -w
     add_arial
 }
 
-# Installs a font named Arial, since Windows has Arial and no Liberation Sans. Its letters are those of Liberation Sans, which
-# have the same widths. The fonts of this system are hidden from Wine.
+# Installs a font named Arial, since Windows has Arial and no Liberation Sans. Its letters are those of Liberation Sans,
+# which have the same widths. The fonts of this system are hidden from Wine: it must not find Liberation Sans.
 add_arial() {
     /usr/bin/python3 - "$WINEPREFIX/drive_c/windows/Fonts" /usr/share/fonts/truetype/liberation*/LiberationSans-*.ttf <<'PYTHON'
 import os, sys
@@ -92,18 +93,18 @@ await_end() {
     wait "$program" || fail "the program ended with an error"
 }
 
-# Whether a window fills the screen, within some seconds.
+# Waits some seconds until a window fills the screen. Fails if it doesn't.
 fills_screen() { for _ in $(seq 100); do covers_screen "$1" && return; sleep 0.1; done; return 1; }
 covers_screen() { [ "$(xdotool getwindowgeometry "$(window "$1")" | tail -1 | tr -d ' ')" = Geometry:1280x1024 ]; }
 
-# From the title screen to the editor, in full screen.
+# Goes from the title screen to the editor in full screen, and checks that each fills the screen.
 carry_full_screen() {
     local width
-    for _ in $(seq 20); do   # Return closes the box
+    for _ in $(seq 20); do   # Return closes the first box
         sleep 2
         width=$(xdotool getwindowgeometry --shell "$(window "$title")" 2>/dev/null | sed -n s/WIDTH=//p)
         [ "${width:-0}" -lt 1000 ] || break
-        [ -z "$width" ] || xdotool key Return   # between box and screen there is no window
+        [ -z "$width" ] || xdotool key Return   # after the box there is no window until the title screen is shown
     done
     xdotool key F11
     fills_screen "$title" || fail "the title screen isn't full screen"
@@ -131,8 +132,8 @@ start_time() {
     echo $took
 }
 
-# Compares the least of some starts. The two programs start in turn, so that other work on the machine delays both. On
-# Windows the desktop is always there; Wine's ends with its last window, so Notepad keeps one open.
+# Compares the shortest of twelve starts of each program. They start in turn, so that other work on the machine delays
+# both. On Windows the desktop is always there; Wine's desktop ends with its last window, so Notepad keeps one open.
 compare_starts() {   # FOLDER with the program
     local took windows=999999 here=999999
     cmake --preset release >/dev/null
@@ -203,7 +204,7 @@ fire_and_save() {   # FOLDER of the data, then the command
     await_end
 }
 
-# Another version: the program, the icons, one file that this version has too, and one that it hasn't.
+# Another version: the program, the icons, one file that this version has too, and one that it doesn't have.
 make_other_version() {
     mkdir -p "$other/V.O.R.N/ranges"
     cp -r "$stage"/{vorn.exe,icons} "$other/V.O.R.N"
@@ -295,7 +296,7 @@ open_display
 export FONTCONFIG_FILE=$work/no_fonts.conf
 fresh_windows
 [ "${1:-}" = program ] || run_core_tests
-[ "${1:-}" = core ] && exit
+[ "${1:-}" = core ] && { say "the core's tests pass under Wine"; exit; }
 [ -e "$setup" ] || fail "$setup isn't there: run tools/build_windows.sh first"
 [ "$(stat -c %s "$setup")" -lt 90000000 ] || fail "the installer is larger than 90 MB"
 check_installed

@@ -1,6 +1,7 @@
 # shellcheck shell=bash
-# Sourced by checks that operate the trainer by mouse and keys, as a user does. Needs xdotool, imagemagick, Xvfb and openbox.
-# `pictures` is the folder for screenshots. Windows are given by title, places in pixels of a form of 1024 x 768.
+# Sourced by checks that operate the trainer by mouse and keys, as a user does. Needs xdotool, imagemagick, Xvfb and
+# openbox. `pictures` is the folder for screenshots. Windows are given by title, places in pixels of a form of
+# 1024 x 768.
 
 open_display() {   # the first free number from FIRST_DISPLAY; adds to `helpers` the processes to kill at the end
     local number=${FIRST_DISPLAY:-90}
@@ -49,7 +50,7 @@ save_as() {
 
 editor="PRACTICE EDITOR"
 
-# From the first box to the set-up screen.
+# Goes from the first box to the set-up screen.
 to_the_editor() {
     await "V. O. R. N." 60
     for _ in $(seq 20); do   # the first Return closes the box, the next clicks START
@@ -72,8 +73,8 @@ set_up() {
 # The aim point on the visual sight, and the sight as width x height + left + top.
 aim_x=618 aim_y=145 sight=808x605+204+41
 
-# Prints how far the middle of the target is right of and below the aim point, in pixels; nothing if there is no target. The
-# target icons have been replaced by magenta squares.
+# Prints how far the middle of the target is right of and below the aim point, in pixels; nothing if there is no target.
+# The target icons have been replaced by magenta squares.
 offset() {
     import -silent -window "$(window "V.O.R.N. VISUAL")" miff:- |
         convert - -crop "$sight" +repage -alpha off -fuzz 15% -fill black +opaque magenta -format '%w %h %@' info: 2>/dev/null |
@@ -125,7 +126,7 @@ destroy_a_target() {
 
 debrief="DEBRIEF SCREEN"
 
-# From the practice back to the editor, saves the practice, and saves the record in the debrief.
+# Goes from the practice back to the editor and saves the practice, then saves the record in the debrief.
 save_both() {   # PRACTICE RECORD
     click "V.O.R.N. VISUAL" 87 152   # RETURNT TO SETUP
     await "$editor"
@@ -141,7 +142,7 @@ save_both() {   # PRACTICE RECORD
     save_as "^SAVE$" "$2"
 }
 
-# Leaves by the exit button of the debrief.
+# Ends the program by the exit button of the debrief.
 leave() {
     click "$debrief" 720 12
     answer_yes "$debrief"

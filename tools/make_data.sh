@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the shipped data again in the source tree: target icons, ranges, explosion, program icon and sounds. Then makes the
-# pictures of the manual, which show that data. Takes some minutes.
+# Makes the shipped data again in the source tree: target icons, ranges, explosion, fire and bursts, the icons of
+# program and file types, and sounds. Then makes the pictures of the manual, which show that data. Takes some minutes.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh

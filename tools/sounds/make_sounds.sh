@@ -81,8 +81,8 @@ noise() {
     sox -R -r 16000 -n -c 1 "$4" synth "$1" "$3" gain -12 highpass 400 lowpass 3200 gain -n "$2" "${@:5}"
 }
 
-# A voice over an intercom: a narrow band, compressed, with hiss and the clicks of the microphone switch. Steeper filters,
-# overdrive or louder hiss make words hard to understand.
+# Makes a voice sound as over an intercom: in a narrow band, compressed, with hiss and the clicks of the microphone
+# switch. Steeper filters, overdrive or louder hiss would make words hard to understand.
 intercom() {
     local length
     sox -R "$1" "$work/voice.wav" gain -n -12 highpass 300 highpass 300 lowpass 3400 \
