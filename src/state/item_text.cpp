@@ -81,10 +81,7 @@ bool reads_as_utf8(std::string_view latin)
 // are dropped.
 bool item_reader::next_item(std::string_view& item)
 {
-    if (failed_ || place_ >= text_.size()) {
-        failed_ = true;
-        return false;
-    }
+    if (place_ >= text_.size()) return false;
     const std::size_t begin = place_;
     bool quoted = false;
     while (place_ < text_.size() && (quoted || !ends_item(text_[place_]))) {
@@ -103,10 +100,8 @@ bool item_reader::take(std::string& text)
     if (!next_item(item)) return false;
     const bool quoted = item.size() >= 2 && item.front() == '"' && item.back() == '"';
     if (!quoted || item.substr(1, item.size() - 2).find_first_of("\"\r\n") != std::string_view::npos ||
-        item.find('\0') != std::string_view::npos) {
-        failed_ = true;
+        item.find('\0') != std::string_view::npos)
         return false;
-    }
     text = from_file_bytes(std::string(item.substr(1, item.size() - 2)));
     return true;
 }
@@ -115,9 +110,9 @@ bool item_reader::take(bool& value)
 {
     std::string_view item;
     if (!next_item(item)) return false;
-    failed_ = item != "#TRUE#" && item != "#FALSE#";
-    if (!failed_) value = item == "#TRUE#";
-    return !failed_;
+    if (item != "#TRUE#" && item != "#FALSE#") return false;
+    value = item == "#TRUE#";
+    return true;
 }
 
 template <std::signed_integral whole, class field>
@@ -127,9 +122,9 @@ bool item_reader::take_number(field& number)
     if (!next_item(item)) return false;
     whole n = 0;
     const auto [end, error] = std::from_chars(item.data(), item.data() + item.size(), n);
-    failed_ = error != std::errc() || end != item.data() + item.size();
-    if (!failed_) number = n;
-    return !failed_;
+    if (error != std::errc() || end != item.data() + item.size()) return false;
+    number = n;
+    return true;
 }
 
 template bool item_reader::take_number<std::int16_t>(int16&);

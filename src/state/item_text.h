@@ -13,8 +13,8 @@
 namespace vorn {
 
 // Reads the items of a file one by one. `take` fails if no item is left, the item has another type or the
-// number doesn't fit the argument. It then returns false and leaves the argument unchanged, and all later
-// calls fail too. Outside quotes an item ends at a line break or a comma.
+// number doesn't fit the argument. It then returns false and leaves the argument unchanged. Outside quotes an
+// item ends at a line break or a comma.
 class item_reader {
 public:
     explicit item_reader(std::string text) : text_(std::move(text)) {}
@@ -39,7 +39,6 @@ private:
 
     std::string text_;
     std::size_t place_ = 0;
-    bool failed_ = false;
 };
 
 // Builds the text of a file item by item. Double quotes in texts become apostrophes, and line breaks become

@@ -241,7 +241,9 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
     }
     for (const int lines : {100, 480}) {   // cut among the values of engagements, then among those of rounds
         d.data.put("own.vrn", first_lines(before, lines));
+        d.pc.boxes.clear();
         open("own.vrn");
+        ASSERT_EQ(d.pc.boxes.size(), 1U);
         EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED") << lines << " of 520 lines";
     }
     EXPECT_TRUE(s.Cmdopen.Enabled);

@@ -448,6 +448,9 @@ TEST_F(visual_input, keys_need_the_option_and_most_a_running_practice)
     for (const char key : {'A', 'S', 'D', 'Q', 'E', 'R', 'W'}) d.tap(key);
     EXPECT_TRUE(s.gunloaded && s.heshcorrecting);
     EXPECT_FALSE(s.lazed || s.timautolay.Enabled || s.ammoarmed || s.Cmdcoax.Enabled || s.correctstep > 0);
+    d.pc.key_down('S');
+    EXPECT_FALSE(s.timautolay.Enabled);
+    d.pc.key_up('S');
     const double left = s.Imgrange.Left;
     d.hold('H', 0.1);
     EXPECT_GT(s.Imgrange.Left, left);

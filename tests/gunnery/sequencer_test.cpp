@@ -133,6 +133,10 @@ TEST(thermal_practice, one_engagement_second_by_second)
     EXPECT_EQ(s.targetwait, 7);
     d.pc.advance(7);
     EXPECT_EQ(s.Lblrange.Caption, "1319S") << "0.6 to 1.2 times the last range";
+    d.pc.advance(4);
+    EXPECT_NE(d.crew(), "");
+    d.pc.advance(1);
+    EXPECT_EQ(d.crew(), "") << "the gun was loaded already, so the loader reported earlier";
 }
 
 TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again)
@@ -148,9 +152,9 @@ TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again
         d.data.put_range("visualrange.arf", range);
         d.present(3);
         EXPECT_EQ(p.recrange[1], limit);   // exactly at the limit, which is kept
-        d.t.random.source = [turn = 0]() mutable {
-            return draw_of(turn++ % 2 == 0 ? 15 : 18);
-        };   // position 15 is too far
+        d.t.random.source = [turn = 2U]() mutable {
+            return draw_of(std::array{15, 3, 18}[turn++ % 3]);
+        };   // position 15 is too far; what replaces it must be nearer than the limit
         d.pc.advance(34);
         EXPECT_EQ(p.recrange[2], 300);
         EXPECT_EQ(d.screen().currentrange, 600);
