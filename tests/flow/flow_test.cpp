@@ -183,9 +183,9 @@ TEST_F(program, an_uncalibrated_joystick_prevents_a_start_and_a_quick_start)
 TEST_F(program, a_quick_start_is_a_visual_practice_that_returns_to_the_title)
 {
     to_setup();
-    t.shared.voiceson = t.shared.keyboardselected = false;
     pc.click(t.startsim.Optmode2);
     pc.click(t.startsim.Optcon2);
+    t.shared.voiceson = t.shared.keyboardselected = false;
     pc.click(t.startsim.cmdgame);
     gunnery_screen& s = t.simulator;
     EXPECT_EQ(screens(), "simulator");

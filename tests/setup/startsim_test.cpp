@@ -56,6 +56,8 @@ TEST_F(setup, a_switch_has_two_states)
         EXPECT_FALSE(p.*w.setting);
         pc.click(w.on);
         EXPECT_TRUE(p.*w.setting && p.keyboardselected) << w.on.Caption;
+        pc.click(w.off);
+        EXPECT_FALSE(p.*w.setting) << w.off.Caption;
     }
 }
 

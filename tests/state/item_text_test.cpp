@@ -63,6 +63,8 @@ TEST(item_text, texts_are_written_as_latin1_where_that_reads_back)
                  {{"\xD0\x9F"}, "\"\xD0\x9F\"\r\n"},
                  {{"\xE2\x82\xAC."}, "\"\xE2\x82\xAC.\"\r\n"},
                  {{"\xF0\x9F\x98\x80."}, "\"\xF0\x9F\x98\x80.\"\r\n"},
+                 {{"\xC2\x80\xC2\x80\xC2\x80\xC2\x80"}, "\"\x80\x80\x80\x80\"\r\n"},
+                 {{"\xC3\xB5\xC2\x80\xC2\x80\xC2\x80"}, "\"\xF5\x80\x80\x80\"\r\n"},
                  {{"\xC3\xA0\xC2\xA4x"}, "\"\xE0\xA4x\"\r\n"},
                  {{ambiguous}, '"' + ambiguous + "\"\r\n"},
                  {{ambiguous, "M\xC3\xBCller"}, '"' + ambiguous + "\"\r\n\"M\xC3\xBCller\"\r\n"}};
