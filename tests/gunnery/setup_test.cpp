@@ -165,8 +165,9 @@ TEST(screen, a_load_resets_all_state)
         d.t.shared.engagementtype = 3;
         d.t.shared.windbias = 2;
         const std::vector<std::string> first = hesh_shoot(d);
-        EXPECT_TRUE(d.screen().heshcorrecting);
+        EXPECT_TRUE(d.screen().heshcorrecting && !d.pc.playing.empty());
         d.pc.click(d.screen().Cmdmain);
+        EXPECT_EQ(d.pc.playing, "") << "silent when the screen is left";
         d.pc.key_up('S');
         EXPECT_EQ(hesh_shoot(d), first);
         d.pc.click(d.screen().Cmdstopsim);
