@@ -124,6 +124,7 @@ TEST_P(gun, hesh_is_carried_by_wind_and_correction)
     d.target_at(0, 0);
     d.tap('D');
     EXPECT_DOUBLE_EQ(s.ammo.Left, s.mbs1.Left + 260);
+    EXPECT_EQ(s.ammo.Width, 20) << "far away";
     EXPECT_TRUE(s.heshcorrecting);
     EXPECT_EQ(s.lazed, visual);
     d.tap('R');
@@ -288,6 +289,7 @@ TEST_P(gun, a_round_that_does_not_kill_leaves_a_mark_on_the_ground)
     d.target_at(fall_left() + 1, 0);
     d.tap('D');
     ASSERT_EQ(d.pc.strikes.size(), 1U);
+    EXPECT_FALSE(s.ammo.Visible);
     const strike& seen = d.pc.strikes[0];
     EXPECT_TRUE(seen.round == round_kind::fin && seen.hot == !visual && seen.ground == &s.Imgrange);
     EXPECT_DOUBLE_EQ(seen.Left, fall_left() - s.Imgrange.Left);
@@ -326,6 +328,9 @@ TEST_P(gun, deselecting_keeps_a_round_for_a_target_that_is_up)
         EXPECT_FALSE(s.ammoarmed || s.heshcorrecting);
         EXPECT_EQ(s.Lblammotype.Caption + s.Lblrange.Caption, "");
         EXPECT_FALSE(visual ? s.laze.Visible : s.Imglam.Visible || s.imgbam.Visible || !s.Imgstadia.Visible);
+        d.tap('Q');
+        EXPECT_TRUE(visual || (s.Imglam.Visible && !s.Imgstadia.Visible));
+        d.tap('W');
     }
 }
 

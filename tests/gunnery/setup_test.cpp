@@ -269,7 +269,10 @@ TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
         d.start();
         d.pc.advance(10);
         fault.make(d.data);
-        d.pc.click(d.screen().Cmdstopsim);
+        if (&fault == faults)
+            d.pc.confirm(d.screen().Cmdstopsim);   // the debrief isn't shown
+        else
+            d.pc.click(d.screen().Cmdstopsim);
         EXPECT_NE(d.pc.boxes.back().text.find(fault.text), std::string::npos) << d.pc.boxes.back().text;
         EXPECT_EQ(d.screen().window.state, form_state::not_loaded);
         EXPECT_EQ(shown_screens(d.pc), "startsim");

@@ -133,6 +133,11 @@ TEST_F(visual_laser, on_target_gives_range_mark_and_lay)
     EXPECT_FALSE(s.Lblcharge.Visible);
     d.pc.wait(0.002);
     EXPECT_TRUE(s.Lblcharge.Visible);
+    d.tap('A');
+    d.pc.wait(1.5);
+    EXPECT_FALSE(s.Lblcharge.Visible) << "until the second tick";
+    d.pc.wait(0.5);
+    EXPECT_TRUE(s.Lblcharge.Visible);
 }
 
 TEST_F(visual_laser, the_mark_depends_on_the_aim)

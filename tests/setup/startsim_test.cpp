@@ -265,6 +265,10 @@ TEST_F(setup, a_practice_file_applies_as_far_as_it_can_be_read)
     EXPECT_EQ(s.lblprac[5].Caption, "TARGETS APPEAR AUTOMATICALLY");
     EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 30 SECS ") << "the option has written it";
 
+    pc.click(s.Opttarg2);
+    data.put("wrong.prf", first_lines(bytes, 1) + "TRUE\r\n" + bytes.substr(first_lines(bytes, 2).size()));
+    open("wrong.prf");
+    EXPECT_FALSE(p.targetauto) << "not read: it follows a wrong item";
     for (const char* beyond : {"4\r\n", "-4\r\n"}) {
         pc.click(s.Opttarg2);
         pc.click(s.Optsys3);
