@@ -64,7 +64,6 @@ bool read_record(trainer& t)
     item_reader items(*file.text);
     if (!take_results(items, t.shared, [&] { s.Frmtherm.Visible = t.shared.resultmode == "THERMAL"; }))
         return false;
-    s.Cmdopen.Enabled = true;
     showdetails(t);
     // Both are called even if the first fails, so that nothing of the previous record stays on the screen.
     const bool range = showrange(t), icons = loadstock(t);

@@ -151,10 +151,10 @@ TEST_F(debrief, a_saved_record_is_the_same_when_opened_after_another)
 TEST_F(debrief, the_record_decides_which_marks_are_visible)
 {
     practice_state r;
-    r.targetcount = 9;
+    r.targetcount = 15;
     r.resultpicture = "visualrange.vrp";
     r.resultmode = "THERMAL";
-    for (int e = 1; e <= 9; ++e) {
+    for (const int e : {1, 2, 3, 4, 5, 6, 7, 8, 9, 15}) {
         r.rectime[e] = 10;
         r.recwidth[e] = 160;
         r.recsystem[e] = "FULL";
@@ -170,6 +170,7 @@ TEST_F(debrief, the_record_decides_which_marks_are_visible)
     r.recammo[7] = "COAX";
     r.recammo[8] = "DST";
     r.rectime[9] = 0;
+    r.reclazey[15] = 5;
     put("facts.vrn", r);
     fire_and_stop();
     open("facts.vrn");
@@ -197,7 +198,12 @@ TEST_F(debrief, the_record_decides_which_marks_are_visible)
     view(9);
     EXPECT_EQ(said(), "YOU DID NOT FIRE THIS ROUND ");
     EXPECT_EQ(s.Lbltgtnumber[8].ForeColor, colour::red) << "the display stays";
+    EXPECT_TRUE(s.Imglaze.Pale);
+    view(15);
+    EXPECT_FALSE(s.Imglaze.Pale);
+    EXPECT_TRUE(s.Lbltgtnumber[15].bold);
     view(3);
+    EXPECT_FALSE(s.Lbltgtnumber[15].bold);
     p.rectime[1] = 0;
     d.pc.click(s.cmdnew);
     d.pc.confirm(t.startsim.Cmddebrief);

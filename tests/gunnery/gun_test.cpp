@@ -420,29 +420,38 @@ TEST(wind, offset_is_rounded_down_and_cleared_by_the_visual_reset)
 
 struct visual_input : on_visual {};
 
-TEST_F(visual_input, a_hesh_round_fired_with_the_autolay_held_takes_the_lay_back)
+TEST(hesh, a_round_fired_with_the_autolay_held_takes_the_lay_back)
 {
-    p.engagementtype = 3;
-    d.present(6);
-    d.random(0.5);
-    for (const char key : {'E', 'R', 'R'}) d.tap(key);
-    d.pc.wait(3);
-    d.target_at(4330, 950);
-    d.tap('A');
-    const double range = s.Imgrange.Top, mark = s.laze.Top;
-    d.pc.key_down('S');
-    d.pc.wait(2.1);
-    ASSERT_GT(s.Imgrange.Top, range + 2000);
-    const double laid = s.Imgrange.Top, target = s.Imgtargets.Top, across = s.laze.Left;
-    s.heshcorrecting = true;
-    s.windoffset = 100;
-    d.tap('D');
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, target - 21 * 110);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Top, laid - 20 * 110);
-    EXPECT_DOUBLE_EQ(s.laze.Top, mark);
-    EXPECT_DOUBLE_EQ(s.laze.Left, across - 100);
-    EXPECT_NEAR(s.ammo.Top, 1140 + 2200 - 21 * 110, 0.31);
-    EXPECT_EQ(p.rechit[1], "YES");
+    const struct {
+        int position, range, steps;
+        double mark;   // how far the mark is from its place before the lay
+        const char* hit;
+    } cases[] = {{6, 1100, 21, 0, "YES"}, {18, 2300, 42, 100, ""}};
+    for (const auto& c : cases) {
+        drill d(sight_kind::visual);
+        gunnery_screen& s = d.screen();
+        d.t.shared.engagementtype = 3;
+        d.present(c.position);
+        d.random(0.5);
+        for (const char key : {'E', 'R', 'R'}) d.tap(key);
+        d.pc.wait(3);
+        d.target_at(4330, 950);
+        d.tap('A');
+        const double range = s.Imgrange.Top, mark = s.laze.Top;
+        d.pc.key_down('S');
+        d.pc.wait(2.1);
+        ASSERT_GT(s.Imgrange.Top, range + 2000);
+        const double laid = s.Imgrange.Top, target = s.Imgtargets.Top, across = s.laze.Left;
+        s.heshcorrecting = true;
+        s.windoffset = 100;
+        d.tap('D');
+        EXPECT_DOUBLE_EQ(s.Imgtargets.Top, target - c.steps * 110);
+        EXPECT_DOUBLE_EQ(s.Imgrange.Top, laid - (c.steps - 1) * 110);
+        EXPECT_DOUBLE_EQ(s.laze.Top, mark + c.mark);
+        EXPECT_DOUBLE_EQ(s.laze.Left, across - 100);
+        EXPECT_NEAR(s.ammo.Top, 1140 + 2 * c.range - c.steps * 110, 0.31);
+        EXPECT_EQ(d.t.shared.rechit[1], c.hit);
+    }
 }
 
 TEST_F(visual_input, keys_need_the_option_and_most_a_running_practice)
@@ -484,6 +493,10 @@ TEST_F(visual_input, stick_buttons_1_to_4_work_in_a_practice_only)
         EXPECT_TRUE(s.gunloaded && s.Lblammotype.Caption == selected) << other;
         EXPECT_FALSE(s.lazed || s.timautolay.Enabled) << other;
     }
+    d.pc.stick_button(4, true);
+    EXPECT_TRUE(s.timautolay.Enabled);
+    d.pc.stick_button(4, false);
+    EXPECT_FALSE(s.timautolay.Enabled);
 }
 
 TEST_F(visual_input, buttons_are_enabled_by_the_state_of_the_practice)

@@ -61,6 +61,7 @@ TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
     move(s.Cmdbigup, 1);
     EXPECT_EQ(s.Lbltgtrange.Caption, "000") << "no range is proposed without a picture";
     new_range("WET MOOR", false, "moor.vrp");
+    EXPECT_EQ(pc.dialogs.size(), 1U) << "no other picture is needed";
     place(1);
     EXPECT_NE(s.outcome.Caption.find("no range yet"), std::string::npos) << "000 is not a range";
     for (int n = 1; n <= 20; ++n) {

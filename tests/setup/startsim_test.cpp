@@ -265,6 +265,10 @@ TEST_F(setup, a_practice_file_applies_as_far_as_it_can_be_read)
     EXPECT_EQ(s.lblprac[5].Caption, "TARGETS APPEAR AUTOMATICALLY");
     EXPECT_EQ(s.lblprac[4].Caption, "UP FOR 30 SECS ") << "the option has written it";
 
+    const std::string last = s.lblprac[7].Caption;
+    data.put("words.prf", std::string(bytes).replace(bytes.rfind(last), last.size(), "OWN WORDS"));
+    open("words.prf");
+    EXPECT_EQ(s.lblprac[7].Caption, "OWN WORDS");
     pc.click(s.Opttarg2);
     data.put("wrong.prf", first_lines(bytes, 1) + "TRUE\r\n" + bytes.substr(first_lines(bytes, 2).size()));
     open("wrong.prf");

@@ -32,12 +32,7 @@ bool takes(const std::string& bytes)
 {
     item_reader r(bytes);
     field f{};
-    const bool taken = r.take(f);
-    item_reader after(bytes + "\r\n#TRUE#");
-    field first{};
-    bool second = false;
-    EXPECT_EQ(after.take(first) && after.take(second), taken) << "all takes after a failure fail";
-    return taken;
+    return r.take(f);
 }
 
 TEST(item_text, rejects_wrong_types_and_numbers_out_of_bounds)
@@ -55,6 +50,9 @@ TEST(item_text, rejects_wrong_types_and_numbers_out_of_bounds)
 
 TEST(item_text, texts_are_written_as_latin1_where_that_reads_back)
 {
+    item_writer plain;
+    plain.put("\"a\"\r\nb");
+    EXPECT_EQ(plain.file_bytes(), "\"'a'  b\"\r\n");
     const std::string ambiguous = "\xC3\x83\xC2\xA9";   // its Latin-1 bytes are one letter of UTF-8
     const struct {
         std::vector<std::string> texts;
