@@ -171,6 +171,7 @@ TEST_F(debrief, the_record_decides_which_marks_are_visible)
     r.recammo[8] = "DST";
     r.rectime[9] = 0;
     r.reclazey[15] = 5;
+    r.rectime[15] = 1;
     put("facts.vrn", r);
     fire_and_stop();
     open("facts.vrn");

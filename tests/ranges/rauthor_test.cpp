@@ -393,9 +393,11 @@ TEST_F(author, shows_an_incomplete_range_as_far_as_it_can_be_read)
     r.rangepicture = "thin.vrp";
     r.targetx[1] = 2147483647;
     open(r);
+    const std::string range = s.Lbltgtrange.Caption;
     move(s.Cmdbigup, 3);
     move(s.Cmdbigdown, 3);
     EXPECT_EQ(s.Lblwide.Caption, "135");
+    EXPECT_EQ(s.Lbltgtrange.Caption, range) << "no range is proposed";
 }
 
 TEST_F(author, changes_an_icon_only_if_it_can_be_loaded)
