@@ -21,27 +21,20 @@ inline int floor_int(float number)
     return static_cast<int>(std::floor(number));
 }
 
+struct limits {
+    float low = 0, high = 0;
+};
+
 // A place, a direction or a colour (x red, y green, z blue).
 struct vec3 {
     float x = 0, y = 0, z = 0;
+
+    friend constexpr vec3 operator+(vec3 a, vec3 b) { return {a.x + b.x, a.y + b.y, a.z + b.z}; }
+    friend constexpr vec3 operator-(vec3 a, vec3 b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
+    friend constexpr vec3 operator*(vec3 a, vec3 b) { return {a.x * b.x, a.y * b.y, a.z * b.z}; }
+    friend constexpr vec3 operator*(vec3 a, float s) { return {a.x * s, a.y * s, a.z * s}; }
 };
 
-constexpr vec3 operator+(vec3 a, vec3 b)
-{
-    return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
-constexpr vec3 operator-(vec3 a, vec3 b)
-{
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-constexpr vec3 operator*(vec3 a, float s)
-{
-    return {a.x * s, a.y * s, a.z * s};
-}
-constexpr vec3 operator*(vec3 a, vec3 b)
-{
-    return {a.x * b.x, a.y * b.y, a.z * b.z};
-}
 constexpr float dot(vec3 a, vec3 b)
 {
     return a.x * b.x + a.y * b.y + a.z * b.z;
@@ -59,11 +52,23 @@ inline vec3 unit(vec3 a)
     return a * (1 / length(a));
 }
 
-constexpr float mix(float a, float b, float t)
+struct point {
+    float x = 0, y = 0;
+
+    friend constexpr point operator+(point a, point b) { return {a.x + b.x, a.y + b.y}; }
+    friend constexpr point operator-(point a, point b) { return {a.x - b.x, a.y - b.y}; }
+    friend constexpr point operator*(point a, float s) { return {a.x * s, a.y * s}; }
+    friend constexpr point operator/(point a, float s) { return {a.x / s, a.y / s}; }
+};
+using path = std::vector<point>;
+
+inline float length(point a)
 {
-    return a + (b - a) * t;
+    return std::hypot(a.x, a.y);
 }
-constexpr vec3 mix(vec3 a, vec3 b, float t)
+
+// From a at t = 0 to b at t = 1.
+constexpr auto mix(const auto& a, const auto& b, float t)
 {
     return a + (b - a) * t;
 }
@@ -83,10 +88,5 @@ inline vec3 linear(float red, float green, float blue)
 {
     return {std::pow(red, 2.2f), std::pow(green, 2.2f), std::pow(blue, 2.2f)};
 }
-
-struct point {
-    float x = 0, y = 0;
-};
-using path = std::vector<point>;
 
 }   // namespace tools

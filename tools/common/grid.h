@@ -1,7 +1,6 @@
 // A rectangular grid of values, stored row by row: pixels, samples, cells of a map.
 #pragma once
 
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -23,26 +22,33 @@ struct grid {
     auto between(float x, float y) const
     {
         const int i = static_cast<int>(x), j = static_cast<int>(y);
-        const auto value = [&](int right, int down) {
-            if constexpr (std::is_arithmetic_v<T>)
-                return real(at(i + right, j + down));
-            else
-                return at(i + right, j + down);
-        };
-        return mix(mix(value(0, 0), value(1, 0), x - real(i)), mix(value(0, 1), value(1, 1), x - real(i)),
-                   y - real(j));
+        const auto row = [&](int r) { return mix(at(i, r) * 1.f, at(i + 1, r) * 1.f, x - real(i)); };
+        return mix(row(j), row(j + 1), y - real(j));
     }
 };
+
+// Calls visit(x, y, cell) for the cells of a rectangle, as far as the grid has them.
+void each_cell(auto& cells, point low, point high, const auto& visit)
+{
+    const int left = std::max(0, floor_int(low.x)), right = std::min(cells.width - 1, floor_int(high.x));
+    const int top = std::max(0, floor_int(low.y)), bottom = std::min(cells.height - 1, floor_int(high.y));
+    for (int y = top; y <= bottom; ++y)
+        for (int x = left; x <= right; ++x) visit(x, y, cells.at(x, y));
+}
+// For all cells.
+void each_cell(auto& cells, const auto& visit)
+{
+    each_cell(cells, {}, {real(cells.width), real(cells.height)}, visit);
+}
 
 // The grid reduced to half its size: each value is the mean of four.
 template <class T>
 grid<T> halved(const grid<T>& big)
 {
     grid<T> small(big.width / 2, big.height / 2);
-    for (int y = 0; y < small.height; ++y)
-        for (int x = 0; x < small.width; ++x)
-            for (int k = 0; k < 4; ++k)
-                small.at(x, y) = small.at(x, y) + big.at(2 * x + k % 2, 2 * y + k / 2) * .25f;
+    each_cell(small, [&](int x, int y, T& mean) {
+        for (int k = 0; k < 4; ++k) mean = mean + big.at(2 * x + k % 2, 2 * y + k / 2) * .25f;
+    });
     return small;
 }
 
@@ -55,21 +61,18 @@ grid<T> blurred(const grid<T>& sharp, float sigma, int reach)
     float sum = 0;
     for (int i = -reach; i <= reach; ++i)
         sum += weights.emplace_back(std::exp(-real(i * i) / (2 * sigma * sigma)));
-    grid<T> across(sharp.width, sharp.height), both(sharp.width, sharp.height);
-    const auto one_way = [&](const grid<T>& from, grid<T>& to, int dx, int dy) {
-        for (int y = 0; y < to.height; ++y)
-            for (int x = 0; x < to.width; ++x) {
-                T v{};
-                for (int i = -reach; i <= reach; ++i)
-                    v = v + from.at(std::clamp(x + i * dx, 0, from.width - 1),
-                                    std::clamp(y + i * dy, 0, from.height - 1)) *
-                                weights[index(i + reach)];
-                to.at(x, y) = v * (1 / sum);
-            }
+    const auto one_way = [&](const grid<T>& from, int dx, int dy) {
+        grid<T> to(from.width, from.height);
+        each_cell(to, [&](int x, int y, T& mean) {
+            for (int i = -reach; i <= reach; ++i)
+                mean = mean + from.at(std::clamp(x + i * dx, 0, from.width - 1),
+                                      std::clamp(y + i * dy, 0, from.height - 1)) *
+                                  weights[index(i + reach)];
+            mean = mean * (1 / sum);
+        });
+        return to;
     };
-    one_way(sharp, across, 1, 0);
-    one_way(across, both, 0, 1);
-    return both;
+    return one_way(one_way(sharp, 1, 0), 0, 1);
 }
 
 }   // namespace tools

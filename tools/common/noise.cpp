@@ -1,7 +1,5 @@
 #include "noise.h"
 
-#include "geometry.h"
-
 namespace tools {
 
 std::uint32_t hash(int x, int y, std::uint32_t seed)
@@ -17,17 +15,17 @@ std::uint32_t hash(int x, int y, std::uint32_t seed)
 
 float scatter(int x, int y, std::uint32_t seed)
 {
-    return real(hash(x, y, seed) >> 8) * (1.f / 16777216);
+    return real(hash(x, y, seed) >> 8) * 0x1p-24f;
 }
 
 // The dot product with one of sixteen gradients, chosen by the hash.
-static float slope(std::uint32_t h, float x, float y)
+static float slope(std::uint32_t h, point p)
 {
-    static constexpr float way[16][2] = {{1, 0},  {.924f, .383f},   {.707f, .707f},   {.383f, .924f},
-                                         {0, 1},  {-.383f, .924f},  {-.707f, .707f},  {-.924f, .383f},
-                                         {-1, 0}, {-.924f, -.383f}, {-.707f, -.707f}, {-.383f, -.924f},
-                                         {0, -1}, {.383f, -.924f},  {.707f, -.707f},  {.924f, -.383f}};
-    return way[h & 15][0] * x + way[h & 15][1] * y;
+    static constexpr point way[16] = {{1, 0},  {.924f, .383f},   {.707f, .707f},   {.383f, .924f},
+                                      {0, 1},  {-.383f, .924f},  {-.707f, .707f},  {-.924f, .383f},
+                                      {-1, 0}, {-.924f, -.383f}, {-.707f, -.707f}, {-.383f, -.924f},
+                                      {0, -1}, {.383f, -.924f},  {.707f, -.707f},  {.924f, -.383f}};
+    return way[h & 15].x * p.x + way[h & 15].y * p.y;
 }
 
 static float fade(float t)
@@ -35,36 +33,34 @@ static float fade(float t)
     return t * t * t * (t * (t * 6 - 15) + 10);
 }
 
-float noise(float x, float y, std::uint32_t seed)
+float noise(point p, std::uint32_t seed)
 {
-    const int left = floor_int(x), top = floor_int(y);
-    x -= real(left);
-    y -= real(top);
-    const float a = slope(hash(left, top, seed), x, y), b = slope(hash(left + 1, top, seed), x - 1, y);
-    const float c = slope(hash(left, top + 1, seed), x, y - 1);
-    const float d = slope(hash(left + 1, top + 1, seed), x - 1, y - 1);
-    return 1.5f * mix(mix(a, b, fade(x)), mix(c, d, fade(x)), fade(y));
+    const int left = floor_int(p.x), top = floor_int(p.y);
+    p = p - point{real(left), real(top)};
+    const auto corner = [&](int x, int y) {
+        return slope(hash(left + x, top + y, seed), p - point{real(x), real(y)});
+    };
+    return 1.5f * mix(mix(corner(0, 0), corner(1, 0), fade(p.x)), mix(corner(0, 1), corner(1, 1), fade(p.x)),
+                      fade(p.y));
 }
 
-float fractal(float x, float y, std::uint32_t seed, int octaves, float gain)
+float fractal(point p, std::uint32_t seed, int octaves, float gain)
 {
     float sum = 0, height = 1;
     for (int i = 0; i < octaves; ++i) {
-        sum += height * noise(x, y, seed + static_cast<std::uint32_t>(i) * 17);
+        sum += height * noise(p, seed + static_cast<std::uint32_t>(i) * 17);
         height *= gain;
         // The coordinates are rotated as well as scaled, so that the lattices of the octaves don't coincide.
-        const float turned = x * 1.62f - y * 1.18f + 11.3f;
-        y = x * 1.18f + y * 1.62f - 7.7f;
-        x = turned;
+        p = {p.x * 1.62f - p.y * 1.18f + 11.3f, p.x * 1.18f + p.y * 1.62f - 7.7f};
     }
     return sum;
 }
 
-float noise3(float x, float y, float z)
+float noise3(vec3 p)
 {
-    const int left = floor_int(x), top = floor_int(y), low = floor_int(z);
-    const float u = smoothstep(0, 1, x - real(left)), v = smoothstep(0, 1, y - real(top));
-    const float w = smoothstep(0, 1, z - real(low));
+    const int left = floor_int(p.x), top = floor_int(p.y), low = floor_int(p.z);
+    const float u = smoothstep(0, 1, p.x - real(left)), v = smoothstep(0, 1, p.y - real(top));
+    const float w = smoothstep(0, 1, p.z - real(low));
     const auto layer = [&](int up) {
         const auto seed = static_cast<std::uint32_t>((low + up) * 7919 + 13);
         return mix(mix(scatter(left, top, seed), scatter(left + 1, top, seed), u),
@@ -86,31 +82,11 @@ std::uint64_t rng::next()
     return state_ ^= state_ << 17;
 }
 
-float rng::unit()
-{
-    return real(next() >> 40) * (1.f / 16777216);
-}
-
-double rng::fine()
-{
-    return static_cast<double>(next() >> 11) / static_cast<double>(1ULL << 53);
-}
-
-float rng::between(float low, float high)
-{
-    return low + (high - low) * unit();
-}
-
 float rng::normal()
 {
     float sum = 0;
     for (int i = 0; i < 6; ++i) sum += unit();
     return (sum - 3) * 1.41f;
-}
-
-int rng::below(int count)
-{
-    return static_cast<int>(unit() * real(count));
 }
 
 }   // namespace tools

@@ -8,12 +8,15 @@
 
 namespace tools {
 
-QByteArray jpeg(const QImage&, int quality);   // 1 to 100
-QByteArray png(const QImage&);                 // as small as the library makes it
+// `quality` of a "jpeg": 1 to 100. Of a "png": 0, as small as the library makes it.
+QByteArray encoded(const QImage&, const char* format, int quality = 0);
 // An icon file (.ico) of square pictures with sides of at most 256 pixels.
 QByteArray icon(const std::vector<QImage>&);
 
-// Replaces the file. False, with a message on the standard error stream, when that fails.
-bool save(const QString& file, const QByteArray& bytes);
+// Replaces the file.
+void save(const QString& file, const QByteArray& bytes);
+
+// Prints a message on the standard error stream and ends the program, as the functions above do on an error.
+[[noreturn]] void fail(const QString& message);
 
 }   // namespace tools

@@ -14,7 +14,6 @@
 // Usage: explosion FOLDER [NAME]
 
 #include <QDir>
-#include <cstdio>
 #include <numbers>
 
 #include "common/noise.h"
@@ -43,7 +42,7 @@ struct puff {
 std::vector<puff> cloud(const scene& s)
 {
     rng random(2);
-    const auto any = [&](limits l) { return .01f * random.between(l.low, l.high); };
+    const auto any = [&](limits l) { return .01f * random.between(l); };
     std::vector<puff> puffs;
     for (const puff_group& g : s.puffs)
         for (int i = 0; i < g.count; ++i) {
@@ -113,7 +112,7 @@ float billows(vec3 p)
         // The coordinates are rotated, so that rows of the lattice aren't seen as stripes.
         p = {.8f * p.y + .6f * p.z, -.8f * p.x + .36f * p.y - .48f * p.z,
              -.6f * p.x - .48f * p.y + .64f * p.z};
-        sum += height * (std::abs(noise3(p.x, p.y, p.z)) - .33f);
+        sum += height * (std::abs(noise3(p)) - .33f);
         height *= .54f;
         p = vec3{7.3f, 1.9f, 4.1f} + p * 2.07f;
     }
@@ -269,7 +268,7 @@ vec3 cell_colour(const scene& s, const cell& c, float thick)
     if (s.by_heat) return shown(vec3{1, 1, 1} * ((s.loops ? .95f : .55f) + 1.9f * std::pow(c.heat, 1.4f)));
     // The factors are below 1: light that is scattered on its way is not lost, it goes deeper into the cloud.
     const float sun = std::exp(-.5f * thick * c.before_sun), sky = std::exp(-.3f * thick * c.before_sky);
-    const vec3 lit = mix(soot, earth, c.dust) * (sunlight * sun + skylight * mix(.3f, 1, sky));
+    const vec3 lit = mix(soot, earth, c.dust) * (sunlight * sun + skylight * mix(.3f, 1.f, sky));
     // With more heat the glow goes from dark red through orange and yellow to white.
     const float heat = s.loops ? std::min(1.1f, c.heat) : c.heat;   // flames aren't white
     const vec3 glow{3.6f * std::pow(heat, 2.6f), 1.7f * std::pow(heat, 3.6f), .4f * std::pow(heat, 6.f)};
@@ -317,7 +316,7 @@ sample flash(const scene& s, point at, int frame)
     // The flash reaches farther in some directions.
     const point from{at.x / s.flash, at.y / s.flash - .08f};
     const float angle = std::atan2(from.y, from.x);
-    const float ray = .995f + .375f * noise3(3.6f * std::cos(angle) + 9, 3.6f * std::sin(angle) + 9, 1);
+    const float ray = .995f + .375f * noise3({3.6f * std::cos(angle) + 9, 3.6f * std::sin(angle) + 9, 1});
     const float far = light_distance(from) / (radius[step] * ray);
     const vec3 rim = s.by_heat ? vec3{.9f, .9f, .9f} : vec3{1, .72f, .28f};
     return covering(mix(s.by_heat ? vec3{1, 1, 1} : vec3{1, 1, .96f}, rim, smoothstep(.5f, 1.6f, far)),
@@ -329,12 +328,10 @@ void add_dot(const scene& s, grid<sample>& picture, point at, float radius, samp
 {
     const float x = (at.x + s.foot.x) * real(s.side), y = (1 - at.y - s.foot.y) * real(s.side),
                 r = radius * real(s.side);
-    for (int j = floor_int(y - 3 * r); j <= floor_int(y + 3 * r); ++j)
-        for (int i = floor_int(x - 3 * r); i <= floor_int(x + 3 * r); ++i) {
-            if (!picture.holds(i, j)) continue;
-            const float far = std::hypot(real(i) + .5f - x, real(j) + .5f - y) / r;
-            picture.at(i, j) = over(what * std::exp(-far * far), picture.at(i, j));
-        }
+    each_cell(picture, {x - 3 * r, y - 3 * r}, {x + 3 * r, y + 3 * r}, [&](int i, int j, sample& p) {
+        const float far = std::hypot(real(i) + .5f - x, real(j) + .5f - y) / r;
+        p = over(what * std::exp(-far * far), p);
+    });
 }
 
 void add_pieces(const scene& s, grid<sample>& picture, float time)
@@ -342,10 +339,10 @@ void add_pieces(const scene& s, grid<sample>& picture, float time)
     constexpr int dots = 12;
     constexpr float exposure = .05f;
     rng random(2);
-    const auto any = [&](limits l) { return random.between(l.low, l.high); };
     for (const piece_group& g : s.pieces)
         for (int i = 0; i < g.count; ++i) {
-            const float angle = pi * any(g.angle), speed = any(g.speed), strength = 1 - time / any(g.life);
+            const float angle = pi * random.between(g.angle), speed = random.between(g.speed);
+            const float strength = 1 - time / random.between(g.life);
             const float radius = g.radius * random.between(.5f, 1.3f);
             for (int k = 0; k < dots && strength > 0; ++k) {
                 const float share = real(k) / dots, then = time - exposure * share;
@@ -372,48 +369,32 @@ grid<sample> painted(const scene& s, int frame)
         return point{(real(x) + .5f) * b.cell_size - s.foot.x,
                      (real(s.side - y) - .5f) * b.cell_size - s.foot.y};
     };
-    for (int y = 0; y < s.side; ++y)
-        for (int x = 0; x < s.side; ++x)
-            picture.at(x, y) =
-                over(looked_through(s, b, x, s.side - 1 - y, time), halo(s, place_of(x, y), time));
+    each_cell(picture, [&](int x, int y, sample& p) {
+        p = over(looked_through(s, b, x, s.side - 1 - y, time), halo(s, place_of(x, y), time));
+    });
     add_pieces(s, picture, time);
-    for (int y = 0; y < s.side; ++y)
-        for (int x = 0; x < s.side; ++x) {
-            // Fades out before the edges of the frame; at the lower edge only below the foot.
-            const float aside = (real(std::min({x, y, s.side - 1 - x})) + .5f) * b.cell_size;
-            const float below = (real(s.side - 1 - y) + .5f) * b.cell_size;
-            const float inside = smoothstep(.02f, .11f, aside) * smoothstep(0, .7f * s.foot.y, below);
-            picture.at(x, y) = over(flash(s, place_of(x, y), frame), picture.at(x, y)) * (left * inside);
-        }
+    each_cell(picture, [&](int x, int y, sample& p) {
+        // Fades out before the edges of the frame; at the lower edge only below the foot.
+        const float aside = (real(std::min({x, y, s.side - 1 - x})) + .5f) * b.cell_size;
+        const float below = (real(s.side - 1 - y) + .5f) * b.cell_size;
+        const float inside = smoothstep(.02f, .11f, aside) * smoothstep(0, .7f * s.foot.y, below);
+        p = over(flash(s, place_of(x, y), frame), p) * (left * inside);
+    });
     if (!s.by_heat) return picture;
     return blurred(picture, .012f * real(s.side), floor_int(.03f * real(s.side)));
 }
 
-// Rounds the values to steps that are too small to be seen, which makes the file much smaller.
-QImage coarse(QImage picture)
-{
-    const auto step = [](int value) { return (value + 2) / 5 * 5; };
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x) {
-            const QRgb c = picture.pixel(x, y);
-            const int alpha = step(qAlpha(c));
-            picture.setPixel(x, y,
-                             alpha == 0 ? 0 : qRgba(step(qRed(c)), step(qGreen(c)), step(qBlue(c)), alpha));
-        }
-    return picture;
-}
-
-bool make(const scene& s, const QDir& folder)
+void make(const scene& s, const QDir& folder)
 {
     grid<sample> sheet(frames_in_row * s.side, frames / frames_in_row * s.side);
     parallel_for(frames, [&](int frame) {
         const grid<sample> picture = painted(s, frame);
-        for (int y = 0; y < s.side; ++y)
-            for (int x = 0; x < s.side; ++x)
-                sheet.at(frame % frames_in_row * s.side + x, frame / frames_in_row * s.side + y) =
-                    picture.at(x, y);
+        each_cell(picture, [&](int x, int y, const sample& p) {
+            sheet.at(frame % frames_in_row * s.side + x, frame / frames_in_row * s.side + y) = p;
+        });
     });
-    return save(folder.filePath(QString(s.name) + ".png"), png(coarse(image_of(sheet))));
+    constexpr int step = 5;   // of the levels: too small to be seen, and makes the file much smaller
+    save(folder.filePath(QString(s.name) + ".png"), encoded(image_of(sheet, step), "png"));
 }
 
 }   // namespace
@@ -422,12 +403,7 @@ bool make(const scene& s, const QDir& folder)
 int main(int count, char** arguments)
 {
     using namespace tools;
-    if (count != 2 && count != 3) {
-        std::fprintf(stderr, "usage: explosion FOLDER [NAME]\n");
-        return 2;
-    }
-    bool saved = true;
+    if (count != 2 && count != 3) fail("usage: explosion FOLDER [NAME]");
     for (const scene& s : scenes())
-        if (count == 2 || QString(arguments[2]) == s.name) saved &= make(s, QDir(arguments[1]));
-    return saved ? 0 : 1;
+        if (count == 2 || QString(arguments[2]) == s.name) make(s, QDir(arguments[1]));
 }

@@ -8,10 +8,6 @@
 
 namespace tools {
 
-struct limits {
-    float low = 0, high = 0;
-};
-
 // Puffs of smoke that start at the foot of the scene, each with random values within the limits. All numbers
 // but the count are in hundredths.
 struct puff_group {

@@ -37,18 +37,25 @@ frame frame_of(const world& w, const house& h)
     for (const float u : {-h.length / 2, h.length / 2})
         for (const float v : {-h.width / 2, h.width / 2}) {
             const vec3 p = f(u, v, 0);
-            lowest = std::min(lowest, w.ground.height(p.x, p.y));
+            lowest = std::min(lowest, w.ground.height({p.x, p.y}));
         }
     f.origin.z = lowest - footing;
     return f;
 }
 
-// Adds a panel that faces away from the frame's origin.
-void add_panel(world& w, const frame& f, vec3 a, vec3 b, vec3 c, vec3 d, vec3 colour, float warmth)
+// Adds a panel that faces away from a point.
+void add_panel(world& w, vec3 inside, vec3 a, vec3 b, vec3 c, vec3 d, vec3 colour, float warmth)
 {
     vec3 normal = unit(cross(b - a, d - a));
-    if (dot(normal, (a + b + c + d) * .25f - f.origin) < 0) normal = normal * -1;
+    if (dot(normal, (a + b + c + d) * .25f - inside) < 0) normal = normal * -1;
     w.panels.push_back({{a, b, c, d}, colour, normal, warmth});
+}
+
+// An upright rectangle along a frame, at `v`. Faces away from a point.
+void add_wall(world& w, vec3 inside, const frame& f, limits u, float v, limits z, vec3 colour, float warmth)
+{
+    add_panel(w, inside, f(u.low, v, z.low), f(u.high, v, z.low), f(u.high, v, z.high), f(u.low, v, z.high),
+              colour, warmth);
 }
 
 // The four sides of a box, whose top is `left_at_top` times as wide as its bottom: 0 makes a pyramid.
@@ -58,30 +65,25 @@ void add_sides(world& w, const frame& f, float half_length, float half_width, fl
     const float us[] = {-half_length, half_length, half_length, -half_length, -half_length};
     const float vs[] = {-half_width, -half_width, half_width, half_width, -half_width};
     for (int i = 0; i < 4; ++i)
-        add_panel(w, f, f(us[i], vs[i], low), f(us[i + 1], vs[i + 1], low),
+        add_panel(w, f.origin, f(us[i], vs[i], low), f(us[i + 1], vs[i + 1], low),
                   f(us[i + 1] * left_at_top, vs[i + 1] * left_at_top, high),
                   f(us[i] * left_at_top, vs[i] * left_at_top, high), colour, warmth);
 }
 
-// An opening in a long wall: a panel a little in front of it.
-void add_opening(world& w, const frame& f, float u, float v, float half, float low, float high, vec3 colour,
-                 float warmth)
-{
-    add_panel(w, f, f(u - half, v, low), f(u + half, v, low), f(u + half, v, high), f(u - half, v, high),
-              colour, warmth);
-}
-
+// The openings of the long walls, a little in front of them.
 void add_openings(world& w, const house& h, const frame& f)
 {
     const vec3 glass = linear(.16f, .18f, .20f), timber = linear(.16f, .14f, .12f);
     for (const float side : {-1.f, 1.f}) {
         const float v = side * (h.width / 2 + .06f);
-        if (h.gate) add_opening(w, f, 0, v, 2, 0, h.eaves * .8f, timber, wall_warmth - .08f);
+        if (h.gate) add_wall(w, f.origin, f, {-2, 2}, v, {0, h.eaves * .8f}, timber, wall_warmth - .08f);
         if (!h.windows) continue;
         for (const float part : {-.34f, -.12f, .12f, .34f})
-            for (const float z : {1.6f, 4.2f})
+            for (const float z : {1.6f, 4.2f}) {
+                const float u = part * h.length;
                 if (z + 1.2f < h.eaves)
-                    add_opening(w, f, part * h.length, v, .5f, z, z + 1.2f, glass, glass_warmth);
+                    add_wall(w, f.origin, f, {u - .5f, u + .5f}, v, {z, z + 1.2f}, glass, glass_warmth);
+            }
     }
 }
 
@@ -91,15 +93,17 @@ void add_house(world& w, const house& h)
     const float l = h.length / 2, v = h.width / 2, e = h.eaves, top = h.eaves + h.ridge;
     add_sides(w, f, l, v, 0, e, h.wall, wall_warmth);
     for (const float end : {-l, l})
-        add_panel(w, f, f(end, -v, e), f(end, v, e), f(end, 0, top), f(end, 0, top), h.wall, wall_warmth);
+        add_panel(w, f.origin, f(end, -v, e), f(end, v, e), f(end, 0, top), f(end, 0, top), h.wall,
+                  wall_warmth);
     const vec3 roof = mix(h.roof, linear(.88f, .89f, .91f), .88f * w.land.snow);
     const float lo = l + overhang, vo = v + overhang, eo = e - .3f;
     for (const float side : {-vo, vo})
-        add_panel(w, f, f(-lo, side, eo), f(lo, side, eo), f(lo, 0, top), f(-lo, 0, top), roof, roof_warmth);
+        add_panel(w, f.origin, f(-lo, side, eo), f(lo, side, eo), f(lo, 0, top), f(-lo, 0, top), roof,
+                  roof_warmth);
     add_openings(w, h, f);
     const vec3 sun = w.land.towards_sun;
-    w.map.shade.darken({h.middle.x - sun.x / sun.z * e * .6f, h.middle.y - sun.y / sun.z * e * .6f},
-                       h.length * .62f, h.width * .85f, h.angle, .6f);
+    w.map.shade.darken(h.middle - point{sun.x / sun.z, sun.y / sun.z} * e * .6f, h.length * .62f,
+                       h.width * .85f, h.angle, .6f);
     if (h.windows)   // a chimney
         add_sides(w, {f(l * .7f, 0, top), h.angle}, .45f, .45f, -.8f, 1.1f, linear(.50f, .34f, .28f),
                   wall_warmth);
@@ -108,10 +112,8 @@ void add_house(world& w, const house& h)
 void add_trees(world& w, point p, int count, float reach)
 {
     for (int i = 0; i < count; ++i) {
-        const float x = p.x + w.random.between(-reach, reach);
-        const float y = p.y + w.random.between(.25f, .8f) * reach;
-        if (w.map.roads.at(x, y) < 5) continue;
-        add_tree(w, x, y, growth::broadleaf, w.random.between(7, 13), 1.1f);
+        const point at = p + point{w.random.between(-reach, reach), w.random.between(.25f, .8f) * reach};
+        if (w.map.roads.at(at) >= 5) add_tree(w, at, growth::broadleaf, w.random.between(7, 13), 1.1f);
     }
 }
 
@@ -138,10 +140,10 @@ void build_church(world& w, point p, float angle)
 {
     const vec3 stone = linear(.66f, .63f, .56f), slate = linear(.38f, .39f, .42f),
                dark = linear(.14f, .14f, .15f);
-    const float c = std::cos(angle), s = std::sin(angle);
+    const point along{std::cos(angle), std::sin(angle)};
     add_house(w, {p, angle, 22, 9.5f, 7.5f, 4.6f, stone, slate, true});
-    add_house(w, {{p.x + 15 * c, p.y + 15 * s}, angle, 11, 7, 5.5f, 3.4f, stone, slate, false});
-    const house tower{{p.x - 13.5f * c, p.y - 13.5f * s}, angle, 6.5f, 6.5f, 19, .01f, stone, slate, false};
+    add_house(w, {p + along * 15, angle, 11, 7, 5.5f, 3.4f, stone, slate, false});
+    const house tower{p - along * 13.5f, angle, 6.5f, 6.5f, 19, .01f, stone, slate, false};
     add_house(w, tower);
     constexpr float half = 3.3f, spire = 5.5f;
     const frame f = frame_of(w, tower);
@@ -149,24 +151,20 @@ void build_church(world& w, point p, float angle)
     const frame turned{f.origin, f.angle + 1.5708f};
     for (const float side : {-1.f, 1.f})   // the openings of the belfry
         for (const frame& to : {f, turned})
-            add_opening(w, to, 0, side * (half + .03f), .7f, 14.5f, 17.3f, dark, wall_warmth);
+            add_wall(w, f.origin, to, {-.7f, .7f}, side * (half + .03f), {14.5f, 17.3f}, dark, wall_warmth);
 }
 
-// Where a road crosses the river: the points on both banks.
-struct crossing {
-    point from, to;
-};
-
-std::vector<crossing> crossings(const world& w)
+// Where roads cross the river, from bank to bank.
+std::vector<piece> crossings(const world& w)
 {
     constexpr float bank = 4;   // metres of each bank that a bridge covers
-    std::vector<crossing> found;
+    std::vector<piece> found;
     for (const path& road : w.land.roads) {
         bool over = false;
         for (const point& p : winding(road, road_wander)) {
-            const bool wet = w.map.river.at(p.x, p.y) < w.land.river_width / 2 + bank;
-            if (wet && !over) found.push_back({p, p});
-            if (wet) found.back().to = p;
+            const bool wet = w.map.river.at(p) < w.land.river_width / 2 + bank;
+            if (wet && !over) found.push_back({p, {}});
+            if (wet) found.back().way = p - found.back().from;
             over = wet;
         }
     }
@@ -174,37 +172,27 @@ std::vector<crossing> crossings(const world& w)
 }
 
 // Deck, parapets and dark arches, from bank to bank.
-void build_bridge(world& w, const crossing& at)
+void build_bridge(world& w, const piece& at)
 {
     constexpr float half = 3.6f, parapet = 1, arch_rise = 2.3f, arch = 6.5f;   // metres
     const vec3 stone = linear(.60f, .57f, .51f), dark = linear(.15f, .15f, .14f),
                tar = linear(.55f, .54f, .53f);
-    const float dx = at.to.x - at.from.x, dy = at.to.y - at.from.y, length = std::hypot(dx, dy);
-    const float deck =
-        std::max(w.ground.height(at.from.x, at.from.y), w.ground.height(at.to.x, at.to.y)) + .8f;
-    const float water = w.ground.height((at.from.x + at.to.x) / 2, (at.from.y + at.to.y) / 2);
-    const frame place{{at.from.x, at.from.y, 0}, std::atan2(dy, dx)};
-    const auto wall = [&](float from, float to, float across, float low, float high, vec3 colour,
-                          float side) {
-        w.panels.push_back({{place(from, across, low), place(to, across, low), place(to, across, high),
-                             place(from, across, high)},
-                            colour,
-                            vec3{-dy, dx, 0} * (side / length),
-                            wall_warmth});
-    };
-    w.panels.push_back({{place(-4, -half, deck), place(length + 4, -half, deck),
-                         place(length + 4, half, deck), place(-4, half, deck)},
-                        tar,
-                        {0, 0, 1},
-                        wall_warmth + .06f});
+    const float far = length(at.way);
+    const float deck = std::max(w.ground.height(at.from), w.ground.height(at.at(1))) + .8f;
+    const float water = w.ground.height(at.at(.5f));
+    const frame f{{at.from.x, at.from.y, 0}, std::atan2(at.way.y, at.way.x)};
+    add_panel(w, f(0, 0, water), f(-4, -half, deck), f(far + 4, -half, deck), f(far + 4, half, deck),
+              f(-4, half, deck), tar, wall_warmth + .06f);
     for (const float side : {-1.f, 1.f}) {
-        wall(-4, length + 4, side * half, water - 1, deck + parapet, stone, side);
-        wall(-4, length + 4, side * (half - .4f), deck, deck + parapet, stone, -side);
-        for (float along = 4; along + arch < length - 2; along += arch + 1.6f)
+        const vec3 inside = f(0, 0, water), outside = f(0, side * 2 * half, water);
+        add_wall(w, inside, f, {-4, far + 4}, side * half, {water - 1, deck + parapet}, stone, wall_warmth);
+        add_wall(w, outside, f, {-4, far + 4}, side * (half - .4f), {deck, deck + parapet}, stone,
+                 wall_warmth);
+        for (float along = 4; along + arch < far - 2; along += arch + 1.6f)
             for (float part = 0; part < 1; part += .1f) {   // a round arch, in steps
                 const float inset = arch / 2 * (1 - std::sqrt(1 - part * part));
-                wall(along + inset, along + arch - inset, side * (half + .05f), water,
-                     water + arch_rise * (part + .1f), dark, side);
+                add_wall(w, inside, f, {along + inset, along + arch - inset}, side * (half + .05f),
+                         {water, water + arch_rise * (part + .1f)}, dark, wall_warmth);
             }
     }
 }
@@ -216,35 +204,34 @@ void build_hamlet(world& w)
     const vec3 roofs[] = {linear(.47f, .31f, .25f), linear(.40f, .40f, .42f), linear(.52f, .37f, .28f),
                           linear(.42f, .34f, .30f)};
     const point p = w.land.hamlet_at;
-    build_church(w, {p.x + 62, p.y + 52}, .25f);
-    add_trees(w, {p.x + 62, p.y + 62}, 9, 38);
+    build_church(w, p + point{62, 52}, .25f);
+    add_trees(w, p + point{62, 62}, 9, 38);
     constexpr int cottages = 150;   // attempts; most places are not free
-    std::vector<point> taken{{p.x + 62, p.y + 52}, {p.x + 74, p.y + 55}, {p.x + 48, p.y + 49}};
+    std::vector<point> taken{p + point{62, 52}, p + point{74, 55}, p + point{48, 49}};
     for (int i = 0; i < cottages; ++i) {
-        const float x = p.x + w.random.between(-150, 150);
-        const float y = p.y + w.random.between(-80, 85);
-        const float turned = w.random.between(-.35f, .35f);
-        const float length = w.random.between(8, 14);
-        const float width = w.random.between(6, 8);
-        const float eaves = w.random.between(4.2f, 6);
-        const float ridge = w.random.between(2.6f, 3.8f);
-        const int wall = w.random.below(4);
-        const int roof = w.random.below(4);
-        const float angle = turned + (w.random.chance(.35f) ? 1.57f : 0);
-        const float off = w.map.roads.at(x, y);
+        const point at = p + point{w.random.between(-150, 150), w.random.between(-80, 85)};
+        house h{.middle = at,
+                .angle = w.random.between(-.35f, .35f),
+                .length = w.random.between(8, 14),
+                .width = w.random.between(6, 8),
+                .eaves = w.random.between(4.2f, 6),
+                .ridge = w.random.between(2.6f, 3.8f),
+                .wall = walls[w.random.below(4)],
+                .roof = roofs[w.random.below(4)],
+                .windows = true};
+        if (w.random.chance(.35f)) h.angle += 1.57f;
+        const float off = w.map.roads.at(at);
         const bool by_the_road = off > 8.5f && off < 12.6f;
-        bool free = (by_the_road || w.random.chance(.08f)) && off >= 8.5f &&
-                    w.map.river.at(x, y) >= w.land.river_width / 2 + 14;
-        for (const point& t : taken) free = free && std::hypot(t.x - x, t.y - y) > 19;
-        if (!free) continue;
-        taken.push_back({x, y});
-        add_house(w, {{x, y}, angle, length, width, eaves, ridge, walls[wall], roofs[roof], true});
-        if (w.random.chance(.75f)) add_trees(w, {x, y + 4}, 3, 15);
+        if (!(by_the_road || w.random.chance(.08f)) || off < 8.5f ||
+            w.map.river.at(at) < w.land.river_width / 2 + 14 ||
+            std::ranges::any_of(taken, [&](point t) { return length(t - at) <= 19; }))
+            continue;
+        taken.push_back(at);
+        add_house(w, h);
+        if (w.random.chance(.75f)) add_trees(w, at + point{0, 4}, 3, 15);
         for (int k = 0; k < 7; ++k) {
-            const float gx = x + w.random.between(-14, 14);
-            const float gy = y + w.random.between(7, 15);
-            if (w.map.roads.at(gx, gy) > 5)
-                add_tree(w, gx, gy, growth::bush, w.random.between(1, 2.4f), 1.3f);
+            const point bush = at + point{w.random.between(-14, 14), w.random.between(7, 15)};
+            if (w.map.roads.at(bush) > 5) add_tree(w, bush, growth::bush, w.random.between(1, 2.4f), 1.3f);
         }
     }
 }
@@ -255,7 +242,7 @@ void build_houses(world& w)
 {
     for (const farm_plan& f : w.land.farms) build_farm(w, f);
     if (w.land.hamlet) build_hamlet(w);
-    for (const crossing& over : crossings(w)) build_bridge(w, over);
+    for (const piece& over : crossings(w)) build_bridge(w, over);
 }
 
 }   // namespace tools

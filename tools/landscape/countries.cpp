@@ -7,81 +7,69 @@ namespace {
 
 const vec3 afternoon_sun = unit({-.62f, -.42f, .50f}), low_sun = unit({-.70f, -.40f, .36f});
 
-ground_paint chalk_summer()
-{
-    return {.heath = linear(.36f, .40f, .22f),
-            .dry = linear(.63f, .58f, .40f),
-            .middling = linear(.52f, .52f, .32f),
-            .lush = linear(.39f, .44f, .24f),
-            .dark = linear(.30f, .33f, .19f),
-            .straw = linear(.72f, .67f, .47f),
-            .bare = linear(.80f, .76f, .66f),
-            .soil = linear(.58f, .51f, .39f),
-            .crops = {linear(.47f, .51f, .28f), linear(.44f, .49f, .25f), linear(.72f, .66f, .43f),
-                      linear(.56f, .50f, .38f), linear(.50f, .54f, .29f), linear(.65f, .62f, .38f),
-                      linear(.36f, .44f, .21f)},
-            .woodfloor = linear(.21f, .25f, .14f)};
-}
+const ground_paint chalk_summer{
+    .heath = linear(.36f, .40f, .22f),
+    .dry = linear(.63f, .58f, .40f),
+    .middling = linear(.52f, .52f, .32f),
+    .lush = linear(.39f, .44f, .24f),
+    .dark = linear(.30f, .33f, .19f),
+    .straw = linear(.72f, .67f, .47f),
+    .bare = linear(.80f, .76f, .66f),
+    .soil = linear(.58f, .51f, .39f),
+    .crops = {linear(.47f, .51f, .28f), linear(.44f, .49f, .25f), linear(.72f, .66f, .43f),
+              linear(.56f, .50f, .38f), linear(.50f, .54f, .29f), linear(.65f, .62f, .38f),
+              linear(.36f, .44f, .21f)},
+    .woodfloor = linear(.21f, .25f, .14f)};
 
-ground_paint green_valley()
-{
-    return {.heath = linear(.34f, .42f, .21f),
-            .dry = linear(.57f, .56f, .36f),
-            .middling = linear(.46f, .51f, .29f),
-            .lush = linear(.36f, .45f, .22f),
-            .dark = linear(.27f, .34f, .18f),
-            .straw = linear(.66f, .64f, .42f),
-            .bare = linear(.68f, .62f, .50f),
-            .soil = linear(.50f, .42f, .32f),
-            .crops = {linear(.44f, .50f, .26f), linear(.39f, .46f, .23f), linear(.66f, .60f, .40f),
-                      linear(.54f, .45f, .32f), linear(.48f, .53f, .28f), linear(.56f, .55f, .35f),
-                      linear(.36f, .42f, .22f)},
-            .woodfloor = linear(.18f, .23f, .12f)};
-}
+const ground_paint green_valley{
+    .heath = linear(.34f, .42f, .21f),
+    .dry = linear(.57f, .56f, .36f),
+    .middling = linear(.46f, .51f, .29f),
+    .lush = linear(.36f, .45f, .22f),
+    .dark = linear(.27f, .34f, .18f),
+    .straw = linear(.66f, .64f, .42f),
+    .bare = linear(.68f, .62f, .50f),
+    .soil = linear(.50f, .42f, .32f),
+    .crops = {linear(.44f, .50f, .26f), linear(.39f, .46f, .23f), linear(.66f, .60f, .40f),
+              linear(.54f, .45f, .32f), linear(.48f, .53f, .28f), linear(.56f, .55f, .35f),
+              linear(.36f, .42f, .22f)},
+    .woodfloor = linear(.18f, .23f, .12f)};
 
-ground_paint autumn_moor()
-{
-    return {.heath = linear(.46f, .34f, .21f),
-            .dry = linear(.64f, .54f, .36f),
-            .middling = linear(.53f, .46f, .30f),
-            .lush = linear(.44f, .43f, .26f),
-            .dark = linear(.38f, .29f, .20f),
-            .straw = linear(.72f, .64f, .45f),
-            .bare = linear(.69f, .63f, .51f),
-            .soil = linear(.46f, .36f, .26f),
-            .crops = {linear(.47f, .47f, .26f), linear(.46f, .50f, .25f), linear(.74f, .66f, .45f),
-                      linear(.44f, .35f, .24f), linear(.53f, .50f, .29f), linear(.68f, .59f, .38f),
-                      linear(.47f, .39f, .26f)},
-            .woodfloor = linear(.40f, .29f, .19f)};
-}
+const ground_paint autumn_moor{
+    .heath = linear(.46f, .34f, .21f),
+    .dry = linear(.64f, .54f, .36f),
+    .middling = linear(.53f, .46f, .30f),
+    .lush = linear(.44f, .43f, .26f),
+    .dark = linear(.38f, .29f, .20f),
+    .straw = linear(.72f, .64f, .45f),
+    .bare = linear(.69f, .63f, .51f),
+    .soil = linear(.46f, .36f, .26f),
+    .crops = {linear(.47f, .47f, .26f), linear(.46f, .50f, .25f), linear(.74f, .66f, .45f),
+              linear(.44f, .35f, .24f), linear(.53f, .50f, .29f), linear(.68f, .59f, .38f),
+              linear(.47f, .39f, .26f)},
+    .woodfloor = linear(.40f, .29f, .19f)};
 
 // Thin snow, through which stubble and clods show.
-ground_paint snowfields()
-{
-    return {.heath = linear(.66f, .62f, .58f),
-            .dry = linear(.83f, .83f, .84f),
-            .middling = linear(.87f, .88f, .90f),
-            .lush = linear(.89f, .90f, .92f),
-            .dark = linear(.70f, .68f, .66f),
-            .straw = linear(.78f, .75f, .69f),
-            .bare = linear(.70f, .66f, .61f),
-            .soil = linear(.56f, .51f, .46f),
-            .crops = {linear(.88f, .89f, .91f), linear(.84f, .85f, .84f), linear(.81f, .79f, .75f),
-                      linear(.68f, .65f, .63f), linear(.89f, .90f, .92f), linear(.84f, .82f, .79f),
-                      linear(.77f, .79f, .77f)},
-            .woodfloor = linear(.62f, .61f, .61f)};
-}
+const ground_paint snowfields{
+    .heath = linear(.66f, .62f, .58f),
+    .dry = linear(.83f, .83f, .84f),
+    .middling = linear(.87f, .88f, .90f),
+    .lush = linear(.89f, .90f, .92f),
+    .dark = linear(.70f, .68f, .66f),
+    .straw = linear(.78f, .75f, .69f),
+    .bare = linear(.70f, .66f, .61f),
+    .soil = linear(.56f, .51f, .46f),
+    .crops = {linear(.88f, .89f, .91f), linear(.84f, .85f, .84f), linear(.81f, .79f, .75f),
+              linear(.68f, .65f, .63f), linear(.89f, .90f, .92f), linear(.84f, .82f, .79f),
+              linear(.77f, .79f, .77f)},
+    .woodfloor = linear(.62f, .61f, .61f)};
 
-std::vector<vec3> summer_leaves()
-{
-    return {linear(.33f, .41f, .20f), linear(.38f, .45f, .23f), linear(.43f, .47f, .25f),
-            linear(.36f, .44f, .26f), linear(.46f, .48f, .28f)};
-}
-std::vector<vec3> autumn_leaves()
-{
-    return {linear(.53f, .36f, .21f), linear(.61f, .46f, .24f), linear(.46f, .32f, .21f),
-            linear(.64f, .53f, .28f), linear(.43f, .42f, .23f), linear(.52f, .41f, .25f)};
-}
+const std::vector<vec3> summer_leaves{linear(.33f, .41f, .20f), linear(.38f, .45f, .23f),
+                                      linear(.43f, .47f, .25f), linear(.36f, .44f, .26f),
+                                      linear(.46f, .48f, .28f)};
+const std::vector<vec3> autumn_leaves{linear(.53f, .36f, .21f), linear(.61f, .46f, .24f),
+                                      linear(.46f, .32f, .21f), linear(.64f, .53f, .28f),
+                                      linear(.43f, .42f, .23f), linear(.52f, .41f, .25f)};
 
 country thornmere()
 {
@@ -89,18 +77,16 @@ country thornmere()
         .picture = "visualrange.vrp",
         .range = "visualrange.arf",
         .name = "THORNMERE DOWN",
-        .icons = "target",
         .sight = vorn::sight_kind::visual,
         .night = false,
         .width = 4012,
         .height = 2000,
-        .quality = 90,
         .twin_quality = 74,
         .seed = 1000,
         .towards_sun = afternoon_sun,
         .sunlight = {2.55f, 2.32f, 1.95f},
         .skylight = {.38f, .47f, .62f},
-        .ground = chalk_summer(),
+        .ground = chalk_summer,
         .sky = {linear(.27f, .45f, .74f), linear(.76f, .83f, .90f), linear(.86f, .88f, .89f), .42f, .38f},
         .folds = 17,
         .farmed_from = 2250,
@@ -110,7 +96,7 @@ country thornmere()
         .scrub = .6f,
         .conifers = .15f,
         .needles = linear(.33f, .39f, .23f) * .7f,
-        .leaves = summer_leaves(),
+        .leaves = summer_leaves,
         .bare_trees = 0};
     c.tracks = {
         {at(-44, 250), at(-31, 330), at(-14, 450), at(1, 620), at(7, 860), at(2, 1120), at(-7, 1380),
@@ -151,7 +137,7 @@ country elderbeck()
     c.range = "valley.arf";
     c.name = "ELDERBECK VALE";
     c.seed = 2200;
-    c.ground = green_valley();
+    c.ground = green_valley;
     c.sky = {linear(.30f, .48f, .76f), linear(.78f, .85f, .91f), linear(.88f, .90f, .91f), .30f, .55f};
     c.folds = 13;
     c.farmed_from = 560;
@@ -194,7 +180,7 @@ country harrowmoor()
     c.towards_sun = low_sun;
     c.sunlight = {2.52f, 2.20f, 1.68f};
     c.skylight = {.42f, .47f, .56f};
-    c.ground = autumn_moor();
+    c.ground = autumn_moor;
     c.sky = {linear(.45f, .55f, .68f), linear(.84f, .85f, .84f), linear(.92f, .89f, .83f), .66f, .6f};
     c.folds = 18;
     c.farmed_from = 900;
@@ -203,7 +189,7 @@ country harrowmoor()
     c.heath = .9f;
     c.scrub = .9f;
     c.conifers = .3f;
-    c.leaves = autumn_leaves();
+    c.leaves = autumn_leaves;
     c.bare_trees = .25f;
     c.tracks = {{at(42, 250), at(33, 350), at(18, 470), at(6, 620), at(-6, 800), at(-11, 1050), at(-5, 1300),
                  at(3, 1560), at(-2, 1900), at(5, 2300), at(2, 2800), at(6, 3300)},
@@ -230,7 +216,7 @@ country frostfield()
     c.seed = 4400;
     c.sunlight = {1.62f, 1.46f, 1.20f};
     c.skylight = {.36f, .44f, .58f};
-    c.ground = snowfields();
+    c.ground = snowfields;
     c.sky = {linear(.44f, .56f, .74f), linear(.86f, .88f, .90f), linear(.91f, .90f, .88f), .50f, .7f};
     c.folds = 9;
     c.farmed_from = 760;
@@ -256,23 +242,16 @@ country frostfield()
     return c;
 }
 
-country thermal_of(country c, const char* picture, const char* range, const char* name)
+country thermal_of(country c, const char* picture, const char* range, const char* name, bool night)
 {
     c.picture = picture;
     c.range = range;
     c.name = name;
-    c.icons = "thermal";
+    c.night = night;
     c.sight = vorn::sight_kind::thermal;
     c.width = 3009;
     c.height = 1400;
-    c.quality = 90;
     c.twin_quality = 85;
-    return c;
-}
-
-country by_night(country c)
-{
-    c.night = true;
     return c;
 }
 
@@ -284,10 +263,10 @@ const std::vector<country>& countries()
         thornmere(),
         elderbeck(),
         harrowmoor(),
-        thermal_of(thornmere(), "thermalrange.trp", "Thermalrange.arf", "THORNMERE DOWN TI"),
-        by_night(thermal_of(elderbeck(), "valnight.trp", "valnight.arf", "ELDERBECK BY NIGHT")),
+        thermal_of(thornmere(), "thermalrange.trp", "Thermalrange.arf", "THORNMERE DOWN TI", false),
+        thermal_of(elderbeck(), "valnight.trp", "valnight.arf", "ELDERBECK BY NIGHT", true),
         frostfield(),
-        by_night(thermal_of(frostfield(), "wintnght.trp", "wintnght.arf", "FROSTFIELD BY NIGHT"))};
+        thermal_of(frostfield(), "wintnght.trp", "wintnght.arf", "FROSTFIELD BY NIGHT", true)};
     return all;
 }
 

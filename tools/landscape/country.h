@@ -11,11 +11,14 @@
 
 namespace tools {
 
-// A place by its bearing from the middle of the view in degrees and its distance in metres.
+// A place by its bearing from the middle of the view, in radians or degrees, and its distance in metres.
+inline point polar(float bearing, float metres)
+{
+    return {metres * std::sin(bearing), metres * std::cos(bearing)};
+}
 inline point at(float degrees, float metres)
 {
-    const float bearing = degrees * 3.14159265f / 180;
-    return {metres * std::sin(bearing), metres * std::cos(bearing)};
+    return polar(degrees * 3.14159265f / 180, metres);
 }
 
 struct belt_plan {
@@ -56,12 +59,10 @@ struct country {
     const char* picture;   // file name
     const char* range;     // file name of the range file
     const char* name;      // of the range, at most 20 characters
-    const char* icons;     // first part of the names of the icon files
     vorn::sight_kind sight;
     bool night;
     int width, height;   // of the picture, pixels
-    int quality;         // of the JPEG, 1 to 100
-    int twin_quality;    // of the JPEG of the twin
+    int twin_quality;    // of the JPEG of the twin, 1 to 100
     std::uint32_t seed;
 
     vec3 towards_sun;   // always from the upper left, behind the gunner
@@ -98,14 +99,15 @@ const std::vector<country>& countries();
 
 // The projection of a picture: cylindrical, around the gunner's eye.
 struct view {
-    int width, height;   // pixels
+    int width, height;   // of the whole picture, pixels
     float pixel;         // angle of a pixel, radians
     float horizon;       // row of the horizontal line of sight
+    int left = 0;        // first column, if only a strip of the picture is viewed
 
-    float bearing(float x) const { return (x - real(width) / 2) * pixel; }
+    float bearing(float x) const { return (real(left) + x - real(width) / 2) * pixel; }
     float elevation(float y) const { return (horizon - y) * pixel; }
     float row(float elevation) const { return horizon - elevation / pixel; }
-    float column(float bearing) const { return bearing / pixel + real(width) / 2; }
+    float column(float bearing) const { return bearing / pixel + real(width) / 2 - real(left); }
 };
 
 // The view at full size, or `scale` times smaller.

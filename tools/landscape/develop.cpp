@@ -1,4 +1,4 @@
-#include "develop.h"
+#include "picture.h"
 
 #include "common/noise.h"
 
@@ -18,16 +18,14 @@ float toned(float light)
     return shown + .45f * (shown * shown * (3 - 2 * shown) - shown);
 }
 
-// A table of toned() for light from 0 to 4, in steps of 1/2048.
-std::vector<float> toning()
+// The tone of a light from a table: from 0 to 4, in steps of 1/2048.
+float shown(float light)
 {
-    std::vector<float> table;
-    for (int i = 0; i <= 4 * 2048; ++i) table.push_back(toned(real(i) / 2048));
-    return table;
-}
-
-float shown(const std::vector<float>& table, float light)
-{
+    static const std::vector<float> table = [] {
+        std::vector<float> t;
+        for (int i = 0; i <= 4 * 2048; ++i) t.push_back(toned(real(i) / 2048));
+        return t;
+    }();
     return table[index(std::clamp(light, 0.f, 4.f) * 2048)];
 }
 
@@ -50,12 +48,12 @@ std::vector<float> row_offsets(int rows, rng& random)
 }
 
 // Sharpens as cameras do: what to add to each pixel so that it differs more from the brightness around it.
-grid<float> sharpening(const rendered& r, const std::vector<float>& table)
+grid<float> sharpening(const rendered& r)
 {
     constexpr float share = .9f, most = .15f;
     grid<float> brightness(r.width, r.height);
     for (std::size_t i = 0; i < r.cells.size(); ++i)
-        brightness.cells[i] = shown(table, brightness_of(r.cells[i].light));
+        brightness.cells[i] = shown(brightness_of(r.cells[i].light));
     const grid<float> around = blurred(brightness, 1.2f, 3);
     for (std::size_t i = 0; i < brightness.cells.size(); ++i)
         brightness.cells[i] = std::clamp(share * (brightness.cells[i] - around.cells[i]), -most, most);
@@ -66,20 +64,15 @@ grid<float> sharpening(const rendered& r, const std::vector<float>& table)
 
 QImage photograph(const rendered& r)
 {
-    const std::vector<float> table = toning();
-    const grid<float> sharper = sharpening(r, table);
+    const grid<float> sharper = sharpening(r);
     QImage picture(r.width, r.height, QImage::Format_RGB888);
-    for (int y = 0; y < r.height; ++y) {
-        std::uint8_t* p = picture.scanLine(y);
-        for (int x = 0; x < r.width; ++x) {
-            // Noise of about one brightness level hides banding in the sky.
-            const float grain = (scatter(x, y, 1234) - .5f) * .008f;
-            const vec3 seen = r.at(x, y).light, pale = vec3{1, 1, 1} * brightness_of(seen);
-            const vec3 light = mix(seen, pale, .17f);
-            for (const float v : {light.x, light.y, light.z})
-                *p++ = byte_of(shown(table, v) + sharper.at(x, y) + grain);
-        }
-    }
+    each_cell(r, [&](int x, int y, const pixel& p) {
+        // Noise of about one brightness level hides banding in the sky.
+        const float grain = (scatter(x, y, 1234) - .5f) * .008f;
+        const vec3 light = mix(p.light, vec3{1, 1, 1} * brightness_of(p.light), .17f);
+        const auto level = [&](float v) { return byte_of(shown(v) + sharper.at(x, y) + grain); };
+        picture.setPixel(x, y, qRgb(level(light.x), level(light.y), level(light.z)));
+    });
     return picture;
 }
 
@@ -94,16 +87,13 @@ QImage thermal_image(const rendered& r)
     std::vector<float> columns;
     for (int x = 0; x < r.width; ++x) columns.push_back(.003f * random.normal());
     QImage picture(r.width, r.height, QImage::Format_Grayscale8);
-    for (int y = 0; y < r.height; ++y) {
-        std::uint8_t* p = picture.scanLine(y);
-        for (int x = 0; x < r.width; ++x) {
-            // A thermal sight brings out small differences.
-            const float detail = std::clamp(warmth.at(x, y) - around.at(x, y), -.06f, .06f);
-            float v = .43f + (warmth.at(x, y) - .42f) * 1.25f + .8f * detail;
-            if (r.at(x, y).made_of != material::sky) v = std::clamp(v, .20f, .60f);
-            *p++ = byte_of(v + rows[index(y)] + columns[index(x)] + .009f * random.normal());
-        }
-    }
+    each_cell(r, [&](int x, int y, const pixel& p) {
+        // A thermal sight brings out small differences.
+        const float detail = std::clamp(warmth.at(x, y) - around.at(x, y), -.06f, .06f);
+        float v = .43f + (warmth.at(x, y) - .42f) * 1.25f + .8f * detail;
+        if (p.made_of != material::sky) v = std::clamp(v, .20f, .60f);
+        picture.scanLine(y)[x] = byte_of(v + rows[index(y)] + columns[index(x)] + .009f * random.normal());
+    });
     return picture;
 }
 

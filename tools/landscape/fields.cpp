@@ -1,6 +1,5 @@
-#include "fields.h"
-
 #include "common/noise.h"
+#include "ground_cover.h"
 
 namespace tools {
 namespace {
@@ -18,7 +17,7 @@ float line(int i, int row, std::uint32_t seed)
 
 struct span {
     int number;
-    float low, high;   // its boundaries
+    limits within;   // its boundaries
 };
 
 span span_at(float v, int row, std::uint32_t seed)
@@ -26,28 +25,28 @@ span span_at(float v, int row, std::uint32_t seed)
     int i = floor_int(v);
     if (v < line(i, row, seed)) i -= 1;
     if (v >= line(i + 1, row, seed)) i += 1;
-    return {i, line(i, row, seed), line(i + 1, row, seed)};
+    return {i, {line(i, row, seed), line(i + 1, row, seed)}};
 }
 
 }   // namespace
 
-field field_at(const country& land, float x, float y)
+field field_at(const country& land, point p)
 {
     const std::uint32_t seed = land.seed + 40;
     const float cosine = std::cos(turn), sine = std::sin(turn);
-    const float u = (x * cosine + y * sine) / width_of_field + crooked * noise(x / 620, y / 620, seed + 1);
-    const float v = (y * cosine - x * sine) / depth_of_row + crooked * noise(x / 560, y / 560, seed + 2) +
-                    .04f * noise(x / 130, y / 130, seed + 3);
+    const float u = (p.x * cosine + p.y * sine) / width_of_field + crooked * noise(p / 620, seed + 1);
+    const float v = (p.y * cosine - p.x * sine) / depth_of_row + crooked * noise(p / 560, seed + 2) +
+                    .04f * noise(p / 130, seed + 3);
     const span row = span_at(v, 0, seed + 4);
-    const float leaning = .5f * (scatter(row.number, 0, seed + 5) - .5f) * (v - row.low);
+    const float leaning = .5f * (scatter(row.number, 0, seed + 5) - .5f) * (v - row.within.low);
     const float number_in_width = .75f + .6f * scatter(row.number, 0, seed + 6);
     const float shifted = u * number_in_width + leaning;
     const span piece = span_at(shifted, row.number, seed + 7);
 
     field f{};
     const float scale = width_of_field / number_in_width;
-    const float sides[4] = {(v - row.low) * depth_of_row, (row.high - v) * depth_of_row,
-                            (shifted - piece.low) * scale, (piece.high - shifted) * scale};
+    const float sides[4] = {(v - row.within.low) * depth_of_row, (row.within.high - v) * depth_of_row,
+                            (shifted - piece.within.low) * scale, (piece.within.high - shifted) * scale};
     const std::uint32_t borders[4] = {hash(row.number, 1, seed), hash(row.number + 1, 1, seed),
                                       hash(piece.number, row.number * 2 + 7, seed),
                                       hash(piece.number + 1, row.number * 2 + 7, seed)};
@@ -57,30 +56,29 @@ field field_at(const country& land, float x, float y)
     f.id = hash(piece.number, row.number, seed + 8);
     const float angle =
         turn + ((f.id & 1) != 0U ? 0 : 1.5708f) + .2f * (scatter(piece.number, row.number, 3) - .5f);
-    f.along_x = std::cos(angle);
-    f.along_y = std::sin(angle);
+    f.along = {std::cos(angle), std::sin(angle)};
     // Neighbouring fields have similar values, so that woods form groups.
-    const float together = .5f + .9f * noise(real(piece.number) * .43f, real(row.number) * .39f, seed + 9);
+    const float together = .5f + .9f * noise({real(piece.number) * .43f, real(row.number) * .39f}, seed + 9);
     f.wood = clamp01(.65f * together + .35f * scatter(piece.number, row.number, seed + 10));
     return f;
 }
 
-bool wooded(const country& land, const field& f, float x, float y)
+bool wooded(const country& land, const field& f, point p)
 {
     constexpr float hamlet_land = 230;   // radius around the middle of the hamlet, metres
-    if (land.hamlet && std::hypot(x - land.hamlet_at.x, y - land.hamlet_at.y) < hamlet_land) return false;
+    if (land.hamlet && length(p - land.hamlet_at) < hamlet_land) return false;
     // Far slopes have more woods than the floor of the valley.
-    const float share = land.wooded * (.55f + .9f * smoothstep(1300, 2300, std::hypot(x, y)));
+    const float share = land.wooded * (.55f + .9f * smoothstep(1300, 2300, length(p)));
     return f.wood < .12f + .6f * share;
 }
 
-float roughness(const country& land, float x, float y)
+float roughness(const country& land, point p)
 {
-    const float range = std::sqrt(x * x + y * y);
-    const float edge = land.farmed_from + .12f * land.farmed_from * noise(x / 420, y / 420, land.seed + 61);
+    const float range = std::sqrt(p.x * p.x + p.y * p.y);
+    const float edge = land.farmed_from + .12f * land.farmed_from * noise(p / 420, land.seed + 61);
     const float near = 1 - smoothstep(edge - 12, edge + 12, range);
     if (near >= 1 || land.rough_share <= 0 || range > 3200) return near;
-    const field f = field_at(land, x, y);
+    const field f = field_at(land, p);
     const bool rough = real(f.id >> 8 & 255) / 255 < land.rough_share;
     return std::max(near, rough ? smoothstep(0, 3, f.edge) : 0.f);
 }

@@ -1,7 +1,6 @@
 #include "ground_cover.h"
 
 #include "common/noise.h"
-#include "fields.h"
 #include "sky.h"
 
 namespace tools {
@@ -41,19 +40,19 @@ float fine_component(const country& land, const ground_spot& s, const fine_wave&
     if (share <= 0) return 0;
     const float across = s.bearing / w.angle, up = s.elevation / w.angle * 1.3f;
     const float u = across + w.turn * up, v = up - w.turn * across;
-    const float here = share * noise(u, v, w.seed);
-    relief += w.weight * (here - share * noise(u + .5f * land.towards_sun.x, v + .45f, w.seed));
+    const float here = share * noise({u, v}, w.seed);
+    relief += w.weight * (here - share * noise({u + .5f * land.towards_sun.x, v + .45f}, w.seed));
     return here;
 }
 
 texture texture_at(const country& land, const ground_spot& s)
 {
     texture t{};
-    t.wide = fractal(s.x / 420, s.y / 420, land.seed + 201, 3);
-    t.broad = fractal(s.x / 90, s.y / 90, 202, 3);
-    t.clumps = noise(s.x / 23, s.y / 23, 203) + .5f * noise(s.x / 11, s.y / 11, 213);
-    t.tufts =
-        seen(s, 4) * noise(s.x / 4, s.y / 8, 204) + .7f * fine_component(land, s, fine_waves[3], t.relief);
+    t.wide = fractal(s.at / 420, land.seed + 201, 3);
+    t.broad = fractal(s.at / 90, 202, 3);
+    t.clumps = noise(s.at / 23, 203) + .5f * noise(s.at / 11, 213);
+    t.tufts = seen(s, 4) * noise({s.at.x / 4, s.at.y / 8}, 204) +
+              .7f * fine_component(land, s, fine_waves[3], t.relief);
     t.stems = fine_component(land, s, fine_waves[0], t.relief);
     t.blades = fine_component(land, s, fine_waves[1], t.relief);
     t.specks = fine_component(land, s, fine_waves[2], t.relief);
@@ -63,7 +62,7 @@ texture texture_at(const country& land, const ground_spot& s)
 // Reflectance and warmth, built up in layers.
 struct layered {
     vec3 colour;
-    float warmth;
+    float warmth = 0;
     void lay(vec3 over, float share, float warmer = 0)
     {
         colour = mix(colour, over, clamp01(share));
@@ -80,25 +79,29 @@ layered rough_grass(const country& land, const ground_spot& s, const texture& t)
                           : mix(p.middling, p.lush, clamp01(green * 2 - 1)),
               .42f + .10f * t.wide + .06f * t.broad + .05f * t.clumps - .05f * t.tufts};
     // Only some slopes have tussocks.
-    const float coarse = clamp01(.75f + 1.1f * noise(s.x / 260, s.y / 260, land.seed + 217));
+    const float coarse = clamp01(.75f + 1.1f * noise(s.at / 260, land.seed + 217));
     const float tussocks =
-        fractal(s.x / 40 + 9, s.y / 40, 214, 2) + .5f * t.tufts + .6f * t.stems + .5f * t.blades;
+        fractal(s.at / 40 + point{9, 0}, 214, 2) + .5f * t.tufts + .6f * t.stems + .5f * t.blades;
     g.lay(p.dark, .50f * coarse * smoothstep(.25f, 1.2f, tussocks));
     const float bracken =
-        fractal(s.x / 150, s.y / 150, land.seed + 221, 3) + .35f * t.clumps + .35f * t.tufts + .30f * t.stems;
+        fractal(s.at / 150, land.seed + 221, 3) + .35f * t.clumps + .35f * t.tufts + .30f * t.stems;
     g.lay(p.heath * (1 + .25f * t.stems + .2f * t.blades), .8f * land.heath * smoothstep(.10f, .55f, bracken),
           -.03f);
-    const float seeding = noise(s.x / 30, s.y / 30, 219) + .7f * t.stems + .6f * t.blades + .5f * t.specks;
+    const float seeding = noise(s.at / 30, 219) + .7f * t.stems + .6f * t.blades + .5f * t.specks;
     g.lay(p.straw, .55f * smoothstep(.35f, 1.2f, seeding));
     return g;
+}
+
+float across_ploughing(point p, const field& f)
+{
+    return -p.x * f.along.y + p.y * f.along.x;
 }
 
 // Stripes along the direction of ploughing, from -1 to 1. They fade out where they are narrower than a pixel.
 float stripes(const ground_spot& s, const field& f, float width)
 {
-    const float across = -s.x * f.along_y + s.y * f.along_x;
-    const float view_x = s.x / s.range, view_y = s.y / s.range;
-    const float depth = std::fabs(-view_x * f.along_y + view_y * f.along_x);
+    const float across = across_ploughing(s.at, f);
+    const float depth = std::fabs(across_ploughing(s.at / s.range, f));
     const float size = s.along * depth + s.across * (1 - depth);
     const float share = 1 - smoothstep(.30f, .90f, 2 * size / width);
     return share > 0 ? share * std::sin(across * 6.2832f / width) : 0;
@@ -108,7 +111,7 @@ float stripes(const ground_spot& s, const field& f, float width)
 float tramlines(const ground_spot& s, const field& f)
 {
     constexpr float apart = 18, half_gauge = .9f, wheel = .45f;
-    const float across = -s.x * f.along_y + s.y * f.along_x;
+    const float across = across_ploughing(s.at, f);
     const float off = std::fabs(std::remainder(across, apart));
     const float blur = wheel + .7f * s.across + .5f * s.along;
     const float line = 1 - smoothstep(.3f * blur, 1.4f * blur, std::fabs(off - half_gauge));
@@ -118,7 +121,7 @@ float tramlines(const ground_spot& s, const field& f)
 layered farmland(const country& land, const ground_spot& s, const texture& t, const field& f)
 {
     const ground_paint& p = land.ground;
-    if (wooded(land, f, s.x, s.y)) return {p.woodfloor * (1 + .3f * t.clumps), .36f};
+    if (wooded(land, f, s.at)) return {p.woodfloor * (1 + .3f * t.clumps), .36f};
     const std::size_t kind = f.id % p.crops.size();
     const float patchy = .05f * t.wide + .07f * t.broad + .05f * t.clumps + .04f * t.tufts + .08f * t.stems +
                          .08f * t.blades + .07f * t.specks;
@@ -156,17 +159,17 @@ float worn_by_wheels(const ground_spot& s, const texture& t, float off, float ha
 void lay_ways(const country& land, const ground_map& map, const ground_spot& s, const texture& t, float rough,
               layered& g)
 {
-    if (const float off = map.tracks.at(s.x, s.y); off < 11) {
+    if (const float off = map.tracks.at(s.at); off < 11) {
         const float verge = 1 - smoothstep(3, 9, off + 2.5f * t.clumps + 1.5f * t.broad);
         g.lay(mix(land.ground.straw, land.ground.middling, .5f), verge * .40f, .05f);
         g.lay(chalky(land, t), worn_by_wheels(s, t, off, 1.35f), .20f);
     }
-    if (const float off = map.trails.at(s.x, s.y); off < 5 && rough > 0) {
-        const float patchy = rough * clamp01(.55f + .45f * t.broad + .4f * noise(s.x / 60, s.y / 60, 233));
+    if (const float off = map.trails.at(s.at); off < 5 && rough > 0) {
+        const float patchy = rough * clamp01(.55f + .45f * t.broad + .4f * noise(s.at / 60, 233));
         g.lay(mix(land.ground.straw, land.ground.soil, clamp01(.5f + t.clumps)),
               .6f * patchy * worn_by_wheels(s, t, off, 1.3f), .07f);
     }
-    if (const float off = map.roads.at(s.x, s.y); off < 11) {
+    if (const float off = map.roads.at(s.at); off < 11) {
         constexpr float half_width = 2.7f;
         const float soft = .3f + s.across;
         g.lay(land.ground.straw, .7f * (1 - smoothstep(half_width + .6f, half_width + 2.2f + soft, off)),
@@ -179,7 +182,8 @@ void lay_ways(const country& land, const ground_map& map, const ground_spot& s, 
 
 void lay_scars(const country& land, const ground_spot& s, const texture& t, float rough, layered& g)
 {
-    const float broken = fractal(s.x / 75 + 4, s.y / 75, land.seed + 231, 3) + .25f * t.tufts + .2f * t.stems;
+    const float broken =
+        fractal(s.at / 75 + point{4, 0}, land.seed + 231, 3) + .25f * t.tufts + .2f * t.stems;
     const float share = .8f * smoothstep(.93f, 1.12f, broken) * rough * smoothstep(130, 300, s.range);
     if (share > 0) g.lay(chalky(land, t), share, .14f);
 }
@@ -191,51 +195,50 @@ void lay_bank(const country& land, const ground_spot& s, const texture& t, float
     g.lay(land.ground.soil * .7f, .7f * (1 - smoothstep(0, 1.6f + s.across, off + t.stems)), -.04f);
 }
 
-vec3 lit(const country& land, const ground_map& map, const ground_spot& s, const texture& t, vec3 colour)
+// The ground in sunshine and skylight. By day it is warm where the sun shines on it; by night slopes keep
+// some of the warmth, and hollows are cold.
+pixel lit(const country& land, const ground_map& map, const ground_spot& s, const texture& t,
+          const layered& g)
 {
-    const float shade = map.shade.at(s.x, s.y) / 255, clouds = cloud_shadow(land, s.x, s.y);
     const float facing = std::max(0.f, dot(s.normal, land.towards_sun));
+    const float shade = map.shade.at(s.at) / 255, clouds = cloud_shadow(land, s.at);
     const float sunshine = facing * shade * clouds;
     const float open = (.75f + .25f * s.normal.z) * (.55f + .45f * shade) * (1 + .5f * t.relief);
-    const float mottled =
-        1 + .16f * (.6f * seen(s, 6.5f) * noise(s.x / 6.5f, s.y / 6.5f, 240) + .5f * t.clumps);
-    return colour * mottled *
-           (land.sunlight * (sunshine * std::clamp(1 + 1.2f * t.relief, .3f, 1.6f)) + land.skylight * open);
-}
-
-// By day the ground is warm where the sun shines on it; by night slopes keep some of the warmth, and hollows
-// are cold.
-float warmed(const country& land, const ground_map& map, const ground_spot& s, const texture& t, float warmth)
-{
+    const float mottled = 1 + .16f * (.6f * seen(s, 6.5f) * noise(s.at / 6.5f, 240) + .5f * t.clumps);
+    const vec3 light =
+        g.colour * mottled *
+        (land.sunlight * (sunshine * std::clamp(1 + 1.2f * t.relief, .3f, 1.6f)) + land.skylight * open);
     const float fine_grain = .05f * t.stems + .04f * t.blades;
-    warmth = mix(warmth, .34f, .3f * land.snow);
-    if (land.night) return warmth * .80f + .06f + .30f * (s.normal.z - .97f) + fine_grain * .6f;
-    const float facing = std::max(0.f, dot(s.normal, land.towards_sun));
-    const float open = map.shade.at(s.x, s.y) / 255 * cloud_shadow(land, s.x, s.y);
-    return warmth + .42f * (facing - .48f) + .16f * (open - .8f) + .12f * t.relief + fine_grain;
+    float warmth = mix(g.warmth, .34f, .3f * land.snow);
+    if (land.night)
+        warmth = warmth * .80f + .06f + .30f * (s.normal.z - .97f) + fine_grain * .6f;
+    else
+        warmth =
+            warmth + .42f * (facing - .48f) + .16f * (shade * clouds - .8f) + .12f * t.relief + fine_grain;
+    return {light, warmth, s.range, material::ground};
 }
 
 }   // namespace
 
-surface cover(const country& land, const ground_map& map, const ground_spot& s)
+pixel cover(const country& land, const ground_map& map, const ground_spot& s)
 {
     const texture t = texture_at(land, s);
-    const float rough = roughness(land, s.x, s.y);
+    const float rough = roughness(land, s.at);
     layered g{};
     if (rough > 0) g = rough_grass(land, s, t);
     if (rough < 1) {
-        const layered farmed = farmland(land, s, t, field_at(land, s.x, s.y));
+        const layered farmed = farmland(land, s, t, field_at(land, s.at));
         g = {mix(farmed.colour, g.colour, rough), mix(farmed.warmth, g.warmth, rough)};
     }
     if (rough > 0) lay_scars(land, s, t, rough, g);
-    const float off_river = map.river.at(s.x, s.y) - land.river_width / 2;
+    const float off_river = map.river.at(s.at) - land.river_width / 2;
     if (off_river < 16) lay_bank(land, s, t, off_river, g);
     lay_ways(land, map, s, t, rough, g);
     if (off_river < 0) {
         const float ripples = .03f * t.tufts + .04f * t.stems;
-        return {linear(.20f, .23f, .19f) * (1 + ripples), land.night ? .58f : .27f, material::water};
+        return {linear(.20f, .23f, .19f) * (1 + ripples), land.night ? .58f : .27f, s.range, material::water};
     }
-    return {lit(land, map, s, t, g.colour), warmed(land, map, s, t, g.warmth), material::ground};
+    return lit(land, map, s, t, g);
 }
 
 }   // namespace tools

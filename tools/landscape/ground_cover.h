@@ -9,23 +9,51 @@
 
 namespace tools {
 
+// The farmed country: rows of fields with slightly crooked boundaries.
+struct field {
+    float edge;   // distance to the nearest boundary, metres
+    std::uint32_t id;
+    std::uint32_t border;   // id of the nearest boundary, the same from both sides
+    point along;            // direction of ploughing
+    float wood;             // 0 to 1; the fields with the lowest values are woods
+};
+
+field field_at(const country&, point);
+// Whether this field is a wood at this place.
+bool wooded(const country&, const field&, point);
+// 1 on rough grass, 0 among the fields.
+float roughness(const country&, point);
+
 enum class material : std::uint8_t { sky, ground, plant, building, water };
+
+// A pixel of the picture, or a sample of a pixel.
+struct pixel {
+    vec3 light;         // towards the gunner, for a visual picture
+    float warmth = 0;   // 0 cold to 1 hot, for a thermal picture
+    float range = 0;    // metres, 0 in the sky
+    material made_of = material::sky;
+
+    // Sums for computing a mean. The range is that of `b`, the material the one with the higher value.
+    friend constexpr pixel operator+(const pixel& a, const pixel& b)
+    {
+        return {a.light + b.light, a.warmth + b.warmth, b.range, std::max(a.made_of, b.made_of)};
+    }
+    friend constexpr pixel operator*(const pixel& p, float share)
+    {
+        return {p.light * share, p.warmth * share, p.range, p.made_of};
+    }
+};
 
 // The piece of ground that a pixel shows.
 struct ground_spot {
-    float x, y;
+    point at;
     float range, bearing, elevation;   // from the gunner; metres, radians, radians
     vec3 normal;
     float across;   // metres of ground in the pixel, across the view
     float along;    // and along the view
 };
 
-struct surface {
-    vec3 light;     // reflected towards the gunner, before the haze
-    float warmth;   // 0 cold to 1 hot
-    material made_of;
-};
-
-surface cover(const country&, const ground_map&, const ground_spot&);
+// The ground as it looks without haze.
+pixel cover(const country&, const ground_map&, const ground_spot&);
 
 }   // namespace tools

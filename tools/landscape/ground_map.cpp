@@ -13,67 +13,70 @@ constexpr int columns = 4320, rows = 3000;
 
 map_layer::map_layer(float unit) : bytes_(columns, rows, 255), unit_(unit) {}
 
-float map_layer::at(float x, float y) const
+float map_layer::at(point p) const
 {
-    const float u = (x - left_edge) / cell, v = (y - near_edge) / cell;
+    const float u = (p.x - left_edge) / cell, v = (p.y - near_edge) / cell;
     if (u < 0 || v < 0 || u >= columns - 2 || v >= rows - 2) return 255 * unit_;
     return bytes_.between(u, v) * unit_;
 }
 
-map_layer::cells map_layer::around(point low, point high, float reach)
+void map_layer::change_around(point low, point high, float reach, auto change)
 {
-    return {std::max(0, floor_int((low.x - reach - left_edge) / cell)),
-            std::min(columns - 1, floor_int((high.x + reach - left_edge) / cell) + 1),
-            std::max(0, floor_int((low.y - reach - near_edge) / cell)),
-            std::min(rows - 1, floor_int((high.y + reach - near_edge) / cell) + 1)};
+    const auto in_cells = [](float x, float y) {
+        return point{(x - left_edge) / cell, (y - near_edge) / cell};
+    };
+    each_cell(bytes_, in_cells(low.x - reach, low.y - reach),
+              in_cells(high.x + reach, high.y + reach) + point{1, 1}, [&](int i, int j, std::uint8_t& there) {
+                  change(there, point{left_edge + real(i) * cell, near_edge + real(j) * cell});
+              });
 }
 
 void map_layer::mark_distance(const path& line)
 {
-    const float reach = 255 * unit_;
-    for (std::size_t k = 0; k + 1 < line.size(); ++k) {
-        const point a = line[k], b = line[k + 1];
-        const cells c =
-            around({std::min(a.x, b.x), std::min(a.y, b.y)}, {std::max(a.x, b.x), std::max(a.y, b.y)}, reach);
-        const float dx = b.x - a.x, dy = b.y - a.y, square = dx * dx + dy * dy + 1e-6f;
-        for (int j = c.top; j <= c.bottom; ++j)
-            for (int i = c.left; i <= c.right; ++i) {
-                const float x = left_edge + real(i) * cell - a.x, y = near_edge + real(j) * cell - a.y;
-                const float t = clamp01((x * dx + y * dy) / square);
-                const float bytes = std::hypot(x - t * dx, y - t * dy) / unit_;
-                std::uint8_t& there = bytes_.at(i, j);
-                if (bytes < static_cast<float>(there)) there = static_cast<std::uint8_t>(bytes);
-            }
+    for (const auto& [a, way] : pieces(line)) {
+        const point b = a + way;
+        const float square = way.x * way.x + way.y * way.y + 1e-6f;
+        change_around({std::min(a.x, b.x), std::min(a.y, b.y)}, {std::max(a.x, b.x), std::max(a.y, b.y)},
+                      255 * unit_, [&](std::uint8_t& there, point place) {
+                          const point p = place - a;
+                          const float t = clamp01((p.x * way.x + p.y * way.y) / square);
+                          const float bytes = length(p - way * t) / unit_;
+                          if (bytes < real(there)) there = static_cast<std::uint8_t>(bytes);
+                      });
     }
 }
 
 void map_layer::darken(point middle, float along, float across, float angle, float strength)
 {
     constexpr float edge = 1.6f;
-    const cells c = around(middle, middle, std::max(along, across) * 1.3f);
     const float cosine = std::cos(angle), sine = std::sin(angle);
-    for (int j = c.top; j <= c.bottom; ++j)
-        for (int i = c.left; i <= c.right; ++i) {
-            const float x = left_edge + real(i) * cell - middle.x, y = near_edge + real(j) * cell - middle.y;
-            const float a = (x * cosine + y * sine) / along, b = (y * cosine - x * sine) / across;
-            const float q = a * a + b * b;
-            if (q >= edge) continue;
-            std::uint8_t& there = bytes_.at(i, j);
+    change_around(middle, middle, std::max(along, across) * 1.3f, [&](std::uint8_t& there, point place) {
+        const point p = place - middle;
+        const float a = (p.x * cosine + p.y * sine) / along, b = (p.y * cosine - p.x * sine) / across;
+        const float q = a * a + b * b;
+        if (q < edge)
             there = static_cast<std::uint8_t>(real(there) * (1 - strength * (1 - smoothstep(.35f, edge, q))));
-        }
+    });
+}
+
+std::vector<piece> pieces(const path& line)
+{
+    std::vector<piece> all;
+    for (std::size_t i = 0; i + 1 < line.size(); ++i) all.push_back({line[i], line[i + 1] - line[i]});
+    return all;
 }
 
 // A Catmull-Rom spline, from b at t = 0 to c at t = 1.
-static float on_curve(float a, float b, float c, float d, float t)
+static point on_curve(point a, point b, point c, point d, float t)
 {
-    return .5f *
-           (2 * b + (c - a) * t + (2 * a - 5 * b + 4 * c - d) * t * t + (3 * b - a - 3 * c + d) * t * t * t);
+    return (b * 2 + (c - a) * t + (a * 2 - b * 5 + c * 4 - d) * t * t + (b * 3 - a - c * 3 + d) * t * t * t) *
+           .5f;
 }
 
 static point wandered(point p, float wander)
 {
-    return {p.x + wander * (7 * noise(p.x / 60, p.y / 60, 77) + 2 * noise(p.x / 14, p.y / 14, 79)),
-            p.y + wander * (7 * noise(p.x / 60, p.y / 60, 78) + 2 * noise(p.x / 14, p.y / 14, 80))};
+    return {p.x + wander * (7 * noise(p / 60, 77) + 2 * noise(p / 14, 79)),
+            p.y + wander * (7 * noise(p / 60, 78) + 2 * noise(p / 14, 80))};
 }
 
 path winding(const path& through, float wander)
@@ -84,12 +87,9 @@ path winding(const path& through, float wander)
     for (std::size_t i = 0; i + 1 < count; ++i) {
         const point a = through[i > 0 ? i - 1 : 0], b = through[i], c = through[i + 1];
         const point d = through[std::min(count - 1, i + 2)];
-        const int pieces = std::max(2, floor_int(std::hypot(c.x - b.x, c.y - b.y) / spacing));
-        for (int k = 0; k < pieces; ++k) {
-            const float t = real(k) / real(pieces);
-            line.push_back(
-                wandered({on_curve(a.x, b.x, c.x, d.x, t), on_curve(a.y, b.y, c.y, d.y, t)}, wander));
-        }
+        const int pieces = std::max(2, floor_int(length(c - b) / spacing));
+        for (int k = 0; k < pieces; ++k)
+            line.push_back(wandered(on_curve(a, b, c, d, real(k) / real(pieces)), wander));
     }
     line.push_back(wandered(through.back(), wander));
     return line;

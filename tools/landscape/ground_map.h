@@ -13,17 +13,15 @@ namespace tools {
 class map_layer {
 public:
     explicit map_layer(float unit);
-    float at(float x, float y) const;   // bilinear
+    float at(point) const;   // bilinear
     // Stores the distance from a line, in metres, in the cells that have a larger value.
     void mark_distance(const path&);
     // Darkens an ellipse, by `strength` in the middle and less outwards. Radii in metres, angle in radians.
     void darken(point middle, float along, float across, float angle, float strength);
 
 private:
-    struct cells {
-        int left, right, top, bottom;
-    };
-    static cells around(point low, point high, float reach);
+    // Calls change(cell, place) for each cell within `reach` of the rectangle.
+    void change_around(point low, point high, float reach, auto change);
 
     grid<std::uint8_t> bytes_;
     float unit_;
@@ -34,6 +32,17 @@ struct ground_map {
     map_layer river{.5f};                                // up to 127 m
     map_layer shade{1};                                  // 255 in full light
 };
+
+// A straight piece of a line.
+struct piece {
+    point from, way;
+    // The point at a share of the way, and beside it: metres to the left.
+    point at(float share, float left = 0) const
+    {
+        return from + way * share + point{-way.y, way.x} / length(way) * left;
+    }
+};
+std::vector<piece> pieces(const path&);
 
 // A smooth line through the points, with small random bends. It has a point every few metres.
 path winding(const path& through, float wander = 1);

@@ -14,16 +14,9 @@
 #include <cstdio>
 
 #include "common/save.h"
-#include "develop.h"
-#include "positions.h"
+#include "picture.h"
 
 using namespace tools;
-
-// The file name of the picture's twin.
-static QString twin_of(const char* picture)
-{
-    return QString(picture).replace('.', "@2x.");
-}
 
 static void report(const country& land, const std::vector<position>& positions, qsizetype bytes,
                    qsizetype twin)
@@ -31,28 +24,27 @@ static void report(const country& land, const std::vector<position>& positions, 
     std::vector<float> off;
     for (const position& p : positions)
         off.push_back(std::fabs(proposed_range(land, p.y, p.range) - p.range));
-    std::sort(off.begin(), off.end());
+    std::ranges::sort(off);
     std::printf("%-18s %4lld kB, twin %4lld kB; proposed range off by %.0f m (median), %.0f m (worst)\n",
                 land.picture, static_cast<long long>(bytes / 1024), static_cast<long long>(twin / 1024),
                 static_cast<double>(off[off.size() / 2]), static_cast<double>(off.back()));
 }
 
-static bool make(const country& land, const QString& folder, int scale)
+static void make(const country& land, const QString& folder, int scale)
 {
     const world w(land);
     const rendered r = render(w, view_of(land, real(scale) / 2));
     const QImage big = land.sight == vorn::sight_kind::visual ? photograph(r) : thermal_image(r);
-    const QByteArray twin = jpeg(big, land.twin_quality), picture = jpeg(halved(big), land.quality);
-    if (!save(folder + '/' + land.picture, picture) || !save(folder + '/' + twin_of(land.picture), twin))
-        return false;
-    if (scale > 1) return true;
+    const QByteArray twin = encoded(big, "jpeg", land.twin_quality);
+    const QByteArray picture = encoded(halved(big), "jpeg", 90);
+    save(folder + '/' + land.picture, picture);
+    save(folder + '/' + QString(land.picture).replace('.', "@2x."), twin);
+    if (scale > 1) return;
     const std::vector<position> positions = choose_positions(land, halved(r));
-    if (positions.size() < 20) {
-        std::fprintf(stderr, "landscape: only %zu positions on %s\n", positions.size(), land.picture);
-        return false;
-    }
+    if (positions.size() < 20)
+        fail(QString("only %1 positions on %2").arg(positions.size()).arg(land.picture));
     report(land, positions, picture.size(), twin.size());
-    return save(folder + '/' + land.range, QByteArray::fromStdString(range_file(land, positions)));
+    save(folder + '/' + land.range, QByteArray::fromStdString(range_file(land, positions)));
 }
 
 int main(int argc, char** argv)
@@ -66,9 +58,7 @@ int main(int argc, char** argv)
     options.process(program);
     const int scale = options.value("scale").toInt();
     if (options.positionalArguments().size() != 1 || scale < 1) options.showHelp(2);
-    bool good = true;
     for (const country& land : countries())
         if (!options.isSet("only") || options.value("only") == land.picture)
-            good = make(land, options.positionalArguments().first(), scale) && good;
-    return good ? 0 : 1;
+            make(land, options.positionalArguments().first(), scale);
 }

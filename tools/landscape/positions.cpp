@@ -1,4 +1,4 @@
-#include "positions.h"
+#include "picture.h"
 
 #include <cmath>
 #include <optional>
@@ -19,6 +19,7 @@ constexpr float preferred[wanted] = {900,  2300, 1250, 700,  1500, 1050, 2050, 8
 // Accepted differences from the preferred range, in metres. A larger one is tried if no position is found.
 constexpr float tolerances[] = {380, 800, 1900};
 
+constexpr auto twip = real(vorn::twips_per_pixel);
 constexpr float spare = 1000;   // twips, for aiming beside the target in a wind, and above it
 
 struct box {
@@ -32,7 +33,6 @@ box in_reach(const country& land)
     const vorn::sight_numbers& sight = vorn::numbers_of(land.sight);
     const vorn::area& aim = sight.aim;
     const vorn::limit_numbers& keys = sight.keylimits;
-    const auto twip = real(vorn::twips_per_pixel);
     const float width = real(land.width) * twip, height = real(land.height) * twip;
     const float across = real(std::max(keys.across, sight.window.Width));
     const float down = real(std::max(keys.down, sight.window.Height));
@@ -48,18 +48,17 @@ box in_reach(const country& land)
 // ground must be open that far around it as well.
 bool is_open(const country& land, const rendered& r, int x, int y, float range)
 {
-    const auto twip = real(vorn::twips_per_pixel);
-    const int half = static_cast<int>(
-        (target_side(land.sight, range) / 2 + real(vorn::numbers_of(land.sight).right.step)) / twip);
-    const int side = static_cast<int>(target_side(land.sight, range) / twip);
-    const int slip = static_cast<int>(real(vorn::numbers_of(land.sight).down.step) / twip);
+    const vorn::sight_numbers& sight = vorn::numbers_of(land.sight);
+    const float side = target_side(land.sight, range);
+    const int half = static_cast<int>((side / 2 + real(sight.right.step)) / twip);
+    const int slip = static_cast<int>(real(sight.down.step) / twip);
     for (int i = -half; i <= half; i += 2) {
         for (int j = -slip; j <= slip; j += 2) {
             const pixel& foot = r.at(x + i, y + j);
             if (foot.made_of != material::ground) return false;
             if (std::fabs(foot.range - range) > .12f * range) return false;   // a crest
         }
-        for (int j = slip; j <= side; j += 2) {
+        for (int j = slip; j <= static_cast<int>(side / twip); j += 2) {
             const pixel& body = r.at(x + i, y - j);
             if (body.made_of >= material::plant && body.range < range) return false;   // hides the target
         }
@@ -102,7 +101,7 @@ std::vector<position> choose_positions(const country& land, const rendered& r)
     std::vector<position> chosen;
     const float slot = (reach.right - reach.left) / wanted;
     // Neighbouring positions are at least the width of a target apart.
-    const float apart = real(vorn::largest_target) / real(vorn::twips_per_pixel) / 2;
+    const float apart = real(vorn::largest_target) / twip / 2;
     for (int i = 0; i < wanted; ++i) {
         const float left = reach.left + slot * real(i);
         std::optional<position> p;
@@ -121,13 +120,13 @@ std::string range_file(const country& land, const std::vector<position>& positio
     p.rangename = land.name;
     p.rangepicture = land.picture;
     p.rangetype = vorn::numbers_of(land.sight).resultmode;
-    const std::string icons = std::string("/target icons/") + land.icons;
+    const std::string icons =
+        land.sight == vorn::sight_kind::visual ? "/target icons/target" : "/target icons/thermal";
     p.targeticon1 = icons + "1.ico";
     p.targeticon2 = icons + "2.ico";
     p.targeticon3 = icons + "3.ico";
     for (int entry = 1; const position& at : positions) {
         const float side = target_side(land.sight, at.range);
-        const auto twip = real(vorn::twips_per_pixel);
         p.targetx[entry] = static_cast<std::int32_t>(std::lround(real(at.x) * twip - side / 2));
         p.targety[entry] = static_cast<std::int32_t>(std::lround(real(at.y) * twip - side));
         p.targetrange[entry] = static_cast<std::int16_t>(at.range);

@@ -1,9 +1,7 @@
-#include "renderer.h"
-
-#include <optional>
-
 #include "common/noise.h"
 #include "common/parallel.h"
+#include "picture.h"
+#include "sky.h"
 
 namespace tools {
 namespace {
@@ -13,19 +11,12 @@ constexpr int strip_width = 128;   // pixels
 constexpr float sky_range = 1e9f;
 constexpr float first_step = 150, last_step = 26000;   // of the ray over the ground, metres
 
-// The samples of one strip.
+// One strip of the picture.
 struct strip {
     const world& w;
-    const view& v;
-    const sky* above;   // null in a thermal picture
-    int first;          // its first column in the picture
+    const view v;              // of the samples
+    const grid<vec3>& above;   // the sky; empty in a thermal picture
     grid<pixel> samples;
-
-    float sample_angle() const { return v.pixel / fine; }   // radians
-    float bearing(float x) const { return v.bearing(real(first) + x / fine); }
-    float elevation(float y) const { return v.elevation(y / fine); }
-    float column(float bearing) const { return (v.column(bearing) - real(first)) * fine; }
-    float row(float elevation) const { return v.row(elevation) * fine; }
 };
 
 struct step {
@@ -35,24 +26,23 @@ struct step {
 
 void set_ground(strip& s, int x, int y, const step& a, const step& b, float sine, float cosine)
 {
-    const float e = s.elevation(real(y) + .5f);
+    const float e = s.v.elevation(real(y) + .5f);
     const float t = clamp01((e - a.elevation) / (b.elevation - a.elevation + 1e-9f));
     const float range = mix(a.range, b.range, t);
-    const float across = range * s.sample_angle();
+    const float across = range * s.v.pixel;
     const vec3 normal = mix(a.normal, b.normal, t);
     // The cosine between the line of sight and the normal.
     const float meets = std::max(.02f, -normal.x * sine - normal.y * cosine - normal.z * e);
-    const ground_spot spot{range * sine,
-                           range * cosine,
-                           range,
-                           s.bearing(real(x) + .5f),
-                           e,
-                           normal,
-                           across,
-                           std::min(across / meets, 40 * across)};
-    const surface c = cover(s.w.land, s.w.map, spot);
-    s.samples.at(x, y) = {c.made_of == material::water ? c.light : haze_of(range)(c.light), c.warmth, range,
-                          c.made_of};
+    pixel seen = cover(s.w.land, s.w.map,
+                       {{range * sine, range * cosine},
+                        range,
+                        s.v.bearing(real(x) + .5f),
+                        e,
+                        normal,
+                        across,
+                        std::min(across / meets, 40 * across)});
+    if (seen.made_of != material::water) seen.light = haze_of(range)(seen.light);
+    s.samples.at(x, y) = seen;
 }
 
 // Follows the ground away from the gunner. Fills the column from the bottom up with the ground that nothing
@@ -60,18 +50,19 @@ void set_ground(strip& s, int x, int y, const step& a, const step& b, float sine
 int draw_ground(strip& s, int x)
 {
     const terrain& ground = s.w.ground;
-    const float bearing = s.bearing(real(x) + .5f), sine = std::sin(bearing), cosine = std::cos(bearing);
+    const float bearing = s.v.bearing(real(x) + .5f), sine = std::sin(bearing), cosine = std::cos(bearing);
     int filled = s.samples.height;   // from this row down
     float highest = -2;
     step before{first_step, -2, {0, 0, 1}};
     for (float range = first_step; range < last_step && filled > 0; range += std::max(.12f, range * .0022f)) {
-        const float px = range * sine, py = range * cosine, z = ground.height(px, py);
+        const point p{range * sine, range * cosine};
+        const float z = ground.height(p);
         step now{range, std::atan(z / range), before.normal};
-        const int reached = std::max(0, static_cast<int>(std::ceil(s.row(now.elevation) - .5f)));
+        const int reached = std::max(0, static_cast<int>(std::ceil(s.v.row(now.elevation) - .5f)));
         if (now.elevation > highest) {
             highest = now.elevation;
             if (reached < filled) {
-                now.normal = ground.normal(px, py, z, std::max(.4f, range * .002f));
+                now.normal = ground.normal(p, z, std::max(.4f, range * .002f));
                 for (int y = filled - 1; y >= reached; --y) set_ground(s, x, y, before, now, sine, cosine);
                 filled = reached;
             }
@@ -83,13 +74,12 @@ int draw_ground(strip& s, int x)
 
 void draw_sky(strip& s, int x, int rows)
 {
-    const float bearing = s.bearing(real(x) + .5f);
+    const float bearing = s.v.bearing(real(x) + .5f);
     for (int y = 0; y < rows; ++y) {
-        if (s.above != nullptr)
-            s.samples.at(x, y).light =
-                s.above->at(real(s.first) + (real(x) + .5f) / fine, (real(y) + .5f) / fine);
+        if (s.above.cells.empty())
+            s.samples.at(x, y).warmth = sky_warmth(s.w.land, bearing, s.v.elevation(real(y) + .5f));
         else
-            s.samples.at(x, y).warmth = sky_warmth(s.w.land, bearing, s.elevation(real(y) + .5f));
+            s.samples.at(x, y).light = sky_at(s.above, point{real(s.v.left + x) + .5f, real(y) + .5f} / fine);
     }
 }
 
@@ -97,31 +87,22 @@ struct corner {
     float x, y, range;
 };
 
-struct painted_panel {
-    vec3 light;
-    float warmth;
-};
-
-void draw_triangle(strip& s, const corner& a, const corner& b, const corner& c, const painted_panel& paint)
+// `paint`: a pixel without haze.
+void draw_triangle(strip& s, const corner& a, const corner& b, const corner& c, const pixel& paint)
 {
     const float area = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
     if (std::fabs(area) < 1e-4f) return;
-    const int left = std::max(0, floor_int(std::min({a.x, b.x, c.x})));
-    const int right = std::min(s.samples.width - 1, floor_int(std::max({a.x, b.x, c.x})));
-    const int top = std::max(0, floor_int(std::min({a.y, b.y, c.y})));
-    const int bottom = std::min(s.samples.height - 1, floor_int(std::max({a.y, b.y, c.y})));
-    for (int y = top; y <= bottom; ++y)
-        for (int x = left; x <= right; ++x) {
-            const float px = real(x) + .5f - a.x, py = real(y) + .5f - a.y;
-            const float u = (px * (c.y - a.y) - (c.x - a.x) * py) / area;
-            const float v = ((b.x - a.x) * py - px * (b.y - a.y)) / area;
-            if (u < 0 || v < 0 || u + v > 1) continue;
-            const float range = a.range + u * (b.range - a.range) + v * (c.range - a.range);
-            if (range > s.samples.at(x, y).range + .01f) continue;
-            const float stained = .92f + .16f * scatter(s.first * fine + x, y / 2, 5);
-            s.samples.at(x, y) = {haze_of(range)(paint.light * stained), paint.warmth, range,
-                                  material::building};
-        }
+    const point low{std::min({a.x, b.x, c.x}), std::min({a.y, b.y, c.y})};
+    const point high{std::max({a.x, b.x, c.x}), std::max({a.y, b.y, c.y})};
+    each_cell(s.samples, low, high, [&](int x, int y, pixel& sample) {
+        const float px = real(x) + .5f - a.x, py = real(y) + .5f - a.y;
+        const float u = (px * (c.y - a.y) - (c.x - a.x) * py) / area;
+        const float v = ((b.x - a.x) * py - px * (b.y - a.y)) / area;
+        const float range = a.range + u * (b.range - a.range) + v * (c.range - a.range);
+        if (u < 0 || v < 0 || u + v > 1 || range > sample.range + .01f) return;
+        const float stained = .92f + .16f * scatter(s.v.left + x, y / 2, 5);
+        sample = {haze_of(range)(paint.light * stained), paint.warmth, range, paint.made_of};
+    });
 }
 
 void draw_panel(strip& s, const panel& p)
@@ -133,14 +114,15 @@ void draw_panel(strip& s, const panel& p)
     for (int i = 0; i < 4; ++i) {
         const vec3 c = p.corner[i];
         const float range = std::hypot(c.x, c.y);
-        seen[i] = {s.column(std::atan2(c.x, c.y)), s.row(std::atan(c.z / range)), range};
+        seen[i] = {s.v.column(std::atan2(c.x, c.y)), s.v.row(std::atan(c.z / range)), range};
         inside = inside || (seen[i].x > -200 && seen[i].x < real(s.samples.width) + 200);
     }
     if (!inside) return;
     const country& land = s.w.land;
-    const float sun = std::max(0.f, dot(p.normal, land.towards_sun)) * cloud_shadow(land, middle.x, middle.y);
-    const painted_panel paint{p.colour * (land.sunlight * sun + land.skylight * (.7f + .3f * p.normal.z)),
-                              p.warmth + (land.night ? -.06f : .12f * sun - .05f)};
+    const float sun =
+        std::max(0.f, dot(p.normal, land.towards_sun)) * cloud_shadow(land, {middle.x, middle.y});
+    const pixel paint{p.colour * (land.sunlight * sun + land.skylight * (.7f + .3f * p.normal.z)),
+                      p.warmth + (land.night ? -.06f : .12f * sun - .05f), 0, material::building};
     draw_triangle(s, seen[0], seen[1], seen[2], paint);
     draw_triangle(s, seen[0], seen[2], seen[3], paint);
 }
@@ -168,40 +150,35 @@ const grid<leaf_pixel>& fitting_size(const sprite& s, float rows)
 
 void draw_plant(strip& s, const plant& p)
 {
-    const float tall = p.height / p.range / s.sample_angle(), wide = p.width / p.range / s.sample_angle();
-    const float middle = s.column(p.bearing);
+    const float range = length(p.at), middle = s.v.column(std::atan2(p.at.x, p.at.y));
+    const float tall = p.height / range / s.v.pixel, wide = p.width / range / s.v.pixel;
     if (middle + wide < 0 || middle - wide > real(s.samples.width)) return;
-    const float foot = s.row(std::atan(p.foot / p.range));
+    const float foot = s.v.row(std::atan(p.foot / range));
     if (foot < -2 || foot - tall > real(s.samples.height)) return;
     const grid<leaf_pixel>& picture = fitting_size(s.w.sprites[index(p.sprite)], tall);
     const float side = real(picture.width);
-    const float clouds = cloud_shadow(s.w.land, p.x, p.y);
+    const float clouds = cloud_shadow(s.w.land, p.at);
     const vec3 colour = p.colour * (.42f + .58f * clouds);
-    const haze air = haze_of(p.range);
-    const float nearer = p.range - .6f,
-                slack = p.range * .002f;   // so that the ground at the plant's foot doesn't hide the plant
+    const haze air = haze_of(range);
+    const float nearer = range - .6f,
+                slack = range * .002f;   // so that the ground at the plant's foot doesn't hide the plant
     const bool low = is_low(p.sprite);
     const float cooler = low              ? p.warmer
                          : s.w.land.night ? .02f + .06f * s.w.land.snow
                                           : -.08f + .08f * (clouds - .7f);
-    const int left = std::max(0, floor_int(middle - wide / 2)),
-              right = std::min(s.samples.width - 1, floor_int(middle + wide / 2) + 1);
-    const int top = std::max(0, floor_int(foot - tall)),
-              bottom = std::min(s.samples.height - 1, floor_int(foot) + 1);
-    for (int y = top; y <= bottom; ++y)
-        for (int x = left; x <= right; ++x) {
-            pixel& sample = s.samples.at(x, y);
-            if (nearer > sample.range + slack) continue;
-            const leaf_pixel l = leaf_at(picture, ((real(x) + .5f - middle) / wide + .5f) * side - .5f,
-                                         ((real(y) + .5f - foot) / tall + 1) * side - .5f);
-            if (l.alpha < .02f) continue;
-            const float alpha = std::min(1.f, l.alpha * 1.15f);
-            sample.warmth = mix(sample.warmth, l.warmth / l.alpha + cooler, alpha);
-            sample.light = mix(sample.light, air(l.light * (1 / l.alpha) * colour), alpha);
-            if (low) continue;
-            if (alpha > .35f) sample.made_of = material::plant;
-            if (alpha > .5f) sample.range = std::min(sample.range, p.range);
-        }
+    each_cell(s.samples, {middle - wide / 2, foot - tall}, {middle + wide / 2 + 1, foot + 1},
+              [&](int x, int y, pixel& sample) {
+                  if (nearer > sample.range + slack) return;
+                  const leaf_pixel l = leaf_at(picture, ((real(x) + .5f - middle) / wide + .5f) * side - .5f,
+                                               ((real(y) + .5f - foot) / tall + 1) * side - .5f);
+                  if (l.alpha < .02f) return;
+                  const float alpha = std::min(1.f, l.alpha * 1.15f);
+                  sample.warmth = mix(sample.warmth, l.warmth / l.alpha + cooler, alpha);
+                  sample.light = mix(sample.light, air(l.light * (1 / l.alpha) * colour), alpha);
+                  if (low) return;
+                  if (alpha > .35f) sample.made_of = material::plant;
+                  if (alpha > .5f) sample.range = std::min(sample.range, range);
+              });
 }
 
 // The reflection at a sample of water. `bank` is the topmost row of water: above it is the far bank. Plants
@@ -211,27 +188,27 @@ vec3 reflected(const strip& s, int x, int y, int bank)
 {
     constexpr float kept = .80f, edge = 6 * fine;   // share of the light; rows
     // Ripples shift the reflection by a row or two.
-    const int shift = static_cast<int>(2.5f * noise(real(s.first * fine + x) / 9, real(y) / 1.7f, 611));
+    const int shift = static_cast<int>(2.5f * noise({real(s.v.left + x) / 9, real(y) / 1.7f}, 611));
     const pixel& other = s.samples.at(x, std::max(0, 2 * bank - y - 1 + shift));
     if (other.made_of == material::plant || other.made_of == material::building) return other.light * kept;
-    const float down = -s.elevation(real(y) + .5f);
-    const vec3 above = sky::plain(s.w.land, down * .55f) * .85f;
+    const float down = -s.v.elevation(real(y) + .5f);
+    const vec3 above = plain_sky(s.w.land, down * .55f) * .85f;
     return mix(s.samples.at(x, bank - 1).light * .6f, above, smoothstep(.1f, 1, real(y - bank) / edge));
 }
 
 void mirror(strip& s, int x)
 {
     const country& land = s.w.land;
-    const float bearing = s.bearing(real(x) + .5f);
+    const float bearing = s.v.bearing(real(x) + .5f);
     for (int y = 1; y < s.samples.height; ++y) {
         if (s.samples.at(x, y).made_of != material::water) continue;
         const int bank = y;
         for (; y < s.samples.height && s.samples.at(x, y).made_of == material::water; ++y) {
             pixel& sample = s.samples.at(x, y);
-            const float range = sample.range, down = -s.elevation(real(y) + .5f);
+            const float range = sample.range, down = -s.v.elevation(real(y) + .5f);
             // A flatter line of sight has more reflection.
             const float shine = .42f + .45f * std::pow(1 - std::min(1.f, down * 2), 3.f);
-            const float light = cloud_shadow(land, range * std::sin(bearing), range * std::cos(bearing));
+            const float light = cloud_shadow(land, polar(bearing, range));
             const vec3 lit = sample.light * (.9f * light + .1f);
             sample.light = haze_of(range)(mix(lit, reflected(s, x, y, bank), shine));
         }
@@ -244,7 +221,7 @@ void resolve(const strip& s, rendered& picture)
     constexpr float air_warmth = .36f, air_depth = 7000;
     for (int y = 0; y < picture.height; ++y)
         for (int x = 0; x < s.samples.width / fine; ++x) {
-            pixel& out = picture.at(s.first + x, y);
+            pixel& out = picture.at(s.v.left / fine + x, y);
             for (int k = 0; k < fine * fine; ++k)
                 out = out + s.samples.at(x * fine + k % fine, y * fine + k / fine) * share;
             if (out.made_of != material::sky)
@@ -259,16 +236,16 @@ rendered render(const world& w, const view& v)
 {
     const bool thermal = w.land.sight == vorn::sight_kind::thermal;
     rendered picture(v.width, v.height);
-    std::optional<sky> above;
-    if (!thermal) above.emplace(w.land, v);
+    const grid<vec3> above = thermal ? grid<vec3>() : sky_of(w.land, v);
     parallel_for((v.width + strip_width - 1) / strip_width, [&](int i) {
         const int first = i * strip_width, wide = std::min(v.width - first, strip_width);
-        strip s{w, v, thermal ? nullptr : &*above, first,
+        strip s{w,
+                {v.width * fine, v.height * fine, v.pixel / fine, v.horizon * fine, first * fine},
+                above,
                 grid<pixel>(wide * fine, v.height * fine, {.light = {}, .range = sky_range})};
         // Ground and sky have no sharp vertical edges, so one column of samples per pixel is enough.
         for (int x = 0; x < s.samples.width; x += fine) draw_sky(s, x, draw_ground(s, x));
-        for (int y = 0; y < s.samples.height; ++y)
-            for (int x = 0; x < s.samples.width; ++x) s.samples.at(x, y) = s.samples.at(x - x % fine, y);
+        each_cell(s.samples, [&](int x, int y, pixel& p) { p = s.samples.at(x - x % fine, y); });
         for (const panel& p : w.panels) draw_panel(s, p);
         for (const plant& p : w.plants) draw_plant(s, p);
         if (w.land.river_width > 0 && !thermal)

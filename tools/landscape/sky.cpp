@@ -20,18 +20,14 @@ struct cumulus {
     {
         const float up = (p.z - base) / (top - base);
         if (up < 0 || up > 1) return 0;
-        constexpr float s = 1.f / 900;
-        const float x = p.x + drift, y = p.y;
         const float profile = smoothstep(0, .08f, up) * (1 - std::pow(up, 1.5f) * 1.1f);
         const float needed = threshold + .55f * (1 - profile);
-        float d = .75f * noise3(x * s * .45f + 3.3f, y * s * .45f, 1.7f) +
-                  .60f * noise3(x * s, y * s, p.z * s * .8f);
+        const vec3 q = vec3{p.x + drift, p.y, p.z} * (1.f / 900);
+        float d = .75f * noise3({q.x * .45f + 3.3f, q.y * .45f, 1.7f}) + .60f * noise3({q.x, q.y, q.z * .8f});
         if (d + .70f < needed) return 0;
-        d += .32f * noise3(x * s * 2.3f + 5, y * s * 2.3f, p.z * s * 2.3f) +
-             .20f * noise3(x * s * 5.1f, y * s * 5.1f + 7, p.z * s * 5.1f) +
-             .11f * noise3(x * s * 11, y * s * 11 + 3, p.z * s * 11) +
-             .07f * noise3(x * s * 23, y * s * 23 + 3, p.z * s * 23) +
-             .045f * noise3(x * s * 47, y * s * 47 + 9, p.z * s * 47);
+        d += .32f * noise3(q * 2.3f + vec3{5, 0, 0}) + .20f * noise3(q * 5.1f + vec3{0, 7, 0}) +
+             .11f * noise3(q * 11 + vec3{0, 3, 0}) + .07f * noise3(q * 23 + vec3{0, 3, 0}) +
+             .045f * noise3(q * 47 + vec3{0, 9, 0});
         return clamp01((d - needed) * 4.6f);
     }
 };
@@ -39,7 +35,6 @@ struct cumulus {
 struct seen_cloud {
     vec3 light;
     float through = 1;   // transparency
-    float distance = 0;
 };
 
 seen_cloud march(const country& land, const cumulus& clouds, vec3 direction, float jitter)
@@ -67,8 +62,7 @@ seen_cloud march(const country& land, const cumulus& clouds, vec3 direction, flo
         c.through *= 1 - alpha;
     }
     if (weight <= 0) return c;
-    c.distance = distance / weight;
-    const float air = 1 - std::exp(-c.distance / 26000);
+    const float air = 1 - std::exp(-distance / weight / 26000);
     c.light = mix(c.light, mix(land.sky.horizon, land.sky.haze_band, .5f) * weight, air);
     return c;
 }
@@ -76,15 +70,15 @@ seen_cloud march(const country& land, const cumulus& clouds, vec3 direction, flo
 vec3 veiled(const country& land, vec3 direction, float elevation, vec3 colour)
 {
     const float t = 7000 / direction.z;
-    const float x = direction.x * t / 5200 + real(land.seed % 97), y = direction.y * t / 9000;
-    const float threads = fractal(x + .6f * noise(x * .7f, y * .7f, 401), y, 402, 5, .55f);
+    const point p{direction.x * t / 5200 + real(land.seed % 97), direction.y * t / 9000};
+    const float threads = fractal(p + point{.6f * noise(p * .7f, 401), 0}, 402, 5, .55f);
     const float share = land.sky.veil * smoothstep(0, .9f, threads) * smoothstep(.02f, .15f, elevation);
     return mix(colour, linear(.93f, .95f, .97f), share);
 }
 
 vec3 along(const country& land, const cumulus& clouds, float bearing, float elevation, float jitter)
 {
-    vec3 colour = sky::plain(land, elevation);
+    vec3 colour = plain_sky(land, elevation);
     if (elevation < .008f) return colour;
     const vec3 direction{std::sin(bearing) * std::cos(elevation), std::cos(bearing) * std::cos(elevation),
                          std::sin(elevation)};
@@ -95,38 +89,38 @@ vec3 along(const country& land, const cumulus& clouds, float bearing, float elev
 
 }   // namespace
 
-vec3 sky::plain(const country& land, float elevation)
+vec3 plain_sky(const country& land, float elevation)
 {
     const float e = std::max(0.f, elevation);
     const vec3 clear = mix(land.sky.horizon, land.sky.zenith, 1 - std::exp(-e * 4.2f));
     return mix(clear, land.sky.haze_band, .55f * std::exp(-e * 16));
 }
 
-sky::sky(const country& land, const view& v)
-    : pixels_(v.width / coarser + 3, static_cast<int>(v.horizon + .05f / v.pixel) / coarser + 3)
+grid<vec3> sky_of(const country& land, const view& v)
 {
+    grid<vec3> sky(v.width / coarser + 3, static_cast<int>(v.horizon + .05f / v.pixel) / coarser + 3);
     const cumulus clouds{.62f - .75f * land.sky.cover, real(land.seed % 89) * 1000};
-    parallel_for(pixels_.height, [&](int y) {
-        for (int x = 0; x < pixels_.width; ++x) {
+    parallel_for(sky.height, [&](int y) {
+        for (int x = 0; x < sky.width; ++x) {
             const float jitter = .3f + .4f * scatter(x, y, 9);
-            pixels_.at(x, y) = along(land, clouds, v.bearing(real((x - 1) * coarser)),
-                                     v.elevation(real((y - 1) * coarser)), jitter);
+            sky.at(x, y) = along(land, clouds, v.bearing(real((x - 1) * coarser)),
+                                 v.elevation(real((y - 1) * coarser)), jitter);
         }
     });
     // A slight blur hides the jitter.
-    pixels_ = blurred(pixels_, .85f, 1);
+    return blurred(sky, .85f, 1);
 }
 
-vec3 sky::at(float x, float y) const
+vec3 sky_at(const grid<vec3>& sky, point p)
 {
-    return pixels_.between(std::clamp(x / coarser + 1, 0.f, real(pixels_.width) - 1.01f),
-                           std::clamp(y / coarser + 1, 0.f, real(pixels_.height) - 1.01f));
+    return sky.between(std::clamp(p.x / coarser + 1, 0.f, real(sky.width) - 1.01f),
+                       std::clamp(p.y / coarser + 1, 0.f, real(sky.height) - 1.01f));
 }
 
-float cloud_shadow(const country& land, float x, float y)
+float cloud_shadow(const country& land, point p)
 {
     if (land.night) return 1;
-    const float n = fractal(x / 1300 + .7f, y / 1800 + 4.2f, land.seed + 301, 4);
+    const float n = fractal({p.x / 1300 + .7f, p.y / 1800 + 4.2f}, land.seed + 301, 4);
     const float open = .30f - .34f * land.sky.cover;
     return 1 - .62f * smoothstep(open, open + .28f, n);
 }
@@ -142,7 +136,7 @@ haze haze_of(float metres)
 float sky_warmth(const country& land, float bearing, float elevation)
 {
     const float e = std::max(0.f, elevation);
-    const float clouds = fractal(std::sin(bearing) * 6, e * 22, land.seed + 8, 4) * smoothstep(0, .1f, e);
+    const float clouds = fractal({std::sin(bearing) * 6, e * 22}, land.seed + 8, 4) * smoothstep(0, .1f, e);
     const float still = land.night ? .08f : .15f;
     return still + .16f * std::exp(-e * 12) + (land.night ? .02f : .04f) * clouds;
 }

@@ -7,21 +7,15 @@
 
 namespace tools {
 
-// The sky of a picture, computed once on a grid that is coarser than the picture.
-class sky {
-public:
-    sky(const country&, const view&);
-    // The light at a place of the picture, in pixels.
-    vec3 at(float x, float y) const;
-    // The light without clouds at an elevation in radians, for reflections in water.
-    static vec3 plain(const country&, float elevation);
-
-private:
-    grid<vec3> pixels_;
-};
+// The sky of a picture, on a grid that is coarser than the picture.
+grid<vec3> sky_of(const country&, const view&);
+// The light at a place of the picture, in pixels.
+vec3 sky_at(const grid<vec3>& sky, point);
+// The light without clouds at an elevation in radians, for reflections in water.
+vec3 plain_sky(const country&, float elevation);
 
 // 1 in the sun, less in the shadow of a cloud.
-float cloud_shadow(const country&, float x, float y);
+float cloud_shadow(const country&, point);
 // What this many metres of air do to a colour. `shown` in target_icons/render.cpp has the same extinction
 // coefficients.
 struct haze {

@@ -1,5 +1,7 @@
 #include "sprites.h"
 
+#include <functional>
+
 #include "common/noise.h"
 
 namespace tools {
@@ -22,10 +24,8 @@ std::vector<ball> broadleaf_balls(rng& random)
     const int count = 34 + random.below(16);
     const float spread = random.between(.30f, .38f);
     for (int i = 0; i < count; ++i) {
-        const float angle = random.between(0, 6.283f);
-        const float out = std::pow(random.unit(), .4f) * spread;
-        const float up = random.between(.17f, .90f);
-        const float near_axis = out * (1.15f - 1.1f * std::fabs(up - .46f));
+        const float angle = random.between(0, 6.283f), out = std::pow(random.unit(), .4f) * spread;
+        const float up = random.between(.17f, .90f), near_axis = out * (1.15f - 1.1f * std::fabs(up - .46f));
         const float q = random.between(.05f, .11f);
         balls.push_back({{near_axis * std::cos(angle), near_axis * std::sin(angle), up}, {q, q, q * .75f}});
     }
@@ -42,8 +42,7 @@ std::vector<ball> conifer_balls(rng& random)
         const float up = .10f + .86f * real(i) / (tiers - 1);
         const float q = girth * (1 - up) + .012f;
         for (int k = 0; k < 7; ++k) {
-            const float angle = random.between(0, 6.283f);
-            const float out = q * random.between(.35f, .95f);
+            const float angle = random.between(0, 6.283f), out = q * random.between(.35f, .95f);
             const float r = q * random.between(.25f, .5f) + .008f;
             balls.push_back({{out * std::cos(angle), out * std::sin(angle), up - .25f * out}, {r, r, .03f}});
         }
@@ -56,11 +55,9 @@ std::vector<ball> bush_balls(rng& random)
     std::vector<ball> balls;
     const int count = 22 + random.below(12);
     for (int i = 0; i < count; ++i) {
-        const float q = random.between(.05f, .13f);
-        const float x = random.between(-.34f, .34f);
-        const float y = random.between(-.2f, .2f);
-        const float z = random.between(.04f, .56f - .6f * std::fabs(x));
-        balls.push_back({{x, y, z}, {q, q, q * 1.05f}});
+        const float q = random.between(.05f, .13f), x = random.between(-.34f, .34f);
+        balls.push_back({{x, random.between(-.2f, .2f), random.between(.04f, .56f - .6f * std::fabs(x))},
+                         {q, q, q * 1.05f}});
     }
     return balls;
 }
@@ -74,11 +71,8 @@ std::vector<ball> stone_balls(rng& random)
 vec3 direction(rng& random)
 {
     for (;;) {
-        const float x = random.between(-1, 1);
-        const float y = random.between(-1, 1);
-        const float z = random.between(-1, 1);
-        const float square = x * x + y * y + z * z;
-        if (square < 1 && square > .02f) return unit({x, y, z});
+        const vec3 d{random.between(-1, 1), random.between(-1, 1), random.between(-1, 1)};
+        if (const float square = dot(d, d); square < 1 && square > .02f) return unit(d);
     }
 }
 
@@ -99,7 +93,7 @@ leaf leaf_on(const country& land, growth kind, const std::vector<ball>& balls, c
              std::uint32_t seed, rng& random)
 {
     const vec3 d = direction(random);
-    const float rough = 1 + .2f * noise(d.x * 3 + b.middle.x * 20, d.z * 3 + d.y * 2, seed);
+    const float rough = 1 + .2f * noise({d.x * 3 + b.middle.x * 20, d.z * 3 + d.y * 2}, seed);
     const float out = random.between(.70f, 1.15f) * rough;
     vec3 place = b.middle + d * b.radius * out;
     if (kind == growth::conifer) place.z -= .06f * std::hypot(d.x, d.y) * random.unit();
@@ -127,48 +121,38 @@ leaf leaf_on(const country& land, growth kind, const std::vector<ball>& balls, c
             warmth};
 }
 
-void put(grid<leaf_pixel>& s, int x, int y, vec3 light, float alpha, float warmth)
-{
-    if (!s.holds(x, y)) return;
-    leaf_pixel& p = s.at(x, y);
-    p.light = mix(p.light, light, alpha);
-    p.warmth = mix(p.warmth, warmth, alpha);
-    p.alpha = mix(p.alpha, 1, alpha);
-}
-
 void put_disc(grid<leaf_pixel>& s, const leaf& l)
 {
     const float x = (l.place.x + .5f) * real(s.width), y = (1 - l.place.z * .98f) * real(s.width);
     const float radius = l.size * real(s.width);
-    for (int j = floor_int(y - radius); j <= floor_int(y + radius) + 1; ++j)
-        for (int i = floor_int(x - radius); i <= floor_int(x + radius) + 1; ++i) {
+    each_cell(
+        s, {x - radius, y - radius}, {x + radius + 1, y + radius + 1}, [&](int i, int j, leaf_pixel& p) {
             const float alpha = clamp01(radius - std::hypot(real(i) + .5f - x, real(j) + .5f - y) + .5f);
-            if (alpha > 0) put(s, i, j, l.light, alpha * .9f, l.warmth);
-        }
+            p = mix(p, leaf_pixel{l.light, 1, l.warmth}, alpha * .9f);
+        });
 }
 
 // Draws a bough and, recursively, its branches.
-void put_bough(const country& land, grid<leaf_pixel>& s, float x, float y, float angle, float length,
-               float width, int forks, rng& random)
+void put_bough(const country& land, grid<leaf_pixel>& s, point at, float angle, float length, float width,
+               int forks, rng& random)
 {
     const int steps = std::max(2, floor_int(length * real(s.width)));
     const float curl = random.between(-.5f, .5f) / real(steps);
     for (int i = 0; i < steps; ++i) {
-        x += std::sin(angle) / real(s.width);
-        y += std::cos(angle) / real(s.width);
+        at = at + polar(angle, 1) / real(s.width);
         angle += curl;
         const float thick = std::max(.5f, width * real(s.width) * (1 - .4f * real(i) / real(steps)));
         const float round = .75f - .45f * std::sin(angle);
-        const leaf l{
-            {x, 0, y}, thick / real(s.width), land.sunlight * (.42f * round) + land.skylight * .6f, .34f};
-        put_disc(s, l);
+        put_disc(s, {{at.x, 0, at.y},
+                     thick / real(s.width),
+                     land.sunlight * (.42f * round) + land.skylight * .6f,
+                     .34f});
     }
     if (forks == 0) return;
     const int boughs = 2 + random.below(3);
     for (int i = 0; i < boughs; ++i) {
-        const float lean = random.between(-.75f, .75f);
-        const float shorter = random.between(.58f, .86f);
-        put_bough(land, s, x, y, angle * .85f + lean, length * shorter, width * .62f, forks - 1, random);
+        const float lean = random.between(-.75f, .75f), shorter = random.between(.58f, .86f);
+        put_bough(land, s, at, angle * .85f + lean, length * shorter, width * .62f, forks - 1, random);
     }
 }
 
@@ -189,10 +173,9 @@ void put_leaves(const country& land, grid<leaf_pixel>& s, growth kind, std::uint
             if (l.place.z > 0) leaves.push_back(l);
         }
     }
-    std::stable_sort(leaves.begin(), leaves.end(),
-                     [](const leaf& a, const leaf& b) { return a.place.y > b.place.y; });
+    std::ranges::stable_sort(leaves, std::greater{}, [](const leaf& l) { return l.place.y; });
     if (kind < growth::bush)
-        put_bough(land, s, 0, 0, 0, .5f, kind == growth::conifer ? .011f : .018f, 0, random);
+        put_bough(land, s, {}, 0, .5f, kind == growth::conifer ? .011f : .018f, 0, random);
     for (leaf_pixel& bark : s.cells) bark.light = bark.light * .35f;   // darker than a leaf
     for (const leaf& l : leaves) put_disc(s, l);
 }
@@ -206,15 +189,15 @@ void put_blades(grid<leaf_pixel>& s, rng& random)
         const float aside = spread * random.normal();
         const float lean = aside * random.between(.4f, 1.6f) + random.between(-.16f, .16f);
         const float tall = random.between(.3f, .95f) * (1 - std::min(.7f, std::fabs(aside)));
-        const float own = random.between(.78f, 1.25f);
-        const float dry = random.between(0, .16f);
+        const float own = random.between(.78f, 1.25f), dry = random.between(0, .16f);
         const int steps = floor_int(tall * real(s.width));
         for (int k = 0; k < steps; ++k) {
             const float t = real(k) / real(steps);
-            const float x = (.5f + .7f * aside + lean * t * t) * real(s.width);
+            const int x = floor_int((.5f + .7f * aside + lean * t * t) * real(s.width));
+            const int y = s.width - 1 - floor_int(tall * (1 - .25f * t) * t * real(s.width));
             const float tone = own * (.52f + .70f * t - .3f * aside);
-            put(s, floor_int(x), s.width - 1 - floor_int(tall * (1 - .25f * t) * t * real(s.width)),
-                vec3{tone * (1 + dry), tone, tone * (1 - dry)}, .8f, .10f * t - .04f);
+            const leaf_pixel blade{{tone * (1 + dry), tone, tone * (1 - dry)}, 1, .10f * t - .04f};
+            if (s.holds(x, y)) s.at(x, y) = mix(s.at(x, y), blade, .8f);
         }
     }
 }
@@ -225,7 +208,7 @@ sprite draw(const country& land, growth kind, std::uint32_t seed)
     const int side = is_low(first_of(kind)) ? 64 : 512;
     sprite s{grid<leaf_pixel>(side, side)};
     if (kind == growth::bare)
-        put_bough(land, s[0], 0, 0, 0, .26f, .020f, 6, random);
+        put_bough(land, s[0], {}, 0, .26f, .020f, 6, random);
     else if (kind == growth::tuft)
         put_blades(s[0], random);
     else

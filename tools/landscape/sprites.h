@@ -15,15 +15,17 @@ enum class growth { broadleaf, conifer, bush, stone, tuft, bare, count };
 struct leaf_pixel {
     vec3 light;
     float alpha = 0, warmth = 0;
+
+    friend constexpr leaf_pixel operator+(leaf_pixel a, leaf_pixel b)
+    {
+        return {a.light + b.light, a.alpha + b.alpha, a.warmth + b.warmth};
+    }
+    friend constexpr leaf_pixel operator-(leaf_pixel a, leaf_pixel b) { return a + b * -1; }
+    friend constexpr leaf_pixel operator*(leaf_pixel a, float s)
+    {
+        return {a.light * s, a.alpha * s, a.warmth * s};
+    }
 };
-constexpr leaf_pixel operator+(leaf_pixel a, leaf_pixel b)
-{
-    return {a.light + b.light, a.alpha + b.alpha, a.warmth + b.warmth};
-}
-constexpr leaf_pixel operator*(leaf_pixel a, float s)
-{
-    return {a.light * s, a.alpha * s, a.warmth * s};
-}
 using sprite = std::vector<grid<leaf_pixel>>;   // mipmaps, each half the size of the one before
 
 inline constexpr int sprites_of_a_kind = 9;

@@ -33,48 +33,46 @@ float terrain::bowl(float range) const
     return mix(bowl_[i], bowl_[i + 1], at - real(i));
 }
 
-float terrain::folds(float x, float y, float range) const
+static float folds(const country& land, point p, float range)
 {
-    const std::uint32_t seed = land_.seed;
-    const float wx = x + 60 * noise(x / 500, y / 500, seed + 91),
-                wy = y + 60 * noise(x / 500, y / 500, seed + 92);
+    const std::uint32_t seed = land.seed;
+    const point w = p + point{noise(p / 500, seed + 91), noise(p / 500, seed + 92)} * 60;
     const float near = smoothstep(150, 800, range), far = 1 - .5f * smoothstep(2400, 3200, range);
-    const float swell = fractal(wx / 760 + 3.1f, wy / 760 + 7.7f, seed + 1, 4, .42f);
+    const float swell = fractal(w / 760 + point{3.1f, 7.7f}, seed + 1, 4, .42f);
     // Dry valleys run where a noise of low frequency is zero. Their floors are rounded: a sharp crease would
     // be visible in the sunlight.
-    const float slow = noise(wx / 520 + 2.2f, wy / 700 + 1.1f, seed + 7);
+    const float slow = noise({w.x / 520 + 2.2f, w.y / 700 + 1.1f}, seed + 7);
     const float crease = 1 - std::sqrt(slow * slow + .015f);
-    const float hummocks = 3.2f * noise(wx / 170, wy / 170, seed + 8);
-    return near * far * (land_.folds * (swell - .55f * crease * crease * crease) + hummocks);
+    const float hummocks = 3.2f * noise(w / 170, seed + 8);
+    return near * far * (land.folds * (swell - .55f * crease * crease * crease) + hummocks);
 }
 
-static float far_hills(float x, float y, std::uint32_t seed, float range)
+static float far_hills(point p, std::uint32_t seed, float range)
 {
     const float far = smoothstep(far_from, far_to, range);
     if (far <= 0) return 0;
-    const float ridge = 1 - std::fabs(noise(x / 3600 + .3f, y / 3600, seed + 31));
-    const float high = ridge * ridge * (.55f + .45f * noise(x / 2600 + 5, y / 2600, seed + 33));
-    return far * (60 + 360 * high + 45 * noise(x / 1100, y / 1100, seed + 35) +
-                  12 * noise(x / 300, y / 300, seed + 36));
+    const float ridge = 1 - std::fabs(noise(p / 3600 + point{.3f, 0}, seed + 31));
+    const float high = ridge * ridge * (.55f + .45f * noise(p / 2600 + point{5, 0}, seed + 33));
+    return far * (60 + 360 * high + 45 * noise(p / 1100, seed + 35) + 12 * noise(p / 300, seed + 36));
 }
 
-float terrain::height(float x, float y) const
+float terrain::height(point p) const
 {
-    const float range = std::sqrt(x * x + y * y);
+    const float range = std::sqrt(p.x * p.x + p.y * p.y);
     float floor = bowl(range);
-    float h = floor + folds(x, y, range) + far_hills(x, y, land_.seed, range);
-    if (range < 4000) h += .45f * noise(x / 38, y / 38, 5) + .15f * noise(x / 9, y / 9, 6);
+    float h = floor + folds(land_, p, range) + far_hills(p, land_.seed, range);
+    if (range < 4000) h += .45f * noise(p / 38, 5) + .15f * noise(p / 9, 6);
     if (land_.river_width > 0) {
-        const float off = map_.river.at(x, y) - land_.river_width / 2;
+        const float off = map_.river.at(p) - land_.river_width / 2;
         h = mix(floor - river_bed, h, smoothstep(1, 110, off));
     }
     return h - range * range / earth_twice;
 }
 
-vec3 terrain::normal(float x, float y, float height_there, float reach) const
+vec3 terrain::normal(point p, float height_there, float reach) const
 {
-    return unit(
-        {(height_there - height(x + reach, y)) / reach, (height_there - height(x, y + reach)) / reach, 1});
+    return unit({(height_there - height(p + point{reach, 0})) / reach,
+                 (height_there - height(p + point{0, reach})) / reach, 1});
 }
 
 }   // namespace tools

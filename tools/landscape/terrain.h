@@ -14,13 +14,12 @@ class terrain {
 public:
     terrain(const country&, const ground_map&);
     // Metres above the gunner's eye, less the curvature of the earth.
-    float height(float x, float y) const;
+    float height(point) const;
     // `reach`: distance over which the slope is measured, metres.
-    vec3 normal(float x, float y, float height, float reach) const;
+    vec3 normal(point, float height, float reach) const;
 
 private:
     float bowl(float range) const;   // without hills, hollows and the river's bed
-    float folds(float x, float y, float range) const;
 
     const country& land_;
     const ground_map& map_;

@@ -12,10 +12,9 @@
 namespace tools {
 
 struct plant {
-    float x, y, foot;      // metres; foot: height of the ground there
-    float height, width;   // metres
+    point at;
+    float foot, height, width;   // metres; foot: height of the ground there
     int sprite;
-    float bearing, range;
     vec3 colour;
     float warmer = 0;   // of a tuft: the warmth of the ground
 };
@@ -53,6 +52,6 @@ void strew(world&);
 // Plants woods, belts, copses, hedges, scrub and trees along the river, with their shadows on the map; then
 // adds tufts and stones.
 void plant_trees(world&);
-void add_tree(world&, float x, float y, growth, float height, float widen = 1);
+void add_tree(world&, point, growth, float height, float widen);
 
 }   // namespace tools

@@ -207,7 +207,6 @@ public:
         const place middle = s.visual() ? place(2500, 60, 4300, 3225) : place(3000, 1400, 3440, 2580);
         take_part(name, s.window, place_in(s.Picrange, middle), 440, callouts);
     }
-    void take_next_box(const QString& name) { box_picture_ = name; }
 
     // The screen at the size of the pictures, with the numbers.
     QImage look(form& f, const std::vector<callout>& callouts = {}, double size = 1)
@@ -225,11 +224,16 @@ public:
         return picture;
     }
 
+    void save(const QString& name, const QImage& picture)
+    {
+        tools::save(folder_.filePath(name + ".jpg"), tools::encoded(picture, "jpeg", 88));
+    }
+
     frame_clock clock;
     desktop_machine pc;
     trainer t{pc};
     std::string wanted_file;   // chosen in the next file dialog
-    bool all_saved = true;
+    QString box_picture;       // the next box is saved under this name
 
 private:
     // Answers an open box with yes, a file dialog with wanted_file.
@@ -240,22 +244,14 @@ private:
             files->selectFile(QString::fromStdString(t.shared.rootpath + '/' + wanted_file));
             static_cast<QDialog&>(*files).accept();
         } else if (auto* question = qobject_cast<QMessageBox*>(box)) {
-            if (!box_picture_.isEmpty()) save(box_picture_, box->grab().toImage());
-            box_picture_.clear();
+            if (!box_picture.isEmpty()) save(box_picture, box->grab().toImage());
+            box_picture.clear();
             QAbstractButton* yes = question->button(QMessageBox::Yes);
             (yes != nullptr ? yes : question->button(QMessageBox::Ok))->click();
         }
     }
 
-protected:
-    void save(const QString& name, const QImage& picture)
-    {
-        all_saved &= tools::save(folder_.filePath(name + ".jpg"), tools::jpeg(picture, 88));
-    }
-
-private:
     QDir folder_;
-    QString box_picture_;
     QTimer answers_;
 };
 

@@ -12,45 +12,40 @@ namespace vorn {
 
 class film {
 public:
-    // The part of the sight that is shown, twips; the keys that are shown; the file name without its number.
-    struct script {
-        QRectF part;
-        QString keys;
-        QString frames;
-    };
-
-    film(camera& c, gunnery_screen& s, script what)
-        : pc_(c.pc), clock_(c.clock), s_(s), what_(std::move(what)), next_(clock_.time())
+    // `part`: of the sight, twips; `keys`: those shown below it; `files`: where the frames go, without their
+    // numbers.
+    film(camera& c, gunnery_screen& s, QRectF part, QString keys, QString files)
+        : c_(c), s_(s), part_(part), keys_(std::move(keys)), files_(std::move(files)), next_(c.clock.time())
     {
-        clock_.window = pc_.window(s.window);
-        clock_.passed = [this] { take_if_due(); };
+        c_.clock.window = c_.pc.window(s.window);
+        c_.clock.passed = [this] { take_if_due(); };
     }
     ~film()
     {
-        clock_.window = nullptr;
-        clock_.passed = nullptr;
+        c_.clock.window = nullptr;
+        c_.clock.passed = nullptr;
     }
     film(const film&) = delete;
     film& operator=(const film&) = delete;
 
     void wait(double seconds)
     {
-        for (const double end = clock_.time() + seconds; clock_.time() < end;) step();
+        for (const double end = c_.clock.time() + seconds; c_.clock.time() < end;) step();
     }
     void until(const std::function<bool()>& reached)
     {
         constexpr double longest = 10;   // seconds
-        for (const double end = clock_.time() + longest; !reached() && clock_.time() < end;) step();
+        for (const double end = c_.clock.time() + longest; !reached() && c_.clock.time() < end;) step();
     }
     void press(char key)
     {
         pressed_ += key;
-        work(s_.window.KeyDown, key);
+        c_.key(s_, key, true);
     }
     void release(char key)
     {
         pressed_.remove(key);
-        work(s_.window.KeyUp, key);
+        c_.key(s_, key, false);
     }
     // Presses a key long enough to be seen.
     void tap(char key)
@@ -66,25 +61,21 @@ public:
         go('H', 'J', [=, this] { return aimacross(s_) + across; });
         go('U', 'N', [=, this] { return aimdown(s_) + down; });
     }
-    QImage first() const { return first_; }
+    QImage first() const { return QImage(file(0)); }
 
 private:
     void step()
     {
-        clock_.pass(frame_clock::frame);
-        deliver_ticks(pc_);
-        pc_.sync();
+        c_.age(frame_clock::frame);
+        deliver_ticks(c_.pc);
+        c_.pc.sync();
     }
     void take_if_due()
     {
         constexpr double interval = 0.1;
-        if (clock_.time() < next_) return;
+        if (c_.clock.time() < next_) return;
         next_ += interval;
         take();
-    }
-    void work(const std::function<void(int)>& handler, char key)
-    {
-        pc_.run([&] { handler(key); });
     }
     // Presses direction keys until the offset is small. The duration of each press is computed from the
     // acceleration of the traverse.
@@ -105,9 +96,9 @@ private:
     {
         constexpr int width = 560, bar = 62;     // pixels
         constexpr int hardly_compressed = 100;   // saves time: each frame is read only once
-        sight_view& v = *pc_.window(s_.window)->sight_of(s_.Imgrange);
+        sight_view& v = *c_.pc.window(s_.window)->sight_of(s_.Imgrange);
         const double pixels = v.width() / s_.Picrange.Width;   // per twip
-        const QRect part(QRectF(what_.part.topLeft() * pixels, what_.part.size() * pixels).toAlignedRect());
+        const QRect part(QRectF(part_.topLeft() * pixels, part_.size() * pixels).toAlignedRect());
         const QImage seen = v.grab(part).toImage().scaledToWidth(width, Qt::SmoothTransformation);
         QImage frame(width, seen.height() + bar, QImage::Format_RGB32);
         frame.fill(QColor(24, 26, 24));
@@ -115,10 +106,9 @@ private:
         p.drawImage(0, 0, seen);
         draw_keys(p, QRectF(10, seen.height(), width - 20, bar));
         p.end();
-        if (count_ == 0) first_ = frame;
-        frame.save(what_.frames + QString("-%1.png").arg(count_++, 3, 10, QChar('0')), nullptr,
-                   hardly_compressed);
+        frame.save(file(count_++), nullptr, hardly_compressed);
     }
+    QString file(int frame) const { return files_ + QString("-%1.png").arg(frame, 3, 10, QChar('0')); }
     void draw_keys(QPainter& p, const QRectF& bar) const
     {
         constexpr double cap = 28;
@@ -132,7 +122,7 @@ private:
         font.setBold(true);
         p.setFont(font);
         QRectF at(bar.left(), bar.bottom() - cap - 5, cap, cap);
-        for (const QChar key : what_.keys) {
+        for (const QChar key : keys_) {
             const bool down = pressed_.contains(key);
             p.setPen(QPen(down ? QColor(255, 190, 60) : QColor(120, 124, 116), 1.5));
             p.setBrush(down ? QColor(255, 190, 60) : QColor(52, 55, 50));
@@ -155,13 +145,12 @@ private:
         return {};
     }
 
-    desktop_machine& pc_;
-    frame_clock& clock_;
+    camera& c_;
     gunnery_screen& s_;
-    script what_;
+    QRectF part_;
+    QString keys_, files_;
     double next_;       // time of the next frame
     QString pressed_;   // the keys that are down, the last pressed at the end
-    QImage first_;
     int count_ = 0;
 };
 

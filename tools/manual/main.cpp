@@ -6,8 +6,8 @@
 //
 // Writes the pictures into FOLDER, and the single frames of the moving pictures into FRAMES.
 #include <QApplication>
-#include <cstdlib>
-#include <iostream>
+#include <algorithm>
+#include <ranges>
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
 
@@ -30,7 +30,7 @@ public:
     {
     }
 
-    bool take_all()
+    void take_all()
     {
         pc.run([this] { start_program(t); });
         take("title", t.intro.window);
@@ -44,7 +44,6 @@ public:
         quick_start();
         author();
         films();
-        return all_saved;
     }
 
 private:
@@ -57,9 +56,7 @@ private:
             const bool inside = p.targetx[i] > width * 0.15 && p.targetx[i] < width * 0.85;
             return std::abs(p.targetrange[i] - metres) + (inside ? 0 : 5000);
         };
-        int best = 1;
-        for (int i = 2; i < practice_entries; ++i) best = off(i) < off(best) ? i : best;
-        return best;
+        return std::ranges::min(std::views::iota(1, practice_entries), {}, off);
     }
     // Runs the practice until the order for a target at this range.
     void order(gunnery_screen& s, int metres)
@@ -384,7 +381,7 @@ private:
         tap(s, "E");
         lay_on(s);
         take("quick_start", s.window);
-        take_next_box("score");
+        box_picture = "score";
         click(s.Cmdstopsim);
         click(s.Cmdmain);
         click(t.intro.lblstart);
@@ -408,10 +405,6 @@ private:
 
     // The moving pictures ---------------------------------------------------------------------------------
 
-    film::script film_of(const QString& name, const QRectF& part, const QString& keys) const
-    {
-        return {part, keys, frames_ + '/' + name};
-    }
     // Makes the scatter of the rounds the same each time.
     void scatter(unsigned seed)
     {
@@ -420,9 +413,16 @@ private:
             return (seed >> 16 & 0x7fff) / 32768.0;
         };
     }
-    // Saves the first frame with a play symbol.
-    void keep_first(const QString& name, const film& f)
+    static bool destroyed(const gunnery_screen& s)
     {
+        return s.lblcrew.Caption.find("TARGET STOP") != std::string::npos;
+    }
+    // Saves the first frame, with a play symbol.
+    void finish(const gunnery_screen& s, film& f, const QString& name)
+    {
+        if (!destroyed(s)) tools::fail(name + ": the target isn't destroyed");
+        f.wait(1.2);
+        f.tap('W');
         QImage first = f.first();
         QPainter p(&first);
         p.setRenderHint(QPainter::Antialiasing);
@@ -434,26 +434,6 @@ private:
         p.drawPolygon(QPolygonF({{-11, -18}, {-11, 18}, {21, 0}}));
         p.end();
         save(name, first);
-    }
-    static bool destroyed(const gunnery_screen& s)
-    {
-        return s.lblcrew.Caption.find("TARGET STOP") != std::string::npos;
-    }
-    // Fires just after a tick of the target's timer, so that the explosion is seen for nearly a second: the
-    // next tick takes down the target that was hit.
-    void fire_in_time(const gunnery_screen& s, film& f)
-    {
-        f.until([&] {
-            const double since = pc.now() - s.Timtarget.due;
-            return since - std::floor(since) < 0.05;
-        });
-        f.tap('D');
-    }
-    void finish(const gunnery_screen& s, film& f)
-    {
-        all_saved &= destroyed(s);
-        f.wait(1.2);
-        f.tap('W');
     }
 
     // Ends when the gun is laid and loaded.
@@ -472,7 +452,7 @@ private:
     {
         t.shared.engagementtype = 4;
         order(s, 900);
-        film f(*this, s, film_of("fin", {2725, 80, 3600, 2520}, "EUHJNASDW"));
+        film f(*this, s, {2725, 80, 3600, 2520}, "EUHJNASDW", frames_ + "/fin");
         f.until([&] { return s.lblcrew.Caption.find(" ON ") != std::string::npos; });
         scatter(7);
         f.wait(0.3);
@@ -480,9 +460,14 @@ private:
         f.lay(-60, 0);
         f.wait(0.3);
         laze_and_autolay(s, f);
-        fire_in_time(s, f);
-        finish(s, f);
-        keep_first("film_fin", f);
+        // Fires just after a tick of the target's timer, so that the explosion is seen for nearly a second:
+        // the next tick takes down the target that was hit.
+        f.until([&] {
+            const double since = pc.now() - s.Timtarget.due;
+            return since - std::floor(since) < 0.05;
+        });
+        f.tap('D');
+        finish(s, f, "film_fin");
     }
     // Begins when the gun is already laid.
     void film_hesh(gunnery_screen& s)
@@ -490,7 +475,7 @@ private:
         t.shared.engagementtype = 3;
         engage(s, 800, "ERR");
         scatter(5);
-        film f(*this, s, film_of("hesh", {2425, 80, 4200, 2940}, "HJRSDW"));
+        film f(*this, s, {2425, 80, 4200, 2940}, "HJRSDW", frames_ + "/hesh");
         f.press('S');
         f.wait(0.6);
         f.tap('D');
@@ -508,14 +493,13 @@ private:
         f.wait(0.3);
         f.tap('D');
         f.release('S');
-        finish(s, f);
-        keep_first("film_hesh", f);
+        finish(s, f, "film_hesh");
     }
     void film_coax(gunnery_screen& s)
     {
         t.shared.engagementtype = 2;
         order_and_target(s, 700);
-        film f(*this, s, film_of("coax", {2525, 80, 4000, 2800}, "QUHJNASDW"));
+        film f(*this, s, {2525, 80, 4000, 2800}, "QUHJNASDW", frames_ + "/coax");
         scatter(3);
         f.tap('Q');
         f.lay(-90, 120);
@@ -533,8 +517,7 @@ private:
             f.release('D');
             f.wait(0.3);
         }
-        finish(s, f);
-        keep_first("film_coax", f);
+        finish(s, f, "film_coax");
     }
     void films()
     {
@@ -555,14 +538,11 @@ private:
 
 int main(int argc, char** argv)
 {
-    if (argc != 4) {
-        std::cerr << "usage: take_help_pictures PROGRAM-DIRECTORY FOLDER FRAMES\n";
-        return EXIT_FAILURE;
-    }
+    if (argc != 4) tools::fail("usage: take_help_pictures PROGRAM-DIRECTORY FOLDER FRAMES");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     vorn::tour tour(QDir(argv[1]).absolutePath().toStdString(), QDir(argv[2]).absolutePath(),
                     QDir(argv[3]).absolutePath());
-    return tour.take_all() ? EXIT_SUCCESS : EXIT_FAILURE;
+    tour.take_all();
 }

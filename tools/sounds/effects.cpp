@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "common/noise.h"
+#include "common/save.h"
 
 namespace tools {
 namespace {
@@ -32,38 +33,28 @@ double white_noise(rng& random)   // -1 to 1
 }
 
 struct low_pass {
-    double share;
-    double level = 0;
+    explicit low_pass(double hertz) : share(1 - std::exp(-turn * hertz / rate)) {}
+    double operator()(double x) { return level += share * (x - level); }
+
+    double share, level = 0;
 };
-
-low_pass low_pass_at(double hertz)
-{
-    return {1 - std::exp(-turn * hertz / rate)};
-}
-
-double pass(low_pass& f, double x)
-{
-    return f.level += f.share * (x - f.level);
-}
 
 // A resonant filter: its response to an impulse is a tone that decays.
 struct resonator {
-    double input, last, before;   // weights of these samples in the next one
-    double y1 = 0, y2 = 0;
+    resonator(double hertz, double decay)
+        : pitch(turn * hertz / rate), kept(std::exp(-decay / rate)), last(2 * kept * std::cos(pitch))
+    {
+    }
+    double operator()(double x)
+    {
+        const double y = std::sin(pitch) * x + last * y1 - kept * kept * y2;
+        y2 = std::exchange(y1, y);
+        return y;
+    }
+
+    double pitch, kept, last;
+    double y1 = 0, y2 = 0;   // the last two results
 };
-
-resonator resonator_at(double hertz, double decay)
-{
-    const double w = turn * hertz / rate, kept = std::exp(-decay / rate);
-    return {std::sin(w), 2 * kept * std::cos(w), -kept * kept};
-}
-
-double pass(resonator& f, double x)
-{
-    const double y = f.input * x + f.last * f.y1 + f.before * f.y2;
-    f.y2 = std::exchange(f.y1, y);
-    return y;
-}
 
 // Adds sound(seconds since `start`) to the track, until it has decayed to a thousandth.
 template <typename Sound>
@@ -88,11 +79,11 @@ struct rush {
 
 void add(track& t, const rush& r, rng& random)
 {
-    low_pass first = low_pass_at(r.cutoff), second = first;
+    low_pass first(r.cutoff), second(r.cutoff);
     // A lower cut-off passes less of the noise. The gain makes the loudness independent of the cut-off.
     const double gain = r.loudness * std::sqrt(rate / 2.0 / r.cutoff);
     add(t, r.start, r.decay, [&](double time) {
-        return gain * pass(second, pass(first, white_noise(random))) * envelope(time, r.rise, r.decay);
+        return gain * second(first(white_noise(random))) * envelope(time, r.rise, r.decay);
     });
 }
 
@@ -117,10 +108,9 @@ struct ring {
 
 void add(track& t, const ring& r, rng& random)
 {
-    resonator steel = resonator_at(r.pitch, r.decay);
-    add(t, r.start, r.decay, [&](double time) {
-        return .2 * r.loudness * pass(steel, white_noise(random) * std::exp(-time * 120));
-    });
+    resonator steel(r.pitch, r.decay);
+    add(t, r.start, r.decay,
+        [&](double time) { return .2 * r.loudness * steel(white_noise(random) * std::exp(-time * 120)); });
 }
 
 // The main gun as the crew hears it: the shot through the armour, the ringing turret, recoil and run-out, and
@@ -200,10 +190,7 @@ int main(int count, char** arguments)
                     : name == "coax"     ? coax()
                     : name == "explode1" ? explode1()
                                          : track();
-    if (t.empty()) {
-        std::fprintf(stderr, "usage: effects fire|coax|explode1\n");
-        return 2;
-    }
+    if (t.empty()) fail("usage: effects fire|coax|explode1");
     std::printf("; Sample Rate %d\n; Channels 1\n", rate);
     for (std::size_t i = 0; i < t.size(); ++i)   // soft clipping
         std::printf("%.6f %.6f\n", static_cast<double>(i) / rate, std::tanh(t[i]));

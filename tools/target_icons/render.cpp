@@ -11,7 +11,6 @@ namespace {
 
 // Visibility ------------------------------------------------------------------------------------------------
 
-constexpr float infinity = std::numeric_limits<float>::infinity();
 constexpr float degree = std::numbers::pi_v<float> / 180;
 
 // A square grid of samples in parallel projection.
@@ -20,6 +19,7 @@ struct camera {
     float left = 0, top = 0, step = 0;   // upper left corner; spacing of the samples: metres
     int size = 0;                        // samples, across and down
 
+    point flat(vec3 at) const { return {dot(at, right), dot(at, up)}; }
     float across_at(int column) const { return left + (real(column) + .5f) * step; }
     float up_at(int row) const { return top - (real(row) + .5f) * step; }
     // The first column or row at or beyond a coordinate.
@@ -33,11 +33,6 @@ private:
     }
 };
 
-struct hit {
-    float depth = -infinity;   // metres towards the viewer
-    const face* what = nullptr;
-};
-
 camera looking(float azimuth, float elevation)
 {
     const float a = azimuth * degree, e = elevation * degree;
@@ -45,6 +40,21 @@ camera looking(float azimuth, float elevation)
     const vec3 right{-std::sin(a), std::cos(a), 0};
     return {right, cross(towards, right), towards};
 }
+
+// The camera with a square section of its picture.
+camera framed(camera c, float left, float top, float side, int samples)
+{
+    c.left = left;
+    c.top = top;
+    c.step = side / real(samples);
+    c.size = samples;
+    return c;
+}
+
+struct hit {
+    float depth = -std::numeric_limits<float>::infinity();   // metres towards the viewer
+    const face* what = nullptr;
+};
 
 // The places where an outline crosses a height, from left to right.
 std::vector<float> crossings(const path& outline, float height)
@@ -56,7 +66,7 @@ std::vector<float> crossings(const path& outline, float height)
             found.push_back(a.x + (b.x - a.x) * (height - a.y) / (b.y - a.y));
         a = b;
     }
-    std::sort(found.begin(), found.end());
+    std::ranges::sort(found);
     return found;
 }
 
@@ -65,17 +75,13 @@ void draw_face(grid<hit>& seen, const camera& c, const face& f)
     const float turned_to_us = dot(f.normal, c.towards);
     if (std::abs(turned_to_us) < 1e-6f) return;
     path outline;
-    float low = infinity, high = -infinity;
-    for (const vec3& corner : f.corners) {
-        outline.push_back({dot(corner, c.right), dot(corner, c.up)});
-        low = std::min(low, outline.back().y);
-        high = std::max(high, outline.back().y);
-    }
+    for (const vec3& corner : f.corners) outline.push_back(c.flat(corner));
+    const auto [lowest, highest] = std::ranges::minmax(outline, {}, &point::y);
     // The depth of the face's plane is linear along right and up.
     const float depth_at_origin = dot(f.normal, f.corners.front()) / turned_to_us;
     const float per_right = dot(f.normal, c.right) / turned_to_us;
     const float per_up = dot(f.normal, c.up) / turned_to_us;
-    for (int y = c.row(high); y < c.row(low); ++y) {
+    for (int y = c.row(highest.y); y < c.row(lowest.y); ++y) {
         const float v = c.up_at(y);
         const std::vector<float> edges = crossings(outline, v);
         for (std::size_t i = 0; i + 1 < edges.size(); i += 2)
@@ -105,11 +111,7 @@ struct lamp {
 lamp make_lamp(const solid& vehicle, float azimuth, float elevation, vec3 strength, int size)
 {
     constexpr float reach = 6.5f;   // metres from the middle of a vehicle to its farthest part
-    camera c = looking(azimuth, elevation);
-    c.left = -reach;
-    c.top = reach;
-    c.step = 2 * reach / real(size);
-    c.size = size;
+    const camera c = framed(looking(azimuth, elevation), -reach, reach, 2 * reach, size);
     return {strength, c, see(vehicle, c)};
 }
 
@@ -134,8 +136,8 @@ bool reaches(const lamp& l, vec3 at)
 {
     constexpr float tolerance = .03f;   // metres; a face must not shade itself
     const camera& c = l.there;
-    const int x = floor_int((dot(at, c.right) - c.left) / c.step);
-    const int y = floor_int((c.top - dot(at, c.up)) / c.step);
+    const point flat = c.flat(at);
+    const int x = floor_int((flat.x - c.left) / c.step), y = floor_int((c.top - flat.y) / c.step);
     return !l.lit.holds(x, y) || l.lit.at(x, y).depth < dot(at, c.towards) + tolerance;
 }
 
@@ -157,7 +159,7 @@ vec3 light_on(const std::vector<lamp>& lamps, vec3 at, vec3 normal)
 // rain.
 float grain(vec3 at, float fineness)
 {
-    return noise3(50 + fineness * at.x, 50 + fineness * at.y, 50 + .5f * fineness * at.z);
+    return noise3({50 + fineness * at.x, 50 + fineness * at.y, 50 + .5f * fineness * at.z});
 }
 
 // Camouflage in three shades, with wear and stains, and mud on surfaces near the ground.
@@ -217,22 +219,15 @@ vec3 glowing(const std::vector<lamp>& lamps, const material& m, vec3 at, vec3 no
 // A camera for which the outline fills the square except for a margin, given as a share of the square.
 camera fitted(const solid& vehicle, const view& from, float margin, int samples)
 {
-    camera c = looking(from.aside, from.above);
-    float left = infinity, right = -infinity, low = infinity, high = -infinity;
+    const camera c = looking(from.aside, from.above);
+    path seen;
     for (const face& f : vehicle)
-        for (const vec3& corner : f.corners) {
-            if (!f.counts) continue;
-            left = std::min(left, dot(corner, c.right));
-            right = std::max(right, dot(corner, c.right));
-            low = std::min(low, dot(corner, c.up));
-            high = std::max(high, dot(corner, c.up));
-        }
-    const float side = std::max(right - left, high - low) / (1 - 2 * margin);
-    c.left = (left + right - side) / 2;
-    c.top = low + side * (1 - margin);
-    c.step = side / real(samples);
-    c.size = samples;
-    return c;
+        for (const vec3& corner : f.corners)
+            if (f.counts) seen.push_back(c.flat(corner));
+    const auto [left, right] = std::ranges::minmax(seen, {}, &point::x);
+    const auto [low, high] = std::ranges::minmax(seen, {}, &point::y);
+    const float side = std::max(right.x - left.x, high.y - low.y) / (1 - 2 * margin);
+    return framed(c, (left.x + right.x - side) / 2, low.y + side * (1 - margin), side, samples);
 }
 
 // The share of the shadow that is drawn: the shadow fades out towards the edges of the picture.
@@ -279,11 +274,10 @@ QImage render(const solid& vehicle, const view& from, look l, int size)
     const grid<hit> seen = see(vehicle, c);
     const std::vector<lamp> lamps = daylight(vehicle, from);
     grid<sample> pixels(size, size);
-    for (int y = 0; y < c.size; ++y)
-        for (int x = 0; x < c.size; ++x) {
-            sample& sum = pixels.at(x / fine, y / fine);
-            sum = sum + sample_at(seen, c, lamps, l, x, y) * (1 / real(fine * fine));
-        }
+    each_cell(seen, [&](int x, int y, const hit&) {
+        sample& sum = pixels.at(x / fine, y / fine);
+        sum = sum + sample_at(seen, c, lamps, l, x, y) * (1 / real(fine * fine));
+    });
     if (l == look::painted) return image_of(pixels);
     const float sigma = softness * real(size);
     return image_of(blurred(pixels, sigma, static_cast<int>(std::ceil(2.5f * sigma))));

@@ -15,20 +15,18 @@ vec3 normal_of(const std::vector<vec3>& corners)
     return unit(sum);
 }
 
-void add_face(solid& to, const std::vector<vec3>& corners, const material& m)
-{
-    to.push_back({corners, normal_of(corners), m, true});
-}
-
 // A body with two end faces of the same number of corners, and the faces that join them.
 solid joined(const std::vector<vec3>& one, const std::vector<vec3>& other, const material& m)
 {
     solid s;
-    add_face(s, one, m);
-    add_face(s, other, m);
+    const auto add_face = [&](const std::vector<vec3>& corners) {
+        s.push_back({corners, normal_of(corners), m});
+    };
+    add_face(one);
+    add_face(other);
     for (std::size_t i = 0; i < one.size(); ++i) {
         const std::size_t next = (i + 1) % one.size();
-        add_face(s, {one[i], one[next], other[next], other[i]}, m);
+        add_face({one[i], one[next], other[next], other[i]});
     }
     return s;
 }
@@ -46,12 +44,12 @@ solid mapped(solid s, const Map& map)
 
 }   // namespace
 
-solid across(const path& side_outline, span y, const material& m)
+solid across(const path& side_outline, limits y, const material& m)
 {
     std::vector<vec3> right, left;
     for (const point& p : side_outline) {
-        right.push_back({p.x, y.from, p.y});
-        left.push_back({p.x, y.to, p.y});
+        right.push_back({p.x, y.low, p.y});
+        left.push_back({p.x, y.high, p.y});
     }
     return joined(right, left, m);
 }
@@ -64,9 +62,9 @@ solid between(const path& lower, float lower_z, const path& upper, float upper_z
     return joined(bottom, top, m);
 }
 
-solid box(span x, span y, span z, const material& m)
+solid box(limits x, limits y, limits z, const material& m)
 {
-    return across({{x.from, z.from}, {x.to, z.from}, {x.to, z.to}, {x.from, z.to}}, y, m);
+    return across({{x.low, z.low}, {x.high, z.low}, {x.high, z.high}, {x.low, z.high}}, y, m);
 }
 
 solid rod(vec3 from, vec3 to, float from_radius, float to_radius, const material& m)

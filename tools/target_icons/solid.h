@@ -16,19 +16,16 @@ struct face {
     std::vector<vec3> corners;
     vec3 normal;   // may point inwards or outwards
     material made_of;
-    bool counts;   // for the size of the vehicle; false for aerials
+    bool counts = true;   // for the size of the vehicle; false for aerials
 };
 
 using solid = std::vector<face>;
 
-struct span {
-    float from, to;
-};
 // A side view (x and z), extruded along y.
-solid across(const path& side_outline, span y, const material&);
+solid across(const path& side_outline, limits y, const material&);
 // A body between two outlines (x and y) with the same number of corners, each at its height.
 solid between(const path& lower, float lower_z, const path& upper, float upper_z, const material&);
-solid box(span x, span y, span z, const material&);
+solid box(limits x, limits y, limits z, const material&);
 // A truncated cone.
 solid rod(vec3 from, vec3 to, float from_radius, float to_radius, const material&);
 

@@ -32,21 +32,20 @@ path mirrored(const path& left_side)
 // Tracks ----------------------------------------------------------------------------------------------------
 
 struct running_gear {
-    span length;    // of the track
-    span width;     // of the left track
-    float height;   // of the upper run of the track
+    limits length;   // of the track
+    limits width;    // of the left track
+    float height;    // of the upper run of the track
     int wheels;
     float radius;   // of a road wheel
 };
 
 // Adds the links of a track: bars along an outline that runs counterclockwise when the front is on the right.
-void add_links(solid& to, const path& round, span y, const material& m)
+void add_links(solid& to, const path& round, limits y, const material& m)
 {
     constexpr float pitch = .17f, half = .045f, proud = .035f;
     for (std::size_t i = 0; i < round.size(); ++i) {
-        const point a = round[i], b = round[(i + 1) % round.size()];
-        const float long_ = std::hypot(b.x - a.x, b.y - a.y), c = (b.x - a.x) / long_,
-                    s = (b.y - a.y) / long_;
+        const point a = round[i], way = round[(i + 1) % round.size()] - a;
+        const float long_ = length(way), c = way.x / long_, s = way.y / long_;
         for (float at = pitch / 2; at < long_; at += pitch) {
             const auto corner = [&](float along, float out) {
                 return point{a.x + c * (at + along) + s * out, a.y + s * (at + along) - c * out};
@@ -66,14 +65,14 @@ void add_track(solid& to, const running_gear& g)
     const path band{{rear + .75f, 0},         {front - .8f, 0},        {front, g.height - .5f},
                     {front, g.height - .15f}, {front - .2f, g.height}, {rear + .2f, g.height},
                     {rear, g.height - .15f},  {rear, g.height - .5f}};
-    add_pair(to, across(band, {g.width.from, g.width.to - .1f}, rubber));
+    add_pair(to, across(band, {g.width.low, g.width.high - .1f}, rubber));
     add_links(to, band, g.width, steel);
     // The lower run is wider than the wheels.
     add_pair(to,
              across({{rear + .7f, 0}, {front - .75f, 0}, {front - .65f, thickness}, {rear + .6f, thickness}},
                     g.width, steel));
     const auto wheel = [&](float x, float z, float radius) {
-        const float out = g.width.to;
+        const float out = g.width.high;
         add_pair(to, rod({x, out - .3f, z}, {x, out - .02f, z}, radius, radius, steel));
         add_pair(to, rod({x, out - .02f, z}, {x, out, z}, radius * .74f, radius * .7f, hub));
         add_pair(to, rod({x, out, z}, {x, out + .05f, z}, radius * .26f, radius * .2f, steel));
@@ -252,9 +251,8 @@ void add_cab(solid& s)
                    {2.0f, 1.75f},
                    {2.0f, .8f}},
                   {-1.1f, 1.1f}, roof));
-    add(s, across({{1.78f, 2.5f}, {1.8f, 2.5f}, {2.01f, 1.84f}, {1.98f, 1.84f}}, {-.98f, -.06f},
-                  glass));   // windscreen
-    add(s, across({{1.78f, 2.5f}, {1.8f, 2.5f}, {2.01f, 1.84f}, {1.98f, 1.84f}}, {.06f, .98f}, glass));
+    // Windscreen and side windows.
+    add_pair(s, across({{1.78f, 2.5f}, {1.8f, 2.5f}, {2.01f, 1.84f}, {1.98f, 1.84f}}, {.06f, .98f}, glass));
     add_pair(s, across({{.9f, 1.8f}, {.9f, 2.45f}, {1.62f, 2.45f}, {1.85f, 1.8f}}, {1.1f, 1.12f}, glass));
     for (float x : {.82f, 1.92f})
         add_pair(s, box({x, x + .03f}, {1.1f, 1.115f}, {.95f, 1.75f}, fitting));   // door
@@ -312,9 +310,10 @@ solid truck(float, float)
 {
     solid s;
     add(s, box({-3.4f, 3.5f}, {-.45f, .45f}, {.62f, 1.12f}, fitting));   // frame
-    for (float x : {2.6f, -1.35f, -2.7f}) add_wheel(s, x);
-    for (float x : {2.6f, -1.35f, -2.7f})
-        add(s, rod({x, -.9f, .58f}, {x, .9f, .58f}, .14f, .14f, steel));   // axles
+    for (float x : {2.6f, -1.35f, -2.7f}) {
+        add_wheel(s, x);
+        add(s, rod({x, -.9f, .58f}, {x, .9f, .58f}, .14f, .14f, steel));   // axle
+    }
     add_cab(s);
     add_load(s);
     add(s, rod({-.5f, .6f, .8f}, {.4f, .6f, .8f}, .2f, .2f, exhaust));   // silencer
