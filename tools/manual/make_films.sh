@@ -1,8 +1,7 @@
-#!/ bin / bash
-#Makes the moving pictures of the manual : an animated GIF for each sequence of frames NAME - 000.png, \
-    NAME - 001.png, ...
+#!/bin/bash
+# Makes the moving pictures of the manual: an animated GIF for each sequence of frames NAME-000.png, NAME-001.png, ...
 #
-#make_films.sh FRAMES FOLDER
+#     make_films.sh FRAMES FOLDER
 set -euo pipefail
 
 frames=$1
