@@ -169,7 +169,6 @@ void check_shared(rules& r, const practice_state& p)
 
 // Screens and objects ----------------------------------------------------------------------------
 
-// How many options of a group are selected.
 std::ptrdiff_t selected_beside(const form& f, const screen_object& option)
 {
     return std::count_if(f.objects.begin(), f.objects.end(), [&](const screen_object* o) {

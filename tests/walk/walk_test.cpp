@@ -1,7 +1,7 @@
 // Random walks: a simulated user who does random things at random times on the headless machine. Part of the
 // time a scripted gunner fires a practice, so that some practices run to their end. The rules of rules.h are
-// checked throughout. The same seed gives the same walk. To run a longer walk or another seed by hand:
-//     WALK_EVENTS=500000 WALK_SEED=42 vorn_tests --gtest_filter='*random_walk*/0'
+// checked throughout. The same seed gives the same walk. docs/DEVELOPING.md says how to walk longer or with
+// another seed.
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -15,7 +15,6 @@
 #include "debrief/results.h"
 #include "drill.h"
 #include "flow/intro.h"
-#include "gunnery/screen.h"
 #include "ranges/rauthor.h"
 #include "setup/startsim.h"
 #include "walk/rules.h"
@@ -47,6 +46,9 @@ struct session : headless_machine {
     bool was_paused = false;   // since the last reset
 };
 
+// Causes a random event. It takes no time, so it can also happen while a handler runs.
+void sudden_event(walker&);
+
 struct walker {
     explicit walker(unsigned seed);
 
@@ -64,15 +66,116 @@ struct walker {
     trainer& t() { return run->t; }
     session& pc() { return *run; }
     form* front_form() { return front(*run); }
-    gunnery_screen* gunnery();   // the one in front; null if another screen is in front
 
-    void note(const std::string& what);
+    // The gunnery screen in front; null if another screen is in front.
+    gunnery_screen* gunnery()
+    {
+        for (gunnery_screen* s : {&t().simulator, &t().thermal})
+            if (front_form() == &s->window) return s;
+        return nullptr;
+    }
+    void note(const std::string& what)
+    {
+        trace.push_back(std::to_string(number) + ": " + what);
+        if (trace.size() > 30) trace.pop_front();
+    }
     // Does an action of the user, and checks that its handlers don't take too long.
-    void act(const std::string& what, const std::function<void()>& action);
+    void act(const std::string& what, const std::function<void()>& action)
+    {
+        constexpr double longest_move = 5;   // seconds; a counted move blocks all other events
+        const double started = pc().now();
+        const int boxes = pc().boxes_shown;
+        note(pc().screens.depth > 0 ? "  meanwhile " + what : what);
+        action();
+        if (failure.empty() && pc().boxes_shown == boxes && pc().now() > started + longest_move)
+            failure = "no move blocks the program for more than 5 seconds";
+    }
     // Presses something, and releases it after a random time.
-    void hold(const std::string& what, const std::function<void()>& down, const std::function<void()>& up);
-    void step();
-    std::string last_actions() const;
+    void hold(const std::string& what, const std::function<void()>& down, const std::function<void()>& up)
+    {
+        run->held += 1;
+        act("press " + what, down);
+        pc().later(fraction() * 2, [this, up, what] {
+            run->held -= 1;
+            act("release " + what, up);
+        });
+    }
+    void fire_practice(gunnery_screen& s)
+    {
+        static constexpr double disturbances[] = {0, 0, 0.01, 0.1, 0.5};
+        const practice_state& p = t().shared;
+        const bool buttons =
+            p.mouseselected && takes_input(s.Cmdcoax.parent != nullptr ? *s.Cmdcoax.parent : s.Cmdcoax);
+        run->disturbance = pick(disturbances);
+        note("fires a practice, disturbed " + std::to_string(run->disturbance));
+        run->gunner_at_work = true;
+        const std::string sight = s.window.name;
+        const device by = buttons ? device::mouse : p.joyselected ? device::stick : device::key;
+        for (const engagement_note& n : vorn::fire_practice(pc(), t(), s, by))
+            if (n.hit) reached.insert(sight + ' ' + n.order);
+        run->gunner_at_work = false;
+        run->disturbance = 0.2;
+    }
+    // Checks the rules at random times, also while a handler runs. Sometimes causes a random event first.
+    void look_again()
+    {
+        pc().later(fraction() * 2, [this] {
+            if (pc().open_boxes == 0 && chance(run->disturbance)) sudden_event(*this);
+            if (pc().ended) return;
+            check();
+            look_again();
+        });
+    }
+    void begin_session()
+    {
+        run = std::make_unique<session>(*this);
+        t().random.generator.seed(static_cast<unsigned>(random()) | 1U);
+        pc().default_directory = chance(0.92) ? data.program() : data.program() + "/nowhere";
+        for (gunnery_screen* s : {&t().simulator, &t().thermal})
+            pc().watch(s->lblcrew);   // for the scripted gunner
+        note("the program starts");
+        run->disturbance = 0.2;
+        pc().event([&] { start_program(t()); });
+        look_again();
+    }
+    void check()
+    {
+        if (pc().ended || !failure.empty()) return;
+        const gunnery_screen* s = gunnery();
+        const int resets = s == nullptr ? 0 : s->resets;
+        run->was_paused = t().shared.paused || (run->was_paused && resets == run->last_resets);
+        run->last_resets = resets;
+        const bool idle = pc().screens.depth == 0;
+        failure = broken_rule(t(), {idle, run->held == 0 && !run->gunner_at_work, run->was_paused});
+        const auto gone = [](const gunnery_screen& g) { return g.window.state == form_state::not_loaded; };
+        if (failure.empty() && idle && gone(t().simulator) && gone(t().thermal) && !pc().playing.empty())
+            failure = "sounds stop when their screen is unloaded";
+    }
+    void step()
+    {
+        ++number;
+        gunnery_screen* const s = run && !pc().ended ? gunnery() : nullptr;
+        if (!run || pc().ended)
+            begin_session();
+        else if (s != nullptr && chance(0.05))
+            fire_practice(*s);
+        else if (chance(0.1))
+            pc().wait(fraction() * 4);
+        else
+            sudden_event(*this);
+        if (pc().ended) return;
+        reached.insert(front_form()->name);
+        pc().log.clear();
+        pc().boxes.clear();
+        pc().dialogs.clear();
+        check();
+    }
+    std::string last_actions() const
+    {
+        std::string text = "seed " + std::to_string(seed) + ", step " + std::to_string(number);
+        for (const std::string& line : trace) text += "\n    " + line;
+        return text;
+    }
 
     unsigned seed;
     long number = 0;   // of the step
@@ -82,19 +185,7 @@ struct walker {
     std::set<std::string> reached;   // the screens, and the natures of targets killed on each sight
     std::deque<std::string> trace;   // the last actions
     std::string failure;
-
-    void begin_session();
-    void look_again();
-    void fire_practice(gunnery_screen&);
-    void check();
 };
-
-gunnery_screen* walker::gunnery()
-{
-    for (gunnery_screen* s : {&t().simulator, &t().thermal})
-        if (front_form() == &s->window) return s;
-    return nullptr;
-}
 
 // Boxes and dialogs --------------------------------------------------------------------------------------
 
@@ -140,33 +231,6 @@ std::optional<std::string> session::choose_file(const file_dialog& dialog)
 }
 
 // Events -------------------------------------------------------------------------------------------------
-
-void walker::note(const std::string& what)
-{
-    trace.push_back(std::to_string(number) + ": " + what);
-    if (trace.size() > 30) trace.pop_front();
-}
-
-void walker::act(const std::string& what, const std::function<void()>& action)
-{
-    constexpr double longest_move = 5;   // seconds; a counted move blocks all other events
-    const double started = pc().now();
-    const int boxes = pc().boxes_shown;
-    note(pc().screens.depth > 0 ? "  meanwhile " + what : what);
-    action();
-    if (failure.empty() && pc().boxes_shown == boxes && pc().now() > started + longest_move)
-        failure = "no move blocks the program for more than 5 seconds";
-}
-
-void walker::hold(const std::string& what, const std::function<void()>& down, const std::function<void()>& up)
-{
-    run->held += 1;
-    act("press " + what, down);
-    pc().later(fraction() * 2, [this, up, what] {
-        run->held -= 1;
-        act("release " + what, up);
-    });
-}
 
 // The release goes to the form that received the press. A key can be pressed again before its release.
 void press_code(walker& w, bool stick)
@@ -238,7 +302,6 @@ void go_on(walker& w)
     w.act("go on by " + o.Caption, [&] { w.pc().click(o); });
 }
 
-// A random event. It takes no time, so it can also happen while a handler runs.
 void sudden_event(walker& w)
 {
     static constexpr struct {
@@ -257,84 +320,7 @@ void sudden_event(walker& w)
         if ((left -= e.weight) < 0) return e.happens(w);
 }
 
-// Practices ----------------------------------------------------------------------------------------------
-
-void walker::fire_practice(gunnery_screen& s)
-{
-    static constexpr double disturbances[] = {0, 0, 0.01, 0.1, 0.5};
-    const practice_state& p = t().shared;
-    const bool buttons =
-        p.mouseselected && takes_input(s.Cmdcoax.parent != nullptr ? *s.Cmdcoax.parent : s.Cmdcoax);
-    run->disturbance = pick(disturbances);
-    note("fires a practice, disturbed " + std::to_string(run->disturbance));
-    run->gunner_at_work = true;
-    const std::string sight = s.window.name;
-    const device by = buttons ? device::mouse : p.joyselected ? device::stick : device::key;
-    for (const engagement_note& n : vorn::fire_practice(pc(), t(), s, by))
-        if (n.hit) reached.insert(sight + ' ' + n.order);
-    run->gunner_at_work = false;
-    run->disturbance = 0.2;
-}
-
 // The walk -----------------------------------------------------------------------------------------------
-
-// Checks the rules at random times, also while a handler runs. Sometimes causes a random event first.
-void walker::look_again()
-{
-    pc().later(fraction() * 2, [this] {
-        if (pc().open_boxes == 0 && chance(run->disturbance)) sudden_event(*this);
-        if (pc().ended) return;
-        check();
-        look_again();
-    });
-}
-
-void walker::begin_session()
-{
-    run = std::make_unique<session>(*this);
-    t().random.generator.seed(static_cast<unsigned>(random()) | 1U);
-    pc().default_directory = chance(0.92) ? data.program() : data.program() + "/nowhere";
-    for (gunnery_screen* s : {&t().simulator, &t().thermal})
-        pc().watch(s->lblcrew);   // for the scripted gunner
-    note("the program starts");
-    run->disturbance = 0.2;
-    pc().event([&] { start_program(t()); });
-    look_again();
-}
-
-void walker::check()
-{
-    if (pc().ended || !failure.empty()) return;
-    const gunnery_screen* s = gunnery();
-    const int resets = s == nullptr ? 0 : s->resets;
-    run->was_paused = t().shared.paused || (run->was_paused && resets == run->last_resets);
-    run->last_resets = resets;
-    const bool idle = pc().screens.depth == 0;
-    failure = broken_rule(t(), {idle, run->held == 0 && !run->gunner_at_work, run->was_paused});
-    const auto gone = [](const gunnery_screen& g) { return g.window.state == form_state::not_loaded; };
-    if (failure.empty() && idle && gone(t().simulator) && gone(t().thermal) && !pc().playing.empty())
-        failure = "sounds stop when their screen is unloaded";
-}
-
-void walker::step()
-{
-    ++number;
-    gunnery_screen* const s = run && !pc().ended ? gunnery() : nullptr;
-    if (!run || pc().ended)
-        begin_session();
-    else if (s != nullptr && chance(0.05))
-        fire_practice(*s);
-    else if (chance(0.1))
-        pc().wait(fraction() * 4);
-    else
-        sudden_event(*this);
-    if (pc().ended) return;
-    reached.insert(front_form()->name);
-    pc().log.clear();
-    pc().boxes.clear();
-    pc().dialogs.clear();
-    check();
-}
 
 // Makes a damaged range file, and ranges with positions anywhere in the reach of the sight (`spread`), with
 // positions and distances that the range author can't set (`wild`), with targets too far for FIN and the coax
@@ -353,20 +339,12 @@ void put_ranges(walker& w)
         far.targetrange[i] = w.between(1600, 6000);
     }
     bare.rangepicture = "";
-    for (const auto& [name, range] : {std::pair{"visualrange.arf", spread},
-                                      {"plain.arf", plain},
-                                      {"wild.arf", wild},
-                                      {"far.arf", far},
-                                      {"bare.arf", bare}})
-        w.data.put_range(name, range);
+    w.data.put_range("visualrange.arf", spread);
+    w.data.put_range("plain.arf", plain);
+    w.data.put_range("wild.arf", wild);
+    w.data.put_range("far.arf", far);
+    w.data.put_range("bare.arf", bare);
     w.data.put("damaged.arf", "\"RANGE");
-}
-
-std::string walker::last_actions() const
-{
-    std::string text = "seed " + std::to_string(seed) + ", step " + std::to_string(number);
-    for (const std::string& line : trace) text += "\n    " + line;
-    return text;
 }
 
 // The walk that is running: a crash, or Ctrl-C when it hangs, prints its last actions.
