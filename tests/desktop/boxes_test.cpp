@@ -127,6 +127,10 @@ struct help : boxes {
         return nullptr;
     }
     void follow(const char* link) { emit page()->anchorClicked(page()->source().resolved(QUrl(link))); }
+    QImage picture(const char* file) const
+    {
+        return page()->document()->resource(QTextDocument::ImageResource, QUrl(file)).value<QImage>();
+    }
     QPushButton* button(const QString& caption) const
     {
         for (auto* b : page()->window()->findChildren<QPushButton*>())
@@ -168,10 +172,7 @@ TEST_F(help, zooms_by_keys_and_wheel_within_limits)
         QTest::keyClick(page()->window()->windowHandle(), k, Qt::ControlModifier);
     };
     const auto wheel = [&](int notches) {
-        const QPointF at(50, 50);
-        QWheelEvent e(at, page()->mapToGlobal(at), {}, {0, notches * 120}, Qt::NoButton, Qt::ControlModifier,
-                      Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(page()->viewport(), &e);
+        turn_wheel(*page()->viewport(), {50, 50}, notches, Qt::ControlModifier);
     };
     const double normal = height();
     ctrl(Qt::Key_Plus);
@@ -193,23 +194,18 @@ TEST_F(help, zooms_by_keys_and_wheel_within_limits)
 
 TEST_F(help, shows_pictures_relative_to_the_file)
 {
-    QImage dot(3, 3, QImage::Format_RGB32);
-    dot.fill(Qt::red);
     open(one);
     for (const QString place : {"here", "moved"}) {
-        QDir().mkpath(folder.filePath(place + "/ranges/help"));
-        ASSERT_TRUE(dot.save(folder.filePath(place + "/ranges/help/dot.png")));
+        write(place + "/ranges/help/dot.png", encoded(plain_image(3, 3), "PNG"));
         write(place + "/ranges/vorn.HLP", "<p>a <img src='help/dot.png'></p>");
         pc.run([&] { pc.show_help(place.toStdString() + "/ranges/vorn.HLP"); });
-        const QVariant picture = page()->loadResource(QTextDocument::ImageResource, QUrl("help/dot.png"));
-        EXPECT_EQ(picture.value<QImage>().size(), dot.size()) << place.toStdString();
+        EXPECT_EQ(picture("help/dot.png").size(), QSize(3, 3)) << place.toStdString();
     }
 }
 
 TEST_F(help, fits_pictures_beside_each_other_and_printed_lines_into_a_narrow_page)
 {
-    QDir().mkpath(folder.filePath("help"));
-    ASSERT_TRUE(QImage(320, 20, QImage::Format_RGB32).save(folder.filePath("help/wide.png")));
+    write("help/wide.png", encoded(plain_image(320, 20), "PNG"));
     open(one);
     show(
         "<table border='0' cellpadding='6'><tr><td><img src='help/wide.png'></td>"
@@ -251,23 +247,14 @@ TEST_F(help, opens_beside_the_screen_where_there_is_room)
 
 TEST_F(help, plays_a_moving_picture_when_it_is_clicked)
 {
-    QDir().mkpath(folder.filePath("help"));
-    QImage still(3, 3, QImage::Format_RGB32);
-    still.fill(Qt::green);
-    ASSERT_TRUE(still.save(folder.filePath("help/still.png")));
+    write("help/still.png", encoded(plain_image(3, 3, Qt::green), "PNG"));
     // A red and a blue frame in an endless loop.
     write("help/film.gif",
           QByteArray::fromBase64("R0lGODlhAwADAPAAAP8AAAAAACH5BAAFAAAAIf8LTkVUU0NBUEUyLjADAQAAACwAAAAA"
                                  "AwADAAACA4R/BQAh+QQABQAAACwAAAAAAwADAIAAAP8AAAACA4R/BQA7"));
     open(one);
     show("<p><a href='help/film.gif'><img src='help/still.png'></a></p>");
-    const auto shown = [&] {
-        return QColor(page()
-                          ->document()
-                          ->resource(QTextDocument::ImageResource, QUrl("help/still.png"))
-                          .value<QImage>()
-                          .pixel(1, 1));
-    };
+    const auto shown = [&] { return picture("help/still.png").pixelColor(1, 1); };
     EXPECT_EQ(shown(), Qt::green);
     follow("help/film.gif");
     EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == Qt::blue; }));

@@ -11,6 +11,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "platform/design.h"
 #include "platform/desktop/desktop_machine.h"
 #include "platform/desktop/drawing/pictures.h"
 
@@ -24,15 +25,10 @@ struct screen {
     std::deque<screen_object> objects;
     std::deque<timer> timers;
 
-    screen_object& put(object_kind kind, double left, double top, double width, double height,
-                       screen_object* parent = nullptr)
+    screen_object& put(object_fields fields, screen_object* parent = nullptr)
     {
         screen_object& o = objects.emplace_back();
-        o.kind = kind;
-        o.Left = left;
-        o.Top = top;
-        o.Width = width;
-        o.Height = height;
+        static_cast<object_fields&>(o) = std::move(fields);
         add(f, o, parent);
         return o;
     }
@@ -45,7 +41,6 @@ struct screen {
     }
 };
 
-// A picture of one colour.
 inline picture plain_picture(const QColor& c)
 {
     constexpr int side = 8;
@@ -55,7 +50,22 @@ inline picture plain_picture(const QColor& c)
     return {"test", side * twips_per_pixel, side * twips_per_pixel, pixels};
 }
 
-// Counts the repaints of a widget.
+inline QImage plain_image(int width, int height, const QColor& c = Qt::darkGreen)
+{
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(c);
+    return image;
+}
+
+inline QByteArray encoded(const QImage& image, const char* format)
+{
+    QByteArray bytes;
+    QBuffer out(&bytes);
+    out.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(image.save(&out, format));
+    return bytes;
+}
+
 class paint_count : public QObject {
 public:
     explicit paint_count(QWidget& w) { w.installEventFilter(this); }
@@ -102,11 +112,19 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window(s)));
     }
     // A button that logs a word when it is clicked. Each is below the one before.
-    screen_object& button(const char* clicked, screen_object* parent = nullptr)
+    screen_object& button(const char* clicked, screen_object* parent = nullptr, const char* caption = "")
     {
-        screen_object& o = one.put(object_kind::button, 4500, next_top_ += 600, 1500, 300, parent);
+        screen_object& o = one.put(vorn::button({4500, next_top_ += 600, 1500, 300}, caption), parent);
         o.Click = [this, clicked] { log.push_back(clicked); };
         return o;
+    }
+    // Hides one screen and shows the other, in one handler.
+    void change(screen& from, screen& to)
+    {
+        pc.run([&] {
+            hide(pc, from.f);
+            show(pc, to.f);
+        });
     }
     // Runs the event loop once.
     static void settle() { QTest::qWait(1); }
@@ -121,18 +139,20 @@ protected:
     }
 
     void click(const screen_object& o) const { QTest::mouseClick(&widget(o), Qt::LeftButton); }
-    void press(const screen& s, Qt::Key k, Qt::KeyboardModifiers m = {}) const
-    {
-        QTest::keyPress(handle(s), k, m);
-    }
-    void release(const screen& s, Qt::Key k, Qt::KeyboardModifiers m = {}) const
-    {
-        QTest::keyRelease(handle(s), k, m);
-    }
+    // Keys that go to the first screen.
+    void press(Qt::Key k, Qt::KeyboardModifiers m = {}) const { QTest::keyPress(handle(one), k, m); }
+    void release(Qt::Key k) const { QTest::keyRelease(handle(one), k); }
     static void send(QObject& to, QEvent::Type type)
     {
         QEvent e(type);
         QCoreApplication::sendEvent(&to, &e);
+    }
+
+    static void turn_wheel(QWidget& w, const QPointF& at, int notches, Qt::KeyboardModifiers m = {})
+    {
+        QWheelEvent e(at, w.mapToGlobal(at), {}, {0, notches * 120}, Qt::NoButton, m, Qt::NoScrollPhase,
+                      false);
+        QCoreApplication::sendEvent(&w, &e);
     }
 
     // Acts on the next modal box of this type once `ready` is true. The event loop of the box runs until
@@ -163,10 +183,11 @@ protected:
             static_cast<QDialog&>(d).accept();
         });
     }
-    // Writes a file in the folder of the test.
+    // Writes a file in the folder of the test or below.
     void write(const QString& name, const QByteArray& content)
     {
         QFile f(folder.filePath(name));
+        QDir().mkpath(QFileInfo(f).path());
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(content);
     }

@@ -12,13 +12,13 @@ struct keys : desktop_test {
 
 TEST_F(keys, go_to_the_form_once_and_then_to_the_focused_object)
 {
-    screen_object& text = one.put(object_kind::textbox, 0, 0, 1500, 300);
+    screen_object& text = one.put(textbox({0, 0, 1500, 300}, ""));
     button("click");
     listen();
     open(one);
     widget<QLineEdit>(text).setFocus();
-    press(one, Qt::Key_U);
-    release(one, Qt::Key_U);
+    press(Qt::Key_U);
+    release(Qt::Key_U);
     QTest::keyClick(handle(one), Qt::Key_Tab);
     QTest::keyClick(handle(one), Qt::Key_Space);
     EXPECT_EQ(log, (strings{"down 85", "up 85", "down 9", "up 9", "down 32", "up 32", "click"}));
@@ -29,15 +29,15 @@ TEST_F(keys, auto_repeat_sends_key_downs_and_one_key_up)
 {
     listen();
     open(one);
-    press(one, Qt::Key_H);
+    press(Qt::Key_H);
     for (int i = 0; i < 2; ++i) {
         QKeyEvent up(QEvent::KeyRelease, Qt::Key_H, {}, "h", true);
         QKeyEvent down(QEvent::KeyPress, Qt::Key_H, {}, "h", true);
         QCoreApplication::sendEvent(handle(one), &up);
         QCoreApplication::sendEvent(handle(one), &down);
     }
-    release(one, Qt::Key_H);
-    release(one, Qt::Key_H);
+    release(Qt::Key_H);
+    release(Qt::Key_H);
     EXPECT_EQ(log, (strings{"down 72", "down 72", "down 72", "up 72"}));
 }
 
@@ -45,8 +45,8 @@ TEST_F(keys, are_released_when_the_window_is_deactivated_or_a_box_opens)
 {
     listen();
     open(one);
-    press(one, Qt::Key_J);
-    press(one, Qt::Key_S);
+    press(Qt::Key_J);
+    press(Qt::Key_S);
     send(window(one), QEvent::WindowDeactivate);
     EXPECT_EQ(log.size(), 4U);
     log.clear();
@@ -56,20 +56,19 @@ TEST_F(keys, are_released_when_the_window_is_deactivated_or_a_box_opens)
         pc.pace(60);
         log.push_back("up " + std::to_string(code));
     };
-    press(one, Qt::Key_N);
+    press(Qt::Key_N);
     answer(Qt::Key_Escape);
     pc.run([&] {
         pc.message_box({"DEBRIEF FIRER ?", "SIMULATOR", box_buttons::yes_no});
         log.push_back("answered");
     });
-    release(one, Qt::Key_N);
+    release(Qt::Key_N);
     EXPECT_EQ(log, (strings{"down 78", "up 78", "answered"}));
 }
 
 TEST_F(keys, of_an_access_key_click_its_button_and_do_not_go_to_the_form)
 {
-    screen_object& start = button("click");
-    start.Caption = "&START SIM";
+    screen_object& start = button("click", nullptr, "&START SIM");
     constexpr int alt = 18;
     one.f.KeyDown = one.f.KeyUp = [&](int code) {
         if (code != alt) log.push_back(std::to_string(code));
@@ -85,15 +84,14 @@ TEST_F(keys, of_an_access_key_click_its_button_and_do_not_go_to_the_form)
 
 TEST_F(keys, click_the_buttons_of_a_hidden_panel)
 {
-    screen_object& panel = one.put(object_kind::frame, 0, 0, 3000, 3000);
-    screen_object &start = button("start", &panel), &leave = button("leave", &panel);
-    start.Caption = "&START SIM";
+    screen_object& panel = one.put(frame({0, 0, 3000, 3000}, ""));
+    screen_object &start = button("start", &panel, "&START SIM"), &leave = button("leave", &panel);
     one.f.panel_keys = {{'S', true, &start}, {27, false, &leave}};
     const auto both = [&] {
         QTest::keyClick(handle(one), Qt::Key_S, Qt::AltModifier);
-        press(one, Qt::Key_Escape);
-        press(one, Qt::Key_Escape);   // auto-repeat
-        release(one, Qt::Key_Escape);
+        press(Qt::Key_Escape);
+        press(Qt::Key_Escape);   // auto-repeat
+        release(Qt::Key_Escape);
         return std::exchange(log, {});
     };
     open(one);
@@ -123,8 +121,8 @@ TEST_F(keys, a_held_return_answers_no_box_and_clicks_a_button_once)
         QTest::keyPress(box.windowHandle(), Qt::Key_Return);
         EXPECT_FALSE(box.isVisible());
     });
-    press(one, Qt::Key_Return);
-    press(one, Qt::Key_Return);
+    press(Qt::Key_Return);
+    press(Qt::Key_Return);
     EXPECT_EQ(log, (strings{"click", "answered"}));
 }
 
@@ -144,11 +142,11 @@ TEST_F(keys, whose_release_was_missed_count_as_pressed_again)
         pc.message_box({"NO SUCH FILE", "RANGE"});
         asked = false;
         EXPECT_TRUE(QTest::qWaitFor([&] { return asked; }));
-        press(one, Qt::Key_Return);
+        press(Qt::Key_Return);
         return std::exchange(log, {});
     };
     EXPECT_TRUE(answered_and_pressed_again().empty()) << "the key is still down";
-    release(one, Qt::Key_Return);
+    release(Qt::Key_Return);
     down = false;
     EXPECT_EQ(answered_and_pressed_again(), strings{"click"});
 }
@@ -178,12 +176,12 @@ TEST_F(keys, of_the_gun_answer_no_box)
         tap(box);
     })) << "less than a second after the box opened";
     EXPECT_TRUE(answered([&](QMessageBox& box) { tap(box, Qt::AltModifier); }));
-    press(one, Qt::Key_N);
+    press(Qt::Key_N);
     EXPECT_FALSE(answered([&](QMessageBox& box) {
         seconds += 1.1;
         QTest::keyPress(box.windowHandle(), Qt::Key_N);
     })) << "the key was held when the box opened";
-    release(one, Qt::Key_N);
+    release(Qt::Key_N);
     EXPECT_TRUE(answered([&](QMessageBox& box) {
         seconds += 1.1;
         when_box<QMessageBox>([](QMessageBox& over) { over.accept(); },
@@ -195,13 +193,13 @@ TEST_F(keys, of_the_gun_answer_no_box)
 
 TEST_F(keys, a_held_space_repeats_in_a_text_and_clicks_a_button_once)
 {
-    screen_object& text = one.put(object_kind::textbox, 0, 0, 1500, 300);
+    screen_object& text = one.put(textbox({0, 0, 1500, 300}, ""));
     screen_object& ok = button("click");
     open(one);
     for (const screen_object* o : {&text, &ok}) {
         widget(*o).setFocus();
         for (int i = 0; i < 3; ++i) QTest::keyPress(handle(one), ' ');
-        release(one, Qt::Key_Space);
+        release(Qt::Key_Space);
     }
     EXPECT_EQ(text.Text, "   ");
     EXPECT_EQ(log, strings{"click"});

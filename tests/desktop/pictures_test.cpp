@@ -10,20 +10,6 @@ namespace vorn::desktop_tests {
 struct pictures : trainer_test {
     pictures() { pc.working_directory = folder.path().toStdString(); }
 
-    static QByteArray encoded(const QImage& image, const char* format)
-    {
-        QByteArray bytes;
-        QBuffer out(&bytes);
-        out.open(QIODevice::WriteOnly);
-        EXPECT_TRUE(image.save(&out, format));
-        return bytes;
-    }
-    static QImage plain(int width, int height, const QColor& c = Qt::darkGreen)
-    {
-        QImage image(width, height, QImage::Format_ARGB32);
-        image.fill(c);
-        return image;
-    }
     // An icon file with images of these sizes, in this order.
     static QByteArray icon_file(const std::vector<int>& sizes)
     {
@@ -32,7 +18,7 @@ struct pictures : trainer_test {
         out.setByteOrder(QDataStream::LittleEndian);
         out << quint16{0} << quint16{1} << static_cast<quint16>(sizes.size());
         for (const int size : sizes) {
-            const QByteArray image = encoded(plain(size, size, QColor(200, 0, 0, 128)), "PNG");
+            const QByteArray image = encoded(plain_image(size, size, QColor(200, 0, 0, 128)), "PNG");
             const auto side = static_cast<quint8>(size);
             const auto offset =
                 6 + 16 * static_cast<quint32>(sizes.size()) + static_cast<quint32>(images.size());
@@ -47,29 +33,28 @@ struct pictures : trainer_test {
 
 TEST_F(pictures, a_twin_of_exactly_twice_the_size_is_drawn_where_the_picture_is_too_small)
 {
-    write("valley.vrp", encoded(plain(40, 20), "PNG"));
+    write("valley.vrp", encoded(plain_image(40, 20), "PNG"));
     const auto loaded = [&](const QString& more_twins = {}) {
         return *read_picture("valley.vrp", folder.filePath("valley.vrp").toStdString(), more_twins).result;
     };
     EXPECT_EQ(size_drawn_at(loaded(), 80), QSize(40, 20)) << "without a twin";
-    write("valley@2x.vrp", encoded(plain(80, 40), "JPEG"));
+    write("valley@2x.vrp", encoded(plain_image(80, 40), "JPEG"));
     const picture valley = loaded();
     EXPECT_TRUE(valley.width == 40 * twips_per_pixel && valley.height == 20 * twips_per_pixel);
     EXPECT_EQ(image_for(valley, QSize(40, 20))->size(), QSize(40, 20)) << "not larger than the picture";
     EXPECT_EQ(size_drawn_at(valley, 60), QSize(80, 40));
     EXPECT_EQ(image_for(valley, QSize(60, 30))->depth(), 24) << "to save memory";
-    write("valley@2x.vrp", encoded(plain(80, 40), "PNG").left(60));
+    write("valley@2x.vrp", encoded(plain_image(80, 40), "PNG").left(60));
     EXPECT_EQ(size_drawn_at(loaded(), 60), QSize(40, 20)) << "a damaged twin";
-    write("valley@2x.vrp", encoded(plain(81, 40), "PNG"));
+    write("valley@2x.vrp", encoded(plain_image(81, 40), "PNG"));
     EXPECT_EQ(size_drawn_at(loaded(), 60), QSize(40, 20)) << "a twin of another size";
-    QDir(folder.path()).mkdir("installed");
-    write("installed/valley@2x.vrp", encoded(plain(80, 40), "PNG"));
+    write("installed/valley@2x.vrp", encoded(plain_image(80, 40), "PNG"));
     EXPECT_EQ(size_drawn_at(loaded(folder.filePath("installed")), 60), QSize(80, 40));
 }
 
 TEST_F(pictures, are_recognised_by_content)
 {
-    QImage dense = plain(40, 20);
+    QImage dense = plain_image(40, 20);
     dense.setDotsPerMeterX(11811);
     dense.setDotsPerMeterY(11811);
     const std::vector<std::pair<const char*, const char*>> files{
@@ -92,14 +77,14 @@ TEST_F(pictures, that_cannot_be_loaded_give_a_reason)
         EXPECT_FALSE(p.result);
         return p.reason;
     };
-    QByteArray huge = encoded(plain(8, 8), "BMP");
+    QByteArray huge = encoded(plain_image(8, 8), "BMP");
     qToLittleEndian(qint32{12000}, huge.data() + 18);
     qToLittleEndian(qint32{12000}, huge.data() + 22);
     write("huge.bmp", huge);
     EXPECT_EQ(reason("huge.bmp"), "The picture is too large.");
     EXPECT_EQ(reason("absent.jpg"), "The file does not exist.");
     EXPECT_EQ(reason("."), "It is not a file.");
-    QByteArray jpeg = encoded(plain(8, 8), "JPG");
+    QByteArray jpeg = encoded(plain_image(8, 8), "JPG");
     write("cut.jpg", jpeg.left(100));
     EXPECT_EQ(reason("cut.jpg"), "It is not a picture that can be read.");
     jpeg.replace(jpeg.indexOf("\xff\xc0") + 5, 4, "\xea\x60\xea\x60");   // 60000 x 60000

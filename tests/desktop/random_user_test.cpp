@@ -1,7 +1,6 @@
 // A random walk on the widgets: a simulated user who does anything at any moment, with boxes, dialogs,
-// resizes and full screen. The rules of tests/walk are checked before each action. For a longer walk or
-// another seed:
-//     WALK_EVENTS=1000000 WALK_SEED=7 vorn_desktop_tests --gtest_filter='random_user*'
+// resizes and full screen. The rules of tests/walk are checked before each action. docs/DEVELOPING.md says
+// how to walk longer or with another seed.
 #include <random>
 #include <set>
 
@@ -13,22 +12,17 @@ namespace vorn::desktop_tests {
 struct random_user : trainer_test {
     random_user()
     {
-        link_data();
-        pc.default_directory = folder.path().toStdString();
-        pc.world_clock = [this] { return time / hurry; };
-        pc.set_speed(hurry);
-        pc.leave = [] {
-            std::fputs("the random user has left the program\n", stderr);
-            std::_Exit(1);
-        };
-    }
-    // Links all data except twins, which take long to read.
-    void link_data()
-    {
+        // Links all data except twins, which take long to read.
         const QDir data(VORN_SOURCE_DIR "/data/ranges");
         QDir(folder.path()).mkpath("ranges");
         for (const QString& name : data.entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
             if (!name.contains("@2x")) QFile::link(data.filePath(name), folder.filePath("ranges/" + name));
+        pc.default_directory = folder.path().toStdString();
+        use_own_time();
+        pc.leave = [] {
+            std::fputs("the random user has left the program\n", stderr);
+            std::_Exit(1);
+        };
     }
     int below(int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); }
     bool chance(int percent) { return below(100) < percent; }
@@ -63,18 +57,14 @@ struct random_user : trainer_test {
     void go_on()
     {
         QTimer::singleShot(0, &timers, [this] {
-            if (finished()) return loop.quit();
-            go_on();
             QWidget* box = QApplication::activeModalWidget();
+            if (box == nullptr && (left_to_do <= 0 || !broken.empty())) return loop.quit();
+            go_on();
             if (acting_in && *acting_in == box) return;
             const auto outer = std::exchange(acting_in, box);
             act();
             acting_in = outer;
         });
-    }
-    bool finished() const
-    {
-        return (left_to_do <= 0 || !broken.empty()) && QApplication::activeModalWidget() == nullptr;
     }
     void act()
     {
@@ -96,7 +86,9 @@ struct random_user : trainer_test {
         if (what < 90) return use_key(*window->windowHandle());
         if (what < 93) return window->resize(300 + below(900), 200 + below(700));
         if (what < 95) return send(*window, QEvent::WindowDeactivate);
-        turn_wheel(widget_in(*window));
+        QWidget& w = widget_in(*window);
+        const QPoint at = point_in(w);
+        turn_wheel(w, at, chance(50) ? 1 : -1);
     }
     void use_mouse(QWidget& w, QWidget& window)
     {
@@ -110,13 +102,6 @@ struct random_user : trainer_test {
         if (what == 2) return QTest::mouseMove(handle, at);
         if (what == 3) return QTest::mouseDClick(handle, button, {}, at);
         QTest::mouseClick(handle, button, {}, at);
-    }
-    void turn_wheel(QWidget& w)
-    {
-        const QPointF at = point_in(w);
-        QWheelEvent turn(at, w.mapToGlobal(at), {}, {0, chance(50) ? 120 : -120}, Qt::NoButton, {},
-                         Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&w, &turn);
     }
     void use_key(QWindow& handle)
     {
@@ -173,11 +158,9 @@ struct random_user : trainer_test {
             answer_to_stay(*box).value_or(false) ? accept(*box) : box->reject();
     }
 
-    static constexpr double hurry = 1e6;   // counted moves take no time
     static constexpr const char* texts[] = {
         "", "walk", "7", "1500", "-3", "A NAME THAT IS LONGER THAN THE FIELD", "żółw", "1e9"};
     std::mt19937 random{static_cast<unsigned>(qEnvironmentVariableIntValue("WALK_SEED")) + 1};
-    double time = 1000;
     long left_to_do = 20000;
     int boxes = 0, dialogs = 0;
     bool help_in_front = false;

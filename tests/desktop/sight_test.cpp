@@ -11,10 +11,7 @@ struct strikes_in_practice : trainer_test, testing::WithParamInterface<bool> {
     strikes_in_practice() : s(GetParam() ? t.thermal : t.simulator)
     {
         open_setup();
-        answer_yes();
-        for (screen_object* o : {GetParam() ? &t.startsim.Optmode2 : &t.startsim.Optmode1,
-                                 &t.startsim.Optcon2, &t.startsim.Cmdstart})
-            click(*o);
+        start_practice({GetParam() ? &t.startsim.Optmode2 : &t.startsim.Optmode1, &t.startsim.Optcon2});
         s.currentrange = 800;
     }
     void fire(nature_of_target nature)
@@ -90,7 +87,6 @@ struct sight_effects : desktop_test {
         ground.Picture = plain_picture(QColor(60, 120, 60));
         pc.world_clock = [this] { return time; };
         pc.set_speed(1);
-        target.Visible = round.Visible = false;
         open(one);
         empty = seen();
     }
@@ -116,10 +112,11 @@ struct sight_effects : desktop_test {
             {.round = round, .ground = &ground, .Left = left, .Top = top, .size = 600, .wind = wind});
     }
 
-    screen_object& sight = one.put(object_kind::sight, 1500, 1500, 6000, 6000);
-    screen_object& ground = one.put(object_kind::image, -3000, -3000, 12000, 12000, &sight);
-    screen_object& target = one.put(object_kind::image, 2700, 2700, 600, 600, &sight);
-    screen_object& round = one.put(object_kind::shape, 1500, 3000, 60, 60, &sight);
+    screen_object& sight = one.put(placed(object_kind::sight, {1500, 1500, 6000, 6000}));
+    screen_object& ground = one.put(image({-3000, -3000, 12000, 12000}), &sight);
+    screen_object& target = one.put(hidden(image({2700, 2700, 600, 600})), &sight);
+    screen_object& round =
+        one.put(hidden(shape({1500, 3000, 60, 60}, shape_kind::filled_ellipse, colour::tracer)), &sight);
     double time = 1000;
     QImage empty;
 };
@@ -214,8 +211,6 @@ TEST_F(sight_effects, a_fire_ends_with_the_next_target_and_with_a_reset)
 TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
 {
     round.Visible = true;
-    round.Shape = shape_kind::filled_ellipse;
-    round.ForeColor = colour::tracer;
     pc.sync();
     round.Left = 4500;   // from pixel 100 to pixel 300
     pc.sync();
@@ -233,7 +228,6 @@ TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
 TEST_F(sight_effects, a_round_in_flight_moves_in_each_frame)
 {
     round.Visible = true;
-    round.ForeColor = colour::tracer;
     pc.sync();
     const paint_count paints(widget(sight));
     pc.set_speed(1000);   // shortens the waits, since the test doesn't advance the clock
@@ -269,13 +263,8 @@ TEST_F(sight_effects, a_range_that_has_scrolled_looks_like_one_painted_at_once)
 
 TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
 {
-    const auto write_square = [&](const char* name, int size, const QColor& c) {
-        QImage image(size, size, QImage::Format_RGB32);
-        image.fill(c);
-        image.save(folder.filePath(name), "PNG");
-    };
-    write_square("valley.vrp", 700, Qt::red);
-    write_square("valley@2x.vrp", 1400, Qt::blue);
+    write("valley.vrp", encoded(plain_image(700, 700, Qt::red), "PNG"));
+    write("valley@2x.vrp", encoded(plain_image(1400, 1400, Qt::blue), "PNG"));
     ground.Picture = *read_picture("valley.vrp", folder.filePath("valley.vrp").toStdString()).result;
     const QColor first = colour_at(seen(), {200, 200});
     const paint_count paints(widget(sight));
@@ -294,11 +283,11 @@ TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
 // A sight of 200 x 200 pixels, 100 pixels from the corner of the form, in a window of this scale.
 struct sight : desktop_test {
     static constexpr double scale = 1.3;
-    screen_object& view = one.put(object_kind::sight, 1500, 1500, 3000, 3000);
+    screen_object& view = one.put(placed(object_kind::sight, {1500, 1500, 3000, 3000}));
 
     screen_object& image(double left, double top, double size, const QColor& c)
     {
-        screen_object& o = one.put(object_kind::image, left, top, size, size, &view);
+        screen_object& o = one.put(vorn::image({left, top, size, size}), &view);
         o.Picture = plain_picture(c);
         return o;
     }
@@ -320,7 +309,7 @@ TEST_F(sight, clips_its_objects_and_draws_them_in_order)
     image(1125, 1125, 750, QColor(0, 255, 0));
     image(2250, 2250, 3000, Qt::yellow).Visible = false;
     image(300, 300, 150, QColor(0, 0, 0, 0));
-    one.put(object_kind::label, 1500, 1500, 150, 150).BackColor = colour::white;
+    one.put(label({1500, 1500, 150, 150}, "")).BackColor = colour::white;
     open_scaled();
     EXPECT_EQ(at(105, 105), QColor(Qt::white)) << "an object over the sight";
     EXPECT_EQ(at(112, 112), QColor(Qt::blue));
@@ -354,11 +343,8 @@ TEST_F(sight, marks_are_visible_on_white_and_on_black)
 {
     image(0, 0, 1500, Qt::white);
     image(1500, 0, 1500, Qt::black);
-    for (const double left : {300, 1800}) {
-        screen_object& ring = one.put(object_kind::shape, left, 300, 900, 900, &view);
-        ring.Shape = shape_kind::ellipse;
-        ring.ForeColor = colour::sight;
-    }
+    for (const double left : {300, 1800})
+        one.put(shape({left, 300, 900, 900}, shape_kind::ellipse, colour::sight), &view);
     open_scaled();
     const auto contrast = [&](double from) {
         int darkest = 255, lightest = 0;

@@ -12,9 +12,9 @@ struct timing : desktop_test {
 
 TEST_F(timing, timers_tick_until_stopped_and_their_changes_are_shown)
 {
-    screen_object& label = one.put(object_kind::label, 0, 0, 1500, 300);
+    screen_object& shown = one.put(label({0, 0, 1500, 300}, ""));
     int n = 0;
-    timer& t = one.add_timer(1, [&] { label.Caption = std::to_string(++n); });
+    timer& t = one.add_timer(1, [&] { shown.Caption = std::to_string(++n); });
     open(one);
     pc.run([&] { start(t); });
     EXPECT_TRUE(QTest::qWaitFor([&] { return n >= 5; }));
@@ -25,13 +25,13 @@ TEST_F(timing, timers_tick_until_stopped_and_their_changes_are_shown)
     pc.run([&] { start(other); });
     EXPECT_TRUE(QTest::qWaitFor([&] { return others >= 5; }));
     EXPECT_EQ(n, last);
-    EXPECT_EQ(widget<QLabel>(label).text().toInt(), last);
+    EXPECT_EQ(widget<QLabel>(shown).text().toInt(), last);
 }
 
 TEST_F(timing, a_counted_move_is_shown_step_by_step_and_delays_events)
 {
-    screen_object& sight = one.put(object_kind::sight, 0, 0, 6000, 6000);
-    screen_object& shot = one.put(object_kind::image, 0, 0, 150, 150, &sight);
+    screen_object& sight = one.put(placed(object_kind::sight, {0, 0, 6000, 6000}));
+    screen_object& shot = one.put(image({0, 0, 150, 150}), &sight);
     timer& t = one.add_timer(1, [&] { log.push_back("tick"); });
     one.f.KeyDown = [&](int) { log.push_back("key"); };
     open(one);
@@ -76,7 +76,7 @@ TEST_F(timing, do_events_handles_pending_events_within_a_handler)
 
 TEST_F(timing, do_events_may_unload_the_screen)
 {
-    screen_object& back = one.put(object_kind::button, 0, 0, 1500, 300);
+    screen_object& back = button("back");
     back.Click = [&] {
         unload(pc, one.f);
         show(pc, two.f);

@@ -29,7 +29,20 @@ protected:
         click(t.intro.lblstart);
         EXPECT_TRUE(QTest::qWaitForWindowActive(pc.window(t.startsim.window)));
     }
-    // Where an object is shown in its window.
+    // Clicks on these options and on START SIMULATOR, and answers the question.
+    void start_practice(std::initializer_list<const screen_object*> options)
+    {
+        for (const screen_object* o : options) click(*o);
+        answer_yes();
+        click(t.startsim.Cmdstart);
+    }
+    // Counted moves take no time. The test advances `time`.
+    void use_own_time()
+    {
+        constexpr double hurry = 1e6;
+        pc.world_clock = [this] { return time / hurry; };
+        pc.set_speed(hurry);
+    }
     QRect in_window(const screen_object& o)
     {
         QWidget& w = widget(o);
@@ -59,6 +72,7 @@ protected:
         }
     }
 
+    double time = 1000;
     trainer t{pc};
 };
 

@@ -9,14 +9,9 @@
 namespace vorn::desktop_tests {
 
 struct walkthrough : trainer_test {
-    walkthrough()
-    {
-        pc.world_clock = [this] { return time / hurry; };
-        pc.set_speed(hurry);
-    }
+    walkthrough() { use_own_time(); }
     QWindow* handle() { return pc.window(s.window)->windowHandle(); }
     std::string shown(const screen_object& o) const { return widget<QLabel>(o).text().toStdString(); }
-    // Lets time pass in steps until the condition is true.
     bool wait_for(const std::function<bool()>& what, double step = 0.1)
     {
         for (int i = 0; i < 3000 && !what(); ++i) {
@@ -40,10 +35,7 @@ struct walkthrough : trainer_test {
     void fight()
     {
         open_setup();
-        for (const screen_object* o : {&t.startsim.Optcon2, &t.startsim.Opteng4, &t.startsim.Opttime2})
-            click(*o);
-        answer_yes();
-        click(t.startsim.Cmdstart);
+        start_practice({&t.startsim.Optcon2, &t.startsim.Opteng4, &t.startsim.Opttime2});
         ASSERT_TRUE(QTest::qWaitForWindowActive(pc.window(s.window)));
         pc.run([&] { set_slider(s.HScspeed, 20); });   // small steps, since the autolay goes one step too far
         click(s.Cmdstartsim);
@@ -83,8 +75,6 @@ struct walkthrough : trainer_test {
         EXPECT_GT(QFileInfo(folder.filePath("report.pdf")).size(), 5000);
         click(t.results.cmdnew);
     }
-    static constexpr double hurry = 1e6;   // counted moves take no time
-    double time = 1000;
     gunnery_screen& s = t.simulator;
 };
 

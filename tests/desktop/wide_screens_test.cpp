@@ -1,4 +1,6 @@
 // The screens in windows of any shape.
+#include <map>
+
 #include "trainer_fixture.h"
 
 namespace vorn::desktop_tests {
@@ -8,7 +10,6 @@ constexpr QSize shapes[] = {{800, 600},   {1024, 768},  {1366, 768},  {1440, 900
 
 struct wide_screens : trainer_test {
     wide_screens() { open_setup(); }
-    // Shows the screen in a window of each shape in turn.
     void in_each_shape(form& f, const std::function<void()>& look)
     {
         pc.run([&] { show(pc, f); });
@@ -65,20 +66,17 @@ struct wide_screens : trainer_test {
     // Each lamp is nearer to its words than to any other words.
     void expect_lamps_behind_their_words(const gunnery_screen& s)
     {
-        const std::pair<const screen_object*, std::string> lamps[] = {
-            {&s.Imgheshon, "MAIN"}, {&s.Imgcoaxon, "COAX"}, {&s.Imgunloaded, "GUN READY "}};
-        for (const auto& [lamp, words] : lamps) {
-            const screen_object* nearest = nullptr;
-            const auto distance = [&, at = in_window(*lamp)](const screen_object& o) {
-                const QRect other = in_window(o);
+        for (const auto& [lamp, words] :
+             {std::pair{&s.Imgheshon, "MAIN"}, {&s.Imgcoaxon, "COAX"}, {&s.Imgunloaded, "GUN READY "}}) {
+            const QRect at = in_window(*lamp);
+            std::map<double, std::string> by_distance;
+            for (const screen_object* o : s.window.objects) {
+                if (o->parent != lamp->parent || o->kind != object_kind::label) continue;
+                const QRect other = in_window(*o);
                 const int across = std::max({0, at.left() - other.right(), other.left() - at.right()});
-                return std::hypot(across, at.center().y() - other.center().y());
-            };
-            for (const screen_object* o : s.window.objects)
-                if (o->parent == lamp->parent && o->kind == object_kind::label &&
-                    (nearest == nullptr || distance(*o) < distance(*nearest)))
-                    nearest = o;
-            EXPECT_EQ(nearest->Caption, words);
+                by_distance.emplace(std::hypot(across, at.center().y() - other.center().y()), o->Caption);
+            }
+            EXPECT_EQ(by_distance.begin()->second, words);
         }
     }
     // The sight has the aspect ratio of the model and at least this share of the window.
@@ -135,9 +133,7 @@ TEST_F(wide_screens, the_practice_gives_the_sight_all_that_the_panels_leave)
 TEST_F(wide_screens, a_plain_screen_gives_nearly_all_to_the_sight)
 {
     gunnery_screen& s = t.simulator;
-    for (const screen_object* o : {&t.startsim.Optcon2, &t.startsim.Optscreen1}) click(*o);
-    answer_yes();
-    click(t.startsim.Cmdstart);
+    start_practice({&t.startsim.Optcon2, &t.startsim.Optscreen1});
     std::vector<QRect> before, after;
     in_each_shape(s.window, [&] {
         before.push_back(in_window(s.Picrange));
@@ -156,9 +152,7 @@ TEST_F(wide_screens, a_plain_screen_gives_nearly_all_to_the_sight)
 TEST_F(wide_screens, the_row_of_a_hidden_button_is_closed)
 {
     gunnery_screen& s = t.simulator;
-    click(t.startsim.Optcon2);
-    answer_yes();
-    click(t.startsim.Cmdstart);
+    start_practice({&t.startsim.Optcon2});
     const auto rows_between = [&] {
         pc.sync();
         const QRect exit = in_window(s.CMDEXIT), slider = in_window(s.HScspeed);

@@ -5,9 +5,9 @@ namespace vorn::desktop_tests {
 using kind = object_kind;
 
 struct objects : desktop_test {
-    screen_object& option(double top, screen_object* parent)
+    screen_object& add_option(double top, screen_object& parent, const char* caption, bool selected)
     {
-        screen_object& o = one.put(kind::option, 150, top, 1800, 300, parent);
+        screen_object& o = one.put(option({150, top, 1800, 300}, caption, selected), &parent);
         o.Click = [&o, this] { log.push_back("option " + o.Caption); };
         return o;
     }
@@ -16,10 +16,10 @@ struct objects : desktop_test {
 
 TEST_F(objects, show_their_fields_after_the_handler)
 {
-    screen_object& frame = one.put(kind::frame, 1500, 1500, 6000, 4500);
-    screen_object& label = one.put(kind::label, 300, 600, 1500, 300, &frame);
-    screen_object& text = one.put(kind::textbox, 300, 1200, 1500, 300, &frame);
-    screen_object& slider = one.put(kind::slider, 300, 1800, 1500, 300, &frame);
+    screen_object& frame = one.put(placed(kind::frame, {1500, 1500, 6000, 4500}));
+    screen_object& label = one.put(placed(kind::label, {300, 600, 1500, 300}), &frame);
+    screen_object& text = one.put(placed(kind::textbox, {300, 1200, 1500, 300}), &frame);
+    screen_object& slider = one.put(placed(kind::slider, {300, 1800, 1500, 300}), &frame);
     open(one);
     pc.run([&] {
         frame.Caption = "System & status";
@@ -55,7 +55,7 @@ TEST_F(objects, show_their_fields_after_the_handler)
 
 TEST_F(objects, of_a_hidden_or_disabled_frame_are_hidden_or_disabled)
 {
-    screen_object& frame = one.put(kind::frame, 0, 0, 6000, 6000);
+    screen_object& frame = one.put(placed(kind::frame, {0, 0, 6000, 6000}));
     const screen_object& inner = button("click", &frame);
     open(one);
     pc.run([&] { frame.Visible = false; });
@@ -84,7 +84,7 @@ TEST_F(objects, a_disabled_button_passes_its_focus_to_no_other)
     pc.run([&] { start.Enabled = true; });
     EXPECT_TRUE(widget(start).hasFocus()) << "the focus returns";
     pc.run([&] { start.Enabled = false; });
-    press(one, Qt::Key_Tab);
+    press(Qt::Key_Tab);
     pc.run([&] { start.Enabled = true; });
     EXPECT_TRUE(widget(help).hasFocus()) << "the user has moved the focus";
     pc.run([&] {
@@ -98,14 +98,11 @@ TEST_F(objects, a_disabled_button_passes_its_focus_to_no_other)
 
 TEST_F(objects, an_option_is_reported_once_when_it_is_selected)
 {
-    screen_object& left = one.put(kind::frame, 0, 0, 3000, 6000);
-    screen_object& right = one.put(kind::frame, 4000, 0, 3000, 6000);
-    screen_object& a = option(600, &left);
-    screen_object& b = option(1200, &left);
-    screen_object& other = option(600, &right);
-    a.Caption = "a";
-    b.Caption = "b";
-    a.Value = other.Value = 1;
+    screen_object& left = one.put(frame({0, 0, 3000, 6000}, ""));
+    screen_object& right = one.put(frame({4000, 0, 3000, 6000}, ""));
+    screen_object& a = add_option(600, left, "a", true);
+    screen_object& b = add_option(1200, left, "b", false);
+    screen_object& other = add_option(600, right, "other", true);
     open(one);
     click(a);
     EXPECT_TRUE(log.empty());
@@ -114,7 +111,7 @@ TEST_F(objects, an_option_is_reported_once_when_it_is_selected)
     EXPECT_EQ(log, strings{"option b"});
     EXPECT_TRUE(chosen(b) && !chosen(a) && chosen(other));
     widget<QRadioButton>(b).setFocus();
-    press(one, Qt::Key_Up);
+    press(Qt::Key_Up);
     EXPECT_EQ(log.back(), "option a");
     EXPECT_TRUE(a.Value == 1 && b.Value == 0);
     pc.run([&] { a.Value = 0; });
@@ -128,11 +125,9 @@ TEST_F(objects, an_option_is_reported_once_when_it_is_selected)
 
 TEST_F(objects, report_each_change_once_and_show_the_value_that_the_handler_sets)
 {
-    screen_object& check = one.put(kind::checkbox, 0, 0, 1500, 300);
-    screen_object& slider = one.put(kind::slider, 0, 600, 1500, 300);
-    screen_object& text = one.put(kind::textbox, 0, 1200, 1500, 300);
-    slider.Max = 10;
-    text.Text = "ac";
+    screen_object& check = one.put(placed(kind::checkbox, {0, 0, 1500, 300}));
+    screen_object& slider = one.put(vorn::slider({0, 600, 1500, 300}, 0, 10, 0));
+    screen_object& text = one.put(textbox({0, 1200, 1500, 300}, "ac"));
     check.Click = [&] { check.Value = 0; };
     slider.Change = [&] { log.push_back(std::to_string(slider.Value)); };
     text.Change = [&] {
@@ -160,11 +155,9 @@ TEST_F(objects, report_each_change_once_and_show_the_value_that_the_handler_sets
 
 TEST_F(objects, a_text_box_that_gets_the_focus_selects_its_text)
 {
-    screen_object& name = one.put(kind::textbox, 0, 0, 1500, 300);
-    screen_object& number = one.put(kind::textbox, 0, 600, 1500, 300);
+    screen_object& name = one.put(textbox({0, 0, 1500, 300}, "nameless"));
+    screen_object& number = one.put(textbox({0, 600, 1500, 300}, "000"));
     const screen_object& next = button("next");
-    name.Text = "nameless";
-    number.Text = "000";
     open(one);
     auto& box = widget<QLineEdit>(name);
     EXPECT_EQ(box.selectedText(), "nameless") << "the initial focus";
@@ -175,14 +168,13 @@ TEST_F(objects, a_text_box_that_gets_the_focus_selects_its_text)
     QTest::keyClicks(&widget<QLineEdit>(number), "4");
     EXPECT_EQ(number.Text, "1234") << "a second click sets the cursor";
     click(next);
-    press(one, Qt::Key_Backtab, Qt::ShiftModifier);
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(widget<QLineEdit>(number).selectedText(), "1234");
 }
 
 TEST_F(objects, a_picture_reports_where_it_was_clicked_and_is_faint_if_pale)
 {
-    screen_object& picture = one.put(kind::image, 1500, 1500, 3000, 1500);
-    picture.Picture.source = ":lamp_green";
+    screen_object& picture = one.put(image({1500, 1500, 3000, 1500}, ":lamp_green"));
     picture.ClickAt = [&](double x, double y) {
         log.push_back(std::to_string(std::lround(x)) + ' ' + std::to_string(std::lround(y)));
     };
@@ -201,31 +193,27 @@ TEST_F(objects, a_picture_reports_where_it_was_clicked_and_is_faint_if_pale)
 
 TEST_F(objects, labels_and_pictures_with_a_handler_are_clicked_by_mouse_and_keyboard)
 {
-    screen_object& label = one.put(kind::label, 0, 0, 1500, 600);
-    screen_object& picture = one.put(kind::image, 0, 1500, 1500, 600);
-    screen_object& caption = one.put(kind::label, 0, 0, 1500, 600);
-    label.Caption = "S&AVE";
-    label.ForeColor = colour::red;
-    label.Click = picture.Click = [&] { log.push_back("click"); };
-    caption.Caption = "a label over them that ignores the mouse";
+    screen_object& words = one.put(label({0, 0, 1500, 600}, "S&AVE", colour::red));
+    screen_object& picture = one.put(image({0, 1500, 1500, 600}));
+    one.put(label({0, 0, 1500, 600}, "a label over `words` that ignores the mouse"));
+    words.Click = picture.Click = [&] { log.push_back("click"); };
     open(one);
     QTest::mouseClick(window(one).childAt(50, 20), Qt::LeftButton);
     click(picture);
-    for (const screen_object* o : {&label, &picture}) {
+    for (const screen_object* o : {&words, &picture}) {
         widget(*o).setFocus();
         QTest::keyClick(handle(one), Qt::Key_Space);
     }
     EXPECT_EQ(log.size(), 4U);
-    EXPECT_EQ(widget(label).palette().color(QPalette::ButtonText), shade(colour::red));
+    EXPECT_EQ(widget(words).palette().color(QPalette::ButtonText), shade(colour::red));
     QTest::keyClick(handle(one), Qt::Key_A, Qt::AltModifier);
     EXPECT_EQ(log.size(), 4U) << "only buttons have access keys";
 }
 
 TEST_F(objects, the_caption_of_an_option_is_condensed_to_fit)
 {
-    screen_object& o = one.put(kind::option, 0, 0, 1500, 330);
-    o.Caption = "Self degrading";
-    o.Enabled = false;   // so that it draws no focus frame
+    // Disabled, so that it draws no focus frame.
+    screen_object& o = one.put(disabled(option({0, 0, 1500, 330}, "Self degrading")));
     open(one);
     auto& button = widget<QRadioButton>(o);
     const int mark = button.style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth);
@@ -242,7 +230,7 @@ TEST_F(objects, the_caption_of_an_option_is_condensed_to_fit)
 }
 
 struct mouse : objects {
-    screen_object& hold = one.put(kind::button, 1500, 1500, 1500, 600);
+    screen_object& hold = one.put(placed(kind::button, {1500, 1500, 1500, 600}));
     mouse()
     {
         hold.MouseDown = [this] { log.push_back("down"); };
@@ -253,26 +241,26 @@ struct mouse : objects {
 
 TEST_F(mouse, space_presses_a_button_until_it_is_released_or_another_gets_focus_or_press)
 {
-    screen_object& other = one.put(kind::button, 1500, 3000, 1500, 600);
+    screen_object& other = one.put(placed(kind::button, {1500, 3000, 1500, 600}));
     other.MouseDown = [this] { log.push_back("other down"); };
     other.MouseUp = [this] { log.push_back("other up"); };
     open(one);
     const auto space_on_button = [&] {
         log.clear();
         widget(hold).setFocus();
-        press(one, Qt::Key_Space);
+        press(Qt::Key_Space);
         EXPECT_EQ(log, strings{"down"});
     };
     space_on_button();
-    release(one, Qt::Key_Space);
+    release(Qt::Key_Space);
     EXPECT_EQ(log, pair);
     space_on_button();
     widget(other).setFocus();
-    release(one, Qt::Key_Space);
+    release(Qt::Key_Space);
     EXPECT_EQ(log, pair);
     space_on_button();
     QTest::mousePress(&widget(other), Qt::LeftButton);
-    release(one, Qt::Key_Space);
+    release(Qt::Key_Space);
     EXPECT_EQ(log, (strings{"down", "up", "other down"}));
     QTest::mouseRelease(&widget(other), Qt::LeftButton);
     EXPECT_EQ(log.back(), "other up");
@@ -320,8 +308,7 @@ TEST_F(mouse, a_box_ends_a_press_and_leaves_no_button_down)
 
 TEST_F(mouse, a_box_ends_the_drag_of_a_slider)
 {
-    screen_object& slider = one.put(kind::slider, 0, 3000, 3000, 300);
-    slider.Max = 100;
+    screen_object& slider = one.put(vorn::slider({0, 3000, 3000, 300}, 0, 100, 0));
     slider.MouseMove = [] {};
     open(one);
     auto& bar = widget<QSlider>(slider);
@@ -339,17 +326,17 @@ TEST_F(mouse, a_box_ends_the_drag_of_a_slider)
 
 TEST_F(mouse, moves_are_reported_to_the_object_its_frame_or_the_form_until_it_leaves)
 {
-    screen_object& frame = one.put(kind::frame, 4500, 4500, 3000, 3000);
+    screen_object& panel = one.put(frame({4500, 4500, 3000, 3000}, ""));
     hold.MouseMove = [&] { log.push_back("button"); };
-    frame.MouseMove = [&] { log.push_back("frame"); };
+    panel.MouseMove = [&] { log.push_back("frame"); };
     one.f.MouseMove = [&] { log.push_back("form"); };
     one.f.MouseLeave = [&] { log.push_back("left"); };
-    one.put(kind::label, 300, 300, 1500, 600, &frame).Caption = "without a handler";
-    const screen_object& option = one.put(kind::option, 300, 1200, 1500, 400, &frame);
+    one.put(label({300, 300, 1500, 600}, "without a handler"), &panel);
+    const screen_object& choice = one.put(option({300, 1200, 1500, 400}, ""), &panel);
     open(one);
     QTest::mouseMove(&widget(hold));
-    QTest::mouseMove(&widget(frame), QPoint(40, 40));
-    QTest::mouseMove(&widget(option), QPoint(5, 5));
+    QTest::mouseMove(&widget(panel), QPoint(40, 40));
+    QTest::mouseMove(&widget(choice), QPoint(5, 5));
     QTest::mouseMove(&window(one), QPoint(10, 10));
     send(window(one), QEvent::Leave);
     EXPECT_EQ(log, (strings{"button", "frame", "frame", "form", "left"}))

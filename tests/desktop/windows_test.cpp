@@ -9,10 +9,7 @@ TEST_F(windows, the_next_screen_takes_over_position_and_state)
     open(one, 700, 600);
     window(one).move(40, 30);
     const QRect place = window(one).geometry();
-    pc.run([&] {
-        hide(pc, one.f);
-        show(pc, two.f);
-    });
+    change(one, two);
     EXPECT_TRUE(window(two).isVisible());
     EXPECT_EQ(window(two).geometry(), place);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window(one).isVisible(); }));
@@ -34,10 +31,7 @@ TEST_F(windows, a_screen_over_another_does_not_move_it)
     EXPECT_TRUE(window(one).isVisible() && window(two).isVisible());
     EXPECT_NE(window(two).pos(), window(one).pos());
     const QRect place = window(one).geometry();
-    pc.run([&] {
-        hide(pc, two.f);
-        show(pc, one.f);
-    });
+    change(two, one);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window(two).isVisible(); }));
     EXPECT_EQ(window(one).geometry(), place);
 }
@@ -59,15 +53,15 @@ TEST_F(windows, loading_a_screen_again_resets_its_focus)
 
 TEST_F(windows, the_form_is_scaled_and_centred)
 {
-    screen_object& frame = one.put(object_kind::frame, 1500, 3000, 6000, 3000);
-    screen_object& label = one.put(object_kind::label, 300, 600, 1500, 300, &frame);
-    screen_object& check = one.put(object_kind::checkbox, 300, 1200, 1500, 300, &frame);
+    screen_object& panel = one.put(frame({1500, 3000, 6000, 3000}, ""));
+    screen_object& words = one.put(label({300, 600, 1500, 300}, ""), &panel);
+    screen_object& check = one.put(placed(object_kind::checkbox, {300, 1200, 1500, 300}), &panel);
     for (const double scale : {1.0, 1.5, 2.0}) {
         open(one, static_cast<int>(1024 * scale) + 200, static_cast<int>(768 * scale));
         const auto at = [&](int pixels) { return static_cast<int>(pixels * scale); };
-        EXPECT_EQ(widget(frame).geometry(), QRect(100 + at(100), at(200), at(400), at(200)));
-        EXPECT_EQ(widget(label).geometry(), QRect(at(20), at(40), at(100), at(20)));
-        EXPECT_EQ(widget(label).font().pixelSize(), at(13));
+        EXPECT_EQ(widget(panel).geometry(), QRect(100 + at(100), at(200), at(400), at(200)));
+        EXPECT_EQ(widget(words).geometry(), QRect(at(20), at(40), at(100), at(20)));
+        EXPECT_EQ(widget(words).font().pixelSize(), at(13));
         EXPECT_EQ(widget(check).style()->pixelMetric(QStyle::PM_IndicatorWidth), at(14));
     }
 }
@@ -85,10 +79,7 @@ TEST_F(windows, f11_toggles_full_screen_and_restores_the_window_also_on_the_next
     QTest::keyClick(handle(one), Qt::Key_F11);
     QTest::keyClick(handle(one), Qt::Key_Escape);
     EXPECT_TRUE(window(one).isFullScreen());
-    pc.run([&] {
-        show(pc, two.f);
-        hide(pc, one.f);
-    });
+    change(one, two);
     EXPECT_TRUE(window(two).isFullScreen());
     QTest::keyClick(handle(two), Qt::Key_F11);
     EXPECT_TRUE(window(two).isMaximized() && !window(two).isFullScreen());
@@ -119,10 +110,7 @@ TEST_F(windows, closing_a_window_clicks_its_exit_button)
     answer(Qt::Key_Escape);
     window(one).close();
     EXPECT_EQ(log.size(), 2U) << "a hidden exit button works too";
-    pc.run([&] {
-        show(pc, two.f);
-        hide(pc, one.f);
-    });
+    change(one, two);
     window(one).close();
     EXPECT_EQ(log.size(), 2U) << "the screen is hidden already";
 }
@@ -140,7 +128,7 @@ TEST_F(windows, nothing_runs_after_the_end_of_the_program)
     open(one);
     EXPECT_EXIT(
         {
-            press(one, Qt::Key_U);
+            press(Qt::Key_U);
             QTest::mousePress(&widget(exit), Qt::LeftButton);
         },
         testing::ExitedWithCode(42), "");
