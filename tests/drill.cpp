@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <filesystem>
 #include <fstream>
 
 #include "flow/intro.h"
@@ -35,21 +34,6 @@ data_folder::~data_folder()
 void data_folder::put(const std::string& name, const std::string& bytes) const
 {
     std::ofstream(path_ / "ranges" / name, std::ios::binary) << bytes;
-}
-
-std::string data_folder::get(const std::string& name) const
-{
-    return bytes_of(path_ / "ranges" / name);
-}
-
-void data_folder::remove(const std::string& name) const
-{
-    fs::remove(path_ / "ranges" / name);
-}
-
-void data_folder::put_range(const std::string& name, const practice_state& range) const
-{
-    put(name, range_file_bytes(range));
 }
 
 std::string native(const std::string& path)
@@ -177,11 +161,6 @@ void drill::hold(int key, double seconds)
     pc.key_down(key);
     pc.wait(seconds);
     pc.key_up(key);
-}
-
-void drill::random(double number)
-{
-    t.random.source = [number] { return number; };
 }
 
 double drill::to_the_end()

@@ -17,8 +17,13 @@
 
 namespace vorn {
 
+using texts = std::vector<std::string>;
+
 // A path with the separators of the system.
 std::string native(const std::string& path);
+
+// The bytes of a file; none if it can't be read.
+std::string bytes_of(const std::filesystem::path&);
 
 // A temporary program directory: ranges, and the headers of their pictures and icons. Its path has blanks and
 // letters of two alphabets, as a user's path may have.
@@ -33,9 +38,9 @@ public:
     std::string ranges() const { return to_utf8(path_ / "ranges"); }
     std::string path(const std::string& name) const { return native(ranges() + '/' + name); }
     void put(const std::string& name, const std::string& bytes) const;   // a file below "ranges"
-    std::string get(const std::string& name) const;
-    void remove(const std::string& name) const;
-    void put_range(const std::string& name, const practice_state& range) const;
+    std::string get(const std::string& name) const { return bytes_of(path_ / "ranges" / name); }
+    void remove(const std::string& name) const { std::filesystem::remove(path_ / "ranges" / name); }
+    void put_range(const std::string& name, const practice_state& r) const { put(name, range_file_bytes(r)); }
 
 private:
     std::filesystem::path path_;
@@ -44,8 +49,6 @@ private:
 // A range whose 20 positions are at one place, so that the lay is the same for all, at 600, 700 ... 2500
 // metres. With the sight as loaded, the place is a little to the right of and below the end of a lay.
 practice_state plain_range(sight_kind);
-// The bytes of a file; none if it can't be read.
-std::string bytes_of(const std::filesystem::path&);
 // The first lines of the text of a file.
 std::string first_lines(const std::string& text, int n);
 // The header of a PNG file of this many pixels, which is all that the headless machine reads of a picture.
@@ -120,18 +123,27 @@ struct drill {
     void tap(int key);
     void hold(int key, double seconds);
     // All random numbers are this one from now on.
-    void random(double number);
+    void random(double number)
+    {
+        t.random.source = [number] { return number; };
+    }
     // Waits until the practice has ended. Returns the seconds it took.
     double to_the_end();
     // The times at which the crew line was set to this text.
     std::vector<double> times_of(const std::string& line);
-    std::vector<std::string> sounds() { return pc.of_kind("sound"); }
+    texts sounds() { return pc.of_kind("sound"); }
 
     sight_kind kind;
     data_folder data;
     headless_machine pc;
     trainer t{pc};
 };
+
+void expect_at(const area& object, double left, double top, const auto& which)
+{
+    EXPECT_DOUBLE_EQ(object.Left, left) << which;
+    EXPECT_DOUBLE_EQ(object.Top, top) << which;
+}
 
 // A suite of drills on one sight.
 template <sight_kind sight>

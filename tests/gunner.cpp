@@ -14,13 +14,6 @@ namespace {
 constexpr double centre = 32768;   // of the stick
 constexpr double event = 0.016;    // seconds between two stick events
 
-// The reading of the stick that moves the view by this many twips per event.
-long deflected(double middle, double factor, int sign, int twips)
-{
-    const double off = 2 * factor + 100 * twips;
-    return static_cast<long>(sign < 0 ? middle - off + 50 : middle + off + 1);
-}
-
 constexpr spot beaten_zone{45, 30};   // the centre, relative to the drop of the coax
 
 struct gunner {
@@ -110,10 +103,12 @@ struct gunner {
             pc_.wait(seconds);
             return work(c, false);
         }
-        const int sign = c == control::left || c == control::up ? -1 : 1;
+        const bool less = c == control::left || c == control::up;
         const bool across = c == control::left || c == control::right;
-        const long at = deflected(across ? p_.joyxcentre : p_.joyycentre,
-                                  across ? p_.joyxfactor : p_.joyyfactor, sign, seconds < 0.05 ? 20 : 100);
+        const double middle = across ? p_.joyxcentre : p_.joyycentre;
+        const int twips = seconds < 0.05 ? 20 : 100;   // of the view, per event
+        const double off = 2 * (across ? p_.joyxfactor : p_.joyyfactor) + 100 * twips;
+        const auto at = static_cast<long>(less ? middle - off + 50 : middle + off + 1);
         for (double t = 0; t < seconds; t += event) {
             pc_.stick(across ? at : static_cast<long>(centre), across ? static_cast<long>(centre) : at);
             pc_.wait(event);

@@ -7,11 +7,8 @@
 #include "debrief/results.h"
 #include "drill.h"
 #include "flow/intro.h"
-#include "gunnery/screen.h"
-#include "platform/headless/headless_machine.h"
 #include "ranges/rauthor.h"
 #include "setup/startsim.h"
-#include "trainer.h"
 
 namespace vorn {
 namespace {

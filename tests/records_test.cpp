@@ -3,7 +3,6 @@
 #include "debrief/results.h"
 #include "debrief/resultsfile.h"
 #include "drill.h"
-#include "ranges/rangefile.h"
 #include "ranges/rauthor.h"
 #include "setup/setup.h"
 #include "setup/startsim.h"

@@ -99,8 +99,7 @@ TEST_F(calibration, the_dot_rests_in_the_dead_band_and_moves_a_twip_per_full_hun
     for (const auto& m : moves) {
         s.dot.Left = s.dot.Top = 1560;
         move(m.x, m.y);
-        EXPECT_EQ(s.dot.Left, 1560 + m.across) << m.x;
-        EXPECT_EQ(s.dot.Top, 1560 + m.down) << m.y;
+        expect_at(s.dot, 1560 + m.across, 1560 + m.down, m.x);
         EXPECT_EQ(s.Lblxfactor.Caption, m.xstep) << m.x;
         EXPECT_EQ(s.Lblyfactor.Caption, m.ystep) << m.y;
     }
@@ -110,8 +109,7 @@ TEST_F(calibration, the_dot_stays_within_its_bounds_at_any_reading)
 {
     to_step(3);
     for (int i = 0; i < 50; ++i) pc.stick(65535, 0);
-    EXPECT_EQ(s.dot.Left, 2880);
-    EXPECT_EQ(s.dot.Top, 120);
+    expect_at(s.dot, 2880, 120, "upper right corner");
     constexpr long least = std::numeric_limits<long>::min(), most = std::numeric_limits<long>::max();
     pc.joystick = {{5, most}, {7, least}, {13, least}, {14, most}};
     move(least, most);

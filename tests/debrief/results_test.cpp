@@ -3,7 +3,6 @@
 #include "debrief/report.h"
 #include "debrief/resultsfile.h"
 #include "drill.h"
-#include "gunnery/screen.h"
 #include "setup/startsim.h"
 
 namespace vorn {
@@ -37,7 +36,7 @@ struct debrief : testing::Test {
         d.tap('A');
         d.tap('D');
     }
-    void fire_and_stop()
+    void SetUp() override
     {
         shoot(4589 - 300, 1700 - 100);
         d.pc.wait(3.1);
@@ -53,18 +52,10 @@ struct debrief : testing::Test {
     void open(const char* name) { d.pc.choose(s.Cmdopen, path(name)); }
     void save(const char* name) { d.pc.choose(s.Cmdsave, path(name)); }
     void put(const char* name, const practice_state& record) { d.data.put(name, results_file_bytes(record)); }
-    std::string said() const { return d.last_box(); }
 };
-
-void expect_at(const screen_object& mark, double left, double top, const char* which)
-{
-    EXPECT_DOUBLE_EQ(mark.Left, left) << which;
-    EXPECT_DOUBLE_EQ(mark.Top, top) << which;
-}
 
 TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
 {
-    fire_and_stop();
     EXPECT_EQ(shown_screens(d.pc), "results");
     EXPECT_EQ(s.Txtstudent.Text, "SMITH_000                     ");
     EXPECT_EQ(s.Txtpractype.Text + ' ' + s.Txtrngename.Text, "VISUAL PLAIN               ");
@@ -88,7 +79,6 @@ TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
 
 TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
 {
-    fire_and_stop();
     // The scale is 1695 / 385, rounded: 4. At the first round the centre of the target was at 4481.5, 1792.5
     // and the aim point at 4525, 1140.
     expect_at(s.Imagepoa, 2040 + 4 * 44, 1560 + 4 * 652, "aim 1");
@@ -126,7 +116,6 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
 
 TEST_F(debrief, a_saved_record_is_the_same_when_opened_after_another)
 {
-    fire_and_stop();
     save("SMITH_.vrn");
     EXPECT_EQ(d.pc.dialogs.back().proposed, "SMITH_.vrn");
     const file_dialog& dialog = d.pc.dialogs.back();
@@ -173,7 +162,6 @@ TEST_F(debrief, the_record_decides_which_marks_are_visible)
     r.reclazey[15] = 5;
     r.rectime[15] = 1;
     put("facts.vrn", r);
-    fire_and_stop();
     open("facts.vrn");
     EXPECT_TRUE(s.Frmtherm.Visible && s.Imagepoa.Visible && !s.Lbltargetvis.Visible);
     EXPECT_EQ(s.markerscale, 11);
@@ -197,7 +185,7 @@ TEST_F(debrief, the_record_decides_which_marks_are_visible)
             EXPECT_EQ(o->Visible, o == mark) << e;
     }
     view(9);
-    EXPECT_EQ(said(), "YOU DID NOT FIRE THIS ROUND ");
+    EXPECT_EQ(d.last_box(), "YOU DID NOT FIRE THIS ROUND ");
     EXPECT_EQ(s.Lbltgtnumber[8].ForeColor, colour::red) << "the display stays";
     EXPECT_TRUE(s.Imglaze.Pale);
     view(15);
@@ -213,7 +201,6 @@ TEST_F(debrief, the_record_decides_which_marks_are_visible)
 
 TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
 {
-    fire_and_stop();
     const std::string before = results_file_bytes(p);
     for (const auto& [button, words] : {std::pair{&s.Cmdopen, "THAT FILE COULD NOT BE OPENED"},
                                         {&s.Cmdsave, "THERE WAS A SERIOUS ERROR SAVING THAT FILE"},
@@ -221,19 +208,19 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
                                         {&s.Cmddelete, "ARE YOU SURE YOU WISH TO DELETE SMITH_.vrn"}}) {
         s.outcome.Caption = "The outcome of the last button";
         d.pc.click(*button);   // cancelled, or answered no
-        EXPECT_EQ(said() + s.outcome.Caption, words);
+        EXPECT_EQ(d.last_box() + s.outcome.Caption, words);
     }
     EXPECT_EQ(p.resultsfile, "SMITH_.vrn") << "the proposed name";
     EXPECT_EQ(results_file_bytes(p), before) << "unchanged";
     save("no such folder/own.vrn");
-    EXPECT_EQ(said(), "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+    EXPECT_EQ(d.last_box(), "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     EXPECT_EQ(s.outcome.Caption, "");
     d.pc.click(s.Cmdsave);   // resultsfile is the proposed name again
     d.data.put("smith_.vrn", "another's");
     // A name in different case is another file, unless the file system ignores case.
     const bool another = d.data.get("SMITH_.vrn").empty();
     d.pc.confirm(s.Cmddelete);
-    EXPECT_EQ(said().find("COULD NOT BE DELETED") != std::string::npos, another);
+    EXPECT_EQ(d.last_box().find("COULD NOT BE DELETED") != std::string::npos, another);
     EXPECT_EQ(!d.data.get("smith_.vrn").empty(), another);
     for (const auto& [count, whole] : {std::pair{"0", true}, {"15", true}, {"16", false}, {"-1", false}}) {
         const std::string head = first_lines(before, 1);
@@ -244,14 +231,14 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
         EXPECT_EQ(p.targetcount, std::stoi(whole ? count : "15"));
         if (p.targetcount < 15) continue;
         d.pc.click(s.Lbltgtnumber[15]);
-        EXPECT_EQ(said(), "YOU DID NOT FIRE THIS ROUND ");
+        EXPECT_EQ(d.last_box(), "YOU DID NOT FIRE THIS ROUND ");
     }
     for (const int lines : {100, 480}) {   // cut among the values of engagements, then among those of rounds
         d.data.put("own.vrn", first_lines(before, lines));
         d.pc.boxes.clear();
         open("own.vrn");
         ASSERT_EQ(d.pc.boxes.size(), 1U);
-        EXPECT_EQ(said(), "THAT FILE COULD NOT BE OPENED") << lines << " of 520 lines";
+        EXPECT_EQ(d.last_box(), "THAT FILE COULD NOT BE OPENED") << lines << " of 520 lines";
     }
     EXPECT_TRUE(s.Cmdopen.Enabled);
 }
@@ -273,28 +260,23 @@ TEST_F(debrief, never_shows_a_record_with_the_pictures_of_another)
     r.resultpicture = "visualrange.vrp";
     r.resulticon2 = "/target icons/none.ico";
     put("noicon.vrn", r);
-    const struct {
-        const char* file;
-        bool opens, strip, icon;
-    } cases[] = {{"nopicture.vrn", false, false, true},
-                 {"bare.vrn", true, false, true},
-                 {"noicon.vrn", false, true, false}};
-    fire_and_stop();
     save("own.vrn");
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.file);
+    for (const auto& [file, opens, strip, icon] : {std::tuple{"nopicture.vrn", false, false, true},
+                                                   {"bare.vrn", true, false, true},
+                                                   {"noicon.vrn", false, true, false}}) {
+        SCOPED_TRACE(file);
         open("own.vrn");
         ASSERT_TRUE(s.imgtargetpointer.Visible && s.Imghesh.Picture.width > 0);
         d.pc.boxes.clear();
-        open(c.file);
-        EXPECT_EQ(d.pc.boxes.size(), c.opens ? 0U : 1U);
-        EXPECT_TRUE(c.opens || said() == "THAT FILE COULD NOT BE OPENED");
+        open(file);
+        EXPECT_EQ(d.pc.boxes.size(), opens ? 0U : 1U);
+        EXPECT_TRUE(opens || d.last_box() == "THAT FILE COULD NOT BE OPENED");
         EXPECT_EQ(p.rectarget[1], 7) << "the record has been read";
-        EXPECT_EQ(s.Imgrange.Picture.width > 0, c.strip);
-        EXPECT_EQ(s.overviewscalex, c.strip ? 4 : 3);
-        EXPECT_EQ(s.imgtargetpointer.Visible, c.strip) << "the pointer needs the picture";
-        EXPECT_EQ(s.Imghesh.Picture.source.ends_with("target3.ico"), c.icon);
-        EXPECT_TRUE(c.icon || s.Imghesh.Picture == s.Imghesh.design->Picture);
+        EXPECT_EQ(s.Imgrange.Picture.width > 0, strip);
+        EXPECT_EQ(s.overviewscalex, strip ? 4 : 3);
+        EXPECT_EQ(s.imgtargetpointer.Visible, strip) << "the pointer needs the picture";
+        EXPECT_EQ(s.Imghesh.Picture.source.ends_with("target3.ico"), icon);
+        EXPECT_TRUE(icon || s.Imghesh.Picture == s.Imghesh.design->Picture);
         EXPECT_EQ(s.Txtpractype.Text.size(), p.resultmode.empty() ? 0U : 60U);
         for (const screen_object* o : {&s.Lblsystem, &s.Lblammo, &s.Lbltarget})
             EXPECT_EQ(o->Caption.size(), p.resultmode.empty() ? 0U : 20U) << "long texts are cut";
@@ -320,11 +302,10 @@ TEST_F(debrief, never_shows_a_record_with_the_pictures_of_another)
 
 TEST_F(debrief, print_and_delete_need_a_file_and_a_confirmation)
 {
-    fire_and_stop();
     d.pc.click(s.Cmdprint);
-    EXPECT_EQ(said(), "NO FILE IS OPEN TO PRINT");
+    EXPECT_EQ(d.last_box(), "NO FILE IS OPEN TO PRINT");
     d.pc.click(s.Cmddelete);
-    EXPECT_EQ(said(), "NO FILE IS OPEN TO DELETE");
+    EXPECT_EQ(d.last_box(), "NO FILE IS OPEN TO DELETE");
     save("own.vrn");
     EXPECT_EQ(s.outcome.Caption, path("own.vrn") + " is saved");
     d.pc.answers = {{true}};
@@ -334,14 +315,14 @@ TEST_F(debrief, print_and_delete_need_a_file_and_a_confirmation)
     d.pc.click(s.Cmdprint);
     EXPECT_EQ(s.outcome.Caption, "");
     EXPECT_EQ(d.pc.boxes.back().on_return, default_button::yes);
-    EXPECT_EQ(said(), "DO YOU WISH TO PRINT A RECORD OF " + path("own.vrn"));
+    EXPECT_EQ(d.last_box(), "DO YOU WISH TO PRINT A RECORD OF " + path("own.vrn"));
     d.pc.click(s.Cmddelete);
-    EXPECT_EQ(said(), "ARE YOU SURE YOU WISH TO DELETE " + path("own.vrn"));
+    EXPECT_EQ(d.last_box(), "ARE YOU SURE YOU WISH TO DELETE " + path("own.vrn"));
     EXPECT_EQ(d.pc.boxes.back().on_return, default_button::no);
     EXPECT_TRUE(d.pc.of_kind("printed").empty() && d.data.get("own.vrn") != "");
     d.pc.printer = false;
     d.pc.confirm(s.Cmdprint);
-    EXPECT_NE(said().find("There is no printer."), std::string::npos);
+    EXPECT_NE(d.last_box().find("There is no printer."), std::string::npos);
     d.pc.confirm(s.Cmddelete);
     EXPECT_EQ(d.data.get("own.vrn") + p.resultsfile + s.Txtstudent.Text, "");
     EXPECT_EQ(s.outcome.Caption, path("own.vrn") + " is deleted");
@@ -350,7 +331,6 @@ TEST_F(debrief, print_and_delete_need_a_file_and_a_confirmation)
 
 TEST_F(debrief, leads_to_a_replay_or_a_new_practice)
 {
-    fire_and_stop();
     d.pc.event(s.Cmdreplay.MouseMove);
     d.pc.wait(2);
     EXPECT_TRUE(s.lblhelp.Visible && s.lblhelp.Top == s.Cmdreplay.Top + 350);
@@ -408,8 +388,6 @@ practice_state practice_of(const std::vector<fired>& engagements)
     }
     return p;
 }
-
-using texts = std::vector<std::string>;
 
 // The last three lines of the report: hits, average and score.
 texts summary_of(const practice_state& p)

@@ -13,14 +13,14 @@ struct program : testing::Test {
     headless_machine pc;
     trainer t{pc};
 
-    void begin()
+    void begin(const std::string& directory)
     {
-        pc.default_directory = data.program();
+        pc.default_directory = directory;
         pc.event([this] { start_program(t); });
     }
     void to_setup()
     {
-        begin();
+        begin(data.program());
         pc.click(t.intro.lblstart);
     }
     std::string screens() { return shown_screens(pc); }
@@ -29,7 +29,7 @@ struct program : testing::Test {
 
 TEST_F(program, starts_with_a_box_and_the_title_screen)
 {
-    begin();
+    begin(data.program());
     EXPECT_EQ(
         last_box(),
         "MOBILE TURRET DRILL CONSOLE \n\r                         by\n\r                    H N VARLEY");
@@ -52,38 +52,34 @@ TEST_F(program, starts_with_a_box_and_the_title_screen)
         EXPECT_EQ(t.intro.lblhelp.ForeColor, colour::text);
     }
     pc.click(t.intro.lblhelp);
-    EXPECT_EQ(pc.of_kind("help"), std::vector<std::string>{data.path("vorn.HLP")});
+    EXPECT_EQ(pc.of_kind("help"), texts{data.path("vorn.HLP")});
 }
 
 TEST_F(program, takes_the_directory_of_a_file_that_the_user_chooses)
 {
     const std::string nested = data.path("ranges");
     std::filesystem::create_directory(from_utf8(nested));
-    const struct {
-        std::string chosen, rootpath;
-    } cases[] = {{data.program() + "/anything.txt", data.ranges()},
-                 {data.ranges() + "/visualrange.arf", data.ranges()},
-                 {data.ranges() + "/visualrange.arf", nested}};
-    for (const auto& c : cases) {
-        if (c.rootpath == nested) data.put("ranges/vorn.HLP", "a manual");
+    for (const auto& [chosen, rootpath] : {std::pair{data.program() + "/anything.txt", data.ranges()},
+                                           {data.ranges() + "/visualrange.arf", data.ranges()},
+                                           {data.ranges() + "/visualrange.arf", nested}}) {
+        if (rootpath == nested) data.put("ranges/vorn.HLP", "a manual");
         headless_machine m;
         trainer u(m);
         m.default_directory = data.program() + "/none";
         m.answers = {{true}, {true}};
-        m.files = {c.chosen};
+        m.files = {chosen};
         m.event([&] { start_program(u); });
-        EXPECT_EQ(u.shared.rootpath, c.rootpath);
+        EXPECT_EQ(u.shared.rootpath, rootpath);
         m.click(u.intro.lblstart);
-        EXPECT_EQ(m.boxes.size(), c.rootpath == nested ? 3U : 2U) << "one box more if there is no range";
-        EXPECT_EQ(native(m.default_directory + "/ranges"), c.rootpath) << "the user is asked only once";
+        EXPECT_EQ(m.boxes.size(), rootpath == nested ? 3U : 2U) << "one box more if there is no range";
+        EXPECT_EQ(native(m.default_directory + "/ranges"), rootpath) << "the user is asked only once";
     }
 }
 
 TEST_F(program, without_its_directory_reports_the_folder_of_the_ranges)
 {
-    pc.default_directory = "/none";
     pc.answers = {{true}, {true}};
-    pc.event([this] { start_program(t); });
+    begin("/none");
     EXPECT_EQ(pc.dialogs.size(), 1U) << "the dialog was cancelled";
     EXPECT_EQ(t.shared.rootpath, "");
     pc.click(t.intro.lblexit);   // without an answer the question is answered No
@@ -96,9 +92,8 @@ TEST_F(program, without_its_directory_reports_the_folder_of_the_ranges)
 
 TEST_F(program, ends_when_the_user_declines_to_look_for_the_directory)
 {
-    pc.default_directory = "/none";
     pc.answers = {{true}, {false}};
-    pc.event([this] { start_program(t); });
+    begin("/none");
     EXPECT_TRUE(pc.ended);
     EXPECT_TRUE(pc.dialogs.empty());
 }

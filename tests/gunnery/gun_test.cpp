@@ -5,8 +5,6 @@
 namespace vorn {
 namespace {
 
-using texts = std::vector<std::string>;
-
 // A FIN target at 1100 metres, 385 twips wide (thermal: 285); the main armament selected and loaded.
 struct gun : each_sight {
     gun()
@@ -40,8 +38,7 @@ TEST_P(gun, fin_hits)
     ASSERT_TRUE(s.gunloaded && s.Imgloaded.Visible);
     d.target_at(fall_left() - 200, fall_top() - 150);
     d.tap('D');
-    EXPECT_DOUBLE_EQ(s.ammo.Left, fall_left());
-    EXPECT_DOUBLE_EQ(s.ammo.Top, fall_top());
+    expect_at(s.ammo, fall_left(), fall_top(), "round");
     EXPECT_FALSE(s.ammo.Visible || s.gunloaded || s.Imgloaded.Visible);
     EXPECT_EQ(p.recfallx[1][1], -200);
     EXPECT_EQ(p.recfally[1][1], -150);
@@ -51,8 +48,7 @@ TEST_P(gun, fin_hits)
     const double size = s.Imgtargets.Width + 100;
     EXPECT_TRUE(s.Imgexplode.Visible && s.Imgexplode.Width == size && s.Imgexplode.Height == size);
     EXPECT_EQ(s.Imgtargets.Fire, visual ? fire::flames : fire::hot);
-    EXPECT_DOUBLE_EQ(s.Imgexplode.Left, s.Imgtargets.Left);
-    EXPECT_DOUBLE_EQ(s.Imgexplode.Top, s.Imgtargets.Top - 100);
+    expect_at(s.Imgexplode, s.Imgtargets.Left, s.Imgtargets.Top - 100, "explosion");
     EXPECT_EQ(s.Imgexplode.Picture.source, visual ? ":explosion1" : ":hotexplosion1");
     EXPECT_TRUE(s.ammo.Width == (visual ? 20 : 10) && s.ammo.Height == s.ammo.Width) << "far away";
     d.pc.wait(13.5 * timer_floor);
@@ -96,20 +92,17 @@ TEST_P(gun, a_round_on_the_edge_of_the_kill_box_misses)
 // All rounds scatter up and down on the visual sight. FIN scatters to the right on both sights.
 TEST_P(gun, rounds_scatter)
 {
-    const struct {
-        double draw;
-        int spread, across;   // twips
-    } cases[] = {{0, -75, visual ? 128 : 95}, {0.5, 0, visual ? 64 : 48}, {0.9999, 74, visual ? 0 : 1}};
     miss();
-    for (const auto& c : cases) {
-        d.random(c.draw);
+    for (const auto& [draw, spread, across] : {std::tuple{0.0, -75, visual ? 128 : 95},
+                                               {0.5, 0, visual ? 64 : 48},
+                                               {0.9999, 74, visual ? 0 : 1}}) {
+        d.random(draw);
         load(fin_tank);
         d.tap('D');
-        EXPECT_DOUBLE_EQ(s.ammo.Left, s.mbs1.Left + c.across) << c.draw;
-        EXPECT_DOUBLE_EQ(s.ammo.Top, visual ? 1700 + c.spread : 2600) << c.draw;
+        expect_at(s.ammo, s.mbs1.Left + across, visual ? 1700 + spread : 2600, draw);
         load(hesh_bmp);
         d.tap('D');
-        EXPECT_NEAR(s.ammo.Top, visual ? 1140 + 2200 + c.spread : 2650, 0.31) << c.draw;
+        EXPECT_NEAR(s.ammo.Top, visual ? 1140 + 2200 + spread : 2650, 0.31) << draw;
         EXPECT_TRUE(s.ammo.Width == 20 && s.ammo.Height == 20) << "far away";
     }
 }
@@ -156,26 +149,20 @@ TEST_P(gun, fires_at_nothing)
 
 TEST_P(gun, a_wrong_round_is_not_fired)
 {
-    const struct {
-        int nature;
-        const char* line;
-        const char* file;
-    } wrong[] = {{fin_tank, "COMMANDER : SELECT FIN", "selectfin.wav"},
-                 {hesh_bmp, "COMMANDER : SELECT HESH", "selechesh.wav"},
-                 {coax_transport, "COMMANDER : SELECT COAX", "selectcoax.wav"}};
-    for (const auto& w : wrong) {
+    for (const auto& [nature, line, file] : {std::tuple{fin_tank, "COMMANDER : SELECT FIN", "selectfin.wav"},
+                                             {hesh_bmp, "COMMANDER : SELECT HESH", "selechesh.wav"},
+                                             {coax_transport, "COMMANDER : SELECT COAX", "selectcoax.wav"}})
         for (const bool voices : {false, true}) {
             p.voiceson = voices;
             s.Cmdautolay.Enabled = true;
             d.pc.log.clear();
-            wrong_round(w.nature);
-            EXPECT_EQ(d.crew(), w.line);
-            EXPECT_EQ(d.sounds(), texts(voices || !visual ? 1 : 0, w.file));
+            wrong_round(nature);
+            EXPECT_EQ(d.crew(), line);
+            EXPECT_EQ(d.sounds(), texts(voices || !visual ? 1 : 0, file));
             EXPECT_EQ(s.voicebusy, voices);
             EXPECT_TRUE(s.gunloaded && !s.Cmdautolay.Enabled);
             d.pc.wait(5);
         }
-    }
 }
 
 TEST_P(gun, a_kill_with_voices_off_plays_an_explosion)
@@ -203,55 +190,42 @@ TEST_P(gun, a_second_call_ends_with_the_first)
 
 TEST_P(gun, a_call_silences_effects_and_the_release_stops_coax_only)
 {
-    const struct {
-        int nature;
-        bool call;
-        const char* pressed;    // played while the trigger is held
-        const char* released;   // played afterwards
-    } cases[] = {{coax_transport, false, "coax.wav", ""},
-                 {coax_transport, true, "", ""},
-                 {fin_tank, false, "fire.wav", "fire.wav"},
-                 {fin_tank, true, visual ? "fire.wav" : "", visual ? "fire.wav" : ""},
-                 {hesh_bmp, false, "fire.wav", "fire.wav"},
-                 {hesh_bmp, true, visual ? "fire.wav" : "", visual ? "fire.wav" : ""}};
     const auto playing = [&] { return to_utf8(from_utf8(d.pc.playing).filename()); };
     s.targetlife = 500;
     miss();
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.nature << (c.call ? " in a call" : ""));
-        if (c.call) wrong_round(c.nature);
-        load(c.nature);
-        d.pc.key_down('D');
-        EXPECT_EQ(playing(), c.pressed);
-        d.pc.key_up('D');
-        EXPECT_EQ(playing(), c.released);
-        d.pc.wait(9);   // until the loader's call is over
-    }
+    for (const int nature : {coax_transport, fin_tank, hesh_bmp})
+        for (const bool call : {false, true}) {
+            SCOPED_TRACE(testing::Message() << nature << (call ? " in a call" : ""));
+            const bool coax = nature == coax_transport;
+            const char* const shot = coax ? "coax.wav" : "fire.wav";
+            if (call) wrong_round(nature);
+            load(nature);
+            d.pc.key_down('D');
+            EXPECT_EQ(playing(), !call || (visual && !coax) ? shot : "");
+            d.pc.key_up('D');
+            EXPECT_EQ(playing(), coax || (call && !visual) ? "" : shot);
+            d.pc.wait(9);   // until the loader's call is over
+        }
 }
 
 // The loader is silent on the visual sight until the deselect, on the thermal sight during the burst. The
 // crew line is shown anyway.
 TEST_P(gun, the_loader_is_silent_after_a_coax_burst)
 {
-    const struct {
-        bool release, deselect;
-        const char* visual;
-        const char* thermal;
-    } cases[] = {{false, false, "coax.wav", "coax.wav"},
-                 {true, false, "coax.wav", "loaded.wav"},
-                 {true, true, "loaded.wav", "loadfire.wav"}};
     s.targetlife = 500;
     d.tap('Q');
     miss();
-    for (const auto& c : cases) {
+    for (const auto& [release, deselect, last] : {std::tuple{false, false, "coax.wav"},
+                                                  {true, false, visual ? "coax.wav" : "loaded.wav"},
+                                                  {true, true, visual ? "loaded.wav" : "loadfire.wav"}}) {
         load(coax_transport);
         d.pc.log.clear();
         s.lblcrew.Caption.clear();
         d.pc.key_down('D');
-        if (c.release) d.pc.key_up('D');
-        if (c.deselect) d.tap('W');
+        if (release) d.pc.key_up('D');
+        if (deselect) d.tap('W');
         d.pc.wait(1.1);
-        EXPECT_EQ(d.sounds().back(), visual ? c.visual : c.thermal);
+        EXPECT_EQ(d.sounds().back(), last);
         EXPECT_EQ(d.times_of("LOADER :- LOADED !!").size(), 1U);
         d.pc.key_up('D');
         d.pc.wait(5);
@@ -305,26 +279,20 @@ TEST_P(gun, a_round_that_does_not_kill_leaves_a_mark_on_the_ground)
 
 TEST_P(gun, deselecting_keeps_a_round_for_a_target_that_is_up)
 {
-    const struct {
-        bool up, correctall;
-        bool loaded;
-        float correction;
-    } cases[] = {
-        {true, true, true, 0}, {true, false, true, 40}, {false, true, false, 0}, {false, false, false, 40}};
-    for (const auto& c : cases) {
+    for (const auto& [up, correctall] :
+         {std::pair{true, true}, {true, false}, {false, true}, {false, false}}) {
         d.tap('E');
         s.gunloaded = s.Imgloaded.Visible = true;
         s.heshcorrection = 40;
         s.heshcorrecting = true;
-        s.Imgtargets.Visible = c.up;
+        s.Imgtargets.Visible = up;
         s.hasfired = true;
         s.coaxhits = 1;
-        p.heshcorrectall = c.correctall;
+        p.heshcorrectall = correctall;
         d.tap('W');
         EXPECT_TRUE(s.hasfired == visual && s.coaxhits == (visual ? 1 : 0));
-        EXPECT_EQ(s.gunloaded, c.loaded);
-        EXPECT_EQ(s.Imgloaded.Visible, c.loaded);
-        EXPECT_FLOAT_EQ(s.heshcorrection, c.correction);
+        EXPECT_TRUE(s.gunloaded == up && s.Imgloaded.Visible == up);
+        EXPECT_FLOAT_EQ(s.heshcorrection, correctall ? 0.0F : 40.0F);
         EXPECT_FALSE(s.ammoarmed || s.heshcorrecting);
         EXPECT_EQ(s.Lblammotype.Caption + s.Lblrange.Caption, "");
         EXPECT_FALSE(visual ? s.laze.Visible : s.Imglam.Visible || s.imgbam.Visible || !s.Imgstadia.Visible);
@@ -386,24 +354,21 @@ TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
 // The loader starts with the order on the thermal sight, after the lay on the visual one.
 TEST(loader, time_by_nature_and_sight)
 {
-    const struct {
-        sight_kind sight;
-        int engagementtype;
-        double seconds;
-    } cases[] = {{sight_kind::visual, 4, 4},  {sight_kind::visual, 3, 4},  {sight_kind::visual, 2, 1},
-                 {sight_kind::thermal, 4, 5}, {sight_kind::thermal, 3, 5}, {sight_kind::thermal, 2, 2}};
-    for (const auto& c : cases) {
-        drill d(c.sight);
-        d.t.shared.engagementtype = c.engagementtype;
-        d.start();
-        d.pc.advance(d.screen().visual() ? 7.9 : 7);
-        while (!d.screen().Timloading.Enabled) d.pc.wait(0.1);
-        d.pc.wait(c.seconds - 0.2);
-        EXPECT_FALSE(d.screen().gunloaded) << c.engagementtype;
-        d.pc.wait(0.3);
-        EXPECT_TRUE(d.screen().gunloaded) << c.engagementtype;
-        EXPECT_EQ(d.screen().Imgloaded.Visible, c.engagementtype != 2);
-    }
+    for (const sight_kind sight : both_sights)
+        for (const int engagements : {2, 3, 4}) {
+            drill d(sight);
+            const gunnery_screen& s = d.screen();
+            const bool coax = engagements == 2;
+            d.t.shared.engagementtype = engagements;
+            d.start();
+            d.pc.advance(s.visual() ? 7.9 : 7);
+            while (!s.Timloading.Enabled) d.pc.wait(0.1);
+            d.pc.wait((coax ? 1 : 4) + (s.visual() ? 0 : 1) - 0.2);
+            EXPECT_FALSE(s.gunloaded) << engagements;
+            d.pc.wait(0.3);
+            EXPECT_TRUE(s.gunloaded) << engagements;
+            EXPECT_EQ(s.Imgloaded.Visible, !coax);
+        }
 }
 
 TEST(wind, offset_is_rounded_down_and_cleared_by_the_visual_reset)

@@ -7,12 +7,10 @@
 namespace vorn {
 namespace {
 
-enum class system_option { full, laze, tls, degrading };
-
 struct shoot {
     sight_kind sight;
     int engagements;   // 1 mixed, 2 coax, 3 HESH, 4 FIN
-    system_option system;
+    int system;        // 1 full, 2 laze only, 3 TLS only, 4 self-degrading
     device by;
     std::string range;
 };
@@ -23,7 +21,7 @@ std::string name_of(const testing::TestParamInfo<shoot>& i)
     static constexpr const char* systems[] = {"full", "laze_only", "tls_only", "degrading"};
     static constexpr const char* devices[] = {"keys", "buttons", "stick"};
     return std::string(i.param.sight == sight_kind::visual ? "visual_" : "thermal_") +
-           natures[i.param.engagements - 1] + '_' + systems[static_cast<int>(i.param.system)] + "_by_" +
+           natures[i.param.engagements - 1] + '_' + systems[i.param.system - 1] + "_by_" +
            devices[static_cast<int>(i.param.by)] + "_on_" + i.param.range;
 }
 
@@ -33,11 +31,10 @@ std::vector<shoot> all_shoots()
     const std::vector<std::string> visual{"visualrange", "range1", "valley", "winter"};
     const std::vector<std::string> thermal{"Thermalrange", "valnight", "wintnght"};
     std::vector<shoot> all;
-    for (const sight_kind sight : {sight_kind::visual, sight_kind::thermal})
+    for (const sight_kind sight : both_sights)
         for (int nature = 1; nature <= 4; ++nature)
-            for (const system_option s :
-                 {system_option::full, system_option::laze, system_option::tls, system_option::degrading})
-                all.push_back({sight, nature, s, static_cast<device>(all.size() % 3),
+            for (int system = 1; system <= 4; ++system)
+                all.push_back({sight, nature, system, static_cast<device>(all.size() % 3),
                                sight == sight_kind::visual ? visual[all.size() / 3 % visual.size()]
                                                            : thermal[all.size() / 2 % thermal.size()]});
     return all;
@@ -62,8 +59,8 @@ struct practice : testing::TestWithParam<shoot> {
     {
         const shoot& set = GetParam();
         p.rangefile = p.rootpath + '/' + set.range + ".arf";
-        p.selfdegrading = set.system == system_option::degrading;
-        p.systemstatus = p.selfdegrading ? 1 : static_cast<int>(set.system) + 1;
+        p.selfdegrading = set.system == 4;
+        p.systemstatus = p.selfdegrading ? 1 : set.system;
         p.targetblocks = p.selfdegrading ? 3 : 2;
     }
 };

@@ -13,9 +13,9 @@ namespace vorn {
 namespace {
 
 using times = std::vector<double>;
-using texts = std::vector<std::string>;
 
 struct visual_practice : on_visual {};
+struct thermal_practice : on_thermal {};
 struct practice_on : each_sight {};
 INSTANTIATE_TEST_SUITE_P(sights, practice_on, testing::ValuesIn(both_sights), sight_name);
 
@@ -63,10 +63,8 @@ TEST_F(visual_practice, one_engagement_second_by_second)
     EXPECT_EQ(s.Label1.Caption, "28");
     EXPECT_TRUE(s.Imgtargets.Width == 385 && s.Imgtargets.Height == 385 && p.recwidth[1] == 385);
     // From (5400, 3500) towards (3943, 2972) in steps of 350 and 250; the picture moves one step more.
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Left, 4000);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Left, -45600 - 5 * 350);
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 3000);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Top, -12000 - 3 * 250);
+    expect_at(s.Imgtargets, 4000, 3000, "target");
+    expect_at(s.Imgrange, -45600 - 5 * 350, -12000 - 3 * 250, "picture");
     EXPECT_NEAR(d.times_of("FIN TANK ON !!").at(0), 8 + (5 + 3) / 60.0, 1e-6) << "60 steps a second";
     d.pc.advance(27);
     EXPECT_TRUE(s.Imgtargets.Visible && s.Label1.Caption == "1");
@@ -85,9 +83,8 @@ TEST_F(visual_practice, one_engagement_second_by_second)
     EXPECT_EQ(d.sounds(), calls);
 }
 
-TEST(thermal_practice, six_targets_with_waits_of_three_to_seven_seconds)
+TEST_F(thermal_practice, six_targets_with_waits_of_three_to_seven_seconds)
 {
-    drill d(sight_kind::thermal);
     d.start();
     d.to_the_end();
     const times misses = d.times_of("STOP DESELECT !!");
@@ -100,14 +97,12 @@ TEST(thermal_practice, six_targets_with_waits_of_three_to_seven_seconds)
     EXPECT_GT(waits.size(), 1U);
     EXPECT_EQ(d.times_of("COMMANDER :- FIN TANK  !!").size(), 2U);
     EXPECT_EQ(d.times_of("COMMADER :- HESH BMP !!ON !!").size(), 2U);
-    EXPECT_EQ(d.t.shared.recsystem[1], "FULL");
-    EXPECT_TRUE(d.screen().Cmdstopsim.Enabled);
+    EXPECT_EQ(p.recsystem[1], "FULL");
+    EXPECT_TRUE(s.Cmdstopsim.Enabled);
 }
 
-TEST(thermal_practice, one_engagement_second_by_second)
+TEST_F(thermal_practice, one_engagement_second_by_second)
 {
-    drill d(sight_kind::thermal);
-    gunnery_screen& s = d.screen();
     d.random(draw_of(6));
     d.start();
     d.pc.advance(7);
@@ -116,14 +111,12 @@ TEST(thermal_practice, one_engagement_second_by_second)
     d.pc.advance(1);
     EXPECT_DOUBLE_EQ(s.Imgtargets.Width, 560 - 1100 / 4.0);
     // From 2400, 1900 in steps of 50 to 2000 - Int(800 x 5.5 / 19), 1800 - Int(300 x 5.5 / 19).
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Left, 1800);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Left, -7080 - 13 * 50);
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 1750);
-    EXPECT_DOUBLE_EQ(s.Imgrange.Top, -3720 - 4 * 50);
+    expect_at(s.Imgtargets, 1800, 1750, "target");
+    expect_at(s.Imgrange, -7080 - 13 * 50, -3720 - 4 * 50, "picture");
     EXPECT_EQ(d.crew(), "COMMANDER :- FIN TANK  !!ON !!");
     EXPECT_EQ(s.Imgstadia.Picture.source, ":stadia1") << "for this size";
     EXPECT_EQ(d.sounds().back(), "on.wav");
-    EXPECT_EQ(d.t.shared.recwidth[1], 0);
+    EXPECT_EQ(p.recwidth[1], 0);
     d.pc.advance(4);   // the fifth tick of the loader; from the sixth on the line is cleared
     EXPECT_EQ(d.crew(), "LOADER :- LOADED !!");
     d.pc.advance(1);
@@ -327,23 +320,17 @@ TEST(commander, report_by_system_status)
 
 TEST_F(visual_practice, the_commander_calls_the_range_in_hundreds)
 {
+    const struct {
+        int range, call;
+    } calls[] = {{0, 600},     {699, 600},   {700, 800},   {899, 800},   {900, 900},  {999, 900},
+                 {1000, 1000}, {1199, 1100}, {1899, 1800}, {1900, 2000}, {2500, 2000}};
     d.set_up();
-    for (const auto& [range, call] : {std::pair{0, "600"},
-                                      {699, "600"},
-                                      {700, "800"},
-                                      {899, "800"},
-                                      {900, "900"},
-                                      {999, "900"},
-                                      {1000, "1000"},
-                                      {1199, "1100"},
-                                      {1899, "1800"},
-                                      {1900, "2000"},
-                                      {2500, "2000"}}) {
-        p.targetrange[s.currenttarget] = range;
+    for (const auto& c : calls) {
+        p.targetrange[s.currenttarget] = c.range;
         s.lblcrew.Caption = "FIN TANK ";
         d.pc.event([&] { callrange(d.t, s); });
-        EXPECT_EQ(d.crew(), "FIN TANK ON " + std::string(call) + " !!!") << range;
-        EXPECT_EQ(d.sounds().back(), "on" + std::string(call) + ".wav") << range;
+        EXPECT_EQ(d.crew(), "FIN TANK ON " + std::to_string(c.call) + " !!!") << c.range;
+        EXPECT_EQ(d.sounds().back(), "on" + std::to_string(c.call) + ".wav") << c.range;
     }
 }
 
@@ -507,19 +494,16 @@ TEST_F(during_the_lay, pause_stops_the_loader_too)
     EXPECT_EQ(d.crew(), "LOADED....  FIRE");
 }
 
-TEST_F(during_the_lay, an_exit_ends_the_program)
-{
-    d.pc.answers = {{true}, {true}};
-    act([&] { d.pc.click(s.CMDEXIT); });
-    EXPECT_TRUE(d.pc.ended && !s.targetcalled);
-}
-
-TEST_F(during_the_lay, exit_cancelled)
+TEST_F(during_the_lay, an_exit_ends_the_program_unless_it_is_cancelled)
 {
     d.pc.answers = {{true}, {false, 20}};
     act([&] { d.pc.click(s.CMDEXIT); });
     d.pc.advance(15);
     EXPECT_TRUE(s.Imgtargets.Visible && s.targetcalled);
+    d.pc.click(s.Cmdmain);
+    d.pc.answers = {{true}, {true}};
+    act([&] { d.pc.click(s.CMDEXIT); });
+    EXPECT_TRUE(d.pc.ended && !s.targetcalled);
 }
 
 TEST_P(practice_on, a_range_with_extreme_positions)

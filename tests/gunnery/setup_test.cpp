@@ -9,9 +9,10 @@ namespace vorn {
 namespace {
 
 struct screen_reset : on_visual {};
+struct screen_on : each_sight {};
+INSTANTIATE_TEST_SUITE_P(sights, screen_on, testing::ValuesIn(both_sights), sight_name);
 
-// The panels that are visible.
-std::string panels(const gunnery_screen& s)
+std::string visible_panels(const gunnery_screen& s)
 {
     std::string all;
     for (const auto& [o, name] : {std::pair{&s.Frmsys, "system "},
@@ -49,7 +50,7 @@ TEST(screen, panels_follow_the_options)
             d.t.shared.joycalibrated = true;
             if (c.changed != nullptr) d.t.shared.*c.changed = !(d.t.shared.*c.changed);
             d.set_up();
-            EXPECT_EQ(panels(d.screen()), kind == sight_kind::visual ? c.visual : c.thermal);
+            EXPECT_EQ(visible_panels(d.screen()), kind == sight_kind::visual ? c.visual : c.thermal);
         }
 }
 
@@ -65,10 +66,10 @@ TEST_F(screen_reset, leaves_hidden_panels_hidden_until_the_next_load)
         hide(d.pc, s.window);
         show(d.pc, s.window);
     });
-    EXPECT_EQ(panels(s), "card lights ");
+    EXPECT_EQ(visible_panels(s), "card lights ");
     d.pc.event(s.Cmdmain.Click);   // called directly: its panel is hidden
     d.set_up();
-    EXPECT_EQ(panels(s), "system crew card lights buttons ");
+    EXPECT_EQ(visible_panels(s), "system crew card lights buttons ");
 }
 
 TEST_F(screen_reset, a_plain_screen_shows_its_keys_until_the_practice_starts)
@@ -104,25 +105,22 @@ TEST_F(screen_reset, a_plain_screen_shows_its_keys_until_the_practice_starts)
     EXPECT_TRUE(front(d.pc) == &s.window && !s.simrunning) << "Esc doesn't leave while the panel is visible";
 }
 
-TEST(screen, start_has_the_focus_until_the_practice_starts)
+TEST_P(screen_on, start_has_the_focus_until_the_practice_starts)
 {
-    for (const sight_kind kind : both_sights) {
-        drill d(kind);
-        const screen_object*& focus = d.screen().window.takes_focus;   // the headless machine leaves it set
-        d.start();
-        EXPECT_EQ(focus, &d.screen().Picrange);
-        d.pc.click(d.screen().Cmdstopsim);
-        EXPECT_EQ(focus, &d.screen().Cmdstartsim);
-        d.pc.click(d.screen().Cmdmain);
-        d.t.shared.plainscreen = kind == sight_kind::visual;
-        d.set_up();
-        EXPECT_EQ(focus, d.t.shared.plainscreen ? &d.screen().Picrange : &d.screen().Cmdstartsim);
-    }
+    const screen_object*& focus = s.window.takes_focus;   // the headless machine leaves it set
+    d.start();
+    EXPECT_EQ(focus, &s.Picrange);
+    d.pc.click(s.Cmdstopsim);
+    EXPECT_EQ(focus, &s.Cmdstartsim);
+    d.pc.click(s.Cmdmain);
+    p.plainscreen = visual;
+    d.set_up();
+    EXPECT_EQ(focus, visual ? &s.Picrange : &s.Cmdstartsim);
 }
 
 // A HESH engagement that changes all state of the fire control; returns readouts, positions and sounds. The
 // lase is followed by an early release, a whole lay, a round and half of its correction.
-std::vector<std::string> hesh_shoot(drill& d)
+texts hesh_shoot(drill& d)
 {
     gunnery_screen& s = d.screen();
     d.pc.log.clear();
@@ -131,7 +129,7 @@ std::vector<std::string> hesh_shoot(drill& d)
     d.pc.wait(8.5);
     EXPECT_TRUE(s.Imgtargets.Visible);
     d.random(0.5);
-    std::vector<std::string> seen;
+    texts seen;
     const auto look = [&] {
         for (const screen_object* o : {&s.Lblammotype, &s.Lblrange, &s.lblcrew, &s.Label2})
             seen.push_back(o->Caption);
@@ -158,25 +156,22 @@ std::vector<std::string> hesh_shoot(drill& d)
     return seen;
 }
 
-TEST(screen, a_load_resets_all_state)
+TEST_P(screen_on, a_load_resets_all_state)
 {
-    for (const sight_kind kind : both_sights) {
-        drill d(kind);
-        d.t.shared.engagementtype = 3;
-        d.t.shared.windbias = 2;
-        const std::vector<std::string> first = hesh_shoot(d);
-        EXPECT_TRUE(d.screen().heshcorrecting && !d.pc.playing.empty());
-        d.pc.click(d.screen().Cmdmain);
-        EXPECT_EQ(d.pc.playing, "") << "silent when the screen is left";
-        d.pc.key_up('S');
-        EXPECT_EQ(hesh_shoot(d), first);
-        d.pc.click(d.screen().Cmdstopsim);
-        EXPECT_TRUE(d.screen().heshcorrecting) << "a reset keeps the correction";
-        d.screen().coaxhits = 2;
-        d.pc.click(d.screen().Cmdmain);
-        d.set_up();
-        EXPECT_EQ(d.screen().coaxhits, 0);
-    }
+    p.engagementtype = 3;
+    p.windbias = 2;
+    const texts first = hesh_shoot(d);
+    EXPECT_TRUE(s.heshcorrecting && !d.pc.playing.empty());
+    d.pc.click(s.Cmdmain);
+    EXPECT_EQ(d.pc.playing, "") << "silent when the screen is left";
+    d.pc.key_up('S');
+    EXPECT_EQ(hesh_shoot(d), first);
+    d.pc.click(s.Cmdstopsim);
+    EXPECT_TRUE(s.heshcorrecting) << "a reset keeps the correction";
+    s.coaxhits = 2;
+    d.pc.click(s.Cmdmain);
+    d.set_up();
+    EXPECT_EQ(s.coaxhits, 0);
 }
 
 TEST_F(screen_reset, calls_are_timed_without_line_and_sound)

@@ -24,44 +24,33 @@ TEST_P(traverse, a_held_key_moves_picture_and_target)
 {
     const double five = visual ? 5 * 20 + 15 : 5 * 30;
     const double left = s.Imgrange.Left, top = s.Imgrange.Top;
-    const struct {
-        int key;
-        double across, down;
-    } keys[] = {{'H', five, 0}, {'J', 0, 0}, {'U', 0, five}, {'N', 0, 0}};
-    for (const auto& k : keys) {
-        d.pc.key_down(k.key);
+    for (const auto& [key, across, down] :
+         {std::tuple{'H', five, 0.0}, {'J', 0.0, 0.0}, {'U', 0.0, five}, {'N', 0.0, 0.0}}) {
+        d.pc.key_down(key);
         ticks(2);
-        d.pc.key_down(k.key);   // auto-repeat
+        d.pc.key_down(key);   // auto-repeat
         d.pc.wait(3 * tick);
-        d.pc.key_up(k.key);
+        d.pc.key_up(key);
         ticks(10);
-        EXPECT_DOUBLE_EQ(s.Imgrange.Left, left + k.across) << static_cast<char>(k.key);
-        EXPECT_DOUBLE_EQ(s.Imgrange.Top, top + k.down) << static_cast<char>(k.key);
-        EXPECT_DOUBLE_EQ(s.Imgtargets.Left, 500 + k.across);
-        EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 700 + k.down);
+        expect_at(s.Imgrange, left + across, top + down, key);
+        expect_at(s.Imgtargets, 500 + across, 700 + down, key);
     }
 }
 
 TEST_P(traverse, limits_are_tested_before_the_move)
 {
     const double near = visual ? -100 : -10;
-    const struct {
-        int key;
-        double object_fields::*along;
-        double limit, inwards;
-    } limits[] = {{'H', &object_fields::Left, near, -1},
-                  {'U', &object_fields::Top, near, -1},
-                  {'J', &object_fields::Left, visual ? 1.0 - 64425 + 4500 : 1.0 - 21780 + 9500, 1},
-                  {'N', &object_fields::Top, visual ? 1.0 - 31815 + 4000 : 1.0 - 11520 + 5800, 1}};
-    for (const auto& l : limits) {
-        s.Imgrange.*l.along = l.limit;
-        d.hold(l.key, 0.1);
-        EXPECT_DOUBLE_EQ(s.Imgrange.*l.along, l.limit) << static_cast<char>(l.key);
-        const double within = l.limit + l.inwards;
-        s.Imgrange.*l.along = within;
-        d.hold(l.key, 0.1);   // one step past the limit
-        EXPECT_DOUBLE_EQ(std::abs(s.Imgrange.*l.along - within), visual ? 21 : 30)
-            << static_cast<char>(l.key);
+    for (const auto& [key, along, limit, inwards] :
+         {std::tuple{'H', &area::Left, near, -1},
+          {'U', &area::Top, near, -1},
+          {'J', &area::Left, visual ? 1.0 - 64425 + 4500 : 1.0 - 21780 + 9500, 1},
+          {'N', &area::Top, visual ? 1.0 - 31815 + 4000 : 1.0 - 11520 + 5800, 1}}) {
+        s.Imgrange.*along = limit;
+        d.hold(key, 0.1);
+        EXPECT_DOUBLE_EQ(s.Imgrange.*along, limit) << key;
+        s.Imgrange.*along = limit + inwards;
+        d.hold(key, 0.1);   // one step, past the limit
+        EXPECT_DOUBLE_EQ(std::abs(s.Imgrange.*along - (limit + inwards)), visual ? 21 : 30) << key;
     }
 }
 
@@ -80,8 +69,7 @@ TEST_P(traverse, the_stick_sets_the_rate)
         s.Imgrange.Left = left;
         s.Imgrange.Top = top;
         d.pc.stick(m.x, m.y);
-        EXPECT_DOUBLE_EQ(s.Imgrange.Left, left + m.across) << m.x << ' ' << m.y;
-        EXPECT_DOUBLE_EQ(s.Imgrange.Top, top + m.down) << m.x << ' ' << m.y;
+        expect_at(s.Imgrange, left + m.across, top + m.down, std::to_string(m.x) + ' ' + std::to_string(m.y));
     }
     s.Imgrange.Left = 1 - s.Imgrange.Width + (visual ? 4500 : 5000);
     const double stopped = s.Imgrange.Left;
@@ -252,25 +240,20 @@ TEST_F(visual_laser, lays)
 
 TEST_F(visual_laser, pressing_the_autolay_in_the_correction_sets_the_lead)
 {
-    const struct {
-        bool correcting;
-        double top;   // of the picture
-        float lead;
-        double mark;
-    } cases[] = {{false, -6000, 0, 4170},
-                 {true, -6000, 0.05F, 4170 + 300},
-                 {true, 0, 0.05F, 4170 + 600},   // the lead is unchanged at 0
-                 {true, 3000, -0.1F, 4170 + 900}};
     d.tap('A');
     s.layready = false;   // no lay
     s.windoffset = 300;
-    for (const auto& c : cases) {
-        s.heshcorrecting = c.correcting;
-        s.Imgrange.Top = c.top;
+    for (const auto& [correcting, picture_top, lead, mark] :
+         {std::tuple{false, -6000, 0.0F, 4170},
+          {true, -6000, 0.05F, 4170 + 300},
+          {true, 0, 0.05F, 4170 + 600},   // the lead is unchanged at 0
+          {true, 3000, -0.1F, 4170 + 900}}) {
+        s.heshcorrecting = correcting;
+        s.Imgrange.Top = picture_top;
         d.pc.key_down('S');
         d.pc.key_down('S');   // auto-repeat
-        EXPECT_FLOAT_EQ(s.leadperstep, c.lead) << c.top;
-        EXPECT_DOUBLE_EQ(s.laze.Left, c.mark) << c.top;
+        EXPECT_FLOAT_EQ(s.leadperstep, lead) << picture_top;
+        EXPECT_DOUBLE_EQ(s.laze.Left, mark) << picture_top;
         d.pc.key_up('S');
     }
     d.tap('W');
@@ -382,20 +365,13 @@ TEST_F(thermal_laser, degraded_lases_move_the_sight)
 TEST_F(thermal_laser, the_stadia_depend_on_the_height_of_the_target)
 {
     // At heights between two classes the picture of the mark stays.
-    for (const auto& [height, picture] : {std::pair{480.0, ":stadia0"},
-                                          {379.5, ":stadia0"},
-                                          {379, ":stadia1"},
-                                          {279.5, ":stadia1"},
-                                          {279, ":stadia2"},
-                                          {180, ":stadia2"},
-                                          {179.9, ":stadia3"},
-                                          {179.5, ":stadia3"},
-                                          {280, ":stadia1"},
-                                          {380, ":stadia0"}}) {
+    std::string classes;
+    for (const double height : {480.0, 379.5, 379.0, 279.5, 279.0, 180.0, 179.9, 179.5, 280.0, 380.0}) {
         s.Imgtargets.Height = height;
         choosestadia(s);
-        EXPECT_EQ(s.Imgstadia.Picture.source, picture) << height;
+        classes += s.Imgstadia.Picture.source.substr(1) + ' ';
     }
+    EXPECT_EQ(classes, "stadia0 stadia0 stadia1 stadia1 stadia2 stadia2 stadia3 stadia3 stadia1 stadia0 ");
 }
 
 }   // namespace

@@ -1,7 +1,6 @@
 // The range author: an instructor makes, saves, opens and changes ranges, and fires on one.
 #include "ranges/rauthor.h"
 #include "drill.h"
-#include "platform/files.h"
 #include "setup/startsim.h"
 #include "state/item_text.h"
 
@@ -29,7 +28,6 @@ struct author : testing::Test {
         pc.choose(s.cmdnew, path(picture));
     }
     void visit() { pc.confirm(d.t.startsim.cmdeditrange); }
-    // Writes a range to a file and opens it.
     void open(const practice_state& range)
     {
         d.data.put_range("own.arf", range);
@@ -71,8 +69,7 @@ TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
         place(n);
         EXPECT_EQ(std::to_string(p.targetx[n]), s.Lblx.Caption);
         EXPECT_NEAR(p.targety[n], std::stod(s.Lbly.Caption), 0.5);
-        EXPECT_EQ(s.Img[n].Left, s.Imgpoint.Left + 100);
-        EXPECT_EQ(s.Img[n].Top, s.Imgpoint.Top + 100);
+        expect_at(s.Img[n], s.Imgpoint.Left + 100, s.Imgpoint.Top + 100, n);
         EXPECT_EQ(s.Lbltarget.Caption, std::to_string(n));
         EXPECT_TRUE(s.Lbltargetnum[n].bold && s.Lbltargetnum[n].BackColor == colour::red);
         EXPECT_TRUE(s.Lbltargetnum[n].AccessibleName.starts_with("Placed"));
@@ -114,21 +111,16 @@ TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
     EXPECT_EQ(s.Lbltgtrange.Caption, "941");
     EXPECT_EQ(s.Imgpoint.Left, std::floor(23960 / (43560 / 14000.0) - 120));
     EXPECT_EQ(s.Imgpoint.Top, std::floor(4707.5 / (7335 / 5000.0) + 120));
-    const struct {
-        screen_object& arrow;
-        double area::*along;
-        double limit, inwards;
-    } limits[] = {{s.cmdleft, &area::Left, -120, -1},
-                  {s.cmdright, &area::Left, 1 - 43560 + 3000, 1},
-                  {s.cmdup, &area::Top, -120, -1},
-                  {s.Cmddown, &area::Top, 100 - 7335 + 2500, 1}};
-    for (const auto& l : limits) {
-        s.Imagerange.*l.along = l.limit;
-        move(l.arrow, 3);
-        EXPECT_EQ(s.Imagerange.*l.along, l.limit) << l.arrow.AccessibleName;
-        s.Imagerange.*l.along = l.limit + l.inwards;
-        move(l.arrow, 3);   // one step, past the limit
-        EXPECT_EQ(s.Imagerange.*l.along, l.limit - 99 * l.inwards) << l.arrow.AccessibleName;
+    for (const auto& [arrow, along, limit, inwards] : {std::tuple{&s.cmdleft, &area::Left, -120, -1},
+                                                       {&s.cmdright, &area::Left, 1 - 43560 + 3000, 1},
+                                                       {&s.cmdup, &area::Top, -120, -1},
+                                                       {&s.Cmddown, &area::Top, 100 - 7335 + 2500, 1}}) {
+        s.Imagerange.*along = limit;
+        move(*arrow, 3);
+        EXPECT_EQ(s.Imagerange.*along, limit) << arrow->AccessibleName;
+        s.Imagerange.*along = limit + inwards;
+        move(*arrow, 3);   // one step, past the limit
+        EXPECT_EQ(s.Imagerange.*along, limit - 99 * inwards) << arrow->AccessibleName;
     }
 }
 
@@ -357,8 +349,7 @@ TEST_F(author, opens_a_range_and_shows_every_position)
     EXPECT_EQ(s.Textname.Text + ' ' + s.Lblrangetype.Caption, "PLAIN THERMAL THERMAL");
     EXPECT_EQ(s.Imgtarget[3].Picture.width, 480);
     EXPECT_EQ(s.Image1.Picture.width, 43560) << "the overview";
-    EXPECT_EQ(s.Img[7].Left, 9879);
-    EXPECT_EQ(s.Img[7].Top, 2164);
+    expect_at(s.Img[7], 9879, 2164, "marker");
     EXPECT_EQ(p.rangefile, path("own.arf"));
     save("copy.arf");
     EXPECT_EQ(d.data.get("copy.arf"), range_file_bytes(r));

@@ -1,7 +1,6 @@
 // The set-up screen: options and what they set, programmed practices, practice files, the choice of a range.
 #include "setup/startsim.h"
 #include "drill.h"
-#include "gunnery/screen.h"
 #include "setup/setup.h"
 
 namespace vorn {
@@ -15,9 +14,9 @@ struct setup : testing::Test {
     startsim_screen& s = t.startsim;
     practice_state& p = t.shared;
 
-    std::vector<std::string> summary() const
+    texts summary() const
     {
-        std::vector<std::string> all;
+        texts all;
         for (const screen_object& l : s.lblprac) all.push_back(l.Caption);
         return all;
     }
@@ -86,18 +85,16 @@ TEST_F(setup, each_option_writes_its_line_of_the_summary)
     for (screen_object* o : {&s.Optsys4, &s.Opteng3, &s.Opttargets4, &s.Opttime4, &s.Opttarg2, &s.Optmode2})
         pc.click(*o);
     EXPECT_TRUE(s.Frame6.Enabled && !s.Frame10.Enabled) << "only HESH: wind, but no coax bursts";
-    EXPECT_EQ(summary(),
-              (std::vector<std::string>{"A DEGRADING ", "NORMAL / REV MODES PRACTICE",
-                                        "USING ONLY HESH AMMUNITION", "15 TARGETS", "UP FOR 40 SECS",
-                                        "TARGETS APPEAR ON DEMAND", "THERMAL", "THERE ARE NO COAX TARGETS"}));
+    EXPECT_EQ(summary(), (texts{"A DEGRADING ", "NORMAL / REV MODES PRACTICE", "USING ONLY HESH AMMUNITION",
+                                "15 TARGETS", "UP FOR 40 SECS", "TARGETS APPEAR ON DEMAND", "THERMAL",
+                                "THERE ARE NO COAX TARGETS"}));
     for (screen_object* o :
          {&s.Optsys2, &s.Opteng2, &s.Opttargets1, &s.Opttime1, &s.Opttarg1, &s.Optmode1, &s.Option3})
         pc.click(*o);
     EXPECT_EQ(settings(p), std::tuple(1, true, 2, 500, 2, 2, false, 3, 0));
-    EXPECT_EQ(summary(), (std::vector<std::string>{"A LAZE ONLY ", "A REV MODES PRACTICE SHOOT",
-                                                   "USING ONLY COAX AMMUNITION", "6 TARGETS",
-                                                   "UP TILL DESTROYED", "TARGETS APPEAR AUTOMATICALLY",
-                                                   "VISUAL", "3 KILL BURSTS ON COAX TARGETS"}));
+    EXPECT_EQ(summary(), (texts{"A LAZE ONLY ", "A REV MODES PRACTICE SHOOT", "USING ONLY COAX AMMUNITION",
+                                "6 TARGETS", "UP TILL DESTROYED", "TARGETS APPEAR AUTOMATICALLY", "VISUAL",
+                                "3 KILL BURSTS ON COAX TARGETS"}));
 }
 
 TEST_F(setup, an_option_for_a_number_writes_it_into_its_own_line)
@@ -118,7 +115,7 @@ TEST_F(setup, an_option_for_a_number_writes_it_into_its_own_line)
     pc.click(s.Opttime1);
     for (const auto& g : groups)
         for (screen_object* o : g.options) {
-            std::vector<std::string> before = summary(), after;
+            texts before = summary(), after;
             pc.click(*o);
             after = summary();
             EXPECT_TRUE(after[g.line].starts_with(g.words())) << after[g.line];
@@ -161,8 +158,7 @@ TEST_F(setup, hints_for_frames_appear_at_once_and_for_buttons_after_a_rest)
     EXPECT_TRUE(s.Lblhelp.Visible);
     EXPECT_EQ(s.Lblhelp.Caption, "Save current setup");
     EXPECT_DOUBLE_EQ(s.Lblhelp.Width, 80 * (18 + 2));
-    EXPECT_DOUBLE_EQ(s.Lblhelp.Left, s.cmdsaveset.Left + 800);
-    EXPECT_DOUBLE_EQ(s.Lblhelp.Top, s.cmdsaveset.Top + 495);
+    expect_at(s.Lblhelp, s.cmdsaveset.Left + 800, s.cmdsaveset.Top + 495, "hint");
     pc.event(s.Cmdexit.MouseMove);
     EXPECT_LE(s.Lblhelp.Left + s.Lblhelp.Width, form_width);
     pc.event(s.window.MouseMove);
@@ -217,13 +213,12 @@ TEST_F(setup, a_programmed_practice_selects_its_options_and_writes_its_summary)
                                  : n == 1    ? "YOU WILL RECEIVE NO"
                                              : "THERE WILL BE NO";
         EXPECT_EQ(summary(),
-                  (std::vector<std::string>{
-                      laze ? "A  LAZE ONLY " : "A FULL SYSTEM",
-                      laze ? "SPECIAL PRACTICE SHOOT" : "STANDARD PRACTICE SHOOT",
-                      std::string("USING ") + rounds[type - 1], mixed ? "NINE TARGETS" : "SIX TARGETS",
-                      n <= 2 ? " UP FOR 30 SECS " : "UP FOR 30 SECS ",
-                      mixed ? "TARGETS APPEAR AUTOMATICALLY" : "ALL TARGETS APPEAR AUTOMATICALLY",
-                      visual ? "VISUAL PRACTICE" : "THERMAL PRACTICE", coax + " COAX TARGETS"}));
+                  (texts{laze ? "A  LAZE ONLY " : "A FULL SYSTEM",
+                         laze ? "SPECIAL PRACTICE SHOOT" : "STANDARD PRACTICE SHOOT",
+                         std::string("USING ") + rounds[type - 1], mixed ? "NINE TARGETS" : "SIX TARGETS",
+                         n <= 2 ? " UP FOR 30 SECS " : "UP FOR 30 SECS ",
+                         mixed ? "TARGETS APPEAR AUTOMATICALLY" : "ALL TARGETS APPEAR AUTOMATICALLY",
+                         visual ? "VISUAL PRACTICE" : "THERMAL PRACTICE", coax + " COAX TARGETS"}));
         EXPECT_EQ(p.practicenumber, n);
         for (int other = 1; other <= 12; ++other) {
             EXPECT_EQ(s.Lblpractice[other].ForeColor == colour::red, other == n);
