@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "gunnery/count.h"
 #include "gunnery/gunnery.h"
 #include "trainer.h"

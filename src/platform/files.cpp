@@ -18,9 +18,11 @@ fs::path from_utf8(const std::string& s)
 }
 
 std::string to_utf8(const fs::path& p)
-{
+try {
     const std::u8string s = p.u8string();
     return std::string(s.begin(), s.end());
+} catch (const fs::filesystem_error&) {
+    return {};
 }
 
 // Whether a path begins with the name of a computer, as in \\SERVER\SHARE, and the standard library doesn't

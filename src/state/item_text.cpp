@@ -20,7 +20,8 @@ bool ends_item(char c)
     return c == ',' || c == '\r' || c == '\n';
 }
 
-// The size in bytes of the UTF-8 character at an index; 0 if the bytes there aren't valid UTF-8.
+// The size in bytes of the UTF-8 character at an index; 0 if the bytes there aren't valid UTF-8. Longer forms
+// than needed, surrogates and numbers above U+10FFFF aren't valid: Windows can't convert them into a path.
 std::size_t utf8_size(std::string_view s, std::size_t at)
 {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(s[i]); };
@@ -33,7 +34,13 @@ std::size_t utf8_size(std::string_view s, std::size_t at)
     if (size == 0 || at + size > s.size()) return 0;
     for (std::size_t i = at + 1; i < at + size; ++i)
         if ((byte(i) & 0xC0U) != 0x80U) return 0;
-    return size;
+    const unsigned second = size > 1 ? byte(at + 1) : 0;
+    const bool valid = first == 0xE0   ? second >= 0xA0
+                       : first == 0xED ? second < 0xA0
+                       : first == 0xF0 ? second >= 0x90
+                       : first == 0xF4 ? second < 0x90
+                                       : true;
+    return valid ? size : 0;
 }
 
 bool is_utf8(std::string_view s)

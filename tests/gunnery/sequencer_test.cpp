@@ -147,7 +147,7 @@ TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again
         EXPECT_EQ(p.recrange[1], limit);   // exactly at the limit, which is kept
         d.t.random.source = [turn = 2U]() mutable {
             return draw_of(std::array{15, 3, 18}[turn++ % 3]);
-        };   // position 15 is too far; what replaces it must be nearer than the limit
+        };   // the candidate, 15, is too far; what replaces it must be nearer than the limit
         d.pc.advance(34);
         EXPECT_EQ(p.recrange[2], 300);
         EXPECT_EQ(d.screen().currentrange, 600);

@@ -255,6 +255,11 @@ TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
         {folder_for("visualrange.vrp"), "visualrange.vrp\n\rIt is not a picture"},
         {folder_for("target icons/target3.ico"), "\n\rIt is not a picture"},
         {[&](data_folder& f) { f.put_range("visualrange.arf", pictureless); }, "It names no picture."},
+        {[](data_folder& f) {   // no valid UTF-8, so not a name that Windows accepts
+             std::string bytes = f.get("visualrange.arf");
+             f.put("visualrange.arf", bytes.replace(bytes.find("visualrange.vrp"), 1, "\xE0\x80\x80"));
+         },
+         "The file does not exist."},
         {[](data_folder& f) { f.put("visualrange.arf", f.get("visualrange.arf").substr(0, 400)); },
          "Visualrange.arf\n\rIt is not a whole range file."}};
     const data_folder whole;

@@ -141,7 +141,7 @@ static bool needs_copy(const fs::path& installed, const fs::path& own, const std
 
 static bool is_twin(const fs::path& file)
 {
-    return file.stem().string().ends_with("@2x");
+    return to_utf8(file.stem()).ends_with("@2x");
 }
 
 bool fill_directory(const fs::path& from, const fs::path& to)
