@@ -78,15 +78,16 @@ cross_cmake() {   # SOURCE BUILD OPTIONS...
 late_libraries=(comdlg32 d3d11 d3d9 dxgi winspool)
 
 make_late_libraries() {
-    local name import definition
+    local name import dll definition
+    rm -rf "$work/late"
     mkdir -p "$work/late"
     for name in "${late_libraries[@]}"; do
         import=/usr/x86_64-w64-mingw32/lib/lib$name.a definition=$work/late/$name.def
-        echo "LIBRARY $(x86_64-w64-mingw32-dlltool --identify "$import")" >"$definition"
-        echo "EXPORTS" >>"$definition"
-        x86_64-w64-mingw32-nm "$import" | sed -n 's/.* T //p' | sort -u >>"$definition"
+        dll=$(x86_64-w64-mingw32-dlltool --identify "$import")
+        (echo "LIBRARY $dll" && echo "EXPORTS" && x86_64-w64-mingw32-nm "$import" | sed -n 's/.* T //p' | sort -u) >"$definition"
         x86_64-w64-mingw32-dlltool --input-def "$definition" --output-delaylib "$work/late/lib$name.a"
     done
+    rm -f "$work"/qt/bin/*.dll "$work"/qt/plugins/*/*.dll   # ninja doesn't know that they depend on these libraries
 }
 
 # Debian's source has no wintab.h, so there is no support for tablets. PrintSupport needs Direct2D, which stays enabled.
@@ -138,14 +139,15 @@ add_libraries() {
     done
 }
 
-# Checks the libraries that the files in the folder need. Each must be in the folder or part of Windows. A library is
-# taken as part of Windows if mingw-w64 has an import library for it, or if it is an API set (api-ms-win-*).
+# Checks the libraries that the files in the folder need at their start. Each must be in the folder or part of Windows. A
+# library is taken as part of Windows if mingw-w64 has an import library for it, or if it is an API set (api-ms-win-*).
 check_libraries() {
     local out=$1 name names absent=0
     names=$(x86_64-w64-mingw32-objdump -p "$out"/*.{exe,dll} "$out"/*/*.dll | sed -n 's/.*DLL Name: //p' | sort -u)
     for name in $names; do
         local import=${name,,}
         import=${import%.*}
+        [[ " ${late_libraries[*]} " != *" $import "* ]] || { say "$name is loaded at the start"; absent=1; }
         [[ $import == api-ms-win-* ]] || [ -e "$out/$name" ] || [ -e "/usr/x86_64-w64-mingw32/lib/lib$import.a" ] ||
             { say "$name is needed and isn't there"; absent=1; }
     done
@@ -165,6 +167,7 @@ add_licences() {
     cp "$work/src/qtsvg-opensource-src/debian/copyright" "$out/QtSvg.txt"
     cp packaging/windows/svg/qt6.patch "$out/QtSvg-changes.patch"
     cp packaging/windows/svg/CMakeLists.txt "$out/QtSvg-CMakeLists.txt"
+    cp tools/build_windows.sh packaging/windows/toolchain.cmake "$out"
     cp "$work/src/libsdl2/LICENSE.txt" "$out/SDL2.txt"
     cp /usr/share/doc/gcc-mingw-w64-base/copyright "$out/gcc.txt"
     cp /usr/share/doc/mingw-w64-common/copyright "$out/mingw-w64.txt"
@@ -195,7 +198,7 @@ make_packages() {
 install_missing "${windows_packages[@]}"
 once fetch "${sources[*]}" fetch_sources
 for name in qt6-base libsdl2; do once "unpack-$name" "${sources[$name]}" unpack "$name"; done
-once late "${late_libraries[*]}" make_late_libraries
+once late "${late_libraries[*]} $(declare -f make_late_libraries)" make_late_libraries
 once qt "${late_libraries[*]} ${sources[qt6-base]} ${qt_options[*]}" build_qt
 once svg "${sources[qtsvg-opensource-src]} $(cat packaging/windows/svg/* | sha256sum)" build_svg
 once sdl "${sources[libsdl2]} ${sdl_options[*]}" build_sdl

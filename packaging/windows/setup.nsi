@@ -14,7 +14,6 @@ AllowSkipFiles off   ; a file that can't be written is an error, also with /S
 !define MULTIUSER_INSTALLMODE_COMMANDLINE
 !define MULTIUSER_USE_PROGRAMFILES64
 !define MULTIUSER_INSTALLMODE_INSTDIR "V.O.R.N"
-!define MULTIUSER_INSTALLMODE_FUNCTION own_folder
 !define MULTIUSER_INSTALLMODE_INSTDIR_REGISTRY_KEY "${UNINSTALL_KEY}"
 !define MULTIUSER_INSTALLMODE_INSTDIR_REGISTRY_VALUENAME "InstallLocation"
 !define MULTIUSER_INSTALLMODE_DEFAULT_REGISTRY_KEY "${UNINSTALL_KEY}"
@@ -38,7 +37,10 @@ ManifestDPIAware true
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
 !define MUI_ABORTWARNING
-!define MUI_FINISHPAGE_RUN "$INSTDIR\vorn.exe"
+; Explorer starts the program without the installer's rights, so that the data is copied for the user.
+!define MUI_FINISHPAGE_RUN "$WINDIR\explorer.exe"
+!define MUI_FINISHPAGE_RUN_PARAMETERS '"$INSTDIR\vorn.exe"'
+!define MUI_FINISHPAGE_RUN_TEXT "Run ${NAME}"
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
@@ -46,15 +48,6 @@ ManifestDPIAware true
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
-
-; For one user: the folder of an earlier installation, otherwise Windows' folder for a user's programs.
-Function own_folder
-    StrCmp $MultiUser.InstallMode "CurrentUser" 0 done
-    ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
-    StrCmp $0 "" 0 done
-    StrCpy $INSTDIR "$LOCALAPPDATA\Programs\V.O.R.N"
-done:
-FunctionEnd
 
 !macro needs_windows_10
     ${IfNot} ${AtLeastWin10}

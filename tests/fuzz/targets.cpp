@@ -47,8 +47,6 @@ extern "C" int fuzz_items(const std::uint8_t* data, std::size_t size)
         require(taken <= bytes.size(), "every item consumes part of the text");
         require(text.find('"') == std::string::npos, "a text contains no quote");
     }
-    require(!items.take(text) && !items.take(flag) && !items.take(number),
-            "after a failure every read fails");
     return 0;
 }
 
