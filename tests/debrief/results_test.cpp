@@ -190,7 +190,7 @@ TEST_F(debrief, the_record_decides_which_marks_are_visible)
     EXPECT_TRUE(s.Imglaze.Pale);
     view(15);
     EXPECT_FALSE(s.Imglaze.Pale);
-    EXPECT_TRUE(s.Lbltgtnumber[15].bold);
+    EXPECT_TRUE(s.Lbltgtnumber[15].bold && s.Imgtgtnumber[15].Picture == s.Imgfin.Picture);
     view(3);
     EXPECT_FALSE(s.Lbltgtnumber[15].bold);
     p.rectime[1] = 0;
