@@ -11,7 +11,7 @@ namespace {
 struct ammo_row {
     const char* caption;
     nature_of_target nature;
-    double Left = 0, Top = 0;   // of the caption on the visual dial
+    double Left = 0, Top = 0;   // of the caption on the ammunition dial of the visual sight
 };
 
 const ammo_row& row_of(ammo_shown a)

@@ -19,7 +19,8 @@ constexpr float footing = .5f;     // the walls go this far into the ground
 constexpr float overhang = .45f;   // of the roof
 constexpr float wall_warmth = .43f, roof_warmth = .50f, glass_warmth = .36f;
 
-// Converts the coordinates of a house: u along it, v across it, both from the middle; z up from the footing.
+// From the coordinates of a house to those of the landscape: u along the house, v across it, both from its
+// middle; z upwards from the lower edge of its walls.
 struct frame {
     vec3 origin;
     float angle;

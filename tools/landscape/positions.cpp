@@ -26,8 +26,8 @@ struct box {
     float left, right, top, bottom;   // pixels
 };
 
-// The part of the picture on which the sight can be laid with the keys without showing anything beyond the
-// picture, less some room on all sides.
+// The part of the picture that the keys can bring to the aim point while the picture fills the sight, less
+// some room at the left, the right and the top.
 box in_reach(const country& land)
 {
     const vorn::sight_numbers& sight = vorn::numbers_of(land.sight);

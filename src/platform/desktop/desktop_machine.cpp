@@ -58,7 +58,7 @@ desktop_machine::desktop_machine()
 
 desktop_machine::~desktop_machine()
 {
-    ending_ = true;   // no handler must run: the screens may have been destroyed already
+    ending_ = true;   // no handlers from now on: the screens may have been destroyed
     windows_.clear();
 }
 

@@ -187,7 +187,7 @@ void help_page::stop_film()
 {
     if (film_ == nullptr) return;
     film_->disconnect(this);
-    film_->deleteLater();   // not now: the film may have sent the current signal
+    film_->deleteLater();   // not now: the signal being handled may come from the film
     film_ = nullptr;
     if (const auto at = still()) replace_picture(*at, QImage(path_of(name_of(*at))));
 }

@@ -158,7 +158,8 @@ QRect sight_view::ground_rect(const object_fields& o) const
             (QSizeF(o.Width, o.Height) * (scale() / twips_per_pixel)).toSize()};
 }
 
-// The image of a range picture, which is an object larger than the sight. Null for any other object.
+// The image of an object that is a range picture, recognised by its size: it is both wider and higher than
+// the sight. Null for any other object.
 const QImage* sight_view::ground_image(const object_fields& o, const QRect& whole) const
 {
     const QSize size = ground_rect(o).size();

@@ -111,7 +111,8 @@ void fill_column(column& c, const QRectF& at)
     }
 }
 
-// How the inside of a frame is spread over its place, in twips before the frame is enlarged.
+// The factors by which the cells inside a frame or a form are stretched to fill it. A picture keeps its
+// shape. All places are in twips before the frame is enlarged.
 struct spread {
     double across, down;
     double title;   // height of the caption, which is not spread
