@@ -15,9 +15,10 @@ float line(int i, int row, std::uint32_t seed)
     return real(i) + .5f * (scatter(i, row, seed) - .5f);
 }
 
+// The row or field at a coordinate, and the distances to its boundaries.
 struct span {
     int number;
-    limits within;   // its boundaries
+    float before, after;
 };
 
 span span_at(float v, int row, std::uint32_t seed)
@@ -25,7 +26,7 @@ span span_at(float v, int row, std::uint32_t seed)
     int i = floor_int(v);
     if (v < line(i, row, seed)) i -= 1;
     if (v >= line(i + 1, row, seed)) i += 1;
-    return {i, {line(i, row, seed), line(i + 1, row, seed)}};
+    return {i, v - line(i, row, seed), line(i + 1, row, seed) - v};
 }
 
 }   // namespace
@@ -38,29 +39,29 @@ field field_at(const country& land, point p)
     const float v = (p.y * cosine - p.x * sine) / depth_of_row + crooked * noise(p / 560, seed + 2) +
                     .04f * noise(p / 130, seed + 3);
     const span row = span_at(v, 0, seed + 4);
-    const float leaning = .5f * (scatter(row.number, 0, seed + 5) - .5f) * (v - row.within.low);
+    const float leaning = .5f * (scatter(row.number, 0, seed + 5) - .5f) * row.before;
     const float number_in_width = .75f + .6f * scatter(row.number, 0, seed + 6);
     const float shifted = u * number_in_width + leaning;
     const span piece = span_at(shifted, row.number, seed + 7);
 
-    field f{};
     const float scale = width_of_field / number_in_width;
-    const float sides[4] = {(v - row.within.low) * depth_of_row, (row.within.high - v) * depth_of_row,
-                            (shifted - piece.within.low) * scale, (piece.within.high - shifted) * scale};
-    const std::uint32_t borders[4] = {hash(row.number, 1, seed), hash(row.number + 1, 1, seed),
-                                      hash(piece.number, row.number * 2 + 7, seed),
-                                      hash(piece.number + 1, row.number * 2 + 7, seed)};
-    const auto nearest = std::min_element(sides, sides + 4) - sides;
-    f.edge = sides[nearest];
-    f.border = borders[nearest];
-    f.id = hash(piece.number, row.number, seed + 8);
+    struct boundary {
+        float away;
+        std::uint32_t id;
+    };
+    const boundary nearest =
+        std::ranges::min({boundary{row.before * depth_of_row, hash(row.number, 1, seed)},
+                          {row.after * depth_of_row, hash(row.number + 1, 1, seed)},
+                          {piece.before * scale, hash(piece.number, row.number * 2 + 7, seed)},
+                          {piece.after * scale, hash(piece.number + 1, row.number * 2 + 7, seed)}},
+                         {}, &boundary::away);
+    const std::uint32_t id = hash(piece.number, row.number, seed + 8);
     const float angle =
-        turn + ((f.id & 1) != 0U ? 0 : 1.5708f) + .2f * (scatter(piece.number, row.number, 3) - .5f);
-    f.along = {std::cos(angle), std::sin(angle)};
+        turn + ((id & 1) != 0U ? 0 : 1.5708f) + .2f * (scatter(piece.number, row.number, 3) - .5f);
     // Neighbouring fields have similar values, so that woods form groups.
     const float together = .5f + .9f * noise({real(piece.number) * .43f, real(row.number) * .39f}, seed + 9);
-    f.wood = clamp01(.65f * together + .35f * scatter(piece.number, row.number, seed + 10));
-    return f;
+    const float wood = clamp01(.65f * together + .35f * scatter(piece.number, row.number, seed + 10));
+    return {nearest.away, id, nearest.id, {std::cos(angle), std::sin(angle)}, wood};
 }
 
 bool wooded(const country& land, const field& f, point p)

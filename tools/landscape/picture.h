@@ -28,7 +28,7 @@ struct position {
     float range;   // metres
 };
 
-// Twenty target positions in the order of the range file; fewer if no more can be found.
+// Twenty target positions, in the order of the range file.
 std::vector<position> choose_positions(const country&, const rendered&);
 std::string range_file(const country&, const std::vector<position>&);
 

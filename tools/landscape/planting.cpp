@@ -213,8 +213,8 @@ void strew_one(world& w, point p, growth kind, float height, float width)
         {p, z - .02f * height, height, width, which, colour, kind == growth::stone ? 0 : under.warmth});
 }
 
-}   // namespace
-
+// Adds tufts of grass and stones. Call it when all shadows are on the map, since tufts have the light of the
+// ground.
 void strew(world& w)
 {
     struct zone {
@@ -241,25 +241,7 @@ void strew(world& w)
     }
 }
 
-void add_tree(world& w, point p, growth kind, float height, float widen)
-{
-    if (!in_view(p)) return;
-    const float foot = w.ground.height(p);
-    const int which = first_of(kind) + w.random.below(sprites_of_a_kind);
-    w.plants.push_back({p, foot - .02f * height, height, height * widen, which, leaf_colour(w, kind, p)});
-    const vec3 sun = w.land.towards_sun;
-    const point shadow{-sun.x / sun.z, -sun.y / sun.z};   // of something one metre high
-    const float crown = height * widen *
-                        (kind == growth::bush      ? .36f
-                         : kind == growth::conifer ? .18f
-                                                   : .32f);
-    const float up = height * (kind == growth::bush ? .32f : .5f);
-    const float strength = kind == growth::bare ? .35f : .70f;
-    w.map.shade.darken(p + shadow * up, crown + up * length(shadow) * .45f, crown,
-                       std::atan2(shadow.y, shadow.x), strength);
-    w.map.shade.darken(p, crown * .8f, crown * .8f, 0, strength / 2);
-}
-
+// Marks tracks, trails, roads and the river on the map.
 void mark_ways(world& w)
 {
     for (const path& p : w.land.tracks) w.map.tracks.mark_distance(winding(p));
@@ -282,6 +264,8 @@ void mark_ways(world& w)
     }
 }
 
+// Plants woods, belts, copses, hedges, scrub and trees along the river, with their shadows on the map; then
+// adds tufts and stones.
 void plant_trees(world& w)
 {
     for (const belt_plan& b : w.land.belts) plant_belt(w, b);
@@ -295,6 +279,27 @@ void plant_trees(world& w)
     plant_scrub(w);
     strew(w);
     std::ranges::stable_sort(w.plants, std::greater{}, [](const plant& p) { return length(p.at); });
+}
+
+}   // namespace
+
+void add_tree(world& w, point p, growth kind, float height, float widen)
+{
+    if (!in_view(p)) return;
+    const float foot = w.ground.height(p);
+    const int which = first_of(kind) + w.random.below(sprites_of_a_kind);
+    w.plants.push_back({p, foot - .02f * height, height, height * widen, which, leaf_colour(w, kind, p)});
+    const vec3 sun = w.land.towards_sun;
+    const point shadow{-sun.x / sun.z, -sun.y / sun.z};   // of something one metre high
+    const float crown = height * widen *
+                        (kind == growth::bush      ? .36f
+                         : kind == growth::conifer ? .18f
+                                                   : .32f);
+    const float up = height * (kind == growth::bush ? .32f : .5f);
+    const float strength = kind == growth::bare ? .35f : .70f;
+    w.map.shade.darken(p + shadow * up, crown + up * length(shadow) * .45f, crown,
+                       std::atan2(shadow.y, shadow.x), strength);
+    w.map.shade.darken(p, crown * .8f, crown * .8f, 0, strength / 2);
 }
 
 world::world(const country& l) : land(l), ground(l, map), sprites(draw_sprites(l)), random(l.seed)

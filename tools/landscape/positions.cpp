@@ -1,9 +1,11 @@
 #include "picture.h"
 
 #include <cmath>
+#include <limits>
 #include <optional>
 
 #include "common/noise.h"
+#include "common/save.h"
 #include "platform/objects.h"
 #include "ranges/rangefile.h"
 
@@ -77,15 +79,14 @@ std::optional<position> best_between(const country& land, const rendered& r, con
                                      int right, float range, float within, rng& random)
 {
     std::optional<position> best;
-    float least = 0;
+    float least = std::numeric_limits<float>::infinity();
     for (int y = static_cast<int>(reach.top); y < static_cast<int>(reach.bottom); y += 3)
         for (int x = left; x < right; x += 5) {
             const float there = r.at(x, y).range;
             if (there < nearest || there > farthest || std::fabs(there - range) > within) continue;
             const position p{x, y, std::round(there)};
             const float costs = cost(land, p, range, random);
-            if (best && costs >= least) continue;
-            if (!is_open(land, r, x, y, there)) continue;
+            if (costs >= least || !is_open(land, r, x, y, there)) continue;
             best = p;
             least = costs;
         }
@@ -109,7 +110,8 @@ std::vector<position> choose_positions(const country& land, const rendered& r)
             if (!p)
                 p = best_between(land, r, reach, static_cast<int>(left + apart),
                                  static_cast<int>(left + slot - apart), preferred[i], within, random);
-        if (p) chosen.push_back(*p);
+        if (!p) fail(QString("no place for target %1 on %2").arg(i + 1).arg(land.picture));
+        chosen.push_back(*p);
     }
     return chosen;
 }

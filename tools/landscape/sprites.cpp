@@ -14,8 +14,7 @@ struct ball {
 struct leaf {
     vec3 place;
     float size;
-    vec3 light;
-    float warmth;
+    leaf_pixel look;
 };
 
 std::vector<ball> broadleaf_balls(rng& random)
@@ -114,22 +113,22 @@ leaf leaf_on(const country& land, growth kind, const std::vector<ball>& balls, c
     const float warmth = .30f + (land.night ? .16f * open - .02f : .35f * sun + .08f * open);
     const float bright = random.between(.55f, 1.45f);
     if (!random.chance(land.snow * .8f * smoothstep(0, .8f, d.z)))
-        return {place, size, light * bright, warmth};
+        return {place, size, {light * bright, 1, warmth}};
     // The light of snow is divided by the leaf's colour, since the renderer multiplies by that colour.
     const vec3 leaf = kind == growth::conifer ? land.needles : land.leaves[0];
-    return {place, size, light * (.8f + .15f * bright) * vec3{.6f / leaf.x, .6f / leaf.y, .6f / leaf.z},
-            warmth};
+    const vec3 snow = light * (.8f + .15f * bright) * vec3{.6f / leaf.x, .6f / leaf.y, .6f / leaf.z};
+    return {place, size, {snow, 1, warmth}};
 }
 
 void put_disc(grid<leaf_pixel>& s, const leaf& l)
 {
-    const float x = (l.place.x + .5f) * real(s.width), y = (1 - l.place.z * .98f) * real(s.width);
+    const point middle = point{l.place.x + .5f, 1 - l.place.z * .98f} * real(s.width);
     const float radius = l.size * real(s.width);
-    each_cell(
-        s, {x - radius, y - radius}, {x + radius + 1, y + radius + 1}, [&](int i, int j, leaf_pixel& p) {
-            const float alpha = clamp01(radius - std::hypot(real(i) + .5f - x, real(j) + .5f - y) + .5f);
-            p = mix(p, leaf_pixel{l.light, 1, l.warmth}, alpha * .9f);
-        });
+    const point out{radius + 1, radius + 1};
+    each_cell(s, middle - out, middle + out, [&](int i, int j, leaf_pixel& p) {
+        const float alpha = clamp01(radius - length(point{real(i) + .5f, real(j) + .5f} - middle) + .5f);
+        p = mix(p, l.look, alpha * .9f);
+    });
 }
 
 // Draws a bough and, recursively, its branches.
@@ -143,10 +142,8 @@ void put_bough(const country& land, grid<leaf_pixel>& s, point at, float angle, 
         angle += curl;
         const float thick = std::max(.5f, width * real(s.width) * (1 - .4f * real(i) / real(steps)));
         const float round = .75f - .45f * std::sin(angle);
-        put_disc(s, {{at.x, 0, at.y},
-                     thick / real(s.width),
-                     land.sunlight * (.42f * round) + land.skylight * .6f,
-                     .34f});
+        const vec3 light = land.sunlight * (.42f * round) + land.skylight * .6f;
+        put_disc(s, {{at.x, 0, at.y}, thick / real(s.width), {light, 1, .34f}});
     }
     if (forks == 0) return;
     const int boughs = 2 + random.below(3);

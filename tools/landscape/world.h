@@ -42,16 +42,9 @@ struct world {
 
 inline constexpr float road_wander = .5f;   // the bends of a road relative to those of a track
 
-// Marks tracks, trails, roads and the river on the map.
-void mark_ways(world&);
 // Builds farms, the hamlet with its church, and bridges.
 void build_houses(world&);
-// Adds tufts of grass and stones. Call it when all shadows are on the map, since tufts have the light of the
-// ground.
-void strew(world&);
-// Plants woods, belts, copses, hedges, scrub and trees along the river, with their shadows on the map; then
-// adds tufts and stones.
-void plant_trees(world&);
+// Adds a tree or bush, with its shadow on the map.
 void add_tree(world&, point, growth, float height, float widen);
 
 }   // namespace tools
