@@ -326,10 +326,10 @@ sample flash(const scene& s, point at, int frame)
 // Draws a soft dot over the picture.
 void add_dot(const scene& s, grid<sample>& picture, point at, float radius, sample what)
 {
-    const float x = (at.x + s.foot.x) * real(s.side), y = (1 - at.y - s.foot.y) * real(s.side),
-                r = radius * real(s.side);
-    each_cell(picture, {x - 3 * r, y - 3 * r}, {x + 3 * r, y + 3 * r}, [&](int i, int j, sample& p) {
-        const float far = std::hypot(real(i) + .5f - x, real(j) + .5f - y) / r;
+    const point middle = point{at.x + s.foot.x, 1 - at.y - s.foot.y} * real(s.side);
+    const float r = radius * real(s.side);
+    each_cell(picture, middle - point{3, 3} * r, middle + point{3, 3} * r, [&](int i, int j, sample& p) {
+        const float far = length(point{real(i) + .5f, real(j) + .5f} - middle) / r;
         p = over(what * std::exp(-far * far), p);
     });
 }

@@ -110,14 +110,11 @@ void draw_panel(strip& s, const panel& p)
     const vec3 middle = (p.corner[0] + p.corner[2]) * .5f;
     if (dot(unit(middle), p.normal) > 0) return;   // a back face
     corner seen[4];
-    bool inside = false;
     for (int i = 0; i < 4; ++i) {
         const vec3 c = p.corner[i];
         const float range = std::hypot(c.x, c.y);
         seen[i] = {s.v.column(std::atan2(c.x, c.y)), s.v.row(std::atan(c.z / range)), range};
-        inside = inside || (seen[i].x > -200 && seen[i].x < real(s.samples.width) + 200);
     }
-    if (!inside) return;
     const country& land = s.w.land;
     const float sun =
         std::max(0.f, dot(p.normal, land.towards_sun)) * cloud_shadow(land, {middle.x, middle.y});

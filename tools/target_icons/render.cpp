@@ -13,11 +13,16 @@ namespace {
 
 constexpr float degree = std::numbers::pi_v<float> / 180;
 
+struct hit {
+    float depth = -std::numeric_limits<float>::infinity();   // metres towards the viewer
+    const face* what = nullptr;
+};
+
 // A square grid of samples in parallel projection.
 struct camera {
     vec3 right, up, towards;             // towards the viewer
     float left = 0, top = 0, step = 0;   // upper left corner; spacing of the samples: metres
-    int size = 0;                        // samples, across and down
+    grid<hit> seen{};                    // what each sample shows
 
     point flat(vec3 at) const { return {dot(at, right), dot(at, up)}; }
     float across_at(int column) const { return left + (real(column) + .5f) * step; }
@@ -29,7 +34,7 @@ struct camera {
 private:
     int clamped(float sample) const
     {
-        return static_cast<int>(std::clamp(std::ceil(sample), 0.f, real(size)));
+        return static_cast<int>(std::clamp(std::ceil(sample), 0.f, real(seen.width)));
     }
 };
 
@@ -40,21 +45,6 @@ camera looking(float azimuth, float elevation)
     const vec3 right{-std::sin(a), std::cos(a), 0};
     return {right, cross(towards, right), towards};
 }
-
-// The camera with a square section of its picture.
-camera framed(camera c, float left, float top, float side, int samples)
-{
-    c.left = left;
-    c.top = top;
-    c.step = side / real(samples);
-    c.size = samples;
-    return c;
-}
-
-struct hit {
-    float depth = -std::numeric_limits<float>::infinity();   // metres towards the viewer
-    const face* what = nullptr;
-};
 
 // The places where an outline crosses a height, from left to right.
 std::vector<float> crossings(const path& outline, float height)
@@ -70,7 +60,7 @@ std::vector<float> crossings(const path& outline, float height)
     return found;
 }
 
-void draw_face(grid<hit>& seen, const camera& c, const face& f)
+void draw_face(camera& c, const face& f)
 {
     const float turned_to_us = dot(f.normal, c.towards);
     if (std::abs(turned_to_us) < 1e-6f) return;
@@ -87,16 +77,20 @@ void draw_face(grid<hit>& seen, const camera& c, const face& f)
         for (std::size_t i = 0; i + 1 < edges.size(); i += 2)
             for (int x = c.column(edges[i]); x < c.column(edges[i + 1]); ++x) {
                 const float depth = depth_at_origin - per_right * c.across_at(x) - per_up * v;
-                if (depth > seen.at(x, y).depth) seen.at(x, y) = {depth, &f};
+                if (depth > c.seen.at(x, y).depth) c.seen.at(x, y) = {depth, &f};
             }
     }
 }
 
-grid<hit> see(const solid& vehicle, const camera& c)
+// The camera with its picture of a vehicle: a square of samples.
+camera taken(camera c, const solid& vehicle, float left, float top, float side, int samples)
 {
-    grid<hit> seen(c.size, c.size);
-    for (const face& f : vehicle) draw_face(seen, c, f);
-    return seen;
+    c.left = left;
+    c.top = top;
+    c.step = side / real(samples);
+    c.seen = grid<hit>(samples, samples);
+    for (const face& f : vehicle) draw_face(c, f);
+    return c;
 }
 
 // Light -----------------------------------------------------------------------------------------------------
@@ -105,14 +99,12 @@ grid<hit> see(const solid& vehicle, const camera& c)
 struct lamp {
     vec3 strength;
     camera there;
-    grid<hit> lit;
 };
 
 lamp make_lamp(const solid& vehicle, float azimuth, float elevation, vec3 strength, int size)
 {
     constexpr float reach = 6.5f;   // metres from the middle of a vehicle to its farthest part
-    const camera c = framed(looking(azimuth, elevation), -reach, reach, 2 * reach, size);
-    return {strength, c, see(vehicle, c)};
+    return {strength, taken(looking(azimuth, elevation), vehicle, -reach, reach, 2 * reach, size)};
 }
 
 // The sun and patches of the sky. The sun is the first lamp. As on the shipped ranges, it is behind the
@@ -138,7 +130,7 @@ bool reaches(const lamp& l, vec3 at)
     const camera& c = l.there;
     const point flat = c.flat(at);
     const int x = floor_int((flat.x - c.left) / c.step), y = floor_int((c.top - flat.y) / c.step);
-    return !l.lit.holds(x, y) || l.lit.at(x, y).depth < dot(at, c.towards) + tolerance;
+    return !c.seen.holds(x, y) || c.seen.at(x, y).depth < dot(at, c.towards) + tolerance;
 }
 
 vec3 light_on(const std::vector<lamp>& lamps, vec3 at, vec3 normal)
@@ -216,18 +208,18 @@ vec3 glowing(const std::vector<lamp>& lamps, const material& m, vec3 at, vec3 no
 
 // Pictures --------------------------------------------------------------------------------------------------
 
-// A camera for which the outline fills the square except for a margin, given as a share of the square.
+// The picture in which the outline fills the square except for a margin, given as a share of the square.
 camera fitted(const solid& vehicle, const view& from, float margin, int samples)
 {
     const camera c = looking(from.aside, from.above);
-    path seen;
+    path outline;
     for (const face& f : vehicle)
         for (const vec3& corner : f.corners)
-            if (f.counts) seen.push_back(c.flat(corner));
-    const auto [left, right] = std::ranges::minmax(seen, {}, &point::x);
-    const auto [low, high] = std::ranges::minmax(seen, {}, &point::y);
+            if (f.counts) outline.push_back(c.flat(corner));
+    const auto [left, right] = std::ranges::minmax(outline, {}, &point::x);
+    const auto [low, high] = std::ranges::minmax(outline, {}, &point::y);
     const float side = std::max(right.x - left.x, high.y - low.y) / (1 - 2 * margin);
-    return framed(c, (left.x + right.x - side) / 2, low.y + side * (1 - margin), side, samples);
+    return taken(c, vehicle, (left.x + right.x - side) / 2, low.y + side * (1 - margin), side, samples);
 }
 
 // The share of the shadow that is drawn: the shadow fades out towards the edges of the picture.
@@ -239,28 +231,28 @@ float fade(int column, int row, int size)
 }
 
 // Whether the sample is at the upper edge of a face, where the paint is worn.
-bool is_edge(const grid<hit>& seen, const camera& c, int x, int y)
+bool is_edge(const camera& c, int x, int y)
 {
     constexpr float width = .035f, behind = .06f;   // metres
-    const hit &here = seen.at(x, y), &above = seen.at(x, std::max(0, y - 1 - floor_int(width / c.step)));
+    const hit &here = c.seen.at(x, y), &above = c.seen.at(x, std::max(0, y - 1 - floor_int(width / c.step)));
     if (here.what == nullptr || above.what == here.what) return false;
     return above.what == nullptr || above.depth < here.depth - behind ||
            (std::abs(dot(above.what->normal, here.what->normal)) < .8f && above.depth < here.depth);
 }
 
-sample sample_at(const grid<hit>& seen, const camera& c, const std::vector<lamp>& lamps, look l, int x, int y)
+sample sample_at(const camera& c, const std::vector<lamp>& lamps, look l, int x, int y)
 {
-    const hit& h = seen.at(x, y);
+    const hit& h = c.seen.at(x, y);
     const vec3 flat = c.right * c.across_at(x) + c.up * c.up_at(y);
     if (h.what == nullptr) {
         if (l == look::hot) return {};
-        return shaded_ground(lamps, flat + c.towards * (-flat.z / c.towards.z)) * fade(x, y, c.size);
+        return shaded_ground(lamps, flat + c.towards * (-flat.z / c.towards.z)) * fade(x, y, c.seen.width);
     }
     const material& m = h.what->made_of;
     const vec3 normal = dot(h.what->normal, c.towards) < 0 ? h.what->normal * -1 : h.what->normal;
     const vec3 at = flat + c.towards * h.depth;
     if (l == look::hot) return {glowing(lamps, m, at, normal), 1};
-    const float worn = is_edge(seen, c, x, y) ? 1.45f : 1;
+    const float worn = is_edge(c, x, y) ? 1.45f : 1;
     return {shown(paint_at(m, at) * light_on(lamps, at, normal) * worn), 1};
 }
 
@@ -271,12 +263,11 @@ QImage render(const solid& vehicle, const view& from, look l, int size)
     constexpr float softness = 1.f / 130;              // blur of the thermal picture, as a share of its width
     const int fine = std::clamp(1024 / size, 4, 16);   // samples per pixel, in each direction
     const camera c = fitted(vehicle, from, l == look::hot ? 2.5f * softness : .025f, size * fine);
-    const grid<hit> seen = see(vehicle, c);
     const std::vector<lamp> lamps = daylight(vehicle, from);
     grid<sample> pixels(size, size);
-    each_cell(seen, [&](int x, int y, const hit&) {
+    each_cell(c.seen, [&](int x, int y, const hit&) {
         sample& sum = pixels.at(x / fine, y / fine);
-        sum = sum + sample_at(seen, c, lamps, l, x, y) * (1 / real(fine * fine));
+        sum = sum + sample_at(c, lamps, l, x, y) * (1 / real(fine * fine));
     });
     if (l == look::painted) return image_of(pixels);
     const float sigma = softness * real(size);
