@@ -39,8 +39,7 @@ ManifestDPIAware true
 !define MUI_ABORTWARNING
 ; Explorer starts the program without the installer's rights, so that the data is copied for the user.
 !define MUI_FINISHPAGE_RUN "$WINDIR\explorer.exe"
-!define MUI_FINISHPAGE_RUN_PARAMETERS '"$INSTDIR\vorn.exe"'
-!define MUI_FINISHPAGE_RUN_TEXT "Run ${NAME}"
+!define MUI_FINISHPAGE_RUN_PARAMETERS "$\"$INSTDIR\vorn.exe$\""
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
