@@ -184,7 +184,7 @@ void put_blades(grid<leaf_pixel>& s, rng& random)
     const float spread = random.between(.12f, .3f);
     for (int i = 0; i < blades; ++i) {
         const float aside = spread * random.normal();
-        const float lean = aside * random.between(.4f, 1.6f) + random.between(-.16f, .16f);
+        const float bent = aside * random.between(.4f, 1.6f), lean = bent + random.between(-.16f, .16f);
         const float tall = random.between(.3f, .95f) * (1 - std::min(.7f, std::fabs(aside)));
         const float own = random.between(.78f, 1.25f), dry = random.between(0, .16f);
         const int steps = floor_int(tall * real(s.width));

@@ -119,41 +119,15 @@ inline callout beside(const screen_object& o, double across, double down)
     return beside(place_of(o).center(), across, down);
 }
 
-// A clock that advances by one frame whenever a window is painted during a counted move, so that the pictures
-// don't depend on the speed of the computer.
-class frame_clock final : public QObject {
-public:
-    void pass(double seconds)
-    {
-        time_ += seconds;
-        if (passed) passed();
-    }
-    double time() const { return time_; }
-
-    static constexpr double frame = 1.0 / 60;
-    const QObject* window = nullptr;   // the window whose frames are counted; null: all
-    std::function<void()> passed;
-
-protected:
-    bool eventFilter(QObject* o, QEvent* e) override
-    {
-        if (e->type() == QEvent::UpdateRequest && (window == nullptr || o == window)) pass(frame);
-        return false;
-    }
-
-private:
-    double time_ = 0;
-};
-
-class camera {
+class camera : public QObject {
 public:
     camera(const std::string& program_directory, const QString& folder) : folder_(folder)
     {
         pc.default_directory = program_directory;
-        pc.world_clock = [this] { return clock.time(); };
-        qApp->installEventFilter(&clock);
+        pc.world_clock = [this] { return time; };
+        qApp->installEventFilter(this);
         t.shared.soundson = false;
-        QObject::connect(&answers_, &QTimer::timeout, &answers_, [this] { answer_box(); });
+        connect(&answers_, &QTimer::timeout, this, &camera::answer_box);
         answers_.start(5);
     }
 
@@ -186,7 +160,11 @@ public:
     }
 
     // Advances the clock, which ages strikes and fires.
-    void age(double seconds) { clock.pass(seconds); }
+    void age(double seconds)
+    {
+        time += seconds;
+        if (aged) aged();
+    }
 
     // Each saves a picture: of a whole screen, of a part of a screen scaled to a width, of the middle of the
     // sight, of the next box.
@@ -229,11 +207,24 @@ public:
         tools::save(folder_.filePath(name + ".jpg"), tools::encoded(picture, "jpeg", 88));
     }
 
-    frame_clock clock;
+    // The clock advances by one frame whenever a window is painted during a counted move, so that the
+    // pictures don't depend on the speed of the computer.
+    static constexpr double frame = 1.0 / 60;
+    double time = 0;
+    std::function<void()> aged;
+    const QObject* filmed = nullptr;   // the window whose frames are counted; null: all
+
     desktop_machine pc;
     trainer t{pc};
     std::string wanted_file;   // chosen in the next file dialog
     QString box_picture;       // the next box is saved under this name
+
+protected:
+    bool eventFilter(QObject* o, QEvent* e) override
+    {
+        if (e->type() == QEvent::UpdateRequest && (filmed == nullptr || o == filmed)) age(frame);
+        return false;
+    }
 
 private:
     // Answers an open box with yes, a file dialog with wanted_file.

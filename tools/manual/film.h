@@ -15,27 +15,27 @@ public:
     // `part`: of the sight, twips; `keys`: those shown below it; `files`: where the frames go, without their
     // numbers.
     film(camera& c, gunnery_screen& s, QRectF part, QString keys, QString files)
-        : c_(c), s_(s), part_(part), keys_(std::move(keys)), files_(std::move(files)), next_(c.clock.time())
+        : c_(c), s_(s), part_(part), keys_(std::move(keys)), files_(std::move(files)), next_(c.time)
     {
-        c_.clock.window = c_.pc.window(s.window);
-        c_.clock.passed = [this] { take_if_due(); };
+        c_.filmed = c_.pc.window(s.window);
+        c_.aged = [this] { take_if_due(); };
     }
     ~film()
     {
-        c_.clock.window = nullptr;
-        c_.clock.passed = nullptr;
+        c_.filmed = nullptr;
+        c_.aged = nullptr;
     }
     film(const film&) = delete;
     film& operator=(const film&) = delete;
 
     void wait(double seconds)
     {
-        for (const double end = c_.clock.time() + seconds; c_.clock.time() < end;) step();
+        for (const double end = c_.time + seconds; c_.time < end;) step();
     }
     void until(const std::function<bool()>& reached)
     {
         constexpr double longest = 10;   // seconds
-        for (const double end = c_.clock.time() + longest; !reached() && c_.clock.time() < end;) step();
+        for (const double end = c_.time + longest; !reached() && c_.time < end;) step();
     }
     void press(char key)
     {
@@ -66,14 +66,14 @@ public:
 private:
     void step()
     {
-        c_.age(frame_clock::frame);
+        c_.age(camera::frame);
         deliver_ticks(c_.pc);
         c_.pc.sync();
     }
     void take_if_due()
     {
         constexpr double interval = 0.1;
-        if (c_.clock.time() < next_) return;
+        if (c_.time < next_) return;
         next_ += interval;
         take();
     }
@@ -87,7 +87,7 @@ private:
             const double ticks = std::sqrt(slowest * slowest + 2 * distance) - slowest;
             const char key = off() > 0 ? more : less;
             press(key);
-            wait(std::max(1.0, std::floor(ticks)) * frame_clock::frame);
+            wait(std::max(1.0, std::floor(ticks)) * camera::frame);
             release(key);
         }
     }
