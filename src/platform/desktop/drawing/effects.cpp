@@ -2,10 +2,8 @@
 
 #include <QList>
 #include <algorithm>
-#include <array>
 #include <future>
 #include <memory>
-#include <string_view>
 
 #include "platform/desktop/drawing/pictures.h"
 
@@ -17,25 +15,15 @@ constexpr int frames = 16, frames_in_row = 4;
 constexpr int smallest = 16;   // pixels; width of the explosion at the furthest target, at scale 1
 
 struct sheet {
-    const char* name;   // of the picture file
-    double foot;        // height of the ground above the lower edge, in heights of a frame
+    const char *seen, *hot;   // names of the picture files for the visual and the thermal sight
+    double foot;              // height of the ground above the lower edge, in heights of a frame
 };
-constexpr std::array<sheet, 10> sheets{{{"explosion", 0},   // indexed by `effect`
-                                        {"hot_explosion", 0},
-                                        {"fire", 0},
-                                        {"hot_fire", 0},
-                                        {"burst_fin", .05},
-                                        {"burst_hesh", .05},
-                                        {"burst_coax", .05},
-                                        {"hot_fin", .05},
-                                        {"hot_hesh", .05},
-                                        {"hot_coax", .05}}};
-
-// Whether the sheet is for the thermal sight.
-bool is_hot(const sheet& s)
-{
-    return std::string_view(s.name).starts_with("hot");
-}
+// Indexed by `effect`.
+constexpr sheet sheets[] = {{"explosion", "hot_explosion", 0},
+                            {"fire", "hot_fire", 0},
+                            {"burst_fin", "hot_fin", .05},
+                            {"burst_hesh", "hot_hesh", .05},
+                            {"burst_coax", "hot_coax", .05}};
 
 // Adds copies at 1/2, 1/4 ... of the size: QPainter skips source pixels when it scales a picture to less than
 // half.
@@ -49,27 +37,25 @@ picture with_smaller_copies(const char* name, const QImage& frame)
     return {name, frame.width() * twips_per_pixel, frame.height() * twips_per_pixel, pixels};
 }
 
-QList<picture> frames_of(const sheet& s)
+QList<picture> frames_of(const char* name)
 {
     const QImage whole =
-        QImage(QString(":/pictures/%1.png").arg(s.name)).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        QImage(QString(":/pictures/%1.png").arg(name)).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     const QSize size = whole.size() / frames_in_row;
     QList<picture> found;
     for (int i = 0; i < frames && !whole.isNull(); ++i) {
         const QPoint corner(i % frames_in_row * size.width(), i / frames_in_row * size.height());
-        found.push_back(with_smaller_copies(s.name, whole.copy(QRect(corner, size))));
+        found.push_back(with_smaller_copies(name, whole.copy(QRect(corner, size))));
     }
     return found;
 }
 
-// The frames of all sheets for one sight; those of the other sight are empty.
-using animations = std::array<QList<picture>, sheets.size()>;
+using animations = QList<QList<picture>>;
 
 animations animations_of(bool hot)
 {
     animations all;
-    for (std::size_t i = 0; i < sheets.size(); ++i)
-        if (is_hot(sheets[i]) == hot) all[i] = frames_of(sheets[i]);
+    for (const sheet& s : sheets) all << frames_of(hot ? s.hot : s.seen);
     return all;
 }
 
@@ -90,10 +76,10 @@ void read_effects(bool hot)
     animations_for(hot);
 }
 
-void draw_effect(QPainter& p, effect what, const QRectF& at, int frame)
+void draw_effect(QPainter& p, effect what, bool hot, const QRectF& at, int frame)
 {
-    const auto number = static_cast<std::size_t>(what);
-    const QList<picture>& frames_read = animations_for(is_hot(sheets[number])).get()[number];
+    const int number = static_cast<int>(what);
+    const QList<picture>& frames_read = animations_for(hot).get()[number];
     const QRectF on_ground = at.translated(0, sheets[number].foot * at.height());
     if (frame >= 0 && frame < frames_read.size()) draw_picture(p, frames_read[frame], on_ground.toRect());
 }

@@ -5,28 +5,17 @@
 
 namespace vorn {
 
-// The names with `hot` are for the thermal sight, which shows hotter things whiter. An explosion fills the
-// frame. A fire is just above the middle of the lower edge, and its last frame is followed by the first
-// without a jump. The foot of a burst is at the middle of the lower edge; its dust reaches a little below.
-enum class effect {
-    explosion,
-    hot_explosion,
-    fire,
-    hot_fire,
-    burst_fin,
-    burst_hesh,
-    burst_coax,
-    hot_fin,
-    hot_hesh,
-    hot_coax
-};
+// An explosion fills the frame. A fire is just above the middle of the lower edge, and its last frame is
+// followed by the first without a jump. The foot of a burst (FIN, HESH or COAX) is at the middle of the lower
+// edge; its dust reaches a little below.
+enum class effect { explosion, fire, fin, hesh, coax };
 
 // Lets another thread read the animations for the thermal sight or for the visual one (about 0.1 s). The
 // animations for the other sight are dropped.
 void read_effects(bool hot);
 
-// Draws frame 0 to 15 in a rectangle of device pixels; any other number draws nothing. Waits for the
-// animations if they haven't been read.
-void draw_effect(QPainter&, effect, const QRectF& at, int frame);
+// Draws frame 0 to 15 in a rectangle of device pixels; any other number draws nothing. `hot`: as the thermal
+// sight shows it, where hotter things are whiter. Waits for the animations if they haven't been read.
+void draw_effect(QPainter&, effect, bool hot, const QRectF& at, int frame);
 
 }   // namespace vorn

@@ -22,11 +22,6 @@ namespace {
 constexpr int largest_picture_mb = 512, largest_icon_mb = 8;
 constexpr std::size_t max_icon_sizes = 64;
 
-bool too_large(const QSize& s)
-{
-    return qint64{4} * s.width() * s.height() > qint64{largest_picture_mb} * 1024 * 1024;
-}
-
 // Converts an image to a format that QPainter draws without conversion.
 QImage drawable(QImage image)
 {
@@ -108,7 +103,8 @@ loaded_picture read_picture(const std::string& source, const std::string& path, 
     QImageReader reader(&bytes, format);
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(false);
-    if (too_large(reader.size())) return {std::nullopt, "The picture is too large."};
+    if (qint64{4} * reader.size().width() * reader.size().height() > qint64{largest_picture_mb} * 1024 * 1024)
+        return {std::nullopt, "The picture is too large."};
     auto pixels = std::make_shared<decoded_picture>();
     pixels->sizes = read_sizes(reader);
     if (pixels->sizes.empty()) return {std::nullopt, "It is not a picture that can be read."};
@@ -206,10 +202,11 @@ void draw_picture(QPainter& p, const picture& pic, const QRect& at)
 QRect to_device_pixels(QPainter& p, const QSize& widget)
 {
     const QTransform view = p.worldTransform().inverted() * p.deviceTransform();
-    const QPointF from = p.deviceTransform().map(QPointF(0, 0));
-    const QPointF to = p.deviceTransform().map(QPointF(widget.width(), widget.height()));
-    const QPoint origin(static_cast<int>(std::lround(from.x())), static_cast<int>(std::lround(from.y())));
-    const QPoint corner(static_cast<int>(std::lround(to.x())), static_cast<int>(std::lround(to.y())));
+    const auto pixel = [&](int x, int y) {
+        const QPointF at = p.deviceTransform().map(QPointF(x, y));
+        return QPoint(static_cast<int>(std::lround(at.x())), static_cast<int>(std::lround(at.y())));
+    };
+    const QPoint origin = pixel(0, 0), corner = pixel(widget.width(), widget.height());
     p.setWorldTransform(QTransform::fromTranslate(origin.x(), origin.y()) * view.inverted());
     return QRect(0, 0, corner.x() - origin.x(), corner.y() - origin.y());
 }

@@ -50,9 +50,4 @@ void scrolled_picture::draw(QPainter& p, const QImage& image, const QRect& at, c
     });
 }
 
-void scrolled_picture::clear()
-{
-    *this = {};
-}
-
 }   // namespace vorn

@@ -12,7 +12,6 @@ public:
     // Draws the part of the image, scaled to `at`, that is in the view; both are in device pixels. Scales
     // only what has come into view since the last call.
     void draw(QPainter&, const QImage&, const QRect& at, const QRect& view);
-    void clear();
 
 private:
     void keep(const QImage&, const QSize& scaled, const QRect& part);

@@ -22,14 +22,6 @@ QRect device_rect(const object_fields& o, double scale)
     return QRect(from, QSize(right - from.x(), bottom - from.y()));
 }
 
-static void draw_outline(QPainter& p, shape_kind kind, const QRectF& r)
-{
-    if (kind == shape_kind::rectangle || kind == shape_kind::dashed_rectangle)
-        p.drawRect(r);
-    else
-        p.drawEllipse(r);
-}
-
 static double shape_line(double scale)
 {
     return std::max(1.0, scale * 1.25);
@@ -40,20 +32,21 @@ static void draw_shape(QPainter& p, const object_fields& o, const QRect& at, dou
 {
     const double line = shape_line(scale);
     const bool filled = o.Shape == shape_kind::filled_ellipse;
+    const bool dashed = o.Shape == shape_kind::dashed_rectangle;
     const QColor dark(0, 0, 0, 190);
     const QColor c = shade(o.ForeColor);
     const double inset = filled ? 0 : line / 2;
     const QRectF r = QRectF(at).adjusted(inset, inset, -inset, -inset);
+    const auto draw = [&] { dashed || o.Shape == shape_kind::rectangle ? p.drawRect(r) : p.drawEllipse(r); };
     p.setRenderHint(QPainter::Antialiasing);
     p.setBrush(o.BackColor == colour::ground ? Qt::NoBrush : QBrush(back_shade(o.BackColor)));
     if (o.ForeColor == colour::sight) {
         p.setPen(QPen(dark, line * (filled ? 2 : 3)));
-        draw_outline(p, o.Shape, r);
+        draw();
     }
     if (filled) p.setBrush(c);
-    const bool dashed = o.Shape == shape_kind::dashed_rectangle;
     p.setPen(filled ? QPen(Qt::NoPen) : QPen(c, line, dashed ? Qt::DashLine : Qt::SolidLine));
-    draw_outline(p, o.Shape, r);
+    draw();
 }
 
 static void draw_cached_shape(QPainter& p, const object_fields& o, const QRect& at, double scale)
@@ -99,11 +92,9 @@ bool is_tracer(const object_fields& o)
 
 Qt::Alignment text_alignment(const object_fields& o)
 {
-    const auto across = o.Alignment == alignment::left     ? Qt::AlignLeft
-                        : o.Alignment == alignment::centre ? Qt::AlignHCenter
-                                                           : Qt::AlignRight;
+    constexpr Qt::AlignmentFlag across[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
     const bool few_lines = o.Height / twips_per_pixel < 3 * line_height(o.size);
-    return across | (few_lines ? Qt::AlignVCenter : Qt::AlignTop);
+    return across[static_cast<int>(o.Alignment)] | (few_lines ? Qt::AlignVCenter : Qt::AlignTop);
 }
 
 static void draw_label(QPainter& p, const object_fields& o, const QRect& at, double scale)

@@ -184,10 +184,10 @@ void plain_target(const canvas& s, int)
     if (tank.result) draw_picture(s.p, *tank.result, s.at.toRect());
 }
 
-template <effect what>
-void effect_frame(const canvas& s, int number)
+template <bool hot>
+void explosion_frame(const canvas& s, int number)
 {
-    draw_effect(s.p, what, s.at, number);
+    draw_effect(s.p, effect::explosion, hot, s.at, number);
 }
 
 constexpr QSizeF size_of(const area& r)
@@ -210,8 +210,8 @@ constexpr mark marks[] = {{":scale_left", size_of(figures_left), scale<figures_l
                           {":revfin", {1080, 240}, reversionary_fin},
                           {":revhesh", {1080, 375}, reversionary_hesh},
                           {":target", {}, plain_target},
-                          {":explosion", {}, effect_frame<effect::explosion>},
-                          {":hotexplosion", {}, effect_frame<effect::hot_explosion>}};
+                          {":explosion", {}, explosion_frame<false>},
+                          {":hotexplosion", {}, explosion_frame<true>}};
 
 }   // namespace
 

@@ -26,15 +26,13 @@ constexpr double fire_turn = 1.3;         // seconds for one loop of the frames
 constexpr double fire_dying = 1.1;        // seconds that a fire outlasts its target
 
 struct burst {
-    effect seen, hot;
+    effect animation;
     double seconds;
     double size;   // width and height, in widths of a target
 };
 
 // Indexed by `round_kind`: FIN throws up a jet of earth, HESH a cloud of smoke, a coax round a little dust.
-constexpr burst bursts[] = {{effect::burst_fin, effect::hot_fin, 1.6, 1.7},
-                            {effect::burst_hesh, effect::hot_hesh, 2.0, 2.2},
-                            {effect::burst_coax, effect::hot_coax, 1.4, 0.6}};
+constexpr burst bursts[] = {{effect::fin, 1.6, 1.7}, {effect::hesh, 2.0, 2.2}, {effect::coax, 1.4, 0.6}};
 
 const burst& burst_of(const strike& s)
 {
@@ -42,14 +40,14 @@ const burst& burst_of(const strike& s)
 }
 
 // Draws an animation at a fractional frame number: 2.25 blends a quarter of frame 3 into frame 2.
-void draw_moving(QPainter& p, effect e, const QRectF& at, double position, bool endless)
+void draw_moving(QPainter& p, effect e, bool hot, const QRectF& at, double position, bool endless)
 {
     const double opacity = p.opacity();
     const int frame = static_cast<int>(position);
     const double part = position - frame;
-    draw_effect(p, e, at, endless ? frame % frames : frame);
+    draw_effect(p, e, hot, at, endless ? frame % frames : frame);
     p.setOpacity(opacity * part);
-    draw_effect(p, e, at, endless ? (frame + 1) % frames : frame + 1);
+    draw_effect(p, e, hot, at, endless ? (frame + 1) % frames : frame + 1);
     p.setOpacity(opacity);
 }
 
@@ -114,18 +112,13 @@ void sight_view::find_fires(double time)
     });
 }
 
-void sight_view::forget_what_ended(double time)
-{
-    std::erase_if(strikes_, [&](const shown_strike& s) {
-        return time < s.since || time > s.since + burst_of(s.what).seconds;
-    });
-}
-
 bool sight_view::animate()
 {
     const double time = now();
     const bool moved = !strikes_.empty() || !fires_.empty();   // if they end, the last frame must be erased
-    forget_what_ended(time);
+    std::erase_if(strikes_, [&](const shown_strike& s) {
+        return time < s.since || time > s.since + burst_of(s.what).seconds;
+    });
     find_fires(time);
     const bool moves = !strikes_.empty() || !fires_.empty();
     if ((moved || moves) && (moved != moves || time < animated_ || time > animated_ + animation_step)) {
@@ -146,7 +139,7 @@ void sight_view::hideEvent(QHideEvent*)
 {
     strikes_.clear();
     fires_.clear();
-    ground_.clear();
+    ground_ = {};
     for (const shown_object* o : sight_.inside) forget_twin(o->drawn.Picture);
 }
 
@@ -207,15 +200,11 @@ void sight_view::paint_objects(QPainter& p, const QRect& whole)
 
 void sight_view::paint_tracer(QPainter& p, const shown_object& o)
 {
-    const object_fields& to = o.drawn;
-    const auto mix = [this](double from, double value) { return from + (value - from) * progress_; };
-    object_fields now = to;
-    now.Left = mix(o.before.Left, to.Left);
-    now.Top = mix(o.before.Top, to.Top);
-    now.Width = mix(o.before.Width, to.Width);
-    now.Height = mix(o.before.Height, to.Height);
     const double pixels = scale() / twips_per_pixel;
-    draw_tracer(p, now, QRectF(now.Left * pixels, now.Top * pixels, now.Width * pixels, now.Height * pixels),
+    const auto now = [&](double area::*side) {
+        return (o.before.*side + (o.drawn.*side - o.before.*side) * progress_) * pixels;
+    };
+    draw_tracer(p, o.drawn, {now(&area::Left), now(&area::Top), now(&area::Width), now(&area::Height)},
                 scale());
 }
 
@@ -237,8 +226,7 @@ void sight_view::paint_strikes(QPainter& p, const QRect& whole)
         const double wind = s.what.round == round_kind::hesh ? s.what.wind * age : 0;
         p.translate(foot + QPointF(drift * wind * age * size, 0));
         p.shear(-lean * wind, 0);
-        draw_moving(p, s.what.hot ? b.hot : b.seen, QRectF(-size / 2, -size, size, size), age * frames,
-                    false);
+        draw_moving(p, b.animation, s.what.hot, {-size / 2, -size, size, size}, age * frames, false);
         p.restore();
     }
 }
@@ -253,8 +241,8 @@ void sight_view::paint_burning(QPainter& p, const object_fields& target, const s
     const double size = fire_size * at.width() * (0.7 + 0.3 * left);
     const QRectF over(at.center().x() - size / 2, at.bottom() + 0.04 * size - size, size, size);
     p.setOpacity(std::clamp(age / fire_growing, 0.0, 1.0) * left * (2 - left));
-    draw_moving(p, target.Fire == fire::hot ? effect::hot_fire : effect::fire, over,
-                std::fmod(age / fire_turn, 1) * frames, true);
+    draw_moving(p, effect::fire, target.Fire == fire::hot, over, std::fmod(age / fire_turn, 1) * frames,
+                true);
     p.setOpacity(1);
 }
 

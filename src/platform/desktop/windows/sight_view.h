@@ -46,7 +46,6 @@ private:
     void paint_objects(QPainter&, const QRect& whole);
     void paint_tracer(QPainter&, const shown_object&);
     void paint_strikes(QPainter&, const QRect& whole);
-    void forget_what_ended(double time);
     void find_fires(double time);
     void paint_burning(QPainter&, const object_fields&, const shown_fire&) const;
     QRect ground_rect(const object_fields&) const;
