@@ -29,9 +29,7 @@ struct docked_objects {
 
 double height_of(const object_list& line)
 {
-    double height = 0;
-    for (const screen_object* o : line) height = std::max(height, o->Height);
-    return height;
+    return line.empty() ? 0 : (*std::ranges::max_element(line, {}, &screen_object::Height))->Height;
 }
 
 docked_objects docked_of(const form& f)
@@ -99,12 +97,6 @@ std::vector<strips> possible_strips(const form& f, const docked_objects& d)
     return found;
 }
 
-// Whether the panel's caption has a line of its own. It has none when all blocks are in one flat row.
-bool has_caption_line(const strips& s)
-{
-    return !s.left.empty() || s.under.empty() || !s.under.columns.front().blocks.front().flat;
-}
-
 // How far the shapes of the blocks are from those designed. Pictures can't be stretched, so they count more.
 double distortion(const strip& s, const QRectF& at)
 {
@@ -137,7 +129,9 @@ plan make_plan(const docked_objects& d, const strips& s, const QSizeF& window, d
 {
     plan p{.scale = scale * larger, .left = &s.left, .under = &s.under};
     const QSizeF room = window / p.scale;
-    const double caption = has_caption_line(s) ? frame_title : 0;
+    // The panel's caption has no line of its own when all blocks are in one flat row.
+    const bool flat = s.left.empty() && !s.under.empty() && s.under.columns.front().blocks.front().flat;
+    const double caption = flat ? 0 : frame_title;
     const double width = s.left.empty() ? 0 : s.left.size.width() + gap;
     double height = s.under.empty() ? 0 : s.under.size.height() + gap + (s.left.empty() ? caption : 0);
     const auto too_large = [&](const QSizeF& size, const QSizeF& space) {
@@ -196,16 +190,12 @@ void place_above(arrangement& a, const docked_objects& d, const plan& p)
     }
 }
 
-void place_sight(arrangement& a, const screen_object& sight, const QRectF& at)
-{
-    const double factor = at.width() / sight.Width;
-    a.enlarged[&sight] = {factor, at.left() - factor * sight.Left, at.top() - factor * sight.Top};
-}
-
-void place_below(arrangement& a, const object_list& line, const screen_object& sight, const QRectF& at)
+// Places the sight and the line below it.
+void place_sight(arrangement& a, const object_list& below, const screen_object& sight, const QRectF& at)
 {
     const double growth = at.width() / sight.Width;
-    for (const screen_object* o : line)
+    a.enlarged[&sight] = {growth, at.left() - growth * sight.Left, at.top() - growth * sight.Top};
+    for (const screen_object* o : below)
         a.places[o] = {at.left() + (o->Left - sight.Left) * growth, at.bottom() + border, o->Width,
                        o->Height};
 }
@@ -277,10 +267,9 @@ arrangement arrange(const form& f, const QSize& window)
     const plan p = best_plan(d, possible, twips, a.scale);
     if (p.left == nullptr) return a;
     a.scale = p.scale;
-    place_sight(a, *d.sight, p.sight);
+    place_sight(a, d.below, *d.sight, p.sight);
     place_strips(a, f, d, p, twips / p.scale);
     place_above(a, d, p);
-    place_below(a, d.below, *d.sight, p.sight);
     return a;
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <numeric>
 #include <utility>
 
 namespace vorn {
@@ -67,37 +66,20 @@ void measure(column& c)
     }
 }
 
-strip strip_of(std::span<const block> blocks, const std::vector<std::size_t>& ends)
+// `first` says for each block whether a column begins with it.
+strip strip_of(std::span<const block> blocks, const std::vector<bool>& first)
 {
     strip s;
+    for (std::size_t n = 0; n < blocks.size(); ++n) {
+        if (first[n]) s.columns.emplace_back();
+        s.columns.back().blocks.push_back(blocks[n]);
+    }
     s.size = {-gap, 0};
-    std::size_t from = 0;
-    for (const std::size_t end : ends) {
-        column& c = s.columns.emplace_back();
-        c.blocks.assign(blocks.begin() + static_cast<std::ptrdiff_t>(from),
-                        blocks.begin() + static_cast<std::ptrdiff_t>(end));
+    for (column& c : s.columns) {
         measure(c);
         s.size = {s.size.width() + c.size.width() + gap, std::max(s.size.height(), c.size.height())};
-        from = end;
     }
     return s;
-}
-
-// All ways to cut `count` blocks into columns, none of which is empty.
-void cut(std::vector<std::vector<std::size_t>>& ways, std::vector<std::size_t> ends, std::size_t count,
-         std::size_t columns)
-{
-    const std::size_t from = ends.empty() ? 0 : ends.back();
-    if (columns == 1) {
-        ends.push_back(count);
-        ways.push_back(std::move(ends));
-        return;
-    }
-    for (std::size_t end = from + 1; end + columns - 1 <= count; ++end) {
-        ends.push_back(end);
-        cut(ways, ends, count, columns - 1);
-        ends.pop_back();
-    }
 }
 
 void fill_column(column& c, const QRectF& at)
@@ -196,9 +178,7 @@ QRectF spread_place(const spread& s, const places& all, const screen_object& o, 
 block block_of(const form& f, const screen_object& o)
 {
     const object_list all = inside(f, &o);
-    double hidden = 0;
-    for (const screen_object* child : all) hidden += hidden_row(all, *child);
-    return {&o, {o.Width, o.Height - hidden}, false, give_of(o, all)};
+    return {&o, {o.Width, o.Height - raised(all, o.Height)}, false, give_of(o, all)};
 }
 
 block flat_block_of(const form& f, const screen_object& o)
@@ -222,13 +202,13 @@ static double cost_of(const strip& s)
 strip make_strip(std::span<const block> blocks, std::size_t columns)
 {
     if (columns == 0 || blocks.size() < columns) return {};
-    std::vector<std::vector<std::size_t>> ways;
-    cut(ways, {}, blocks.size(), columns);
+    std::vector<bool> first(blocks.size());
+    std::fill_n(first.begin(), columns, true);
     strip best;
-    for (const auto& way : ways) {
-        strip s = strip_of(blocks, way);
+    do {
+        strip s = strip_of(blocks, first);
         if (best.empty() || cost_of(s) < cost_of(best)) best = std::move(s);
-    }
+    } while (std::prev_permutation(first.begin() + 1, first.end()));
     return best;
 }
 
