@@ -85,11 +85,6 @@ form* front(const machine& m)
     return m.screens.shown.empty() ? nullptr : m.screens.shown.back();
 }
 
-void came_to_front(machine& m, form& f)
-{
-    if (f.state == form_state::shown) show(m, f);
-}
-
 void close_by_frame(form& f)
 {
     if (f.state != form_state::shown) return;
@@ -119,6 +114,7 @@ static void run_nested(machine& m, const std::function<void()>& event)
 {
     const meanwhile nested(m.screens.depth, m.screens.depth + 1);
     if (event) event();
+    arm_timers(m);
 }
 
 static std::optional<screen_stack::arrival> take_arrival(screen_stack& s)
@@ -134,11 +130,7 @@ static std::optional<screen_stack::arrival> take_arrival(screen_stack& s)
 void handle(machine& m, const std::function<void()>& event)
 {
     run_nested(m, event);
-    arm_timers(m);
-    while (const auto a = take_arrival(m.screens)) {
-        run_nested(m, a->screen->arrival);
-        arm_timers(m);
-    }
+    while (const auto a = take_arrival(m.screens)) run_nested(m, a->screen->arrival);
 }
 
 static bool can_tick(const timer& t)

@@ -140,8 +140,6 @@ void show(machine&, form&);
 void hide(machine&, form&);
 void unload(machine&, form&);
 form* front(const machine&);
-// To be called when the window system has brought this screen to the front.
-void came_to_front(machine&, form&);
 // To be called when the user closes the window. Runs the Click handler of the exit button, which may be
 // hidden. On a screen without an exit button it runs `closed`.
 void close_by_frame(form&);

@@ -12,8 +12,8 @@
 
 #include "platform/desktop/data_directory.h"
 #include "platform/desktop/drawing/pictures.h"
-#include "platform/desktop/windows/access.h"
 #include "platform/desktop/windows/sight_view.h"
+#include "platform/desktop/windows/views.h"
 #include "platform/files.h"
 
 #ifdef __GLIBC__
@@ -104,7 +104,7 @@ void desktop_machine::activated(form& f)
     // While windows are being placed, the program chooses the front window.
     if (ending_ || placing_ || f.state != form_state::shown || front(*this) == &f) return;
     last_front_ = window(f);   // keeps sync from activating it again: two windows could alternate endlessly
-    run([&] { came_to_front(*this, f); });
+    run([&] { show(*this, f); });
 }
 
 bool desktop_machine::press(screen_object& o)
@@ -174,18 +174,13 @@ void desktop_machine::pace(double seconds)
     const double from = std::exchange(move_->clock, move_->clock + seconds);
     while (move_->next_frame <= move_->clock) {
         const double time = move_->next_frame;
-        paint_move(seconds > 0 ? (time - from) / seconds : 1);
+        for (const form* f : screens.shown) {
+            window(*f)->animate();
+            window(*f)->set_progress(seconds > 0 ? (time - from) / seconds : 1);
+            window(*f)->paint_now();
+        }
         std::this_thread::sleep_for(std::chrono::duration<double>((time - now()) / speed_));
         move_->next_frame = std::max(time, now()) + frame;
-    }
-}
-
-void desktop_machine::paint_move(double progress)
-{
-    for (const form* f : screens.shown) {
-        window(*f)->animate();
-        window(*f)->set_progress(progress);
-        window(*f)->paint_now();
     }
 }
 

@@ -97,14 +97,12 @@ private:
         std::weak_ptr<const picture_pixels> pixels;
     };
 
-    void paint_move(double progress);
     void start_clock();
     void tick();
     void before_box();
     void place_windows();
     void place_shown();
     void open_window(form_window&, const form_window* before, bool over_it);
-    form_window& make_window(form&);
     QWidget* front_window() const;
 
     QIcon icon_;

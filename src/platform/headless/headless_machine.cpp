@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "platform/files.h"
-#include "platform/headless/picture_size.h"
 
 namespace vorn {
 
@@ -91,11 +90,6 @@ void headless_machine::play(const std::string& path)
     note("sound", to_utf8(from_utf8(path).filename()));
 }
 
-loaded_picture headless_machine::load_picture(const std::string& path)
-{
-    return picture_of_file(find_path(*this, path));
-}
-
 print_outcome headless_machine::print(const std::vector<printed_line>& lines, const std::string&)
 {
     if (!printer) return {"There is no printer.", {}};
@@ -143,13 +137,7 @@ void headless_machine::key_down(int code, bool alt)
 {
     const form* f = front(*this);
     if (screen_object* b = f == nullptr ? nullptr : button_of_key(*f, code, alt)) return event(b->Click);
-    if (!alt && f != nullptr && f->KeyDown) event([&] { f->KeyDown(code); });
-}
-
-void headless_machine::key_up(int code)
-{
-    const form* f = front(*this);
-    if (f != nullptr && f->KeyUp) event([&] { f->KeyUp(code); });
+    if (!alt) send(&form::KeyDown, code);
 }
 
 void headless_machine::plug_stick(bool in)
@@ -163,16 +151,12 @@ void headless_machine::stick(long x, long y)
     if (!stick_present) return;
     joystick[13] = x;
     joystick[14] = y;
-    const form* f = front(*this);
-    if (f != nullptr && f->Move) event([&] { f->Move(x, y); });
+    send(&form::Move, x, y);
 }
 
 void headless_machine::stick_button(int number, bool down)
 {
-    const form* f = front(*this);
-    if (f == nullptr || !stick_present) return;
-    const auto& hook = down ? f->ButtonDown : f->ButtonUp;
-    if (hook) event([&] { hook(number); });
+    if (stick_present) send(down ? &form::ButtonDown : &form::ButtonUp, number);
 }
 
 void headless_machine::later(double seconds, std::function<void()> action)

@@ -3,7 +3,6 @@
 // boxes and other events.
 #pragma once
 
-#include <array>
 #include <deque>
 #include <map>
 #include <string>
@@ -66,40 +65,25 @@ public:
 
     // Runs a handler as one event.
     void event(const std::function<void()>&);
-    void click(screen_object& o)
-    {
-        event([&] { user_click(o); });
-    }
+    void click(screen_object& o) { act(user_click, o); }
     void confirm(screen_object&);                           // clicks, and answers its question yes
     void choose(screen_object&, const std::string& path);   // clicks, and chooses a file in its dialog
-    void slide(screen_object& o, int position)
-    {
-        event([&] { user_slide(o, position); });
-    }
-    void type(screen_object& o, const std::string& text)
-    {
-        event([&] { user_types(o, text); });
-    }
+    void slide(screen_object& o, int position) { act(user_slide, o, position); }
+    void type(screen_object& o, const std::string& text) { act(user_types, o, text); }
     void press(screen_object&);                            // mouse button down
     void release(screen_object& o) { event(o.MouseUp); }   // mouse button up
-    void click_at(screen_object& o, double x, double y)
-    {
-        event([&] { user_click_at(o, x, y); });
-    }
+    void click_at(screen_object& o, double x, double y) { act(user_click_at, o, x, y); }
     void key_down(int code, bool alt = false);   // on the front screen
-    void key_up(int code);
+    void key_up(int code) { send(&form::KeyUp, code); }
     void plug_stick(bool in);   // false: unplugs it; an unplugged stick sends no events
     void stick(long x, long y);
     void stick_button(int number, bool down);
     // The user brings a window to the front, or clicks its close button.
     void activate(form& f)
     {
-        event([&] { came_to_front(*this, f); });
+        if (f.state == form_state::shown) act(show, *this, f);
     }
-    void close_window(form& f)
-    {
-        event([&] { close_by_frame(f); });
-    }
+    void close_window(form& f) { act(close_by_frame, f); }
 
     // Runs until this many seconds after the end of the last advance. They include the time that handlers
     // have taken since then.
@@ -119,6 +103,17 @@ private:
         std::function<void()> action;
     };
 
+    // Runs an action of the user as one event.
+    void act(auto action, auto&&... on)
+    {
+        event([&] { action(on...); });
+    }
+    // Runs a handler of the front screen, if it has one.
+    void send(auto form::*handler, auto... input)
+    {
+        const form* f = front(*this);
+        if (f != nullptr && f->*handler) event([&] { (f->*handler)(input...); });
+    }
     double next_event();
     void deliver();
     void run_until(double moment);

@@ -1,5 +1,4 @@
-#include "platform/headless/picture_size.h"
-
+// The natural size of a picture file, read from its header: a machine without a screen needs no pixels.
 #include <algorithm>
 #include <cstdint>
 #include <fstream>
@@ -7,6 +6,7 @@
 #include <string_view>
 
 #include "platform/files.h"
+#include "platform/headless/headless_machine.h"
 
 namespace vorn {
 
@@ -38,6 +38,7 @@ pixels jpeg_size(const bytes& b)
     return {};
 }
 
+// The size of the largest image.
 pixels icon_size(const bytes& b)
 {
     pixels largest;
@@ -61,9 +62,10 @@ pixels size_of(const bytes& b)
 
 }   // namespace
 
-loaded_picture picture_of_file(const std::string& file)
+loaded_picture headless_machine::load_picture(const std::string& name)
 {
     std::error_code failed;
+    const std::string file = find_path(*this, name);
     const std::filesystem::path path = from_utf8(file);
     if (!std::filesystem::exists(path, failed)) return {std::nullopt, "The file does not exist."};
     constexpr std::uintmax_t head = 1 << 20;

@@ -1,5 +1,4 @@
-#include "platform/desktop/windows/access.h"
-
+// Accessibility of the program's own widgets, for screen readers.
 #include <QAccessibleWidget>
 #include <algorithm>
 

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QScreen>
 #include <QSlider>
 #include <QWindow>
@@ -91,7 +90,7 @@ void form_window::make_object(screen_object& o)
             sight->now = [this] { return pc_.now(); };
             sights_.push_back(sight);
         }
-        if (has_mouse_handler(o) || has_move_handler(o)) s.widget->installEventFilter(this);
+        if (has_mouse_handler(o) || move_handler_of(o) != nullptr) s.widget->installEventFilter(this);
         if (auto* b = qobject_cast<QAbstractButton*>(s.widget)) connect_space(*b, o);
     }
     if (!in_sight(o)) set_growth(*s.widget, growth_of(&o));
@@ -115,29 +114,19 @@ void form_window::connect_space(QAbstractButton& b, screen_object& o)
     });
 }
 
-void form_window::make_new_objects()
-{
-    if (objects_.size() == model.objects.size()) return;
-    for (screen_object* o : model.objects) make_object(*o);
-    place_objects();
-}
-
-static bool moved(const object_fields& a, const object_fields& b)
-{
-    return a.Left != b.Left || a.Top != b.Top || a.Width != b.Width || a.Height != b.Height;
-}
-
 void form_window::sync()
 {
     if (fitted_ != size()) arrange_objects();
-    make_new_objects();
-    bool widgets_moved = false, rearranged = false;
+    bool widgets_moved = objects_.size() != model.objects.size(), rearranged = false;
+    if (widgets_moved)
+        for (screen_object* o : model.objects) make_object(*o);
     for (const auto& s : objects_) {
-        if (static_cast<const object_fields&>(*s->object) == s->drawn) {
+        const object_fields& now = *s->object;
+        if (now == s->drawn) {
             s->before = s->drawn;
             continue;
         }
-        if (!in_sight(*s->object)) widgets_moved |= moved(*s->object, s->drawn);
+        widgets_moved |= !in_sight(*s->object) && static_cast<const area&>(now) != s->drawn;
         rearranged |= s->object->Visible != s->drawn.Visible && affects_arrangement(*s->object);
         draw_fields(*s, false);
     }
@@ -154,7 +143,7 @@ void form_window::sync()
 
 sight_view* form_window::sight_of(const screen_object& ground) const
 {
-    return ground.owner == &model ? dynamic_cast<sight_view*>(widget(ground)) : nullptr;
+    return dynamic_cast<sight_view*>(widget(ground));
 }
 
 void form_window::clear_strikes()
@@ -375,41 +364,22 @@ void form_window::mouseMoveEvent(QMouseEvent*)
     if (model.MouseMove && model.state == form_state::shown) pc_.run(model.MouseMove);
 }
 
-static bool left_press(const QEvent& e)
-{
-    const bool press = e.type() == QEvent::MouseButtonPress || e.type() == QEvent::MouseButtonDblClick;
-    return press && static_cast<const QMouseEvent&>(e).button() == Qt::LeftButton;
-}
-
-static bool left_release(const QEvent& e)
-{
-    return e.type() == QEvent::MouseButtonRelease &&
-           static_cast<const QMouseEvent&>(e).button() == Qt::LeftButton;
-}
-
-// The object whose MouseMove handler is called: the object under the mouse or its nearest parent with a
-// handler. Disabled objects count too: their hints are also shown.
-static const screen_object* under_mouse(const screen_object& object)
-{
-    const screen_object* o = &object;
-    while (o != nullptr && !o->MouseMove) o = o->parent;
-    return o != nullptr && o->owner->state == form_state::shown ? o : nullptr;
-}
-
 // Returns true if the widget must not get the event: when the handler has opened a box, the box gets the
-// release event, and the button would stay down.
-bool form_window::mouse_event(screen_object& o, QEvent& e)
+// release event, and the button would stay down. A disabled object gets MouseMove too: its hint is also
+// shown.
+bool form_window::mouse_event(screen_object& o, const QMouseEvent& e)
 {
-    if (left_press(e) && o.ClickAt) {
+    const bool left = e.button() == Qt::LeftButton, release = e.type() == QEvent::MouseButtonRelease;
+    if (left && release) pc_.release_pressed();
+    if (left && !release && o.ClickAt) {
         const QWidget& w = *widget(o);
-        const QPointF pixel = static_cast<const QMouseEvent&>(e).position();
-        const QPointF at(pixel.x() / w.width() * o.Width, pixel.y() / w.height() * o.Height);
+        const QPointF at(e.position().x() / w.width() * o.Width, e.position().y() / w.height() * o.Height);
         pc_.run([&o, at] { user_click_at(o, at.x(), at.y()); });
     }
-    if (left_press(e)) return (o.MouseDown || o.MouseUp) && takes_input(o) && !pc_.press(o);
-    if (left_release(e)) pc_.release_pressed();
-    if (e.type() != QEvent::MouseMove) return false;
-    if (const screen_object* over = under_mouse(o)) pc_.run(over->MouseMove);
+    if (left && !release) return (o.MouseDown || o.MouseUp) && takes_input(o) && !pc_.press(o);
+    const screen_object* over = move_handler_of(o);
+    if (e.type() == QEvent::MouseMove && over != nullptr && model.state == form_state::shown)
+        pc_.run(over->MouseMove);
     return false;
 }
 
@@ -417,7 +387,8 @@ bool form_window::eventFilter(QObject* watched, QEvent* e)
 {
     if (e->type() < QEvent::MouseButtonPress || e->type() > QEvent::MouseMove) return false;
     for (const auto& s : objects_)
-        if (s->widget == watched && !in_sight(*s->object)) return mouse_event(*s->object, *e);
+        if (s->widget == watched && !in_sight(*s->object))
+            return mouse_event(*s->object, static_cast<const QMouseEvent&>(*e));
     return false;
 }
 

@@ -55,7 +55,6 @@ protected:
 
 private:
     QRect normal_place() const;
-    void make_new_objects();
     void make_object(screen_object&);
     void connect_space(QAbstractButton&, screen_object&);
     void arrange_objects();
@@ -64,7 +63,7 @@ private:
     double growth_of(const screen_object*) const;
     QPointF corner_of(const screen_object*) const;
     QRect place_of(const screen_object&) const;
-    bool mouse_event(screen_object&, QEvent&);
+    bool mouse_event(screen_object&, const QMouseEvent&);
     shown_object* shown(const screen_object*) const;
 
     desktop_machine& pc_;

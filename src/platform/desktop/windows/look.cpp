@@ -1,7 +1,6 @@
 #include "platform/desktop/windows/look.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyleOption>
 #include <QWidget>
 #include <algorithm>
@@ -75,28 +74,23 @@ void draw_button_face(QPainter& p, const QStyleOption& o, double scale)
     QLinearGradient fill(r.topLeft(), r.bottomLeft());
     fill.setColorAt(0, raised ? face.lighter(116) : face);
     fill.setColorAt(1, raised ? face.darker(112) : face);
-    p.setBrush(fill);
-    p.setPen(QPen(outline(o), line));
-    p.drawRoundedRect(r, 3 * scale, 3 * scale);
+    draw_rounded(p, o.rect, fill, outline(o), 3 * scale, scale);
     if (!has(o, QStyle::State_HasFocus) || !has(o, QStyle::State_Enabled)) return;
     p.setBrush(Qt::NoBrush);
     p.setPen(QPen(mixed(face, shade(colour::live), 0.4), line));
     p.drawRoundedRect(r.adjusted(2 * line, 2 * line, -2 * line, -2 * line), 2 * scale, 2 * scale);
 }
 
+// The colour of a disabled object: dimmer, yet readable.
+QColor disabled_shade(const QColor& c)
+{
+    return mixed(c, shade(colour::ground), 0.48);
+}
+
 QColor mark_shade(const QStyleOption& o)
 {
     const QColor live = shade(colour::live);
     return has(o, QStyle::State_Enabled) ? live : disabled_shade(live);
-}
-
-void draw_rounded(QPainter& p, const QRect& at, const QBrush& fill, const QColor& edge, double radius,
-                  double scale)
-{
-    const double line = std::max(1.0, scale);
-    p.setBrush(fill);
-    p.setPen(QPen(edge, line));
-    p.drawRoundedRect(inside(at, line), radius, radius);
 }
 
 void draw_option_mark(QPainter& p, const QStyleOption& o, double scale)
@@ -179,9 +173,13 @@ QColor mixed(const QColor& a, const QColor& b, double part_of_b)
     return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
 }
 
-QColor disabled_shade(const QColor& c)
+void draw_rounded(QPainter& p, const QRect& at, const QBrush& fill, const QColor& edge, double radius,
+                  double scale)
 {
-    return mixed(c, shade(colour::ground), 0.48);
+    const double line = std::max(1.0, scale);
+    p.setBrush(fill);
+    p.setPen(QPen(edge, line));
+    p.drawRoundedRect(inside(at, line), radius, radius);
 }
 
 double line_height(text_size size)
@@ -271,17 +269,16 @@ int form_style::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
         {PM_ExclusiveIndicatorWidth, 14}, {PM_ExclusiveIndicatorHeight, 14}, {PM_IndicatorWidth, 14},
         {PM_IndicatorHeight, 14},         {PM_RadioButtonLabelSpacing, 6},   {PM_CheckBoxLabelSpacing, 6},
         {PM_SliderThickness, 18},         {PM_SliderControlThickness, 18},   {PM_SliderLength, 11},
-        {PM_DefaultFrameWidth, 3},        {PM_ButtonShiftHorizontal, 0},     {PM_ButtonShiftVertical, 0}};
+        {PM_DefaultFrameWidth, 3}};
     for (const scaled_metric& m : metrics)
-        if (m.metric == metric) return m.pixels == 0 ? 0 : std::max(1, qRound(m.pixels * scale_on(widget)));
+        if (m.metric == metric) return std::max(1, qRound(m.pixels * scale_on(widget)));
     return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 int form_style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* data) const
 {
-    if (hint == SH_EtchDisabledText || hint == SH_DitherDisabledText) return 0;
-    return QProxyStyle::styleHint(hint, option, widget, data);
+    return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
 }
 
 // The whole rectangle of an option or check box can be clicked, not only its text.

@@ -24,9 +24,11 @@ inline constexpr QRgb shadow = 0xff14150f;
 
 QColor shade(colour role);        // as text or line
 QColor back_shade(colour role);   // as background
-// The colour of a disabled object: dimmer, yet readable.
-QColor disabled_shade(const QColor&);
 QColor mixed(const QColor& a, const QColor& b, double part_of_b);
+
+// Draws a rectangle with rounded corners. Its edge is a line of one pixel at scale 1, inside `at`.
+void draw_rounded(QPainter&, const QRect& at, const QBrush& fill, const QColor& edge, double radius,
+                  double scale);
 
 // The distance between two lines of text in pixels, at scale 1.
 double line_height(text_size);

@@ -25,12 +25,6 @@ form_window* desktop_machine::window_of(const QObject* handle) const
     return nullptr;
 }
 
-form_window& desktop_machine::make_window(form& f)
-{
-    if (form_window* w = window(f)) return *w;
-    return *windows_.emplace_back(std::make_unique<form_window>(f, *this));
-}
-
 QWidget* desktop_machine::front_window() const
 {
     const form* f = front(*this);
@@ -62,7 +56,8 @@ void desktop_machine::place_shown()
     const std::vector<form*> before = std::exchange(shown_, shown);
     const bool replaced =
         std::any_of(before.begin(), before.end(), [&](form* f) { return !contains(shown, f); });
-    for (form* f : shown) make_window(*f);
+    for (form* f : shown)
+        if (window(*f) == nullptr) windows_.push_back(std::make_unique<form_window>(*f, *this));
     for (form* f : shown)
         if (!contains(before, f)) open_window(*window(*f), last_front_, !before.empty() && !replaced);
     for (form* f : before)

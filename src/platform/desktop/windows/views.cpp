@@ -65,7 +65,6 @@ void push_button::paintEvent(QPaintEvent*)
 
 text_button::text_button(const object_fields& fields, QWidget* parent) : QPushButton(parent), fields_(fields)
 {
-    setFlat(true);
     setAutoDefault(true);
 }
 
@@ -197,12 +196,11 @@ void sight_edge::surround(const QWidget& sight)
 
 void sight_edge::paintEvent(QPaintEvent*)
 {
-    const double line = std::max(1.0, scale_of(*this)), radius = edge_width * scale_of(*this);
+    const double scale = scale_of(*this);
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(QColor(control_colour::edge), line));
-    p.setBrush(QColor(control_colour::shadow));
-    p.drawRoundedRect(QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2), radius, radius);
+    draw_rounded(p, rect(), QColor(control_colour::shadow), QColor(control_colour::edge), edge_width * scale,
+                 scale);
 }
 
 shape_view::shape_view(const object_fields& fields, QWidget* parent) : QWidget(parent), fields_(fields) {}

@@ -32,8 +32,7 @@ QString plain_caption(const object_fields& o)
 
 // Creation ------------------------------------------------------------------------------------------------
 
-template <class Button>
-QWidget* clicking(Button* b, shown_object& s, const event_runner& run)
+QWidget* clicking(QAbstractButton* b, shown_object& s, const event_runner& run)
 {
     QObject::connect(b, &QAbstractButton::toggled, b, [&s](bool on) { s.drawn.Value = on ? 1 : 0; });
     QObject::connect(b, &QAbstractButton::clicked, b, [&s, run] { run([&s] { user_click(*s.object); }); });
@@ -262,11 +261,11 @@ bool has_mouse_handler(const screen_object& o)
     return o.Click || o.ClickAt || o.MouseDown || o.MouseUp || o.MouseMove;
 }
 
-bool has_move_handler(const screen_object& object)
+const screen_object* move_handler_of(const screen_object& object)
 {
-    for (const screen_object* o = &object; o != nullptr; o = o->parent)
-        if (o->MouseMove) return true;
-    return false;
+    const screen_object* o = &object;
+    while (o != nullptr && !o->MouseMove) o = o->parent;
+    return o;
 }
 
 QWidget* make_widget(shown_object& s, QWidget* parent, const event_runner& run)
@@ -276,7 +275,7 @@ QWidget* make_widget(shown_object& s, QWidget* parent, const event_runner& run)
     s.widget->setStyle(parent->style());
     s.widget->setAttribute(Qt::WA_NoMousePropagation);
     s.widget->setAttribute(Qt::WA_TransparentForMouseEvents, ignores_mouse(*s.object));
-    s.widget->setMouseTracking(has_move_handler(*s.object));
+    s.widget->setMouseTracking(move_handler_of(*s.object) != nullptr);
     return s.widget;
 }
 

@@ -24,8 +24,8 @@ struct shown_object {
 
 bool in_sight(const screen_object&);
 bool has_mouse_handler(const screen_object&);
-// Whether the object or one of its parents has a MouseMove handler.
-bool has_move_handler(const screen_object&);
+// The object or its nearest parent that has a MouseMove handler; null if none has.
+const screen_object* move_handler_of(const screen_object&);
 
 QWidget* make_widget(shown_object&, QWidget* parent, const event_runner&);
 
