@@ -58,7 +58,7 @@ inline object_fields textbox(area at, std::string text)
 inline object_fields image(area at, std::string drawing = {})
 {
     object_fields f = placed(object_kind::image, at);
-    if (!drawing.empty()) f.Picture.source = std::move(drawing);
+    f.Picture.source = std::move(drawing);
     return f;
 }
 

@@ -7,7 +7,7 @@
 #include <QMessageBox>
 #include <QTextEdit>
 #include <array>
-#include <cstring>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -34,19 +34,13 @@ constexpr std::array<std::pair<int, int>, 26> named_keys{{
     {Qt::Key_ScrollLock, 145}, {Qt::Key_AltGr, 18},
 }};
 
-// The letter or digit of a US keyboard at this X11 key code.
+// The letter or digit of a US keyboard at this X11 key code; 0 for other keys.
 int code_by_position(quint32 scan_code)
 {
-    struct key_row {
-        quint32 first;
-        const char* letters;
-    };
-    constexpr std::array<key_row, 4> rows{
-        {{10, "1234567890"}, {24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}}};
-    for (const key_row& r : rows)
-        if (scan_code >= r.first && scan_code < r.first + std::strlen(r.letters))
-            return r.letters[scan_code - r.first];
-    return 0;
+    constexpr quint32 first = 10;
+    constexpr std::string_view keys = "1234567890    QWERTYUIOP    ASDFGHJKL     ZXCVBNM";
+    const bool known = scan_code >= first && scan_code - first < keys.size();
+    return known && keys[scan_code - first] != ' ' ? keys[scan_code - first] : 0;
 }
 
 bool is_letter(int code)
@@ -89,48 +83,37 @@ bool marks_repeat()
     return QGuiApplication::platformName() == "windows" || QGuiApplication::platformName() == "wayland";
 }
 
+// A function of Xlib, without its first parameter, the display; null on other systems. Xlib isn't linked,
+// since Qt has loaded it if there is an X server.
+template <class... Parameters>
+std::function<void(Parameters...)> x11_function([[maybe_unused]] const char* name)
+{
 #if QT_CONFIG(xcb)
-Display* x11_display()
-{
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 == nullptr ? nullptr : x11->display();
-}
-
-// A function of Xlib. Xlib isn't linked, since Qt has loaded it if there is an X server.
-template <class Function>
-Function x11_function(const char* name)
-{
-    return reinterpret_cast<Function>(QLibrary::resolve("X11", 6, name));
-}
+    Display* const display = x11 == nullptr ? nullptr : x11->display();
+    if (display == nullptr) return nullptr;
+    const auto call = reinterpret_cast<int (*)(Display*, Parameters...)>(QLibrary::resolve("X11", 6, name));
+    if (call != nullptr) return [=](Parameters... p) { call(display, p...); };
 #endif
+    return nullptr;
+}
 
 // Asks X11 to send no release events during auto-repeat.
 void enable_detectable_repeat()
 {
-#if QT_CONFIG(xcb)
-    Display* const display = x11_display();
-    if (display == nullptr) return;
-    const auto set = x11_function<int (*)(Display*, int, int*)>("XkbSetDetectableAutoRepeat");
-    if (set != nullptr) set(display, 1, nullptr);
-#endif
+    if (const auto set = x11_function<int, int*>("XkbSetDetectableAutoRepeat")) set(1, nullptr);
 }
 
 // A function that asks X11 whether the key of this scan code is down; null on other systems.
 std::function<bool(quint32)> x11_key_state()
 {
-#if QT_CONFIG(xcb)
-    Display* const display = x11_display();
-    if (display == nullptr) return nullptr;
-    const auto query = x11_function<int (*)(Display*, char*)>("XQueryKeymap");
-    if (query == nullptr) return nullptr;
+    const auto query = x11_function<char*>("XQueryKeymap");
+    if (!query) return nullptr;
     return [=](quint32 key) {
         std::array<char, 32> bits{};   // one for each key
-        query(display, bits.data());
+        query(bits.data());
         return key / 8 >= bits.size() || (bits[key / 8] >> key % 8 & 1) != 0;
     };
-#else
-    return nullptr;
-#endif
 }
 
 }   // namespace
@@ -241,11 +224,6 @@ bool keyboard::pressed(form_window* w, const QKeyEvent& e)
     return held && is_answer(e);
 }
 
-void keyboard::released(const QKeyEvent& e)
-{
-    if (!e.isAutoRepeat()) end(identity(e));
-}
-
 // Qt delivers each key first to the window and then to its widgets; only the first event is handled.
 bool keyboard::eventFilter(QObject* o, QEvent* e)
 {
@@ -253,7 +231,7 @@ bool keyboard::eventFilter(QObject* o, QEvent* e)
         return false;
     const auto& key = static_cast<const QKeyEvent&>(*e);
     if (e->type() == QEvent::KeyPress) return pressed(pc_.window_of(o), key);
-    released(key);
+    if (!key.isAutoRepeat()) end(identity(key));
     return false;
 }
 

@@ -35,7 +35,6 @@ private:
     };
 
     bool pressed(form_window*, const QKeyEvent&);
-    void released(const QKeyEvent&);
     void send_down(form&, int code, key_down&);
     void send_up(key_down&);
     void end(quint32 key);

@@ -17,12 +17,10 @@
 
 namespace vorn {
 
-static const char* const job_name = "V.O.R.N. practice report";   // in the print queue
-
 static QFont printed_font(const printed_line& l)
 {
-    QFont font(l.face.empty() ? QString("MS Sans Serif") : QString::fromStdString(l.face));
-    font.setPointSizeF(l.size > 0 ? l.size : 10);
+    QFont font(QString::fromStdString(l.face));
+    font.setPointSizeF(l.size);
     font.setBold(l.bold);
     font.setUnderline(l.underline);
     return font;
@@ -82,7 +80,7 @@ print_outcome desktop_machine::print(const std::vector<printed_line>& lines, con
 {
     if (printer_present()) {
         QPrinter printer(QPrinter::HighResolution);
-        printer.setDocName(job_name);
+        printer.setDocName("V.O.R.N. practice report");   // shown in the print queue
         return {.reason = print_lines(printer, lines)};
     }
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);

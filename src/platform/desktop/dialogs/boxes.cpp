@@ -23,11 +23,9 @@ static QString box_text(const std::string& text)
     return QString::fromStdString(text).replace("\n\r", "\n");
 }
 
-static QMessageBox::Icon icon_of(box_sign sign)
-{
-    if (sign == box_sign::information) return QMessageBox::Information;
-    return sign == box_sign::question ? QMessageBox::Question : QMessageBox::NoIcon;
-}
+// Indexed by `box_sign`.
+static constexpr QMessageBox::Icon icons[] = {QMessageBox::NoIcon, QMessageBox::Information,
+                                              QMessageBox::Question};
 
 // Keys and buttons that are held down are released when the box is open, as separate events, so that their
 // handlers don't run before the box is shown.
@@ -47,7 +45,7 @@ bool desktop_machine::message_box(const message& asked)
     box.setText(box_text(asked.text));
     box.setWindowTitle(asked.title.empty() ? "V.O.R.N." : QString::fromStdString(asked.title));
     box.setWindowIcon(icon_);
-    box.setIcon(icon_of(asked.sign));
+    box.setIcon(icons[static_cast<int>(asked.sign)]);
     box.setStandardButtons(asked.buttons == box_buttons::ok ? QMessageBox::Ok
                                                             : QMessageBox::Yes | QMessageBox::No);
     if (asked.on_return == default_button::no) box.setDefaultButton(QMessageBox::No);
@@ -62,7 +60,6 @@ std::optional<std::string> desktop_machine::input_box(const std::string& title, 
 {
     before_box();
     QInputDialog box(front_window());
-    box.setInputMode(QInputDialog::TextInput);
     box.setWindowTitle(QString::fromStdString(title));
     box.setWindowIcon(icon_);
     box.setLabelText(box_text(prompt));

@@ -24,7 +24,6 @@ help_window::help_window(const QIcon& icon)
     setWindowTitle("V.O.R.N. Help");
     setWindowIcon(icon);
     setWindowFlags(Qt::Window);
-    setModal(false);
     setPalette(form_palette());
     setFont(text_font(text_size::normal, false, 1.1));
     resize(usual_size.boundedTo(screen()->availableSize()));

@@ -107,14 +107,11 @@ help_page::help_page(QWidget* parent) : QTextBrowser(parent)
     document()->setDefaultStyleSheet(page_style());
     document()->documentLayout()->registerHandler(QTextFormat::ImageObject, new picture_drawing(this));
     connect(this, &QTextBrowser::anchorClicked, this, &help_page::follow);
-    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &help_page::hide_needless_scroll_bar);
-}
-
-// Qt rounds the widths of columns up, so a table can be some pixels wider than the page. As long as only the
-// margin at the right is hidden, no scroll bar is needed.
-void help_page::hide_needless_scroll_bar(int, int hidden)
-{
-    setHorizontalScrollBarPolicy(hidden < page_margin ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    // Qt rounds the widths of columns up, so a table can be some pixels wider than the page. As long as only
+    // the margin at the right is hidden, no scroll bar is needed.
+    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int hidden) {
+        setHorizontalScrollBarPolicy(hidden < page_margin ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    });
 }
 
 QString help_page::path_of(const QUrl& name) const

@@ -30,7 +30,6 @@ protected:
     void wheelEvent(QWheelEvent*) override;
 
 private:
-    void hide_needless_scroll_bar(int, int hidden);   // pixels hidden at the right
     QString path_of(const QUrl& name) const;
     void play(const QUrl& film);
     void show_frame();
