@@ -25,9 +25,8 @@ constexpr double row(int n)
 // Large centred text on a coloured background.
 object_fields plate(area at, std::string words, colour fore, colour back)
 {
-    object_fields f = bold(label(at, std::move(words), fore, text_size::large, alignment::centre));
-    f.BackColor = back;
-    return f;
+    return with_background(bold(label(at, std::move(words), fore, text_size::large, alignment::centre)),
+                           back);
 }
 
 void buttons(S& s)
@@ -42,67 +41,57 @@ void buttons(S& s)
 void tester(S& s)
 {
     add(s.window, s.Frmstick, frame({120, top, 3480, height}, "STICK"));
-    object_fields window = placed(object_kind::sight, {120, 360, 3240, 3240});
-    window.AccessibleName = "Stick tester";
-    add(s.window, s.Frmfield, std::move(window), &s.Frmstick);
-    add(s.window, s.Image1, image({120, 120, 3000, 3000}, ":stick_field"), &s.Frmfield);
-    add(s.window, s.dot, shape({1560, 1560, 150, 150}, shape_kind::filled_ellipse, colour::red), &s.Frmfield);
+    const auto in =
+        add_frame(s, s.Frmfield, named(placed(object_kind::sight, {120, 360, 3240, 3240}), "Stick tester"),
+                  &s.Frmstick);
+    in.add(s.Image1, image({120, 120, 3000, 3000}, ":stick_field"));
+    in.add(s.dot, shape({1560, 1560, 150, 150}, shape_kind::filled_ellipse, colour::red));
 }
 
 void readings(S& s)
 {
-    add(s.window, s.Frmreadings, frame({3720, top, 5640, height}, "READINGS"));
+    const auto in = add_frame(s, s.Frmreadings, frame({3720, top, 5640, height}, "READINGS"));
     constexpr double first = 1560, second = 3540, width = 1860;
     for (const auto& [words, left] : {std::pair{"X POS =", first}, {"Y POS =", second}})
-        caption(s, &s.Frmreadings,
-                label({left, row(0) + 300, width, 420}, words, colour::dim, text_size::normal,
-                      alignment::centre));
+        in.caption(label({left, row(0) + 300, width, 420}, words, colour::dim, text_size::normal,
+                         alignment::centre));
     const struct {
-        const char* words;
+        std::string words;
         screen_object& x;
         screen_object& y;
     } rows[] = {{"Centre", s.Lblxmin, s.Lblymin},
                 {"Match", s.Lblx, s.Lbly},
                 {"Movement", s.Lblxfactor, s.Lblyfactor}};
-    double at = row(1);
-    for (const auto& r : rows) {
-        caption(s, &s.Frmreadings, label({240, at + 180, 1260, box - 360}, r.words, colour::dim));
-        const struct {
-            screen_object& o;
-            double left;
-            const char* axis;
-        } pair[] = {{r.x, first, " X"}, {r.y, second, " Y"}};
-        for (const auto& [o, left, axis] : pair)
-            add(s.window, o,
-                named(plate({left, at, width, box}, "", colour::live, colour::black),
-                      std::string(r.words) + axis),
-                &s.Frmreadings);
-        at += row(1) - row(0);
+    for (int n = 1; const auto& r : rows) {
+        const double at = row(n++);
+        const auto reading = [at](double left) {
+            return plate({left, at, width, box}, "", colour::live, colour::black);
+        };
+        in.caption(label({240, at + 180, 1260, box - 360}, r.words, colour::dim));
+        in.add(r.x, named(reading(first), r.words + " X"));
+        in.add(r.y, named(reading(second), r.words + " Y"));
     }
-    for (screen_object* o : {&s.Lblxmax, &s.Lblymax})
-        add(s.window, *o, hidden(label({0, 0, width, 300}, "")), &s.Frmreadings);
+    for (screen_object* o : {&s.Lblxmax, &s.Lblymax}) in.add(*o, hidden(label({0, 0, width, 300}, "")));
 }
 
 // The joystick's buttons, and what each does in a practice.
 void lamps(S& s)
 {
-    add(s.window, s.Frmbuttons, frame({9480, top, 5760, height}, "BUTTONS"));
+    const auto in = add_frame(s, s.Frmbuttons, frame({9480, top, 5760, height}, "BUTTONS"));
     static constexpr const char* does[] = {"FIRE", "AMMO  SELECT", "LAZE", "AUTOLAY"};
     for (int b = 0; b < 4; ++b) {
         const double at = row(b);
-        caption(s, &s.Frmbuttons,
-                bold(label({240, at, 480, box}, std::to_string(b + 1), colour::dim, text_size::large)));
-        add(s.window, s.Lblbutton[b], plate({780, at, 4740, box}, does[b], colour::white, colour::darkred),
-            &s.Frmbuttons);
+        in.caption(bold(label({240, at, 480, box}, std::to_string(b + 1), colour::dim, text_size::large)));
+        in.add(s.Lblbutton[b], plate({780, at, 4740, box}, does[b], colour::white, colour::darkred));
     }
 }
 
 void steps(S& s)
 {
-    add(s.window, s.Frminfo, frame({120, 5355, 15120, 6045}, "CALIBRATION"));
-    caption(s, &s.Frminfo,
-            label({840, 450, 13980, 450}, "CLICK ON START TO BEGIN OR TO START OVER. ESC LEAVES THIS SCREEN",
-                  colour::dim, text_size::large));
+    const auto in = add_frame(s, s.Frminfo, frame({120, 5355, 15120, 6045}, "CALIBRATION"));
+    in.caption(label({840, 450, 13980, 450},
+                     "CLICK ON START TO BEGIN OR TO START OVER. ESC LEAVES THIS SCREEN", colour::dim,
+                     text_size::large));
     const struct {
         screen_object& o;
         const char* words;
@@ -116,12 +105,10 @@ void steps(S& s)
         {s.Lblinfo3, "TEST THE MOVEMENT OF THE JOYSTICK AND BUTTONS", 3780, 450},
         {s.Lblinfo4, "IF SATISFIED WITH CALIBRATION THEN CLICK ON  FINISH", 4770, 450}};
     for (int n = 0; const auto& r : rows) {
-        object_fields number =
+        const object_fields number =
             bold(label({240, r.top, 480, r.height}, std::to_string(n + 1), colour::dim, text_size::large));
-        add(s.window, s.Lblstep[n++], hidden(std::move(number)), &s.Frminfo);
-        add(s.window, r.o,
-            hidden(label({840, r.top, 13980, r.height}, r.words, colour::text, text_size::large)),
-            &s.Frminfo);
+        in.add(s.Lblstep[n++], hidden(number));
+        in.add(r.o, hidden(label({840, r.top, 13980, r.height}, r.words, colour::text, text_size::large)));
     }
 }
 

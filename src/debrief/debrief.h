@@ -1,9 +1,12 @@
 // Functions shared by the sources of the debrief screen.
 #pragma once
 
+#include <array>
+
 namespace vorn {
 
 struct trainer;
+struct screen_object;
 struct results_screen;
 
 // Side of a mark's image, twips. The middle of the image is the point that it marks.
@@ -17,6 +20,8 @@ void make_engagements(trainer&);
 // Loads the icons that the record names. Returns false if one can't be loaded; the built-in picture is then
 // shown.
 bool loadstock(trainer&);
+// The buttons of rounds 1 to 4.
+std::array<screen_object*, 4> roundbuttons(results_screen&);
 // Shows the pictures in the list of engagements and selects engagement 1.
 void fillengagements(trainer&);
 

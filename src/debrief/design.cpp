@@ -41,32 +41,29 @@ void buttons(S& s)
 
 void range_strip(S& s)
 {
-    add(s.window, s.Imgrange, image({120, 360, 15045, 3000}, ":country"));
-    object_fields pointer = hidden(image({120, 360, mark, mark}, ":pointer"));
-    pointer.Within = {120, 360, 15045, 3000};
-    add(s.window, s.imgtargetpointer, std::move(pointer));
+    const area strip{120, 360, 15045, 3000};
+    add(s.window, s.Imgrange, image(strip, ":country"));
+    add(s.window, s.imgtargetpointer, hidden(bounded(image({120, 360, mark, mark}, ":pointer"), strip)));
     add(s.window, s.originalrange, hidden(image({0, 0, 43560, 7335}, ":country")));
 }
 
 void engagement_list(S& s)
 {
-    add(s.window, s.Frame4, frame({0, 3480, 1815, 6855}, "ENGAGEMENT"));
+    const auto in = add_frame(s, s.Frame4, frame({0, 3480, 1815, 6855}, "ENGAGEMENT"));
     for (int e = 1; e <= 15; ++e) {
         const area at{e <= 8 ? 240.0 : 1080.0, 240.0 + 600 * ((e - 1) % 8), 495, 495};
-        const std::string number = std::to_string(e);
-        add(s.window, s.Imgtgtnumber[e], image(at, ":blank"), &s.Frame4);
-        object_fields f = label(at, number, colour::darkred, text_size::normal, alignment::right);
-        add(s.window, s.Lbltgtnumber[e],
-            named(with_tip(std::move(f), e == 1 ? "ENGAGEMENT  NUMBER " : ""), "Engagement"), &s.Frame4);
+        in.add(s.Imgtgtnumber[e], image(at, ":blank"));
+        const object_fields number =
+            label(at, std::to_string(e), colour::darkred, text_size::normal, alignment::right);
+        in.add(s.Lbltgtnumber[e], named(with_tip(number, e == 1 ? "ENGAGEMENT  NUMBER " : ""), "Engagement"));
     }
     for (screen_object* o : {&s.Imgfin, &s.Imghesh, &s.Imgcoax, &s.imgblank})
-        add(s.window, *o, hidden(image({0, 0, 495, 495}, o == &s.imgblank ? ":blank" : ":target")),
-            &s.Frame4);
+        in.add(*o, hidden(image({0, 0, 495, 495}, o == &s.imgblank ? ":blank" : ":target")));
 }
 
 void details(S& s)
 {
-    add(s.window, s.Frame3, frame({2040, 3480, 5175, 2055}, "DETAILS", "STUDENT DETAILS"));
+    const auto in = add_frame(s, s.Frame3, frame({2040, 3480, 5175, 2055}, "DETAILS", "STUDENT DETAILS"));
     const struct {
         const char* words;
         screen_object& box;
@@ -76,17 +73,17 @@ void details(S& s)
                 {"RANGE NAME", s.Txtrngename, "RANGE NAME"}};
     double top = 375;
     for (const auto& r : rows) {
-        caption(s, &s.Frame3, label({180, top + 60, 1560, 300}, r.words, colour::dim));
+        in.caption(label({180, top + 60, 1560, 300}, r.words, colour::dim));
         object_fields f = with_tip(textbox({1800, top, 3195, 420}, ""), r.tip);
         f.ReadOnly = true;
-        add(s.window, r.box, std::move(f), &s.Frame3);
+        in.add(r.box, std::move(f));
         top += 540;
     }
 }
 
 void information(S& s)
 {
-    add(s.window, s.Frame2, frame({2040, 5640, 5175, 4695}, "TARGET INFORMATION"));
+    const auto in = add_frame(s, s.Frame2, frame({2040, 5640, 5175, 4695}, "TARGET INFORMATION"));
     const struct {
         const char* words;
         screen_object& value;
@@ -96,18 +93,16 @@ void information(S& s)
                 {"TARGET DESTROYED", s.Lbltarget, ""},  {"TIME TAKEN", s.Lbltime, ""}};
     double top = 510;
     for (const auto& r : rows) {
-        caption(s, &s.Frame2, label({240, top + 60, 2400, 330}, r.words, colour::dim));
-        add(s.window, r.value,
-            named(with_tip(bold(label({2760, top, 2235, 450}, "", colour::live, text_size::large)), r.tip),
-                  r.words),
-            &s.Frame2);
+        in.caption(label({240, top + 60, 2400, 330}, r.words, colour::dim));
+        in.add(r.value,
+               named(with_tip(readout({2760, top, 2235, 450}, "", text_size::large), r.tip), r.words));
         top += 675;
     }
 }
 
 void legend(S& s)
 {
-    add(s.window, s.Frame7, frame({90, 4620, 4515, 2145}, "LEGEND"), &s.Frame1);
+    const auto in = add_frame(s, s.Frame7, frame({90, 4620, 4515, 2145}, "LEGEND"), &s.Frame1);
     const struct {
         const char* drawing;
         const char* words;
@@ -117,69 +112,52 @@ void legend(S& s)
                 {":mark_aim", "Point of Aim", 150, 1230},
                 {":mark_fall", "Fall of Shot", 2310, 1230}};
     for (const auto& r : rows) {
-        caption(s, &s.Frame7, image({r.left, r.top, mark, mark}, r.drawing));
-        caption(s, &s.Frame7, label({r.left + 570, r.top + 90, 1500, 300}, r.words));
+        in.caption(image({r.left, r.top, mark, mark}, r.drawing));
+        in.caption(label({r.left + 570, r.top + 90, 1500, 300}, r.words));
     }
 }
 
-void add_round_buttons(S& s)
+void add_round_buttons(const panel<S>& in)
 {
-    caption(s, &s.Frame1, label({180, 4110, 840, 300}, "ROUND", colour::dim));
-    double left = 1080;
-    for (int r = 1; screen_object * o : {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4}) {
+    in.caption(label({180, 4110, 840, 300}, "ROUND", colour::dim));
+    for (int r = 1; screen_object * o : roundbuttons(in.s)) {
+        const area at{210 + 870.0 * r, 4035, 780, 450};
         const char* tip = r == 1 ? "ROUND NUMBER" : "";
-        add(s.window, *o, hidden(named(button({left, 4035, 780, 450}, std::to_string(r), tip), "Round")),
-            &s.Frame1);
-        left += 870;
-        ++r;
+        in.add(*o, hidden(named(button(at, std::to_string(r++), tip), "Round")));
     }
 }
 
 void target_details(S& s)
 {
-    add(s.window, s.Frame1, frame({7320, 3480, 4695, 6855}, " TARGET DETAILS"));
-    caption(s, &s.Frame1, label({180, 390, 1800, 300}, "ROUNDS FIRED", colour::dim));
-    add(s.window, s.Lblrounds, bold(label({1980, 390, 900, 300}, "", colour::live)), &s.Frame1);
+    const auto in = add_frame(s, s.Frame1, frame({7320, 3480, 4695, 6855}, " TARGET DETAILS"));
+    in.caption(label({180, 390, 1800, 300}, "ROUNDS FIRED", colour::dim));
+    in.add(s.Lblrounds, readout({1980, 390, 900, 300}));
     const area seen{60, 720, 4575, 3255};   // bounds of the marks; a mark outside them is shown at the edge
-    caption(s, &s.Frame1, image(seen, ":target_ground"));
-    add(s.window, s.Imgtargetdetails, with_tip(image({1440, 960, 1695, 1695}, ":target"), "LAY OF MBS"),
-        &s.Frame1);
-    add(s.window, s.killbox, hidden(shape({0, 0, 0, 0}, shape_kind::dashed_rectangle, colour::dim)),
-        &s.Frame1);
-    object_fields notseen = bold(label({90, 3600, 4515, 330}, "TARGET NOT VISIBLE ON THIS SHOOT", colour::red,
-                                       text_size::normal, alignment::centre));
-    notseen.BackColor = colour::black;
-    add(s.window, s.Lbltargetvis, hidden(std::move(notseen)), &s.Frame1);
-    add_round_buttons(s);
+    in.caption(image(seen, ":target_ground"));
+    in.add(s.Imgtargetdetails, with_tip(image({1440, 960, 1695, 1695}, ":target"), "LAY OF MBS"));
+    in.add(s.killbox, hidden(shape({0, 0, 0, 0}, shape_kind::dashed_rectangle, colour::dim)));
+    const object_fields notseen = label({90, 3600, 4515, 330}, "TARGET NOT VISIBLE ON THIS SHOOT",
+                                        colour::red, text_size::normal, alignment::centre);
+    in.add(s.Lbltargetvis, hidden(bold(with_background(notseen, colour::black))));
+    add_round_buttons(in);
     legend(s);
-    add(s.window, s.Shape1, hidden(shape({2040, 1560, 75, 75}, shape_kind::filled_ellipse, colour::white)),
-        &s.Frame1);
-    const struct {
-        screen_object& o;
-        const char* drawing;
-    } marks[] = {{s.Imgreptarget, ":mark_centre"},
-                 {s.Imglaze, ":mark_laze"},
-                 {s.Imagepoa, ":mark_aim"},
-                 {s.Imgfos, ":mark_fall"}};
-    for (const auto& m : marks) {
-        object_fields f = hidden(image({2040, 1560, mark, mark}, m.drawing));
-        f.Within = seen;
-        add(s.window, m.o, std::move(f), &s.Frame1);
-    }
+    in.add(s.Shape1, hidden(shape({2040, 1560, 75, 75}, shape_kind::filled_ellipse, colour::white)));
+    for (const auto& [o, drawing] : {std::pair{&s.Imgreptarget, ":mark_centre"},
+                                     {&s.Imglaze, ":mark_laze"},
+                                     {&s.Imagepoa, ":mark_aim"},
+                                     {&s.Imgfos, ":mark_fall"}})
+        in.add(*o, hidden(bounded(image({2040, 1560, mark, mark}, drawing), seen)));
 }
 
 void thermal_marks(S& s)
 {
-    add(s.window, s.Frmtherm, hidden(frame({12120, 7380, 3120, 2955}, "THERMAL ENGAGEMENTS")));
-    const area seen{60, 330, 3000, 2550};
-    caption(s, &s.Frmtherm, shape(seen, shape_kind::rectangle, colour::black, colour::black));
-    const area middle{1320, 1365, mark, mark};
-    object_fields target = image(middle, ":mark_centre");
-    target.Within = seen;
-    add(s.window, s.Imgthermtarget, std::move(target), &s.Frmtherm);
-    add(s.window, s.Imgbam, hidden(image(middle, ":bam")), &s.Frmtherm);
-    add(s.window, s.Imgrevfin, hidden(image({1020, 1485, 1080, 240}, ":revfin")), &s.Frmtherm);
-    add(s.window, s.Imgrevhesh, hidden(image({1020, 1418, 1080, 375}, ":revhesh")), &s.Frmtherm);
+    const auto in = add_frame(s, s.Frmtherm, hidden(frame({12120, 7380, 3120, 2955}, "THERMAL ENGAGEMENTS")));
+    const area seen{60, 330, 3000, 2550}, middle{1320, 1365, mark, mark};
+    in.caption(shape(seen, shape_kind::rectangle, colour::black, colour::black));
+    in.add(s.Imgthermtarget, bounded(image(middle, ":mark_centre"), seen));
+    in.add(s.Imgbam, hidden(image(middle, ":bam")));
+    in.add(s.Imgrevfin, hidden(image({1020, 1485, 1080, 240}, ":revfin")));
+    in.add(s.Imgrevhesh, hidden(image({1020, 1418, 1080, 375}, ":revhesh")));
 }
 
 // Places the frame in the given area with its contents enlarged. Objects that reach its right edge by design
@@ -272,8 +250,8 @@ void design_results(results_screen& s)
     details(s);
     information(s);
     target_details(s);
-    add(s.window, s.Frmreading, frame({12120, 3480, 3120, 3840}, "READING THE MARKS"));
-    caption(s, &s.Frmreading, label({180, 375, 2850, 3420}, reading, colour::dim, text_size::small));
+    add_frame(s, s.Frmreading, frame({12120, 3480, 3120, 3840}, "READING THE MARKS"))
+        .caption(label({180, 375, 2850, 3420}, reading, colour::dim, text_size::small));
     thermal_marks(s);
     buttons(s);
     add(s.window, s.outcome,

@@ -1,9 +1,9 @@
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "debrief/debrief.h"
 #include "debrief/results.h"
+#include "flow/boxes.h"
 #include "gunnery/sight.h"
 #include "ranges/rangefile.h"
 #include "trainer.h"
@@ -14,13 +14,6 @@ namespace {
 
 constexpr int rows = 15;
 constexpr int farthest_seen = 2200;   // metres; at longer ranges the point of aim isn't shown
-
-// The buttons of rounds 1 to 4.
-using button_row = std::array<screen_object*, 4>;
-button_row roundbuttons(results_screen& s)
-{
-    return {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4};
-}
 
 // There is no picture for "DST": the row of the list keeps its previous picture.
 void show_in_list(const practice_state& p, results_screen& s, int e)
@@ -179,11 +172,7 @@ void highlight(results_screen& s, int e)
 void lbltgtnumber_click(trainer& t, int e)
 {
     t.results.selectedengagement = e;
-    if (t.shared.rectime[e] < 1) {
-        t.pc.message_box(
-            {"YOU DID NOT FIRE THIS ROUND ", "V. O. R. N.", box_buttons::ok, box_sign::information});
-        return;
-    }
+    if (t.shared.rectime[e] < 1) return inform(t, "YOU DID NOT FIRE THIS ROUND ");
     highlight(t.results, e);
     target(t);
 }
@@ -199,6 +188,11 @@ void cmdround_click(trainer& t, int round)
 }
 
 }   // namespace
+
+std::array<screen_object*, 4> roundbuttons(results_screen& s)
+{
+    return {&s.Cmdround1, &s.cmdround2, &s.Cmdround3, &s.cmdround4};
+}
 
 bool loadstock(trainer& t)
 {

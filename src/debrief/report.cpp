@@ -13,21 +13,6 @@ constexpr int heading_lines = 6;
 constexpr const char* on_paper = "TARGET NUMBER..............";
 constexpr const char* in_text = "ENGAGEMENT NUMBER..........";
 
-struct sums {
-    double totaltime = 0;   // seconds; a missed target counts 100
-    int hitcount = 0;
-};
-
-sums added_up(const practice_state& p)
-{
-    sums s;
-    for (int e = 1; e <= p.targetcount; ++e) {
-        s.totaltime += p.rectime[e];
-        if (p.rechit[e] == "YES") ++s.hitcount;
-    }
-    return s;
-}
-
 // A division by 0 gives 0: the average of a record without engagements, and the score if the average is 0.
 double divided(double a, double b)
 {
@@ -51,10 +36,15 @@ void add_engagement(text_lines& lines, const practice_state& p, int e, const std
 // Without a hit the number of hits is left out.
 void add_summary(text_lines& lines, const practice_state& p)
 {
-    const sums s = added_up(p);
-    const double average = divided(s.totaltime, p.targetcount);
-    const double score = divided(100.0 * s.hitcount * p.targetcount, average);
-    const std::string hits = s.hitcount > 0 ? number_text(s.hitcount) : "";
+    double totaltime = 0;   // seconds; a missed target counts 100
+    int hitcount = 0;
+    for (int e = 1; e <= p.targetcount; ++e) {
+        totaltime += p.rectime[e];
+        if (p.rechit[e] == "YES") ++hitcount;
+    }
+    const double average = divided(totaltime, p.targetcount);
+    const double score = divided(100.0 * hitcount * p.targetcount, average);
+    const std::string hits = hitcount > 0 ? number_text(hitcount) : "";
     add(lines, {".", "PRACTICE SUMMARY", "",
                 "NUMBER OF HITS............." + hits + " OUT OF " + number_text(p.targetcount),
                 "AVERAGE TIME..............." + number_text(average),

@@ -125,13 +125,8 @@ void cmdreplay_click(trainer& t)
 
 void make_results_hints(results_screen& s)
 {
-    const hint_panel panel{.window = s.window,
-                           .bar = s.Lblinfo,
-                           .label = s.lblhelp,
-                           .clock = s.Timhelp,
-                           .ticks = s.hintticks,
-                           .below = 350};
-    make_hints(panel,
+    const hint_panel hints{s.window, s.Lblinfo, s.lblhelp, s.Timhelp, s.hintticks, 350};
+    make_hints(hints,
                {{&s.Frame1, "THIS DISPLAYS THE TARGET AND POINT OF AIM FOR THE CHOSEN ENGAGEMENT"},
                 {&s.Frame2, "DISPLAYS INFORMATION ON THE CHOSEN ENGAGEMENT"},
                 {&s.Frame3, "THIS GIVES DETAILS OF THE STUDENT, ENGAGEMENT AND RANGE USED"},
@@ -144,7 +139,7 @@ void make_results_hints(results_screen& s)
                 {&s.cmdnew, "Start a new practice"},
                 {&s.Cmdreplay, "Replay last practice"},
                 {&s.Cmdexit, "Exits from VORN"}});
-    end_hint_over(panel, {&s.Imgrange});
+    end_hint_over(hints, {&s.Imgrange});
 }
 
 }   // namespace

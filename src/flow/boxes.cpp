@@ -5,6 +5,11 @@
 
 namespace vorn {
 
+void inform(trainer& t, const std::string& text, const std::string& title)
+{
+    t.pc.message_box({text, title, box_buttons::ok, box_sign::information});
+}
+
 bool asked(trainer& t, const std::string& question, const std::string& title, default_button on_return)
 {
     return t.pc.message_box({question, title, box_buttons::yes_no, box_sign::question, on_return});

@@ -20,6 +20,8 @@ std::string lines(std::initializer_list<std::string> text);
 // A heading, a blank line, and the lines of the text.
 std::string headed(const std::string& heading, std::initializer_list<std::string> text);
 
+// Shows a box with the sign for information.
+void inform(trainer&, const std::string& text, const std::string& title = "V. O. R. N.");
 // Asks a question with Yes and No. Returns true for Yes. Callers make No the default button if Yes can lose
 // data.
 bool asked(trainer&, const std::string& question, const std::string& title,

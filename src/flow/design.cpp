@@ -1,9 +1,7 @@
 // The layout of the title screen and of the hints, in twips.
-#include <utility>
-
+#include "platform/design.h"
 #include "flow/hints.h"
 #include "flow/intro.h"
-#include "platform/design.h"
 
 namespace vorn {
 
@@ -34,10 +32,9 @@ void design_intro(intro_screen& s)
         bold(label({645, 645, 14100, 600}, title, colour::black, text_size::large, alignment::centre)));
     add(f, s.Label1,
         bold(label({630, 630, 14100, 600}, title, colour::text, text_size::large, alignment::centre)));
-    object_fields text =
-        hidden(label({3150, 2400, 9060, 1470}, about, colour::text, text_size::normal, alignment::centre));
-    text.BackColor = colour::black;
-    add(f, s.Lblabout1, std::move(text));
+    const object_fields text =
+        label({3150, 2400, 9060, 1470}, about, colour::text, text_size::normal, alignment::centre);
+    add(f, s.Lblabout1, hidden(with_background(text, colour::black)));
     add(f, s.lblstart, menu_label(1080, "START"));
     add(f, s.lblabout, menu_label(4680, "ABOUT"));
     add(f, s.lblhelp, menu_label(8280, "HELP"));
@@ -49,9 +46,9 @@ void lay_out_hints(form& f, screen_object& bar, const area& bar_at, screen_objec
                    const char* first_text)
 {
     add(f, bar, label(bar_at, first_text, colour::highlight, text_size::normal, alignment::centre));
-    object_fields look = label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
-    look.BackColor = colour::black;
-    add(f, label_of_hint, hidden(std::move(look)));
+    const object_fields look =
+        label({0, 0, 1200, 300}, "", colour::text, text_size::small, alignment::centre);
+    add(f, label_of_hint, hidden(with_background(look, colour::black)));
 }
 
 }   // namespace vorn

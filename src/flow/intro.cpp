@@ -18,19 +18,16 @@ void unhighlight(intro_screen& s)
     for (screen_object* o : {&s.lblstart, &s.lblabout, &s.lblhelp, &s.lblexit}) o->ForeColor = colour::text;
 }
 
-void lblstart_click(trainer& t)
-{
-    hide(t.pc, t.intro.window);
-    show(t.pc, t.startsim.window);
-}
-
 }   // namespace
 
 void make_intro(trainer& t)
 {
     intro_screen& s = t.intro;
     design_intro(s);
-    s.lblstart.Click = [&t] { lblstart_click(t); };
+    s.lblstart.Click = [&t, &s] {
+        hide(t.pc, s.window);
+        show(t.pc, t.startsim.window);
+    };
     s.lblabout.Click = [&s] { s.Lblabout1.Visible = !s.Lblabout1.Visible; };
     s.lblhelp.Click = [&t] { openhelp(t); };
     s.lblexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", "V. O. R. N."); };
@@ -48,9 +45,8 @@ void make_intro(trainer& t)
 
 void start_program(trainer& t)
 {
-    t.pc.message_box({lines({"MOBILE TURRET DRILL CONSOLE ", "                         by",
-                             "                    H N VARLEY"}),
-                      "V. O. R. N.", box_buttons::ok, box_sign::information});
+    inform(t, lines({"MOBILE TURRET DRILL CONSOLE ", "                         by",
+                     "                    H N VARLEY"}));
     show(t.pc, t.intro.window);
     load(t.pc, t.startsim.window);
     load(t.pc, t.results.window);

@@ -173,12 +173,6 @@ void timloading_tick(trainer& t, gunnery_screen& s)
     loaderreports(t, s);
 }
 
-void roundmissed(gunnery_screen& s)
-{
-    s.loadcount = 1;
-    start(s.Timloading);
-}
-
 void explode(trainer& t, gunnery_screen& s)
 {
     const area& target = s.Imgtargets;
@@ -216,12 +210,6 @@ bool inkillbox(const trainer& t, const gunnery_screen& s)
     const kill_box box = kill_box_of(s.kind, target.Width, target.Height, t.shared.killradius);
     const bool across = s.ammo.Left > target.Left + box.left && s.ammo.Left < target.Left + box.right;
     return across && s.ammo.Top > target.Top + box.top && s.ammo.Top < target.Top + box.bottom;
-}
-
-void recordaim(trainer& t, const gunnery_screen& s, int round)
-{
-    t.shared.recaimx[row(t)][round] = aimacross(s);
-    t.shared.recaimy[row(t)][round] = s.visual() ? aimdown(s) : -aimdown(s);
 }
 
 void wronground(trainer& t, gunnery_screen& s)
@@ -361,7 +349,11 @@ void assessround(trainer& t, gunnery_screen& s, int round)
     t.shared.recfallx[row(t)][round] = s.Imgtargets.Left - s.ammo.Left;
     t.shared.recfally[row(t)][round] = s.Imgtargets.Top - s.ammo.Top;
     if (!s.Imgtargets.Visible) return;
-    if (!inkillbox(t, s)) return roundmissed(s);
+    if (!inkillbox(t, s)) {
+        s.loadcount = 1;
+        start(s.Timloading);
+        return;
+    }
     if (!killed(t, s)) return;
     s.lblcrew.Caption = "COMD: TARGET STOP !!";
     callcrew(t, s, "targetstop.wav");
@@ -377,7 +369,8 @@ void keyfire(trainer& t, gunnery_screen& s)
     s.Cmdautolay.Enabled = false;
     if (s.nature != s.ammoselected) return wronground(t, s);
     const int round = t.shared.roundnumber;
-    recordaim(t, s, round);
+    t.shared.recaimx[row(t)][round] = aimacross(s);
+    t.shared.recaimy[row(t)][round] = s.visual() ? aimdown(s) : -aimdown(s);
     if (s.nature != coax_transport) {
         if (s.visual()) playsound(t, s, "fire.wav");
         emptygun(s);

@@ -40,19 +40,11 @@ void layfin(trainer& t, gunnery_screen& s)
 
 // Moves sideways by the lead for the wind during a lay. The sums are in single precision: the aim in the
 // record depends on how they are rounded.
-struct sideways_lead {
-    gunnery_screen& s;
-    float rangeleft = static_cast<float>(s.Imgrange.Left);
-    float targetleft = static_cast<float>(s.Imgtargets.Left);
-
-    void by(double twips)
-    {
-        rangeleft += static_cast<float>(s.leadperstep * twips);
-        targetleft += static_cast<float>(s.leadperstep * twips);
-        s.Imgtargets.Left = targetleft;
-        s.Imgrange.Left = rangeleft;
-    }
-};
+void movebylead(gunnery_screen& s, double step)
+{
+    const float lead = static_cast<float>(s.leadperstep * step);
+    for (screen_object* o : {&s.Imgrange, &s.Imgtargets}) o->Left = static_cast<float>(o->Left) + lead;
+}
 
 // Metres. In a HESH lay the lase mark jumps down if the target is nearer than this; if the target is more
 // distant, the mark jumps up and moves down with the lay.
@@ -72,13 +64,11 @@ void layhesh(trainer& t, gunnery_screen& s)
         double twips, step, seconds;
     } stages[] = {{drop - fine_part, static_cast<double>(s.layspeed), coarse_seconds},
                   {fine_part, 10, fine_seconds}};
-    for (const auto& stage : stages) {
-        sideways_lead lead{s};
+    for (const auto& stage : stages)
         lay(t, s, stage.twips, stage.step, stage.seconds, [&](double step) {
-            lead.by(step);
+            movebylead(s, step);
             if (range > mark_follows) s.laze.Top += step;
         });
-    }
     s.lazed = true;
 }
 
@@ -164,10 +154,9 @@ double relay(trainer& t, gunnery_screen& s)
     s.laze.Top += range < mark_follows ? -drop : drop;
     if (s.heshcorrecting) s.laze.Left -= s.windoffset;
     double relayed = 0;
-    sideways_lead lead{s};
     lay(t, s, -drop, -s.layspeed, relay_seconds, [&](double step) {
         relayed -= step;
-        lead.by(step);
+        movebylead(s, step);
         if (range > mark_follows) s.laze.Top += step;
     });
     return relayed;

@@ -52,11 +52,10 @@ area cell(const layout& l, double top, column c)
 
 void practice_buttons(gunnery_screen& s, const layout& l)
 {
-    form& f = s.window;
-    const double top = 330;
-    add(f, s.Frame3, frame({inner, 330, l.inner_width, 3660}, "Simulator Controls"), &s.Frame1);
+    const auto in =
+        add_frame(s, s.Frame3, frame({inner, 330, l.inner_width, 3660}, "Simulator Controls"), &s.Frame1);
     const auto put = [&](screen_object& o, int row, column c, const char* words, const char* hint) {
-        add(f, o, button(cell(l, top + row * row_step, c), words, tip(s, hint)), &s.Frame3);
+        in.add(o, button(cell(l, 330 + row * row_step, c), words, tip(s, hint)));
     };
     put(s.Cmdstartsim, 0, column::left, "&START SIM", "");
     put(s.Cmdstopsim, 0, column::right, "S&TOP SIM", "");
@@ -68,27 +67,24 @@ void practice_buttons(gunnery_screen& s, const layout& l)
     for (screen_object* o : {&s.Cmdstopsim, &s.Cmdpausesim, &s.Cmdtarget})
         o->Enabled = o->design->Enabled = false;
     s.Cmdtarget.Visible = s.Cmdtarget.design->Visible = false;
-    caption(s, &s.Frame3,
-            label({inner, 2850, l.button_width, 240}, "Lay speed", colour::dim, text_size::small));
-    object_fields speed =
+    in.caption(label({inner, 2850, l.button_width, 240}, "Lay speed", colour::dim, text_size::small));
+    const object_fields speed =
         slider({inner, 3120, l.button_width, 330}, 1, s.numbers.fastest, s.numbers.usual, 10);
-    speed.AccessibleName = "Lay speed";
-    add(f, s.HScspeed, std::move(speed), &s.Frame3);
     // The thermal sight doesn't use the slider.
-    s.HScspeed.Enabled = s.HScspeed.design->Enabled = s.visual();
-    f.exit_button = &s.CMDEXIT;
+    in.add(s.HScspeed, named(s.visual() ? speed : disabled(speed), "Lay speed"));
+    s.window.exit_button = &s.CMDEXIT;
     constexpr int escape = 27;
-    f.panel_keys = {{'S', true, &s.Cmdstartsim},
-                    {'T', true, &s.Cmdstopsim},
-                    {'P', true, &s.Cmdpausesim},
-                    {'G', true, &s.Cmdtarget},
-                    {escape, false, &s.Cmdmain}};
+    s.window.panel_keys = {{'S', true, &s.Cmdstartsim},
+                           {'T', true, &s.Cmdstopsim},
+                           {'P', true, &s.Cmdpausesim},
+                           {'G', true, &s.Cmdtarget},
+                           {escape, false, &s.Cmdmain}};
 }
 
 void information(gunnery_screen& s, const layout& l)
 {
-    form& f = s.window;
-    add(f, s.Frmsys, frame({inner, 4080, l.inner_width, 1830}, "Information"), &s.Frame1);
+    const auto in =
+        add_frame(s, s.Frmsys, frame({inner, 4080, l.inner_width, 1830}, "Information"), &s.Frame1);
     const struct {
         const char* words;
         screen_object& value;
@@ -100,23 +96,18 @@ void information(gunnery_screen& s, const layout& l)
                 {"Average time", s.Lblavetime, ""}};
     double top = 330;
     for (const auto& row : rows) {
-        caption(s, &s.Frmsys, label({inner, top, 1740, 270}, row.words));
-        add(f, row.value,
-            named(bold(label({l.inner_width - 690, top, 600, 270}, row.first, colour::live, text_size::normal,
-                             alignment::right)),
-                  row.words),
-            &s.Frmsys);
+        in.caption(label({inner, top, 1740, 270}, row.words));
+        const area at{l.inner_width - 690, top, 600, 270};
+        in.add(row.value, named(readout(at, row.first, text_size::normal, alignment::right), row.words));
         top += 285;
     }
 }
 
 void lights(gunnery_screen& s, const layout& l)
 {
-    form& f = s.window;
-    const area at{inner, 6000, l.inner_width, 1350};
-    screen_object& panel = s.visual() ? s.Frame5 : s.Frame4;
-    add(f, panel, named(frame(at, ""), "Lights"), &s.Frame1);
-    if (s.visual()) add(f, s.Frame4, named(hidden(frame(at, "")), "Lights"), &s.Frame1);
+    const object_fields empty = named(frame({inner, 6000, l.inner_width, 1350}, ""), "Lights");
+    const auto in = add_frame(s, s.visual() ? s.Frame5 : s.Frame4, empty, &s.Frame1);
+    if (s.visual()) add(s.window, s.Frame4, hidden(empty), &s.Frame1);
     struct lamp {
         screen_object& o;
         const char* drawing;
@@ -129,16 +120,15 @@ void lights(gunnery_screen& s, const layout& l)
     } rows[] = {{"MAIN", {s.Imgheshon, ":lamp_amber", " on"}, {s.Imghesh, ":lamp_off", " off"}},
                 {"COAX", {s.Imgcoaxon, ":lamp_amber", " on"}, {s.Imgcoax, ":lamp_off", " off"}},
                 {"GUN READY ", {s.Imgunloaded, ":lamp_off", " off"}, {s.Imgloaded, ":lamp_green", " on"}}};
-    panel.flat = {.Width = 4170, .Height = flat_height};
+    flat_layout& flat = in.frame->flat = {.Width = 4170, .Height = flat_height};
     double top = 180, left = 120;
     for (const auto& row : rows) {
-        const area place{l.inner_width - 480, top, 300, 300};
-        caption(s, &panel, label({180, top + 15, 1500, 270}, row.words));
         const double width = &row == &rows[2] ? 1260 : 580;
-        panel.flat.places[&s.captions.back()] = {left, 195, width, 270};
-        for (const lamp* m : {&row.lower, &row.upper}) {
-            add(f, m->o, named(image(place, m->drawing), std::string(row.words) + m->state), &panel);
-            panel.flat.places[&m->o] = {left + width, 180, 300, 300};
+        flat.places[&in.caption(label({180, top + 15, 1500, 270}, row.words))] = {left, 195, width, 270};
+        for (const auto& [o, drawing, state] : {row.lower, row.upper}) {
+            in.add(o, named(image({l.inner_width - 480, top, 300, 300}, drawing),
+                            std::string(row.words) + state));
+            flat.places[&o] = {left + width, 180, 300, 300};
         }
         left += width + 590;
         top += 345;
@@ -148,8 +138,8 @@ void lights(gunnery_screen& s, const layout& l)
 
 void gunners_buttons(gunnery_screen& s, const layout& l)
 {
-    form& f = s.window;
-    add(f, s.Frmmousecon, hidden(frame({inner, 7440, l.inner_width, 3870}, " Gunnery Controls")), &s.Frame1);
+    const auto in = add_frame(
+        s, s.Frmmousecon, hidden(frame({inner, 7440, l.inner_width, 3870}, " Gunnery Controls")), &s.Frame1);
     constexpr double arrow = 480;
     const double middle = (l.inner_width - arrow) / 2;
     const struct {
@@ -162,14 +152,13 @@ void gunners_buttons(gunnery_screen& s, const layout& l)
                   {s.Cmdright, middle + arrow, 300 + arrow, ":arrow_right", "View right"},
                   {s.Cmddown, middle, 300 + 2 * arrow, ":arrow_down", "View down"}};
     for (const auto& a : arrows) {
-        object_fields b =
-            button({a.left, a.top, arrow, arrow}, "", &a.o == &s.Cmdleft ? tip(s, "TRAVERSE CONTROLS") : "");
+        const char* const hint = &a.o == &s.Cmdleft ? tip(s, "TRAVERSE CONTROLS") : "";
+        object_fields b = named(button({a.left, a.top, arrow, arrow}, "", hint), a.name);
         b.Picture.source = a.drawing;
-        b.AccessibleName = a.name;
-        add(f, a.o, std::move(b), &s.Frmmousecon);
+        in.add(a.o, std::move(b));
     }
     const auto put = [&](screen_object& o, int row, column c, const char* words, const char* hint) {
-        add(f, o, disabled(button(cell(l, 1890 + row * row_step, c), words, tip(s, hint))), &s.Frmmousecon);
+        in.add(o, disabled(button(cell(l, 1890 + row * row_step, c), words, tip(s, hint))));
     };
     put(s.Cmdselectmain, 0, column::left, "&MAIN", "SELECT MAIN ARMAMENT");
     put(s.Cmdcoax, 0, column::right, "&COAX", "COAX SELECTOR");
@@ -182,15 +171,14 @@ void gunners_buttons(gunnery_screen& s, const layout& l)
 
 void control_panel(gunnery_screen& s)
 {
-    form& f = s.window;
     const layout l = layout_of(s);
-    add(f, s.Frame1, frame({panel_left, 60, l.panel_width, 11400}, "CONTROL PANEL"));
+    const auto in = add_frame(s, s.Frame1, frame({panel_left, 60, l.panel_width, 11400}, "CONTROL PANEL"));
     practice_buttons(s, l);
     information(s, l);
     lights(s, l);
     gunners_buttons(s, l);
-    add(f, s.Frmcon, hidden(frame({inner, 7440, l.inner_width, 3870}, "Keyboard")), &s.Frame1);
-    add(f, s.Image1, image({inner, 330, l.button_width, 3420}, ":keys"), &s.Frmcon);
+    in.add(s.Frmcon, hidden(frame({inner, 7440, l.inner_width, 3870}, "Keyboard")));
+    add(s.window, s.Image1, image({inner, 330, l.button_width, 3420}, ":keys"), &s.Frmcon);
     for (screen_object* o : {&s.Frmmousecon, &s.Frmcon}) o->rank = 2;
     s.Frame1.docked = dock::panel;
 }
@@ -204,139 +192,121 @@ void dock_beside(screen_object& o, int rank)
 // Adds title and crew line, and on the visual screen the objects that a quick start shows instead of panels.
 void title_and_crew(gunnery_screen& s)
 {
-    form& f = s.window;
+    const panel<gunnery_screen> in{s};
     const area& window = s.numbers.window;
-    caption(s, nullptr,
-            bold(label({window.Left, 150, 2775, 450}, s.window.Caption, colour::text, text_size::large,
-                       alignment::right)));
-    s.captions.back().docked = dock::above;
-    s.captions.back().rank = -1;
-    s.captions.back().flat = {.Width = 2640, .Height = flat_height};
+    screen_object& title = in.caption(bold(label({window.Left, 150, 2775, 450}, s.window.Caption,
+                                                 colour::text, text_size::large, alignment::right)));
+    title.docked = dock::above;
+    title.rank = -1;
+    title.flat = {.Width = 2640, .Height = flat_height};
     const area crew{window.Left, s.visual() ? 840.0 : 1290.0, window.Width, 450};
-    add(f, s.lblcrew, bold(label(crew, "CREW:", colour::live, text_size::large)));
+    in.add(s.lblcrew, readout(crew, "CREW:", text_size::large));
     s.lblcrew.docked = dock::above;
     if (!s.visual()) return;
-    add(f, s.Imgname, hidden(image({2970, 4400, 2655, 4470}, ":emblem")));
-    add(f, s.lbltargetnum, hidden(bold(label({2970, 840, 2655, 390}, "TARGET NUMBER 0 OF 9", colour::text))));
+    in.add(s.Imgname, hidden(image({2970, 4400, 2655, 4470}, ":emblem")));
+    in.add(s.lbltargetnum, hidden(bold(label({2970, 840, 2655, 390}, "TARGET NUMBER 0 OF 9"))));
     for (screen_object* o : {&s.Imgname, &s.lbltargetnum}) dock_beside(*o, 2);
 }
 
 void visual_display(gunnery_screen& s)
 {
-    form& f = s.window;
-    add(f, s.Frame2, frame({2970, 1310, 2655, 3000}, ""));
+    const auto in = add_frame(s, s.Frame2, frame({2970, 1310, 2655, 3000}, ""));
     dock_beside(s.Frame2, 1);
     auto& flat = s.Frame2.flat = {.Width = 3660, .Height = flat_height};
-    caption(s, &s.Frame2,
-            label({inner, 300, 2475, 270}, "RANGE", colour::dim, text_size::small, alignment::centre));
-    flat.places[&s.captions.back()] = {90, 45, 1260, 210};
-    add(f, s.Lblrange,
-        named(bold(label({inner, 570, 2475, 480}, "", colour::live, text_size::large, alignment::centre)),
-              "RANGE"),
-        &s.Frame2);
-    add(f, s.Lblcharge, label({240, 1140, 900, 300}, "CHRG", colour::live), &s.Frame2);
-    add(f, s.Lblpred,
-        label({1515, 1140, 900, 300}, "PRED", colour::live, text_size::normal, alignment::right), &s.Frame2);
-    caption(s, &s.Frame2, image({150, 1530, 2355, 1035}, ":ammo_dial"));
-    flat.places[&s.captions.back()] = {2490, 225, 910, 400};
-    add(f, s.Lblammotype, named(bold(label({480, 1680, 900, 330}, "", colour::live)), "AMMUNITION"),
-        &s.Frame2);
-    caption(s, &s.Frame2,
-            label({inner, 2580, 2475, 270}, "AMMUNITION", colour::dim, text_size::small, alignment::centre));
-    flat.places[&s.captions.back()] = {2310, 30, 1260, 210};
+    const auto heading = [&](double top, const char* words, area flat_place) {
+        const area at{inner, top, 2475, 270};
+        screen_object& o = in.caption(label(at, words, colour::dim, text_size::small, alignment::centre));
+        flat.places[&o] = flat_place;
+    };
+    heading(300, "RANGE", {90, 45, 1260, 210});
+    in.add(s.Lblrange,
+           named(readout({inner, 570, 2475, 480}, "", text_size::large, alignment::centre), "RANGE"));
+    in.add(s.Lblcharge, label({240, 1140, 900, 300}, "CHRG", colour::live));
+    in.add(s.Lblpred,
+           label({1515, 1140, 900, 300}, "PRED", colour::live, text_size::normal, alignment::right));
+    flat.places[&in.caption(image({150, 1530, 2355, 1035}, ":ammo_dial"))] = {2490, 225, 910, 400};
+    in.add(s.Lblammotype, named(readout({480, 1680, 900, 330}), "AMMUNITION"));
+    heading(2580, "AMMUNITION", {2310, 30, 1260, 210});
     flat.places[&s.Lblrange] = {90, 240, 1260, 390};
     flat.places[&s.Lblcharge] = {1440, 45, 720, 270};
     flat.places[&s.Lblpred] = {1440, 345, 720, 270};
     flat.places[&s.Lblammotype] = {2595, 270, 750, 270};
-    add(f, s.keynote, hidden(label({2970, 4400, 2655, 1050}, "", colour::dim, text_size::small)));
+    add(s.window, s.keynote, hidden(label({2970, 4400, 2655, 1050}, "", colour::dim, text_size::small)));
     dock_beside(s.keynote, 2);
     s.keynote.flat = {.Width = 4100, .Height = flat_height};
 }
 
 void thermal_display(gunnery_screen& s)
 {
-    form& f = s.window;
+    const panel<gunnery_screen> in{s};
     const auto at = [&s](int place) { return area{s.numbers.window.Left + place * 1577, 7770, 1560, 450}; };
-    add(f, s.Lblammotype, named(bold(label(at(0), "", colour::live)), "AMMUNITION"));
+    in.add(s.Lblammotype, named(readout(at(0)), "AMMUNITION"));
     const std::pair<int, const char*> constant[] = {{1, "PRED "}, {2, "THERMAL"}, {4, "FIRST"}};
-    for (const auto& [place, words] : constant) {
-        caption(s, nullptr, label(at(place), words, colour::dim));
-        s.captions.back().docked = dock::below;
-    }
-    add(f, s.Lblcharge, hidden(label(at(3), "CHRG", colour::live)));
-    add(f, s.Lblrange, bold(label(at(5), "10.0 S", colour::live)));
+    for (const auto& [place, words] : constant)
+        in.caption(label(at(place), words, colour::dim)).docked = dock::below;
+    in.add(s.Lblcharge, hidden(label(at(3), "CHRG", colour::live)));
+    in.add(s.Lblrange, readout(at(5), "10.0 S"));
     for (screen_object* o : {&s.Lblammotype, &s.Lblcharge, &s.Lblrange}) o->docked = dock::below;
 }
 
-void explosion(gunnery_screen& s)
+// Adds range picture and target, and what is drawn over them on both sights. Returns the sight window.
+panel<gunnery_screen> range_and_target(gunnery_screen& s, area range)
 {
-    int n = 0;
-    for (screen_object& frame : s.Imgexp)
-        add(s.window, frame,
-            hidden(image({0, 0, 480, 480}, s.numbers.explosion.drawing + std::to_string(n++))), &s.Picrange);
-    add(s.window, s.Imgexplode, hidden(image({0, 0, 480, 480})), &s.Picrange);
-}
-
-void range_and_target(gunnery_screen& s, area range)
-{
-    form& f = s.window;
-    add(f, s.Picrange, placed(object_kind::sight, s.numbers.window));
+    const auto in = add_frame(s, s.Picrange, placed(object_kind::sight, s.numbers.window));
     s.Picrange.docked = dock::sight;
-    add(f, s.Imgrange, image(range), &s.Picrange);
+    in.add(s.Imgrange, image(range));
+    const object_fields icon = hidden(image({0, 0, 480, 480}));
     for (screen_object* o : {&s.Imgtargetfin, &s.Imgtargethesh, &s.Imgtargetcoax})
-        add(f, *o, hidden(image({0, 0, 480, 480}, ":target")), &s.Picrange);
-    add(f, s.Imgtargets, hidden(image({0, 0, 480, 480})), &s.Picrange);
-    explosion(s);
-    add(f, s.ammo,
-        hidden(shape({0, 0, 30, 30}, shape_kind::filled_ellipse,
-                     s.visual() ? colour::tracer : colour::hottracer)),
-        &s.Picrange);
+        in.add(*o, hidden(image(icon, ":target")));
+    in.add(s.Imgtargets, icon);
+    for (int n = 0; screen_object & frame : s.Imgexp)
+        in.add(frame, hidden(image(icon, s.numbers.explosion.drawing + std::to_string(n++))));
+    in.add(s.Imgexplode, icon);
+    in.add(s.ammo, hidden(shape({0, 0, 30, 30}, shape_kind::filled_ellipse,
+                                s.visual() ? colour::tracer : colour::hottracer)));
+    return in;
 }
 
-void visual_scales(gunnery_screen& s)
+void visual_scales(const panel<gunnery_screen>& in)
 {
     for (const auto& [at, drawing] : {std::pair{figures_left, ":scale_left"},
                                       {figures_right, ":scale_right"},
                                       {ticks_left, ":ticks"},
                                       {ticks_right, ":ticks"}})
-        caption(s, &s.Picrange, image(at, drawing));
+        in.caption(image(at, drawing));
     const area graticule[] = {{2640, 1560, 795, 795}, {3360, 1560, 795, 795}, {4200, 1560, 795, 795},
                               {5160, 1560, 795, 795}, {6000, 1560, 795, 795}, {3885, 2520, 795, 795},
                               {4680, 2520, 795, 795}, {3885, 3330, 795, 795}, {4680, 3330, 795, 795},
                               {3615, 4080, 795, 735}, {4260, 4080, 795, 795}, {4920, 4080, 795, 735},
                               {3360, 4920, 795, 675}, {4260, 4920, 795, 675}, {5160, 4920, 795, 675}};
-    int n = 0;
-    for (const area& at : graticule) caption(s, &s.Picrange, image(at, ":graticule" + std::to_string(n++)));
+    for (int n = 0; const area& at : graticule) in.caption(image(at, ":graticule" + std::to_string(n++)));
 }
 
 void visual_sight(gunnery_screen& s)
 {
-    form& f = s.window;
-    range_and_target(s, {-45600, -12000, 64425, 31815});
-    visual_scales(s);
-    add(f, s.laze, hidden(shape({4080, 960, 900, 390}, shape_kind::ellipse, colour::sight)), &s.Picrange);
-    add(f, s.mbs, shape({4410, 1035, 250, 250}, shape_kind::ellipse, colour::sight), &s.Picrange);
-    add(f, s.mbs1, shape(s.numbers.aim, shape_kind::filled_ellipse, colour::sight), &s.Picrange);
+    const auto in = range_and_target(s, {-45600, -12000, 64425, 31815});
+    visual_scales(in);
+    in.add(s.laze, hidden(shape({4080, 960, 900, 390}, shape_kind::ellipse, colour::sight)));
+    in.add(s.mbs, shape({4410, 1035, 250, 250}, shape_kind::ellipse, colour::sight));
+    in.add(s.mbs1, shape(s.numbers.aim, shape_kind::filled_ellipse, colour::sight));
 }
 
 void thermal_sight(gunnery_screen& s)
 {
-    form& f = s.window;
-    range_and_target(s, {-7080, -3720, 21780, 11520});
-    add(f, s.mbs1, hidden(shape(s.numbers.aim, shape_kind::filled_ellipse, colour::sight)), &s.Picrange);
+    const auto in = range_and_target(s, {-7080, -3720, 21780, 11520});
+    in.add(s.mbs1, hidden(shape(s.numbers.aim, shape_kind::filled_ellipse, colour::sight)));
     const area mark{4480, 2400, 480, 480};
-    int n = 0;
-    for (screen_object& holder : s.Imgstadia1)
-        add(f, holder, hidden(image(mark, ":stadia" + std::to_string(n++))), &s.Picrange);
-    add(f, s.Imgstadia, image({4485, 2400, 480, 480}, ":stadia0"), &s.Picrange);
-    add(f, s.Imglam, hidden(image(mark, ":lam")), &s.Picrange);
-    add(f, s.imgbam, hidden(image({4500, 2400, 480, 480}, ":bam")), &s.Picrange);
-    add(f, s.Imgrevfin, hidden(image({4180, 2520, 1080, 240}, ":revfin")), &s.Picrange);
-    add(f, s.Imgrevhesh, hidden(image({4180, 2480, 1080, 375}, ":revhesh")), &s.Picrange);
+    for (int n = 0; screen_object & holder : s.Imgstadia1)
+        in.add(holder, hidden(image(mark, ":stadia" + std::to_string(n++))));
+    in.add(s.Imgstadia, image({4485, 2400, 480, 480}, ":stadia0"));
+    in.add(s.Imglam, hidden(image(mark, ":lam")));
+    in.add(s.imgbam, hidden(image({4500, 2400, 480, 480}, ":bam")));
+    in.add(s.Imgrevfin, hidden(image({4180, 2520, 1080, 240}, ":revfin")));
+    in.add(s.Imgrevhesh, hidden(image({4180, 2480, 1080, 375}, ":revhesh")));
     for (const auto& [at, words] : {std::pair{area{9170, 1080, 280, 300}, "X "},
                                     {area{0, 2040, 700, 300}, "X X X"},
                                     {area{9170, 3480, 280, 300}, "X"}})
-        caption(s, &s.Picrange, bold(label(at, words, colour::sight)));
+        in.caption(bold(label(at, words, colour::sight)));
 }
 
 }   // namespace

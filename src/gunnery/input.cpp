@@ -9,13 +9,6 @@ namespace {
 
 using operation = void (*)(trainer&, gunnery_screen&);
 
-struct key_row {
-    int code;   // virtual key code: the letter
-    operation down;
-    operation up;
-    bool running;   // down works only while a practice runs; up always works
-};
-
 template <direction d>
 void press(trainer&, gunnery_screen& s)
 {
@@ -43,41 +36,42 @@ void pressautolaykey(trainer&, gunnery_screen& s)
 
 void nothing(trainer&, gunnery_screen&) {}
 
+struct key_row {
+    int code;   // virtual key code: the letter
+    operation down;
+    operation up = nothing;
+    bool running = true;   // down works only while a practice runs; up always works
+};
 constexpr key_row keys[] = {
     {'U', press<direction::up>, release<direction::up>, false},
     {'H', press<direction::left>, release<direction::left>, false},
     {'J', press<direction::right>, release<direction::right>, false},
     {'N', press<direction::down>, release<direction::down>, false},
-    {'Q', click<&gunnery_screen::Cmdcoax>, nothing, true},
-    {'W', click<&gunnery_screen::Cmdoff>, nothing, true},
-    {'E', click<&gunnery_screen::Cmdselectmain>, nothing, true},
-    {'R', click<&gunnery_screen::Cmdmaingun>, nothing, true},
-    {'A', keylaze, nothing, true},
-    {'S', pressautolaykey, releaseautolay, true},
-    {'D', keyfire, keycoaxstop, true},
+    {'Q', click<&gunnery_screen::Cmdcoax>},
+    {'W', click<&gunnery_screen::Cmdoff>},
+    {'E', click<&gunnery_screen::Cmdselectmain>},
+    {'R', click<&gunnery_screen::Cmdmaingun>},
+    {'A', keylaze},
+    {'S', pressautolaykey, releaseautolay},
+    {'D', keyfire, keycoaxstop},
 };
 
-struct stick_row {
-    operation down;
-    operation up;
-};
-constexpr stick_row stickbuttons[] = {{keyfire, keycoaxstop},
-                                      {click<&gunnery_screen::Cmdmaingun>, nothing},
-                                      {keylaze, nothing},
-                                      {pressautolaykey, releaseautolay}};
-
-void key(trainer& t, gunnery_screen& s, int code, bool down)
+void operate(trainer& t, gunnery_screen& s, int code, bool down)
 {
-    if (!t.shared.keyboardselected) return;
     for (const key_row& k : keys)
         if (k.code == code && (!down || !k.running || s.simrunning)) (down ? k.down : k.up)(t, s);
 }
 
+void key(trainer& t, gunnery_screen& s, int code, bool down)
+{
+    if (t.shared.keyboardselected) operate(t, s, code, down);
+}
+
 void stickbutton(trainer& t, gunnery_screen& s, int number, bool down)
 {
+    constexpr char same_as[] = {'D', 'R', 'A', 'S'};   // keys that do the same as buttons 1 to 4
     if (!s.simrunning || !t.shared.joyselected || number < 1 || number > 4) return;
-    const stick_row& b = stickbuttons[number - 1];
-    (down ? b.down : b.up)(t, s);
+    operate(t, s, same_as[number - 1], down);
 }
 
 void mouse_buttons(trainer& t, gunnery_screen& s)

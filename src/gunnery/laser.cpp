@@ -64,20 +64,6 @@ void visual_mark(trainer& t, gunnery_screen& s)
     s.layready = true;
 }
 
-void visual_laze(trainer& t, gunnery_screen& s)
-{
-    if (t.shared.systemstatus >= 3) return;
-    s.Lblcharge.Visible = false;
-    start(s.Timchrg);
-    s.heshcorrecting = false;
-    recordlaze(t, s);
-    rangehere(t, s) = std::max<int>(rangehere(t, s), s.numbers.nearest);
-    s.Lblrange.Caption = std::to_string(rangehere(t, s));
-    s.Cmdautolay.Enabled = true;
-    s.lazed = true;
-    if (s.ammoarmed) visual_mark(t, s);
-}
-
 void marktarget(trainer& t, gunnery_screen& s)
 {
     const double size = s.Imgtargets.Height;
@@ -105,16 +91,6 @@ void thermal_mark(trainer& t, gunnery_screen& s)
 void showrange(trainer& t, gunnery_screen& s)
 {
     s.Lblrange.Caption = std::to_string(rangehere(t, s)) + s.rangesuffix;
-}
-
-void thermal_laze(trainer& t, gunnery_screen& s)
-{
-    s.heshcorrecting = false;
-    recordlaze(t, s);
-    showrange(t, s);
-    s.Cmdautolay.Enabled = true;
-    s.lazed = true;
-    if (s.ammoarmed) thermal_mark(t, s);
 }
 
 // In a degraded system a lase switches the sight to its reversionary mark, wherever the gun points.
@@ -157,8 +133,19 @@ void reversionarydrop(gunnery_screen& s)
 
 void keylaze(trainer& t, gunnery_screen& s)
 {
-    if (s.visual()) return visual_laze(t, s);
-    t.shared.systemstatus < 2 ? thermal_laze(t, s) : degraded_laze(t, s);
+    if (!s.visual() && t.shared.systemstatus >= 2) return degraded_laze(t, s);
+    if (t.shared.systemstatus >= 3) return;
+    if (s.visual()) {
+        s.Lblcharge.Visible = false;
+        start(s.Timchrg);
+        rangehere(t, s) = std::max<int>(rangehere(t, s), s.numbers.nearest);
+    }
+    s.heshcorrecting = false;
+    recordlaze(t, s);
+    showrange(t, s);
+    s.Cmdautolay.Enabled = true;
+    s.lazed = true;
+    if (s.ammoarmed) s.visual() ? visual_mark(t, s) : thermal_mark(t, s);
 }
 
 void make_laser(gunnery_screen& s)

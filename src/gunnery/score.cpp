@@ -69,18 +69,18 @@ void showscore(trainer& t, const gunnery_screen& s, const result& r)
     if (s.visual() && !t.shared.fulldebrief)
         text = t.shared.quickstart ? lines({text, "", "YOUR RATING IS.." + rating(r.score)})
                                    : lines({"WELL DONE YOUR SCORE IS..", text});
-    t.pc.message_box({text, "V. O. R. N.", box_buttons::ok, box_sign::information});
+    inform(t, text);
 }
 
-}   // namespace
-
-static void todebrief(trainer& t, gunnery_screen& s)
+void todebrief(trainer& t, gunnery_screen& s)
 {
     if (!screenreset(t, s)) return;
     show(t.pc, t.results.window);
     hide(t.pc, s.window);
     if (s.visual()) s.lblcrew.Caption.clear();
 }
+
+}   // namespace
 
 void practiceend(trainer& t, gunnery_screen& s)
 {

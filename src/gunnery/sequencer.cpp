@@ -8,9 +8,14 @@ namespace vorn {
 
 namespace {
 
-int alltargets(const trainer& t)
+// After this many ticks of Timpause, or when the user clicks SHOW NEXT TARGET, comes the next order.
+void waitfornext(trainer& t, gunnery_screen& s, int ticks)
 {
-    return t.shared.targetblocks * 3;
+    s.targetwait = ticks;
+    if (t.shared.targetauto)
+        start(s.Timpause);
+    else
+        s.Cmdtarget.Enabled = true;
 }
 
 void cmdstartsim_click(trainer& t, gunnery_screen& s)
@@ -23,11 +28,7 @@ void cmdstartsim_click(trainer& t, gunnery_screen& s)
     s.simrunning = true;
     s.lblcrew.Caption = "COMMANDER:- ACTION !!";
     say(t, s, "action.wav");
-    s.targetwait = 7;
-    if (t.shared.targetauto)
-        start(s.Timpause);
-    else
-        s.Cmdtarget.Enabled = true;
+    waitfornext(t, s, 7);
     for (screen_object* o : {&s.Cmdcoax, &s.Cmdselectmain, &s.Cmdoff}) o->Enabled = true;
 }
 
@@ -94,20 +95,11 @@ void degrade(trainer& t, const gunnery_screen& s)
 
 void recordsystem(trainer& t, gunnery_screen& s)
 {
-    struct status {
-        const char* record;
-        const char* shown;   // null: unchanged
-        const char* suffix;
-    };
-    static constexpr status full{"FULL", nullptr, nullptr};
-    static constexpr status laze{"LAZE ONLY", "L", "L"};
-    static constexpr status tls{"TLS ONLY", "T", "S"};
     const int n = t.shared.systemstatus;
-    const status& now = n == 2 ? laze : n == 3 ? tls : full;
-    t.shared.recsystem[row(t)] = now.record;
-    if (now.shown == nullptr) return;
-    s.Lblsystem.Caption = now.shown;
-    if (!s.visual()) s.rangesuffix = now.suffix;
+    t.shared.recsystem[row(t)] = n == 2 ? "LAZE ONLY" : n == 3 ? "TLS ONLY" : "FULL";
+    if (n != 2 && n != 3) return;   // the letter shown before stays
+    s.Lblsystem.Caption = n == 2 ? "L" : "T";
+    if (!s.visual()) s.rangesuffix = n == 2 ? "L" : "S";
 }
 
 int rangeof(const trainer& t, int position)
@@ -115,22 +107,15 @@ int rangeof(const trainer& t, int position)
     return t.shared.targetrange[position];
 }
 
-int nearestposition(const trainer& t)
-{
-    int nearest = 1;
-    for (int i = 2; i < practice_entries; ++i)
-        if (rangeof(t, i) < rangeof(t, nearest)) nearest = i;
-    return nearest;
-}
-
 // The current candidate may be exactly at the limit; a position drawn to replace it must be nearer. If no
 // position is nearer than the limit, takes the nearest one, since a draw would never succeed.
 void drawnearer(trainer& t, gunnery_screen& s, int limit)
 {
     if (rangeof(t, s.targetindex) <= limit) return;
-    const int nearest = nearestposition(t);
-    if (rangeof(t, nearest) >= limit) {
-        s.targetindex = nearest;
+    const auto ranges = t.shared.targetrange.begin();
+    const auto nearest = std::min_element(ranges + 1, ranges + practice_entries);
+    if (*nearest >= limit) {
+        s.targetindex = static_cast<int>(nearest - ranges);
         return;
     }
     while (rangeof(t, s.targetindex) >= limit) s.targetindex = static_cast<int>(Int(Rnd(t.random) * 19)) + 1;
@@ -193,15 +178,6 @@ void recordmiss(trainer& t, gunnery_screen& s)
     t.shared.rectime[row(t)] = 100;
 }
 
-void waitfornext(trainer& t, gunnery_screen& s)
-{
-    s.targetwait = s.visual() ? 5 : static_cast<int>(Int(Rnd(t.random) * 5 + 3));
-    if (t.shared.targetauto)
-        start(s.Timpause);
-    else
-        s.Cmdtarget.Enabled = true;
-}
-
 void taketargetdown(trainer& t, gunnery_screen& s)
 {
     s.Imgtargets.Visible = false;
@@ -210,7 +186,8 @@ void taketargetdown(trainer& t, gunnery_screen& s)
     static_cast<since_target&>(s) = {};
     t.shared.engagement += 1;
     stop(s.Timtarget);
-    s.targetnumber < alltargets(t) ? waitfornext(t, s) : cmdstopsim_click(t, s);
+    if (s.targetnumber >= t.shared.targetblocks * 3) return cmdstopsim_click(t, s);
+    waitfornext(t, s, s.visual() ? 5 : static_cast<int>(Int(Rnd(t.random) * 5 + 3)));
 }
 
 // One second of an engagement. Presents the target in the first second and takes it down in the last.

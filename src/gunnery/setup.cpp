@@ -175,9 +175,7 @@ void leavefor(trainer& t, gunnery_screen& s, form& next)
 
 void giveup(trainer& t, gunnery_screen& s, const fault& f)
 {
-    t.pc.message_box(
-        {headed("V. O. R. N. ", {"THE PRACTICE CAN'T BE SET UP ON THIS RANGE", f.file, f.reason}),
-         "V. O. R. N.", box_buttons::ok, box_sign::information});
+    inform(t, headed("V. O. R. N. ", {"THE PRACTICE CAN'T BE SET UP ON THIS RANGE", f.file, f.reason}));
     leavefor(t, s, t.startsim.window);
 }
 

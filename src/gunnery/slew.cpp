@@ -13,15 +13,8 @@ constexpr double frame_seconds = 1.0 / 60;
 constexpr double longest_slew = 0.45;   // seconds; the two slews of a lay take less than a second
 constexpr int most_pauses = 1000;   // per slew: a target millions of twips away must not delay the practice
 
-// Shows one count. Returns false if the practice has ended meanwhile.
-bool showcount(trainer& t, const gunnery_screen& s, double seconds, int resets)
-{
-    t.pc.pace(seconds);
-    if (s.numbers.eventsinlay) t.pc.do_events();
-    return s.resets == resets;
-}
-
 // Each count sets the target's place and moves the picture by a step, so the picture moves one step more.
+// Returns false if the practice has ended meanwhile.
 bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n)
 {
     const double from = s.Imgtargets.*along;
@@ -33,7 +26,10 @@ bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n
     for (int i = 0; i < all; ++i) {
         s.Imgtargets.*along = from + i * n.step;
         s.Imgrange.*along += n.step;
-        if (i % shown == 0 && !showcount(t, s, seconds, resets)) return false;
+        if (i % shown != 0) continue;
+        t.pc.pace(seconds);
+        if (s.numbers.eventsinlay) t.pc.do_events();
+        if (s.resets != resets) return false;
     }
     return true;
 }

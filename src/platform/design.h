@@ -81,11 +81,31 @@ inline object_fields label(area at, std::string caption, colour fore = colour::t
     return f;
 }
 
-// Adds to a screen a label or drawing that never changes, and keeps it in the screen's list `captions`.
+// Adds objects to a frame of a screen, or to the screen itself.
 template <class screen>
-void caption(screen& s, screen_object* parent, object_fields fields)
+struct panel {
+    screen& s;
+    screen_object* frame = nullptr;   // null: the screen
+
+    void add(screen_object& o, object_fields design) const
+    {
+        vorn::add(s.window, o, std::move(design), frame);
+    }
+    // A label or drawing that never changes. The screen's list `captions` contains it.
+    screen_object& caption(object_fields design) const
+    {
+        screen_object& o = s.captions.emplace_back();
+        add(o, std::move(design));
+        return o;
+    }
+};
+
+// Adds a frame to a screen or to another frame. Returns the panel to fill.
+template <class screen>
+panel<screen> add_frame(screen& s, screen_object& o, object_fields design, screen_object* parent = nullptr)
 {
-    add(s.window, s.captions.emplace_back(), std::move(fields), parent);
+    add(s.window, o, std::move(design), parent);
+    return {s, &o};
 }
 
 // One button of a row.
@@ -133,6 +153,26 @@ inline object_fields bold(object_fields f)
 {
     f.bold = true;
     return f;
+}
+
+inline object_fields with_background(object_fields f, colour back)
+{
+    f.BackColor = back;
+    return f;
+}
+
+// An image that is shown at the edge of the area if it is outside.
+inline object_fields bounded(object_fields f, area bounds)
+{
+    f.Within = bounds;
+    return f;
+}
+
+// A label that shows a current value.
+inline object_fields readout(area at, std::string value = {}, text_size size = text_size::normal,
+                             alignment align = alignment::left)
+{
+    return bold(label(at, std::move(value), colour::live, size, align));
 }
 
 }   // namespace vorn

@@ -42,17 +42,17 @@ void buttons(S& s)
 void sight_window(S& s)
 {
     constexpr double width = 43560, height = 7335;   // of the placeholder: the size of a small range picture
-    add(s.window, s.Frame5, frame({90, frames_top, 3275, frames_height}, "Veiw Through Sight"), &s.Frame2);
-    add(s.window, s.Picture1, placed(object_kind::sight, {120, 330, 3035, 2560}), &s.Frame5);
-    caption(s, &s.Picture1,
-            label({120, 120, 2795, 720}, bare, colour::dim, text_size::normal, alignment::centre));
-    add(s.window, s.Imagerange, image({-width / 2, -height / 2, width, height}, ":country"), &s.Picture1);
+    const auto in =
+        add_frame(s, s.Frame5, frame({90, frames_top, 3275, frames_height}, "Veiw Through Sight"), &s.Frame2);
+    const auto sight =
+        add_frame(s, s.Picture1, placed(object_kind::sight, {120, 330, 3035, 2560}), &s.Frame5);
+    sight.caption(label({120, 120, 2795, 720}, bare, colour::dim, text_size::normal, alignment::centre));
+    sight.add(s.Imagerange, image({-width / 2, -height / 2, width, height}, ":country"));
     object_fields target = hidden(image({mark_right, mark_down, 480, 480}));
     target.Pale = true;
-    add(s.window, s.shown_target, std::move(target), &s.Picture1);
-    add(s.window, s.Imgex, image({1200, 960, 480, 480}, ":cursor"), &s.Picture1);
-    add(s.window, s.marking, label({120, 2970, 3035, 900}, marking_note, colour::dim, text_size::small),
-        &s.Frame5);
+    sight.add(s.shown_target, std::move(target));
+    sight.add(s.Imgex, image({1200, 960, 480, 480}, ":cursor"));
+    in.add(s.marking, label({120, 2970, 3035, 900}, marking_note, colour::dim, text_size::small));
 }
 
 void arrows(S& s)
@@ -69,75 +69,69 @@ void arrows(S& s)
         {s.cmdright, 3, 2, ":arrow_right", "Right"},      {s.Cmdbigright, 4, 2, ":arrow_right2", "Far right"},
         {s.Cmddown, 2, 3, ":arrow_down", "Down"},         {s.Cmdbigdown, 2, 4, ":arrow_down2", "Far down"}};
     for (const auto& a : cross) {
-        object_fields f = button({left + a.column * step, top + a.row * step, side, side}, "");
+        object_fields f = named(button({left + a.column * step, top + a.row * step, side, side}, ""), a.name);
         f.Picture.source = a.drawing;
-        f.AccessibleName = a.name;
         add(s.window, a.button, std::move(f), &s.Frame3);
     }
 }
 
 void target_selector(S& s)
 {
-    add(s.window, s.Frame3, frame({3485, frames_top, 3800, frames_height}, "Target Selector"), &s.Frame2);
+    const auto in =
+        add_frame(s, s.Frame3, frame({3485, frames_top, 3800, frames_height}, "Target Selector"), &s.Frame2);
     arrows(s);
     const char* natures[] = {"", "FIN / DST", "H E S H ", "COAX"};
     for (int i = 1; i <= 3; ++i) {
         const double top = 330 + (i - 1) * 1200;
-        caption(s, &s.Frame3,
-                label({2640, top, 1050, 240}, natures[i], colour::dim, text_size::small, alignment::centre));
-        caption(s, &s.Frame3,
-                shape({2700, top + 225, 930, 930}, shape_kind::rectangle, colour::dim, colour::black));
-        add(s.window, s.Imgtarget[i],
-            named(with_tip(image({2715, top + 240, 900, 900}, ":target"), i == 1 ? "TARGET TYPE" : ""),
-                  std::string("Icon for ") + natures[i]),
-            &s.Frame3);
-    }
-}
-
-void number_buttons(S& s)
-{
-    caption(s, &s.Frame4, label({180, 1320, 3000, 270}, "TARGET PLACED", colour::dim));
-    for (int n = 1; n < positions; ++n) {
-        const std::string number = std::to_string(n);
-        const int row = (n - 1) / 5;
-        const area at{180 + 684.0 * ((n - 1) % 5), 1620.0 + 435 * row, 624, 375};
-        object_fields f =
-            label(at, number, n == 1 ? colour::white : colour::text, text_size::normal, alignment::centre);
-        f.bold = n == 1;
-        f.BackColor = colour::darkred;
-        if (n == 1) f.ToolTipText = "TARGET NUMBER";
-        f.AccessibleName = "Target number";
-        add(s.window, s.Lbltargetnum[n], std::move(f), &s.Frame4);
+        in.caption(
+            label({2640, top, 1050, 240}, natures[i], colour::dim, text_size::small, alignment::centre));
+        in.caption(shape({2700, top + 225, 930, 930}, shape_kind::rectangle, colour::dim, colour::black));
+        const object_fields icon = image({2715, top + 240, 900, 900}, ":target");
+        in.add(s.Imgtarget[i],
+               named(with_tip(icon, i == 1 ? "TARGET TYPE" : ""), std::string("Icon for ") + natures[i]));
     }
 }
 
 // A clickable label, with a background so that it looks like a button.
-object_fields plate(area at, const char* words, const char* tip)
+object_fields plate(area at, const std::string& words, colour fore, colour back, const char* tip)
 {
-    object_fields f = label(at, words, colour::text, text_size::normal, alignment::centre);
-    f.BackColor = colour::dim;
-    f.ToolTipText = tip;
-    return f;
+    return with_tip(with_background(label(at, words, fore, text_size::normal, alignment::centre), back), tip);
+}
+
+void number_buttons(const panel<S>& in)
+{
+    in.caption(label({180, 1320, 3000, 270}, "TARGET PLACED", colour::dim));
+    for (int n = 1; n < positions; ++n) {
+        const int row = (n - 1) / 5;
+        const area at{180 + 684.0 * ((n - 1) % 5), 1620.0 + 435 * row, 624, 375};
+        const bool selected = n == 1;
+        object_fields f = plate(at, std::to_string(n), selected ? colour::white : colour::text,
+                                colour::darkred, selected ? "TARGET NUMBER" : "");
+        f.bold = selected;
+        in.add(in.s.Lbltargetnum[n], named(std::move(f), "Target number"));
+    }
 }
 
 void range_details(S& s)
 {
-    add(s.window, s.Frame4, frame({7405, frames_top, 3720, frames_height}, "Range Details"), &s.Frame2);
-    caption(s, &s.Frame4, label({180, 420, 750, 300}, "NAME", colour::dim));
-    add(s.window, s.Textname, with_tip(textbox({960, 360, 2580, 420}, ""), "RANGE NAME"), &s.Frame4);
-    caption(s, &s.Frame4, label({180, 900, 750, 300}, "TYPE", colour::dim));
-    add(s.window, s.Lblrangetype,
-        with_tip(bold(label({960, 900, 2580, 300}, "Visual", colour::live)), "RANGE TYPE"), &s.Frame4);
-    number_buttons(s);
-    add(s.window, s.Lblsavetarget, plate({180, 3435, 1650, 420}, "SAVE TARGET", "SAVE TARGET"), &s.Frame4);
-    add(s.window, s.Lbltargetrange, plate({1890, 3435, 1650, 420}, "TARGET RANGE   ", "TARGET RANGE"),
-        &s.Frame4);
+    const auto in =
+        add_frame(s, s.Frame4, frame({7405, frames_top, 3720, frames_height}, "Range Details"), &s.Frame2);
+    in.caption(label({180, 420, 750, 300}, "NAME", colour::dim));
+    in.add(s.Textname, with_tip(textbox({960, 360, 2580, 420}, ""), "RANGE NAME"));
+    in.caption(label({180, 900, 750, 300}, "TYPE", colour::dim));
+    in.add(s.Lblrangetype, with_tip(readout({960, 900, 2580, 300}, "Visual"), "RANGE TYPE"));
+    number_buttons(in);
+    const auto put = [&](screen_object& o, double left, const char* words, const char* tip) {
+        in.add(o, plate({left, 3435, 1650, 420}, words, colour::text, colour::dim, tip));
+    };
+    put(s.Lblsavetarget, 180, "SAVE TARGET", "SAVE TARGET");
+    put(s.Lbltargetrange, 1890, "TARGET RANGE   ", "TARGET RANGE");
 }
 
 void range_info(S& s)
 {
-    add(s.window, s.Frame6, frame({11245, frames_top, 3785, frames_height}, "Range Info", "TARGET INFO"),
-        &s.Frame2);
+    const auto in = add_frame(
+        s, s.Frame6, frame({11245, frames_top, 3785, frames_height}, "Range Info", "TARGET INFO"), &s.Frame2);
     const struct {
         const char* words;
         screen_object& value;
@@ -151,29 +145,23 @@ void range_info(S& s)
                 {"TGT RANGE=", s.Lbltgtrange, "000", "TARGET RANGE"}};
     double top = 420;
     for (const auto& r : rows) {
-        caption(s, &s.Frame6, with_tip(label({180, top + 60, 1500, 300}, r.words, colour::dim), r.tip));
-        add(s.window, r.value,
-            named(bold(label({1740, top, 1860, 420}, r.first, colour::live, text_size::large)), r.tip),
-            &s.Frame6);
+        in.caption(with_tip(label({180, top + 60, 1500, 300}, r.words, colour::dim), r.tip));
+        in.add(r.value, named(readout({1740, top, 1860, 420}, r.first, text_size::large), r.tip));
         top += 570;
     }
 }
 
 void overview(S& s)
 {
-    add(s.window, s.Frame1, frame({560, 5430, 14240, 5460}, "Veiw of Entire Range"));
-    add(s.window, s.outcome,
-        label({2700, 60, 11400, 270}, "", colour::live, text_size::small, alignment::right), &s.Frame1);
+    const auto in = add_frame(s, s.Frame1, frame({560, 5430, 14240, 5460}, "Veiw of Entire Range"));
+    in.add(s.outcome, label({2700, 60, 11400, 270}, "", colour::live, text_size::small, alignment::right));
     const area whole{overview_left, overview_top, overview_width, overview_height};
-    add(s.window, s.Image1, image(whole, ":country"), &s.Frame1);
+    in.add(s.Image1, image(whole, ":country"));
     for (int n = 1; n < positions; ++n) {
-        object_fields f = image({overview_left, overview_top, 360, 315}, ":marker" + std::to_string(n));
-        f.Within = whole;
-        add(s.window, s.Img[n], std::move(f), &s.Frame1);
+        const area at{overview_left, overview_top, 360, 315};
+        in.add(s.Img[n], bounded(image(at, ":marker" + std::to_string(n)), whole));
     }
-    object_fields pointer = image({0, 0, 240, 240}, ":here");
-    pointer.Within = whole;
-    add(s.window, s.Imgpoint, std::move(pointer), &s.Frame1);
+    in.add(s.Imgpoint, bounded(image({0, 0, 240, 240}, ":here"), whole));
 }
 
 constexpr double wide_margin = 60, wide_top = 390, hint_height = 1350;   // in a wide window

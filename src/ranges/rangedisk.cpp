@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <iterator>
+
 #include "flow/boxes.h"
 #include "platform/files.h"
 #include "ranges/author.h"
@@ -152,13 +155,6 @@ void cmdopen_click(trainer& t)
     t.rauthor.outcome.Caption = *chosen + (failed.empty() ? " is open" : " could not be opened. " + failed);
 }
 
-bool allplaced(const rauthor_screen& s)
-{
-    for (int i = 1; i < positions; ++i)
-        if (s.Lbltargetnum[i].BackColor == colour::darkred) return false;
-    return true;
-}
-
 void saverange(trainer& t, const std::string& path)
 {
     rauthor_screen& s = t.rauthor;
@@ -171,14 +167,11 @@ void saverange(trainer& t, const std::string& path)
 void cmdsave_click(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
-    if (s.Textname.Text.empty()) {
-        t.pc.message_box({"YOU MUST GIVE THE FILE A VALID NAME", ""});
-        return;
-    }
-    if (!allplaced(s)) {
-        t.pc.message_box({"NOT ALL TARGETS ARE ALLOCATED", ""});
-        return;
-    }
+    const auto refuse = [&t](const char* reason) { t.pc.message_box({reason, ""}); };
+    if (s.Textname.Text.empty()) return refuse("YOU MUST GIVE THE FILE A VALID NAME");
+    const auto unplaced = [](const screen_object& number) { return number.BackColor == colour::darkred; };
+    if (std::any_of(std::begin(s.Lbltargetnum), std::end(s.Lbltargetnum), unplaced))
+        return refuse("NOT ALL TARGETS ARE ALLOCATED");
     const auto chosen = t.pc.choose_file({.title = "SAVE",
                                           .filter = range_filter,
                                           .folder = t.shared.rootpath,

@@ -79,15 +79,10 @@ static bool is_separator(char c)
     return c == '/' || c == '\\';
 }
 
-static bool begins_with_separator(const std::string& path)
-{
-    return !path.empty() && is_separator(path.front());
-}
-
 std::string icon_path(const machine& m, const std::string& rootpath, const std::string& stored)
 {
-    const std::string below =
-        begins_with_separator(stored) ? rootpath + stored : rootpath + path_separator + stored;
+    const bool separated = !stored.empty() && is_separator(stored.front());
+    const std::string below = rootpath + (separated ? "" : std::string(1, path_separator)) + stored;
     return file_exists(m, below) || !file_exists(m, stored) ? find_path(m, below) : find_path(m, stored);
 }
 

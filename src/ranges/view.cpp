@@ -29,53 +29,39 @@ void showpoint(S& s)
     s.Imgpoint.Top = at.Top;
 }
 
-void movex(S& s)
+// Move the picture by a step of the arrow pressed last. `back`: only while its left or upper edge allows a
+// move to the right or down; otherwise the right or lower edge decides.
+void movex(S& s, bool back)
 {
+    const area& p = s.Imagerange;
+    if (back ? p.Left >= near_edge : p.Left <= spare_right - p.Width + window_width) return;
     s.Imagerange.Left += s.stepx;
     s.pointx -= s.stepx;
     showpoint(s);
 }
 
-void movey(S& s)
+void movey(S& s, bool back)
 {
+    const area& p = s.Imagerange;
+    if (back ? p.Top >= near_edge : p.Top <= spare_below - p.Height + window_height) return;
     s.Imagerange.Top += s.stepy;
     s.pointy -= s.stepy;
     showpoint(s);
     proposerange(s);
 }
 
-void timex_tick(S& s)
-{
-    if (s.Imagerange.Left < near_edge) movex(s);
-}
-
-void timex1_tick(S& s)
-{
-    if (spare_right - s.Imagerange.Width + window_width < s.Imagerange.Left) movex(s);
-}
-
-void timey_tick(S& s)
-{
-    if (s.Imagerange.Top < near_edge) movey(s);
-}
-
-void timey1_tick(S& s)
-{
-    if (spare_below - s.Imagerange.Height + window_height < s.Imagerange.Top) movey(s);
-}
-
 // Moves the marked point towards a place in the overview, in the steps of the small arrows.
 void moveto(S& s, double x, double y)
 {
     constexpr int small_step = 100;
-    const auto go = [&s](double off, int S::*step, void (*back)(S&), void (*on)(S&)) {
+    const auto go = [&s](double off, int S::*step, void (*move)(S&, bool back)) {
         // An arrow may be held down at the same time, so its step is restored below.
         const int pressed = std::exchange(s.*step, off < 0 ? small_step : -small_step);
-        for (double n = rounded(std::abs(off) / small_step); n > 0; --n) (off < 0 ? back : on)(s);
+        for (double n = rounded(std::abs(off) / small_step); n > 0; --n) move(s, off < 0);
         s.*step = pressed;
     };
-    go(x * s.authorscalex - s.pointx, &S::stepx, timex_tick, timex1_tick);
-    go(y * s.authorscaley - s.pointy, &S::stepy, timey_tick, timey1_tick);
+    go(x * s.authorscalex - s.pointx, &S::stepx, movex);
+    go(y * s.authorscaley - s.pointy, &S::stepy, movey);
 }
 
 void findband(S& s)
@@ -168,12 +154,13 @@ void make_view(rauthor_screen& s)
         };
         a.button.MouseUp = [&s, clock = a.clock] { stop(s.*clock); };
     }
-    const struct {
-        timer& clock;
-        void (*tick)(S&);
-    } moves[] = {
-        {s.Timex, timex_tick}, {s.Timex1, timex1_tick}, {s.Timey, timey_tick}, {s.Timey1, timey1_tick}};
-    for (const auto& m : moves) add(s.window, m.clock, as_fast_as_possible, [&s, tick = m.tick] { tick(s); });
+    const auto clock = [&s](timer& t, void (*move)(S&, bool back), bool back) {
+        add(s.window, t, as_fast_as_possible, [&s, move, back] { move(s, back); });
+    };
+    clock(s.Timex, movex, true);
+    clock(s.Timex1, movex, false);
+    clock(s.Timey, movey, true);
+    clock(s.Timey1, movey, false);
 }
 
 }   // namespace vorn

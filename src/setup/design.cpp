@@ -2,10 +2,8 @@
 // the left, practice and options in the middle, range and controls on the right. The numbers in the corners
 // of the frames are the steps of the instructions. The Tab order follows these steps and ends at the buttons
 // along the top.
-#include <tuple>
-
-#include "flow/hints.h"
 #include "platform/design.h"
+#include "flow/hints.h"
 #include "setup/setup.h"
 #include "setup/startsim.h"
 
@@ -34,11 +32,9 @@ constexpr const char* choosing =
     "and choose from the list given. Details will be displayed in the details box.";
 
 // Shows the number of a step of the instructions in the corner of a frame.
-void step(S& s, screen_object& frame, const char* number)
+void step(const panel<S>& in, const char* number)
 {
-    caption(s, &frame,
-            bold(label({frame.Width - 420, 45, 300, 270}, number, colour::live, text_size::normal,
-                       alignment::right)));
+    in.caption(readout({in.frame->Width - 420, 45, 300, 270}, number, text_size::normal, alignment::right));
 }
 
 // One option of a column.
@@ -50,54 +46,54 @@ struct option_row {
     bool shown = true;
 };
 // Adds a frame with a column of options.
-void options(S& s, screen_object& group, screen_object& parent, area at, const char* title, const char* tip,
+void options(const panel<S>& parent, screen_object& group, area at, const char* title, const char* tip,
              std::initializer_list<option_row> rows)
 {
-    add(s.window, group, frame(at, title, tip), &parent);
+    const auto in = add_frame(parent.s, group, frame(at, title, tip), parent.frame);
     double top = header;
     for (const option_row& r : rows) {
         object_fields f =
             with_tip(option({edge, top, at.Width - 2 * edge, row_height}, r.caption, r.chosen), r.tip);
         f.Visible = r.shown;
-        add(s.window, s.*r.option, std::move(f), &group);
+        in.add(in.s.*r.option, std::move(f));
         if (r.shown) top += row_step;
     }
 }
 
 void student(S& s)
 {
-    add(s.window, s.Frame2, frame({120, 870, 3480, 1560}, "Student Details", "STUDENT DETAILS"));
-    step(s, s.Frame2, "1");
-    caption(s, &s.Frame2, label({180, 510, 780, 330}, "Name"));
-    add(s.window, s.Txtname, named(textbox({960, 450, 2340, 420}, "nameless"), "Name"), &s.Frame2);
-    caption(s, &s.Frame2, label({180, 1020, 780, 330}, "Last 3"));
-    add(s.window, s.Txtnum, named(textbox({960, 960, 1080, 420}, "000"), "Last 3"), &s.Frame2);
+    const auto in =
+        add_frame(s, s.Frame2, frame({120, 870, 3480, 1560}, "Student Details", "STUDENT DETAILS"));
+    step(in, "1");
+    in.caption(label({180, 510, 780, 330}, "Name"));
+    in.add(s.Txtname, named(textbox({960, 450, 2340, 420}, "nameless"), "Name"));
+    in.caption(label({180, 1020, 780, 330}, "Last 3"));
+    in.add(s.Txtnum, named(textbox({960, 960, 1080, 420}, "000"), "Last 3"));
 }
 
 void instructions_frame(S& s)
 {
-    add(s.window, s.Frame3, frame({120, 2550, 3480, 3300}, ""));
-    add(s.window, s.Label3, label({180, 240, 3150, 2940}, instructions), &s.Frame3);
-    add(s.window, s.Image1, hidden(image({edge, 150, 3300, 3060}, ":program")), &s.Frame3);
+    const auto in = add_frame(s, s.Frame3, frame({120, 2550, 3480, 3300}, ""));
+    in.add(s.Label3, label({180, 240, 3150, 2940}, instructions));
+    in.add(s.Image1, hidden(image({edge, 150, 3300, 3060}, ":program")));
 }
 
-void practice_targets(S& s)
+void practice_targets(const panel<S>& in)
 {
     constexpr double lefts[] = {3600, 4200, 4800, 5400}, tops[] = {240, 795, 1320}, side = 465;
     for (int n = 1; n <= 12; ++n) {
         const area at{lefts[(n - 1) % 4], tops[(n - 1) / 4], side, side};
-        add(s.window, s.Imgpractice[n], image(at, n == 12 ? ":stop" : ":practice"), &s.Frame13);
-        const std::string number = std::to_string(n);
-        object_fields f =
-            label(at, n == 12 ? "" : number, colour::darkred, text_size::normal, alignment::centre);
-        f.AccessibleName = n == 12 ? "Practice 12" : "Practice";
-        if (n == 1) f.ToolTipText = "PRACTICES";
-        add(s.window, s.Lblpractice[n], std::move(f), &s.Frame13);
+        const bool last = n == 12;
+        in.add(in.s.Imgpractice[n], image(at, last ? ":stop" : ":practice"));
+        const object_fields number =
+            label(at, last ? "" : std::to_string(n), colour::darkred, text_size::normal, alignment::centre);
+        in.add(in.s.Lblpractice[n],
+               named(with_tip(number, n == 1 ? "PRACTICES" : ""), last ? "Practice 12" : "Practice"));
     }
 }
 
 // Two rows of the summary have two lines side by side.
-void summary(S& s)
+void summary(const panel<S>& in)
 {
     static constexpr struct {
         int number;
@@ -111,71 +107,66 @@ void summary(S& s)
                  {3, 180, 4, "SIX TARGETS"},
                  {4, 3360, 4, "UP FOR 30 SECONDS"},
                  {5, 180, 5, "TARGETS APPEAR AUTOMATICALLY"}};
-    caption(s, &s.Frame13,
-            shape({edge, 1860, 5940, 1530}, shape_kind::rectangle, colour::black, colour::black));
+    in.caption(shape({edge, 1860, 5940, 1530}, shape_kind::rectangle, colour::black, colour::black));
     for (const auto& l : lines) {
         const bool half = l.number == 0 || l.number == 3 || l.number == 4 || l.number == 6;
-        add(s.window, s.lblprac[l.number],
-            label({l.left, 1890 + 243 * l.row, half ? 2600.0 : 5700.0, 240}, l.text, colour::live),
-            &s.Frame13);
+        in.add(in.s.lblprac[l.number],
+               label({l.left, 1890 + 243 * l.row, half ? 2600.0 : 5700.0, 240}, l.text, colour::live));
     }
 }
 
 void practice_buttons(S& s)
 {
-    add(s.window, s.Frame13, frame({3720, 870, 6120, 3480}, "Practices"));
-    step(s, s.Frame13, "2");
-    add(s.window, s.Label14, label({180, 330, 3300, 1440}, choosing, colour::dim, text_size::small),
-        &s.Frame13);
-    practice_targets(s);
-    summary(s);
+    const auto in = add_frame(s, s.Frame13, frame({3720, 870, 6120, 3480}, "Practices"));
+    step(in, "2");
+    in.add(s.Label14, label({180, 330, 3300, 1440}, choosing, colour::dim, text_size::small));
+    practice_targets(in);
+    summary(in);
 }
 
 void wind(S& s)
 {
-    add(s.window, s.Frame6, frame({edge, 4410, 7620, 1950}, "Wind Bias", "WIND BIAS"), &s.Frmoptions);
-    add(s.window, s.HScrwind, named(slider({240, 480, 7140, 330}, -3, 3, 0), "Wind Bias"), &s.Frame6);
-    caption(s, &s.Frame6, label({240, 1080, 1080, 300}, "Direction =", colour::dim));
-    add(s.window, s.lblwinddir,
-        named(bold(label({1320, 1080, 1200, 300}, "None", colour::live)), "Direction"), &s.Frame6);
-    caption(s, &s.Frame6, label({3900, 1080, 1080, 300}, "Strenght =", colour::dim));
-    add(s.window, s.Lblwindstr, named(bold(label({4980, 1080, 1200, 300}, "None", colour::live)), "Strength"),
-        &s.Frame6);
+    const auto in =
+        add_frame(s, s.Frame6, frame({edge, 4410, 7620, 1950}, "Wind Bias", "WIND BIAS"), &s.Frmoptions);
+    in.add(s.HScrwind, named(slider({240, 480, 7140, 330}, -3, 3, 0), "Wind Bias"));
+    in.caption(label({240, 1080, 1080, 300}, "Direction =", colour::dim));
+    in.add(s.lblwinddir, named(readout({1320, 1080, 1200, 300}, "None"), "Direction"));
+    in.caption(label({3900, 1080, 1080, 300}, "Strenght =", colour::dim));
+    in.add(s.Lblwindstr, named(readout({4980, 1080, 1200, 300}, "None"), "Strength"));
 }
 
 void firing_options(S& s)
 {
-    add(s.window, s.Frmoptions, frame({3720, 4470, 7800, 6480}, "OPTIONS"));
-    step(s, s.Frmoptions, "2");
+    const auto in = add_frame(s, s.Frmoptions, frame({3720, 4470, 7800, 6480}, "OPTIONS"));
+    step(in, "2");
     constexpr double four = header + 4 * row_step + edge, three = four - row_step;
     constexpr double upper_top = 390, lower_top = upper_top + four + 120;
     const auto upper = [](int column) { return area{edge + column * 1920, upper_top, 1860, four}; };
     const auto lower = [](int column) { return area{edge + column * 2560, lower_top, 2500, three}; };
-    options(s, s.Frmsystem, s.Frmoptions, upper(0), "System", "",
+    options(in, s.Frmsystem, upper(0), "System", "",
             {{&S::Optsys1, "Full System", true},
              {&S::Optsys2, "Lazer only"},
              {&S::Optsys3, "TLS only"},
              {&S::Optsys4, "Self degrading"}});
-    options(s, s.Frmengagements, s.Frmoptions, upper(1), "Engagements", "",
+    options(in, s.Frmengagements, upper(1), "Engagements", "",
             {{&S::Opteng1, "Mixed", true, "ENGAGEMENTS"},
              {&S::Opteng2, "Coax"},
              {&S::Opteng3, "Hesh"},
              {&S::Opteng4, "DST / Fin"}});
-    options(s, s.Frame1, s.Frmoptions, upper(2), "Targets", "",
+    options(in, s.Frame1, upper(2), "Targets", "",
             {{&S::Opttargets1, "6 Targets", true},
              {&S::Opttargets2, "9 Targets"},
              {&S::Opttargets3, "12 Targets"},
              {&S::Opttargets4, "15 Targets"}});
-    options(s, s.FrmTiming, s.Frmoptions, upper(3), "Target timings", "TARGET TIMINGS",
+    options(in, s.FrmTiming, upper(3), "Target timings", "TARGET TIMINGS",
             {{&S::Opttime1, "Till destroyed"},
              {&S::Opttime2, "Up for 20 secs"},
              {&S::Opttime3, "Up for 30 secs", true},
              {&S::Opttime4, "Up for 40 secs"}});
-    options(s, s.Frmmode, s.Frmoptions, lower(0), "Mode", "",
-            {{&S::Optmode1, "Visual", true}, {&S::Optmode2, "Thermal"}});
-    options(s, s.Frmtargetry, s.Frmoptions, lower(1), "Targetry", "TARGETRY",
+    options(in, s.Frmmode, lower(0), "Mode", "", {{&S::Optmode1, "Visual", true}, {&S::Optmode2, "Thermal"}});
+    options(in, s.Frmtargetry, lower(1), "Targetry", "TARGETRY",
             {{&S::Opttarg1, "Automatic", true}, {&S::Opttarg2, "Manual"}});
-    options(s, s.Frame10, s.Frmoptions, lower(2), " Coax Bursts", "COAX KILLING BURSTS",
+    options(in, s.Frame10, lower(2), " Coax Bursts", "COAX KILLING BURSTS",
             {{&S::Option2, "2", true},
              {&S::Option3, "3"},
              {&S::Option4, "4"},
@@ -185,24 +176,22 @@ void firing_options(S& s)
 
 void range_frame(S& s)
 {
-    add(s.window, s.Frame9, frame({9960, 870, 5280, 1740}, "Range"));
-    step(s, s.Frame9, "3");
-    caption(s, &s.Frame9, label({180, 360, 1380, 300}, "Current range", colour::dim));
-    add(s.window, s.Lblrangename,
-        named(bold(label({1620, 360, 3480, 300}, "", colour::live)), "Current range"), &s.Frame9);
-    caption(s, &s.Frame9, label({180, 720, 1380, 300}, "Rangetype", colour::dim));
-    add(s.window, s.lblrangetype, named(bold(label({1620, 720, 3480, 300}, "", colour::live)), "Range type"),
-        &s.Frame9);
+    const auto in = add_frame(s, s.Frame9, frame({9960, 870, 5280, 1740}, "Range"));
+    step(in, "3");
+    in.caption(label({180, 360, 1380, 300}, "Current range", colour::dim));
+    in.add(s.Lblrangename, named(readout({1620, 360, 3480, 300}), "Current range"));
+    in.caption(label({180, 720, 1380, 300}, "Rangetype", colour::dim));
+    in.add(s.lblrangetype, named(readout({1620, 720, 3480, 300}), "Range type"));
     const auto at = [](int n) { return area{edge + n * 1710.0, 1170, 1650, 450}; };
-    add(s.window, s.Cmdopenrange, button(at(0), "Load Range", "LOAD RANGE"), &s.Frame9);
-    add(s.window, s.cmdeditrange, button(at(1), "Edit Range", "EDIT RANGE"), &s.Frame9);
-    add(s.window, s.Command3, button(at(2), "Cancel"), &s.Frame9);
+    in.add(s.Cmdopenrange, button(at(0), "Load Range", "LOAD RANGE"));
+    in.add(s.cmdeditrange, button(at(1), "Edit Range", "EDIT RANGE"));
+    in.add(s.Command3, button(at(2), "Cancel"));
 }
 
 void screen_info(S& s)
 {
-    add(s.window, s.Frame5, frame({9960, 2730, 3480, 1620}, "Info"));
-    step(s, s.Frame5, "4");
+    const auto info = add_frame(s, s.Frame5, frame({9960, 2730, 3480, 1620}, "Info"));
+    step(info, "4");
     constexpr double box_step = 390;   // three rows fill the frame
     static constexpr struct {
         screen_object S::*box;
@@ -218,41 +207,36 @@ void screen_info(S& s)
         object_fields f = placed(object_kind::checkbox,
                                  {b.left, header + b.row * box_step, b.width, row_height}, b.caption);
         f.Value = 1;
-        add(s.window, s.*b.box, std::move(f), &s.Frame5);
+        info.add(s.*b.box, std::move(f));
     }
-    add(s.window, s.Frame8, frame({13560, 2730, 1680, 1620}, "Screen"));
-    for (const auto& [o, words, top] : {std::tuple{&s.Optscreen1, "Plain Screen", header},
-                                        std::tuple{&s.Optscreen2, "Screen info", header + row_step}}) {
-        add(s.window, *o,
-            with_tip(option({edge, top, 1530, row_height}, words, o == &s.Optscreen2),
-                     o == &s.Optscreen1 ? "SCREEN INFO" : ""),
-            &s.Frame8);
-    }
+    const auto screen = add_frame(s, s.Frame8, frame({13560, 2730, 1680, 1620}, "Screen"));
+    screen.add(s.Optscreen1,
+               with_tip(option({edge, header, 1530, row_height}, "Plain Screen"), "SCREEN INFO"));
+    screen.add(s.Optscreen2, option({edge, header + row_step, 1530, row_height}, "Screen info", true));
 }
 
 void controls(S& s)
 {
-    add(s.window, s.Frmcontrols, frame({11640, 4470, 3600, 6480}, "Controls"));
-    step(s, s.Frmcontrols, "4");
+    const auto in = add_frame(s, s.Frmcontrols, frame({11640, 4470, 3600, 6480}, "Controls"));
+    step(in, "4");
     constexpr double two = header + 2 * row_step + edge, three = two + row_step;
     constexpr double first = 390, second = first + three + 1020, third = second + two + 210;
     const auto at = [](int column, double top, double height) {
         return area{edge + column * 1740, top, 1680, height};
     };
-    options(s, s.Frmmethod, s.Frmcontrols, {edge, first, 3420, three}, "Method", "",
+    options(in, s.Frmmethod, {edge, first, 3420, three}, "Method", "",
             {{&S::Optcon1, "Joystick", true},
              {&S::Optcon2, "KBoard"},
              {&S::Optcon3, "Mouse"},
              {.option = &S::Optcon4, .caption = "Stand", .shown = false}});
-    add(s.window, s.cmdstick, button({edge, first + three + 210, 3420, 540}, "calibrate joystick"),
-        &s.Frmcontrols);
-    options(s, s.Frmvoices, s.Frmcontrols, at(0, second, two), "Voices", "",
+    in.add(s.cmdstick, button({edge, first + three + 210, 3420, 540}, "calibrate joystick"));
+    options(in, s.Frmvoices, at(0, second, two), "Voices", "",
             {{&S::Optvoice1, "On", true, "VOICES"}, {&S::Optvoice2, "Off"}});
-    options(s, s.Frmsounds, s.Frmcontrols, at(1, second, two), "Sounds", "",
+    options(in, s.Frmsounds, at(1, second, two), "Sounds", "",
             {{&S::Optsound1, "On", true}, {.option = &S::Opsound2, .caption = "Off", .tip = "SOUNDS"}});
-    options(s, s.Frmresults, s.Frmcontrols, at(0, third, two), "Results", "",
+    options(in, s.Frmresults, at(0, third, two), "Results", "",
             {{&S::optcontroller1, "Full debrief", true}, {&S::Optcontroller2, "Quick score"}});
-    options(s, s.Frmhesh, s.Frmcontrols, at(1, third, two), "Hesh Correct", "",
+    options(in, s.Frmhesh, at(1, third, two), "Hesh Correct", "",
             {{.option = &S::opthesh1, .caption = "All targets", .tip = "HESH CORRECTIONS"},
              {&S::Opthesh2, "Till correct", true}});
 }
@@ -270,12 +254,10 @@ void advanced_options(S& s)
                 {s.Frmcoaxerror, s.HSccoax, "COAX ERROR", 50, 500, 200, 10}};
     double top = 360;
     for (const auto& r : rows) {
-        add(s.window, r.group, frame({edge, top, 3300, 1410}, r.title), &s.Frame7);
-        add(s.window, r.bar, with_tip(slider({180, 420, 2940, 330}, r.from, r.to, r.first, r.page), r.title),
-            &r.group);
-        caption(s, &r.group, label({180, 900, 1200, 270}, "Small", colour::dim));
-        caption(s, &r.group,
-                label({1920, 900, 1200, 270}, "Large", colour::dim, text_size::normal, alignment::right));
+        const auto in = add_frame(s, r.group, frame({edge, top, 3300, 1410}, r.title), &s.Frame7);
+        in.add(r.bar, with_tip(slider({180, 420, 2940, 330}, r.from, r.to, r.first, r.page), r.title));
+        in.caption(label({180, 900, 1200, 270}, "Small", colour::dim));
+        in.caption(label({1920, 900, 1200, 270}, "Large", colour::dim, text_size::normal, alignment::right));
         top += 1515;
     }
 }

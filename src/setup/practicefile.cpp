@@ -1,3 +1,6 @@
+#include <optional>
+#include <string>
+
 #include "platform/files.h"
 #include "setup/setup.h"
 #include "setup/startsim.h"
@@ -48,31 +51,30 @@ bool take_wind(item_reader& items, screen_object& slider)
     return true;
 }
 
-file_dialog practice_dialog(const trainer& t, bool save)
+// Asks for a practice file. Nothing if the user cancels.
+std::optional<std::string> choose_practice(trainer& t, bool save)
 {
-    return {.title = save ? "SAVE PRACTICE SETUP" : "OPEN PRACTICE SETUP",
-            .filter = "Practice Files (*.prf)|*.prf|",
-            .folder = t.shared.rootpath,
-            .save = save};
+    t.startsim.outcome.Caption.clear();
+    auto chosen = t.pc.choose_file({.title = save ? "SAVE PRACTICE SETUP" : "OPEN PRACTICE SETUP",
+                                    .filter = "Practice Files (*.prf)|*.prf|",
+                                    .folder = t.shared.rootpath,
+                                    .save = save});
+    if (chosen) t.startsim.practicefile = *chosen;
+    return chosen;
 }
 
 void cmdopenset_click(trainer& t)
 {
-    t.startsim.outcome.Caption.clear();
-    const auto chosen = t.pc.choose_file(practice_dialog(t, false));
+    const auto chosen = choose_practice(t, false);
     if (!chosen) return;
-    t.startsim.practicefile = *chosen;
     const file_text file = read_file(t.pc, *chosen);
     if (file.text) apply_practice(t, *file.text);
 }
 
 void cmdsaveset_click(trainer& t)
 {
-    t.startsim.outcome.Caption.clear();
-    const auto chosen = t.pc.choose_file(practice_dialog(t, true));
-    if (!chosen) return;
-    t.startsim.practicefile = *chosen;
-    if (write_file(t.pc, *chosen, practice_file_bytes(t.startsim)).empty())
+    const auto chosen = choose_practice(t, true);
+    if (chosen && write_file(t.pc, *chosen, practice_file_bytes(t.startsim)).empty())
         t.startsim.outcome.Caption = *chosen + " is saved";
 }
 

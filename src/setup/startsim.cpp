@@ -54,21 +54,15 @@ void startsim_arrival(trainer& t)
     t.startsim.outcome.Caption.clear();
     t.shared.fulldebrief = true;   // a quick start clears it, but doesn't change the option
     if (!change_directory(t.pc, t.shared.rootpath))
-        t.pc.message_box({lines({"THE FOLDER OF THE RANGES CAN'T BE OPENED", t.shared.rootpath}), name_title,
-                          box_buttons::ok, box_sign::information});
+        inform(t, lines({"THE FOLDER OF THE RANGES CAN'T BE OPENED", t.shared.rootpath}), name_title);
     readrangehead(t);
 }
 
 void make_startsim_hints(startsim_screen& s)
 {
-    const hint_panel panel{.window = s.window,
-                           .bar = s.Lblinfo,
-                           .label = s.Lblhelp,
-                           .clock = s.Timhelp,
-                           .ticks = s.hintticks,
-                           .below = 495};
+    const hint_panel hints{s.window, s.Lblinfo, s.Lblhelp, s.Timhelp, s.hintticks, 495};
     make_hints(
-        panel,
+        hints,
         {{&s.Frame1, "Selects number of targets engaged during the chosen practice"},
          {&s.Frame10, "Selects number of coaxburst to kill a target"},
          {&s.Frame13, "Selects a previously programmed practice"},
@@ -95,7 +89,7 @@ void make_startsim_hints(startsim_screen& s)
          {&s.Cmdexit, "Exit from VORN"}});
     // A fast mouse can skip the narrow strip of background between the buttons and these frames. So the
     // frames end the hint too.
-    end_hint_over(panel, {&s.Frame2, &s.Frame13, &s.Frame9});
+    end_hint_over(hints, {&s.Frame2, &s.Frame13, &s.Frame9});
 }
 
 }   // namespace

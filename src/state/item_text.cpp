@@ -137,7 +137,7 @@ bool item_reader::take_number(field& number)
 template bool item_reader::take_number<std::int16_t>(int16&);
 template bool item_reader::take_number<std::int32_t>(std::int32_t&);
 
-void item_writer::put(std::string_view text)
+void item_writer::put(const std::string& text)
 {
     std::string quoted = "\"";
     for (const char c : text) quoted += c == '"' ? '\'' : c == '\r' || c == '\n' ? ' ' : c;

@@ -45,9 +45,8 @@ private:
 // spaces, since the format has no escapes.
 class item_writer {
 public:
-    void put(std::string_view text);
-    void put(const char* text) { put(std::string_view(text)); }
-    void put(const std::string& text) { put(std::string_view(text)); }
+    void put(const std::string& text);
+    void put(const char* text) { put(std::string(text)); }   // a pointer would be taken for a bool
     template <std::size_t N>
     void put(const padded<N>& text)
     {
