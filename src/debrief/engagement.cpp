@@ -143,17 +143,12 @@ void point_at_target(const practice_state& p, results_screen& s)
     s.imgtargetpointer.Top = s.Imgrange.Top + static_cast<double>(p.recy[e]) / s.overviewscaley;
 }
 
-void show_target_picture(const practice_state& p, results_screen& s)
-{
-    const std::string& ammo = p.recammo[s.selectedengagement];
-    s.Imgtargetdetails.Picture = (ammo == "HESH" ? s.Imghesh : ammo == "COAX" ? s.Imgcoax : s.Imgfin).Picture;
-}
-
 void target(trainer& t)
 {
     results_screen& s = t.results;
     show_facts(t.shared, s);
-    show_target_picture(t.shared, s);
+    const std::string& ammo = t.shared.recammo[s.selectedengagement];
+    s.Imgtargetdetails.Picture = (ammo == "HESH" ? s.Imghesh : ammo == "COAX" ? s.Imgcoax : s.Imgfin).Picture;
     point_at_target(t.shared, s);
     show_markers(t.shared, s);
     show_round_buttons(t.shared, s);

@@ -79,11 +79,6 @@ std::vector<printed_line> report_lines(const practice_state& p)
     return printed;
 }
 
-print_outcome print_report(machine& m, const practice_state& p)
-{
-    return m.print(report_lines(p), p.studentdetails.trimmed());
-}
-
 std::string write_text_report(const machine& m, const practice_state& p)
 {
     std::string text;

@@ -13,8 +13,6 @@ namespace vorn {
 // The lines of the report with their fonts, for engagements 1 to targetcount of the record in memory.
 std::vector<printed_line> report_lines(const practice_state&);
 
-// Prints the report on the default printer or, if there is none, to a file named after the student.
-print_outcome print_report(machine&, const practice_state&);
 // Writes the report to "printtest.txt" in the working directory and replaces an existing file. Returns the
 // reason for a failure, empty on success.
 std::string write_text_report(const machine&, const practice_state&);

@@ -49,7 +49,7 @@ void save_record(trainer& t)
                                           .suffix = "vrn"});
     if (!chosen) return show_box(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     t.shared.resultsfile = *chosen;
-    if (!write_results(t.pc, t.shared.resultsfile, t.shared).empty())
+    if (!write_file(t.pc, t.shared.resultsfile, results_file_bytes(t.shared)).empty())
         return show_box(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     t.results.outcome.Caption = t.shared.resultsfile + " is saved";
 }
@@ -87,7 +87,7 @@ void cmdprint_click(trainer& t)
     t.results.outcome.Caption.clear();
     if (t.shared.resultsfile.empty()) return show_box(t, "NO FILE IS OPEN TO PRINT");
     if (!asked(t, "DO YOU WISH TO PRINT A RECORD OF " + t.shared.resultsfile, box_title)) return;
-    const print_outcome done = print_report(t.pc, t.shared);
+    const print_outcome done = t.pc.print(report_lines(t.shared), t.shared.studentdetails.trimmed());
     if (!done.reason.empty())
         return show_box(t, lines({"THE RECORD COULD NOT BE PRINTED", done.reason}), box_title);
     if (done.cancelled) return;

@@ -1,16 +1,6 @@
 #include "debrief/resultsfile.h"
 
-#include "platform/files.h"
-
 namespace vorn {
-
-template <std::size_t N>
-static std::string of_length(const std::string& text)
-{
-    padded<N> field;
-    field = text;
-    return field.text();
-}
 
 template <class table, class visitor>
 static bool each_row(table& t, const visitor& visit)
@@ -49,8 +39,8 @@ std::string results_file_bytes(const practice_state& p)
     item_writer items;
     items.put(p.studentdetails);
     items.put(p.targetcount);
-    items.put(of_length<20>(p.resultrange));
-    items.put(of_length<60>(p.resultpicture));
+    items.put(padded<20>(p.resultrange));
+    items.put(padded<60>(p.resultpicture));
     items.put(p.resultmode);
     each_of_rest(p, [&](const auto& field) {
         items.put(field);
@@ -59,28 +49,17 @@ std::string results_file_bytes(const practice_state& p)
     return items.file_bytes();
 }
 
-// The loops over the engagements end at targetcount. A count above 15 would include rows that the file
-// doesn't contain, and a much larger one would index past the end of the tables.
-static bool take_count(item_reader& items, practice_state& p)
-{
-    int16 count;
-    if (!items.take(count) || count < 0 || count >= stored_rows) return false;
-    p.targetcount = count;
-    return true;
-}
-
 bool take_results(item_reader& items, practice_state& p, const std::function<void()>& head_taken)
 {
-    if (!items.take(p.studentdetails) || !take_count(items, p) || !items.take(p.resultrange) ||
-        !items.take(p.resultpicture) || !items.take(p.resultmode))
-        return false;
+    int16 count;
+    if (!items.take(p.studentdetails) || !items.take(count)) return false;
+    // The loops over the engagements end at targetcount. A count above 15 would include rows that the file
+    // doesn't contain, and a much larger one would index past the end of the tables.
+    if (count < 0 || count >= stored_rows) return false;
+    p.targetcount = count;
+    if (!items.take(p.resultrange) || !items.take(p.resultpicture) || !items.take(p.resultmode)) return false;
     if (head_taken) head_taken();
     return each_of_rest(p, [&](auto& field) { return items.take(field); });
-}
-
-std::string write_results(const machine& m, const std::string& file, const practice_state& p)
-{
-    return write_file(m, file, results_file_bytes(p));
 }
 
 }   // namespace vorn

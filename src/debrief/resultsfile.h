@@ -6,7 +6,6 @@
 #include <functional>
 #include <string>
 
-#include "platform/machine.h"
 #include "state/item_text.h"
 #include "state/practice_state.h"
 
@@ -23,8 +22,5 @@ std::string results_file_bytes(const practice_state&);
 // mode. Returns false at the first item that can't be read, or if the number of engagements is negative or
 // above 15; keeps what was read before. Ignores text after the last item.
 bool take_results(item_reader&, practice_state&, const std::function<void()>& head_taken = {});
-
-// Returns the reason for a failure, empty on success.
-std::string write_results(const machine&, const std::string& file, const practice_state&);
 
 }   // namespace vorn

@@ -179,16 +179,13 @@ void giveup(trainer& t, gunnery_screen& s, const fault& f)
     leavefor(t, s, t.startsim.window);
 }
 
-void load_gunnery(gunnery_screen& s)
-{
-    ++s.resets;
-    static_cast<since_load&>(s) = {};
-    start(s.Timer1);
-}
-
 void make_setup(trainer& t, gunnery_screen& s)
 {
-    s.window.load = [&s] { load_gunnery(s); };
+    s.window.load = [&s] {
+        ++s.resets;
+        static_cast<since_load&>(s) = {};
+        start(s.Timer1);
+    };
     s.window.arrival = [&t, &s] { screenreset(t, s); };
     s.HScspeed.Change = [&s] {
         if (s.visual()) s.layspeed = s.HScspeed.Value;

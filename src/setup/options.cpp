@@ -134,12 +134,6 @@ void opteng_click(trainer& t, const engagement_choice& c)
         write(t, {7, "THERE ARE NO COAX TARGETS"});
 }
 
-void make_engagements(trainer& t)
-{
-    for (const engagement_choice& c : engagements)
-        (t.startsim.*c.option).Click = [&t, &c] { opteng_click(t, c); };
-}
-
 void make_method(trainer& t)
 {
     const auto select = [&t](bool joystick, bool mouse) {
@@ -197,7 +191,8 @@ void make_options(trainer& t)
     make_choices(t, bursts);
     make_choices(t, numbers);
     make_systems(t);
-    make_engagements(t);
+    for (const engagement_choice& c : engagements)
+        (t.startsim.*c.option).Click = [&t, &c] { opteng_click(t, c); };
     make_method(t);
     make_checkboxes(t);
     make_sliders(t);

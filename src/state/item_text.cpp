@@ -122,20 +122,24 @@ bool item_reader::take(bool& value)
     return true;
 }
 
-template <std::signed_integral whole, class field>
-bool item_reader::take_number(field& number)
+bool item_reader::take(std::int32_t& number)
 {
     std::string_view item;
     if (!next_item(item)) return false;
-    whole n = 0;
+    std::int32_t n = 0;
     const auto [end, error] = std::from_chars(item.data(), item.data() + item.size(), n);
     if (error != std::errc() || end != item.data() + item.size()) return false;
     number = n;
     return true;
 }
 
-template bool item_reader::take_number<std::int16_t>(int16&);
-template bool item_reader::take_number<std::int32_t>(std::int32_t&);
+bool item_reader::take(int16& number)
+{
+    std::int32_t n = 0;
+    if (!take(n) || n != int16(n)) return false;
+    number = n;
+    return true;
+}
 
 void item_writer::put(const std::string& text)
 {

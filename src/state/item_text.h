@@ -2,7 +2,6 @@
 // #TRUE# and #FALSE#, decimal numbers, texts between double quotes without escapes.
 #pragma once
 
-#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -21,8 +20,8 @@ public:
 
     bool take(std::string&);
     bool take(bool&);
-    bool take(int16& number) { return take_number<std::int16_t>(number); }
-    bool take(std::int32_t& number) { return take_number<std::int32_t>(number); }
+    bool take(int16&);
+    bool take(std::int32_t&);
     template <std::size_t N>
     bool take(padded<N>& field)
     {
@@ -34,8 +33,6 @@ public:
 
 private:
     bool next_item(std::string_view& item);
-    template <std::signed_integral whole, class field>
-    bool take_number(field&);
 
     std::string text_;
     std::size_t place_ = 0;

@@ -1,5 +1,6 @@
 #include "state/numbers.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace vorn {
@@ -11,10 +12,7 @@ static bool begins_character(char c)
 
 std::size_t length(const std::string& text)
 {
-    std::size_t n = 0;
-    for (const char c : text)
-        if (begins_character(c)) ++n;
-    return n;
+    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), begins_character));
 }
 
 std::string left(const std::string& text, std::size_t n)

@@ -80,6 +80,7 @@ template <std::size_t N>
 class padded {
 public:
     padded() : text_(N, ' ') {}
+    explicit padded(const std::string& text) { *this = text; }
     padded& operator=(const std::string& text)
     {
         text_ = left(text, N);
