@@ -29,8 +29,8 @@ void showpoint(S& s)
     s.Imgpoint.Top = at.Top;
 }
 
-// Move the picture by a step of the arrow pressed last. `back`: only while its left or upper edge allows a
-// move to the right or down; otherwise the right or lower edge decides.
+// Moves the picture by a step of the arrow pressed last, unless the picture has reached a limit. `back`: the
+// limit for moves to the right or down; otherwise the limit for moves to the left or up.
 void movex(S& s, bool back)
 {
     const area& p = s.Imagerange;
