@@ -233,6 +233,9 @@ TEST_F(debrief, reports_what_it_cannot_open_save_or_delete)
         d.pc.click(s.Lbltgtnumber[15]);
         EXPECT_EQ(d.last_box(), "YOU DID NOT FIRE THIS ROUND ");
     }
+    d.pc.boxes.clear();
+    open("none.vrn");
+    EXPECT_EQ(d.pc.boxes.size(), 1U);
     for (const int lines : {100, 480}) {   // cut among the values of engagements, then among those of rounds
         d.data.put("own.vrn", first_lines(before, lines));
         d.pc.boxes.clear();

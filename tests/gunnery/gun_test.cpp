@@ -244,8 +244,9 @@ TEST_P(gun, selecting_main_again_takes_the_next_round)
         EXPECT_EQ(s.autolaycount, visual ? 2 : 0) << "a lay needs a shorter hold on the visual sight";
     }
     s.Cmdfire.Enabled = false;
+    s.autolaycount = 0;
     d.tap('R');
-    EXPECT_TRUE(s.Cmdfire.Enabled && s.Lblammotype.Caption == "HESH");
+    EXPECT_TRUE(s.Cmdfire.Enabled && s.Lblammotype.Caption == "HESH" && s.autolaycount == 0);
     d.tap('R');
     d.tap('R');
     if (!visual) return;
@@ -462,6 +463,9 @@ TEST_F(visual_input, stick_buttons_1_to_4_work_in_a_practice_only)
     EXPECT_TRUE(s.timautolay.Enabled);
     d.pc.stick_button(4, false);
     EXPECT_FALSE(s.timautolay.Enabled);
+    p.joyselected = false;
+    d.pc.stick_button(3, true);
+    EXPECT_FALSE(s.lazed);
 }
 
 TEST_F(visual_input, buttons_are_enabled_by_the_state_of_the_practice)
