@@ -117,7 +117,8 @@ void takefactor(trainer& t, S& s, const axis_row& a)
 }
 
 // The dot moves like the sight in a practice: one twip for each 100 units of the reading beyond the dead
-// band. Rounding down makes a step to the left or up one twip larger than the same step to the right or down.
+// band. Since the number is rounded down, a step to the left or up is a twip larger than one to the right or
+// down, unless the reading is a whole multiple of 100.
 void movedot(S& s, const axis_row& a, double bound, double at)
 {
     const double n = Int((at - bound) / 100);

@@ -162,7 +162,7 @@ void thermal_marks(S& s)
 
 // Places the frame in the given area with its contents enlarged. Objects that reach its right edge by design
 // are widened with it, and those that also reach its lower edge become higher with it. A mark that has moved
-// to an edge isn't changed.
+// to an edge isn't changed, since only its place in the design counts.
 void put_frame(const S& s, wide_layout& w, const screen_object& frame, const area& at, double factor)
 {
     constexpr double right_margin = 200, lower_margin = 100;

@@ -125,7 +125,12 @@ void cmdreplay_click(trainer& t)
 
 void make_results_hints(results_screen& s)
 {
-    const hint_panel hints{s.window, s.Lblinfo, s.lblhelp, s.Timhelp, s.hintticks, 350};
+    const hint_panel hints{.window = s.window,
+                           .bar = s.Lblinfo,
+                           .label = s.lblhelp,
+                           .clock = s.Timhelp,
+                           .ticks = s.hintticks,
+                           .below = 350};
     make_hints(hints,
                {{&s.Frame1, "THIS DISPLAYS THE TARGET AND POINT OF AIM FOR THE CHOSEN ENGAGEMENT"},
                 {&s.Frame2, "DISPLAYS INFORMATION ON THE CHOSEN ENGAGEMENT"},

@@ -64,7 +64,7 @@ struct since_load : since_reset {
     int autolaycount = 0;       // timautolay ticks, kept from one press to the next
     bool autolayheld = false;   // AUTO has been held for the full time
     bool autolaydown = false;   // AUTO is held down; visual
-    std::string rangesuffix;    // letter shown after the range; thermal
+    std::string rangesuffix;    // letter shown after the range; empty on the visual sight
 
     // The gun.
     ammo_shown shown = ammo_shown::nothing;

@@ -8,7 +8,8 @@ namespace vorn {
 
 namespace {
 
-// After this many ticks of Timpause, or when the user clicks SHOW NEXT TARGET, comes the next order.
+// The next order comes after this many ticks of Timpause or, with targets on demand, at a click on SHOW NEXT
+// TARGET.
 void waitfornext(trainer& t, gunnery_screen& s, int ticks)
 {
     s.targetwait = ticks;

@@ -161,7 +161,7 @@ inline object_fields with_background(object_fields f, colour back)
     return f;
 }
 
-// An image that is shown at the edge of the area if it is outside.
+// An object that is shown at the edge of `bounds` when it is outside.
 inline object_fields bounded(object_fields f, area bounds)
 {
     f.Within = bounds;

@@ -13,7 +13,8 @@ namespace vorn {
 inline constexpr char path_separator = static_cast<char>(std::filesystem::path::preferred_separator);
 
 std::filesystem::path from_utf8(const std::string& path);
-// Empty for a path that isn't valid Unicode: Windows allows half a surrogate pair in a name.
+// Empty for a path that isn't valid Unicode: Windows allows half a surrogate pair in a name. The program then
+// finds no file there.
 std::string to_utf8(const std::filesystem::path&);
 
 // The absolute path of the file that a stored path names. The path is used as written if the file exists.

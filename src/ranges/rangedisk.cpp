@@ -170,7 +170,7 @@ void cmdsave_click(trainer& t)
     const auto refuse = [&t](const char* reason) { t.pc.message_box({reason, ""}); };
     if (s.Textname.Text.empty()) return refuse("YOU MUST GIVE THE FILE A VALID NAME");
     const auto unplaced = [](const screen_object& number) { return number.BackColor == colour::darkred; };
-    if (std::any_of(std::begin(s.Lbltargetnum), std::end(s.Lbltargetnum), unplaced))
+    if (std::any_of(std::begin(s.Lbltargetnum) + 1, std::end(s.Lbltargetnum), unplaced))
         return refuse("NOT ALL TARGETS ARE ALLOCATED");
     const auto chosen = t.pc.choose_file({.title = "SAVE",
                                           .filter = range_filter,

@@ -13,7 +13,13 @@ namespace {
 hint_panel hints_of(rauthor_screen& s)
 {
     constexpr const char* bare_text = "Place cursor over a frame or button to see its function";
-    return {s.window, s.Lblinfo, s.lblhelp, s.Timhelp, s.hintticks, 350, bare_text};
+    return {.window = s.window,
+            .bar = s.Lblinfo,
+            .label = s.lblhelp,
+            .clock = s.Timhelp,
+            .ticks = s.hintticks,
+            .below = 350,
+            .bare_text = bare_text};
 }
 
 void rauthor_load(rauthor_screen& s)

@@ -29,8 +29,8 @@ void showpoint(S& s)
     s.Imgpoint.Top = at.Top;
 }
 
-// Moves the picture by a step of the arrow pressed last, unless the picture has reached a limit. `back`: the
-// limit for moves to the right or down; otherwise the limit for moves to the left or up.
+// Moves the picture by `stepx` unless it has reached a limit: with `back` the one for moves to the right,
+// otherwise the one for moves to the left.
 void movex(S& s, bool back)
 {
     const area& p = s.Imagerange;

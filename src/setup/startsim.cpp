@@ -60,7 +60,12 @@ void startsim_arrival(trainer& t)
 
 void make_startsim_hints(startsim_screen& s)
 {
-    const hint_panel hints{s.window, s.Lblinfo, s.Lblhelp, s.Timhelp, s.hintticks, 495};
+    const hint_panel hints{.window = s.window,
+                           .bar = s.Lblinfo,
+                           .label = s.Lblhelp,
+                           .clock = s.Timhelp,
+                           .ticks = s.hintticks,
+                           .below = 495};
     make_hints(
         hints,
         {{&s.Frame1, "Selects number of targets engaged during the chosen practice"},

@@ -27,7 +27,8 @@ bool is_picture(const screen_object& o)
     return o.kind == object_kind::image || o.kind == object_kind::shape;
 }
 
-// How far a hidden button is above the next visible object; 0 if one is beside it or there is none below.
+// How far a hidden button is above the next visible object; 0 if a visible object is beside it or none is
+// below.
 double hidden_row(const object_list& all, const screen_object& o)
 {
     if (o.Visible || o.kind != object_kind::button) return 0;
