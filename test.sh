@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs what the tests need, runs each fuzzer for some seconds, then builds and runs all tests. Arguments are passed
-# to ctest, and the fuzzers are then skipped: ./test.sh -R desktop
+# Installs what the tests need, makes 5,000 runs of each fuzzer, then builds and runs all tests. Arguments are passed to
+# ctest, and the fuzzers are then skipped: ./test.sh -R desktop
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 source tools/setup.sh

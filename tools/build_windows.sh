@@ -198,8 +198,9 @@ make_packages() {
 install_missing "${windows_packages[@]}"
 once fetch "${sources[*]}" fetch_sources
 for name in qt6-base libsdl2; do once "unpack-$name" "${sources[$name]}" unpack "$name"; done
-once late "${late_libraries[*]} $(declare -f make_late_libraries)" make_late_libraries
-once qt "${late_libraries[*]} $(declare -f make_late_libraries) ${sources[qt6-base]} ${qt_options[*]}" build_qt
+late_key="${late_libraries[*]} $(declare -f make_late_libraries)"
+once late "$late_key" make_late_libraries
+once qt "$late_key ${sources[qt6-base]} ${qt_options[*]}" build_qt
 once svg "${sources[qtsvg-opensource-src]} $(cat packaging/windows/svg/* | sha256sum)" build_svg
 once sdl "${sources[libsdl2]} ${sdl_options[*]}" build_sdl
 build_trainer

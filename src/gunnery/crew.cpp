@@ -12,7 +12,8 @@ void playsound(trainer& t, gunnery_screen& s, const std::string& file)
     if (t.shared.soundson) t.pc.play(t.shared.rootpath + path_separator + "wavs" + path_separator + file);
 }
 
-// A call of the crew silences an effect. No sound is playing then that keycoaxstop would have to close.
+// During a call of the crew an effect is silent and ends the call's sound. No sound is left that keycoaxstop
+// would have to close.
 void effect(trainer& t, gunnery_screen& s, const std::string& file)
 {
     s.voicebusy ? t.pc.close_sound() : playsound(t, s, file);
