@@ -73,19 +73,24 @@ cross_cmake() {   # SOURCE BUILD OPTIONS...
         { tail -30 "$work/$build.configure.log"; return 1; }
 }
 
-# Libraries of Windows for printing, file dialogs and 3D graphics. To load them would take a third of the start-up time
-# under Wine. So Qt is linked with import libraries that load each of them at the first call.
-late_libraries=(comdlg32 d3d11 d3d9 dxgi winspool)
+# Libraries of Windows for printing, file dialogs, 3D graphics, networks and file permissions. To load them would take a
+# third of the start-up time under Wine. So Qt is linked with import libraries that load each of them at the first call.
+late_libraries=(authz comdlg32 d3d11 d3d9 dxgi mpr netapi32 userenv winspool ws2_32)
+
+# Makes an import library that loads its DLL at the first call.
+make_late_library() {   # IMPORT LIBRARY, NEW IMPORT LIBRARY
+    local dll definition=$2.def
+    dll=$(x86_64-w64-mingw32-dlltool --identify "$1")
+    (echo "LIBRARY $dll" && echo "EXPORTS" && x86_64-w64-mingw32-nm "$1" | sed -n 's/.* T //p' | sort -u) >"$definition"
+    x86_64-w64-mingw32-dlltool --input-def "$definition" --output-delaylib "$2"
+}
 
 make_late_libraries() {
-    local name import dll definition
+    local name
     rm -rf "$work/late"
     mkdir -p "$work/late"
     for name in "${late_libraries[@]}"; do
-        import=/usr/x86_64-w64-mingw32/lib/lib$name.a definition=$work/late/$name.def
-        dll=$(x86_64-w64-mingw32-dlltool --identify "$import")
-        (echo "LIBRARY $dll" && echo "EXPORTS" && x86_64-w64-mingw32-nm "$import" | sed -n 's/.* T //p' | sort -u) >"$definition"
-        x86_64-w64-mingw32-dlltool --input-def "$definition" --output-delaylib "$work/late/lib$name.a"
+        make_late_library "/usr/x86_64-w64-mingw32/lib/lib$name.a" "$work/late/lib$name.a"
     done
     rm -f "$work"/qt/bin/*.dll "$work"/qt/plugins/*/*.dll   # ninja doesn't know that they depend on these libraries
 }
@@ -121,6 +126,7 @@ build_sdl() {
     say "building SDL2"
     cross_cmake "$work/src/libsdl2" sdl "${sdl_options[@]}"
     ninja -C "$work/sdl" -j "$jobs" install >/dev/null
+    make_late_library "$work/sdl/libSDL2.dll.a" "$WINDOWS_PREFIX/lib/libSDL2.dll.a"   # sound and joystick start after the first window
 }
 
 # Copies the libraries, Qt's plug-ins and gcc's runtime libraries beside the program, and strips all of them. Their
@@ -147,7 +153,7 @@ check_libraries() {
     for name in $names; do
         local import=${name,,}
         import=${import%.*}
-        [[ " ${late_libraries[*]} " != *" $import "* ]] || { say "$name is loaded at the start"; absent=1; }
+        [[ " ${late_libraries[*]} sdl2 " != *" $import "* ]] || { say "$name is loaded at the start"; absent=1; }
         [[ $import == api-ms-win-* ]] || [ -e "$out/$name" ] || [ -e "/usr/x86_64-w64-mingw32/lib/lib$import.a" ] ||
             { say "$name is needed and isn't there"; absent=1; }
     done
@@ -198,10 +204,10 @@ make_packages() {
 install_missing "${windows_packages[@]}"
 once fetch "${sources[*]}" fetch_sources
 for name in qt6-base libsdl2; do once "unpack-$name" "${sources[$name]}" unpack "$name"; done
-late_key="${late_libraries[*]} $(declare -f make_late_libraries)"
+late_key="${late_libraries[*]} $(declare -f make_late_library make_late_libraries)"
 once late "$late_key" make_late_libraries
 once qt "$late_key ${sources[qt6-base]} ${qt_options[*]}" build_qt
 once svg "${sources[qtsvg-opensource-src]} $(cat packaging/windows/svg/* | sha256sum)" build_svg
-once sdl "${sources[libsdl2]} ${sdl_options[*]}" build_sdl
+once sdl "${sources[libsdl2]} ${sdl_options[*]} $(declare -f make_late_library)" build_sdl
 build_trainer
 make_packages

@@ -18,6 +18,7 @@ work=$(realpath build/windows)
 version=$(sed -n 's/^project(vorn VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 export WINDOWS_PREFIX=$work/prefix
 export WINEPREFIX=$work/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" XDG_RUNTIME_DIR=$work/run LC_ALL=C.UTF-8
+export CUPS_SERVER=/nowhere   # hides the printers of this system
 jobs=${JOBS:-$(getconf _NPROCESSORS_ONLN)}
 helpers=()
 fail() { say "$1"; exit 1; }
@@ -183,6 +184,8 @@ look_at_saved() {   # FOLDER
     [ -s "$1/own.prf" ] || fail "the practice wasn't saved"
 }
 
+report=$WINEPREFIX/drive_c/report.pdf
+
 magenta_icons() { for n in 1 2 3; do convert -size 64x64 xc:magenta "$1/target icons/target$n.ico"; done; }
 
 fire_and_save() {   # FOLDER of the data, then the command
@@ -198,8 +201,10 @@ fire_and_save() {   # FOLDER of the data, then the command
     picture manual
     xdotool key Escape sleep 1
     destroy_a_target
-    save_both own.prf record.vrn
+    rm -f "$report"
+    save_all own.prf record.vrn 'C:\report.pdf'
     look_at_saved "$folder"
+    [ "$(head -c 5 "$report")" = %PDF- ] || fail "the report wasn't printed to a PDF file"
     leave
     await_end
 }

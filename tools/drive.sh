@@ -126,8 +126,9 @@ destroy_a_target() {
 
 debrief="DEBRIEF SCREEN"
 
-# Goes from the practice back to the editor and saves the practice, then saves the record in the debrief.
-save_both() {   # PRACTICE RECORD
+# Goes from the practice back to the editor and saves the practice. In the debrief, saves the record and prints it to a
+# PDF file, since there must be no printer.
+save_all() {   # PRACTICE RECORD PDF
     click "V.O.R.N. VISUAL" 87 152   # RETURNT TO SETUP
     await "$editor"
     sleep 1
@@ -140,6 +141,10 @@ save_both() {   # PRACTICE RECORD
     picture debrief
     click "$debrief" 60 12   # SAVE
     save_as "^SAVE$" "$2"
+    click "$debrief" 280 12   # PRINT
+    answer_yes "$debrief"
+    save_as "THERE IS NO PRINTER" "$3"
+    picture printed
 }
 
 # Ends the program by the exit button of the debrief.
