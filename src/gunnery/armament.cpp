@@ -283,8 +283,8 @@ void firefin(trainer& t, gunnery_screen& s, int round)
     endflight(t, s, round, round_kind::fin);
 }
 
-// With the full system and a lased range, starts the HESH correction and, on the visual sight with AUTO held,
-// reverses the lay. Returns the twips moved.
+// With the full system and a lased range, Cmdmaingun takes a HESH correction from now on. On the visual sight
+// with AUTO held, the lay is reversed. Returns the twips moved.
 double preparehesh(trainer& t, gunnery_screen& s)
 {
     if (t.shared.systemstatus >= 2 || !s.lazed) {

@@ -85,9 +85,9 @@ void showestimate(trainer& t, gunnery_screen& s)
     s.Lblrange.Caption = number_text(estimate) + "S";
 }
 
-// Makes the system status one step worse with each third of the targets. Called every second. In the first
-// call of an engagement the new target isn't counted yet, so the commander's report follows the previous
-// status.
+// Raises the system status by one with each third of the targets. It is 0 at first; 0 and 1 are the full
+// system. Called every second. In the first call of an engagement the new target isn't counted yet, so the
+// commander's report follows the previous status.
 void degrade(trainer& t, const gunnery_screen& s)
 {
     const double thirds = static_cast<double>(s.targetnumber) / t.shared.targetblocks;

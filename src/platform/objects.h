@@ -51,7 +51,7 @@ enum class dock {
 };
 
 enum class object_kind {
-    frame,   // a panel with a caption that contains other objects
+    frame,   // a panel: it contains other objects and may have a caption
     sight,   // a viewport that clips its child objects and draws them in their order
     label,   // text; with a Click handler it is also a button without a border
     button,

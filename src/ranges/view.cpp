@@ -29,8 +29,8 @@ void showpoint(S& s)
     s.Imgpoint.Top = at.Top;
 }
 
-// Moves the picture by `stepx` unless it has reached a limit: with `back` the one for moves to the right,
-// otherwise the one for moves to the left.
+// Moves the picture by `stepx` unless it has reached a limit. With `back` the limit of moves to the right is
+// tested, otherwise that of moves to the left.
 void movex(S& s, bool back)
 {
     const area& p = s.Imagerange;

@@ -33,8 +33,8 @@ struct practice_state {
     int practicemode = 1;          // 1 visual, 2 thermal
     bool targetauto = true;        // targets come automatically; otherwise on demand
     int16 targetblocks = 2;        // number of targets divided by 3: 2 to 5
-    int16 targetcount;             // targets in the practice, set when it starts
-    int16 targettime = 30;         // seconds a target stays up; 500: until destroyed
+    int16 targetcount;             // engagements of the record; set by START PRACTICE and by opening a record
+    int16 targettime = 30;         // seconds for a target, from its order; 500: until destroyed
     int16 engagementtype = 1;      // 1 mixed, 2 coax, 3 HESH, 4 FIN and DST
     int16 systemstatus = 1;        // 0 and 1 full system, 2 laze only, 3 TLS only (visual sight: no laser)
     bool selfdegrading = false;    // systemstatus worsens during the practice
@@ -67,7 +67,7 @@ struct practice_state {
 
     // Run flags.
     bool quickstart = false;    // the practice was started by the quick start
-    bool debriefonly = false;   // the debrief was opened without a practice
+    bool debriefonly = false;   // the debrief has been opened from the set-up; never cleared
     bool paused = false;
 
     // The running engagement.

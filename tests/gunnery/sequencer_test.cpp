@@ -110,7 +110,7 @@ TEST_F(thermal_practice, one_engagement_second_by_second)
     EXPECT_TRUE(s.Timloading.Enabled);
     d.pc.advance(1);
     EXPECT_DOUBLE_EQ(s.Imgtargets.Width, 560 - 1100 / 4.0);
-    // From 2400, 1900 in steps of 50 to 2000 - Int(800 x 5.5 / 19), 1800 - Int(300 x 5.5 / 19).
+    // From (2400, 1900) towards (2000 - Int(800 x 5.5 / 19), 1800 - Int(300 x 5.5 / 19)) in steps of 50.
     expect_at(s.Imgtargets, 1800, 1750, "target");
     expect_at(s.Imgrange, -7080 - 13 * 50, -3720 - 4 * 50, "picture");
     EXPECT_EQ(d.crew(), "COMMANDER :- FIN TANK  !!ON !!");

@@ -1,4 +1,4 @@
-// The keyboard. A form gets each key once, as a virtual key code, before its controls get the key.
+// The keyboard. A form gets a key, and its auto-repeats, as a virtual key code before its widgets get it.
 #pragma once
 
 #include <QObject>

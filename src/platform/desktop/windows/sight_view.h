@@ -1,5 +1,5 @@
-// The widget of a sight. It draws the objects of the model, and animates strikes and burning targets, which
-// the model doesn't move.
+// The widget of a sight. It draws the objects of the model. It also animates strikes and burning targets: the
+// model only says where they are.
 #pragma once
 
 #include <QTimer>

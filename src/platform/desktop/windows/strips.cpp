@@ -9,7 +9,7 @@ namespace vorn {
 namespace {
 
 constexpr double largest_growth = 2;      // of the text in a frame that is larger than designed
-constexpr double largest_readout = 1.8;   // of large text in a frame that is only higher
+constexpr double largest_readout = 1.8;   // of large text in a frame that grows more in height than in width
 constexpr double give_of_picture = 0.3;   // of pictures, and of frames with only pictures
 
 using object_list = std::vector<const screen_object*>;

@@ -12,8 +12,8 @@ namespace vorn {
 // Runs a handler to its end and updates the windows.
 using event_runner = std::function<void(const std::function<void()>&)>;
 
-// An object of a form and its widget. `drawn` is the state of the widget: the fields of the object at the
-// last update, with the change by the user that is being handled.
+// An object of a form and its widget. `drawn` is what the widget shows: the fields of the object at the last
+// update and, while a change by the user is being handled, this change.
 struct shown_object {
     screen_object* object = nullptr;
     object_fields drawn;
