@@ -204,10 +204,12 @@ make_packages() {
 install_missing "${windows_packages[@]}"
 once fetch "${sources[*]}" fetch_sources
 for name in qt6-base libsdl2; do once "unpack-$name" "${sources[$name]}" unpack "$name"; done
+toolchain=$(sha256sum <packaging/windows/toolchain.cmake)
 late_key="${late_libraries[*]} $(declare -f make_late_library make_late_libraries)"
+qt_key="$late_key ${sources[qt6-base]} ${qt_options[*]} $toolchain"
 once late "$late_key" make_late_libraries
-once qt "$late_key ${sources[qt6-base]} ${qt_options[*]}" build_qt
-once svg "${sources[qtsvg-opensource-src]} $(cat packaging/windows/svg/* | sha256sum)" build_svg
-once sdl "${sources[libsdl2]} ${sdl_options[*]} $(declare -f make_late_library)" build_sdl
+once qt "$qt_key" build_qt
+once svg "$qt_key ${sources[qtsvg-opensource-src]} $(cat packaging/windows/svg/* | sha256sum)" build_svg
+once sdl "${sources[libsdl2]} ${sdl_options[*]} $toolchain $(declare -f make_late_library)" build_sdl
 build_trainer
 make_packages

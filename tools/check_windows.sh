@@ -8,7 +8,7 @@
 #
 #   tools/check_windows.sh [core | program]
 #
-# Its screenshots are in build/windows/pictures. Needs some minutes, so the tests don't call it.
+# Its screenshots are in build/windows/pictures, in `installed` and `unpacked`. Needs some minutes, so the tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
@@ -125,7 +125,7 @@ start_time() {
     before=$(date +%s%N)
     "$@" >/dev/null 2>&1 &
     program=$!
-    until [ -n "$(window "$title")" ]; do [ $SECONDS -lt $deadline ] || fail "no window: $*"; done
+    until [ -n "$(window "$title")" ]; do [ $SECONDS -lt $deadline ] || { kill $program; fail "no window: $*"; }; done
     took=$((($(date +%s%N) - before) / 1000000))
     kill $program || true
     wait $program 2>/dev/null || true
@@ -229,6 +229,7 @@ install_over() {   # INSTALLER, the folder that it installs, its version
 
 check_installed() {
     installed="$WINEPREFIX/drive_c/Program Files/V.O.R.N"
+    pictures=$work/pictures/installed
     say "installing"
     run_setup "$setup"
     look_at_installation HKLM "$stage" "$version"
@@ -284,6 +285,7 @@ check_for_one_user() {
 
 check_unpacked() {
     local folder="$WINEPREFIX/drive_c/Übung für Schützen/пушка"
+    pictures=$work/pictures/unpacked
     say "unpacking into a path with blanks, umlauts and Cyrillic letters"
     mkdir -p "$folder"
     (cd "$folder" && cmake -E tar xf "$zip")
@@ -292,11 +294,11 @@ check_unpacked() {
     compare_starts "$folder/V.O.R.N"
 }
 
-setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip pictures=$work/pictures
+setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip
 stage=$work/stage/V.O.R.N other=$work/other
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
-rm -rf "$pictures" "$other"
-mkdir -p "$pictures" "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
+rm -rf "$work/pictures" "$other"
+mkdir -p "$work"/pictures/{installed,unpacked} "$XDG_RUNTIME_DIR" && chmod 700 "$XDG_RUNTIME_DIR"
 open_display
 export FONTCONFIG_FILE=$work/no_fonts.conf
 fresh_windows
