@@ -101,7 +101,7 @@ TEST(records, of_earlier_versions_are_read_and_would_be_written_the_same)
                   bytes_of(file));
         files += 1;
     }
-    EXPECT_GE(files, 7);
+    EXPECT_GE(files, 10);
 }
 
 }   // namespace

@@ -34,6 +34,13 @@ once() {
     echo "$key" >"$stamp"
 }
 
+# The same for a library of this name. Its build folder is removed if it was made with another key, since CMake keeps
+# the compiler and the flags of the first configuration. An interrupted build is continued.
+library_once() {
+    once "clean-$1" "$2" rm -rf "${work:?}/$1"
+    once "$1" "$2" "build_$1"
+}
+
 # Runs apt with its own list of sources, so that the list of the machine stays unchanged.
 apt_source() {
     apt-get -q -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$work/apt/parts" \
@@ -92,7 +99,6 @@ make_late_libraries() {
     for name in "${late_libraries[@]}"; do
         make_late_library "/usr/x86_64-w64-mingw32/lib/lib$name.a" "$work/late/lib$name.a"
     done
-    rm -f "$work"/qt/bin/*.dll "$work"/qt/plugins/*/*.dll   # ninja doesn't know that they depend on these libraries
 }
 
 # Debian's source has no wintab.h, so there is no support for tablets. PrintSupport needs Direct2D, which stays enabled.
@@ -126,7 +132,8 @@ build_sdl() {
     say "building SDL2"
     cross_cmake "$work/src/libsdl2" sdl "${sdl_options[@]}"
     ninja -C "$work/sdl" -j "$jobs" install >/dev/null
-    make_late_library "$work/sdl/libSDL2.dll.a" "$WINDOWS_PREFIX/lib/libSDL2.dll.a"   # sound and joystick start after the first window
+    # Sound and joystick start after the first window.
+    make_late_library "$work/sdl/libSDL2.dll.a" "$WINDOWS_PREFIX/lib/libSDL2.dll.a"
 }
 
 # Copies the libraries, Qt's plug-ins and gcc's runtime libraries beside the program, and strips all of them. Their
@@ -182,10 +189,9 @@ add_licences() {
 build_trainer() {
     local file stage=$work/stage/V.O.R.N
     say "building the trainer"
-    rm -f "$work/vorn-$version-"*   # check_windows.sh must not find the packages of an earlier build
+    rm -rf "$work/stage"   # without it check_windows.sh doesn't accept the packages of an earlier build
     cross_cmake . vorn -DCMAKE_BUILD_TYPE=Release -DVORN_TESTS=OFF
     ninja -C "$work/vorn" -j "$jobs" vorn
-    rm -rf "$work/stage"
     cmake --install "$work/vorn" --prefix "$stage" >/dev/null
     add_libraries "$stage"
     check_libraries "$stage"
@@ -193,12 +199,13 @@ build_trainer() {
     for file in "$stage"/licences/*.txt; do sed -i 's/\r*$/\r/' "$file"; done   # lines end as in Windows
 }
 
+setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip
+
 make_packages() {
-    local stage=$work/stage/V.O.R.N setup=$work/vorn-$version-setup.exe zip=$work/vorn-$version-windows.zip
     say "making the installer and the ZIP file"
-    packaging/windows/make_setup.sh "$version" "$stage" "$setup"
+    rm -f "$work"/vorn-*-{setup.exe,windows.zip}
+    packaging/windows/make_setup.sh "$version" "$work/stage/V.O.R.N" "$setup"
     (cd "$work/stage" && cmake -E tar cf "$zip" --format=zip V.O.R.N)
-    say "the trainer for Windows: $(du -h "$setup" "$zip" | awk '{ printf "%s%s (%s)", s, $2, $1; s = " and " }')"
 }
 
 install_missing "${windows_packages[@]}"
@@ -208,8 +215,10 @@ toolchain=$(sha256sum <packaging/windows/toolchain.cmake)
 late_key="${late_libraries[*]} $(declare -f make_late_library make_late_libraries)"
 qt_key="$late_key ${sources[qt6-base]} ${qt_options[*]} $toolchain"
 once late "$late_key" make_late_libraries
-once qt "$qt_key" build_qt
-once svg "$qt_key ${sources[qtsvg-opensource-src]} $(cat packaging/windows/svg/* | sha256sum)" build_svg
-once sdl "${sources[libsdl2]} ${sdl_options[*]} $toolchain $(declare -f make_late_library)" build_sdl
+library_once qt "$qt_key"
+library_once svg "$qt_key ${sources[qtsvg-opensource-src]} $(cat packaging/windows/svg/* | sha256sum)"
+library_once sdl "${sources[libsdl2]} ${sdl_options[*]} $toolchain $(declare -f make_late_library)"
 build_trainer
-make_packages
+contents=$(find "$work/stage" -type f -print0 | sort -z | xargs -0 sha256sum | sha256sum)
+once packages "$version $contents $(cat packaging/windows/{make_setup.sh,setup.nsi} | sha256sum)" make_packages
+say "the trainer for Windows: $(du -h "$setup" "$zip" | awk '{ printf "%s%s (%s)", s, $2, $1; s = " and " }')"

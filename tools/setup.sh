@@ -52,7 +52,7 @@ build() {
     cmake --preset "$1" && cmake --build --preset "$1" -j "$(getconf _NPROCESSORS_ONLN)"
 }
 
-# Builds the fuzzers and runs each for some seconds. They need clang and its fuzzer library, which is a separate package
+# Builds the fuzzers and runs each 5,000 times. They need clang and its fuzzer library, which is a separate package
 # on Debian with clang's version in its name. Without them the fuzzers are skipped.
 run_fuzzers() {
     install_missing clang

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <cstdio>
 
 // Not reported as leaks: memory that fontconfig and D-Bus keep until the process ends.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer calls it by this name
@@ -15,5 +16,10 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR");
+    if (!scale.isEmpty() && app.devicePixelRatio() != scale.toDouble()) {
+        std::fprintf(stderr, "The device pixel ratio is %g.\n", app.devicePixelRatio());
+        return 1;
+    }
     return RUN_ALL_TESTS();
 }
