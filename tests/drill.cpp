@@ -4,9 +4,6 @@
 
 #include <fstream>
 
-#include "flow/intro.h"
-#include "setup/startsim.h"
-
 namespace vorn {
 
 namespace fs = std::filesystem;
@@ -127,11 +124,9 @@ std::vector<engagement_note> drill::fire_by(device by)
     p.keyboardselected = by != device::mouse;
     p.mouseselected = by == device::mouse;
     p.joyselected = by == device::stick;
-    if (!p.joycalibrated) {
-        p.joycalibrated = true;
-        p.joyxcentre = p.joyycentre = 32768;
-        p.joyxfactor = p.joyyfactor = 1000;
-    }
+    p.joycalibrated = true;
+    p.joyxcentre = p.joyycentre = 32768;
+    p.joyxfactor = p.joyyfactor = 1000;
     set_up();
     return fire_practice(pc, t, screen(), by);
 }

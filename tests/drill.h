@@ -9,11 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "gunnery/screen.h"
 #include "platform/files.h"
 #include "platform/headless/headless_machine.h"
 #include "ranges/rangefile.h"
-#include "trainer.h"
+#include "screens.h"
 
 namespace vorn {
 
@@ -144,6 +143,15 @@ void expect_at(const area& object, double left, double top, const auto& which)
     EXPECT_DOUBLE_EQ(object.Left, left) << which;
     EXPECT_DOUBLE_EQ(object.Top, top) << which;
 }
+
+// A suite of drills that begin on the set-up screen.
+struct on_setup : testing::Test {
+    drill d{sight_kind::visual};
+    headless_machine& pc = d.pc;
+    trainer& t = d.t;
+    practice_state& p = t.shared;
+    std::string path(const std::string& name) const { return d.path(name); }
+};
 
 // A suite of drills on one sight.
 template <sight_kind sight>

@@ -11,22 +11,12 @@ namespace vorn {
 
 namespace {
 
-constexpr double centre = 32768;   // of the stick
-constexpr double event = 0.016;    // seconds between two stick events
+constexpr long centre = 32768;    // of the stick
+constexpr double event = 0.016;   // seconds between two stick events
 
 constexpr spot beaten_zone{45, 30};   // the centre, relative to the drop of the coax
 
 struct gunner {
-    gunner(headless_machine& pc, trainer& t, gunnery_screen& s, device by)
-        : pc_(pc), p_(t.shared), s_(s), by_(by)
-    {
-        pc.at_pace = [this] {
-            if (const auto r = round()) seen_ = r;
-        };
-    }
-    ~gunner() { pc_.at_pace = nullptr; }
-    gunner(const gunner&) = delete;
-    gunner& operator=(const gunner&) = delete;
     bool running() const { return !pc_.ended && front(pc_) == &s_.window && !s_.Cmdstartsim.Enabled; }
     bool degraded() const { return s_.Lblsystem.Caption != "F"; }
     bool order_is(const std::string& nature) const { return notes.back().order == nature; }
@@ -38,10 +28,9 @@ struct gunner {
         if (!o.Visible) return std::nullopt;
         return spot{o.Left + o.Width / 2, o.Top + o.Height / 2};
     }
-    std::optional<spot> round() const
+    void look()
     {
-        if (!s_.ammo.Visible) return std::nullopt;
-        return spot{s_.ammo.Left, s_.ammo.Top};
+        if (s_.ammo.Visible) seen_ = {s_.ammo.Left, s_.ammo.Top};
     }
     // The dot of the visual sight; the centre of the visible mark of the thermal one.
     spot mark()
@@ -51,14 +40,13 @@ struct gunner {
             if (o->Visible) return mark_ = {o->Left + o->Width / 2, o->Top + o->Height / 2};
         return mark_;
     }
-    // The first crew line with these words, from the last order on.
-    std::optional<std::string> heard(const std::string& words) const
+    // The first crew line with these words, from the last order on; null if there is none.
+    const logged* heard(const char* words) const
     {
-        for (std::size_t i = order_at_; i < pc_.log.size(); ++i) {
-            const logged& l = pc_.log[i];
-            if (l.kind == "caption" && l.text.find(words) != std::string::npos) return l.text;
-        }
-        return std::nullopt;
+        for (std::size_t i = heard_from_; i < pc_.log.size(); ++i)
+            if (pc_.log[i].kind == "caption" && pc_.log[i].text.find(words) != std::string::npos)
+                return &pc_.log[i];
+        return nullptr;
     }
     bool await(const std::function<bool()>& condition, double seconds)
     {
@@ -110,10 +98,10 @@ struct gunner {
         const double off = 2 * (across ? p_.joyxfactor : p_.joyyfactor) + 100 * twips;
         const auto at = static_cast<long>(less ? middle - off + 50 : middle + off + 1);
         for (double t = 0; t < seconds; t += event) {
-            pc_.stick(across ? at : static_cast<long>(centre), across ? static_cast<long>(centre) : at);
+            pc_.stick(across ? at : centre, across ? centre : at);
             pc_.wait(event);
         }
-        pc_.stick(static_cast<long>(centre), static_cast<long>(centre));
+        pc_.stick(centre, centre);
     }
     void push(control less, control more, double off)
     {
@@ -143,19 +131,14 @@ struct gunner {
         for (int waited = 0; running() && waited < 600; pc_.wait(0.1), ++waited) {
             if (waited == 300) resume();
             if (s_.Cmdtarget.Enabled) push_panel_button(s_.Cmdtarget, 'G');
-            for (; heard_ < pc_.log.size(); ++heard_) {
-                const logged& l = pc_.log[heard_];
-                for (const auto& [words, name] : orders) {
-                    if (l.kind != "caption" || l.text.find(words) == std::string::npos ||
-                        l.text.find("ON ") != std::string::npos)   // the report after the lay
-                        continue;
-                    order_at_ = heard_++;
-                    notes.emplace_back();
-                    notes.back().order = name;
-                    notes.back().ordered = l.time;
+            for (const auto& [words, name] : orders)
+                if (const logged* line = heard(words)) {
+                    heard_from_ = static_cast<std::size_t>(line - pc_.log.data());
+                    engagement_note& n = notes.emplace_back();
+                    n.order = name;
+                    n.ordered = line->time;
                     return true;
                 }
-            }
         }
         return false;
     }
@@ -169,11 +152,11 @@ struct gunner {
     // estimate from the size of the target.
     double range() const
     {
-        if (s_.visual() && !s_.Lblrange.Caption.empty()) return std::atof(s_.Lblrange.Caption.c_str());
-        if (!s_.visual() && degraded()) return std::atof(s_.Lblrange.Caption.c_str());
-        if (const auto call = heard(" ON ")) {
-            const std::size_t number = call->find_first_of("0123456789");
-            if (number != std::string::npos) return std::stod(call->substr(number)) + 50;
+        if (s_.visual() ? !s_.Lblrange.Caption.empty() : degraded())
+            return std::atof(s_.Lblrange.Caption.c_str());
+        if (const logged* call = heard(" ON ")) {
+            const std::size_t number = call->text.find_first_of("0123456789");
+            if (number != std::string::npos) return std::stod(call->text.substr(number)) + 50;
         }
         return std::clamp(4 * (660 - s_.Imgtargets.Width), 600.0, 2250.0);
     }
@@ -242,9 +225,9 @@ struct gunner {
             note_aim();
             note_fall({s_.ammo.Left, s_.ammo.Top});
             work(control::fire, true);
-            for (int look = 0; look < 15; ++look) {
+            for (int n = 0; n < 15; ++n) {
                 pc_.wait(0.02);
-                if (const auto r = round()) seen_ = r;
+                look();
             }
             work(control::fire, false);
         }
@@ -281,11 +264,12 @@ struct gunner {
             judge();
         }
         tap(control::off);
+        heard_from_ = pc_.log.size();
     }
     // From START SIM until the practice has ended.
     void fire_practice()
     {
-        heard_ = pc_.log.size();
+        heard_from_ = pc_.log.size();
         push_panel_button(s_.Cmdstartsim, 'S');
         while (awaitorder()) engage();
     }
@@ -294,21 +278,22 @@ struct gunner {
     const practice_state& p_;
     gunnery_screen& s_;
     device by_;
-    std::vector<engagement_note> notes;
-    std::size_t heard_ = 0;      // end of the part of the log searched for orders
-    std::size_t order_at_ = 0;   // index of the last order in the log
-    spot mark_;                  // where the mark was seen last
-    spot off_;                   // correction of the lay from the rounds observed
-    std::optional<spot> seen_;   // where the round was seen last
-    bool correcting_ = false;    // the HESH correction has just been made: no new lase
+    std::vector<engagement_note> notes = {};
+    std::size_t heard_from_ = 0;   // index of the last order in the log, or where to search for the next one
+    spot mark_ = {};               // where the mark was seen last
+    spot off_ = {};                // correction of the lay from the rounds observed
+    std::optional<spot> seen_ = {};   // where the round was seen last
+    bool correcting_ = false;         // the HESH correction has just been made: no new lase
 };
 
 }   // namespace
 
 std::vector<engagement_note> fire_practice(headless_machine& pc, trainer& t, gunnery_screen& s, device by)
 {
-    gunner g(pc, t, s, by);
+    gunner g{pc, t.shared, s, by};
+    pc.at_pace = [&g] { g.look(); };
     g.fire_practice();
+    pc.at_pace = nullptr;
     return g.notes;
 }
 

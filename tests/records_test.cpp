@@ -1,11 +1,8 @@
 // The files of earlier versions. Beside each one, NAME.txt says what the screens show of it.
 #include "debrief/report.h"
-#include "debrief/results.h"
 #include "debrief/resultsfile.h"
 #include "drill.h"
-#include "ranges/rauthor.h"
 #include "setup/setup.h"
-#include "setup/startsim.h"
 
 namespace vorn {
 

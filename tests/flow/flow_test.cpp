@@ -1,9 +1,5 @@
 // From the first box to a gunnery screen and back, and the messages when something is missing.
-#include "debrief/results.h"
 #include "drill.h"
-#include "flow/intro.h"
-#include "ranges/rauthor.h"
-#include "setup/startsim.h"
 
 namespace vorn {
 namespace {
@@ -18,23 +14,18 @@ struct program : testing::Test {
         pc.default_directory = directory;
         pc.event([this] { start_program(t); });
     }
-    void to_setup()
-    {
-        begin(data.program());
-        pc.click(t.intro.lblstart);
-    }
-    std::string screens() { return shown_screens(pc); }
-    std::string last_box() { return pc.boxes.back().text; }
 };
+
+using from_the_set_up = on_setup;
 
 TEST_F(program, starts_with_a_box_and_the_title_screen)
 {
     begin(data.program());
     EXPECT_EQ(
-        last_box(),
+        pc.boxes.back().text,
         "MOBILE TURRET DRILL CONSOLE \n\r                         by\n\r                    H N VARLEY");
     EXPECT_EQ(pc.boxes.back().title, "V. O. R. N.");
-    EXPECT_EQ(screens(), "intro");
+    EXPECT_EQ(shown_screens(pc), "intro");
     EXPECT_EQ(t.startsim.window.state, form_state::hidden);
     EXPECT_EQ(t.results.window.state, form_state::hidden);
     EXPECT_EQ(t.shared.rootpath, data.ranges());
@@ -98,17 +89,15 @@ TEST_F(program, ends_when_the_user_declines_to_look_for_the_directory)
     EXPECT_TRUE(pc.dialogs.empty());
 }
 
-TEST_F(program, help_and_exit_are_on_each_screen)
+TEST_F(from_the_set_up, help_and_exit_are_on_each_screen)
 {
-    to_setup();
-    pc.click(t.startsim.Optcon2);
     const auto look = [&](screen_object& help, screen_object& exit, const char* heading, const char* title) {
-        SCOPED_TRACE(screens());
+        SCOPED_TRACE(shown_screens(pc));
         pc.log.clear();
         pc.click(help);
         pc.click(exit);   // answered no
         EXPECT_EQ(pc.of_kind("help").size(), 1U);
-        EXPECT_EQ(last_box(),
+        EXPECT_EQ(d.last_box(),
                   std::string(heading) + "\n\r                   \n\rARE YOU SURE YOU WANT TO EXIT ?");
         const message& box = pc.boxes.back();
         EXPECT_EQ(box.title, title);
@@ -135,90 +124,66 @@ TEST_F(program, help_and_exit_are_on_each_screen)
     EXPECT_TRUE(pc.ended);
 }
 
-TEST_F(program, a_hint_disappears_over_a_frame_of_its_screen)
-{
-    to_setup();
-    pc.confirm(t.startsim.cmdeditrange);
-    const auto look = [&](screen_object& button, std::initializer_list<screen_object*> frames,
-                          const screen_object& hint) {
-        for (screen_object* frame : frames) {
-            pc.event(button.MouseMove);
-            pc.advance(2);
-            EXPECT_TRUE(hint.Visible);
-            pc.event(frame->MouseMove);
-            EXPECT_FALSE(hint.Visible) << frame->Caption;
-        }
-    };
-    rauthor_screen& a = t.rauthor;
-    look(a.Cmdopen, {&a.Frame2, &a.Frame3, &a.Frame4, &a.Frame5}, a.lblhelp);
-    pc.click(a.Cmdstart);
-    pc.confirm(t.startsim.Cmddebrief);
-    look(t.results.Cmdopen, {&t.results.Imgrange}, t.results.lblhelp);
-}
-
 TEST_F(program, an_uncalibrated_joystick_prevents_a_start_and_a_quick_start)
 {
-    to_setup();
+    begin(data.program());
+    pc.click(t.intro.lblstart);
     pc.confirm(t.startsim.Cmdstart);
-    EXPECT_EQ(last_box(),
+    EXPECT_EQ(pc.boxes.back().text,
               "YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST");
     pc.click(t.startsim.cmdgame);
-    EXPECT_EQ(screens(), "startsim");
+    EXPECT_EQ(shown_screens(pc), "startsim");
     EXPECT_FALSE(t.shared.quickstart);
     pc.click(t.startsim.Optcon2);
     pc.click(t.startsim.Cmdstart);   // the question answered no
-    EXPECT_EQ(screens(), "startsim");
+    EXPECT_EQ(shown_screens(pc), "startsim");
     pc.type(t.startsim.Txtname, "SMITH");
     pc.type(t.startsim.Txtnum, "123");
     pc.confirm(t.startsim.Cmdstart);
-    EXPECT_EQ(screens(), "simulator");
+    EXPECT_EQ(shown_screens(pc), "simulator");
     EXPECT_EQ(t.shared.studentdetails.text(), "SMITH_123                     ");
 }
 
-TEST_F(program, a_quick_start_is_a_visual_practice_that_returns_to_the_title)
+TEST_F(from_the_set_up, a_quick_start_is_a_visual_practice_that_returns_to_the_title)
 {
-    to_setup();
     pc.click(t.startsim.Optmode2);
-    pc.click(t.startsim.Optcon2);
-    t.shared.voiceson = t.shared.keyboardselected = false;
+    p.voiceson = p.keyboardselected = false;
     pc.click(t.startsim.cmdgame);
     gunnery_screen& s = t.simulator;
-    EXPECT_EQ(screens(), "simulator");
+    EXPECT_EQ(shown_screens(pc), "simulator");
     EXPECT_EQ(s.lbltargetnum.Caption, "TARGET 0 OF 9");
-    EXPECT_EQ(t.shared.targetblocks, 3) << "of three targets each";
+    EXPECT_EQ(p.targetblocks, 3) << "of three targets each";
     EXPECT_TRUE(s.lbltargetnum.Visible && s.Imgname.Visible && s.Frame3.Visible);
     EXPECT_FALSE(s.Frmcon.Visible || s.Frmsys.Visible || s.Frmmousecon.Visible);
-    EXPECT_TRUE(t.shared.voiceson && t.shared.keyboardselected);
+    EXPECT_TRUE(p.voiceson && p.keyboardselected);
     pc.click(s.Cmdstartsim);
     pc.advance(8);
     EXPECT_EQ(s.lbltargetnum.Caption, "TARGET 1 OF 9");
     pc.click(s.Cmdstopsim);
-    EXPECT_EQ(last_box(),
+    EXPECT_EQ(d.last_box(),
               "NUMBER OF TARGETS = 1\n\rNUMBER OF HITS = 0\n\rAVERAGE TIME = 1\n\rSCORE = 0\n\r\n\rYOUR "
               "RATING IS..FORGET IT");
-    EXPECT_EQ(screens(), "simulator");
+    EXPECT_EQ(shown_screens(pc), "simulator");
     pc.click(s.Cmdmain);
-    EXPECT_EQ(screens(), "intro");
-    EXPECT_FALSE(t.shared.fulldebrief);
+    EXPECT_EQ(shown_screens(pc), "intro");
+    EXPECT_FALSE(p.fulldebrief);
     pc.click(t.intro.lblstart);
-    EXPECT_TRUE(t.shared.fulldebrief);
+    EXPECT_TRUE(p.fulldebrief);
     pc.click(t.startsim.Optmode1);
     pc.confirm(t.startsim.Cmdstart);
-    EXPECT_FALSE(s.lbltargetnum.Visible || t.shared.quickstart) << "an ordinary practice";
+    EXPECT_FALSE(s.lbltargetnum.Visible || p.quickstart) << "an ordinary practice";
 }
 
-TEST_F(program, a_data_directory_without_ranges_is_reported)
+TEST_F(from_the_set_up, a_data_directory_without_ranges_is_reported)
 {
-    to_setup();
     const std::size_t boxes = pc.boxes.size();
-    std::filesystem::remove_all(from_utf8(data.ranges()));
-    pc.click(t.startsim.Optcon2);
+    std::filesystem::remove_all(from_utf8(d.data.ranges()));
     pc.answers.assign(4, {true});
     pc.click(t.startsim.cmdgame);
     ASSERT_EQ(pc.boxes.size(), boxes + 3) << "one each for the practice, the folder and the range";
     EXPECT_NE(pc.boxes[boxes].text.find("Visualrange.arf"), std::string::npos);
-    EXPECT_NE(pc.boxes[boxes + 1].text.find(data.ranges()), std::string::npos);
-    EXPECT_EQ(screens(), "startsim");
+    EXPECT_NE(pc.boxes[boxes + 1].text.find(d.data.ranges()), std::string::npos);
+    EXPECT_EQ(shown_screens(pc), "startsim");
 }
 
 }   // namespace

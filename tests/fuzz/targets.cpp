@@ -10,7 +10,6 @@
 
 #include "debrief/report.h"
 #include "debrief/resultsfile.h"
-#include "flow/intro.h"
 #include "platform/headless/headless_machine.h"
 #include "ranges/rangefile.h"
 #include "setup/setup.h"

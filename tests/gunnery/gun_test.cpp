@@ -59,9 +59,11 @@ TEST_P(gun, fin_hits)
     EXPECT_FALSE(s.Imgtargets.Visible);
     const texts sounds = d.sounds();
     EXPECT_EQ(texts(sounds.end() - 3, sounds.end()), (texts{"fire.wav", "targetstop.wav", "explode.wav"}));
+    d.pc.show_strike({});
     d.random(draw_of(6));
     while (!s.Imgtargets.Visible) d.pc.wait(1);
     EXPECT_EQ(s.Imgtargets.Fire, fire::none) << "the next target doesn't burn";
+    EXPECT_TRUE(d.pc.strikes.empty());
 }
 
 TEST_P(gun, a_round_on_the_edge_of_the_kill_box_misses)

@@ -7,7 +7,6 @@
 
 #include "drill.h"
 #include "gunnery/gunnery.h"
-#include "setup/startsim.h"
 
 namespace vorn {
 namespace {
@@ -103,13 +102,14 @@ TEST_F(thermal_practice, six_targets_with_waits_of_three_to_seven_seconds)
 
 TEST_F(thermal_practice, one_engagement_second_by_second)
 {
+    p.targetsize = 5;
     d.random(draw_of(6));
     d.start();
     d.pc.advance(7);
     EXPECT_EQ(s.Lblrange.Caption, "1000S");
     EXPECT_TRUE(s.Timloading.Enabled);
     d.pc.advance(1);
-    EXPECT_DOUBLE_EQ(s.Imgtargets.Width, 560 - 1100 / 4.0);
+    EXPECT_DOUBLE_EQ(s.Imgtargets.Width, 560 - 1100 / 5.0);
     // From (2400, 1900) towards (2000 - Int(800 x 5.5 / 19), 1800 - Int(300 x 5.5 / 19)) in steps of 50.
     expect_at(s.Imgtargets, 1800, 1750, "target");
     expect_at(s.Imgrange, -7080 - 13 * 50, -3720 - 4 * 50, "picture");
@@ -179,13 +179,8 @@ TEST(target, place_decides_the_direction_of_the_lay)
 
 TEST(target, has_its_smallest_width_from_2200_metres_on)
 {
-    for (const auto& [position, width] : {std::pair{16, 660 - 2100 / 8.0}, {17, 160.0}}) {
-        drill d(sight_kind::visual);
-        d.t.shared.engagementtype = 3;
-        d.t.shared.targetsize = 8;
-        d.present(position);
-        EXPECT_DOUBLE_EQ(d.screen().Imgtargets.Width, width);
-    }
+    EXPECT_DOUBLE_EQ(target_width(visualsight, 2199, 8), 660 - 2199 / 8.0);
+    EXPECT_DOUBLE_EQ(target_width(visualsight, 2200, 8), 160);
 }
 
 TEST_P(practice_on, demand)
@@ -375,7 +370,7 @@ TEST_F(visual_practice, a_hit_is_timed_from_the_order)
     EXPECT_EQ(d.times_of("STOP DESELECT !!").size(), 0U);
     EXPECT_EQ(p.rectime[1], 12);
     d.pc.click(s.Cmdstopsim);
-    EXPECT_EQ(d.pc.boxes.back().text,
+    EXPECT_EQ(d.last_box(),
               "WELL DONE YOUR SCORE IS..\n\rNUMBER OF TARGETS = 1\n\rNUMBER OF HITS = 1\n\r"
               "AVERAGE TIME = 12\n\rSCORE = 400");
 }
@@ -397,8 +392,8 @@ TEST_P(practice_on, stop_before_the_first_target)
     d.start();
     d.pc.click(s.Cmdstopsim);
     EXPECT_EQ((d.pc.boxes.end() - 2)->text, "DEBRIEF FIRER ?");
-    EXPECT_EQ(d.pc.boxes.back().text, "NUMBER OF TARGETS = 1\n\rNUMBER " + std::string(visual ? ")" : "") +
-                                          "OF HITS = 0\n\rAVERAGE TIME = 1\n\rSCORE = 0");
+    EXPECT_EQ(d.last_box(), "NUMBER OF TARGETS = 1\n\rNUMBER " + std::string(visual ? ")" : "") +
+                                "OF HITS = 0\n\rAVERAGE TIME = 1\n\rSCORE = 0");
     if (!visual) d.pc.click(s.Cmdstopsim);   // still enabled
     d.pc.advance(60);
     EXPECT_EQ(s.targetnumber, 0);
@@ -427,7 +422,7 @@ TEST_F(visual_practice, a_quick_start_is_rated_in_whole_numbers)
         s.targetlife = 2000;   // half a point per second and hit
         d.pc.click(s.Cmdstopsim);
         const std::string end = "SCORE = " + std::string(c.score) + "\n\r\n\rYOUR RATING IS.." + c.rating;
-        EXPECT_TRUE(d.pc.boxes.back().text.ends_with(end)) << end << " in " << d.pc.boxes.back().text;
+        EXPECT_TRUE(d.last_box().ends_with(end)) << end << " in " << d.last_box();
     }
 }
 
@@ -506,7 +501,7 @@ TEST_F(during_the_lay, an_exit_ends_the_program_unless_it_is_cancelled)
     EXPECT_TRUE(d.pc.ended && !s.targetcalled);
 }
 
-TEST_P(practice_on, a_range_with_extreme_positions)
+TEST_P(practice_on, a_range_with_extreme_positions_and_no_icons)
 {
     practice_state range = plain_range(GetParam());
     std::ranges::fill(range.targetx, 2'000'000'000);
@@ -514,10 +509,12 @@ TEST_P(practice_on, a_range_with_extreme_positions)
     std::ranges::fill(range.targetrange, 32767);
     range.targetrange[visual ? 1 : 2] = 5000;   // too far for FIN and COAX, but the nearest
     range.targetrange[20] = 4000;               // position 20 is never chosen
+    range.targeticon1 = range.targeticon2 = range.targeticon3 = "";
     d.data.put_range(visual ? "visualrange.arf" : "Thermalrange.arf", range);
     d.start();
     d.to_the_end();
     EXPECT_TRUE(p.recrange[1] == 5000 && p.recrange[3] == 5000);
+    EXPECT_EQ(s.Imgtargets.Picture.source, ":target") << "the built-in picture";
 }
 
 }   // namespace

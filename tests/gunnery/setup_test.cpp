@@ -1,9 +1,6 @@
 // The reset of a gunnery screen: panels, state, the range and its faults.
-#include <functional>
-
 #include "drill.h"
 #include "gunnery/gunnery.h"
-#include "setup/startsim.h"
 
 namespace vorn {
 namespace {
@@ -237,63 +234,40 @@ TEST(screen, a_reset_clears_the_readouts)
 
 TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
 {
-    const auto folder_for = [](const char* name) {
-        return [name](data_folder& f) {
-            f.remove(name);
-            std::filesystem::create_directory(from_utf8(f.path(name)));
-        };
-    };
+    const data_folder whole;
+    const std::string range = whole.get("visualrange.arf");
     practice_state pictureless = plain_range(sight_kind::visual);
     pictureless.rangepicture = "";
+    std::string unnameable = range;   // no valid UTF-8, so not a name that Windows accepts
+    unnameable.replace(range.find("visualrange.vrp"), 1, "\xE0\x80\x80");
     const struct {
-        std::function<void(data_folder&)> make;
-        const char* text;   // in the box
+        const char* file;
+        std::string bytes;   // empty: there is no such file
+        const char* text;    // in the box
     } faults[] = {
-        {[](data_folder& f) { f.remove("visualrange.vrp"); }, "visualrange.vrp\n\rThe file does not exist."},
-        {[](data_folder& f) { f.put("visualrange.vrp", "no picture at all"); }, "It is not a picture"},
-        {[](data_folder& f) { f.remove("target icons/target3.ico"); }, "TARGET3.ICO"},
-        {folder_for("visualrange.vrp"), "visualrange.vrp\n\rIt is not a picture"},
-        {folder_for("target icons/target3.ico"), "\n\rIt is not a picture"},
-        {[&](data_folder& f) { f.put_range("visualrange.arf", pictureless); }, "It names no picture."},
-        {[](data_folder& f) {   // no valid UTF-8, so not a name that Windows accepts
-             std::string bytes = f.get("visualrange.arf");
-             f.put("visualrange.arf", bytes.replace(bytes.find("visualrange.vrp"), 1, "\xE0\x80\x80"));
-         },
-         "The file does not exist."},
-        {[](data_folder& f) { f.put("visualrange.arf", f.get("visualrange.arf").substr(0, 400)); },
-         "Visualrange.arf\n\rIt is not a whole range file."}};
-    const data_folder whole;
+        {"visualrange.vrp", "", "visualrange.vrp\n\rThe file does not exist."},
+        {"visualrange.vrp", "no picture at all", "It is not a picture"},
+        {"target icons/target3.ico", "", "TARGET3.ICO"},
+        {"visualrange.arf", range_file_bytes(pictureless), "It names no picture."},
+        {"visualrange.arf", unnameable, "The file does not exist."},
+        {"visualrange.arf", range.substr(0, 400), "Visualrange.arf\n\rIt is not a whole range file."}};
     for (const auto& fault : faults) {
         SCOPED_TRACE(fault.text);
         drill d(sight_kind::visual);
         d.start();
         d.pc.advance(10);
-        fault.make(d.data);
-        if (&fault == faults)
-            d.pc.confirm(d.screen().Cmdstopsim);   // the debrief isn't shown
-        else
-            d.pc.click(d.screen().Cmdstopsim);
-        EXPECT_NE(d.pc.boxes.back().text.find(fault.text), std::string::npos) << d.pc.boxes.back().text;
+        d.data.remove(fault.file);
+        if (!fault.bytes.empty()) d.data.put(fault.file, fault.bytes);
+        d.pc.answers = {{&fault == faults}};   // the debrief, which isn't shown
+        d.pc.click(d.screen().Cmdstopsim);
+        EXPECT_NE(d.last_box().find(fault.text), std::string::npos) << d.last_box();
         EXPECT_EQ(d.screen().window.state, form_state::not_loaded);
         EXPECT_EQ(shown_screens(d.pc), "startsim");
         d.pc.advance(30);
-        for (const char* file : {"visualrange.arf", "visualrange.vrp", "target icons/target3.ico"}) {
-            d.data.remove(file);
-            d.data.put(file, whole.get(file));
-        }
+        d.data.put(fault.file, whole.get(fault.file));
         d.set_up();   // works again
         EXPECT_EQ(front(d.pc), &d.screen().window);
     }
-}
-
-TEST_F(screen_reset, a_range_without_icons_keeps_the_pictures)
-{
-    practice_state range = plain_range(sight_kind::visual);
-    range.targeticon1 = range.targeticon2 = range.targeticon3 = "";
-    d.data.put_range("visualrange.arf", range);
-    d.start();
-    d.pc.advance(8);
-    EXPECT_EQ(s.Imgtargets.Picture.source, ":target");
 }
 
 }   // namespace

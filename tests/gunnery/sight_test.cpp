@@ -115,8 +115,8 @@ TEST_F(visual_laser, on_target_gives_range_mark_and_lay)
     EXPECT_TRUE(s.laze.Visible && s.layready && s.lazed && s.Cmdautolay.Enabled);
     EXPECT_TRUE(s.laze.Height == 385 && s.laze.Width == 770);
     EXPECT_TRUE(s.laze.Left == 4170 && s.laze.Top == 977.5);
-    EXPECT_EQ(d.t.shared.reclazex[1], -32);   // -32.5 across, 52.5 down: halves round to even
-    EXPECT_EQ(d.t.shared.reclazey[1], 52);
+    EXPECT_EQ(p.reclazex[1], -32);   // -32.5 across, 52.5 down: halves round to even
+    EXPECT_EQ(p.reclazey[1], 52);
     d.pc.wait(1.999);
     EXPECT_FALSE(s.Lblcharge.Visible);
     d.pc.wait(0.002);
@@ -161,7 +161,7 @@ TEST_F(visual_laser, the_mark_depends_on_the_aim)
 
 TEST_F(visual_laser, degraded)
 {
-    d.t.shared.systemstatus = 2;
+    p.systemstatus = 2;
     d.tap('A');
     EXPECT_EQ(s.Lblrange.Caption, "1100");
     EXPECT_FALSE(s.laze.Visible);
@@ -173,7 +173,7 @@ TEST_F(visual_laser, degraded)
     d.tap('W');
     d.tap('E');
     s.lazed = false;
-    d.t.shared.systemstatus = 3;
+    p.systemstatus = 3;
     d.tap('A');
     EXPECT_EQ(s.Lblrange.Caption, "");
     EXPECT_FALSE(s.lazed);
@@ -181,15 +181,15 @@ TEST_F(visual_laser, degraded)
 
 TEST_F(visual_laser, a_lase_raises_a_near_range_to_600_until_the_range_file_is_read_again)
 {
-    d.t.shared.targetrange[6] = 450;
+    p.targetrange[6] = 450;
     d.tap('W');
     d.tap('A');   // without a weapon: the range but no mark
     EXPECT_EQ(s.Lblrange.Caption, "600");
-    EXPECT_EQ(d.t.shared.targetrange[6], 600);
+    EXPECT_EQ(p.targetrange[6], 600);
     EXPECT_FALSE(s.laze.Visible || s.layready);
     EXPECT_TRUE(s.Cmdautolay.Enabled);
     d.pc.click(s.Cmdstopsim);
-    EXPECT_EQ(d.t.shared.targetrange[6], 1100);
+    EXPECT_EQ(p.targetrange[6], 1100);
 }
 
 TEST_F(visual_laser, lays)
@@ -283,7 +283,7 @@ TEST_F(thermal_laser, on_target_sizes_the_marks)
     EXPECT_DOUBLE_EQ(s.imgbam.Width, 285);
     EXPECT_DOUBLE_EQ(s.imgbam.Left, 4700 - 112.5);
     EXPECT_DOUBLE_EQ(s.Imglam.Top, 2600 - 112.5);
-    EXPECT_EQ(d.t.shared.recwidth[1], 285);
+    EXPECT_EQ(p.recwidth[1], 285);
     s.layready = false;
     d.target_at(4600, 2600);   // the aim exactly on the target's top edge
     d.tap('A');
@@ -297,7 +297,7 @@ TEST_F(thermal_laser, on_target_sizes_the_marks)
     d.tap('A');
     EXPECT_TRUE(s.imgbam.Left == 4700 - 599 && s.imgbam.Top == 2600 - 599 && s.imgbam.Visible && !s.layready);
     EXPECT_TRUE(s.imgbam.Width == 200 && s.imgbam.Height == 100);
-    EXPECT_EQ(d.t.shared.reclazex[1], 5000 + 142 - 4700);   // 142.5 across, rounded to even
+    EXPECT_EQ(p.reclazex[1], 5000 + 142 - 4700);   // 142.5 across, rounded to even
 }
 
 TEST_F(thermal_laser, a_full_hold_moves_only_the_mark)
@@ -350,7 +350,7 @@ TEST_F(thermal_laser, by_mouse_the_second_press_plays_the_mark)
 TEST_F(thermal_laser, degraded_lases_move_the_sight)
 {
     for (const auto& [status, shown] : {std::pair{2, "1100L"}, {3, "1100S"}}) {
-        d.t.shared.systemstatus = status;
+        p.systemstatus = status;
         d.pc.wait(1);
         d.target_at(4600, 2500);
         const double from = d.pc.now();
@@ -361,7 +361,7 @@ TEST_F(thermal_laser, degraded_lases_move_the_sight)
         EXPECT_DOUBLE_EQ(s.Imgtargets.Top, 2500 - 2 * 111 * 5);
         EXPECT_FALSE(s.lazed || s.imgbam.Visible || s.Imglam.Visible);
     }
-    EXPECT_EQ(d.t.shared.recwidth[1], 285);
+    EXPECT_EQ(p.recwidth[1], 285);
 }
 
 TEST_F(thermal_laser, the_stadia_depend_on_the_height_of_the_target)

@@ -9,7 +9,6 @@
 #include <csignal>
 
 #include "drill.h"
-#include "platform/headless/headless_machine.h"
 
 namespace vorn {
 namespace {

@@ -62,6 +62,9 @@ TEST_F(two_screens, a_screen_that_comes_to_the_front_gets_an_arrival)
     quit.Visible = false;
     pc.close_window(a);
     EXPECT_EQ(taken(), list{"quit"});
+    pc.event([this] { hide(pc, a); });
+    pc.close_window(a);
+    EXPECT_EQ(taken(), list{}) << "the screen is hidden already";
 }
 
 TEST_F(two_screens, a_late_timer_ticks_once_and_never_inside_its_own_handler)

@@ -1,7 +1,5 @@
 // The range author: an instructor makes, saves, opens and changes ranges, and fires on one.
-#include "ranges/rauthor.h"
 #include "drill.h"
-#include "setup/startsim.h"
 #include "state/item_text.h"
 
 namespace vorn {
@@ -9,25 +7,21 @@ namespace {
 
 constexpr double tick = timer_floor;
 
-struct author : testing::Test {
-    drill d{sight_kind::visual};
-    headless_machine& pc = d.pc;
-    rauthor_screen& s = d.t.rauthor;
-    practice_state& p = d.t.shared;
+struct author : on_setup {
+    rauthor_screen& s = t.rauthor;
 
     author()
     {
         d.data.put("moor.vrp", picture_head(2904, 489));   // 43560 x 7335 twips
         visit();
     }
-    std::string path(const std::string& name) const { return d.path(name); }
     void new_range(const std::string& name, bool thermal, const std::string& picture)
     {
         pc.inputs = {name};
         pc.answers = {{thermal}};
         pc.choose(s.cmdnew, path(picture));
     }
-    void visit() { pc.confirm(d.t.startsim.cmdeditrange); }
+    void visit() { pc.confirm(t.startsim.cmdeditrange); }
     void open(const practice_state& range)
     {
         d.data.put_range("own.arf", range);
@@ -55,7 +49,7 @@ struct author : testing::Test {
 
 TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
 {
-    EXPECT_FALSE(d.t.startsim.Frmmode.Enabled);
+    EXPECT_FALSE(t.startsim.Frmmode.Enabled);
     move(s.Cmdbigup, 1);
     EXPECT_EQ(s.Lbltgtrange.Caption, "000") << "no range is proposed without a picture";
     new_range("WET MOOR", false, "moor.vrp");
@@ -85,7 +79,7 @@ TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
 
     pc.click(s.Cmdstart);
     EXPECT_EQ(shown_screens(pc), "startsim");
-    EXPECT_EQ(d.t.startsim.Lblrangename.Caption, "WET MOOR            ");
+    EXPECT_EQ(t.startsim.Lblrangename.Caption, "WET MOOR            ");
     d.present(6);
     EXPECT_TRUE(p.recx[1] == saved.targetx[6] && p.recy[1] == saved.targety[6]);
     EXPECT_EQ(p.recrange[1], 1000);
@@ -177,7 +171,7 @@ TEST_F(author, shows_the_target_of_the_chosen_icon_at_the_size_of_its_range)
     move(s.cmdup, 1);
     EXPECT_EQ(s.shown_target.Width, 560 - std::stod(s.Lbltgtrange.Caption) / 4);
     p.targetsize = 8;   // as set on the set-up screen
-    pc.activate(d.t.startsim.window);
+    pc.activate(t.startsim.window);
     pc.activate(s.window);
     enter_range("1000");
     EXPECT_EQ(s.shown_target.Width, 560 - 1000 / 8.0);
@@ -315,14 +309,14 @@ TEST_F(author, shortens_a_long_picture_path_below_the_ranges_and_refuses_others)
     EXPECT_EQ(p.rangepicture.trimmed(), native("below/" + std::string(40, 'm') + ".vrp"));
     EXPECT_EQ(pc.boxes.size(), 1U);
     new_range("OWN", false, folder + "/moor.vrp");
-    EXPECT_NE(pc.boxes.back().text.find("TOO LONG"), std::string::npos);
+    EXPECT_NE(d.last_box().find("TOO LONG"), std::string::npos);
 }
 
 TEST_F(author, saves_only_a_range_with_a_name_and_all_positions)
 {
     new_range("", false, "moor.vrp");
     pc.click(s.Cmdsave);
-    EXPECT_EQ(pc.boxes.back().text, "YOU MUST GIVE THE FILE A VALID NAME");
+    EXPECT_EQ(d.last_box(), "YOU MUST GIVE THE FILE A VALID NAME");
     pc.type(s.Textname, "A \"B\"");
     for (int n = 2; n <= 20; ++n) place(n);
     pc.click(s.Cmdsave);
@@ -426,13 +420,13 @@ TEST_F(author, keeps_its_range_until_a_practice_reads_another)
     d.data.put_range("other.arf", other);
     open(own);
     pc.click(s.Cmdstart);
-    pc.choose(d.t.startsim.Cmdopenrange, path("other.arf"));
-    EXPECT_EQ(d.t.startsim.Lblrangename.Caption, "OTHER               ");
+    pc.choose(t.startsim.Cmdopenrange, path("other.arf"));
+    EXPECT_EQ(t.startsim.Lblrangename.Caption, "OTHER               ");
     visit();
     save("copy.arf");
     EXPECT_EQ(d.data.get("copy.arf"), range_file_bytes(own));
     pc.click(s.Cmdstart);
-    pc.choose(d.t.startsim.Cmdopenrange, path("other.arf"));
+    pc.choose(t.startsim.Cmdopenrange, path("other.arf"));
     d.set_up();
     pc.click(d.screen().Cmdmain);
     visit();
@@ -447,25 +441,36 @@ TEST_F(author, lies_over_the_set_up_and_keeps_its_state)
     move(s.cmdleft, 5);
     place(3);
     const double left = s.Imagerange.Left;
-    pc.close_window(s.window);             // returns to the set-up
-    pc.click(d.t.startsim.cmdeditrange);   // answered no
-    EXPECT_EQ(front(pc), &d.t.startsim.window);
-    pc.confirm(d.t.startsim.cmdeditrange);
+    pc.close_window(s.window);           // returns to the set-up
+    pc.click(t.startsim.cmdeditrange);   // answered no
+    EXPECT_EQ(front(pc), &t.startsim.window);
+    pc.confirm(t.startsim.cmdeditrange);
     EXPECT_EQ(s.Imagerange.Left, left);
     EXPECT_EQ(s.Lblx.Caption, "23460") << "each arrival points at the middle";
     pc.event(s.Cmdsave.MouseMove);
     pc.wait(2);
     EXPECT_TRUE(s.lblhelp.Visible && s.lblhelp.Top == s.Cmdsave.Top + 350);
-    pc.activate(d.t.startsim.window);
+    pc.activate(t.startsim.window);
     d.set_up();   // the gunnery screen hides the range author
     EXPECT_EQ(s.window.state, form_state::hidden);
     pc.click(d.screen().Cmdmain);
-    pc.confirm(d.t.startsim.cmdeditrange);
+    pc.confirm(t.startsim.cmdeditrange);
     EXPECT_EQ(s.Lbltargetnum[3].BackColor, colour::red);
     EXPECT_FALSE(s.lblhelp.Visible || s.Timhelp.Enabled) << "the hint of the last visit is gone";
     pc.event(s.Frame6.parent->MouseMove);
     EXPECT_EQ(s.Lblinfo.Caption,
               "Shows the veiw through the sight, target grid locations and distance to target");
+}
+
+TEST_F(author, hides_a_hint_over_each_frame)
+{
+    for (const screen_object* frame : {&s.Frame2, &s.Frame3, &s.Frame4, &s.Frame5}) {
+        pc.event(s.Cmdopen.MouseMove);
+        pc.wait(2);
+        EXPECT_TRUE(s.lblhelp.Visible);
+        pc.event(frame->MouseMove);
+        EXPECT_FALSE(s.lblhelp.Visible) << frame->Caption;
+    }
 }
 
 // Files ----------------------------------------------------------------------------------------------------

@@ -1,18 +1,13 @@
 // The set-up screen: options and what they set, programmed practices, practice files, the choice of a range.
-#include "setup/startsim.h"
 #include "drill.h"
 #include "setup/setup.h"
 
 namespace vorn {
 namespace {
 
-struct setup : testing::Test {
-    drill d{sight_kind::visual};
+struct setup : on_setup {
     data_folder& data = d.data;
-    headless_machine& pc = d.pc;
-    trainer& t = d.t;
     startsim_screen& s = t.startsim;
-    practice_state& p = t.shared;
 
     texts summary() const
     {
@@ -20,7 +15,6 @@ struct setup : testing::Test {
         for (const screen_object& l : s.lblprac) all.push_back(l.Caption);
         return all;
     }
-    std::string path(const std::string& name) const { return d.path(name); }
     void open(const std::string& name) { pc.choose(s.cmdopenset, path(name)); }
     void save(const std::string& name) { pc.choose(s.cmdsaveset, path(name)); }
 };
@@ -343,7 +337,7 @@ TEST_F(setup, asks_for_another_range_until_one_can_be_read)
     pc.files = {path("target icons"), path("two.arf"), path("visualrange.arf")};
     pc.click(s.Optmode2);
     EXPECT_EQ(
-        pc.boxes.back().text,
+        d.last_box(),
         "V.O.R N.\n\r                   \n\rCANT FIND CORRECT RANGE FILE DO YOU WISH TO LOCATE ONE ?\n\r"
         "(Selecting NO will terminate VORN)");
     EXPECT_EQ(p.rangefile, path("visualrange.arf"));

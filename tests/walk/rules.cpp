@@ -3,12 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "calibration/joycal.h"
-#include "debrief/results.h"
-#include "flow/intro.h"
-#include "gunnery/screen.h"
-#include "ranges/rauthor.h"
-#include "setup/startsim.h"
+#include "screens.h"
 
 namespace vorn {
 
@@ -130,8 +125,6 @@ void check_gunnery(rules& r, const practice_state& p, const gunnery_screen& s, c
     if (!w.was_paused) check_turns(r, s);
 }
 
-// The calibration and the range author -------------------------------------------------------------------
-
 void check_calibration_and_author(rules& r, const joycal_screen& c, const rauthor_screen& a,
                                   const walk_state& w)
 {
@@ -147,8 +140,6 @@ void check_calibration_and_author(rules& r, const joycal_screen& c, const rautho
     r.require(!a.Timex.Enabled && !a.Timex1.Enabled && !a.Timey.Enabled && !a.Timey1.Enabled,
               "the view doesn't move when nothing is held");
 }
-
-// The shared state ---------------------------------------------------------------------------------------
 
 bool valid_row(const practice_state& p, int i)
 {
@@ -166,8 +157,6 @@ void check_shared(rules& r, const practice_state& p)
     r.require(within(p.systemstatus, 0, 3), "the system has states 0 to 3");
     for (int i = 0; i < engagement_rows; ++i) r.require(valid_row(p, i), "each row of the record is valid");
 }
-
-// Screens and objects ----------------------------------------------------------------------------
 
 std::ptrdiff_t selected_beside(const form& f, const screen_object& option)
 {

@@ -2,7 +2,6 @@
 // time a scripted gunner fires a practice, so that some practices run to their end. The rules of rules.h are
 // checked throughout. The same seed gives the same walk. docs/DEVELOPING.md says how to walk longer or with
 // another seed.
-#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -11,12 +10,7 @@
 #include <random>
 #include <set>
 
-#include "calibration/joycal.h"
-#include "debrief/results.h"
 #include "drill.h"
-#include "flow/intro.h"
-#include "ranges/rauthor.h"
-#include "setup/startsim.h"
 #include "walk/rules.h"
 
 #ifdef __SANITIZE_ADDRESS__
@@ -38,10 +32,9 @@ struct session : headless_machine {
 
     walker& user;
     trainer t{*this};
-    int open_boxes = 0, boxes_shown = 0;
-    int held = 0;             // keys and buttons that are down
+    int open_boxes = 0;
+    int held = 0;             // keys and buttons that are down, and the gunner while he is at work
     double disturbance = 0;   // probability of a random event at each call of look_again
-    bool gunner_at_work = false;
     int last_resets = 0;
     bool was_paused = false;   // since the last reset
 };
@@ -84,10 +77,10 @@ struct walker {
     {
         constexpr double longest_move = 5;   // seconds; a counted move blocks all other events
         const double started = pc().now();
-        const int boxes = pc().boxes_shown;
+        const std::size_t boxes = pc().boxes.size();
         note(pc().screens.depth > 0 ? "  meanwhile " + what : what);
         action();
-        if (failure.empty() && pc().boxes_shown == boxes && pc().now() > started + longest_move)
+        if (failure.empty() && pc().boxes.size() == boxes && pc().now() > started + longest_move)
             failure = "no move blocks the program for more than 5 seconds";
     }
     // Presses something, and releases it after a random time.
@@ -104,16 +97,15 @@ struct walker {
     {
         static constexpr double disturbances[] = {0, 0, 0.01, 0.1, 0.5};
         const practice_state& p = t().shared;
-        const bool buttons =
-            p.mouseselected && takes_input(s.Cmdcoax.parent != nullptr ? *s.Cmdcoax.parent : s.Cmdcoax);
+        const bool buttons = p.mouseselected && takes_input(s.Frmmousecon);
         run->disturbance = pick(disturbances);
         note("fires a practice, disturbed " + std::to_string(run->disturbance));
-        run->gunner_at_work = true;
+        run->held += 1;
         const std::string sight = s.window.name;
         const device by = buttons ? device::mouse : p.joyselected ? device::stick : device::key;
         for (const engagement_note& n : vorn::fire_practice(pc(), t(), s, by))
             if (n.hit) reached.insert(sight + ' ' + n.order);
-        run->gunner_at_work = false;
+        run->held -= 1;
         run->disturbance = 0.2;
     }
     // Checks the rules at random times, also while a handler runs. Sometimes causes a random event first.
@@ -146,7 +138,7 @@ struct walker {
         run->was_paused = t().shared.paused || (run->was_paused && resets == run->last_resets);
         run->last_resets = resets;
         const bool idle = pc().screens.depth == 0;
-        failure = broken_rule(t(), {idle, run->held == 0 && !run->gunner_at_work, run->was_paused});
+        failure = broken_rule(t(), {idle, run->held == 0, run->was_paused});
         const auto gone = [](const gunnery_screen& g) { return g.window.state == form_state::not_loaded; };
         if (failure.empty() && idle && gone(t().simulator) && gone(t().thermal) && !pc().playing.empty())
             failure = "sounds stop when their screen is unloaded";
@@ -193,9 +185,8 @@ double chance_of_yes(const std::string& question)
 {
     const auto asks = [&](const char* words) { return question.find(words) != std::string::npos; };
     if (asks("DELETE")) return 0;   // the file that was opened may be a range
-    return asks("EXIT ?")                                                         ? 0.15
-           : asks("START SIMULATOR") || asks("LOCATE ONE") || asks("LOOK FOR IT") ? 0.9
-                                                                                  : 0.5;
+    if (asks("EXIT ?")) return 0.15;
+    return asks("START SIMULATOR") || asks("LOCATE ONE") || asks("LOOK FOR IT") ? 0.9 : 0.5;
 }
 
 bool session::message_box(const message& box)
@@ -203,7 +194,6 @@ bool session::message_box(const message& box)
     const bool yes = user.chance(chance_of_yes(box.text));
     user.note(yes ? "  answers yes" : "  answers no");
     answers = {{yes, user.chance(0.7) ? 0 : user.fraction() * 8}};
-    boxes_shown += 1;
     open_boxes += 1;
     const bool answer = headless_machine::message_box(box);
     open_boxes -= 1;
