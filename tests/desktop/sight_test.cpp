@@ -274,6 +274,9 @@ TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
         << "the sight is repainted with the twin";
     EXPECT_EQ(colour_at(seen(), {200, 200}), QColor(Qt::blue));
     const auto& pixels = dynamic_cast<const decoded_picture&>(*ground.Picture.pixels);
+    widget(sight).window()->showMinimized();
+    EXPECT_TRUE(pixels.twin_image.valid()) << "a minimised window keeps it";
+    widget(sight).window()->showNormal();
     widget(sight).hide();
     EXPECT_FALSE(pixels.twin_image.valid()) << "a hidden sight needs no memory for it";
     widget(sight).show();

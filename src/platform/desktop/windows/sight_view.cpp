@@ -1,5 +1,6 @@
 #include "platform/desktop/windows/sight_view.h"
 
+#include <QHideEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -135,8 +136,9 @@ void sight_view::showEvent(QShowEvent*)
         if (is_tracer(*o->object)) read_effects(o->object->ForeColor == colour::hottracer);
 }
 
-void sight_view::hideEvent(QHideEvent*)
+void sight_view::hideEvent(QHideEvent* e)
 {
+    if (e->spontaneous()) return;   // the window is minimised; the practice goes on
     strikes_.clear();
     fires_.clear();
     ground_ = {};
