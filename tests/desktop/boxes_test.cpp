@@ -5,7 +5,7 @@
 namespace vorn::desktop_tests {
 
 struct boxes : desktop_test {
-    boxes() { pc.working_directory = folder.path().toStdString(); }
+    boxes() { open(one); }
 };
 
 TEST_F(boxes, show_plain_text_and_return_true_only_for_yes)
@@ -15,7 +15,6 @@ TEST_F(boxes, show_plain_text_and_return_true_only_for_yes)
         return pc.message_box({"V. O. R. N.\n\r   \n\rARE <b>YOU</b> SURE ?", "SIMULATOR",
                                box_buttons::yes_no, box_sign::question, b});
     };
-    open(one);
     EXPECT_FALSE(ask([](QMessageBox& b) {
         EXPECT_EQ(b.text(), "V. O. R. N.\n   \nARE <b>YOU</b> SURE ?") << "one line break for each pair";
         EXPECT_EQ(b.textFormat(), Qt::PlainText);
@@ -34,7 +33,6 @@ TEST_F(boxes, show_plain_text_and_return_true_only_for_yes)
 
 TEST_F(boxes, an_input_box_proposes_a_text_and_returns_the_edited_one)
 {
-    open(one);
     when_box<QInputDialog>([](QInputDialog& box) {
         EXPECT_EQ(box.textValue(), "NO NAME");
         box.setTextValue("Sennebrücke");
@@ -48,7 +46,6 @@ TEST_F(boxes, an_input_box_proposes_a_text_and_returns_the_edited_one)
 TEST_F(boxes, columns_of_a_file_dialog_fit_the_names_and_can_be_dragged)
 {
     write("a range with a name that is longer than the default width of a column.arf", "x");
-    open(one);
     when_box<QFileDialog>([](QFileDialog& box) {
         auto* list = box.findChild<QTreeView*>();
         ASSERT_NE(list, nullptr);
@@ -67,7 +64,6 @@ TEST_F(boxes, columns_of_a_file_dialog_fit_the_names_and_can_be_dragged)
 
 TEST_F(boxes, an_open_dialog_offers_all_files_and_for_pictures_all_formats)
 {
-    open(one);
     const auto offered = [&](bool save, bool picture) {
         QStringList filters;
         when_box<QFileDialog>([&](QFileDialog& box) {
@@ -91,7 +87,6 @@ TEST_F(boxes, an_open_dialog_offers_all_files_and_for_pictures_all_formats)
 TEST_F(boxes, of_pictures_offer_no_twins)
 {
     for (const char* name : {"valley.vrp", "valley@2x.vrp", "alone@2x.vrp"}) write(name, "x");
-    open(one);
     const auto chosen = [&](const char* name) {
         when_box<QFileDialog>([&, name](QFileDialog& box) {
             const QAbstractItemModel& list = *box.findChild<QTreeView*>()->model();
@@ -141,7 +136,6 @@ struct help : boxes {
 
 TEST_F(help, is_modeless_and_follows_only_links_within_the_file)
 {
-    open(one);
     show("<h1 id='top'>Contents</h1><a href='#fire'>fire</a><h1 id='fire'>Fire control</h1>");
     ASSERT_NE(page(), nullptr);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
@@ -164,7 +158,6 @@ TEST_F(help, is_modeless_and_follows_only_links_within_the_file)
 
 TEST_F(help, zooms_by_keys_and_wheel_within_limits)
 {
-    open(one);
     show("<h1>Contents</h1><p>laze, then lay, then fire</p>");
     ASSERT_TRUE(QTest::qWaitForWindowActive(page()->window()));
     const auto height = [&] { return page()->document()->size().height(); };
@@ -194,7 +187,6 @@ TEST_F(help, zooms_by_keys_and_wheel_within_limits)
 
 TEST_F(help, shows_pictures_relative_to_the_file)
 {
-    open(one);
     for (const QString place : {"here", "moved"}) {
         write(place + "/ranges/help/dot.png", encoded(plain_image(3, 3), "PNG"));
         write(place + "/ranges/vorn.HLP", "<p>a <img src='help/dot.png'></p>");
@@ -206,7 +198,6 @@ TEST_F(help, shows_pictures_relative_to_the_file)
 TEST_F(help, fits_pictures_beside_each_other_and_printed_lines_into_a_narrow_page)
 {
     write("help/wide.png", encoded(plain_image(320, 20), "PNG"));
-    open(one);
     show(
         "<table border='0' cellpadding='6'><tr><td><img src='help/wide.png'></td>"
         "<td><img src='help/wide.png'></td></tr></table>"
@@ -218,7 +209,6 @@ TEST_F(help, fits_pictures_beside_each_other_and_printed_lines_into_a_narrow_pag
 TEST_F(help, marks_the_chapters_of_the_screen_it_was_opened_from)
 {
     one.f.name = "simulator";
-    open(one);
     show("<p>Sight<!--for simulator thermal--></p><p>Debrief<!--for results--></p>");
     EXPECT_TRUE(page()->document()->findBlockByNumber(0).text().endsWith("this\u00a0screen"));
     EXPECT_EQ(page()->document()->findBlockByNumber(1).text(), "Debrief");
@@ -230,7 +220,6 @@ TEST_F(help, marks_the_chapters_of_the_screen_it_was_opened_from)
 
 TEST_F(help, opens_beside_the_screen_where_there_is_room)
 {
-    open(one);
     const QRect all = window(one).screen()->availableGeometry();
     window(one).move(all.left() + 300 - window(one).width(), all.top());   // 300 pixels stay visible
     show("<p>laze</p>");
@@ -252,7 +241,6 @@ TEST_F(help, plays_a_moving_picture_when_it_is_clicked)
     write("help/film.gif",
           QByteArray::fromBase64("R0lGODlhAwADAPAAAP8AAAAAACH5BAAFAAAAIf8LTkVUU0NBUEUyLjADAQAAACwAAAAA"
                                  "AwADAAACA4R/BQAh+QQABQAAACwAAAAAAwADAIAAAP8AAAACA4R/BQA7"));
-    open(one);
     show("<p><a href='help/film.gif'><img src='help/still.png'></a></p>");
     const auto shown = [&] { return picture("help/still.png").pixelColor(1, 1); };
     EXPECT_EQ(shown(), Qt::green);
@@ -267,7 +255,6 @@ TEST_F(help, plays_a_moving_picture_when_it_is_clicked)
 
 TEST_F(help, wraps_a_search_around)
 {
-    open(one);
     show("<p>laze, then lay, then fire</p>");
     auto* sought = page()->window()->findChild<QLineEdit*>();
     ASSERT_NE(sought, nullptr);
@@ -297,7 +284,6 @@ TEST_F(help, draws_its_controls_itself_whatever_the_style_of_the_platform)
 
 TEST_F(help, reports_a_missing_file)
 {
-    open(one);
     pc.run([&] { pc.show_help("absent.HLP"); });
     ASSERT_NE(page(), nullptr);
     EXPECT_TRUE(page()->toPlainText().contains("absent.HLP"));
@@ -341,22 +327,18 @@ TEST_F(printing, without_a_printer_goes_to_a_file_or_is_cancelled)
 {
     open(one);
     QString proposed;
-    const auto print_to = [&](const QString& name) {
-        when_box<QFileDialog>([&, name](QFileDialog& d) {
-            proposed = d.selectedFiles().value(0);
-            if (name.isEmpty()) return d.reject();
-            d.selectFile(folder.filePath(name));
-            static_cast<QDialog&>(d).accept();
-        });
-        return pc.print({line}, "SMITH: 1/2");
-    };
-    const print_outcome cancelled = print_to("");
+    when_box<QFileDialog>([&](QFileDialog& d) {
+        proposed = d.selectedFiles().value(0);
+        d.reject();
+    });
+    const print_outcome cancelled = pc.print({line}, "SMITH: 1/2");
     EXPECT_TRUE(cancelled.cancelled && cancelled.reason.empty());
     EXPECT_TRUE(QFileInfo(proposed).fileName().startsWith("SMITH_ 1_2 20")) << proposed.toStdString();
     EXPECT_FALSE(QFile::exists(proposed));
-    const QString too_long = QString(247, 'r') + ".pdf";   // no room for the suffix of the temporary file
-    EXPECT_EQ(print_to(too_long).reason, "The file can't be written.");
-    const print_outcome printed = print_to("report");
+    choose(folder.filePath(QString(247, 'r') + ".pdf"));   // no room for the suffix of the temporary file
+    EXPECT_EQ(pc.print({line}, "SMITH").reason, "The file can't be written.");
+    choose(folder.filePath("report"));
+    const print_outcome printed = pc.print({line}, "SMITH");
     EXPECT_EQ(printed.reason, "");
     EXPECT_EQ(printed.file, folder.filePath("report.pdf").toStdString());
     EXPECT_TRUE(QFile::exists(folder.filePath("report.pdf")));

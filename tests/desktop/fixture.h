@@ -41,20 +41,19 @@ struct screen {
     }
 };
 
-inline picture plain_picture(const QColor& c)
-{
-    constexpr int side = 8;
-    auto pixels = std::make_shared<decoded_picture>();
-    pixels->sizes.emplace_back(side, side, QImage::Format_ARGB32_Premultiplied);
-    pixels->sizes.back().fill(c);
-    return {"test", side * twips_per_pixel, side * twips_per_pixel, pixels};
-}
-
 inline QImage plain_image(int width, int height, const QColor& c = Qt::darkGreen)
 {
     QImage image(width, height, QImage::Format_ARGB32);
     image.fill(c);
     return image;
+}
+
+inline picture plain_picture(const QColor& c)
+{
+    constexpr int side = 8;
+    auto pixels = std::make_shared<decoded_picture>();
+    pixels->sizes.push_back(plain_image(side, side, c));
+    return {"test", side * twips_per_pixel, side * twips_per_pixel, pixels};
 }
 
 inline QByteArray encoded(const QImage& image, const char* format)
@@ -66,17 +65,14 @@ inline QByteArray encoded(const QImage& image, const char* format)
     return bytes;
 }
 
-class paint_count : public QObject {
-public:
+struct paint_count : QObject {
     explicit paint_count(QWidget& w) { w.installEventFilter(this); }
-    int count = 0;
-
-protected:
     bool eventFilter(QObject*, QEvent* e) override
     {
         count += e->type() == QEvent::Paint;
         return false;
     }
+    int count = 0;
 };
 
 // The widgets that Tab reaches, in the order of Tab, beginning with the widget that has the focus.
@@ -98,11 +94,11 @@ inline QColor colour_at(const QImage& seen, const QPointF& p)
     return seen.pixelColor(static_cast<int>(pixel.x()), static_cast<int>(pixel.y()));
 }
 
-class desktop_test : public testing::Test {
-protected:
+struct desktop_test : testing::Test {
     desktop_test()
     {
         pc.printer_present = [] { return false; };
+        pc.working_directory = folder.path().toStdString();
     }
     // Shows a screen in a window of this size; at 1024 x 768 its scale is 1.
     void open(screen& s, int width = 1024, int height = 768)
@@ -114,7 +110,7 @@ protected:
     // A button that logs a word when it is clicked. Each is below the one before.
     screen_object& button(const char* clicked, screen_object* parent = nullptr, const char* caption = "")
     {
-        screen_object& o = one.put(vorn::button({4500, next_top_ += 600, 1500, 300}, caption), parent);
+        screen_object& o = one.put(vorn::button({4500, next_top += 600, 1500, 300}, caption), parent);
         o.Click = [this, clicked] { log.push_back(clicked); };
         return o;
     }
@@ -162,7 +158,7 @@ protected:
         std::function<void(std::type_identity_t<Box>&)> act,
         std::function<bool()> ready = [] { return true; })
     {
-        auto* poll = new QTimer(&box_timers_);
+        auto* poll = new QTimer(&box_timers);
         QObject::connect(poll, &QTimer::timeout, poll, [=] {
             auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
             if (box == nullptr || !ready()) return;
@@ -196,10 +192,8 @@ protected:
     strings log;       // what the handlers of the test have recorded, in order
     screen one, two;   // declared before the machine, so that they outlive it
     desktop_machine pc;
-
-private:
-    double next_top_ = 0;
-    QObject box_timers_;
+    double next_top = 0;
+    QObject box_timers;
 };
 
 }   // namespace vorn::desktop_tests

@@ -8,8 +8,6 @@
 namespace vorn::desktop_tests {
 
 struct pictures : trainer_test {
-    pictures() { pc.working_directory = folder.path().toStdString(); }
-
     // An icon file with images of these sizes, in this order.
     static QByteArray icon_file(const std::vector<int>& sizes)
     {
@@ -152,7 +150,7 @@ TEST_F(pictures, are_drawn_for_each_built_in_name_that_a_screen_uses)
         return canvas != empty;
     };
     std::set<std::string> names;
-    for (const form* f : forms())
+    for (const form* f : forms(t))
         for (const screen_object* o : f->objects)
             if (is_drawing(o->Picture) && names.insert(o->Picture.source).second) {
                 EXPECT_TRUE(painted(o->Picture.source)) << o->Picture.source;

@@ -180,7 +180,7 @@ TEST_F(random_user, breaks_no_rule)
     EXPECT_EQ(broken, "");
     EXPECT_GT(boxes, 50) << "the walk has reached too little";
     EXPECT_GT(dialogs, 20);
-    EXPECT_EQ(screens.size(), forms().size());
+    EXPECT_EQ(screens.size(), forms(t).size());
 }
 
 }   // namespace vorn::desktop_tests

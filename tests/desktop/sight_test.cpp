@@ -56,28 +56,6 @@ TEST_P(strikes_in_practice, are_seen_where_the_round_came_down_and_not_after_a_r
     }
 }
 
-TEST_P(strikes_in_practice, end_with_the_next_target_and_a_kill_burns_until_then)
-{
-    click(s.Cmdstartsim);
-    s.nature = fin_tank;
-    const QImage before = seen();
-    fire(fin_tank);
-    ASSERT_TRUE(differ_at_fall(seen(), before));
-    EXPECT_EQ(s.Imgtargets.Fire, fire::none);
-    pc.set_speed(50);
-    t.shared.targettime = 10000;
-    pc.run([&] { nexttarget(t, s); });
-    pc.run(s.Timtarget.tick);
-    ASSERT_TRUE(s.Imgtargets.Visible);
-    pc.run([&] {
-        movepicture(s, &object_fields::Left, -aimacross(s));
-        movepicture(s, &object_fields::Top, s.numbers.fin.to.at(s.currentrange) - aimdown(s));
-    });
-    t.random.source = [] { return 0.5; };
-    fire(fin_tank);
-    EXPECT_EQ(s.Imgtargets.Fire, GetParam() ? fire::hot : fire::flames);
-}
-
 INSTANTIATE_TEST_SUITE_P(sights, strikes_in_practice, testing::Bool());
 
 // A sight of 400 x 400 pixels that shows green ground, with a clock that the test sets.

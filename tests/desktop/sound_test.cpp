@@ -8,8 +8,7 @@
 
 namespace vorn::desktop_tests {
 
-class sound : public testing::Test {
-protected:
+struct sound : desktop_test {
     void SetUp() override
     {
         qputenv("SDL_AUDIODRIVER", "disk");
@@ -21,14 +20,12 @@ protected:
     std::string path(const char* name) const { return folder.filePath(name).toStdString(); }
 
     // Writes a wave file. The samples of a mono file at the channel's rate are played unchanged.
-    std::string wave(const char* name, const QByteArray& samples, quint32 rate = 44100,
-                     quint16 channels = 1) const
+    std::string wave(const char* name, const QByteArray& samples, quint32 rate = 44100, quint16 channels = 1)
     {
         const auto bytes = static_cast<quint32>(samples.size());
         const auto frame = static_cast<quint16>(2 * channels);
-        QFile f(folder.filePath(name));
-        EXPECT_TRUE(f.open(QIODevice::WriteOnly));
-        QDataStream out(&f);
+        QByteArray file;
+        QDataStream out(&file, QIODevice::WriteOnly);
         out.setByteOrder(QDataStream::LittleEndian);
         out.writeRawData("RIFF", 4);
         out << 36 + bytes;
@@ -36,7 +33,7 @@ protected:
         out << quint32{16} << quint16{1} << channels << rate << rate * frame << frame << quint16{16};
         out.writeRawData("data", 4);
         out << bytes;
-        out.writeRawData(samples.constData(), static_cast<int>(samples.size()));
+        write(name, file + samples);
         return path(name);
     }
     bool was_played(const QByteArray& samples) const
@@ -53,8 +50,6 @@ protected:
         for (int i = 0; i < number; ++i) out << static_cast<qint16>(from + i % 1000);
         return samples;
     }
-
-    QTemporaryDir folder;
 };
 
 TEST_F(sound, plays_to_the_end_or_until_stopped)
@@ -77,10 +72,7 @@ TEST_F(sound, plays_to_the_end_or_until_stopped)
 TEST_F(sound, ignores_files_that_cannot_be_played)
 {
     sound_channel channel;
-    QFile broken(folder.filePath("broken.wav"));
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("RIFF\xff\xff\xff\x7fWAVEfmt and no more");
-    broken.close();
+    write("broken.wav", "RIFF\xff\xff\xff\x7fWAVEfmt and no more");
     const std::string days = wave("days.wav", ramp(0, 100000), 1);   // at 1 Hz it would play for a day
     const std::string large = wave("large.wav", ramp(0, 90000));
     ASSERT_TRUE(QFile::resize(folder.filePath("large.wav"), 32'000'001));

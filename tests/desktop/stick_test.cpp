@@ -49,13 +49,13 @@ private:
     SDL_Joystick* device = nullptr;
 };
 
-class joystick : public desktop_test {
-protected:
+struct joystick : desktop_test {
     joystick()
     {
         one.f.ButtonDown = [this](int n) { log.push_back("down " + std::to_string(n)); };
         one.f.ButtonUp = [this](int n) { log.push_back("up " + std::to_string(n)); };
         one.f.Move = [this](long x, long y) { moves.emplace_back(x, y); };
+        open(one);
     }
     void plug()
     {
@@ -69,7 +69,6 @@ protected:
 
 TEST_F(joystick, reports_its_position_at_each_poll_while_deflected)
 {
-    open(one);
     plug();
     EXPECT_EQ(pc.joystick_reading(5), 65535);
     EXPECT_EQ(pc.joystick_reading(13), 32768);
@@ -90,7 +89,6 @@ TEST_F(joystick, reports_its_position_at_each_poll_while_deflected)
 
 TEST_F(joystick, releases_its_buttons_when_unplugged_and_can_come_back)
 {
-    open(one);
     plug();
     stick.button(0, true);
     stick.axis(0, 9000);
@@ -108,7 +106,6 @@ TEST_F(joystick, releases_its_buttons_when_unplugged_and_can_come_back)
 TEST_F(joystick, is_the_first_with_two_axes_or_the_one_that_moves)
 {
     virtual_stick throttle{pc}, other{pc};
-    open(one);
     throttle.plug(1);
     EXPECT_FALSE(pc.joystick_present()) << "a throttle has one axis";
     plug();
@@ -136,7 +133,6 @@ TEST_F(joystick, is_the_first_with_two_axes_or_the_one_that_moves)
 
 TEST_F(joystick, sends_nothing_while_a_box_is_open)
 {
-    open(one);
     plug();
     stick.button(0, true);
     when_box([&](QDialog& box) {

@@ -4,13 +4,13 @@ namespace vorn::desktop_tests {
 
 struct timing : desktop_test {
     // Queues a key event, as the window system does.
-    void queue_key(const screen& s, Qt::Key k)
+    void queue_key(Qt::Key k)
     {
-        QCoreApplication::postEvent(handle(s), new QKeyEvent(QEvent::KeyPress, k, {}));
+        QCoreApplication::postEvent(handle(one), new QKeyEvent(QEvent::KeyPress, k, {}));
     }
 };
 
-TEST_F(timing, timers_tick_until_stopped_and_their_changes_are_shown)
+TEST_F(timing, timers_tick_and_their_changes_are_shown)
 {
     screen_object& shown = one.put(label({0, 0, 1500, 300}, ""));
     int n = 0;
@@ -18,14 +18,7 @@ TEST_F(timing, timers_tick_until_stopped_and_their_changes_are_shown)
     open(one);
     pc.run([&] { start(t); });
     EXPECT_TRUE(QTest::qWaitFor([&] { return n >= 5; }));
-    pc.run([&] { stop(t); });
-    const int last = n;
-    int others = 0;
-    timer& other = one.add_timer(1, [&] { ++others; });
-    pc.run([&] { start(other); });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return others >= 5; }));
-    EXPECT_EQ(n, last);
-    EXPECT_EQ(widget<QLabel>(shown).text().toInt(), last);
+    EXPECT_EQ(widget<QLabel>(shown).text().toInt(), n);
 }
 
 TEST_F(timing, a_counted_move_is_shown_step_by_step_and_delays_events)
@@ -39,7 +32,7 @@ TEST_F(timing, a_counted_move_is_shown_step_by_step_and_delays_events)
     pc.run([&] {
         start(t);
         next_tick(pc);   // the first tick becomes due during the move
-        queue_key(one, Qt::Key_D);
+        queue_key(Qt::Key_D);
         for (int i = 0; i < 200; ++i) {
             shot.Top += 15;
             pc.pace(0.001);
@@ -59,7 +52,7 @@ TEST_F(timing, do_events_handles_pending_events_within_a_handler)
     timer& lay = one.add_timer(1, {});
     lay.tick = [&] {
         log.push_back("lay");
-        queue_key(one, Qt::Key_U);
+        queue_key(Qt::Key_U);
         while (others < 3 || log.size() < 2) pc.do_events();
         stop(lay);
         log.push_back("laid");

@@ -1,26 +1,14 @@
 // The fixture of the tests that run the whole trainer on real widgets.
 #pragma once
 
-#include "calibration/joycal.h"
-#include "debrief/results.h"
 #include "fixture.h"
-#include "flow/intro.h"
-#include "gunnery/screen.h"
-#include "ranges/rauthor.h"
-#include "setup/startsim.h"
-#include "trainer.h"
+#include "screens.h"
 
 namespace vorn::desktop_tests {
 
-class trainer_test : public desktop_test {
-protected:
+struct trainer_test : desktop_test {
     trainer_test() { pc.default_directory = VORN_SOURCE_DIR "/data"; }
 
-    std::vector<form*> forms()
-    {
-        return {&t.intro.window,   &t.startsim.window, &t.simulator.window, &t.thermal.window,
-                &t.results.window, &t.rauthor.window,  &t.joycal.window};
-    }
     // Starts the program and opens the set-up screen.
     void open_setup()
     {

@@ -4,15 +4,7 @@ namespace vorn::desktop_tests {
 
 using kind = object_kind;
 
-struct objects : desktop_test {
-    screen_object& add_option(double top, screen_object& parent, const char* caption, bool selected)
-    {
-        screen_object& o = one.put(option({150, top, 1800, 300}, caption, selected), &parent);
-        o.Click = [&o, this] { log.push_back("option " + o.Caption); };
-        return o;
-    }
-    bool chosen(const screen_object& o) const { return widget<QRadioButton>(o).isChecked(); }
-};
+struct objects : desktop_test {};
 
 TEST_F(objects, show_their_fields_after_the_handler)
 {
@@ -100,19 +92,21 @@ TEST_F(objects, an_option_is_reported_once_when_it_is_selected)
 {
     screen_object& left = one.put(frame({0, 0, 3000, 6000}, ""));
     screen_object& right = one.put(frame({4000, 0, 3000, 6000}, ""));
-    screen_object& a = add_option(600, left, "a", true);
-    screen_object& b = add_option(1200, left, "b", false);
-    screen_object& other = add_option(600, right, "other", true);
+    screen_object& a = one.put(option({150, 600, 1800, 300}, "a", true), &left);
+    screen_object& b = one.put(option({150, 1200, 1800, 300}, "b"), &left);
+    screen_object& other = one.put(option({150, 600, 1800, 300}, "other", true), &right);
+    const auto chosen = [&](const screen_object& o) { return widget<QRadioButton>(o).isChecked(); };
+    for (screen_object* o : {&a, &b, &other}) o->Click = [=, this] { log.push_back(o->Caption); };
     open(one);
     click(a);
     EXPECT_TRUE(log.empty());
     click(b);
     click(b);
-    EXPECT_EQ(log, strings{"option b"});
+    EXPECT_EQ(log, strings{"b"});
     EXPECT_TRUE(chosen(b) && !chosen(a) && chosen(other));
     widget<QRadioButton>(b).setFocus();
     press(Qt::Key_Up);
-    EXPECT_EQ(log.back(), "option a");
+    EXPECT_EQ(log.back(), "a");
     EXPECT_TRUE(a.Value == 1 && b.Value == 0);
     pc.run([&] { a.Value = 0; });
     EXPECT_FALSE(chosen(a) || chosen(b));
@@ -229,7 +223,7 @@ TEST_F(objects, the_caption_of_an_option_is_condensed_to_fit)
     EXPECT_TRUE(blank(seen.width() - 1) && !blank(seen.width() - 7 * pixel));
 }
 
-struct mouse : objects {
+struct mouse : desktop_test {
     screen_object& hold = one.put(placed(kind::button, {1500, 1500, 1500, 600}));
     mouse()
     {
