@@ -62,6 +62,15 @@ struct point {
 };
 using path = std::vector<point>;
 
+constexpr float dot(point a, point b)
+{
+    return a.x * b.x + a.y * b.y;
+}
+constexpr float cross(point a, point b)
+{
+    return a.x * b.y - a.y * b.x;
+}
+
 inline float length(point a)
 {
     return std::hypot(a.x, a.y);
@@ -81,12 +90,6 @@ constexpr float smoothstep(float low, float high, float v)
 {
     const float t = clamp01((v - low) / (high - low));
     return t * t * (3 - 2 * t);
-}
-
-// The linear light of a screen colour, with a gamma of 2.2.
-inline vec3 linear(float red, float green, float blue)
-{
-    return {std::pow(red, 2.2f), std::pow(green, 2.2f), std::pow(blue, 2.2f)};
 }
 
 }   // namespace tools

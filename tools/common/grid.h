@@ -41,6 +41,15 @@ void each_cell(auto& cells, const auto& visit)
     each_cell(cells, {}, {real(cells.width), real(cells.height)}, visit);
 }
 
+// What a function makes of each value.
+template <class T>
+auto mapped(const grid<T>& from, const auto& make)
+{
+    grid<decltype(make(from.cells[0]))> to(from.width, from.height);
+    std::ranges::transform(from.cells, to.cells.begin(), make);
+    return to;
+}
+
 // The grid reduced to half its size: each value is the mean of four.
 template <class T>
 grid<T> halved(const grid<T>& big)

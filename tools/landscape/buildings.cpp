@@ -5,14 +5,15 @@
 namespace tools {
 namespace {
 
+enum class openings { none, windows, gate };   // a gate: of a barn
+
 struct house {
     point middle;
     float angle;           // of the long side, radians
     float length, width;   // metres
     float eaves, ridge;    // height of the walls, and of the roof above the walls
-    vec3 wall, roof;
-    bool windows;
-    bool gate = false;   // of a barn
+    rgb wall, roof;
+    openings has = openings::none;
 };
 
 constexpr float footing = .5f;     // the walls go this far into the ground
@@ -24,10 +25,15 @@ constexpr float wall_warmth = .43f, roof_warmth = .50f, glass_warmth = .36f;
 struct frame {
     vec3 origin;
     float angle;
-    vec3 operator()(float u, float v, float z) const
+    point flat(float u, float v) const
     {
         const float c = std::cos(angle), s = std::sin(angle);
-        return {origin.x + u * c - v * s, origin.y + u * s + v * c, origin.z + z};
+        return {origin.x + u * c - v * s, origin.y + u * s + v * c};
+    }
+    vec3 operator()(float u, float v, float z) const
+    {
+        const point p = flat(u, v);
+        return {p.x, p.y, origin.z + z};
     }
 };
 
@@ -36,16 +42,14 @@ frame frame_of(const world& w, const house& h)
     frame f{{h.middle.x, h.middle.y, 0}, h.angle};
     float lowest = 1e9f;
     for (const float u : {-h.length / 2, h.length / 2})
-        for (const float v : {-h.width / 2, h.width / 2}) {
-            const vec3 p = f(u, v, 0);
-            lowest = std::min(lowest, w.ground.height({p.x, p.y}));
-        }
+        for (const float v : {-h.width / 2, h.width / 2})
+            lowest = std::min(lowest, w.ground.height(f.flat(u, v)));
     f.origin.z = lowest - footing;
     return f;
 }
 
 // Adds a panel that faces away from a point.
-void add_panel(world& w, vec3 inside, vec3 a, vec3 b, vec3 c, vec3 d, vec3 colour, float warmth)
+void add_panel(world& w, vec3 inside, vec3 a, vec3 b, vec3 c, vec3 d, vec3 colour, float warmth = wall_warmth)
 {
     vec3 normal = unit(cross(b - a, d - a));
     if (dot(normal, (a + b + c + d) * .25f - inside) < 0) normal = normal * -1;
@@ -53,7 +57,8 @@ void add_panel(world& w, vec3 inside, vec3 a, vec3 b, vec3 c, vec3 d, vec3 colou
 }
 
 // An upright rectangle along a frame, at `v`. Faces away from a point.
-void add_wall(world& w, vec3 inside, const frame& f, limits u, float v, limits z, vec3 colour, float warmth)
+void add_wall(world& w, vec3 inside, const frame& f, limits u, float v, limits z, vec3 colour,
+              float warmth = wall_warmth)
 {
     add_panel(w, inside, f(u.low, v, z.low), f(u.high, v, z.low), f(u.high, v, z.high), f(u.low, v, z.high),
               colour, warmth);
@@ -61,7 +66,7 @@ void add_wall(world& w, vec3 inside, const frame& f, limits u, float v, limits z
 
 // The four sides of a box, whose top is `left_at_top` times as wide as its bottom: 0 makes a pyramid.
 void add_sides(world& w, const frame& f, float half_length, float half_width, float low, float high,
-               vec3 colour, float warmth, float left_at_top = 1)
+               vec3 colour, float warmth = wall_warmth, float left_at_top = 1)
 {
     const float us[] = {-half_length, half_length, half_length, -half_length, -half_length};
     const float vs[] = {-half_width, -half_width, half_width, half_width, -half_width};
@@ -74,11 +79,12 @@ void add_sides(world& w, const frame& f, float half_length, float half_width, fl
 // The openings of the long walls, a little in front of them.
 void add_openings(world& w, const house& h, const frame& f)
 {
-    const vec3 glass = linear(.16f, .18f, .20f), timber = linear(.16f, .14f, .12f);
+    const rgb glass{16, 18, 20}, timber{16, 14, 12};
     for (const float side : {-1.f, 1.f}) {
         const float v = side * (h.width / 2 + .06f);
-        if (h.gate) add_wall(w, f.origin, f, {-2, 2}, v, {0, h.eaves * .8f}, timber, wall_warmth - .08f);
-        if (!h.windows) continue;
+        if (h.has == openings::gate)
+            add_wall(w, f.origin, f, {-2, 2}, v, {0, h.eaves * .8f}, timber, wall_warmth - .08f);
+        if (h.has != openings::windows) continue;
         for (const float part : {-.34f, -.12f, .12f, .34f})
             for (const float z : {1.6f, 4.2f}) {
                 const float u = part * h.length;
@@ -92,22 +98,18 @@ void add_house(world& w, const house& h)
 {
     const frame f = frame_of(w, h);
     const float l = h.length / 2, v = h.width / 2, e = h.eaves, top = h.eaves + h.ridge;
-    add_sides(w, f, l, v, 0, e, h.wall, wall_warmth);
+    add_sides(w, f, l, v, 0, e, h.wall);
     for (const float end : {-l, l})
-        add_panel(w, f.origin, f(end, -v, e), f(end, v, e), f(end, 0, top), f(end, 0, top), h.wall,
-                  wall_warmth);
-    const vec3 roof = mix(h.roof, linear(.88f, .89f, .91f), .88f * w.land.snow);
+        add_panel(w, f.origin, f(end, -v, e), f(end, v, e), f(end, 0, top), f(end, 0, top), h.wall);
+    const vec3 roof = mix(h.roof, rgb(88, 89, 91), .88f * w.land.snow);
     const float lo = l + overhang, vo = v + overhang, eo = e - .3f;
     for (const float side : {-vo, vo})
         add_panel(w, f.origin, f(-lo, side, eo), f(lo, side, eo), f(lo, 0, top), f(-lo, 0, top), roof,
                   roof_warmth);
     add_openings(w, h, f);
-    const vec3 sun = w.land.towards_sun;
-    w.map.shade.darken(h.middle - point{sun.x / sun.z, sun.y / sun.z} * e * .6f, h.length * .62f,
-                       h.width * .85f, h.angle, .6f);
-    if (h.windows)   // a chimney
-        add_sides(w, {f(l * .7f, 0, top), h.angle}, .45f, .45f, -.8f, 1.1f, linear(.50f, .34f, .28f),
-                  wall_warmth);
+    w.map.shade.darken(h.middle + w.land.shadow() * e * .6f, h.length * .62f, h.width * .85f, h.angle, .6f);
+    if (h.has == openings::windows)   // a chimney
+        add_sides(w, {f(l * .7f, 0, top), h.angle}, .45f, .45f, -.8f, 1.1f, rgb(50, 34, 28));
 }
 
 void add_trees(world& w, point p, int count, float reach)
@@ -120,31 +122,25 @@ void add_trees(world& w, point p, int count, float reach)
 
 void build_farm(world& w, const farm_plan& farm)
 {
-    const float cosine = std::cos(farm.angle), sine = std::sin(farm.angle);
-    const auto place = [&](float u, float v) {
-        return point{farm.place.x + u * cosine - v * sine, farm.place.y + u * sine + v * cosine};
-    };
     const float a = farm.angle;
-    add_house(w,
-              {place(0, 0), a, 14, 8, 5.5f, 3.2f, linear(.70f, .65f, .57f), linear(.47f, .32f, .26f), true});
-    add_house(w, {place(27, 9), a, 26, 13, 5.5f, 3.5f, linear(.40f, .38f, .36f), linear(.53f, .54f, .55f),
-                  false, true});
-    add_house(w, {place(19, -17), a + 1.57f, 18, 9, 4.5f, 3, linear(.50f, .37f, .30f),
-                  linear(.42f, .34f, .30f), false, true});
-    add_house(w, {place(-23, 13), a + .1f, 20, 10, 5, 2.5f, linear(.36f, .41f, .36f),
-                  linear(.48f, .50f, .50f), false, true});
-    add_trees(w, place(0, 0), 12, 52);
+    const frame f{{farm.place.x, farm.place.y, 0}, a};
+    const house houses[] = {
+        {f.flat(0, 0), a, 14, 8, 5.5f, 3.2f, {70, 65, 57}, {47, 32, 26}, openings::windows},
+        {f.flat(27, 9), a, 26, 13, 5.5f, 3.5f, {40, 38, 36}, {53, 54, 55}, openings::gate},
+        {f.flat(19, -17), a + 1.57f, 18, 9, 4.5f, 3, {50, 37, 30}, {42, 34, 30}, openings::gate},
+        {f.flat(-23, 13), a + .1f, 20, 10, 5, 2.5f, {36, 41, 36}, {48, 50, 50}, openings::gate}};
+    for (const house& h : houses) add_house(w, h);
+    add_trees(w, farm.place, 12, 52);
 }
 
 // Nave, chancel and a tower with a low pyramid as its roof.
 void build_church(world& w, point p, float angle)
 {
-    const vec3 stone = linear(.66f, .63f, .56f), slate = linear(.38f, .39f, .42f),
-               dark = linear(.14f, .14f, .15f);
-    const point along{std::cos(angle), std::sin(angle)};
-    add_house(w, {p, angle, 22, 9.5f, 7.5f, 4.6f, stone, slate, true});
-    add_house(w, {p + along * 15, angle, 11, 7, 5.5f, 3.4f, stone, slate, false});
-    const house tower{p - along * 13.5f, angle, 6.5f, 6.5f, 19, .01f, stone, slate, false};
+    const rgb stone{66, 63, 56}, slate{38, 39, 42}, dark{14, 14, 15};
+    const frame nave{{p.x, p.y, 0}, angle};
+    add_house(w, {p, angle, 22, 9.5f, 7.5f, 4.6f, stone, slate, openings::windows});
+    add_house(w, {nave.flat(15, 0), angle, 11, 7, 5.5f, 3.4f, stone, slate});
+    const house tower{nave.flat(-13.5f, 0), angle, 6.5f, 6.5f, 19, .01f, stone, slate};
     add_house(w, tower);
     constexpr float half = 3.3f, spire = 5.5f;
     const frame f = frame_of(w, tower);
@@ -152,7 +148,7 @@ void build_church(world& w, point p, float angle)
     const frame turned{f.origin, f.angle + 1.5708f};
     for (const float side : {-1.f, 1.f})   // the openings of the belfry
         for (const frame& to : {f, turned})
-            add_wall(w, f.origin, to, {-.7f, .7f}, side * (half + .03f), {14.5f, 17.3f}, dark, wall_warmth);
+            add_wall(w, f.origin, to, {-.7f, .7f}, side * (half + .03f), {14.5f, 17.3f}, dark);
 }
 
 // Where roads cross the river, from bank to bank.
@@ -162,8 +158,8 @@ std::vector<piece> crossings(const world& w)
     std::vector<piece> found;
     for (const path& road : w.land.roads) {
         bool over = false;
-        for (const point& p : winding(road, road_wander)) {
-            const bool wet = w.map.river.at(p) < w.land.river_width / 2 + bank;
+        for (const auto& [p, way] : winding(road, road_wander)) {
+            const bool wet = w.map.bank(p) < bank;
             if (wet && !over) found.push_back({p, {}});
             if (wet) found.back().way = p - found.back().from;
             over = wet;
@@ -176,8 +172,7 @@ std::vector<piece> crossings(const world& w)
 void build_bridge(world& w, const piece& at)
 {
     constexpr float half = 3.6f, parapet = 1, arch_rise = 2.3f, arch = 6.5f;   // metres
-    const vec3 stone = linear(.60f, .57f, .51f), dark = linear(.15f, .15f, .14f),
-               tar = linear(.55f, .54f, .53f);
+    const rgb stone{60, 57, 51}, dark{15, 15, 14}, tar{55, 54, 53};
     const float far = length(at.way);
     const float deck = std::max(w.ground.height(at.from), w.ground.height(at.at(1))) + .8f;
     const float water = w.ground.height(at.at(.5f));
@@ -186,25 +181,22 @@ void build_bridge(world& w, const piece& at)
               f(-4, half, deck), tar, wall_warmth + .06f);
     for (const float side : {-1.f, 1.f}) {
         const vec3 inside = f(0, 0, water), outside = f(0, side * 2 * half, water);
-        add_wall(w, inside, f, {-4, far + 4}, side * half, {water - 1, deck + parapet}, stone, wall_warmth);
-        add_wall(w, outside, f, {-4, far + 4}, side * (half - .4f), {deck, deck + parapet}, stone,
-                 wall_warmth);
+        add_wall(w, inside, f, {-4, far + 4}, side * half, {water - 1, deck + parapet}, stone);
+        add_wall(w, outside, f, {-4, far + 4}, side * (half - .4f), {deck, deck + parapet}, stone);
         for (float along = 4; along + arch < far - 2; along += arch + 1.6f)
             for (float part = 0; part < 1; part += .1f) {   // a round arch, in steps
                 const float inset = arch / 2 * (1 - std::sqrt(1 - part * part));
                 add_wall(w, inside, f, {along + inset, along + arch - inset}, side * (half + .05f),
-                         {water, water + arch_rise * (part + .1f)}, dark, wall_warmth);
+                         {water, water + arch_rise * (part + .1f)}, dark);
             }
     }
 }
 
 void build_hamlet(world& w)
 {
-    const vec3 walls[] = {linear(.74f, .68f, .58f), linear(.60f, .44f, .36f), linear(.78f, .76f, .70f),
-                          linear(.62f, .58f, .50f)};
-    const vec3 roofs[] = {linear(.47f, .31f, .25f), linear(.40f, .40f, .42f), linear(.52f, .37f, .28f),
-                          linear(.42f, .34f, .30f)};
-    const point p = w.land.hamlet_at;
+    const rgb walls[] = {{74, 68, 58}, {60, 44, 36}, {78, 76, 70}, {62, 58, 50}};
+    const rgb roofs[] = {{47, 31, 25}, {40, 40, 42}, {52, 37, 28}, {42, 34, 30}};
+    const point p = *w.land.hamlet;
     build_church(w, p + point{62, 52}, .25f);
     add_trees(w, p + point{62, 62}, 9, 38);
     constexpr int cottages = 150;   // attempts; most places are not free
@@ -219,12 +211,11 @@ void build_hamlet(world& w)
                 .ridge = w.random.between(2.6f, 3.8f),
                 .wall = walls[w.random.below(4)],
                 .roof = roofs[w.random.below(4)],
-                .windows = true};
+                .has = openings::windows};
         if (w.random.chance(.35f)) h.angle += 1.57f;
         const float off = w.map.roads.at(at);
         const bool by_the_road = off > 8.5f && off < 12.6f;
-        if (!(by_the_road || w.random.chance(.08f)) || off < 8.5f ||
-            w.map.river.at(at) < w.land.river_width / 2 + 14 ||
+        if (!(by_the_road || w.random.chance(.08f)) || off < 8.5f || w.map.bank(at) < 14 ||
             std::ranges::any_of(taken, [&](point t) { return length(t - at) <= 19; }))
             continue;
         taken.push_back(at);

@@ -5,99 +5,66 @@
 namespace tools {
 namespace {
 
-const vec3 afternoon_sun = unit({-.62f, -.42f, .50f}), low_sun = unit({-.70f, -.40f, .36f});
-
 const ground_paint chalk_summer{
-    .heath = linear(.36f, .40f, .22f),
-    .dry = linear(.63f, .58f, .40f),
-    .middling = linear(.52f, .52f, .32f),
-    .lush = linear(.39f, .44f, .24f),
-    .dark = linear(.30f, .33f, .19f),
-    .straw = linear(.72f, .67f, .47f),
-    .bare = linear(.80f, .76f, .66f),
-    .soil = linear(.58f, .51f, .39f),
-    .crops = {linear(.47f, .51f, .28f), linear(.44f, .49f, .25f), linear(.72f, .66f, .43f),
-              linear(.56f, .50f, .38f), linear(.50f, .54f, .29f), linear(.65f, .62f, .38f),
-              linear(.36f, .44f, .21f)},
-    .woodfloor = linear(.21f, .25f, .14f)};
+    .heath = {36, 40, 22},
+    .grass = {{63, 58, 40}, {52, 52, 32}, {39, 44, 24}, {30, 33, 19}, {72, 67, 47}},
+    .bare = {80, 76, 66},
+    .soil = {58, 51, 39},
+    .crops =
+        {{47, 51, 28}, {44, 49, 25}, {72, 66, 43}, {56, 50, 38}, {50, 54, 29}, {65, 62, 38}, {36, 44, 21}},
+    .woodfloor = {21, 25, 14}};
 
 const ground_paint green_valley{
-    .heath = linear(.34f, .42f, .21f),
-    .dry = linear(.57f, .56f, .36f),
-    .middling = linear(.46f, .51f, .29f),
-    .lush = linear(.36f, .45f, .22f),
-    .dark = linear(.27f, .34f, .18f),
-    .straw = linear(.66f, .64f, .42f),
-    .bare = linear(.68f, .62f, .50f),
-    .soil = linear(.50f, .42f, .32f),
-    .crops = {linear(.44f, .50f, .26f), linear(.39f, .46f, .23f), linear(.66f, .60f, .40f),
-              linear(.54f, .45f, .32f), linear(.48f, .53f, .28f), linear(.56f, .55f, .35f),
-              linear(.36f, .42f, .22f)},
-    .woodfloor = linear(.18f, .23f, .12f)};
+    .heath = {34, 42, 21},
+    .grass = {{57, 56, 36}, {46, 51, 29}, {36, 45, 22}, {27, 34, 18}, {66, 64, 42}},
+    .bare = {68, 62, 50},
+    .soil = {50, 42, 32},
+    .crops =
+        {{44, 50, 26}, {39, 46, 23}, {66, 60, 40}, {54, 45, 32}, {48, 53, 28}, {56, 55, 35}, {36, 42, 22}},
+    .woodfloor = {18, 23, 12}};
 
 const ground_paint autumn_moor{
-    .heath = linear(.46f, .34f, .21f),
-    .dry = linear(.64f, .54f, .36f),
-    .middling = linear(.53f, .46f, .30f),
-    .lush = linear(.44f, .43f, .26f),
-    .dark = linear(.38f, .29f, .20f),
-    .straw = linear(.72f, .64f, .45f),
-    .bare = linear(.69f, .63f, .51f),
-    .soil = linear(.46f, .36f, .26f),
-    .crops = {linear(.47f, .47f, .26f), linear(.46f, .50f, .25f), linear(.74f, .66f, .45f),
-              linear(.44f, .35f, .24f), linear(.53f, .50f, .29f), linear(.68f, .59f, .38f),
-              linear(.47f, .39f, .26f)},
-    .woodfloor = linear(.40f, .29f, .19f)};
+    .heath = {46, 34, 21},
+    .grass = {{64, 54, 36}, {53, 46, 30}, {44, 43, 26}, {38, 29, 20}, {72, 64, 45}},
+    .bare = {69, 63, 51},
+    .soil = {46, 36, 26},
+    .crops =
+        {{47, 47, 26}, {46, 50, 25}, {74, 66, 45}, {44, 35, 24}, {53, 50, 29}, {68, 59, 38}, {47, 39, 26}},
+    .woodfloor = {40, 29, 19}};
 
 // Thin snow, through which stubble and clods show.
 const ground_paint snowfields{
-    .heath = linear(.66f, .62f, .58f),
-    .dry = linear(.83f, .83f, .84f),
-    .middling = linear(.87f, .88f, .90f),
-    .lush = linear(.89f, .90f, .92f),
-    .dark = linear(.70f, .68f, .66f),
-    .straw = linear(.78f, .75f, .69f),
-    .bare = linear(.70f, .66f, .61f),
-    .soil = linear(.56f, .51f, .46f),
-    .crops = {linear(.88f, .89f, .91f), linear(.84f, .85f, .84f), linear(.81f, .79f, .75f),
-              linear(.68f, .65f, .63f), linear(.89f, .90f, .92f), linear(.84f, .82f, .79f),
-              linear(.77f, .79f, .77f)},
-    .woodfloor = linear(.62f, .61f, .61f)};
+    .heath = {66, 62, 58},
+    .grass = {{83, 83, 84}, {87, 88, 90}, {89, 90, 92}, {70, 68, 66}, {78, 75, 69}},
+    .bare = {70, 66, 61},
+    .soil = {56, 51, 46},
+    .crops =
+        {{88, 89, 91}, {84, 85, 84}, {81, 79, 75}, {68, 65, 63}, {89, 90, 92}, {84, 82, 79}, {77, 79, 77}},
+    .woodfloor = {62, 61, 61}};
 
-const std::vector<vec3> summer_leaves{linear(.33f, .41f, .20f), linear(.38f, .45f, .23f),
-                                      linear(.43f, .47f, .25f), linear(.36f, .44f, .26f),
-                                      linear(.46f, .48f, .28f)};
-const std::vector<vec3> autumn_leaves{linear(.53f, .36f, .21f), linear(.61f, .46f, .24f),
-                                      linear(.46f, .32f, .21f), linear(.64f, .53f, .28f),
-                                      linear(.43f, .42f, .23f), linear(.52f, .41f, .25f)};
+const std::vector<rgb> summer_leaves{{33, 41, 20}, {38, 45, 23}, {43, 47, 25}, {36, 44, 26}, {46, 48, 28}};
+const std::vector<rgb> autumn_leaves{{53, 36, 21}, {61, 46, 24}, {46, 32, 21},
+                                     {64, 53, 28}, {43, 42, 23}, {52, 41, 25}};
 
 country thornmere()
 {
-    country c{
-        .picture = "visualrange.vrp",
-        .range = "visualrange.arf",
-        .name = "THORNMERE DOWN",
-        .sight = vorn::sight_kind::visual,
-        .night = false,
-        .width = 4012,
-        .height = 2000,
-        .twin_quality = 74,
-        .seed = 1000,
-        .towards_sun = afternoon_sun,
-        .sunlight = {2.55f, 2.32f, 1.95f},
-        .skylight = {.38f, .47f, .62f},
-        .ground = chalk_summer,
-        .sky = {linear(.27f, .45f, .74f), linear(.76f, .83f, .90f), linear(.86f, .88f, .89f), .42f, .38f},
-        .folds = 17,
-        .farmed_from = 2250,
-        .rough_share = 0,
-        .wooded = .30f,
-        .heath = .15f,
-        .scrub = .6f,
-        .conifers = .15f,
-        .needles = linear(.33f, .39f, .23f) * .7f,
-        .leaves = summer_leaves,
-        .bare_trees = 0};
+    country c{.picture = "visualrange.vrp",
+              .range = "visualrange.arf",
+              .name = "THORNMERE DOWN",
+              .seed = 1000,
+              .towards_sun = unit({-.62f, -.42f, .50f}),
+              .sunlight = {2.55f, 2.32f, 1.95f},
+              .skylight = {.38f, .47f, .62f},
+              .ground = chalk_summer,
+              .sky = {{27, 45, 74}, {76, 83, 90}, {86, 88, 89}, .42f, .38f},
+              .folds = 17,
+              .farmed_from = 2250,
+              .wooded = .30f,
+              .heath = .15f,
+              .scrub = .6f,
+              .conifers = .15f,
+              .needles = rgb(33, 39, 23) * .7f,
+              .leaves = summer_leaves};
     c.tracks = {
         {at(-44, 250), at(-31, 330), at(-14, 450), at(1, 620), at(7, 860), at(2, 1120), at(-7, 1380),
          at(-5, 1750), at(-11, 2150), at(-8, 2700), at(-12, 3200)},
@@ -138,19 +105,17 @@ country elderbeck()
     c.name = "ELDERBECK VALE";
     c.seed = 2200;
     c.ground = green_valley;
-    c.sky = {linear(.30f, .48f, .76f), linear(.78f, .85f, .91f), linear(.88f, .90f, .91f), .30f, .55f};
+    c.sky = {{30, 48, 76}, {78, 85, 91}, {88, 90, 91}, .30f, .55f};
     c.folds = 13;
     c.farmed_from = 560;
     c.rough_share = .10f;
     c.wooded = .42f;
     c.scrub = .8f;
     c.conifers = .2f;
-    c.river = {at(-58, 1650), at(-48, 1420), at(-41, 1240), at(-34, 1330), at(-27, 1500), at(-20, 1390),
-               at(-16, 1190), at(-9, 1090),  at(-2, 1190),  at(4, 1350),   at(11, 1330),  at(16, 1150),
-               at(21, 1010),  at(28, 1000),  at(33, 1150),  at(39, 1290),  at(46, 1200),  at(58, 1150)};
-    c.river_width = 27;
-    c.hamlet = true;
-    c.hamlet_at = at(-5, 1400);
+    c.rivers = {{at(-58, 1650), at(-48, 1420), at(-41, 1240), at(-34, 1330), at(-27, 1500), at(-20, 1390),
+                 at(-16, 1190), at(-9, 1090), at(-2, 1190), at(4, 1350), at(11, 1330), at(16, 1150),
+                 at(21, 1010), at(28, 1000), at(33, 1150), at(39, 1290), at(46, 1200), at(58, 1150)}};
+    c.hamlet = at(-5, 1400);
     c.roads = {{at(44, 520), at(34, 640), at(22, 720), at(10, 800), at(0, 930), at(-6, 1050), at(-8.5f, 1180),
                 at(-7, 1330), at(-5, 1410), at(-1, 1520), at(7, 1680), at(9, 1900), at(2, 2150), at(5, 2500),
                 at(1, 2900), at(4, 3300)},
@@ -177,11 +142,11 @@ country harrowmoor()
     c.range = "range1.arf";
     c.name = "HARROWMOOR FELL";
     c.seed = 3300;
-    c.towards_sun = low_sun;
+    c.towards_sun = unit({-.70f, -.40f, .36f});
     c.sunlight = {2.52f, 2.20f, 1.68f};
     c.skylight = {.42f, .47f, .56f};
     c.ground = autumn_moor;
-    c.sky = {linear(.45f, .55f, .68f), linear(.84f, .85f, .84f), linear(.92f, .89f, .83f), .66f, .6f};
+    c.sky = {{45, 55, 68}, {84, 85, 84}, {92, 89, 83}, .66f, .6f};
     c.folds = 18;
     c.farmed_from = 900;
     c.rough_share = .42f;
@@ -217,7 +182,7 @@ country frostfield()
     c.sunlight = {1.62f, 1.46f, 1.20f};
     c.skylight = {.36f, .44f, .58f};
     c.ground = snowfields;
-    c.sky = {linear(.44f, .56f, .74f), linear(.86f, .88f, .90f), linear(.91f, .90f, .88f), .50f, .7f};
+    c.sky = {{44, 56, 74}, {86, 88, 90}, {91, 90, 88}, .50f, .7f};
     c.folds = 9;
     c.farmed_from = 760;
     c.rough_share = .25f;
@@ -225,8 +190,8 @@ country frostfield()
     c.heath = .25f;
     c.scrub = .8f;
     c.conifers = .45f;
-    c.needles = linear(.31f, .36f, .27f) * .7f;
-    c.leaves = {linear(.44f, .38f, .33f), linear(.40f, .34f, .30f), linear(.48f, .42f, .35f)};
+    c.needles = rgb(31, 36, 27) * .7f;
+    c.leaves = {{44, 38, 33}, {40, 34, 30}, {48, 42, 35}};
     c.bare_trees = 1;
     c.tufts = {.60f, .52f, .41f};
     c.snow = 1;

@@ -1,9 +1,8 @@
 // The description of a range picture and of the country that it shows. countries.cpp has one for each range.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <string>
+#include <optional>
 #include <vector>
 
 #include "common/geometry.h"
@@ -20,6 +19,14 @@ inline point at(float degrees, float metres)
 {
     return polar(degrees * 3.14159265f / 180, metres);
 }
+
+// The linear light of a screen colour, with a gamma of 2.2. Its parts are in percent.
+struct rgb : vec3 {
+    rgb(int red, int green, int blue) : vec3{light(red), light(green), light(blue)} {}
+
+private:
+    static float light(int percent) { return std::pow(real(percent) / 100, 2.2f); }
+};
 
 struct belt_plan {
     path line;
@@ -42,15 +49,17 @@ struct farm_plan {
 
 // Reflectances of the ground.
 struct ground_paint {
-    vec3 heath;                              // bracken and heather
-    vec3 dry, middling, lush, dark, straw;   // of rough grass
-    vec3 bare, soil;                         // of tracks and broken ground
-    std::array<vec3, 7> crops;
-    vec3 woodfloor;
+    rgb heath;   // bracken and heather
+    struct {
+        rgb dry, middling, lush, dark, straw;
+    } grass;
+    rgb bare, soil;   // of tracks and broken ground
+    rgb crops[7];
+    rgb woodfloor;
 };
 
 struct sky_paint {
-    vec3 zenith, horizon, haze_band;
+    rgb zenith, horizon, haze_band;
     float cover;   // by cumulus clouds: 0 clear, 1 nearly overcast
     float veil;    // density of high cloud, 0 to 1
 };
@@ -59,10 +68,10 @@ struct country {
     const char* picture;   // file name
     const char* range;     // file name of the range file
     const char* name;      // of the range, at most 20 characters
-    vorn::sight_kind sight;
-    bool night;
-    int width, height;   // of the picture, pixels
-    int twin_quality;    // of the JPEG of the twin, 1 to 100
+    vorn::sight_kind sight = vorn::sight_kind::visual;
+    bool night = false;
+    int width = 4012, height = 2000;   // of the picture, pixels
+    int twin_quality = 74;             // of the JPEG of the twin, 1 to 100
     std::uint32_t seed;
 
     vec3 towards_sun;   // always from the upper left, behind the gunner
@@ -70,28 +79,28 @@ struct country {
     ground_paint ground;
     sky_paint sky;
 
-    float folds;                // height of the hills and hollows, metres
-    float farmed_from;          // distance at which the rough grass ends and fields begin, metres
-    float rough_share;          // of rough ground among the fields, 0 to 1
-    float wooded;               // share of the fields that are woods, 0 to 1
-    float heath;                // share of the rough ground that bracken and heather cover, 0 to 1
-    float scrub;                // density of bushes on the rough ground, 0 to 1
-    float conifers;             // share of conifers in the woods
-    vec3 needles;               // reflectance of conifers
-    std::vector<vec3> leaves;   // reflectances of foliage; each tree has one of them
-    float bare_trees;           // share of trees that have lost their leaves
-    vec3 tufts{1, 1, 1};        // colour of tufts of grass, relative to the ground
-    float snow = 0;             // depth of the snow cover, 0 to 1; its colours are in `ground`
+    float folds;               // height of the hills and hollows, metres
+    float farmed_from;         // distance at which the rough grass ends and fields begin, metres
+    float rough_share = 0;     // of rough ground among the fields, 0 to 1
+    float wooded;              // share of the fields that are woods, 0 to 1
+    float heath;               // share of the rough ground that bracken and heather cover, 0 to 1
+    float scrub;               // density of bushes on the rough ground, 0 to 1
+    float conifers;            // share of conifers in the woods
+    vec3 needles;              // reflectance of conifers
+    std::vector<rgb> leaves;   // reflectances of foliage; each tree has one of them
+    float bare_trees = 0;      // share of trees that have lost their leaves
+    vec3 tufts{1, 1, 1};       // colour of tufts of grass, relative to the ground
+    float snow = 0;            // depth of the snow cover, 0 to 1; its colours are in `ground`
 
-    std::vector<path> tracks{}, roads{};
-    path river{};
-    float river_width = 0;   // metres
+    std::vector<path> tracks{}, roads{}, rivers{};
     std::vector<belt_plan> belts{};
     std::vector<copse_plan> copses{};
     std::vector<hedge_plan> hedges{};
     std::vector<farm_plan> farms{};
-    bool hamlet = false;
-    point hamlet_at{};
+    std::optional<point> hamlet{};
+
+    // The shadow on level ground of something one metre high.
+    point shadow() const { return point{towards_sun.x, towards_sun.y} / -towards_sun.z; }
 };
 
 // All ranges that the trainer ships with.

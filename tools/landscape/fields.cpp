@@ -34,10 +34,10 @@ span span_at(float v, int row, std::uint32_t seed)
 field field_at(const country& land, point p)
 {
     const std::uint32_t seed = land.seed + 40;
-    const float cosine = std::cos(turn), sine = std::sin(turn);
-    const float u = (p.x * cosine + p.y * sine) / width_of_field + crooked * noise(p / 620, seed + 1);
-    const float v = (p.y * cosine - p.x * sine) / depth_of_row + crooked * noise(p / 560, seed + 2) +
-                    .04f * noise(p / 130, seed + 3);
+    const point along{std::cos(turn), std::sin(turn)};
+    const float u = dot(along, p) / width_of_field + crooked * noise(p / 620, seed + 1);
+    const float v =
+        cross(along, p) / depth_of_row + crooked * noise(p / 560, seed + 2) + .04f * noise(p / 130, seed + 3);
     const span row = span_at(v, 0, seed + 4);
     const float leaning = .5f * (scatter(row.number, 0, seed + 5) - .5f) * row.before;
     const float number_in_width = .75f + .6f * scatter(row.number, 0, seed + 6);
@@ -45,29 +45,24 @@ field field_at(const country& land, point p)
     const span piece = span_at(shifted, row.number, seed + 7);
 
     const float scale = width_of_field / number_in_width;
-    struct boundary {
-        float away;
-        std::uint32_t id;
-    };
-    const boundary nearest =
-        std::ranges::min({boundary{row.before * depth_of_row, hash(row.number, 1, seed)},
-                          {row.after * depth_of_row, hash(row.number + 1, 1, seed)},
-                          {piece.before * scale, hash(piece.number, row.number * 2 + 7, seed)},
-                          {piece.after * scale, hash(piece.number + 1, row.number * 2 + 7, seed)}},
-                         {}, &boundary::away);
+    const auto [edge, border] = std::min<std::pair<float, std::uint32_t>>(
+        {{row.before * depth_of_row, hash(row.number, 1, seed)},
+         {row.after * depth_of_row, hash(row.number + 1, 1, seed)},
+         {piece.before * scale, hash(piece.number, row.number * 2 + 7, seed)},
+         {piece.after * scale, hash(piece.number + 1, row.number * 2 + 7, seed)}});
     const std::uint32_t id = hash(piece.number, row.number, seed + 8);
     const float angle =
         turn + ((id & 1) != 0U ? 0 : 1.5708f) + .2f * (scatter(piece.number, row.number, 3) - .5f);
     // Neighbouring fields have similar values, so that woods form groups.
     const float together = .5f + .9f * noise({real(piece.number) * .43f, real(row.number) * .39f}, seed + 9);
     const float wood = clamp01(.65f * together + .35f * scatter(piece.number, row.number, seed + 10));
-    return {nearest.away, id, nearest.id, {std::cos(angle), std::sin(angle)}, wood};
+    return {edge, id, border, {std::cos(angle), std::sin(angle)}, wood};
 }
 
 bool wooded(const country& land, const field& f, point p)
 {
     constexpr float hamlet_land = 230;   // radius around the middle of the hamlet, metres
-    if (land.hamlet && length(p - land.hamlet_at) < hamlet_land) return false;
+    if (land.hamlet && length(p - *land.hamlet) < hamlet_land) return false;
     // Far slopes have more woods than the floor of the valley.
     const float share = land.wooded * (.55f + .9f * smoothstep(1300, 2300, length(p)));
     return f.wood < .12f + .6f * share;

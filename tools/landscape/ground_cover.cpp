@@ -20,42 +20,30 @@ float seen(const ground_spot& s, float wave)
     return 1 - smoothstep(.30f, .90f, 2 * size / wave);
 }
 
-// The texture of upright plants. It isn't foreshortened, however flat the line of sight.
-struct fine_wave {
-    float angle;    // wavelength as the gunner sees it, radians
-    float weight;   // share in the relief
-    float turn;     // skew of the lattice of the noise, so that it doesn't follow the horizon
-    std::uint32_t seed;
-};
-constexpr fine_wave fine_waves[] = {{.0019f, .26f, .9f, 204},
-                                    {.00088f, .28f, -.5f, 205},
-                                    {.00044f, .24f, .35f, 206},
-                                    {.0047f, .22f, .2f, 207}};
-
-float fine_component(const country& land, const ground_spot& s, const fine_wave& w, float& relief)
-{
-    const float metres = w.angle * s.range;
-    const float share =
-        (1 - smoothstep(.3f, .9f, s.across / metres)) / (1 + metres * metres * .4f) * (1 - .75f * land.snow);
-    if (share <= 0) return 0;
-    const float across = s.bearing / w.angle, up = s.elevation / w.angle * 1.3f;
-    const float u = across + w.turn * up, v = up - w.turn * across;
-    const float here = share * noise({u, v}, w.seed);
-    relief += w.weight * (here - share * noise({u + .5f * land.towards_sun.x, v + .45f}, w.seed));
-    return here;
-}
-
 texture texture_at(const country& land, const ground_spot& s)
 {
     texture t{};
+    // The texture of upright plants isn't foreshortened, however flat the line of sight. `angle`: wavelength
+    // as the gunner sees it, radians; `weight`: share in the relief; `turn`: skew of the lattice of the
+    // noise, so that it doesn't follow the horizon.
+    const auto upright = [&](float angle, float weight, float turn, std::uint32_t seed) {
+        const float metres = angle * s.range;
+        const float share = (1 - smoothstep(.3f, .9f, s.across / metres)) / (1 + metres * metres * .4f) *
+                            (1 - .75f * land.snow);
+        if (share <= 0) return 0.f;
+        const float across = s.bearing / angle, up = s.elevation / angle * 1.3f;
+        const float u = across + turn * up, v = up - turn * across;
+        const float here = share * noise({u, v}, seed);
+        t.relief += weight * (here - share * noise({u + .5f * land.towards_sun.x, v + .45f}, seed));
+        return here;
+    };
     t.wide = fractal(s.at / 420, land.seed + 201, 3);
     t.broad = fractal(s.at / 90, 202, 3);
     t.clumps = noise(s.at / 23, 203) + .5f * noise(s.at / 11, 213);
-    t.tufts = seen(s, 4) * noise({s.at.x / 4, s.at.y / 8}, 204) +
-              .7f * fine_component(land, s, fine_waves[3], t.relief);
-    t.stems = fine_component(land, s, fine_waves[0], t.relief);
-    t.blades = fine_component(land, s, fine_waves[1], t.relief);
-    t.specks = fine_component(land, s, fine_waves[2], t.relief);
+    t.tufts = seen(s, 4) * noise({s.at.x / 4, s.at.y / 8}, 204) + .7f * upright(.0047f, .22f, .2f, 207);
+    t.stems = upright(.0019f, .26f, .9f, 204);
+    t.blades = upright(.00088f, .28f, -.5f, 205);
+    t.specks = upright(.00044f, .24f, .35f, 206);
     return t;
 }
 
@@ -75,33 +63,28 @@ layered rough_grass(const country& land, const ground_spot& s, const texture& t)
     const ground_paint& p = land.ground;
     const float green = .5f + .55f * t.wide + .42f * t.broad + .22f * t.clumps + .36f * t.tufts +
                         .32f * t.stems + .26f * t.blades + .20f * t.specks;
-    layered g{green < .5f ? mix(p.dry, p.middling, clamp01(green * 2))
-                          : mix(p.middling, p.lush, clamp01(green * 2 - 1)),
+    layered g{green < .5f ? mix(p.grass.dry, p.grass.middling, clamp01(green * 2))
+                          : mix(p.grass.middling, p.grass.lush, clamp01(green * 2 - 1)),
               .42f + .10f * t.wide + .06f * t.broad + .05f * t.clumps - .05f * t.tufts};
     // Only some slopes have tussocks.
     const float coarse = clamp01(.75f + 1.1f * noise(s.at / 260, land.seed + 217));
     const float tussocks =
         fractal(s.at / 40 + point{9, 0}, 214, 2) + .5f * t.tufts + .6f * t.stems + .5f * t.blades;
-    g.lay(p.dark, .50f * coarse * smoothstep(.25f, 1.2f, tussocks));
+    g.lay(p.grass.dark, .50f * coarse * smoothstep(.25f, 1.2f, tussocks));
     const float bracken =
         fractal(s.at / 150, land.seed + 221, 3) + .35f * t.clumps + .35f * t.tufts + .30f * t.stems;
     g.lay(p.heath * (1 + .25f * t.stems + .2f * t.blades), .8f * land.heath * smoothstep(.10f, .55f, bracken),
           -.03f);
     const float seeding = noise(s.at / 30, 219) + .7f * t.stems + .6f * t.blades + .5f * t.specks;
-    g.lay(p.straw, .55f * smoothstep(.35f, 1.2f, seeding));
+    g.lay(p.grass.straw, .55f * smoothstep(.35f, 1.2f, seeding));
     return g;
-}
-
-float across_ploughing(point p, const field& f)
-{
-    return -p.x * f.along.y + p.y * f.along.x;
 }
 
 // Stripes along the direction of ploughing, from -1 to 1. They fade out where they are narrower than a pixel.
 float stripes(const ground_spot& s, const field& f, float width)
 {
-    const float across = across_ploughing(s.at, f);
-    const float depth = std::fabs(across_ploughing(s.at / s.range, f));
+    const float across = cross(f.along, s.at);
+    const float depth = std::fabs(cross(f.along, s.at / s.range));
     const float size = s.along * depth + s.across * (1 - depth);
     const float share = 1 - smoothstep(.30f, .90f, 2 * size / width);
     return share > 0 ? share * std::sin(across * 6.2832f / width) : 0;
@@ -111,8 +94,7 @@ float stripes(const ground_spot& s, const field& f, float width)
 float tramlines(const ground_spot& s, const field& f)
 {
     constexpr float apart = 18, half_gauge = .9f, wheel = .45f;
-    const float across = across_ploughing(s.at, f);
-    const float off = std::fabs(std::remainder(across, apart));
+    const float off = std::fabs(std::remainder(cross(f.along, s.at), apart));
     const float blur = wheel + .7f * s.across + .5f * s.along;
     const float line = 1 - smoothstep(.3f * blur, 1.4f * blur, std::fabs(off - half_gauge));
     return line * wheel / blur;
@@ -122,7 +104,7 @@ layered farmland(const country& land, const ground_spot& s, const texture& t, co
 {
     const ground_paint& p = land.ground;
     if (wooded(land, f, s.at)) return {p.woodfloor * (1 + .3f * t.clumps), .36f};
-    const std::size_t kind = f.id % p.crops.size();
+    const std::size_t kind = f.id % std::size(p.crops);
     const float patchy = .05f * t.wide + .07f * t.broad + .05f * t.clumps + .04f * t.tufts + .08f * t.stems +
                          .08f * t.blades + .07f * t.specks;
     layered g{p.crops[kind] * (1 + patchy + .05f * (real(f.id >> 16 & 255) / 255 - .5f)),
@@ -132,11 +114,12 @@ layered farmland(const country& land, const ground_spot& s, const texture& t, co
         g.colour = g.colour * (1 + (.05f + .05f * t.clumps) * stripes(s, f, 2.4f) + .03f * stripes(s, f, 9));
         g.lay(mix(g.colour, p.soil, .55f), .75f * tramlines(s, f), .04f);
     } else {
-        g.lay(p.dark, .35f * smoothstep(.2f, 1.f, t.clumps + .7f * t.tufts));
-        g.lay(p.lush, .4f * smoothstep(0, .8f, t.broad));
+        g.lay(p.grass.dark, .35f * smoothstep(.2f, 1.f, t.clumps + .7f * t.tufts));
+        g.lay(p.grass.lush, .4f * smoothstep(0, .8f, t.broad));
     }
     // The margin of a field is not ploughed.
-    g.lay(mix(p.middling, p.dark, .4f), .8f * (1 - smoothstep(1.8f, 3.2f + s.across, f.edge)), -.04f);
+    g.lay(mix(p.grass.middling, p.grass.dark, .4f), .8f * (1 - smoothstep(1.8f, 3.2f + s.across, f.edge)),
+          -.04f);
     return g;
 }
 
@@ -161,22 +144,21 @@ void lay_ways(const country& land, const ground_map& map, const ground_spot& s, 
 {
     if (const float off = map.tracks.at(s.at); off < 11) {
         const float verge = 1 - smoothstep(3, 9, off + 2.5f * t.clumps + 1.5f * t.broad);
-        g.lay(mix(land.ground.straw, land.ground.middling, .5f), verge * .40f, .05f);
+        g.lay(mix(land.ground.grass.straw, land.ground.grass.middling, .5f), verge * .40f, .05f);
         g.lay(chalky(land, t), worn_by_wheels(s, t, off, 1.35f), .20f);
     }
     if (const float off = map.trails.at(s.at); off < 5 && rough > 0) {
         const float patchy = rough * clamp01(.55f + .45f * t.broad + .4f * noise(s.at / 60, 233));
-        g.lay(mix(land.ground.straw, land.ground.soil, clamp01(.5f + t.clumps)),
+        g.lay(mix(land.ground.grass.straw, land.ground.soil, clamp01(.5f + t.clumps)),
               .6f * patchy * worn_by_wheels(s, t, off, 1.3f), .07f);
     }
     if (const float off = map.roads.at(s.at); off < 11) {
         constexpr float half_width = 2.7f;
         const float soft = .3f + s.across;
-        g.lay(land.ground.straw, .7f * (1 - smoothstep(half_width + .6f, half_width + 2.2f + soft, off)),
-              .03f);
+        g.lay(land.ground.grass.straw,
+              .7f * (1 - smoothstep(half_width + .6f, half_width + 2.2f + soft, off)), .03f);
         const float grain = 1 + .06f * t.clumps + .05f * t.stems + .05f * t.blades;
-        g.lay(linear(.55f, .54f, .53f) * grain, 1 - smoothstep(half_width - soft, half_width + soft, off),
-              .10f);
+        g.lay(rgb(55, 54, 53) * grain, 1 - smoothstep(half_width - soft, half_width + soft, off), .10f);
     }
 }
 
@@ -190,7 +172,7 @@ void lay_scars(const country& land, const ground_spot& s, const texture& t, floa
 
 void lay_bank(const country& land, const ground_spot& s, const texture& t, float off, layered& g)
 {
-    g.lay(mix(land.ground.lush, land.ground.dark, clamp01(.5f + t.clumps)),
+    g.lay(mix(land.ground.grass.lush, land.ground.grass.dark, clamp01(.5f + t.clumps)),
           .8f * (1 - smoothstep(3, 14, off + 3 * t.clumps)), -.05f);
     g.lay(land.ground.soil * .7f, .7f * (1 - smoothstep(0, 1.6f + s.across, off + t.stems)), -.04f);
 }
@@ -231,12 +213,12 @@ pixel cover(const country& land, const ground_map& map, const ground_spot& s)
         g = {mix(farmed.colour, g.colour, rough), mix(farmed.warmth, g.warmth, rough)};
     }
     if (rough > 0) lay_scars(land, s, t, rough, g);
-    const float off_river = map.river.at(s.at) - land.river_width / 2;
-    if (off_river < 16) lay_bank(land, s, t, off_river, g);
+    const float bank = map.bank(s.at);
+    if (bank < 16) lay_bank(land, s, t, bank, g);
     lay_ways(land, map, s, t, rough, g);
-    if (off_river < 0) {
+    if (bank < 0) {
         const float ripples = .03f * t.tufts + .04f * t.stems;
-        return {linear(.20f, .23f, .19f) * (1 + ripples), land.night ? .58f : .27f, s.range, material::water};
+        return {rgb(20, 23, 19) * (1 + ripples), land.night ? .58f : .27f, s.range, material::water};
     }
     return lit(land, map, s, t, g);
 }

@@ -5,7 +5,6 @@
 
 #include "country.h"
 #include "ground_map.h"
-#include "terrain.h"
 
 namespace tools {
 
@@ -28,9 +27,9 @@ enum class material : std::uint8_t { sky, ground, plant, building, water };
 
 // A pixel of the picture, or a sample of a pixel.
 struct pixel {
-    vec3 light;         // towards the gunner, for a visual picture
-    float warmth = 0;   // 0 cold to 1 hot, for a thermal picture
-    float range = 0;    // metres, 0 in the sky
+    vec3 light;           // towards the gunner, for a visual picture
+    float warmth = 0;     // 0 cold to 1 hot, for a thermal picture
+    float range = 1e9f;   // metres; the sky is farther than any ground
     material made_of = material::sky;
 
     // Sums for computing a mean. The range is that of `b`, the material the one with the higher value.

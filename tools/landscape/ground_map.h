@@ -8,6 +8,16 @@
 
 namespace tools {
 
+// A straight piece of a line.
+struct piece {
+    point from, way;
+    // The point at a share of the way, and beside it: metres to the left.
+    point at(float share, float left = 0) const
+    {
+        return from + way * share + point{-way.y, way.x} / length(way) * left;
+    }
+};
+
 // A map with a byte for each cell of the country in front of the gunner, initially 255. The value at a place
 // is the byte times `unit`. Beyond the map the byte counts as 255.
 class map_layer {
@@ -15,7 +25,7 @@ public:
     explicit map_layer(float unit);
     float at(point) const;   // bilinear
     // Stores the distance from a line, in metres, in the cells that have a larger value.
-    void mark_distance(const path&);
+    void mark_distance(const std::vector<piece>&);
     // Darkens an ellipse, by `strength` in the middle and less outwards. Radii in metres, angle in radians.
     void darken(point middle, float along, float across, float angle, float strength);
 
@@ -27,24 +37,18 @@ private:
     float unit_;
 };
 
+inline constexpr float river_width = 27;   // metres
+
 struct ground_map {
     map_layer tracks{.05f}, trails{.05f}, roads{.05f};   // distances up to 12 m
     map_layer river{.5f};                                // up to 127 m
     map_layer shade{1};                                  // 255 in full light
+
+    // The distance to the bank of a river, up to 113 m; below 0 in the water.
+    float bank(point p) const { return river.at(p) - river_width / 2; }
 };
 
-// A straight piece of a line.
-struct piece {
-    point from, way;
-    // The point at a share of the way, and beside it: metres to the left.
-    point at(float share, float left = 0) const
-    {
-        return from + way * share + point{-way.y, way.x} / length(way) * left;
-    }
-};
-std::vector<piece> pieces(const path&);
-
-// A smooth line through the points, with small random bends. It has a point every few metres.
-path winding(const path& through, float wander = 1);
+// A smooth line through the points, with small random bends. A piece is some metres long.
+std::vector<piece> winding(const path& through, float wander = 1);
 
 }   // namespace tools

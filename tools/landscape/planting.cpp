@@ -17,8 +17,7 @@ bool in_view(point p)
 
 bool in_the_way(const world& w, point p)
 {
-    return w.map.tracks.at(p) < keep_off_track || w.map.roads.at(p) < keep_off_road ||
-           w.map.river.at(p) < w.land.river_width / 2 + 2;
+    return w.map.tracks.at(p) < keep_off_track || w.map.roads.at(p) < keep_off_road || w.map.bank(p) < 2;
 }
 
 vec3 leaf_colour(world& w, growth kind, point p)
@@ -26,7 +25,7 @@ vec3 leaf_colour(world& w, growth kind, point p)
     const country& land = w.land;
     const float strength = w.random.between(.66f, .92f) * (kind == growth::bush ? 1.25f : 1);
     if (kind == growth::conifer) return land.needles * (1.1f * strength);
-    if (kind == growth::bare) return linear(.52f, .46f, .40f) * strength;
+    if (kind == growth::bare) return rgb(52, 46, 40) * strength;
     // Neighbouring trees often have the same colour.
     const float stand = clamp01(.5f + .9f * noise(p / 55, land.seed + 83));
     const float own = w.random.unit();
@@ -55,14 +54,13 @@ void add_one(world& w, point p, growth kind, limits height, limits widen = {1, 1
 void plant_belt(world& w, const belt_plan& b)
 {
     float owed = 0;
-    for (const piece& of_line : pieces(winding(b.line))) {
+    for (const piece& of_line : winding(b.line)) {
         constexpr float ground_of_a_tree = 30;   // square metres
         for (owed += length(of_line.way) * b.width / ground_of_a_tree; owed > 1; owed -= 1) {
             const float off = w.random.between(-b.width / 2, b.width / 2);
             const point p = of_line.at(w.random.unit(), off);
             const float cluster = noise(p / 34, 68) + .5f * noise(p / 120, 69);
-            if (in_the_way(w, p)) continue;
-            if (cluster < -.38f && w.random.chance(.9f)) continue;
+            if (in_the_way(w, p) || (cluster < -.38f && w.random.chance(.9f))) continue;
             const float tall = b.height * (1 + .28f * cluster);
             if (w.random.chance(.3f))
                 add_one(w, p, growth::bush, {2.5f, 4.5f}, {1.1f, 1.5f});
@@ -91,7 +89,7 @@ void plant_copse(world& w, const copse_plan& plan)
 
 void plant_hedge(world& w, const hedge_plan& h)
 {
-    for (const piece& of_line : pieces(winding(h.line))) {
+    for (const piece& of_line : winding(h.line)) {
         const int count = std::max(1, static_cast<int>(length(of_line.way) / 1.6f));
         for (int k = 0; k < count; ++k) {
             const float share = (real(k) + w.random.unit()) / real(count);
@@ -165,11 +163,11 @@ void plant_scrub(world& w)
     }
 }
 
-void plant_riverside(world& w)
+void plant_riverside(world& w, const path& river)
 {
-    for (const piece& of_line : pieces(winding(w.land.river, 2)))
+    for (const piece& of_line : winding(river, 2))
         for (const float side : {-1.f, 1.f}) {
-            const point p = of_line.at(0, side * (w.land.river_width / 2 + w.random.between(3, 10)));
+            const point p = of_line.at(0, side * (river_width / 2 + w.random.between(3, 10)));
             const float thick = noise(p / 90, w.land.seed + 95);
             // Few plants on the near bank, so that the water is visible.
             if (thick < (side * of_line.way.x > 0 ? -.05f : .25f) || in_the_way(w, p) ||
@@ -187,8 +185,7 @@ void plant_riverside(world& w)
 float grassy(const world& w, point p)
 {
     const float rough = roughness(w.land, p);
-    const float off =
-        std::min({w.map.tracks.at(p), w.map.roads.at(p) - 1.5f, w.map.river.at(p) - w.land.river_width / 2});
+    const float off = std::min({w.map.tracks.at(p), w.map.roads.at(p) - 1.5f, w.map.bank(p)});
     if (off < 1) return off > 0 && off < .5f ? .2f : 0;
     const float clumps = .35f + .9f * noise(p / 23, 203) + 1.2f * noise(p / 6, 251);
     if (rough > .5f || off < 4) return clumps * (1 - .7f * w.land.snow);
@@ -207,7 +204,7 @@ void strew_one(world& w, point p, growth kind, float height, float width)
     const float dark = noise(p / 8, 253) + w.random.between(-.5f, .5f);
     const vec3 own = mix(vec3{1.12f, 1.06f, .92f}, vec3{.58f, .68f, .56f}, smoothstep(-.1f, .7f, dark));
     const vec3 colour =
-        kind == growth::stone ? linear(.60f, .58f, .54f) : under.light * w.land.tufts * own * (1 / clouds);
+        kind == growth::stone ? rgb(60, 58, 54) : under.light * w.land.tufts * own * (1 / clouds);
     const int which = first_of(kind) + w.random.below(sprites_of_a_kind);
     w.plants.push_back(
         {p, z - .02f * height, height, width, which, colour, kind == growth::stone ? 0 : under.warmth});
@@ -246,7 +243,7 @@ void mark_ways(world& w)
 {
     for (const path& p : w.land.tracks) w.map.tracks.mark_distance(winding(p));
     for (const path& p : w.land.roads) w.map.roads.mark_distance(winding(p, road_wander));
-    if (w.land.river_width > 0) w.map.river.mark_distance(winding(w.land.river, 2));
+    for (const path& p : w.land.rivers) w.map.river.mark_distance(winding(p, 2));
     rng own(w.land.seed + 424242);
     constexpr int trails = 40;
     for (int i = 0; i < trails; ++i) {
@@ -271,7 +268,7 @@ void plant_trees(world& w)
     for (const belt_plan& b : w.land.belts) plant_belt(w, b);
     for (const copse_plan& p : w.land.copses) plant_copse(w, p);
     for (const hedge_plan& h : w.land.hedges) plant_hedge(w, h);
-    if (w.land.river_width > 0) plant_riverside(w);
+    for (const path& p : w.land.rivers) plant_riverside(w, p);
     const float from = w.land.farmed_from * .85f;
     if (from < 1700) plant_farmland(w, from, 1700, 2.2f);
     plant_farmland(w, std::max(from, 1700.f), 3400, 3.5f);
@@ -289,12 +286,9 @@ void add_tree(world& w, point p, growth kind, float height, float widen)
     const float foot = w.ground.height(p);
     const int which = first_of(kind) + w.random.below(sprites_of_a_kind);
     w.plants.push_back({p, foot - .02f * height, height, height * widen, which, leaf_colour(w, kind, p)});
-    const vec3 sun = w.land.towards_sun;
-    const point shadow{-sun.x / sun.z, -sun.y / sun.z};   // of something one metre high
-    const float crown = height * widen *
-                        (kind == growth::bush      ? .36f
-                         : kind == growth::conifer ? .18f
-                                                   : .32f);
+    const point shadow = w.land.shadow();
+    const float slim = kind == growth::bush ? .36f : kind == growth::conifer ? .18f : .32f;
+    const float crown = height * widen * slim;
     const float up = height * (kind == growth::bush ? .32f : .5f);
     const float strength = kind == growth::bare ? .35f : .70f;
     w.map.shade.darken(p + shadow * up, crown + up * length(shadow) * .45f, crown,

@@ -68,13 +68,6 @@ bool is_open(const country& land, const rendered& r, int x, int y, float range)
     return true;
 }
 
-float cost(const country& land, const position& p, float range, rng& random)
-{
-    const float proposed = proposed_range(land, p.y, p.range);
-    const float disagrees = proposed > 0 ? std::fabs(proposed - p.range) : 1000;
-    return std::fabs(p.range - range) + .6f * disagrees + 40 * random.unit();
-}
-
 std::optional<position> best_between(const country& land, const rendered& r, const box& reach, int left,
                                      int right, float range, float within, rng& random)
 {
@@ -85,10 +78,12 @@ std::optional<position> best_between(const country& land, const rendered& r, con
             const float there = r.at(x, y).range;
             if (there < nearest || there > farthest || std::fabs(there - range) > within) continue;
             const position p{x, y, std::round(there)};
-            const float costs = cost(land, p, range, random);
-            if (costs >= least || !is_open(land, r, x, y, there)) continue;
+            const float proposed = proposed_range(land, y, p.range);
+            const float disagrees = proposed > 0 ? std::fabs(proposed - p.range) : 1000;
+            const float cost = std::fabs(p.range - range) + .6f * disagrees + 40 * random.unit();
+            if (cost >= least || !is_open(land, r, x, y, there)) continue;
             best = p;
-            least = costs;
+            least = cost;
         }
     return best;
 }

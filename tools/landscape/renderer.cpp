@@ -6,16 +6,15 @@
 namespace tools {
 namespace {
 
-constexpr int fine = 2;            // samples per pixel, in each direction
-constexpr int strip_width = 128;   // pixels
-constexpr float sky_range = 1e9f;
+constexpr int fine = 2;                                // samples per pixel, in each direction
+constexpr int strip_width = 128;                       // pixels
 constexpr float first_step = 150, last_step = 26000;   // of the ray over the ground, metres
 
 // One strip of the picture.
 struct strip {
     const world& w;
     const view v;              // of the samples
-    const grid<vec3>& above;   // the sky; empty in a thermal picture
+    const grid<vec3>& above;   // the sky
     grid<pixel> samples;
 };
 
@@ -24,7 +23,8 @@ struct step {
     vec3 normal;
 };
 
-void set_ground(strip& s, int x, int y, const step& a, const step& b, float sine, float cosine)
+// `way`: the horizontal direction of this column.
+void set_ground(strip& s, int x, int y, const step& a, const step& b, point way)
 {
     const float e = s.v.elevation(real(y) + .5f);
     const float t = clamp01((e - a.elevation) / (b.elevation - a.elevation + 1e-9f));
@@ -32,14 +32,9 @@ void set_ground(strip& s, int x, int y, const step& a, const step& b, float sine
     const float across = range * s.v.pixel;
     const vec3 normal = mix(a.normal, b.normal, t);
     // The cosine between the line of sight and the normal.
-    const float meets = std::max(.02f, -normal.x * sine - normal.y * cosine - normal.z * e);
+    const float meets = std::max(.02f, -normal.x * way.x - normal.y * way.y - normal.z * e);
     pixel seen = cover(s.w.land, s.w.map,
-                       {{range * sine, range * cosine},
-                        range,
-                        s.v.bearing(real(x) + .5f),
-                        e,
-                        normal,
-                        across,
+                       {way * range, range, s.v.bearing(real(x) + .5f), e, normal, across,
                         std::min(across / meets, 40 * across)});
     if (seen.made_of != material::water) seen.light = haze_of(range)(seen.light);
     s.samples.at(x, y) = seen;
@@ -50,22 +45,18 @@ void set_ground(strip& s, int x, int y, const step& a, const step& b, float sine
 int draw_ground(strip& s, int x)
 {
     const terrain& ground = s.w.ground;
-    const float bearing = s.v.bearing(real(x) + .5f), sine = std::sin(bearing), cosine = std::cos(bearing);
+    const point way = polar(s.v.bearing(real(x) + .5f), 1);
     int filled = s.samples.height;   // from this row down
-    float highest = -2;
     step before{first_step, -2, {0, 0, 1}};
     for (float range = first_step; range < last_step && filled > 0; range += std::max(.12f, range * .0022f)) {
-        const point p{range * sine, range * cosine};
+        const point p = way * range;
         const float z = ground.height(p);
         step now{range, std::atan(z / range), before.normal};
         const int reached = std::max(0, static_cast<int>(std::ceil(s.v.row(now.elevation) - .5f)));
-        if (now.elevation > highest) {
-            highest = now.elevation;
-            if (reached < filled) {
-                now.normal = ground.normal(p, z, std::max(.4f, range * .002f));
-                for (int y = filled - 1; y >= reached; --y) set_ground(s, x, y, before, now, sine, cosine);
-                filled = reached;
-            }
+        if (reached < filled) {
+            now.normal = ground.normal(p, z, std::max(.4f, range * .002f));
+            for (int y = filled - 1; y >= reached; --y) set_ground(s, x, y, before, now, way);
+            filled = reached;
         }
         before = now;
     }
@@ -76,28 +67,28 @@ void draw_sky(strip& s, int x, int rows)
 {
     const float bearing = s.v.bearing(real(x) + .5f);
     for (int y = 0; y < rows; ++y) {
-        if (s.above.cells.empty())
-            s.samples.at(x, y).warmth = sky_warmth(s.w.land, bearing, s.v.elevation(real(y) + .5f));
-        else
-            s.samples.at(x, y).light = sky_at(s.above, point{real(s.v.left + x) + .5f, real(y) + .5f} / fine);
+        pixel& sample = s.samples.at(x, y);
+        sample.light = sky_at(s.above, point{real(s.v.left + x) + .5f, real(y) + .5f} / fine);
+        sample.warmth = sky_warmth(s.w.land, bearing, s.v.elevation(real(y) + .5f));
     }
 }
 
 struct corner {
-    float x, y, range;
+    point at;
+    float range;
 };
 
 // `paint`: a pixel without haze.
 void draw_triangle(strip& s, const corner& a, const corner& b, const corner& c, const pixel& paint)
 {
-    const float area = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
+    const point ab = b.at - a.at, ac = c.at - a.at;
+    const float area = cross(ab, ac);
     if (std::fabs(area) < 1e-4f) return;
-    const point low{std::min({a.x, b.x, c.x}), std::min({a.y, b.y, c.y})};
-    const point high{std::max({a.x, b.x, c.x}), std::max({a.y, b.y, c.y})};
-    each_cell(s.samples, low, high, [&](int x, int y, pixel& sample) {
-        const float px = real(x) + .5f - a.x, py = real(y) + .5f - a.y;
-        const float u = (px * (c.y - a.y) - (c.x - a.x) * py) / area;
-        const float v = ((b.x - a.x) * py - px * (b.y - a.y)) / area;
+    const auto [left, right] = std::minmax({a.at.x, b.at.x, c.at.x});
+    const auto [top, bottom] = std::minmax({a.at.y, b.at.y, c.at.y});
+    each_cell(s.samples, {left, top}, {right, bottom}, [&](int x, int y, pixel& sample) {
+        const point p = point{real(x) + .5f, real(y) + .5f} - a.at;
+        const float u = cross(p, ac) / area, v = cross(ab, p) / area;
         const float range = a.range + u * (b.range - a.range) + v * (c.range - a.range);
         if (u < 0 || v < 0 || u + v > 1 || range > sample.range + .01f) return;
         const float stained = .92f + .16f * scatter(s.v.left + x, y / 2, 5);
@@ -113,7 +104,7 @@ void draw_panel(strip& s, const panel& p)
     for (int i = 0; i < 4; ++i) {
         const vec3 c = p.corner[i];
         const float range = std::hypot(c.x, c.y);
-        seen[i] = {s.v.column(std::atan2(c.x, c.y)), s.v.row(std::atan(c.z / range)), range};
+        seen[i] = {{s.v.column(std::atan2(c.x, c.y)), s.v.row(std::atan(c.z / range))}, range};
     }
     const country& land = s.w.land;
     const float sun =
@@ -151,21 +142,19 @@ void draw_plant(strip& s, const plant& p)
     const float tall = p.height / range / s.v.pixel, wide = p.width / range / s.v.pixel;
     if (middle + wide < 0 || middle - wide > real(s.samples.width)) return;
     const float foot = s.v.row(std::atan(p.foot / range));
-    if (foot < -2 || foot - tall > real(s.samples.height)) return;
     const grid<leaf_pixel>& picture = fitting_size(s.w.sprites[index(p.sprite)], tall);
     const float side = real(picture.width);
     const float clouds = cloud_shadow(s.w.land, p.at);
     const vec3 colour = p.colour * (.42f + .58f * clouds);
     const haze air = haze_of(range);
-    const float nearer = range - .6f,
-                slack = range * .002f;   // so that the ground at the plant's foot doesn't hide the plant
     const bool low = is_low(p.sprite);
     const float cooler = low              ? p.warmer
                          : s.w.land.night ? .02f + .06f * s.w.land.snow
                                           : -.08f + .08f * (clouds - .7f);
     each_cell(s.samples, {middle - wide / 2, foot - tall}, {middle + wide / 2 + 1, foot + 1},
               [&](int x, int y, pixel& sample) {
-                  if (nearer > sample.range + slack) return;
+                  // The ground at the plant's foot must not hide the plant.
+                  if (range - .6f > sample.range + range * .002f) return;
                   const leaf_pixel l = leaf_at(picture, ((real(x) + .5f - middle) / wide + .5f) * side - .5f,
                                                ((real(y) + .5f - foot) / tall + 1) * side - .5f);
                   if (l.alpha < .02f) return;
@@ -197,18 +186,17 @@ void mirror(strip& s, int x)
 {
     const country& land = s.w.land;
     const float bearing = s.v.bearing(real(x) + .5f);
-    for (int y = 1; y < s.samples.height; ++y) {
-        if (s.samples.at(x, y).made_of != material::water) continue;
-        const int bank = y;
-        for (; y < s.samples.height && s.samples.at(x, y).made_of == material::water; ++y) {
-            pixel& sample = s.samples.at(x, y);
-            const float range = sample.range, down = -s.v.elevation(real(y) + .5f);
-            // A flatter line of sight has more reflection.
-            const float shine = .42f + .45f * std::pow(1 - std::min(1.f, down * 2), 3.f);
-            const float light = cloud_shadow(land, polar(bearing, range));
-            const vec3 lit = sample.light * (.9f * light + .1f);
-            sample.light = haze_of(range)(mix(lit, reflected(s, x, y, bank), shine));
+    for (int y = 1, bank = 1; y < s.samples.height; ++y) {
+        pixel& sample = s.samples.at(x, y);
+        if (sample.made_of != material::water) {
+            bank = y + 1;
+            continue;
         }
+        const float range = sample.range, down = -s.v.elevation(real(y) + .5f);
+        // A flatter line of sight has more reflection.
+        const float shine = .42f + .45f * std::pow(1 - std::min(1.f, down * 2), 3.f);
+        const vec3 lit = sample.light * (.9f * cloud_shadow(land, polar(bearing, range)) + .1f);
+        sample.light = haze_of(range)(mix(lit, reflected(s, x, y, bank), shine));
     }
 }
 
@@ -223,7 +211,6 @@ void resolve(const strip& s, rendered& picture)
                 out = out + s.samples.at(x * fine + k % fine, y * fine + k / fine) * share;
             if (out.made_of != material::sky)
                 out.warmth = mix(air_warmth, out.warmth, std::exp(-std::min(out.range, 20000.f) / air_depth));
-            if (out.range >= sky_range) out.range = 0;
         }
 }
 
@@ -231,22 +218,20 @@ void resolve(const strip& s, rendered& picture)
 
 rendered render(const world& w, const view& v)
 {
-    const bool thermal = w.land.sight == vorn::sight_kind::thermal;
     rendered picture(v.width, v.height);
-    const grid<vec3> above = thermal ? grid<vec3>() : sky_of(w.land, v);
+    const grid<vec3> above = sky_of(w.land, v);
     parallel_for((v.width + strip_width - 1) / strip_width, [&](int i) {
         const int first = i * strip_width, wide = std::min(v.width - first, strip_width);
         strip s{w,
                 {v.width * fine, v.height * fine, v.pixel / fine, v.horizon * fine, first * fine},
                 above,
-                grid<pixel>(wide * fine, v.height * fine, {.light = {}, .range = sky_range})};
+                {wide * fine, v.height * fine}};
         // Ground and sky have no sharp vertical edges, so one column of samples per pixel is enough.
         for (int x = 0; x < s.samples.width; x += fine) draw_sky(s, x, draw_ground(s, x));
         each_cell(s.samples, [&](int x, int y, pixel& p) { p = s.samples.at(x - x % fine, y); });
         for (const panel& p : w.panels) draw_panel(s, p);
         for (const plant& p : w.plants) draw_plant(s, p);
-        if (w.land.river_width > 0 && !thermal)
-            for (int x = 0; x < s.samples.width; ++x) mirror(s, x);
+        for (int x = 0; x < s.samples.width; ++x) mirror(s, x);
         resolve(s, picture);
     });
     return picture;

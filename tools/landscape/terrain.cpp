@@ -26,13 +26,6 @@ terrain::terrain(const country& land, const ground_map& map) : land_(land), map_
     }
 }
 
-float terrain::bowl(float range) const
-{
-    const float at = std::min(range, bowl_end) / spacing;
-    const std::size_t i = static_cast<std::size_t>(at);
-    return mix(bowl_[i], bowl_[i + 1], at - real(i));
-}
-
 static float folds(const country& land, point p, float range)
 {
     const std::uint32_t seed = land.seed;
@@ -59,13 +52,12 @@ static float far_hills(point p, std::uint32_t seed, float range)
 float terrain::height(point p) const
 {
     const float range = std::sqrt(p.x * p.x + p.y * p.y);
-    float floor = bowl(range);
+    const float entry = std::min(range, bowl_end) / spacing;
+    const std::size_t i = index(entry);
+    const float floor = mix(bowl_[i], bowl_[i + 1], entry - real(i));
     float h = floor + folds(land_, p, range) + far_hills(p, land_.seed, range);
     if (range < 4000) h += .45f * noise(p / 38, 5) + .15f * noise(p / 9, 6);
-    if (land_.river_width > 0) {
-        const float off = map_.river.at(p) - land_.river_width / 2;
-        h = mix(floor - river_bed, h, smoothstep(1, 110, off));
-    }
+    if (!land_.rivers.empty()) h = mix(floor - river_bed, h, smoothstep(1, 110, map_.bank(p)));
     return h - range * range / earth_twice;
 }
 

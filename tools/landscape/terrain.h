@@ -19,11 +19,10 @@ public:
     vec3 normal(point, float height, float reach) const;
 
 private:
-    float bowl(float range) const;   // without hills, hollows and the river's bed
-
     const country& land_;
     const ground_map& map_;
-    std::vector<float> bowl_;   // heights, at every few metres of range
+    // Heights without hills, hollows and the river's bed, at every few metres of range.
+    std::vector<float> bowl_;
 };
 
 }   // namespace tools
