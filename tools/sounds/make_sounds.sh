@@ -46,18 +46,6 @@ top=-2
 
 die() { printf 'make_sounds: %s\n' "$*" >&2; exit 1; }
 
-check_tools() {
-    local tool voice missing=()
-    for tool in flite sox soxi; do command -v "$tool" >/dev/null || missing+=("the program $tool"); done
-    if command -v flite >/dev/null; then
-        # flite silently uses another voice if this one is missing.
-        for voice in "${voices[@]%% *}"; do
-            flite -lv | grep -qw "$voice" || missing+=("flite's voice $voice")
-        done
-    fi
-    [ ${#missing[@]} -eq 0 ] || die "missing:$(printf ' %s,' "${missing[@]}") which are in Debian's packages flite and sox"
-}
-
 # Removes the silence at both ends.
 trimmed=(silence 1 0.01 0.4% reverse silence 1 0.01 0.4% reverse)
 
@@ -119,7 +107,10 @@ explode() {
 [ $# -eq 2 ] || die "usage: make_sounds.sh EFFECTS FOLDER"
 effects=$1
 folder=$2
-check_tools
+# flite silently uses another voice if this one is missing.
+for voice in "${voices[@]%% *}"; do
+    flite -lv | grep -qw "$voice" || die "flite doesn't have the voice $voice"
+done
 mkdir -p "$folder"
 work=$(mktemp -d)
 trap 'rm -r "$work"' EXIT
