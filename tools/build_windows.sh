@@ -148,7 +148,7 @@ add_libraries() {
     cp "$WINDOWS_PREFIX"/plugins/imageformats/{qgif,qico,qjpeg}.dll "$out/imageformats"
     cp "$gcc"/{libstdc++-6,libgcc_s_seh-1}.dll /usr/x86_64-w64-mingw32/lib/libwinpthread-1.dll "$out"
     for file in "$out"/*.{exe,dll} "$out"/*/*.dll; do
-        x86_64-w64-mingw32-objcopy --strip-all --file-alignment 4096 "$file"
+        x86_64-w64-mingw32-objcopy --strip-all --preserve-dates --file-alignment 4096 "$file"
     done
 }
 
