@@ -215,7 +215,7 @@ camera fitted(const solid& vehicle, const view& from, float margin, int samples)
     path outline;
     for (const face& f : vehicle)
         for (const vec3& corner : f.corners)
-            if (f.counts) outline.push_back(c.flat(corner));
+            if (!f.made_of.slender) outline.push_back(c.flat(corner));
     const auto [left, right] = std::ranges::minmax(outline, {}, &point::x);
     const auto [low, high] = std::ranges::minmax(outline, {}, &point::y);
     const float side = std::max(right.x - left.x, high.y - low.y) / (1 - 2 * margin);

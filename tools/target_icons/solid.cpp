@@ -94,28 +94,18 @@ void add_pair(solid& to, const solid& what)
     add(to, mapped(what, [](vec3 v) { return vec3{v.x, -v.y, v.z}; }));
 }
 
-solid turned(solid s, float degrees)
+solid mounted(solid s, float degrees, float forward)
 {
     const float angle = degrees * std::numbers::pi_v<float> / 180, c = std::cos(angle), n = std::sin(angle);
-    return mapped(std::move(s), [&](vec3 v) { return vec3{v.x * c - v.y * n, v.x * n + v.y * c, v.z}; });
+    s = mapped(std::move(s), [&](vec3 v) { return vec3{v.x * c - v.y * n, v.x * n + v.y * c, v.z}; });
+    for (face& f : s)
+        for (vec3& corner : f.corners) corner.x += forward;
+    return s;
 }
 
 solid laid_down(solid s)
 {
     return mapped(std::move(s), [](vec3 v) { return vec3{v.z, v.y, v.x}; });
-}
-
-solid moved(solid s, vec3 by)
-{
-    for (face& f : s)
-        for (vec3& corner : f.corners) corner = corner + by;
-    return s;
-}
-
-solid slender(solid s)
-{
-    for (face& f : s) f.counts = false;
-    return s;
 }
 
 }   // namespace tools

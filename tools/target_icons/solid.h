@@ -10,13 +10,13 @@ struct material {
     vec3 paint;   // reflectance, 0 to 1, linear
     float heat;   // 0 as cold as the ground, 1 the hottest that the sight shows
     bool camouflaged = false;
+    bool slender = false;   // doesn't count for the size of the vehicle
 };
 
 struct face {
     std::vector<vec3> corners;
     vec3 normal;   // may point inwards or outwards
     material made_of;
-    bool counts = true;   // for the size of the vehicle; false for aerials
 };
 
 using solid = std::vector<face>;
@@ -32,9 +32,8 @@ solid rod(vec3 from, vec3 to, float from_radius, float to_radius, const material
 void add(solid& to, const solid& what);
 // Adds the body and its mirror image on the other side of the vehicle.
 void add_pair(solid& to, const solid& what);
-solid turned(solid, float degrees);   // to the left, about the vertical through x = y = 0
-solid laid_down(solid);               // exchanges forward and up
-solid moved(solid, vec3 by);
-solid slender(solid);   // marks a part that isn't part of the vehicle's size
+// Turned to the left about the vertical through x = y = 0, then moved forward.
+solid mounted(solid, float degrees, float forward);
+solid laid_down(solid);   // exchanges forward and up
 
 }   // namespace tools

@@ -16,6 +16,7 @@ constexpr material hub{{.10f, .105f, .055f}, .55f};
 constexpr material barrel{{.040f, .044f, .028f}, .2f};
 constexpr material skirt{{.105f, .11f, .055f}, .42f, true};
 constexpr material fitting{{.055f, .06f, .038f}, .12f};
+constexpr material aerial{.paint = fitting.paint, .heat = fitting.heat, .slender = true};
 constexpr material canvas{{.27f, .24f, .145f}, .05f};
 constexpr material glass{{.03f, .04f, .045f}, .05f};
 constexpr material lamp{{.34f, .34f, .28f}, .1f};
@@ -39,20 +40,17 @@ struct running_gear {
     float radius;   // of a road wheel
 };
 
-// Adds the links of a track: bars along an outline that runs counterclockwise when the front is on the right.
-void add_links(solid& to, const path& round, limits y, const material& m)
+// Adds the links of both tracks: bars along an outline that runs counterclockwise when the front is on the
+// right.
+void add_links(solid& to, const path& round, limits y)
 {
     constexpr float pitch = .17f, half = .045f, proud = .035f;
     for (std::size_t i = 0; i < round.size(); ++i) {
         const point a = round[i], way = round[(i + 1) % round.size()] - a;
-        const float long_ = length(way), c = way.x / long_, s = way.y / long_;
-        for (float at = pitch / 2; at < long_; at += pitch) {
-            const auto corner = [&](float along, float out) {
-                return point{a.x + c * (at + along) + s * out, a.y + s * (at + along) - c * out};
-            };
-            add_pair(
-                to,
-                across({corner(-half, 0), corner(half, 0), corner(half, proud), corner(-half, proud)}, y, m));
+        const point along = way / length(way), out = point{along.y, -along.x} * proud;
+        for (float at = pitch / 2; at < length(way); at += pitch) {
+            const point rear = a + along * (at - half), front = a + along * (at + half);
+            add_pair(to, across({rear, front, front + out, rear + out}, y, steel));
         }
     }
 }
@@ -66,7 +64,7 @@ void add_track(solid& to, const running_gear& g)
                     {front, g.height - .15f}, {front - .2f, g.height}, {rear + .2f, g.height},
                     {rear, g.height - .15f},  {rear, g.height - .5f}};
     add_pair(to, across(band, {g.width.low, g.width.high - .1f}, rubber));
-    add_links(to, band, g.width, steel);
+    add_links(to, band, g.width);
     // The lower run is wider than the wheels.
     add_pair(to,
              across({{rear + .7f, 0}, {front - .75f, 0}, {front - .65f, thickness}, {rear + .6f, thickness}},
@@ -107,12 +105,11 @@ solid tank_hull()
     add(s, across({{2.4f, 1.22f}, {2.4f, 1.42f}, {2.46f, 1.42f}, {2.5f, 1.2f}}, {-1.1f, 1.1f},
                   fitting));                      // splash board
     for (float y = -1.65f; y < 1.5f; y += .42f)   // blocks of added armour; below them spare links
-        for (float x : {2.52f, 2.86f})
-            add(s, across({{x, 1.17f - (x - 2.5f) * .25f},
-                           {x, 1.27f - (x - 2.5f) * .25f},
-                           {x + .3f, 1.19f - (x - 2.5f) * .25f},
-                           {x + .3f, 1.09f - (x - 2.5f) * .25f}},
+        for (float x : {2.52f, 2.86f}) {
+            const float to = x + .3f, down = (x - 2.5f) * .25f;
+            add(s, across({{x, 1.17f - down}, {x, 1.27f - down}, {to, 1.19f - down}, {to, 1.09f - down}},
                           {y, y + .37f}, armour));
+        }
     for (float y = -1; y < 1; y += .25f) add(s, box({3.2f, 3.34f}, {y, y + .2f}, {.98f, 1.1f}, fitting));
     add_pair(s, box({3.3f, 3.62f}, {.5f, .62f}, {.6f, .78f}, fitting));                  // hooks
     add_pair(s, rod({-1.4f, 1.62f, 1.58f}, {.4f, 1.62f, 1.56f}, .035f, .035f, steel));   // tow cables
@@ -153,8 +150,8 @@ solid tank_turret(float thinnest)
     add(s, box({.75f, .77f}, {.53f, .77f}, {2.22f, 2.39f}, glass));
     for (float x = .05f; x < .7f; x += .2f)   // smoke dischargers
         add_pair(s, rod({x, 1.3f - x * .3f, 1.75f}, {x + .2f, 1.55f - x * .3f, 1.92f}, .06f, .06f, fitting));
-    add(s, slender(rod({-1.4f, .75f, 2.2f}, {-1.5f, .8f, 3.5f}, .02f, .012f, fitting)));
-    add(s, slender(rod({-1.4f, -.75f, 2.2f}, {-1.5f, -.8f, 3.3f}, .02f, .012f, fitting)));
+    add(s, rod({-1.4f, .75f, 2.2f}, {-1.5f, .8f, 3.5f}, .02f, .012f, aerial));
+    add(s, rod({-1.4f, -.75f, 2.2f}, {-1.5f, -.8f, 3.3f}, .02f, .012f, aerial));
     return s;
 }
 
@@ -175,12 +172,11 @@ solid carrier_hull()
     add_pair(s, across({{-3.1f, .62f}, {-3.1f, .92f}, {2.3f, .92f}, {2.6f, .7f}}, {1.5f, 1.56f}, skirt));
     // The engine is at the front, beside the driver.
     add(s, across({{1.1f, 1.86f}, {1.1f, 1.9f}, {2.5f, 1.45f}, {2.5f, 1.4f}}, {-.9f, .0f}, deck));
-    for (float x = 1.2f; x < 2.4f; x += .28f)
-        add(s, across({{x, 1.87f - (x - 1.1f) * .322f},
-                       {x, 1.91f - (x - 1.1f) * .322f},
-                       {x + .12f, 1.87f - (x - .98f) * .322f},
-                       {x + .12f, 1.84f - (x - .98f) * .322f}},
+    for (float x = 1.2f; x < 2.4f; x += .28f) {
+        const float to = x + .12f, down = (x - 1.1f) * .322f, lower = (x - .98f) * .322f;
+        add(s, across({{x, 1.87f - down}, {x, 1.91f - down}, {to, 1.87f - lower}, {to, 1.84f - lower}},
                       {-.85f, -.05f}, louvre));
+    }
     add(s, box({.5f, 1.3f}, {1.55f, 1.62f}, {1.25f, 1.6f}, exhaust));
     for (float x : {.62f, .82f, 1.02f}) add(s, box({x, x + .1f}, {1.62f, 1.65f}, {1.29f, 1.56f}, louvre));
     add(s, across({{2.0f, 1.62f}, {2.05f, 1.75f}, {3.25f, 1.24f}, {3.2f, 1.16f}}, {-1.0f, 1.0f},
@@ -216,7 +212,7 @@ solid carrier_turret(float thinnest)
     add(s, box({.1f, .35f}, {.15f, .4f}, {2.5f, 2.7f}, fitting));                // sight
     add(s, box({.35f, .37f}, {.18f, .37f}, {2.56f, 2.67f}, glass));
     add(s, box({-.5f, .6f}, {-.72f, -.5f}, {2.45f, 2.72f}, plain_armour));   // missile box
-    add(s, slender(rod({-.7f, .4f, 2.5f}, {-.85f, .45f, 3.7f}, .02f, .012f, fitting)));
+    add(s, rod({-.7f, .4f, 2.5f}, {-.85f, .45f, 3.7f}, .02f, .012f, aerial));
     return s;
 }
 
@@ -243,14 +239,9 @@ void add_cab(solid& s)
                   material{{.115f, .125f, .055f}, .80f}));   // bonnet
     add(s, box({3.53f, 3.6f}, {-.55f, .55f}, {1.0f, 1.52f}, louvre));
     for (float y = -.45f; y < .5f; y += .22f) add(s, box({3.6f, 3.62f}, {y, y + .08f}, {1.0f, 1.52f}, deck));
-    add(s, across({{.65f, .8f},
-                   {.65f, 2.55f},
-                   {.8f, 2.65f},
-                   {1.6f, 2.65f},
-                   {1.75f, 2.55f},
-                   {2.0f, 1.75f},
-                   {2.0f, .8f}},
-                  {-1.1f, 1.1f}, roof));
+    const path cab{{.65f, .8f},    {.65f, 2.55f}, {.8f, 2.65f}, {1.6f, 2.65f},
+                   {1.75f, 2.55f}, {2.0f, 1.75f}, {2.0f, .8f}};
+    add(s, across(cab, {-1.1f, 1.1f}, roof));
     // Windscreen and side windows.
     add_pair(s, across({{1.78f, 2.5f}, {1.8f, 2.5f}, {2.01f, 1.84f}, {1.98f, 1.84f}}, {.06f, .98f}, glass));
     add_pair(s, across({{.9f, 1.8f}, {.9f, 2.45f}, {1.62f, 2.45f}, {1.85f, 1.8f}}, {1.1f, 1.12f}, glass));
@@ -259,14 +250,9 @@ void add_cab(solid& s)
     add_pair(s, box({.95f, 1.1f}, {1.1f, 1.14f}, {1.58f, 1.63f}, steel));
     add_pair(s, box({2.0f, 2.05f}, {1.2f, 1.38f}, {1.95f, 2.3f}, fitting));   // mirrors
     add_pair(s, rod({1.95f, 1.1f, 2.1f}, {2.02f, 1.25f, 2.1f}, .025f, .025f, fitting));
-    add_pair(s, across({{1.55f, .75f},
-                        {1.75f, 1.25f},
-                        {3.4f, 1.3f},
-                        {3.65f, 1.05f},
-                        {3.6f, .95f},
-                        {2.2f, 1.1f},
-                        {1.95f, .75f}},
-                       {.72f, 1.22f}, armour));   // mudguards
+    const path mudguard{{1.55f, .75f}, {1.75f, 1.25f}, {3.4f, 1.3f}, {3.65f, 1.05f},
+                        {3.6f, .95f},  {2.2f, 1.1f},   {1.95f, .75f}};
+    add_pair(s, across(mudguard, {.72f, 1.22f}, armour));
     add_pair(s, rod({3.3f, .95f, 1.38f}, {3.5f, .95f, 1.38f}, .14f, .15f, lamp));
     add(s, box({3.6f, 3.72f}, {-1.15f, 1.15f}, {.68f, .92f}, fitting));    // bumper
     add_pair(s, box({1.2f, 1.8f}, {1.0f, 1.2f}, {.45f, .52f}, fitting));   // steps
@@ -295,14 +281,14 @@ void add_load(solid& s)
 solid tank(float thinnest, float turret)
 {
     solid s = tank_hull();
-    add(s, moved(turned(tank_turret(thinnest), turret), {.1f, 0, 0}));
+    add(s, mounted(tank_turret(thinnest), turret, .1f));
     return s;
 }
 
 solid carrier(float thinnest, float turret)
 {
     solid s = carrier_hull();
-    add(s, moved(turned(carrier_turret(thinnest), turret), {-.35f, 0, 0}));
+    add(s, mounted(carrier_turret(thinnest), turret, -.35f));
     return s;
 }
 
