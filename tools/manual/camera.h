@@ -2,15 +2,13 @@
 // that the manual describes.
 #pragma once
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPainter>
 #include <QThread>
-#include <QTimer>
-#include <stdexcept>
+#include <utility>
 
 #include "common/save.h"
 #include "gunnery/gunnery.h"
@@ -39,11 +37,11 @@ inline void draw_callout(QPainter& p, const callout& c, int number, double size)
     const QPointF at = c.at * resolution;
     const QColor pale(240, 246, 255), dark(16, 40, 90);   // colours that the screens don't use
     QLineF line(at, c.names * resolution);
-    if (line.setLength(line.length() - size * 0.5); c.at != c.names)   // ends before `names`
-        for (const QPen& pen : {QPen(dark, size * 0.24), QPen(pale, size * 0.12)}) {
-            p.setPen(pen);
-            p.drawLine(line);
-        }
+    line.setLength(line.length() - size * 0.5);   // ends before `names`
+    for (const QPen& pen : {QPen(dark, size * 0.24), QPen(pale, size * 0.12)}) {
+        p.setPen(pen);
+        p.drawLine(line);
+    }
     p.setPen(QPen(dark, size * 0.1));
     p.setBrush(pale);
     p.drawEllipse(at, size / 2, size / 2);
@@ -56,79 +54,20 @@ inline void draw_callout(QPainter& p, const callout& c, int number, double size)
                QString::number(number));
 }
 
-// Resizes the window of a form to the size of the pictures and returns it.
-inline form_window& window_at_size(const form& f)
-{
-    for (QWidget* w : QApplication::topLevelWidgets()) {
-        auto* window = dynamic_cast<form_window*>(w);
-        if (window == nullptr || &window->model != &f) continue;
-        window->resize(1024 * scale, 768 * scale);
-        window->sync();
-        return *window;
-    }
-    throw std::logic_error("no window of the screen " + f.name);
-}
-
-// Where a widget is shown.
-inline place place_of(const QWidget& w)
-{
-    return {QPointF(w.mapTo(w.window(), QPointF(0, 0))) / resolution, QSizeF(w.size()) / resolution};
-}
-
-// Where the sight shows a rectangle given in twips of the sight.
-inline place place_in(const screen_object& sight, const place& inside)
-{
-    const place whole = place_of(*window_at_size(*sight.owner).widget(sight));
-    const double growth = whole.width() / sight.Width;
-    return {whole.topLeft() + inside.topLeft() * growth, inside.size() * growth};
-}
-
-inline place place_of(const screen_object& o)
-{
-    if (in_sight(o)) return place_in(*o.parent, place(o.Left, o.Top, o.Width, o.Height));
-    return place_of(*window_at_size(*o.owner).widget(o));
-}
-
 inline callout on(QPointF point)
 {
     return {point, point};
 }
-// The centre of an object in a sight, moved by a distance in twips of the sight.
-inline QPointF centre_in_sight(const screen_object& o, double across = 0, double down = 0)
-{
-    return place_in(*o.parent, place(o.Left + across, o.Top + down, o.Width, o.Height)).center();
-}
-// A number on a panel's caption line, to the right of the caption.
-inline callout on_head(const screen_object& o, double across = 0.93)
-{
-    const place p = place_of(o);
-    return on({p.left() + p.width() * across, p.top() + 165});
-}
-inline callout right_of(const screen_object& o)
-{
-    const place p = place_of(o);
-    return on({p.right() + 240, p.center().y()});
-}
-// A number at this distance from the point or object that it marks, twips.
-inline callout beside(QPointF point, double across, double down)
-{
-    return {point + QPointF(across, down), point};
-}
-inline callout beside(const screen_object& o, double across, double down)
-{
-    return beside(place_of(o).center(), across, down);
-}
-
 class camera : public QObject {
 public:
-    camera(const std::string& program_directory, const QString& folder) : folder_(folder)
+    // `pictures` and `frames`: folders for the pictures and for the frames of the moving ones.
+    camera(const QString& program_directory, const QString& pictures, const QString& frames)
+        : folder(pictures), frame_folder(frames)
     {
-        pc.default_directory = program_directory;
+        pc.default_directory = program_directory.toStdString();
         pc.world_clock = [this] { return time; };
         qApp->installEventFilter(this);
-        t.shared.soundson = false;
-        connect(&answers_, &QTimer::timeout, this, &camera::answer_box);
-        answers_.start(5);
+        startTimer(5);
     }
 
     void click(screen_object& o)
@@ -159,42 +98,71 @@ public:
         for (int i = 0; i < 1000 && clock.Enabled && wanted(); ++i) tick(clock);
     }
 
-    // Advances the clock, which ages strikes and fires.
-    void age(double seconds)
+    // Where an object is shown.
+    place place_of(const screen_object& o) const
     {
-        time += seconds;
-        if (aged) aged();
+        if (in_sight(o)) return place_in(*o.parent, o);
+        const QWidget& w = *window(*o.owner).widget(o);
+        return {w.mapTo(w.window(), QPointF(0, 0)) / resolution, QSizeF(w.size()) / resolution};
+    }
+    // Where a part of an object is shown, given in twips from the object's upper left corner.
+    place place_in(const screen_object& o, const area& part) const
+    {
+        const place whole = place_of(o);
+        const double growth = whole.width() / o.Width;
+        return {whole.x() + part.Left * growth, whole.y() + part.Top * growth, part.Width * growth,
+                part.Height * growth};
+    }
+
+    // A number on a panel's caption line, to the right of the caption.
+    callout on_head(const screen_object& o, double across = 0.93) const
+    {
+        const place p = place_of(o);
+        return on({p.left() + p.width() * across, p.top() + 165});
+    }
+    callout right_of(const screen_object& o, double distance = 240) const
+    {
+        const place p = place_of(o);
+        return on({p.right() + distance, p.center().y()});
+    }
+    // A number at this distance from the point or object that it marks, twips.
+    static callout beside(QPointF point, double across, double down)
+    {
+        return {point + QPointF(across, down), point};
+    }
+    callout beside(const screen_object& o, double across, double down) const
+    {
+        return beside(place_of(o).center(), across, down);
     }
 
     // Each saves a picture: of a whole screen, of a part of a screen scaled to a width, of the middle of the
-    // sight, of the next box.
-    void take(const QString& name, form& f, const std::vector<callout>& callouts = {})
+    // sight.
+    void take(const QString& name, form& f, const std::vector<callout>& callouts = {}) const
     {
         save(name, look(f, callouts, 42).scaledToWidth(800, Qt::SmoothTransformation));
     }
     void take_part(const QString& name, form& f, const place& part, int width,
-                   const std::vector<callout>& callouts = {})
+                   const std::vector<callout>& callouts = {}) const
     {
         const double size = 26 * part.width() * resolution / width;   // 26 pixels after scaling
         const QImage picture = look(f, callouts, size);
         const QRect cut = QRectF(part.topLeft() * resolution, part.size() * resolution).toAlignedRect();
         save(name, picture.copy(cut & picture.rect()).scaledToWidth(width, Qt::SmoothTransformation));
     }
-    void take_sight(const QString& name, gunnery_screen& s, const std::vector<callout>& callouts = {})
+    void take_sight(const QString& name, gunnery_screen& s, const std::vector<callout>& callouts = {}) const
     {
-        const place middle = s.visual() ? place(2500, 60, 4300, 3225) : place(3000, 1400, 3440, 2580);
+        const area middle = s.visual() ? area{2500, 60, 4300, 3225} : area{3000, 1400, 3440, 2580};
         take_part(name, s.window, place_in(s.Picrange, middle), 440, callouts);
     }
 
     // The screen at the size of the pictures, with the numbers.
-    QImage look(form& f, const std::vector<callout>& callouts = {}, double size = 1)
+    QImage look(const form& f, const std::vector<callout>& callouts = {}, double size = 1) const
     {
-        pc.sync();
-        QWidget& window = window_at_size(f);
-        window.grab();   // starts to read the twins of pictures
+        form_window& shown = window(f);
+        shown.grab();   // starts to read the twins of pictures
         for (const screen_object* o : f.objects)
             while (reads_twin(o->Picture)) QThread::msleep(5);
-        QImage picture = window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QImage picture = shown.grab().toImage().convertToFormat(QImage::Format_RGB32);
         QPainter p(&picture);
         p.setRenderHint(QPainter::Antialiasing);
         int number = 0;
@@ -202,48 +170,48 @@ public:
         return picture;
     }
 
-    void save(const QString& name, const QImage& picture)
+    void save(const QString& name, const QImage& picture) const
     {
-        tools::save(folder_.filePath(name + ".jpg"), tools::encoded(picture, "jpeg", 88));
+        tools::save(folder.filePath(name + ".jpg"), tools::encoded(picture, "jpeg", 88));
     }
 
-    // The clock advances by one frame whenever a window is painted during a counted move, so that the
-    // pictures don't depend on the speed of the computer.
-    static constexpr double frame = 1.0 / 60;
+    // Seconds. The clock advances by one frame whenever a window is painted during a counted move, so that
+    // the pictures don't depend on the speed of the computer.
     double time = 0;
-    std::function<void()> aged;
     const QObject* filmed = nullptr;   // the window whose frames are counted; null: all
+    static constexpr double frame = 1.0 / 60;
 
     desktop_machine pc;
     trainer t{pc};
-    std::string wanted_file;   // chosen in the next file dialog
-    QString box_picture;       // the next box is saved under this name
-
-protected:
-    bool eventFilter(QObject* o, QEvent* e) override
-    {
-        if (e->type() == QEvent::UpdateRequest && (filmed == nullptr || o == filmed)) age(frame);
-        return false;
-    }
+    const QDir folder, frame_folder;
+    QString box_picture;   // the next box is saved under this name
 
 private:
-    // Answers an open box with yes, a file dialog with wanted_file.
-    void answer_box()
+    // The window of a screen, resized to the size of the pictures.
+    form_window& window(const form& f) const
+    {
+        form_window& w = *pc.window(f);
+        w.resize(1024 * scale, 768 * scale);
+        w.sync();
+        return w;
+    }
+    bool eventFilter(QObject* o, QEvent* e) override
+    {
+        if (e->type() == QEvent::UpdateRequest && (filmed == nullptr || o == filmed)) time += frame;
+        return false;
+    }
+    // Answers an open box with yes, a file dialog with a range.
+    void timerEvent(QTimerEvent*) override
     {
         QWidget* box = QApplication::activeModalWidget();
         if (auto* files = qobject_cast<QFileDialog*>(box)) {
-            files->selectFile(QString::fromStdString(t.shared.rootpath + '/' + wanted_file));
-            static_cast<QDialog&>(*files).accept();
+            files->selectFile(QString::fromStdString(t.shared.rootpath + "/visualrange.arf"));
+            static_cast<QDialog*>(files)->accept();
         } else if (auto* question = qobject_cast<QMessageBox*>(box)) {
-            if (!box_picture.isEmpty()) save(box_picture, box->grab().toImage());
-            box_picture.clear();
-            QAbstractButton* yes = question->button(QMessageBox::Yes);
-            (yes != nullptr ? yes : question->button(QMessageBox::Ok))->click();
+            if (!box_picture.isEmpty()) save(std::exchange(box_picture, {}), box->grab().toImage());
+            question->done(QMessageBox::Yes);
         }
     }
-
-    QDir folder_;
-    QTimer answers_;
 };
 
 }   // namespace vorn

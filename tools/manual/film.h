@@ -1,7 +1,6 @@
 // Takes a moving picture of a sight at ten frames a second. Below the sight it shows which keys are pressed.
 #pragma once
 
-#include <QPainter>
 #include <cmath>
 #include <functional>
 
@@ -10,32 +9,31 @@
 
 namespace vorn {
 
-class film {
+class film : public QObject {
 public:
-    // `part`: of the sight, twips; `keys`: those shown below it; `files`: where the frames go, without their
-    // numbers.
-    film(camera& c, gunnery_screen& s, QRectF part, QString keys, QString files)
-        : c_(c), s_(s), part_(part), keys_(std::move(keys)), files_(std::move(files)), next_(c.time)
+    // `part`: of the sight, twips; `keys`: those shown below it; `name`: of the files of the frames, without
+    // the numbers.
+    film(camera& c, gunnery_screen& s, QRectF part, QString keys, QString name)
+        : c_(c), s_(s), part_(part), keys_(std::move(keys)), name_(std::move(name)), next_(c.time)
     {
         c_.filmed = c_.pc.window(s.window);
-        c_.aged = [this] { take_if_due(); };
+        c_.pc.window(s.window)->installEventFilter(this);
     }
-    ~film()
-    {
-        c_.filmed = nullptr;
-        c_.aged = nullptr;
-    }
-    film(const film&) = delete;
-    film& operator=(const film&) = delete;
+    ~film() override { c_.filmed = nullptr; }
 
     void wait(double seconds)
     {
-        for (const double end = c_.time + seconds; c_.time < end;) step();
+        until([this, end = c_.time + seconds] { return c_.time >= end; });
     }
     void until(const std::function<bool()>& reached)
     {
         constexpr double longest = 10;   // seconds
-        for (const double end = c_.time + longest; !reached() && c_.time < end;) step();
+        for (const double end = c_.time + longest; !reached() && c_.time < end;) {
+            c_.time += camera::frame;
+            take_if_due();
+            deliver_ticks(c_.pc);
+            c_.pc.sync();
+        }
     }
     void press(char key)
     {
@@ -61,21 +59,46 @@ public:
         go('H', 'J', [=, this] { return aimacross(s_) + across; });
         go('U', 'N', [=, this] { return aimdown(s_) + down; });
     }
-    QImage first() const { return QImage(file(0)); }
+    // Ends when the gun is laid and loaded.
+    void laze_and_autolay()
+    {
+        tap('A');
+        press('S');
+        until([this] { return !s_.layready; });
+        wait(0.3);
+        release('S');
+        until([this] { return s_.gunloaded; });
+        wait(0.3);
+    }
+    bool destroyed() const { return s_.lblcrew.Caption.find("TARGET STOP") != std::string::npos; }
+    // Saves the first frame, with a play symbol, as a picture of its own.
+    void finish()
+    {
+        if (!destroyed()) tools::fail(name_ + ": the target isn't destroyed");
+        wait(1.2);
+        tap('W');
+        QImage first(file(0));
+        QPainter p(&first);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.translate(first.width() / 2.0, (first.height() - bar_height) / 2.0);
+        p.setPen(Qt::NoPen);
+        p.setBrush(QColor(0, 0, 0, 150));
+        p.drawEllipse(QPointF(0, 0), 34, 34);
+        p.setBrush(amber);
+        p.drawPolygon(QPolygonF({{-11, -18}, {-11, 18}, {21, 0}}));
+        p.end();
+        c_.save("film_" + name_, first);
+    }
 
 private:
-    void step()
+    static constexpr int bar_height = 62;   // pixels
+    static constexpr QColor amber{255, 190, 60};
+
+    // A counted move paints frames.
+    bool eventFilter(QObject*, QEvent* e) override
     {
-        c_.age(camera::frame);
-        deliver_ticks(c_.pc);
-        c_.pc.sync();
-    }
-    void take_if_due()
-    {
-        constexpr double interval = 0.1;
-        if (c_.time < next_) return;
-        next_ += interval;
-        take();
+        if (e->type() == QEvent::UpdateRequest) take_if_due();
+        return false;
     }
     // Presses direction keys until the offset is small. The duration of each press is computed from the
     // acceleration of the traverse.
@@ -83,8 +106,7 @@ private:
     {
         constexpr double near = 25, slowest = 20;   // twips; twips per tick
         for (int tries = 0; std::abs(off()) > near && tries < 40; ++tries) {
-            const double distance = std::abs(off());
-            const double ticks = std::sqrt(slowest * slowest + 2 * distance) - slowest;
+            const double ticks = std::sqrt(slowest * slowest + 2 * std::abs(off())) - slowest;
             const char key = off() > 0 ? more : less;
             press(key);
             wait(std::max(1.0, std::floor(ticks)) * camera::frame);
@@ -92,23 +114,28 @@ private:
         }
     }
 
-    void take()
+    void take_if_due()
     {
-        constexpr int width = 560, bar = 62;     // pixels
+        if (c_.time < next_) return;
+        next_ += 0.1;
+        constexpr int width = 560;               // pixels
         constexpr int hardly_compressed = 100;   // saves time: each frame is read only once
         sight_view& v = *c_.pc.window(s_.window)->sight_of(s_.Imgrange);
         const double pixels = v.width() / s_.Picrange.Width;   // per twip
         const QRect part(QRectF(part_.topLeft() * pixels, part_.size() * pixels).toAlignedRect());
         const QImage seen = v.grab(part).toImage().scaledToWidth(width, Qt::SmoothTransformation);
-        QImage frame(width, seen.height() + bar, QImage::Format_RGB32);
+        QImage frame(width, seen.height() + bar_height, QImage::Format_RGB32);
         frame.fill(QColor(24, 26, 24));
         QPainter p(&frame);
         p.drawImage(0, 0, seen);
-        draw_keys(p, QRectF(10, seen.height(), width - 20, bar));
+        draw_keys(p, QRectF(10, seen.height(), width - 20, bar_height));
         p.end();
         frame.save(file(count_++), nullptr, hardly_compressed);
     }
-    QString file(int frame) const { return files_ + QString("-%1.png").arg(frame, 3, 10, QChar('0')); }
+    QString file(int frame) const
+    {
+        return c_.frame_folder.filePath(QString("%1-%2.png").arg(name_).arg(frame, 3, 10, QChar('0')));
+    }
     void draw_keys(QPainter& p, const QRectF& bar) const
     {
         constexpr double cap = 28;
@@ -124,14 +151,14 @@ private:
         QRectF at(bar.left(), bar.bottom() - cap - 5, cap, cap);
         for (const QChar key : keys_) {
             const bool down = pressed_.contains(key);
-            p.setPen(QPen(down ? QColor(255, 190, 60) : QColor(120, 124, 116), 1.5));
-            p.setBrush(down ? QColor(255, 190, 60) : QColor(52, 55, 50));
+            p.setPen(QPen(down ? amber : QColor(120, 124, 116), 1.5));
+            p.setBrush(down ? amber : QColor(52, 55, 50));
             p.drawRoundedRect(at, 5, 5);
             p.setPen(down ? Qt::black : QColor(200, 202, 190));
             p.drawText(at, Qt::AlignCenter, key);
             at.translate(cap + 6, 0);
         }
-        p.setPen(QColor(255, 190, 60));
+        p.setPen(amber);
         p.drawText(QRectF(at.left() + 6, at.top(), 200, cap), Qt::AlignLeft | Qt::AlignVCenter,
                    work_of(pressed_));
     }
@@ -148,7 +175,7 @@ private:
     camera& c_;
     gunnery_screen& s_;
     QRectF part_;
-    QString keys_, files_;
+    QString keys_, name_;
     double next_;       // time of the next frame
     QString pressed_;   // the keys that are down, the last pressed at the end
     int count_ = 0;

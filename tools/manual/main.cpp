@@ -23,12 +23,16 @@
 namespace vorn {
 namespace {
 
+// An engagement type, and the keys that select its ammunition.
+struct ammunition {
+    int type;
+    const char* keys;
+};
+constexpr ammunition coax{2, "Q"}, hesh{3, "ERR"}, fin{4, "E"};
+
 class tour : public camera {
 public:
-    tour(const std::string& program_directory, const QString& folder, const QString& frames)
-        : camera(program_directory, folder), frames_(frames)
-    {
-    }
+    using camera::camera;
 
     void take_all()
     {
@@ -48,10 +52,10 @@ public:
 
 private:
     // The position nearest to this range that isn't near a side of the picture.
-    int position_at(int metres) const
+    int position_at(int metres)
     {
         const practice_state& p = t.shared;
-        const double width = (p.practicemode == 2 ? t.thermal : t.simulator).Imgrange.Width;
+        const double width = practice_screen(t).Imgrange.Width;
         const auto off = [&](int i) {
             const bool inside = p.targetx[i] > width * 0.15 && p.targetx[i] < width * 0.85;
             return std::abs(p.targetrange[i] - metres) + (inside ? 0 : 5000);
@@ -59,16 +63,16 @@ private:
         return std::ranges::min(std::views::iota(1, practice_entries), {}, off);
     }
     // Runs the practice until the order for a target at this range.
-    void order(gunnery_screen& s, int metres)
+    void order(gunnery_screen& s, const ammunition& a, int metres)
     {
-        const int position = position_at(metres);
-        t.random.source = [position] { return (position - 0.5) / 19; };
+        t.shared.engagementtype = a.type;
+        t.random.source = [position = position_at(metres)] { return (position - 0.5) / 19; };
         tick(s.Timer1);   // draws the position
         tick_while(s.Timpause, [&] { return !s.Timtarget.Enabled; });
     }
-    void order_and_target(gunnery_screen& s, int metres)
+    void order_and_target(gunnery_screen& s, const ammunition& a, int metres)
     {
-        order(s, metres);
+        order(s, a, metres);
         tick_while(s.Timtarget, [&] { return !s.Imgtargets.Visible || !s.targetcalled; });
     }
     // Moves the centre of the target to this offset from the aim point, twips.
@@ -79,20 +83,28 @@ private:
             movepicture(s, &object_fields::Top, down - aimdown(s));
         });
     }
+    // Not laid on 0, since the debrief draws a lase at offset 0 pale.
+    void lay_on_and_laze(gunnery_screen& s)
+    {
+        lay_on(s, 12, -20);
+        tap(s, "A");
+    }
+    void load(gunnery_screen& s)
+    {
+        tick_while(s.Timloading, [&] { return !s.gunloaded; });
+    }
     void hold_autolay_and_load(gunnery_screen& s)
     {
         key(s, 'S', true);
         tick_while(s.timautolay, [&] { return s.layready; });
-        tick_while(s.Timloading, [&] { return !s.gunloaded; });
+        load(s);
     }
-    // Does everything up to the first round; the autolay key stays held. `nature`: the keys that select the
-    // ammunition.
-    void engage(gunnery_screen& s, int metres, const char* nature)
+    // Does everything up to the first round; the autolay key stays held.
+    void engage(gunnery_screen& s, const ammunition& a, int metres)
     {
-        order_and_target(s, metres);
-        tap(s, nature);
-        lay_on(s, 12, -20);   // not 0, since the debrief draws a lase at offset 0 pale
-        tap(s, "A");
+        order_and_target(s, a, metres);
+        tap(s, a.keys);
+        lay_on_and_laze(s);
         hold_autolay_and_load(s);
     }
     void fire(gunnery_screen& s)
@@ -100,9 +112,10 @@ private:
         tap(s, "D");
         key(s, 'S', false);
     }
-    void lay_and_fire(gunnery_screen& s, double across, double down)
+    // Fires a FIN round that falls at this offset from the target's centre.
+    void fire_fin(gunnery_screen& s, double across, double down = 0)
     {
-        lay_on(s, across, down);
+        lay_on(s, across, s.currentrange / 2.0 + down);
         fire(s);
     }
     void end_engagement(gunnery_screen& s)
@@ -110,18 +123,6 @@ private:
         tick_while(s.Timexplode, [] { return true; });
         tick_while(s.Timtarget, [&] { return s.Imgtargets.Visible; });
         tap(s, "W");
-    }
-    // Fires a whole FIN engagement. The first round is laid this far to the side; if it misses, the second
-    // one hits.
-    void quick_fin(gunnery_screen& s, int metres, double first_across)
-    {
-        engage(s, metres, "E");
-        lay_and_fire(s, first_across, s.currentrange / 2.0);
-        if (s.Imgtargets.Visible && !s.targethit) {
-            tick_while(s.Timloading, [&] { return !s.gunloaded; });
-            lay_and_fire(s, -40, s.currentrange / 2.0);
-        }
-        end_engagement(s);
     }
 
     void start_practice(screen_object& mode, gunnery_screen& s)
@@ -159,29 +160,22 @@ private:
         SDL_Joystick* stick = SDL_JoystickOpen(index);
         pc.joystick().poll();
         click(s.Cmdstart);
-        const auto button = [&](int n, bool down) {
-            SDL_JoystickSetVirtualButton(stick, n, down ? 1 : 0);
-            SDL_JoystickUpdate();
-            pc.run([&] { (down ? s.window.ButtonDown : s.window.ButtonUp)(n + 1); });
-        };
-        for (const int n : {0, 0, 1}) {
-            button(n, true);
-            button(n, false);
+        for (const int button : {1, 1, 2}) {
+            pc.run([&] { s.window.ButtonDown(button); });
+            pc.run([&] { s.window.ButtonUp(button); });
         }
         SDL_JoystickSetVirtualAxis(stick, 0, 21000);
         SDL_JoystickSetVirtualAxis(stick, 1, -17000);
         SDL_JoystickUpdate();
         for (int i = 0; i < 6; ++i) pc.run([&] { s.window.Move(53768, 15768); });
-        button(2, true);
+        pc.run([&] { s.window.ButtonDown(3); });
         take("calibration", s.window,
              {right_of(s.Cmdfinish), on(place_of(s.Lblstick).center() + QPointF(-5600, 0)),
               on_head(s.Frmstick), on_head(s.Frmreadings), on_head(s.Frmbuttons), on_head(s.Frminfo)});
-        button(2, false);
         SDL_JoystickDetachVirtual(index);
         SDL_JoystickClose(stick);
         pc.joystick().poll();
-        close_by_frame(s.window);
-        pc.sync();
+        pc.run([&] { close_by_frame(s.window); });
     }
 
     void visual_screen(gunnery_screen& s)
@@ -189,26 +183,24 @@ private:
         take("visual", s.window,
              {on_head(s.Frame3), on_head(s.Frmsys), on_head(s.Frame5), on_head(s.Frmcon), right_of(s.lblcrew),
               on_head(s.Frame2, 0.05), on_head(s.Picrange, 0.97)});
-        const auto at = [&](double x, double y) { return place_in(s.Picrange, place(x, y, 0, 0)).topLeft(); };
+        take_part("keys", s.window, place_of(s.Frmcon), 260);
+        // The panel of the mouse controls is at the place of the key card.
+        std::swap(s.Frmcon.Visible, s.Frmmousecon.Visible);
+        take_part("gunners_buttons", s.window, place_of(s.Frmmousecon), 260);
+        std::swap(s.Frmcon.Visible, s.Frmmousecon.Visible);
+        const auto at = [&](double x, double y) { return place_in(s.Picrange, {x, y}).topLeft(); };
         s.Imgtargets.Visible = false;
-        take_part("reticle", s.window, place_in(s.Picrange, place(1500, 300, 6200, 6200)), 560,
-                  {beside(s.mbs1, -1500, -250), beside(centre_in_sight(s.mbs1, 110, -40), 1500, -250),
+        take_part("reticle", s.window, place_in(s.Picrange, {1500, 300, 6200, 6200}), 560,
+                  {beside(s.mbs1, -1500, -250), beside(at(4650, 1115), 1500, -250),
                    beside(at(3755, 1950), -1500, 200), beside(at(4280, 2910), -2200, -150),
                    beside(at(3060, 3740), -700, 300), beside(at(6490, 3740), 700, 300)});
         s.Imgtargets.Visible = true;
-        // The panel of the mouse controls is at the place of the key card.
-        s.Frmcon.Visible = false;
-        s.Frmmousecon.Visible = true;
-        take_part("gunners_buttons", s.window, place_of(s.Frmmousecon), 260);
-        s.Frmmousecon.Visible = false;
-        s.Frmcon.Visible = true;
-        take_part("keys", s.window, place_of(s.Frmcon), 260);
     }
 
     void visual_fin(gunnery_screen& s)
     {
-        order_and_target(s, 900);
-        tap(s, "E");
+        order_and_target(s, fin, 900);
+        tap(s, fin.keys);
         lay_on(s, 12, -20);
         visual_screen(s);
         take_sight("fin_laid_on", s);
@@ -216,9 +208,9 @@ private:
         take_sight("fin_lased", s);
         hold_autolay_and_load(s);
         take_sight("fin_autolaid", s);
-        lay_and_fire(s, -30, s.currentrange / 2.0);
+        fire_fin(s, -30);
         tick_while(s.Timexplode, [&] { return s.explodeframe < 6; });
-        age(0.5);
+        time += 0.5;
         take_sight("hit", s);
         end_engagement(s);
     }
@@ -226,13 +218,14 @@ private:
     // The first round misses because of the wind, the corrected second one hits.
     void visual_hesh(gunnery_screen& s)
     {
-        engage(s, 1000, "ERR");
-        take_part("hesh_laid", s.window, place_in(s.Picrange, place(2025, 60, 5000, 3750)), 440);
+        engage(s, hesh, 1000);
+        take_part("hesh_laid", s.window, place_in(s.Picrange, {2025, 60, 5000, 3750}), 440);
         fire(s);
         const double wind = s.windoffset;
         lay_on(s);
-        age(0.7);
-        take_sight("hesh_strike", s, {beside(centre_in_sight(s.mbs1, wind), 700, -420)});
+        time += 0.7;
+        const area strike{s.mbs1.Left + wind, s.mbs1.Top, s.mbs1.Width, s.mbs1.Height};
+        take_sight("hesh_strike", s, {beside(place_in(s.Picrange, strike).center(), 700, -420)});
         lay_on(s, -wind);
         take_sight("hesh_first_press", s);
         tap(s, "R");
@@ -240,14 +233,14 @@ private:
         tap(s, "R");
         take_sight("hesh_second_press", s);
         hold_autolay_and_load(s);
-        // Not 0 across: the debrief shows no button for a round at offset 0.
-        lay_and_fire(s, 12, 2.0 * s.currentrange);
+        lay_on(s, 12, 2.0 * s.currentrange);   // not 0: the debrief shows no button for a round at offset 0
+        fire(s);
         end_engagement(s);
     }
 
     void visual_coax(gunnery_screen& s)
     {
-        engage(s, 700, "Q");
+        engage(s, coax, 700);
         key(s, 'S', false);
         lay_on(s, 45, 2.0 * s.currentrange + 30);
         for (int burst = 0; burst < 5 && !s.targethit; ++burst) {
@@ -255,13 +248,11 @@ private:
             t.random.source = [] { return 0.35; };
             for (int i = 0; i < 3; ++i) tick(s.Timcoax);
             if (burst == 1) {
-                age(0.2);
+                time += 0.2;
                 // From above the dot to below the strike.
                 const double high = 2.0 * s.currentrange + 1100;
-                take_part("coax", s.window,
-                          place_in(s.Picrange,
-                                   place(s.mbs1.Left - high / 1.5, s.mbs1.Top - 400, high * 4 / 3, high)),
-                          440);
+                const area part{s.mbs1.Left - high / 1.5, s.mbs1.Top - 400, high * 4 / 3, high};
+                take_part("coax", s.window, place_in(s.Picrange, part), 440);
             }
             key(s, 'D', false);
         }
@@ -271,13 +262,16 @@ private:
     void visual()
     {
         gunnery_screen& s = t.simulator;
-        pc.run([&] { select_option(t.startsim.Opteng1); });
         t.shared.heshcorrectall = true;
         start_practice(t.startsim.Optmode1, s);
         visual_fin(s);
         visual_hesh(s);
         visual_coax(s);
-        quick_fin(s, 1100, -190);
+        engage(s, fin, 1100);
+        fire_fin(s, -190);   // a miss
+        load(s);
+        fire_fin(s, -40);
+        end_engagement(s);
         mistakes(s);
     }
 
@@ -285,24 +279,20 @@ private:
     // autolay, and two HESH rounds without a correction.
     void mistakes(gunnery_screen& s)
     {
-        t.shared.engagementtype = 4;
-        engage(s, 1000, "E");
-        lay_and_fire(s, 12, s.currentrange / 2.0 + 330);
+        engage(s, fin, 1000);
+        fire_fin(s, 12, 330);
         end_engagement(s);
-        t.shared.engagementtype = 3;
-        order_and_target(s, 1000);
-        tap(s, "ERR");
-        lay_on(s, 12, -20);
-        tap(s, "A");
-        tick_while(s.Timloading, [&] { return !s.gunloaded; });
+        order_and_target(s, hesh, 1000);
+        tap(s, hesh.keys);
+        lay_on_and_laze(s);
+        load(s);
         s.windoffset = 0;   // so that the round misses for one reason only
         fire(s);
         end_engagement(s);
-        engage(s, 1000, "ERR");
+        engage(s, hesh, 1000);
         s.windoffset /= 2;   // so that the marks are inside the picture
         fire(s);
-        lay_on(s, 12, -20);
-        tap(s, "A");
+        lay_on_and_laze(s);
         hold_autolay_and_load(s);
         fire(s);
         end_engagement(s);
@@ -328,15 +318,10 @@ private:
     // The pictures of the six cases.
     void cases(results_screen& s)
     {
-        const place frame = place_of(s.Frame1);
-        const auto x = [&](double twips) { return frame.width() * twips / s.Frame1.Width; };
-        const place marks(frame.left() + x(60), frame.top() + x(720), x(4575), x(3255));
-        const struct {
-            int engagement, round;
-        } shown[] = {{1, 1}, {4, 1}, {2, 1}, {5, 1}, {6, 1}, {7, 2}};
-        for (int n = 1; const auto& c : shown) {
-            click(s.Lbltgtnumber[c.engagement]);
-            if (c.round == 2) click(s.cmdround2);
+        const place marks = place_in(s.Frame1, s.Imgfos.Within);
+        for (int n = 1; const int engagement : {1, 4, 2, 5, 6, 7}) {
+            click(s.Lbltgtnumber[engagement]);
+            if (engagement == 7) click(s.cmdround2);
             take_part(QString("case%1").arg(n++), s.window, marks, 240);
         }
     }
@@ -344,16 +329,15 @@ private:
     void thermal()
     {
         gunnery_screen& s = t.thermal;
-        t.shared.engagementtype = 4;
         start_practice(t.startsim.Optmode2, s);
-        order_and_target(s, 900);
+        order_and_target(s, fin, 900);
         lay_on(s);
         take_sight("thermal_stadia", s);
-        tap(s, "E");
+        tap(s, fin.keys);
         take("thermal", s.window,
              {on_head(s.Frame3), on_head(s.Frmsys), on_head(s.Frame4), on_head(s.Frmcon),
-              on(right_of(s.lblcrew).at - QPointF(700, 0)), beside(s.Lblammotype, 0, 600),
-              beside(s.Lblrange, 0, 600), on_head(s.Picrange, 0.97)});
+              right_of(s.lblcrew, -460), beside(s.Lblammotype, 0, 600), beside(s.Lblrange, 0, 600),
+              on_head(s.Picrange, 0.97)});
         take_sight("thermal_cross", s);
         tap(s, "A");
         take_sight("thermal_lased", s);
@@ -374,11 +358,12 @@ private:
         click(t.startsim.cmdgame);
         click(s.Cmdstartsim);
         for (const int metres : {800, 950, 1100}) {
-            t.shared.engagementtype = 4;
-            quick_fin(s, metres, -30);
+            engage(s, fin, metres);
+            fire_fin(s, -30);
+            end_engagement(s);
         }
-        order_and_target(s, 900);
-        tap(s, "E");
+        order_and_target(s, fin, 900);
+        tap(s, fin.keys);
         lay_on(s);
         take("quick_start", s.window);
         box_picture = "score";
@@ -391,9 +376,8 @@ private:
     {
         rauthor_screen& s = t.rauthor;
         click(t.startsim.cmdeditrange);
-        wanted_file = "visualrange.arf";
         click(s.Cmdopen);
-        s.outcome.Caption = wanted_file + " is open";   // without the path of the folder on this computer
+        s.outcome.Caption = "visualrange.arf is open";   // without the path of the folder on this computer
         click(s.Lbltargetnum[7]);
         take("editor", s.window,
              {on_head(s.Frame5), on_head(s.Frame3, 0.5), on_head(s.Frame4),
@@ -413,53 +397,17 @@ private:
             return (seed >> 16 & 0x7fff) / 32768.0;
         };
     }
-    static bool destroyed(const gunnery_screen& s)
-    {
-        return s.lblcrew.Caption.find("TARGET STOP") != std::string::npos;
-    }
-    // Saves the first frame, with a play symbol.
-    void finish(const gunnery_screen& s, film& f, const QString& name)
-    {
-        if (!destroyed(s)) tools::fail(name + ": the target isn't destroyed");
-        f.wait(1.2);
-        f.tap('W');
-        QImage first = f.first();
-        QPainter p(&first);
-        p.setRenderHint(QPainter::Antialiasing);
-        p.translate(first.width() / 2.0, (first.height() - 62) / 2.0);
-        p.setPen(Qt::NoPen);
-        p.setBrush(QColor(0, 0, 0, 150));
-        p.drawEllipse(QPointF(0, 0), 34, 34);
-        p.setBrush(QColor(255, 190, 60));
-        p.drawPolygon(QPolygonF({{-11, -18}, {-11, 18}, {21, 0}}));
-        p.end();
-        save(name, first);
-    }
-
-    // Ends when the gun is laid and loaded.
-    static void laze_and_autolay(const gunnery_screen& s, film& f)
-    {
-        f.tap('A');
-        f.press('S');
-        f.until([&] { return !s.layready; });
-        f.wait(0.3);
-        f.release('S');
-        f.until([&] { return s.gunloaded; });
-        f.wait(0.3);
-    }
-
     void film_fin(gunnery_screen& s)
     {
-        t.shared.engagementtype = 4;
-        order(s, 900);
-        film f(*this, s, {2725, 80, 3600, 2520}, "EUHJNASDW", frames_ + "/fin");
+        order(s, fin, 900);
+        film f(*this, s, {2725, 80, 3600, 2520}, "EUHJNASDW", "fin");
         f.until([&] { return s.lblcrew.Caption.find(" ON ") != std::string::npos; });
         scatter(7);
         f.wait(0.3);
         f.tap('E');
         f.lay(-60, 0);
         f.wait(0.3);
-        laze_and_autolay(s, f);
+        f.laze_and_autolay();
         // Fires just after a tick of the target's timer, so that the explosion is seen for nearly a second:
         // the next tick takes down the target that was hit.
         f.until([&] {
@@ -467,15 +415,14 @@ private:
             return since - std::floor(since) < 0.05;
         });
         f.tap('D');
-        finish(s, f, "film_fin");
+        f.finish();
     }
     // Begins when the gun is already laid.
     void film_hesh(gunnery_screen& s)
     {
-        t.shared.engagementtype = 3;
-        engage(s, 800, "ERR");
+        engage(s, hesh, 800);
         scatter(5);
-        film f(*this, s, {2425, 80, 4200, 2940}, "HJRSDW", frames_ + "/hesh");
+        film f(*this, s, {2425, 80, 4200, 2940}, "HJRSDW", "hesh");
         f.press('S');
         f.wait(0.6);
         f.tap('D');
@@ -493,31 +440,30 @@ private:
         f.wait(0.3);
         f.tap('D');
         f.release('S');
-        finish(s, f, "film_hesh");
+        f.finish();
     }
     void film_coax(gunnery_screen& s)
     {
-        t.shared.engagementtype = 2;
-        order_and_target(s, 700);
-        film f(*this, s, {2525, 80, 4000, 2800}, "QUHJNASDW", frames_ + "/coax");
+        order_and_target(s, coax, 700);
+        film f(*this, s, {2525, 80, 4000, 2800}, "QUHJNASDW", "coax");
         scatter(3);
         f.tap('Q');
         f.lay(-90, 120);
         f.wait(0.2);
-        laze_and_autolay(s, f);
+        f.laze_and_autolay();
         f.press('D');   // the burst falls short; the gunner then moves the strikes onto the target
         f.wait(0.8);
         f.lay(-45, -(2.0 * s.currentrange + 30));
         f.wait(0.5);
         f.release('D');
         f.wait(0.3);
-        for (int burst = 0; burst < 6 && !destroyed(s); ++burst) {
+        for (int burst = 0; burst < 6 && !f.destroyed(); ++burst) {
             f.press('D');
-            f.until([&, end = pc.now() + 0.6] { return destroyed(s) || pc.now() >= end; });
+            f.until([&, end = pc.now() + 0.6] { return f.destroyed() || pc.now() >= end; });
             f.release('D');
             f.wait(0.3);
         }
-        finish(s, f, "film_coax");
+        f.finish();
     }
     void films()
     {
@@ -525,12 +471,11 @@ private:
         start_practice(t.startsim.Optmode1, s);
         s.layspeed = 10;
         t.shared.windbias = 2;
-        for (void (tour::*take)(gunnery_screen&) : {&tour::film_fin, &tour::film_hesh, &tour::film_coax})
-            (this->*take)(s);
+        film_fin(s);
+        film_hesh(s);
+        film_coax(s);
         click(s.Cmdmain);
     }
-
-    QString frames_;
 };
 
 }   // namespace
@@ -542,7 +487,6 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    vorn::tour tour(QDir(argv[1]).absolutePath().toStdString(), QDir(argv[2]).absolutePath(),
-                    QDir(argv[3]).absolutePath());
-    tour.take_all();
+    const auto absolute = [&](int i) { return QDir(argv[i]).absolutePath(); };   // the program changes folder
+    vorn::tour(absolute(1), absolute(2), absolute(3)).take_all();
 }
