@@ -221,5 +221,6 @@ library_once svg "$qt_key ${sources[qtsvg-opensource-src]} $(cat packaging/windo
 library_once sdl "${sources[libsdl2]} ${sdl_options[*]} $toolchain $(declare -f make_late_library)"
 build_trainer
 contents=$(find "$work/stage" -type f -print0 | sort -z | xargs -0 sha256sum | sha256sum)
+[ -e "$setup" ] && [ -e "$zip" ] || rm -f "$work/stamps/packages"
 once packages "$version $contents $(cat packaging/windows/{make_setup.sh,setup.nsi} | sha256sum)" make_packages
 say "the trainer for Windows: $(du -h "$setup" "$zip" | awk '{ printf "%s%s (%s)", s, $2, $1; s = " and " }')"

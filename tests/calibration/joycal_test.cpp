@@ -62,7 +62,7 @@ TEST_F(calibration, the_lamps_follow_the_first_four_buttons)
     for (const int button : {1, 4, 5, 0}) pc.stick_button(button, true);
     EXPECT_TRUE(lit(1) && !lit(2) && !lit(3) && lit(4));
     pc.stick_button(1, false);
-    EXPECT_TRUE(!lit(1) && lit(4));
+    EXPECT_TRUE(!lit(1) && !lit(2) && !lit(3) && lit(4));
 }
 
 TEST_F(calibration, the_dot_rests_in_the_dead_band_and_moves_a_twip_per_full_hundred_beyond)
