@@ -1,11 +1,26 @@
 #!/usr/bin/env bash
-# Installs what the tests need, makes 5,000 runs of each fuzzer, then builds and runs all tests. Arguments are passed to
+# Installs what the tests need, builds and runs all tests, and makes 5,000 runs of each fuzzer. Arguments are passed to
 # ctest, and the fuzzers are then skipped: ./test.sh -R desktop
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 source tools/setup.sh
 
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}"
-if [ $# -eq 0 ]; then run_fuzzers; fi
+# The fuzzers run beside the build of the tests, since each leaves a core idle while it configures and links. They get
+# a process group of their own, so that a failed build or Ctrl+C stops all of it.
+fuzzers=
+if [ $# -eq 0 ] && install_fuzzer_compiler; then
+    mkdir -p build
+    set -m
+    run_fuzzers >build/fuzz.log 2>&1 &
+    set +m
+    fuzzers=$!
+    trap 'kill -- "-$fuzzers" 2>/dev/null || true' EXIT
+fi
 build debug
+if [ -n "$fuzzers" ]; then
+    wait "$fuzzers" && failed= || failed=1
+    cat build/fuzz.log
+    [ -z "$failed" ] || { say "the fuzzers have failed"; exit 1; }
+fi
 exec ctest --preset debug -j "$(getconf _NPROCESSORS_ONLN)" "$@"

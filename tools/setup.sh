@@ -52,14 +52,18 @@ build() {
     cmake --preset "$1" && cmake --build --preset "$1" -j "$(getconf _NPROCESSORS_ONLN)"
 }
 
-# Builds the fuzzers and runs each 5,000 times. They need clang and its fuzzer library, which is a separate package
-# on Debian with clang's version in its name. Without them the fuzzers are skipped.
-run_fuzzers() {
+# The fuzzers need clang and its fuzzer library, which is a separate package on Debian with clang's version in its name.
+# Without them the fuzzers are skipped.
+install_fuzzer_compiler() {
     install_missing clang
-    command -v clang++ >/dev/null || { say "no clang++: the fuzzers are skipped."; return 0; }
+    command -v clang++ >/dev/null || { say "no clang++: the fuzzers are skipped."; return 1; }
     install_missing "libclang-rt-$(clang++ -dumpversion | cut -d. -f1)-dev"
     ls "$(clang++ -print-resource-dir)"/lib/*/libclang_rt.fuzzer*.a >/dev/null 2>&1 ||
-        { say "clang++ has no fuzzer library: the fuzzers are skipped."; return 0; }
+        { say "clang++ has no fuzzer library: the fuzzers are skipped."; return 1; }
+}
+
+# Builds the fuzzers and runs each 5,000 times.
+run_fuzzers() {
     cmake --preset fuzz && cmake --build --preset fuzz -j "$(getconf _NPROCESSORS_ONLN)" --target fuzzers &&
         ctest --preset fuzz
 }
