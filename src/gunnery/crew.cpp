@@ -12,8 +12,8 @@ void playsound(trainer& t, gunnery_screen& s, const std::string& file)
     if (t.shared.soundson) t.pc.play(t.shared.rootpath + path_separator + "wavs" + path_separator + file);
 }
 
-// During a call of the crew an effect is silent and ends the call's sound. No sound is left that keycoaxstop
-// would have to close.
+// During a call of the crew an effect is silent and ends the call's sound. It leaves soundfile unchanged:
+// keycoaxstop then has no sound to close.
 void effect(trainer& t, gunnery_screen& s, const std::string& file)
 {
     s.voicebusy ? t.pc.close_sound() : playsound(t, s, file);
@@ -32,7 +32,7 @@ void callcrew(trainer& t, gunnery_screen& s, const std::string& file)
     playsound(t, s, file);
 }
 
-// A further call doesn't reset voicecount: both calls end together.
+// A call that begins during another one doesn't reset voicecount: both end together.
 static void timvoice_tick(gunnery_screen& s)
 {
     s.voicecount += 1;
@@ -59,8 +59,8 @@ static void thermal_on(trainer& t, gunnery_screen& s)
     say(t, s, "on.wav");
 }
 
-// With voices off the text of the full system is shown only for status 1, not for status 0, which a degrading
-// practice has at first.
+// With voices off the text of the full system is shown only for status 1, not for status 0, which a
+// self-degrading practice has at first.
 static void visual_on(trainer& t, gunnery_screen& s)
 {
     const int status = t.shared.systemstatus;

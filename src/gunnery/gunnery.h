@@ -89,7 +89,7 @@ void make_input(trainer&, gunnery_screen&);
 void choosestadia(gunnery_screen&);
 
 // score.cpp: hits, and the score at the end of a practice.
-int row(const trainer&);   // row of the record for the running engagement
+int row(const trainer&);   // row of the record for the current engagement
 void recordhit(trainer&, gunnery_screen&);
 void practiceend(trainer&, gunnery_screen&);
 

@@ -8,8 +8,8 @@ namespace vorn {
 
 namespace {
 
-// The next order comes after this many ticks of Timpause or, with targets on demand, at a click on SHOW NEXT
-// TARGET.
+// The next order comes after this many ticks of Timpause. With targets on demand a click on SHOW NEXT TARGET
+// starts Timpause.
 void waitfornext(trainer& t, gunnery_screen& s, int ticks)
 {
     s.targetwait = ticks;
@@ -49,8 +49,8 @@ void timpause_tick(trainer& t, gunnery_screen& s)
     nexttarget(t, s);
 }
 
-// FIN, HESH, COAX in turn. Nothing resets ordercount: the 19th order keeps the nature of the 18th, and all
-// from the 20th on are FIN.
+// FIN, HESH, COAX in turn. Nothing resets ordercount. The 20th order is FIN. The 19th and all after the 20th
+// keep the nature of the order before, even if that was in another practice.
 void choosemixed(gunnery_screen& s)
 {
     s.ordercount += 1;

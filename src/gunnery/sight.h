@@ -43,7 +43,8 @@ struct fin_numbers {
     double drift;      // per step, to the right
 };
 
-// The flight of a HESH round: it starts above the aim point by the range plus `from`, and falls to its drop.
+// The flight of a HESH round: it starts above the aim point, by `from` plus one twip per metre of range, and
+// falls to its drop.
 struct hesh_numbers {
     double from;
     drop_numbers to;
@@ -169,7 +170,8 @@ inline double target_width(const sight_numbers& n, double metres, int divisor)
     return std::clamp(width, smallest_target, largest_target);
 }
 
-// The bounds of a round's upper left corner for a hit, relative to the target's corner. The edges are a miss.
+// The bounds of a round's upper left corner for a hit, relative to that of the target. A round exactly on a
+// bound misses.
 struct kill_box {
     double left, right, top, bottom;
 };

@@ -43,7 +43,7 @@ constexpr double above_sight = 960;
 bool commanderslay(trainer& t, gunnery_screen& s)
 {
     const sight_numbers& n = s.numbers;
-    const bool above = s.Imgtargets.Top < above_sight;   // before the first slew, which may move the target
+    const bool above = s.Imgtargets.Top < above_sight;   // before the slews: events in them may move it
     const bool left = s.Imgtargets.Left < left_of_sight;
     if (!slew(t, s, &object_fields::Left, left ? n.right : n.left)) return false;
     if (!slew(t, s, &object_fields::Top, above ? n.down : n.up)) return false;

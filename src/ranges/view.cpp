@@ -15,7 +15,7 @@ using S = rauthor_screen;
 constexpr double pointer = 240;
 constexpr int as_fast_as_possible = 1;   // milliseconds
 
-// Limits of the picture's movement, twips. The picture must not leave the sight window.
+// Limits of the picture's movement, twips. The picture stops when its edge is near the sight window's edge.
 constexpr double near_edge = -120;
 constexpr double window_width = 3000, window_height = 2500;
 constexpr double spare_below = 100, spare_right = 1;
