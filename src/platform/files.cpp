@@ -170,7 +170,7 @@ static bool write_over(const fs::path& file, const std::string& old, const std::
 }
 
 // A file in a folder without write permission may still be writable: it is then overwritten in place.
-// Anything but a regular file, such as a device, is also written in place.
+// A device is also written in place.
 std::string write_file(const machine& m, const std::string& path, const std::string& text)
 {
     constexpr const char* reason = "The file can't be written.";

@@ -17,7 +17,7 @@ inline constexpr double form_height = 11520;
 
 // Colours by role; the desktop machine defines their RGB values.
 enum class colour {
-    ground,      // background of forms and frames; as BackColor: transparent
+    ground,      // background of forms; as BackColor: no background of its own
     text,        // ordinary text and button text
     highlight,   // text under the mouse cursor, the selected item
     dim,         // secondary text
@@ -114,7 +114,7 @@ struct object_fields : area {
 struct form;
 struct screen_object;
 
-// How a docked object is shown in a strip that is only a line or two high. Objects inside it that aren't in
+// How a docked object is shown in a strip that is only a line or two high. Its child objects that aren't in
 // `places` are not shown there. Height 0: the object has no flat layout.
 struct flat_layout {
     double Width = 0, Height = 0;
@@ -129,7 +129,7 @@ struct screen_object : object_fields {
     int rank = 0;   // docked objects are arranged in the order of their ranks, then in drawing order
     flat_layout flat;
 
-    std::function<void()> Click;                   // button, label, option, check box
+    std::function<void()> Click;                   // button, label, image, option, check box
     std::function<void(double, double)> ClickAt;   // image; twips from its upper left corner
     std::function<void()> Change;                  // slider, text box
     std::function<void()> MouseDown;
@@ -154,9 +154,9 @@ struct timer {
 void start(timer&);
 void stop(timer&);
 
-// A key, by its virtual key code, that clicks a button while the panel of the button is hidden.
+// A key that clicks a button while the panel of the button is hidden.
 struct panel_key {
-    int code = 0;
+    int code = 0;       // virtual key code
     bool alt = false;   // with Alt held
     screen_object* button = nullptr;
 };
@@ -189,8 +189,8 @@ struct form {
     std::vector<panel_key> panel_keys;
     // The object that gets the keyboard focus after the current handler. The machine clears this field.
     const screen_object* takes_focus = nullptr;
-    // Returns the layout for a window that is this many twips wide when scaled to the height of the form. If
-    // empty, the layout is as designed.
+    // Returns the layout for a window that is this many twips wide when scaled to the height of the form.
+    // Without this function the layout is as designed, unless `spreads` is set.
     std::function<wide_layout(double width)> wide;
     bool spreads = false;   // without `wide`: in a wide window the objects are spread over the width
 
@@ -199,12 +199,12 @@ struct form {
     std::function<void()> unloaded;
     std::function<void()> MouseMove;    // over the form outside its objects
     std::function<void()> MouseLeave;   // the mouse has left the window
-    std::function<void(int)> KeyDown;   // virtual key code; called before the controls get the key
+    std::function<void(int)> KeyDown;   // virtual key code; called before the focused object gets the key
     std::function<void(int)> KeyUp;
     std::function<void(int)> ButtonDown;   // joystick button, from 1
     std::function<void(int)> ButtonUp;
     std::function<void(long, long)> Move;    // joystick; X to the right, Y towards the gunner, 0 to 65535
-    std::function<void()> JoystickChanged;   // joystick connected or disconnected; also called if hidden
+    std::function<void()> JoystickChanged;   // joystick connected or disconnected; also on a hidden screen
 };
 
 // Adds an object to the form, on top of the others. Each load restores its design values, if given.
