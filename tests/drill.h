@@ -45,8 +45,9 @@ private:
     std::filesystem::path path_;
 };
 
-// A range whose 20 positions are at one place, so that the lay is the same for all, at 600, 700 ... 2500
-// metres. With the sight as loaded, the place is a little to the right of and below the end of a lay.
+// A range whose 20 positions are at one place, so that the lay is the same for all. Their ranges are 600 to
+// 2500 metres, in steps of 100. After a load of the screen the place is to the right of the end of a lay and
+// below it.
 practice_state plain_range(sight_kind);
 // The first lines of the text of a file.
 std::string first_lines(const std::string& text, int n);

@@ -127,7 +127,7 @@ struct gunner {
     {
         static constexpr std::array<std::pair<const char*, const char*>, 3> orders{
             {{"FIN TANK", "FIN"}, {"HESH BMP", "HESH"}, {"COAX TRANSPORT", "COAX"}}};
-        // Half a minute without an order means a pause, a minute means the end.
+        // After half a minute without an order the gunner assumes a pause, after a minute the end.
         for (int waited = 0; running() && waited < 600; pc_.wait(0.1), ++waited) {
             if (waited == 300) resume();
             if (s_.Cmdtarget.Enabled) push_panel_button(s_.Cmdtarget, 'G');
@@ -148,8 +148,8 @@ struct gunner {
         tap(control::mainarm);
         for (int i = 0; i < 2 && order_is("HESH"); ++i) tap(control::ammo);
     }
-    // The laser's range; else the one called by the commander, which is rounded down to hundreds; else an
-    // estimate from the size of the target.
+    // The laser's range; else the one called by the commander, which is usually rounded down to hundreds;
+    // else an estimate from the size of the target.
     double range() const
     {
         if (s_.visual() ? !s_.Lblrange.Caption.empty() : degraded())
@@ -160,7 +160,7 @@ struct gunner {
         }
         return std::clamp(4 * (660 - s_.Imgtargets.Width), 600.0, 2250.0);
     }
-    // Where a round falls, relative to the mark, when the gun was laid without the autolay.
+    // Where a round falls, relative to the mark. On the visual sight this holds only without the autolay.
     spot drop(double metres) const
     {
         if (order_is("COAX")) return {beaten_zone.x, beaten_zone.y + (s_.visual() ? 2 * metres : metres / 7)};
@@ -187,7 +187,8 @@ struct gunner {
         const spot fall = drop(range());
         bring({at.x + fall.x + off_.x, at.y + fall.y + off_.y});
     }
-    // Lays the dot on the fall of shot, presses AMMO SELECT, lays it back on the target, and presses again.
+    // Moves the view sideways by the distance from the target to the fall of shot, presses AMMO SELECT,
+    // moves the view back, and presses again.
     void correctwind()
     {
         const spot at = *target();
@@ -232,8 +233,8 @@ struct gunner {
             work(control::fire, false);
         }
     }
-    // After a round: notes a kill, or corrects the next round. A HESH round that was fired after a lay
-    // and falls beside the target shows the wind.
+    // After a round: notes a kill, or corrects the next round. A HESH round that was fired after an
+    // autolay and falls beside the target shows the wind.
     void judge()
     {
         engagement_note& n = notes.back();

@@ -122,7 +122,7 @@ struct desktop_test : testing::Test {
             show(pc, to.f);
         });
     }
-    // Runs the event loop once.
+    // Runs the event loop for a millisecond.
     static void settle() { QTest::qWait(1); }
 
     form_window& window(const screen& s) const { return *pc.window(s.f); }

@@ -52,8 +52,9 @@ struct random_user : trainer_test {
         return *pick(all);
     }
 
-    // Each action runs from the main event loop or from that of a box which an earlier action has opened, but
-    // not from the event loop that QTest runs after a key: there the action with the key hasn't ended.
+    // An action runs from the main event loop, or from that of a box that an earlier action has opened. It
+    // doesn't run from the event loop that QTest runs after a key, since the action with the key hasn't ended
+    // then.
     void go_on()
     {
         QTimer::singleShot(0, &timers, [this] {
@@ -112,7 +113,7 @@ struct random_user : trainer_test {
             Qt::Key_F1,     Qt::Key_F11,   Qt::Key_Delete, Qt::Key_1,    Qt::Key_T,    Qt::Key_P,
             Qt::Key_G,      Qt::Key_Shift, Qt::Key_Control};
         const Qt::Key key = pick(keys);
-        // QTest itself presses Alt first, which closes a menu, and would then use the deleted window.
+        // QTest presses Alt first, which closes a menu. It would then use the deleted window of the menu.
         const bool alt = chance(15) && QApplication::activePopupWidget() == nullptr;
         const Qt::KeyboardModifiers with = alt ? Qt::AltModifier : Qt::NoModifier;
         const QPointer<QWindow> window(&handle);

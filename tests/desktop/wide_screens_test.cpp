@@ -10,7 +10,7 @@ constexpr QSize shapes[] = {{800, 600},   {1024, 768},  {1366, 768},  {1440, 900
 
 struct wide_screens : trainer_test {
     wide_screens() { open_setup(); }
-    // Shows a screen in windows of all shapes. In each shape nothing must be cut after `look`.
+    // Shows a screen in windows of all shapes. In each shape nothing may be cut off after `look`.
     void in_each_shape(form& f, const std::function<void()>& look)
     {
         pc.run([&] { show(pc, f); });
@@ -52,7 +52,7 @@ struct wide_screens : trainer_test {
         for (const screen_object* o : all) taken |= in_window(*o);
         return static_cast<double>(taken.width()) / window_size.width();
     }
-    // The middle of an object relative to `ground`, in parts of the width and height of `ground`.
+    // The middle of an object relative to `ground`, as fractions of the width and height of `ground`.
     QPointF middle_on(const screen_object& o, const screen_object& ground)
     {
         const QRectF at = in_window(o), on = in_window(ground);

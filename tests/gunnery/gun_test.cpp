@@ -91,7 +91,7 @@ TEST_P(gun, a_round_on_the_edge_of_the_kill_box_misses)
     EXPECT_EQ(p.recrounds[1], 3);
 }
 
-// All rounds scatter up and down on the visual sight. FIN scatters to the right on both sights.
+// FIN and HESH scatter up and down on the visual sight. FIN scatters to the right on both sights.
 TEST_P(gun, rounds_scatter)
 {
     miss();
@@ -336,7 +336,7 @@ TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
         EXPECT_TRUE(s.Timcoax.Enabled);
         EXPECT_EQ(d.pc.playing.ends_with("coax.wav"), burst < needed) << "the kill has its own sounds";
         d.pc.wait(0.1);
-        // Off by the coax error, 30 across and 20 down, and by the largest scatter, 99 across and down.
+        // The tracer is off by the coax error (30 across, 20 down) and the largest scatter (99 each way).
         EXPECT_NEAR(s.ammo.Top, (visual ? 1140 + 2200 : 2600 + 1100 / 7.0) + 20 + 99, 0.01);
         EXPECT_EQ(s.ammo.Left, s.mbs1.Left + 30 + 99);
         EXPECT_TRUE(s.ammo.Visible && s.ammo.Width == (visual ? 5 : 15));

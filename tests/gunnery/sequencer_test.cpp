@@ -117,7 +117,7 @@ TEST_F(thermal_practice, one_engagement_second_by_second)
     EXPECT_EQ(s.Imgstadia.Picture.source, ":stadia1") << "for this size";
     EXPECT_EQ(d.sounds().back(), "on.wav");
     EXPECT_EQ(p.recwidth[1], 0);
-    d.pc.advance(4);   // the fifth tick of the loader; from the sixth on the line is cleared
+    d.pc.advance(4);   // the fifth tick clears the line, then the loader reports
     EXPECT_EQ(d.crew(), "LOADER :- LOADED !!");
     d.pc.advance(1);
     EXPECT_EQ(d.crew(), "");

@@ -116,7 +116,7 @@ TEST_P(screen_on, start_has_the_focus_until_the_practice_starts)
 }
 
 // A HESH engagement that changes all state of the fire control; returns readouts, positions and sounds. The
-// lase is followed by an early release, a whole lay, a round and half of its correction.
+// lase is followed by an early release, a whole lay, a round and the first press of its correction.
 texts hesh_shoot(drill& d)
 {
     gunnery_screen& s = d.screen();
@@ -258,7 +258,7 @@ TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
         d.pc.advance(10);
         d.data.remove(fault.file);
         if (!fault.bytes.empty()) d.data.put(fault.file, fault.bytes);
-        d.pc.answers = {{&fault == faults}};   // the debrief, which isn't shown
+        d.pc.answers = {{&fault == faults}};   // to DEBRIEF FIRER ?: even a yes doesn't show the debrief
         d.pc.click(d.screen().Cmdstopsim);
         EXPECT_NE(d.last_box().find(fault.text), std::string::npos) << d.last_box();
         EXPECT_EQ(d.screen().window.state, form_state::not_loaded);

@@ -214,7 +214,7 @@ TEST_F(visual_laser, lays)
         s.leadperstep = 0.01F;
         d.target_at(4300, 1000);
         d.tap('A');
-        s.lazed = false;   // the lay must set both itself
+        s.lazed = false;   // the lay must set lazed and ammoselected itself
         s.ammoselected = (l.ammo + 1) % 3;
         const double top = s.Imgrange.Top, left = s.Imgrange.Left, mark = s.laze.Top;
         d.pc.key_down('S');
@@ -248,7 +248,7 @@ TEST_F(visual_laser, pressing_the_autolay_in_the_correction_sets_the_lead)
     for (const auto& [correcting, picture_top, lead, mark] :
          {std::tuple{false, -6000, 0.0F, 4170},
           {true, -6000, 0.05F, 4170 + 300},
-          {true, 0, 0.05F, 4170 + 600},   // the lead is unchanged at 0
+          {true, 0, 0.05F, 4170 + 600},   // a Top of 0 leaves the lead unchanged
           {true, 3000, -0.1F, 4170 + 900}}) {
         s.heshcorrecting = correcting;
         s.Imgrange.Top = picture_top;
@@ -297,7 +297,7 @@ TEST_F(thermal_laser, on_target_sizes_the_marks)
     d.tap('A');
     EXPECT_TRUE(s.imgbam.Left == 4700 - 599 && s.imgbam.Top == 2600 - 599 && s.imgbam.Visible && !s.layready);
     EXPECT_TRUE(s.imgbam.Width == 200 && s.imgbam.Height == 100);
-    EXPECT_EQ(p.reclazex[1], 5000 + 142 - 4700);   // 142.5 across, rounded to even
+    EXPECT_EQ(p.reclazex[1], 5000 + 142 - 4700);   // 442.5 across, rounded to even
 }
 
 TEST_F(thermal_laser, a_full_hold_moves_only_the_mark)

@@ -33,13 +33,13 @@ struct session : headless_machine {
     walker& user;
     trainer t{*this};
     int open_boxes = 0;
-    int held = 0;             // keys and buttons that are down, and the gunner while he is at work
+    int held = 0;             // number of keys and buttons that are down; a gunner at work counts as one
     double disturbance = 0;   // probability of a random event at each call of look_again
     int last_resets = 0;
     bool was_paused = false;   // since the last reset
 };
 
-// Causes a random event. It takes no time, so it can also happen while a handler runs.
+// Causes a random event, also while a handler runs.
 void sudden_event(walker&);
 
 struct walker {
