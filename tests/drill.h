@@ -101,7 +101,7 @@ std::string shown_screens(const machine&);
 double draw_of(int position);
 
 struct drill {
-    // On the test data, or on that of another program directory.
+    // Uses the test data, or the given program directory.
     explicit drill(sight_kind, const std::string& program = {});
     ~drill();   // checks that every sound that was played is a shipped file
     drill(const drill&) = delete;

@@ -267,7 +267,7 @@ struct gunner {
         tap(control::off);
         heard_from_ = pc_.log.size();
     }
-    // From START SIM until the practice has ended.
+    // Fires a practice, from START SIM until it has ended.
     void fire_practice()
     {
         heard_from_ = pc_.log.size();

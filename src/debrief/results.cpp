@@ -65,7 +65,7 @@ bool read_record(trainer& t)
     if (!take_results(items, t.shared, [&] { s.Frmtherm.Visible = t.shared.resultmode == "THERMAL"; }))
         return false;
     showdetails(t);
-    // Both are called even if the first fails, so that nothing of the previous record stays on the screen.
+    // Icons are loaded even if the picture fails, so that nothing of the previous record stays on the screen.
     const bool range = showrange(t), icons = loadstock(t);
     fillengagements(t);
     return range && icons;

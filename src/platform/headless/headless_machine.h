@@ -85,8 +85,8 @@ public:
     }
     void close_window(form& f) { act(close_by_frame, f); }
 
-    // Runs until this many seconds after the end of the last advance. They include the time that handlers
-    // have taken since then.
+    // Runs until this many seconds after the end of the last advance. The time that handlers have
+    // taken since then counts too.
     void advance(double seconds);
     // Runs for this many seconds from now.
     void wait(double seconds);
