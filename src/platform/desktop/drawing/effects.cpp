@@ -12,11 +12,11 @@ namespace vorn {
 namespace {
 
 constexpr int frames = 16, frames_in_row = 4;
-constexpr int smallest = 16;   // pixels; width of the explosion at the furthest target, at scale 1
+constexpr int smallest = 16;   // pixels; at scale 1 the explosion of the furthest target is 17 wide
 
 struct sheet {
     const char *seen, *hot;   // names of the picture files for the visual and the thermal sight
-    double foot;              // height of the ground above the lower edge, in heights of a frame
+    double foot;              // how far down the frame is drawn, in heights of a frame
 };
 // Indexed by `effect`.
 constexpr sheet sheets[] = {{"explosion", "hot_explosion", 0},

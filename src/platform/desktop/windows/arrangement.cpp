@@ -52,7 +52,7 @@ docked_objects docked_of(const form& f)
     return d;
 }
 
-// One way to arrange the objects, in twips at its scale.
+// One way to arrange the objects at one scale.
 struct plan {
     double scale = 1;
     const strip* left = nullptr;    // strip left of the sight, over the whole height

@@ -1,5 +1,5 @@
-// Strips of panels beside and below a docked sight: columns of blocks that fill the room they get. All in
-// twips.
+// Strips of panels beside and below a docked sight: columns of blocks that fill the room they get. Lengths
+// are in twips.
 #pragma once
 
 #include <QRectF>
@@ -29,13 +29,13 @@ block flat_block_of(const form&, const screen_object&);
 
 struct column {
     std::vector<block> blocks;
-    QSizeF size = {};   // the smallest
+    QSizeF size = {};   // smallest size
     double give = 0;    // sum of height times give over the blocks
 };
 
 struct strip {
     std::vector<column> columns;
-    QSizeF size = {};   // the smallest
+    QSizeF size = {};   // smallest size
 
     bool empty() const { return columns.empty(); }
 };
