@@ -34,8 +34,8 @@ once() {
     echo "$key" >"$stamp"
 }
 
-# The same for a library of this name. Its build folder is removed if it was made with another key, since CMake keeps
-# the compiler and the flags of the first configuration. An interrupted build is continued.
+# `library_once NAME KEY` runs build_NAME in the same way. The build folder NAME is removed if it was made with another
+# key, since CMake keeps the compiler and the flags of the first configuration. An interrupted build is continued.
 library_once() {
     once "clean-$1" "$2" rm -rf "${work:?}/$1"
     once "$1" "$2" "build_$1"
@@ -153,15 +153,16 @@ add_libraries() {
     done
 }
 
-# Checks the libraries that the files in the folder need at their start. Each must be in the folder or part of Windows. A
-# library is taken as part of Windows if mingw-w64 has an import library for it, or if it is an API set (api-ms-win-*).
+# Checks the libraries that the files in the folder load at their start. Each must be in the folder or part of Windows,
+# and none may be one that is loaded at its first call. A library is taken as part of Windows if mingw-w64 has an import
+# library for it, or if it is an API set (api-ms-win-*).
 check_libraries() {
     local out=$1 name names absent=0
     names=$(x86_64-w64-mingw32-objdump -p "$out"/*.{exe,dll} "$out"/*/*.dll | sed -n 's/.*DLL Name: //p' | sort -u)
     for name in $names; do
         local import=${name,,}
         import=${import%.*}
-        [[ " ${late_libraries[*]} sdl2 " != *" $import "* ]] || { say "$name is loaded at the start"; absent=1; }
+        [[ " ${late_libraries[*]} sdl2 " != *" $import "* ]] || { say "$name is loaded at the start, not at its first call"; absent=1; }
         [[ $import == api-ms-win-* ]] || [ -e "$out/$name" ] || [ -e "/usr/x86_64-w64-mingw32/lib/lib$import.a" ] ||
             { say "$name is needed and isn't there"; absent=1; }
     done
@@ -190,7 +191,7 @@ add_licences() {
 build_trainer() {
     local file stage=$work/stage/V.O.R.N
     say "building the trainer"
-    rm -rf "$work/stage"   # without it check_windows.sh doesn't accept the packages of an earlier build
+    rm -rf "$work/stage"   # if this build fails, check_windows.sh must not accept the packages of an earlier one
     cross_cmake . vorn -DCMAKE_BUILD_TYPE=Release -DVORN_TESTS=OFF
     ninja -C "$work/vorn" -j "$jobs" vorn
     cmake --install "$work/vorn" --prefix "$stage" >/dev/null

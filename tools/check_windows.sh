@@ -4,7 +4,8 @@
 # Runs the core's tests. Installs the trainer silently into a fresh Wine prefix, and operates it by mouse and keys until
 # a target is destroyed and files are saved. Installs it again and over another version, uninstalls it, and checks what
 # is left. Installs and uninstalls it for one user too. Then operates the unpacked program, in a path with blanks,
-# umlauts and Cyrillic letters. Compares its start time with that of the trainer for this system.
+# umlauts and Cyrillic letters. Compares its start time with that of the trainer for this system. With `core` runs only
+# the core's tests, with `program` everything else.
 #
 #   tools/check_windows.sh [core | program]
 #

@@ -61,7 +61,7 @@ to_the_editor() {
     sleep 1
 }
 
-# Sets up a practice with the keyboard: large FIN targets that stay until destroyed.
+# Selects a practice that is fired by keyboard: large FIN targets that stay until destroyed.
 set_up() {
     click "$editor" 800 385   # KBoard
     click "$editor" 394 440   # DST / Fin
@@ -126,8 +126,8 @@ destroy_a_target() {
 
 debrief="DEBRIEF SCREEN"
 
-# Goes from the practice back to the editor and saves the practice. In the debrief, saves the record and prints it to a
-# PDF file, since there must be no printer.
+# Goes from the practice back to the editor and saves the practice. In the debrief, saves the record and prints the
+# report to a PDF file. The system must have no printer: the program doesn't ask for a PDF file otherwise.
 save_all() {   # PRACTICE RECORD PDF
     click "V.O.R.N. VISUAL" 87 152   # RETURNT TO SETUP
     await "$editor"

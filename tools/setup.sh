@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by the other scripts, in the root of the tree: installs what a build needs, and builds.
+# Functions that install what a build needs, and build. The other scripts source this file in the root of the tree.
 
 say() { printf 'vorn: %s\n' "$*" >&2; }
 
