@@ -18,7 +18,7 @@ struct grid {
     bool holds(int x, int y) const { return x >= 0 && y >= 0 && x < width && y < height; }
     const T& at(int x, int y) const { return cells[index(y) * index(width) + index(x)]; }
     T& at(int x, int y) { return const_cast<T&>(std::as_const(*this).at(x, y)); }
-    // Bilinear interpolation. 0 <= x < width - 1, and the same for y.
+    // Bilinear interpolation. 0 <= x < width - 1, 0 <= y < height - 1.
     auto between(float x, float y) const
     {
         const int i = static_cast<int>(x), j = static_cast<int>(y);
@@ -41,7 +41,7 @@ void each_cell(auto& cells, const auto& visit)
     each_cell(cells, {}, {real(cells.width), real(cells.height)}, visit);
 }
 
-// What a function makes of each value.
+// A grid of the same size that has make(value) in place of each value.
 template <class T>
 auto mapped(const grid<T>& from, const auto& make)
 {

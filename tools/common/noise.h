@@ -11,7 +11,7 @@ namespace tools {
 std::uint32_t hash(int x, int y, std::uint32_t seed);
 // The hash as a number from 0 to below 1.
 float scatter(int x, int y, std::uint32_t seed);
-// Gradient noise with features about one unit wide. From -1 to 1, mostly between -0.5 and 0.5.
+// Gradient noise with features about one unit wide. About -1 to 1, mostly between -0.5 and 0.5.
 float noise(point, std::uint32_t seed);
 // A sum of octaves of noise: each has about twice the frequency and `gain` times the amplitude of the one
 // before.

@@ -8,8 +8,9 @@
 // below them. The block is viewed from the front and a little from above. Flash, flying debris and the glow
 // of the air are added to the picture.
 //
-// The sight shows a frame for about a tenth of a second, 16 to 320 pixels wide. To be recognisable even then,
-// a flash is broad, fire is either bright or gone, and smoke is darker than the ground.
+// The sight shows a frame of the explosion for about 16 ms, one of the fire or a burst for about a tenth of a
+// second. A frame is from six to some 300 pixels wide. To be recognisable even then, a flash is broad, fire
+// is either bright or gone, and smoke is darker than the ground.
 //
 // Usage: explosion FOLDER [NAME]
 
@@ -58,7 +59,7 @@ std::vector<puff> cloud(const scene& s)
     return puffs;
 }
 
-// The share of its path that a puff or a piece of debris has covered at a time. The drag of the air slows it.
+// The share of its path that a puff or a piece of debris has covered at `time`. The drag of the air slows it.
 float braked(const scene& s, float time)
 {
     return 1 - std::exp(-s.drag * time);
@@ -104,7 +105,8 @@ std::vector<placed_puff> placed_puffs(const scene& s, const std::vector<puff>& p
     return there;
 }
 
-// Billow noise of five octaves: round hills between sharp valleys. About -.5 to .5, with a mean of 0.
+// Billow noise of five octaves: round hills between sharp valleys. Mostly between -.5 and .5, with a
+// mean near 0.
 float billows(vec3 p)
 {
     float sum = 0, height = .75f;
@@ -249,7 +251,7 @@ block filled_block(const scene& s, float time)
         for (int x = 0; x < b.side; ++x)
             for (int z = 0; z < b.depth; ++z) give_lumps(s, b.at(x, y, z), place(s, b, x, y, z), time);
     if (s.by_heat) return b;
-    // The sun is in the same direction as on the shipped ranges.
+    // As on the shipped ranges, the sun is behind the viewer, to the upper left.
     let_light_in(b, &cell::before_sun, {.79f, -.53f});
     let_light_in(b, &cell::before_sky, {-.2f, -.2f});
     return b;

@@ -36,7 +36,7 @@ static const scene fire{
     .halo = .22f,
     .loops = true};
 
-// The bursts are drawn upright; the sight shears them with the wind.
+// The bursts are drawn upright; the sight shears that of HESH with the wind.
 static const scene burst_fin{
     .name = "burst_fin",
     .side = 192,
@@ -90,8 +90,8 @@ static const scene burst_coax{
     .left = .22f,
     .flash = .25f};
 
-// The scene as a thermal sight shows it: smoke that no longer glows is still warm, and dust hides less. The
-// ground where a round struck stays hot; the size of the spot is in hundredths.
+// The scene as a thermal sight shows it: smoke that no longer glows is still warm, and dust hides less.
+// `spot`: size of the ground that stays hot where a round struck, in hundredths; 0 if none does.
 static scene hot(const char* name, scene s, float cooling, float warmer, float spot = 0)
 {
     s.name = name;

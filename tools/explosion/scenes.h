@@ -16,18 +16,19 @@ struct puff_group {
     limits angle{};   // of the throw, in half turns; 50 is up, or on the ground towards the eye
     limits force{};
     vec3 reach{};   // how far a puff of force 100 flies before the air stops it: right, up, towards the eye
-    limits young{}, grown{};   // the first radius, and the increase
+    limits young{}, grown{};   // the radius soon after the start, and its later increase
     limits heat{};             // 100 is a fire of medium heat
     float weakened = 0;        // by how much force 100 reduces the heat
     float dust = 0;            // 0 soot, 100 earth
     float lift = 100;          // share of the scene's drift that the puff follows
     float fall = 0;            // distance fallen at time 1
-    float solid = 100;
-    float from_side = 0;   // greatest distance of the start to either side of the foot
-    float life = 100;      // duration of each puff, in a sheet that loops
+    float solid = 100;         // density of the smoke
+    float from_side = 0;       // greatest distance of the start to either side of the foot
+    float life = 100;          // duration of each puff, in a sheet that loops
 };
 
-// Pieces of debris. Each flies along a curve and is drawn as a streak (motion blur).
+// Pieces of debris. Each flies along a curve and is drawn as a streak (motion blur). The angle is in half
+// turns, .5 is up; `fall` is the distance fallen at time 1.
 struct piece_group {
     int count = 0;
     limits angle{}, speed{}, life{};
@@ -41,13 +42,13 @@ struct scene {
     point foot;   // spot on the ground, from the lower left corner of the frame
     std::vector<puff_group> puffs;
     std::vector<piece_group> pieces{};
-    float drag = 5;
+    float drag = 5;          // rate at which the air slows puffs and debris
     vec3 drift{};            // x: wind, y: rise, both times the square of the time; z: rise, times the time
     float lumps = 7.5f;      // frequency of the noise: lumps per length
     float thick = 70;        // extinction of the densest smoke, per length
     limits thins{.45f, 1};   // the time in which the smoke becomes thinner
     float left = .3f;        // the share of `thick` at the end of this time
-    float cooling = .5f;
+    float cooling = .5f;     // time after which the heat has fallen to about half
     float flash = 0, halo = 0;   // size of the flash; strength of the halo
     int flash_from = 1;   // the step of the flash in frame 0; the steps are 0 to 3, step 1 is the largest
     bool loops = false, by_heat = false;

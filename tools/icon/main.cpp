@@ -1,4 +1,4 @@
-// Combines square pictures into an icon file, for the program on Windows.
+// Combines square pictures into an icon file for Windows.
 //
 // Usage: make_icon ICON PICTURE...
 

@@ -36,7 +36,7 @@ struct belt_plan {
 };
 struct copse_plan {
     point middle;
-    float radius, height, conifers;
+    float radius, height, conifers;   // as in belt_plan
 };
 struct hedge_plan {
     path line;
@@ -83,7 +83,7 @@ struct country {
     float farmed_from;         // distance at which the rough grass ends and fields begin, metres
     float rough_share = 0;     // of rough ground among the fields, 0 to 1
     float wooded;              // share of the fields that are woods, 0 to 1
-    float heath;               // share of the rough ground that bracken and heather cover, 0 to 1
+    float heath;               // density of bracken and heather on the rough ground, 0 to 1
     float scrub;               // density of bushes on the rough ground, 0 to 1
     float conifers;            // share of conifers in the woods
     vec3 needles;              // reflectance of conifers

@@ -177,8 +177,8 @@ void lay_bank(const country& land, const ground_spot& s, const texture& t, float
     g.lay(land.ground.soil * .7f, .7f * (1 - smoothstep(0, 1.6f + s.across, off + t.stems)), -.04f);
 }
 
-// The ground in sunshine and skylight. By day it is warm where the sun shines on it; by night slopes keep
-// some of the warmth, and hollows are cold.
+// The ground in sunshine and skylight. By day it is warm where the sun shines on it; by night it is cooler,
+// and slopes are colder than level ground.
 pixel lit(const country& land, const ground_map& map, const ground_spot& s, const texture& t,
           const layered& g)
 {

@@ -11,7 +11,7 @@ namespace tools {
 // A straight piece of a line.
 struct piece {
     point from, way;
-    // The point at a share of the way, and beside it: metres to the left.
+    // The point at a share of the way, moved `left` metres to the left.
     point at(float share, float left = 0) const
     {
         return from + way * share + point{-way.y, way.x} / length(way) * left;

@@ -42,8 +42,9 @@ int main(int argc, char** argv)
     QCommandLineParser options;
     options.addHelpOption();
     options.addPositionalArgument("folder", "Where the pictures and range files go.");
-    options.addOption({"only", "Makes this picture and its range alone.", "picture"});
-    options.addOption({"scale", "Divides the picture size by this, makes no range files.", "times", "1"});
+    options.addOption({"only", "Makes only this picture and its range file.", "picture"});
+    options.addOption(
+        {"scale", "Divides the picture size by this number. Above 1, makes no range files.", "times", "1"});
     options.process(program);
     const int scale = options.value("scale").toInt();
     if (options.positionalArguments().size() != 1 || scale < 1) options.showHelp(2);

@@ -7,7 +7,7 @@
 namespace tools {
 namespace {
 
-constexpr float view_edge = .82f;                        // half the width of the view, radians
+constexpr float view_edge = .82f;   // half the planted sector, radians; wider than the view
 constexpr float keep_off_track = 6, keep_off_road = 5;   // metres
 
 bool in_view(point p)
@@ -192,7 +192,7 @@ float grassy(const world& w, point p)
     return field_at(w.land, p).edge < 2.4f ? .9f : 0;
 }
 
-// Adds a tuft or stone with the light and warmth of the ground at its place.
+// Adds a stone, or a tuft with the light and warmth of the ground at its place.
 void strew_one(world& w, point p, growth kind, float height, float width)
 {
     const float range = length(p), z = w.ground.height(p);
@@ -216,7 +216,7 @@ void strew(world& w)
 {
     struct zone {
         limits range;          // metres
-        float ground_of_one;   // square metres for each plant
+        float ground_of_one;   // square metres for each attempt
         limits height;
     };
     constexpr zone zones[] = {{{300, 460}, .4f, {.22f, .9f}},

@@ -46,7 +46,7 @@ float agreeing_row(const country& land, float range)
 {
     // The inverse of the range author's formula, for ranges from 580 m on. Its graph becomes vertical at
     // 500 m. Nearer than 580 m, where no target is, a parabola continues it, so that the lower edge of the
-    // picture shows ground some 330 m away.
+    // picture shows ground some 350 m away.
     constexpr float bend = 580, faster = .00016f;
     const float nearer = std::max(0.f, bend - range);
     const float steps = nearest_step - std::sqrt(std::max(range, bend) - square_base) +

@@ -155,7 +155,7 @@ public:
         take_part(name, s.window, place_in(s.Picrange, middle), 440, callouts);
     }
 
-    // The screen at the size of the pictures, with the numbers.
+    // The screen at twice its size, with the numbers.
     QImage look(const form& f, const std::vector<callout>& callouts = {}, double size = 1) const
     {
         form_window& shown = window(f);
@@ -187,7 +187,7 @@ public:
     QString box_picture;   // the next box is saved under this name
 
 private:
-    // The window of a screen, resized to the size of the pictures.
+    // The window of a screen, resized to twice its size.
     form_window& window(const form& f) const
     {
         form_window& w = *pc.window(f);

@@ -94,7 +94,7 @@ private:
     static constexpr int bar_height = 62;   // pixels
     static constexpr QColor amber{255, 190, 60};
 
-    // A counted move paints frames.
+    // During a counted move the machine paints the frames; some of them are taken.
     bool eventFilter(QObject*, QEvent* e) override
     {
         if (e->type() == QEvent::UpdateRequest) take_if_due();

@@ -1,6 +1,6 @@
-// Takes the pictures of the manual: goes through all screens and fires practices. It works with any ranges
-// and layouts: it chooses targets by their range, and takes the places of the numbers from the objects of the
-// screens.
+// Takes the pictures of the manual: goes through all screens and fires practices. It works with other ranges
+// and layouts too: it chooses targets by their range, and takes most places of the numbers from the objects
+// of the screens.
 //
 //     take_help_pictures PROGRAM-DIRECTORY FOLDER FRAMES
 //
@@ -67,7 +67,7 @@ private:
     {
         t.shared.engagementtype = a.type;
         t.random.source = [position = position_at(metres)] { return (position - 0.5) / 19; };
-        tick(s.Timer1);   // draws the position
+        tick(s.Timer1);   // chooses the position
         tick_while(s.Timpause, [&] { return !s.Timtarget.Enabled; });
     }
     void order_and_target(gunnery_screen& s, const ammunition& a, int metres)
@@ -408,8 +408,8 @@ private:
         f.lay(-60, 0);
         f.wait(0.3);
         f.laze_and_autolay();
-        // Fires just after a tick of the target's timer, so that the explosion is seen for nearly a second:
-        // the next tick takes down the target that was hit.
+        // Fires just after a tick of the target's timer, so that the burning target is seen for as long as
+        // possible: the next tick takes it down.
         f.until([&] {
             const double since = pc.now() - s.Timtarget.due;
             return since - std::floor(since) < 0.05;

@@ -20,6 +20,9 @@ namespace {
 constexpr int rate = 22050;
 constexpr double turn = 2 * std::numbers::pi;
 
+// Times are in seconds, frequencies in Hz. Rise, decay and fall are rates per second: a higher one is
+// quicker.
+
 // Low-pass noise; a higher cut-off frequency sounds sharper.
 struct rush {
     double start, cutoff, rise, decay, loudness;
@@ -34,7 +37,6 @@ struct ring {
     double start, pitch, decay, loudness;
 };
 
-// Attack and decay as rates: a higher rate is quicker.
 double envelope(double time, double rise, double decay)
 {
     return (1 - std::exp(-time * rise)) * std::exp(-time * decay);

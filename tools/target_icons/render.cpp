@@ -103,7 +103,7 @@ struct lamp {
 
 lamp make_lamp(const solid& vehicle, float azimuth, float elevation, vec3 strength, int size)
 {
-    constexpr float reach = 6.5f;   // metres from the middle of a vehicle to its farthest part
+    constexpr float reach = 6.5f;   // metres; no part of a vehicle is farther from its middle
     return {strength, taken(looking(azimuth, elevation), vehicle, -reach, reach, 2 * reach, size)};
 }
 
@@ -181,7 +181,7 @@ vec3 shown(vec3 light)
     return {channel(light.x, .80f, .062f), channel(light.y, .85f, .076f), channel(light.z, .90f, .102f)};
 }
 
-// The shadow on the ground. Its alpha is the share of the light on open ground that the vehicle blocks here.
+// The shadow on the ground. Its alpha rises with the share of the light that the vehicle blocks here.
 sample shaded_ground(const std::vector<lamp>& lamps, vec3 at)
 {
     constexpr vec3 colour{.07f, .08f, .06f};

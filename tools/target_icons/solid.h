@@ -8,7 +8,7 @@ namespace tools {
 
 struct material {
     vec3 paint;   // reflectance, 0 to 1, linear
-    float heat;   // 0 as cold as the ground, 1 the hottest that the sight shows
+    float heat;   // 0 the coldest part of a vehicle, 1 the hottest that the sight shows
     bool camouflaged = false;
     bool slender = false;   // doesn't count for the size of the vehicle
 };
@@ -32,7 +32,7 @@ solid rod(vec3 from, vec3 to, float from_radius, float to_radius, const material
 void add(solid& to, const solid& what);
 // Adds the body and its mirror image on the other side of the vehicle.
 void add_pair(solid& to, const solid& what);
-// Turned to the left about the vertical through x = y = 0, then moved forward.
+// The body turned to the left about the vertical through x = y = 0, then moved forward.
 solid mounted(solid, float degrees, float forward);
 solid laid_down(solid);   // exchanges forward and up
 
