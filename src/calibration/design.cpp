@@ -16,7 +16,7 @@ using S = joycal_screen;
 constexpr double top = 1515, height = 3720;   // of the three frames side by side
 constexpr double box = 720;                   // height of a reading and of a lamp
 
-// The top of row n, 0 to 3, in each of these frames.
+// The top of row n, 0 to 3, of the readings and of the lamps.
 constexpr double row(int n)
 {
     return 360 + 825.0 * n;

@@ -48,7 +48,7 @@ struct practice_state {
     int windbias = 0;              // -3 to 3; negative: to the left; 1 mild, 2 fresh, 3 strong
     bool gunlight = true;          // thermal sight: the lights panel needs both coaxlight and gunlight
     bool infosystem = true;        // the information panel is shown
-    bool infocontrol = true;       // the picture of the keys is shown if only the keyboard is selected
+    bool infocontrol = true;       // the card of the keys is shown if only the keyboard is selected
     bool infocrew = true;          // the crew line is shown
     bool plainscreen = false;      // visual sight: all panels but lights and display are hidden
     bool fulldebrief = true;       // a practice ends with the offer of a debrief; otherwise with a score
@@ -72,7 +72,7 @@ struct practice_state {
 
     // The running engagement.
     int engagement = 1;     // row of the record for the current target
-    int roundnumber = 0;    // index of the next round in its row, 1 to 4
+    int roundnumber = 0;    // index of the next round in its row, 1 to 4; 0 before the first target
     float killradius = 0;   // twips
 
     // The open range.
