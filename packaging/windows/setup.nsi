@@ -1,7 +1,7 @@
 ; The installer. VERSION, STAGE (the folder with the program), FILES (made by make_setup.sh: what to delete), ICON and OUT
-; are given on the command line. It installs for all users, or for one user without administrator's rights.
-; Options: /AllUsers, /CurrentUser, /S (asks no questions), /D=FOLDER (the last option, without quotes). With /AllUsers but
-; without administrator's rights it shows a message, even with /S.
+; are given on the command line of makensis. The installer works for all users, or for one user without administrator's
+; rights. Its options: /AllUsers, /CurrentUser, /S (asks no questions), /D=FOLDER (the last option, without quotes).
+; With /AllUsers but without administrator's rights it shows a message, even with /S.
 Target amd64-unicode
 SetCompressor /SOLID lzma
 AllowSkipFiles off   ; a file that can't be written is an error, also with /S
@@ -96,7 +96,7 @@ again:
     DeleteRegKey /ifempty SHCTX "Software\Classes\${ENDING}"
 !macroend
 
-; MultiUser replaces the folder by the registered or the usual one.
+; Keeps $INSTDIR, which MultiUser replaces by the registered or the usual folder.
 Var given_folder
 
 Function .onInit
