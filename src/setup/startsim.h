@@ -20,7 +20,8 @@ struct startsim_screen {
     screen_object Frame2, Txtname, Txtnum;   // student details
     screen_object Frame3, Label3, Image1;    // instructions, and the program picture that can cover them
 
-    // Practices: twelve programmed practices, drawn as numbered targets, and the summary of the set-up.
+    // Practices: twelve programmed practices, drawn as numbered targets (the last as a STOP sign), and the
+    // summary of the set-up.
     screen_object Frame13, Label14;
     screen_object Imgpractice[13], Lblpractice[13];   // indexed from 1
     screen_object lblprac[8];
