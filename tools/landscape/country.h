@@ -127,7 +127,7 @@ view view_of(const country&, float scale);
 float agreeing_row(const country&, float range);
 
 // The range that the range author proposes for a target whose lower edge is on this row and whose true range
-// is given, metres; 0 outside the ground band.
+// is `range` (metres); 0 outside the ground band.
 float proposed_range(const country&, int row, float range);
 
 // The side of a target's square at a range, twips, for the default target size.

@@ -9,8 +9,8 @@ namespace {
 // The components of the texture at one place, from coarse to fine. A component finer than the pixel is 0.
 struct texture {
     float wide, broad, clumps, tufts;   // wavelengths: 420 m; 90 m; 23 and 11 m; 4 m
-    float stems, blades, specks;        // of upright plants: wavelengths of 10, 5 and 2 pixels of a twin
-    float relief;                       // brightness of the upright plants as the sun lights them
+    float stems, blades, specks;   // of upright plants: wavelengths of 10, 5 and 2 pixels of a visual twin
+    float relief;                  // brightness of the upright plants as the sun lights them
 };
 
 // The contrast that a texture of this wavelength keeps in the pixel, 0 to 1.

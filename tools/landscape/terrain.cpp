@@ -5,10 +5,11 @@
 namespace tools {
 namespace {
 
-constexpr float spacing = 4;   // of the entries of bowl_, metres
+// Metres.
+constexpr float spacing = 4;   // of the entries of bowl_
 constexpr float bowl_end = 3400;
 constexpr float rim = 2650;                        // here the bowl begins to flatten out
-constexpr float earth_twice = 2 * 7.4e6f;          // the earth's diameter, allowing for refraction, metres
+constexpr float earth_twice = 2 * 7.4e6f;          // the earth's diameter, allowing for refraction
 constexpr float river_bed = 3.5f;                  // below the floor of the valley
 constexpr float far_from = 3400, far_to = 12000;   // where far hills begin and are highest
 

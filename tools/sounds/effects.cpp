@@ -17,7 +17,7 @@
 namespace tools {
 namespace {
 
-constexpr int rate = 22050;
+constexpr int rate = 22050;   // samples per second
 constexpr double turn = 2 * std::numbers::pi;
 
 // Times are in seconds, frequencies in Hz. Rise, decay and fall are rates per second: a higher one is

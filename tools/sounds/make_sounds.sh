@@ -64,7 +64,8 @@ to_level() {
     done
 }
 
-# Noise in the frequency band of the intercom: noise LENGTH LEVEL KIND OUT [EFFECT...]
+# Noise in the frequency band of the intercom, of this length in seconds and this peak level in dBFS:
+# noise LENGTH LEVEL KIND OUT [EFFECT...]
 noise() {
     sox -R -r 16000 -n -c 1 "$4" synth "$1" "$3" gain -12 highpass 400 lowpass 3200 gain -n "$2" "${@:5}"
 }

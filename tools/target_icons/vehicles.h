@@ -1,4 +1,4 @@
-// The target vehicles. None is of a real make; a gunner must be able to tell them apart. Each is on the
+// The target vehicles. They are invented; a gunner must be able to tell them apart. Each is on the
 // ground, with its middle at x = y = 0 and its front in the direction of x.
 #pragma once
 
