@@ -61,8 +61,7 @@ TEST_F(pictures, are_recognised_by_content)
         write(name, encoded(dense, format));
         const loaded_picture p = pc.load_picture(name);
         ASSERT_TRUE(p.result) << name << p.reason;
-        EXPECT_EQ(p.result->width, 600);
-        EXPECT_EQ(p.result->height, 300);
+        EXPECT_TRUE(p.result->width == 600 && p.result->height == 300);
         EXPECT_EQ(p.result->source, name);
     }
     EXPECT_TRUE(pc.load_picture("Range.VRP").result) << "names are not case-sensitive";
@@ -126,10 +125,8 @@ TEST_F(pictures, icons_are_drawn_from_the_smallest_sufficient_image)
     cursor[2] = 2;
     write("target2.ico", cursor);
     EXPECT_TRUE(pc.load_picture("target2.ico").result);
-    EXPECT_EQ(size_drawn_at(*p.result, 11), QSize(16, 16));
-    EXPECT_EQ(size_drawn_at(*p.result, 16), QSize(16, 16));
-    EXPECT_EQ(size_drawn_at(*p.result, 33), QSize(48, 48));
-    EXPECT_EQ(size_drawn_at(*p.result, 200), QSize(64, 64));
+    for (const auto& [side, drawn] : {std::pair{11, 16}, {16, 16}, {33, 48}, {200, 64}})
+        EXPECT_EQ(size_drawn_at(*p.result, side), QSize(drawn, drawn)) << side;
     EXPECT_TRUE(image_for(*p.result, QSize(16, 16))->hasAlphaChannel());
 
     write("huge.ico", icon_file({16, 3000}));   // larger than an icon's directory can record
@@ -156,8 +153,7 @@ TEST_F(pictures, are_drawn_for_each_built_in_name_that_a_screen_uses)
                 EXPECT_TRUE(painted(o->Picture.source)) << o->Picture.source;
             }
     EXPECT_GT(names.size(), 70U);
-    EXPECT_FALSE(painted(":nothing"));
-    EXPECT_FALSE(painted(""));
+    EXPECT_FALSE(painted(":nothing") || painted(""));
 }
 
 // A mark that covers two rows of pixels partly would be paler than one that covers a whole row.

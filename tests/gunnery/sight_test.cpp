@@ -140,8 +140,7 @@ TEST_F(visual_laser, the_mark_depends_on_the_aim)
         EXPECT_TRUE(s.layready);
     }
 
-    s.layready = false;
-    s.laze.Visible = false;
+    s.layready = s.laze.Visible = false;
     d.target_at(4300, 1035 - 385);   // its lower edge at the top of the ring
     d.tap('A');
     EXPECT_FALSE(s.layready || s.laze.Visible);
@@ -149,9 +148,9 @@ TEST_F(visual_laser, the_mark_depends_on_the_aim)
     d.tap('A');
     EXPECT_TRUE(s.layready && s.laze.Visible);
 
-    s.Imgtargets.Visible = false;
+    s.Imgtargets.Visible = s.laze.Visible = false;
     d.tap('A');
-    EXPECT_TRUE(s.laze.Width == 200 && s.laze.Height == 100 && s.laze.Left == 4525);
+    EXPECT_TRUE(s.laze.Visible && s.laze.Width == 200 && s.laze.Height == 100 && s.laze.Left == 4525);
     for (const char weapon : {'E', 'Q'}) {
         s.laze.Visible = s.hasfired = true;
         d.tap(weapon);

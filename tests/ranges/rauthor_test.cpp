@@ -90,8 +90,8 @@ TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
 TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
 {
     new_range("MOOR", false, "moor.vrp");
-    EXPECT_EQ(s.Lblx.Caption, "23460");   // the middle, plus the mark's place in the window
-    EXPECT_EQ(s.Lbly.Caption, "5107.5");
+    // The middle, plus the mark's place in the window.
+    EXPECT_EQ(s.Lblx.Caption + ' ' + s.Lbly.Caption, "23460 5107.5");
     move(s.cmdleft, 3);
     EXPECT_TRUE(s.Imagerange.Left == -43560 / 2.0 + 300 && s.Imagerange.Top == -7335 / 2.0);
     pc.wait(1);
@@ -99,8 +99,7 @@ TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
     move(s.Cmdbigleft, 1);
     move(s.Cmdbigright, 3);
     move(s.Cmdbigup, 1);
-    EXPECT_EQ(s.Lblx.Caption, "23960");
-    EXPECT_EQ(s.Lbly.Caption, "4707.5");
+    EXPECT_EQ(s.Lblx.Caption + ' ' + s.Lbly.Caption, "23960 4707.5");
     // The picture is 7335 high, its band 2445 to 5499 in steps of 76. 4707.5 is in step 29; the first is 0.
     EXPECT_EQ(s.Lbltgtrange.Caption, "941");
     EXPECT_EQ(s.Imgpoint.Left, std::floor(23960 / (43560 / 14000.0) - 120));
@@ -151,13 +150,11 @@ TEST_F(author, shows_the_target_of_the_chosen_icon_at_the_size_of_its_range)
     EXPECT_FALSE(s.shown_target.Visible) << "no range yet";
     enter_range("1");
     EXPECT_TRUE(s.shown_target.Visible);
-    enter_range("1000");
-    EXPECT_TRUE(s.shown_target.Visible && s.shown_target.Pale);
-    EXPECT_EQ(s.shown_target.Width, 660 - 1000 / 4.0);
-    enter_range("2500");
-    EXPECT_EQ(s.shown_target.Width, 160);
     enter_range("300");
     EXPECT_EQ(s.shown_target.Height, 480) << "nearer than 600 counts as 600";
+    enter_range("1000");
+    EXPECT_EQ(s.shown_target.Width, 660 - 1000 / 4.0);
+    EXPECT_TRUE(s.shown_target.Visible && s.shown_target.Pale);
     new_range("MOOR", true, "moor.vrp");
     EXPECT_TRUE(pc.dialogs.back().picture);
     enter_range("1000");
@@ -173,8 +170,8 @@ TEST_F(author, shows_the_target_of_the_chosen_icon_at_the_size_of_its_range)
     p.targetsize = 8;   // as set on the set-up screen
     pc.activate(t.startsim.window);
     pc.activate(s.window);
-    enter_range("1000");
-    EXPECT_EQ(s.shown_target.Width, 560 - 1000 / 8.0);
+    enter_range("2200");
+    EXPECT_EQ(s.shown_target.Width, 560 - 2200 / 8.0);
 }
 
 TEST_F(author, proposes_ranges_only_within_the_ground_band)
@@ -352,13 +349,14 @@ TEST_F(author, opens_a_range_and_shows_every_position)
 // The screen shows what was read before the failure. The range of the practice stays.
 TEST_F(author, shows_an_incomplete_range_as_far_as_it_can_be_read)
 {
-    practice_state r = plain_range(sight_kind::visual);
+    practice_state r = plain_range(sight_kind::thermal);
     r.rangepicture = "moor.vrp";
     const std::string whole = range_file_bytes(r);
     const std::string before = p.rangefile;
     d.data.put("cut.arf", first_lines(whole, 6 + 4 * 3));
     pc.choose(s.Cmdopen, path("cut.arf"));
-    EXPECT_EQ(s.Textname.Text, "PLAIN");
+    EXPECT_EQ(s.Textname.Text, "PLAIN THERMAL");
+    EXPECT_EQ(s.shown_target.Width, 560 - std::stod(s.Lbltgtrange.Caption) / 4) << "as on a thermal sight";
     EXPECT_EQ(s.Lbltargetnum[3].BackColor, colour::red);
     EXPECT_EQ(s.Lbltargetnum[4].BackColor, colour::darkred);
     r.rangename = "PICTURELESS";

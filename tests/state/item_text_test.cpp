@@ -112,8 +112,7 @@ TEST(numbers, texts_are_truncated_and_padded_by_characters)
     p = "\xC3\xA4\xC3\xB6\xC3\xBCxyz";
     EXPECT_EQ(p.text(), "\xC3\xA4\xC3\xB6\xC3\xBCxy");
     p = "ab";
-    EXPECT_EQ(p.text(), "ab   ");
-    EXPECT_EQ(p.trimmed(), "ab");
+    EXPECT_EQ(p.text() + p.trimmed(), "ab   ab");
     EXPECT_EQ(number_text(1600), "1600");
     EXPECT_EQ(number_text(100.0 / 3), "33.3333333333333");
 }
