@@ -21,7 +21,7 @@ bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n
     const double to = n.base + std::copysign(Int(Rnd(t.random) * n.spread), n.step);
     const int all = counts(from, to, n.step);
     const int resets = s.resets;
-    const int shown = std::max(1, all / most_pauses);
+    const int shown = all / most_pauses + 1;
     const double seconds = std::min(longest_slew, all * frame_seconds) / std::max(all, 1) * shown;
     for (int i = 0; i < all; ++i) {
         s.Imgtargets.*along = from + i * n.step;

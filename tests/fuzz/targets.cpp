@@ -58,7 +58,7 @@ extern "C" int fuzz_range(const std::uint8_t* data, std::size_t size)
     practice_state again;
     item_reader written(range_file_bytes(p));
     require(take_range(written, again), "a range that was read can be written and read");
-    require(range_file_bytes(again) == range_file_bytes(p), "and comes out the same");
+    require(range_file_bytes(again) == range_file_bytes(p), "a range that is read again is the same");
     return 0;
 }
 

@@ -326,7 +326,7 @@ void put_ranges(walker& w)
         wild.targetx[i] = w.between(-500000, 500000);
         wild.targety[i] = w.between(-500000, 500000);
         wild.targetrange[i] = w.between(-32768, 32767);
-        far.targetrange[i] = w.between(1600, 6000);
+        far.targetrange[i] = w.between(1601, 6000);
     }
     bare.rangepicture = "";
     w.data.put_range("visualrange.arf", spread);
