@@ -1,5 +1,5 @@
-// Counted moves: inside one handler a counter goes from one value to another in steps, and each count is
-// shown. Only the final values affect the practice; the duration in seconds is for display.
+// Counted moves: inside one handler a counter goes from one value to another in steps, so that the user sees
+// the move. Only the final values affect the practice; the duration in seconds is for display.
 #pragma once
 
 #include <algorithm>

@@ -91,8 +91,8 @@ public:
 
     // The time in seconds since some fixed moment.
     virtual double now() const = 0;
-    // Lets `seconds` pass for one step of a counted move (gunnery/count.h) and shows the step. Handles no
-    // events.
+    // Lets `seconds` pass for one step of a counted move (gunnery/count.h) and shows the step if a frame is
+    // due. Handles no events.
     virtual void pace(double seconds) = 0;
     // Handles pending events inside a handler. Any state may have changed afterwards.
     virtual void do_events() = 0;
