@@ -1,4 +1,4 @@
-// The shipped manual: its links and pictures exist, and it mentions every control of every screen.
+// The shipped manual: its links and pictures exist, and it mentions every button and option of every screen.
 #include <regex>
 #include <set>
 #include <sstream>

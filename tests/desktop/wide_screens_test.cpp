@@ -23,7 +23,7 @@ struct wide_screens : trainer_test {
             expect_nothing_cut(f);
         }
     }
-    // Each object is inside its frame, and each label is high enough for its text.
+    // Each object is inside its frame. Each label is high enough for its text, and each option wide enough.
     void expect_nothing_cut(const form& f)
     {
         for (const screen_object* o : f.objects) {

@@ -20,7 +20,7 @@ inline point at(float degrees, float metres)
     return polar(degrees * 3.14159265f / 180, metres);
 }
 
-// The linear light of a screen colour, with a gamma of 2.2. Its parts are in percent.
+// The linear light of a screen colour, which the constructor takes in percent. The gamma is 2.2.
 struct rgb : vec3 {
     rgb(int red, int green, int blue) : vec3{light(red), light(green), light(blue)} {}
 

@@ -46,8 +46,8 @@ box in_reach(const country& land)
             (y + height - down - below) / twip};
 }
 
-// Whether a target's lower edge can be here. The commander's lay ends up to a step beyond the target, so the
-// ground must be open that far around it as well.
+// Whether a target's lower edge can be here. The commander's lay shifts the target by a step on the picture,
+// in either direction of each axis, so the ground must be open that far around it as well.
 bool is_open(const country& land, const rendered& r, int x, int y, float range)
 {
     const vorn::sight_numbers& sight = vorn::numbers_of(land.sight);

@@ -21,9 +21,9 @@ data_place find_data(const std::filesystem::path& program, const std::filesystem
 
 // The directory that contains the folder "ranges". Returns `installed` if its ranges are writable and not
 // managed by an installer. Otherwise copies the files that are missing in `own`, and returns `own`. Files
-// that the user has changed are kept. If copying fails (full disk, no home directory), returns `own` only if
-// it was complete before, since it contains the user's files. If it wasn't, returns `installed`, which
-// suffices for a practice.
+// that the user has changed are kept. If copying fails (full disk, no home directory), returns `own` if it
+// was complete before: it then contains the user's files. Otherwise returns `installed`, which suffices for
+// a practice.
 std::filesystem::path data_directory(const std::filesystem::path& installed,
                                      const std::filesystem::path& own);
 

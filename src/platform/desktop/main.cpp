@@ -29,7 +29,7 @@ static fs::path usual_directory([[maybe_unused]] const fs::path& program)
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);   // only the exit buttons end the program
+    QApplication::setQuitOnLastWindowClosed(false);   // only end_program ends the program
     vorn::desktop_machine machine;
     const fs::path program = vorn::from_utf8(QCoreApplication::applicationDirPath().toStdString());
     const vorn::data_place data = vorn::find_data(program, usual_directory(program), own_directory());

@@ -16,7 +16,7 @@ constexpr int smallest = 16;   // pixels; at scale 1 the explosion of the furthe
 
 struct sheet {
     const char *seen, *hot;   // names of the picture files for the visual and the thermal sight
-    double foot;              // how far down the frame is drawn, in heights of a frame
+    double foot;              // a frame is drawn lower by this, in heights of the frame
 };
 // Indexed by `effect`.
 constexpr sheet sheets[] = {{"explosion", "hot_explosion", 0},

@@ -18,7 +18,7 @@ struct block {
     const screen_object* object = nullptr;
     QSizeF size = {};
     bool flat = false;   // shown in its flat layout
-    double give = 1;     // stretch factor: its share of spare height, per twip of its height
+    double give = 1;     // its share of spare height is proportional to its height times this
     QRectF at = {};
 };
 
