@@ -1,5 +1,6 @@
-// Measures the window: a repaint of the sight, a comparison of all fields without changes (sync), and the
-// creation of the first window. The argument is a range picture; the default is the shipped visual range.
+// Measures the times of a repaint of the sight, of a comparison of all fields when none has changed (sync),
+// and of the creation of the first window. The argument is a range picture; the default is the shipped visual
+// range.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>

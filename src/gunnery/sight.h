@@ -10,7 +10,8 @@ namespace vorn {
 
 enum class sight_kind { visual, thermal };
 
-// One direction of the commander's lay. The lay ends up to `spread` beyond `base`, in the step's direction.
+// One direction of the commander's lay. The lay goes to a random place between `base` and `spread` beyond it,
+// in the step's direction, and ends less than a step before this place.
 struct slew_numbers {
     double base;
     double spread;

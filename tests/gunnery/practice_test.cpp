@@ -96,7 +96,7 @@ void expect_kill(const practice_state& p, const gunnery_screen& s, int e, const 
     EXPECT_EQ(p.rectarget[e], e);
     EXPECT_EQ(p.recammo[e], n.order);
     EXPECT_EQ(p.recsystem[e], system_of(s, e, n));
-    // The order counts as one second; the seconds of lays and flights are not counted.
+    // The order counts as one second. A lay or a flight counts as one second at most, however long it is.
     EXPECT_LE(p.rectime[e], n.killed - n.ordered + 1);
     EXPECT_GE(p.rectime[e], n.killed - n.ordered - 5 * static_cast<double>(n.aims.size()));
     EXPECT_LT(p.rectime[e], 120);

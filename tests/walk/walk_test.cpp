@@ -184,7 +184,7 @@ struct walker {
 double chance_of_yes(const std::string& question)
 {
     const auto asks = [&](const char* words) { return question.find(words) != std::string::npos; };
-    if (asks("DELETE")) return 0;   // the file that was opened may be a range
+    if (asks("DELETE")) return 0;   // may be a range file, which the walk still needs
     if (asks("EXIT ?")) return 0.15;
     return asks("START SIMULATOR") || asks("LOCATE ONE") || asks("LOOK FOR IT") ? 0.9 : 0.5;
 }

@@ -1,4 +1,4 @@
-// Screen colours, premultiplied by alpha.
+// Colours from 0 to 1 as a picture file stores them (not linear light), premultiplied by alpha.
 #pragma once
 
 #include <QImage>

@@ -22,7 +22,7 @@ namespace vorn {
 // A rectangle on a screen as it is shown, in twips of the form.
 using place = QRectF;
 
-// A number at `at`, joined by a line to `names`, a point of the part that it marks.
+// A number at `at`, with a line to the point `names` on the part that the number marks.
 struct callout {
     QPointF at, names;
 };

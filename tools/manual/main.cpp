@@ -487,6 +487,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    const auto absolute = [&](int i) { return QDir(argv[i]).absolutePath(); };   // the program changes folder
+    // The program changes its working directory.
+    const auto absolute = [&](int i) { return QDir(argv[i]).absolutePath(); };
     vorn::tour(absolute(1), absolute(2), absolute(3)).take_all();
 }

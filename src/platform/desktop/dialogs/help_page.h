@@ -15,7 +15,8 @@ class help_page final : public QTextBrowser {
 public:
     explicit help_page(QWidget* parent);
 
-    // Sets the screen. Where a comment such as <!--for simulator thermal--> names it, the page shows a mark.
+    // Sets the name of the current screen. The page shows a mark at each comment that contains this name,
+    // such as <!--for simulator thermal-->.
     void set_screen(const QString& name) { screen_ = name; }
     void set_text_size(double points);
     void zoom(double points) { set_text_size(font().pointSizeF() + points); }

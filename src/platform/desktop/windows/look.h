@@ -1,6 +1,6 @@
-// The look of the screens: all colours and text sizes, and the style that draws buttons, options, sliders,
-// text boxes and frames at the scale of their window. Message boxes and dialogs have the look of the
-// platform.
+// The look of the screens: the colours for each role, the text sizes, and the style that draws buttons,
+// options, sliders, text boxes and frames at the scale of their window. Message boxes and dialogs have the
+// look of the platform.
 #pragma once
 
 #include <QColor>

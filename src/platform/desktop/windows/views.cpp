@@ -68,7 +68,8 @@ text_button::text_button(const object_fields& fields, QWidget* parent) : QPushBu
     setAutoDefault(true);
 }
 
-// Paints the background colour, if there is one, and a light overlay while the mouse is over the button.
+// Paints the background colour, if there is one, and a light overlay while the button is pressed or the mouse
+// is over it.
 void text_button::paint_background(QPainter& p)
 {
     const double scale = scale_of(*this);
