@@ -406,6 +406,11 @@ int main(int count, char** arguments)
 {
     using namespace tools;
     if (count != 2 && count != 3) fail("usage: explosion FOLDER [NAME]");
+    bool made = false;
     for (const scene& s : scenes())
-        if (count == 2 || QString(arguments[2]) == s.name) make(s, QDir(arguments[1]));
+        if (count == 2 || QString(arguments[2]) == s.name) {
+            make(s, QDir(arguments[1]));
+            made = true;
+        }
+    if (!made) fail(QString("there is no sheet named ") + arguments[2]);
 }

@@ -11,6 +11,7 @@
 #include <string>
 #include <system_error>
 
+#include "platform/desktop/drawing/pictures.h"
 #include "platform/files.h"
 
 namespace vorn {
@@ -141,7 +142,7 @@ static bool needs_copy(const fs::path& installed, const fs::path& own, const std
 
 static bool is_twin(const fs::path& file)
 {
-    return to_utf8(file.stem()).ends_with("@2x");
+    return to_utf8(file.stem()).ends_with(twin_mark);
 }
 
 bool fill_directory(const fs::path& from, const fs::path& to)

@@ -85,7 +85,7 @@ static QStringList name_filters(const std::string& pairs)
 // large as intended.
 static QString without_twin(const QString& file)
 {
-    static const QRegularExpression twin(R"(@2x(?=\.[^./]*$))");
+    static const QRegularExpression twin(QString(twin_mark) + R"((?=\.[^./]*$))");
     const QString plain = QString(file).remove(twin);
     return QFileInfo(plain).isFile() ? plain : file;
 }

@@ -77,7 +77,7 @@ QByteArray picture_format(QIODevice& file)
 
 QString twin_of(const QFileInfo& file)
 {
-    return file.completeBaseName() + "@2x." + file.suffix();
+    return file.completeBaseName() + twin_mark + '.' + file.suffix();
 }
 
 static QString find_twin(const QFileInfo& file, const QSize& natural, const QString& more_twins)

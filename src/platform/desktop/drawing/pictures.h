@@ -21,7 +21,8 @@ struct decoded_picture final : picture_pixels {
     mutable std::shared_future<QImage> twin_image = {};   // read at the first use; null if that fails
 };
 
-// The file name of a picture's twin, for example valley@2x.vrp.
+// The file name of a picture's twin, for example valley@2x.vrp: it has this mark before the extension.
+inline constexpr const char* twin_mark = "@2x";
 QString twin_of(const QFileInfo&);
 
 // File name patterns of the supported formats, for a file dialog.
