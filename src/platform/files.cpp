@@ -163,7 +163,6 @@ static bool write_over(const fs::path& file, const std::string& old, const std::
 {
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
     if (write_whole(out, text)) return true;
-    if (old.empty()) return false;
     out = std::ofstream(file, std::ios::binary | std::ios::trunc);
     write_whole(out, old);
     return false;

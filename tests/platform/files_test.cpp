@@ -101,9 +101,10 @@ TEST_F(writing, files_without_permission_are_reported_and_kept)
         chmod((data.ranges() + '/' + name).c_str(), mode);
     };
     fs::create_directory(data.ranges() + "/shut");
-    put("shut/open.vrn", "old", 0666);
-    put("shut/closed.vrn", "old", 0444);
-    put("shut/unread.vrn", "old", 0222);
+    put("shut/open", "old", 0666);
+    put("shut/empty", "", 0666);
+    put("shut/closed", "old", 0444);
+    put("shut/unread", "old", 0222);
     put("dark.vrn", "old", 0000);
     for (const std::string& folder : {data.program(), data.ranges()}) chmod(folder.c_str(), 0755);
     put("shut", "", 0555);
@@ -111,15 +112,14 @@ TEST_F(writing, files_without_permission_are_reported_and_kept)
         const at_end user = unprivileged();
         const at_end disk = small_disk(1000);
         EXPECT_EQ(read_file(pc, "dark.vrn").reason, "The file can't be read.");
-        for (const char* name : {"shut/open.vrn", "shut/closed.vrn", "shut/new.vrn", "shut/unread.vrn"})
+        for (const char* name : {"shut/open", "shut/empty", "shut/closed", "shut/new", "shut/unread"})
             EXPECT_EQ(write_file(pc, name, std::string(2000, 'n')), "The file can't be written.") << name;
-        EXPECT_EQ(delete_file(pc, "shut/open.vrn"), "The file can't be deleted.");
-        EXPECT_EQ(data.get("shut/open.vrn") + data.get("shut/closed.vrn"), "oldold");
-        EXPECT_EQ(write_file(pc, "shut/open.vrn", "new"), "");
+        EXPECT_EQ(delete_file(pc, "shut/open"), "The file can't be deleted.");
+        EXPECT_EQ(data.get("shut/open") + data.get("shut/empty") + data.get("shut/closed"), "oldold");
+        EXPECT_EQ(write_file(pc, "shut/open", "new"), "");
     }
-    EXPECT_EQ(data.get("shut/unread.vrn"), "old");
-    EXPECT_EQ(data.get("shut/open.vrn"), "new") << "overwritten in place";
-    EXPECT_FALSE(fs::exists(data.ranges() + "/shut/new.vrn"));
+    EXPECT_EQ(data.get("shut/unread") + data.get("shut/open"), "oldnew") << "overwritten in place";
+    EXPECT_FALSE(fs::exists(data.ranges() + "/shut/new"));
     EXPECT_EQ(delete_file(pc, "shut"), "It is not a file.");
     put("shut", "", 0755);
 }
