@@ -136,9 +136,9 @@ build_sdl() {
     make_late_library "$work/sdl/libSDL2.dll.a" "$WINDOWS_PREFIX/lib/libSDL2.dll.a"
 }
 
-# Copies the libraries, Qt's plug-ins and gcc's runtime libraries beside the program, and strips all of them. Their
-# sections are aligned to pages, so that Wine maps the files into memory instead of reading them. The build time in
-# their headers stays: the same libraries give the same files.
+# Copies the libraries, Qt's plug-ins and gcc's runtime libraries beside the program, and strips them and the program.
+# Their sections are aligned to pages, so that Wine maps the files into memory instead of reading them. The build time
+# in their headers stays: the same libraries give the same files.
 add_libraries() {
     local out=$1 gcc file
     gcc=$(dirname "$(x86_64-w64-mingw32-gcc-posix -print-file-name=libstdc++-6.dll)")

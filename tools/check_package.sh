@@ -35,10 +35,10 @@ fi
 package=$(realpath "$1")
 lintian --fail-on error "$package"
 [ "$(stat -c %s "$package")" -lt 70000000 ] || { say "the package is larger than 70 MB"; exit 1; }
-if git rev-parse 2>/dev/null; then   # the package must contain exactly the data that git tracks
+if git rev-parse 2>/dev/null; then   # the package must contain exactly the data files that git tracks
     diff <(git ls-files data/ranges | sed 's,^data,./usr/share/vorn,' | sort) \
         <(dpkg-deb --fsys-tarfile "$package" | tar -t | grep '^./usr/share/vorn/.*[^/]$' | sort) ||
-        { say "the data in the package differs from git's"; exit 1; }
+        { say "the data files in the package aren't those in git"; exit 1; }
 fi
 
 in_root() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive LC_ALL=C.UTF-8 "$@"; }
