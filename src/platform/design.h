@@ -124,7 +124,7 @@ inline void put_buttons(form& f, area first, double step, std::initializer_list<
     }
 }
 
-// The functions below return the design values with one field changed.
+// The functions from here to `bounded` return the design values with one field changed.
 inline object_fields named(object_fields f, std::string name)
 {
     f.AccessibleName = std::move(name);

@@ -137,7 +137,7 @@ enum class replaced { done, failed, not_possible };
 
 // Writes a temporary file and renames it when it is complete, so that the old file is kept if the disk is
 // full. Fails if the old file is write-protected, since a rename would replace it nevertheless. Returns
-// not_possible only if the folder gives no permission to create files.
+// not_possible only if no file may be created in the folder.
 static replaced replace_file(const fs::path& file, const std::string& text)
 {
     std::error_code failed;

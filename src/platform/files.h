@@ -1,4 +1,4 @@
-// Text files and paths. Each function opens, uses and closes its file. Paths are in UTF-8; a relative path is
+// Text files and paths. A function that opens a file also closes it. Paths are in UTF-8; a relative path is
 // relative to machine::working_directory.
 #pragma once
 
@@ -13,13 +13,13 @@ namespace vorn {
 inline constexpr char path_separator = static_cast<char>(std::filesystem::path::preferred_separator);
 
 std::filesystem::path from_utf8(const std::string& path);
-// Empty for a path that isn't valid Unicode: Windows allows half a surrogate pair in a name. The program then
-// finds no file there.
+// Empty for a path with half a surrogate pair, which Windows allows in a name. The program then finds no such
+// file.
 std::string to_utf8(const std::filesystem::path&);
 
 // The absolute path of the file that a stored path names. The path is used as written if the file exists.
 // Otherwise '\' also counts as a separator on systems that use '/', and names are compared without regard to
-// case.
+// case (A to Z only).
 std::string find_path(const machine&, const std::string& path);
 bool file_exists(const machine&, const std::string& path);
 
@@ -33,7 +33,7 @@ file_text read_file(const machine&, const std::string& path);
 // The extension of a file name in lower case, with its dot; empty if it has none.
 std::string extension(const std::string& path);
 // Creates or replaces a file. Returns the reason for a failure, empty on success. A failure leaves the old
-// file unchanged.
+// file unchanged, if need be by writing the old text back.
 std::string write_file(const machine&, const std::string& path, const std::string& text);
 // Deletes a regular file; unlike find_path, uses the path exactly as written. Returns the reason for a
 // failure, empty on success.

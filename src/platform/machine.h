@@ -1,5 +1,5 @@
-// The interface of the machine that the program runs on: screens, time, boxes, sound, joystick, pictures,
-// printer and files. The desktop machine has a window system, the headless machine a virtual clock and no
+// The interface of the machine that the program runs on: screens, time, boxes, dialogs, sound, joystick,
+// pictures and printer. The desktop machine has a window system, the headless machine a virtual clock and no
 // screen.
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace vorn {
 
-// The shortest time between two ticks of a timer, in seconds, even if its Interval is shorter, such as 1 ms.
+// The shortest interval of a timer, in seconds: a timer with an Interval of 1 ms ticks every 16 ms.
 inline constexpr double timer_floor = 0.016;
 
 enum class box_buttons { ok, yes_no };

@@ -19,14 +19,14 @@ inline constexpr double form_height = 11520;
 enum class colour {
     ground,      // background of forms; as BackColor: no background of its own
     text,        // ordinary text and button text
-    highlight,   // text under the mouse cursor, the selected item
+    highlight,   // the word under the mouse cursor, the hint bar, a missing joystick
     dim,         // secondary text
     live,        // current values: readouts, the crew line
     red,
     darkred,
     white,
     black,
-    sight,       // marks of the sight picture, readable over sky and ground
+    sight,       // marks of the sights, readable over sky and ground
     tracer,      // a round in flight
     hottracer,   // a round in flight in the thermal sight
 };
@@ -187,7 +187,7 @@ struct form {
     screen_object* exit_button = nullptr;   // clicked when the user closes the window
     std::function<void()> closed;           // called instead if there is no exit_button
     std::vector<panel_key> panel_keys;
-    // The object that gets the keyboard focus after the current handler. The machine clears this field.
+    // The object that gets the keyboard focus after the current handler. The desktop clears this field.
     const screen_object* takes_focus = nullptr;
     // Returns the layout for a window that is this many twips wide when scaled to the height of the form.
     // Without this function the layout is as designed, unless `spreads` is set.

@@ -80,8 +80,8 @@ static bool write_times(const fs::path& folder, const copied_times& times)
     return file && rename_to(temporary, folder / times_file);
 }
 
-// Removes temporary files left by killed programs. Only names that temporary_for makes match the pattern, so
-// that no other file is removed.
+// Removes temporary files that killed programs left more than a day ago. The pattern matches only names of
+// the form that temporary_for makes.
 static void remove_old_temporaries(const fs::path& folder)
 {
     static const std::regex temporary(R"(.*\.\d+\.part)");

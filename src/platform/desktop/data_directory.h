@@ -30,7 +30,8 @@ std::filesystem::path data_directory(const std::filesystem::path& installed,
 // Copies the files below `from` that are missing below `to`. Also replaces a copy if its original has changed
 // since and the user has not changed the copy; ranges and their pictures are never replaced. Twins of
 // pictures aren't copied: they are large, and the program finds them in `from`. False if a file could not be
-// copied. An interrupted copy leaves no incomplete file under the final name.
+// copied, or the list of copied files not written. An interrupted copy leaves no incomplete file under the
+// final name.
 bool fill_directory(const std::filesystem::path& from, const std::filesystem::path& to);
 
 // The folder "ranges" in `installed` if it contains a file with the name and content of `file`, otherwise

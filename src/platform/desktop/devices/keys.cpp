@@ -69,7 +69,7 @@ bool is_answer(const QKeyEvent& e)
            (e.key() == Qt::Key_Space && !text_has_focus());
 }
 
-// A letter without modifiers, which in a box clicks the button with this access key.
+// A letter without Alt, Ctrl or Meta, which in a box clicks the button with this access key.
 bool is_bare_letter(const QKeyEvent& e)
 {
     const bool letter = is_letter(virtual_key(e)) || (!e.text().isEmpty() && e.text().front().isLetter());

@@ -28,7 +28,7 @@ QString missing_page(const QString& file)
            "</p><p>The trainer works without it.</p>";
 }
 
-// The document uses the colours of this style sheet, not those of the window's palette.
+// The colours of links, headings and marks: the document doesn't take them from the window's palette.
 QString page_style()
 {
     return QString(

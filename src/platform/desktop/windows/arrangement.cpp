@@ -13,7 +13,7 @@ namespace {
 
 // Lengths are in twips of the form, before it is scaled.
 constexpr double border = 75;                // width of the border around the sight
-constexpr double longest_crew_line = 7700;   // width of the longest text that the crew line shows
+constexpr double longest_crew_line = 7700;   // room for the longest text, also in a wider typeface
 constexpr std::size_t most_columns = 4;
 
 using object_list = std::vector<const screen_object*>;

@@ -180,7 +180,8 @@ void sight_view::paintEvent(QPaintEvent*)
     paint_objects(p, whole);
 }
 
-// Strikes are drawn over the images, and under the marks of the sight and the rounds in flight.
+// Strikes are drawn over the range picture, the target and the explosion, and under the marks of the sight
+// and the rounds in flight.
 void sight_view::paint_objects(QPainter& p, const QRect& whole)
 {
     bool strikes_due = !strikes_.empty();

@@ -21,7 +21,8 @@ public:
 
     void show_strike(const strike&);
     void clear_strikes();   // and fires
-    // Repaints strikes and fires, at most once per 30 ms. False when there are none.
+    // Repaints strikes and fires at most once per 30 ms, and when the last one has ended. False when there
+    // are none.
     bool animate();
     // Sets where rounds in flight are drawn: 0 is their place before the last update, 1 their present place.
     void set_progress(double part);

@@ -43,7 +43,7 @@ struct strip {
 // Whether a column consists mostly of pictures, which can't fill more height.
 bool is_rigid(const column&);
 // The strip of least height with this many columns. A strip with a rigid column is returned only if all
-// others are clearly higher. The blocks keep their order.
+// strips without one are clearly higher. The blocks keep their order.
 strip make_strip(std::span<const block>, std::size_t columns);
 
 // Places the blocks of the strip so that they fill the rectangle.
