@@ -78,8 +78,9 @@ void show_round(const practice_state& p, results_screen& s, int round)
     }
 }
 
-// The offsets in the record run from the aim, the lase and the round to the target. A mark is pale if the
-// record has no offset for it or if the round was never fired.
+// The offsets in the record run from the aim, the lase and the round to the target. The mark of the aim is
+// pale if the round was never fired, that of the lase if the record has no offset for it, and that of the
+// fall of shot in both cases.
 void place_markers(const practice_state& p, results_screen& s, int round)
 {
     const int e = s.selectedengagement;

@@ -58,8 +58,7 @@ std::string key_line(const std::string& key, const std::string& button)
     return line + "   ";
 }
 
-// While the panel of the practice's buttons is hidden, shows their keys in its place until the practice
-// starts.
+// While the panel of the practice's buttons is hidden, shows their keys instead, until the practice starts.
 void showkeynote(gunnery_screen& s)
 {
     s.keynote.Visible = !s.Frame3.Visible;

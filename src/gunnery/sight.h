@@ -10,8 +10,8 @@ namespace vorn {
 
 enum class sight_kind { visual, thermal };
 
-// One direction of the commander's lay. The lay goes to a random place between `base` and `spread` beyond it,
-// in the step's direction, and ends less than a step before this place.
+// One direction of the commander's lay. The target is moved to less than a step before a random place, which
+// is up to `spread` beyond `base` in the step's direction.
 struct slew_numbers {
     double base;
     double spread;
@@ -20,7 +20,7 @@ struct slew_numbers {
 
 // Limits of the range picture's movement in the sight window.
 struct limit_numbers {
-    double near;     // the picture moves right and down only while Left and Top are below this
+    double near;     // the picture moves right only while its Left is below this, down only while its Top is
     double across;   // width that must remain right of the window's left edge
     double down;     // height that must remain below the window's top edge
 };
@@ -85,7 +85,7 @@ struct sight_numbers {
     limit_numbers sticklimits;
     bool eventsinlay;            // events are handled between the steps of the commander's lay
     int fastest, usual;          // maximum and design value of the lay speed slider
-    int holdticks;               // timautolay ticks before the lay
+    int holdticks;               // timautolay ticks before the one that starts the lay
     drop_numbers reversionary;   // upward move of picture and target for the reversionary mark
     fin_numbers fin;
     hesh_numbers hesh;

@@ -34,7 +34,7 @@ bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n
     return true;
 }
 
-// Twips. A target with a smaller Left is left of the sight, one with a smaller Top is above it.
+// Twips. A target with a smaller Left counts as left of the sight, one with a smaller Top as above it.
 constexpr double left_of_sight = 2040;
 constexpr double above_sight = 960;
 

@@ -20,8 +20,8 @@ bool ends_item(char c)
     return c == ',' || c == '\r' || c == '\n';
 }
 
-// The size in bytes of the UTF-8 character at an index; 0 if the bytes there aren't valid UTF-8. Longer forms
-// than needed, surrogates and numbers above U+10FFFF aren't valid: Windows can't convert them into a path.
+// The size in bytes of the UTF-8 character at an index; 0 if the bytes there aren't valid UTF-8. Overlong
+// forms, surrogates and code points above U+10FFFF aren't valid: Windows can't convert them into a path.
 std::size_t utf8_size(std::string_view s, std::size_t at)
 {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(s[i]); };
@@ -69,8 +69,8 @@ std::optional<std::string> as_latin1(std::string_view utf8)
     return bytes;
 }
 
-// Whether any line with non-ASCII characters in Latin-1 is also valid UTF-8. The reader, which detects the
-// encoding of each item, would then misread that line.
+// Whether a line of a Latin-1 text contains non-ASCII characters and is also valid UTF-8. The reader, which
+// detects the encoding of each item, would then misread that line.
 bool reads_as_utf8(std::string_view latin)
 {
     while (!latin.empty()) {
@@ -84,8 +84,6 @@ bool reads_as_utf8(std::string_view latin)
 
 }   // namespace
 
-// Outside quotes an item ends at a comma or at a line break (CR LF, CR or LF). Spaces and tabs around an item
-// are dropped.
 bool item_reader::next_item(std::string_view& item)
 {
     if (place_ >= text_.size()) return false;

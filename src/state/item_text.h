@@ -13,7 +13,7 @@ namespace vorn {
 
 // Reads the items of a file one by one. `take` fails if no item is left, the item has another type or the
 // number doesn't fit the argument. It then returns false and leaves the argument unchanged. Outside quotes an
-// item ends at a line break or a comma.
+// item ends at a comma or a line break (CR LF, CR or LF). Spaces and tabs around an item are dropped.
 class item_reader {
 public:
     explicit item_reader(std::string text) : text_(std::move(text)) {}

@@ -11,8 +11,8 @@
 namespace vorn {
 
 inline constexpr int positions = 21;         // entries of a range file, 0 to 20
-inline constexpr int engagement_rows = 17;   // rows 1 to 15 are used; `engagement` is 16 after 15 targets
-inline constexpr int round_rows = 5;         // entries 1 to 4 are used
+inline constexpr int engagement_rows = 17;   // rows 1 to 15 are shown; `engagement` is 16 after 15 targets
+inline constexpr int round_rows = 5;         // entries 1 to 4 are shown
 
 template <class T>
 using per_engagement = table<T, engagement_rows>;
@@ -34,7 +34,7 @@ struct practice_state {
     bool targetauto = true;        // targets come automatically; otherwise on demand
     int16 targetblocks = 2;        // number of targets divided by 3: 2 to 5
     int16 targetcount;             // engagements of the record; set by START PRACTICE and by opening a record
-    int16 targettime = 30;         // seconds for a target, from its order; 500: until destroyed
+    int16 targettime = 30;         // seconds from the order until a miss, plus 1; 500: until destroyed
     int16 engagementtype = 1;      // 1 mixed, 2 coax, 3 HESH, 4 FIN and DST
     int16 systemstatus = 1;        // 0 and 1 full system, 2 laze only, 3 TLS only (visual sight: no laser)
     bool selfdegrading = false;    // systemstatus worsens during the practice
