@@ -79,7 +79,7 @@ static void askfordata(trainer& t)
                                           .filter = "All Files (*.*)|*|",
                                           .folder = t.shared.rootpath});
     if (!chosen || !enter_program_directory(t, to_utf8(directory_of(*chosen)))) return;
-    t.pc.default_directory = to_utf8(t.pc.working_directory);   // the title screen asks only once
+    t.pc.default_directory = to_utf8(t.pc.working_directory);   // the title screen need not ask again
 }
 
 void finddata(trainer& t)

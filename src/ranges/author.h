@@ -27,7 +27,8 @@ void placeholderband(rauthor_screen&);
 void hangpicture(rauthor_screen&, picture);
 // Replaces the picture behind the sight window, with its middle at the window's upper left corner.
 void putpicture(rauthor_screen&, picture);
-// Shows the size of the picture, and sets the marked point as if the middle of the picture were shown.
+// Shows the size of the picture, and sets the marked point as if the middle of the picture were at the sight
+// window's upper left corner.
 void showmiddle(rauthor_screen&);
 // Proposes a range from the height of the marked point in the picture. Does nothing outside the ground band.
 void proposerange(rauthor_screen&);

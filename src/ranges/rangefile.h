@@ -1,6 +1,6 @@
-// The range file (.arf): a picture of a landscape, twenty numbered target positions on it, and the range in
-// metres of each. It has 69 lines of item text (state/item_text.h). Before position 1 it has an entry 0
-// that isn't used.
+// The range file (.arf): the paths of a picture of a landscape and of three target icons, twenty numbered
+// target positions on the picture, and the range in metres of each. It has 69 lines of item text
+// (state/item_text.h). Before position 1 it has an entry 0, where no target is placed.
 #pragma once
 
 #include <functional>

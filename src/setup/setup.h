@@ -19,7 +19,7 @@ void make_practices(trainer&);
 
 // practicefile.cpp
 void make_practicefile(trainer&);
-// The options on the screen as the bytes of a practice file.
+// The bytes of a practice file: the settings in the frame OPTIONS, and lines 1 to 7 of the summary.
 std::string practice_file_bytes(const startsim_screen&);
 // Applies the items of a practice file to the options one by one. Stops at the first item that can't be read;
 // items applied before stay applied.
