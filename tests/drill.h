@@ -24,8 +24,8 @@ std::string native(const std::string& path);
 // The bytes of a file; none if it can't be read.
 std::string bytes_of(const std::filesystem::path&);
 
-// A temporary program directory: ranges, and the headers of their pictures and icons. Its path has blanks and
-// letters of two alphabets, as a user's path may have.
+// A temporary program directory: ranges, and the headers of their pictures and icons. Its path has a blank
+// and letters of two alphabets, as a user's path may have.
 class data_folder {
 public:
     data_folder();
@@ -91,8 +91,8 @@ struct engagement_note {
 };
 
 // A scripted gunner fires a practice, from START SIM until it has ended, and returns notes to compare with
-// the record. The gunner uses only what a gunner sees and hears: visible objects and crew lines, which the
-// machine must watch. Random events in between may cause misses, but don't stop the gunner.
+// the record. The gunner uses only what a gunner sees and hears: visible objects and crew lines. The machine
+// must watch `lblcrew`. Random events in between may cause misses, but don't stop the gunner.
 std::vector<engagement_note> fire_practice(headless_machine&, trainer&, gunnery_screen&, device);
 
 // The names of the screens that are shown, the front one last.

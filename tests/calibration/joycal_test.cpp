@@ -43,7 +43,7 @@ TEST_F(calibration, each_button_press_adds_the_next_instruction)
 {
     EXPECT_EQ(shown(), "....");
     press(1);
-    EXPECT_EQ(shown(), "....") << "before START a button press has no effect";
+    EXPECT_EQ(shown(), "....") << "before START a button press shows no instruction";
     pc.click(s.Cmdstart);
     const std::string steps[] = {"!...", "*!..", "**!.", "***! finish", "***! finish"};
     for (int n = 0; n < 5; ++n) {
@@ -67,7 +67,7 @@ TEST_F(calibration, the_lamps_follow_the_first_four_buttons)
 
 TEST_F(calibration, the_dot_rests_in_the_dead_band_and_moves_a_twip_per_full_hundred_beyond)
 {
-    pc.joystick[7] = 60000;   // differs from that of X: the axes are independent
+    pc.joystick[7] = 60000;   // maximum of Y, unlike that of X: the axes are independent
     pc.joystick[14] = 24000;
     to_step(2);
     EXPECT_EQ(s.Lblymin.Caption, "24000");

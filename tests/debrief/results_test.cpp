@@ -279,7 +279,7 @@ TEST_F(debrief, never_shows_a_record_with_the_pictures_of_another)
         d.data.put("small.vrp", picture_head(width, height));
         r.resultpicture = "small.vrp";
         open(r);
-        EXPECT_EQ(s.imgtargetpointer.Visible, pointer) << "a scale of 1 has a place, one of 0 hasn't";
+        EXPECT_EQ(s.imgtargetpointer.Visible, pointer) << "a scale of 0 gives the pointer no place";
     }
 }
 

@@ -1,6 +1,6 @@
 // A random walk on the widgets: a simulated user who does anything at any moment, with boxes, dialogs,
-// resizes and full screen. The rules of tests/walk are checked before each action. docs/DEVELOPING.md says
-// how to walk longer or with another seed.
+// resizes and full screen. Before each action those rules of tests/walk are checked that hold at any moment,
+// also while a handler runs. docs/DEVELOPING.md says how to walk longer or with another seed.
 #include <random>
 #include <set>
 

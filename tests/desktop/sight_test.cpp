@@ -5,7 +5,7 @@
 
 namespace vorn::desktop_tests {
 
-// A practice on the shipped range. Time runs fast during a flight, and nearly stands still while the test
+// A practice on a shipped range. Time runs fast during a flight, and nearly stands still while the test
 // examines the sight.
 struct strikes_in_practice : trainer_test, testing::WithParamInterface<bool> {
     strikes_in_practice() : s(GetParam() ? t.thermal : t.simulator)
@@ -202,7 +202,7 @@ TEST_F(sight_effects, a_round_in_flight_is_drawn_between_two_counts)
     EXPECT_NEAR(changed(view.grab().toImage()).center().x(), 302, 3) << "the round hasn't moved since";
 }
 
-// Counts of 11 ms, as for a FIN round, are shown at 60 frames a second.
+// Counts of 11 ms, as for FIN at 840 metres on the visual sight, are shown at 60 frames a second.
 TEST_F(sight_effects, a_round_in_flight_moves_in_each_frame)
 {
     round.Visible = true;
@@ -253,15 +253,16 @@ TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
     EXPECT_EQ(colour_at(seen(), {200, 200}), QColor(Qt::blue));
     const auto& pixels = dynamic_cast<const decoded_picture&>(*ground.Picture.pixels);
     widget(sight).window()->showMinimized();
-    EXPECT_TRUE(pixels.twin_image.valid()) << "a minimised window keeps it";
+    EXPECT_TRUE(pixels.twin_image.valid()) << "a minimised window keeps the twin";
     widget(sight).window()->showNormal();
     widget(sight).hide();
-    EXPECT_FALSE(pixels.twin_image.valid()) << "a hidden sight needs no memory for it";
+    EXPECT_FALSE(pixels.twin_image.valid()) << "a hidden sight needs no memory for the twin";
     widget(sight).show();
     EXPECT_TRUE(QTest::qWaitFor([&] { return colour_at(seen(), {200, 200}) == QColor(Qt::blue); }));
 }
 
-// A sight of 200 x 200 pixels, 100 pixels from the corner of the form, in a window of this scale.
+// A sight of 200 x 200 pixels, 100 pixels from the left and the upper edge of the form, in a window of this
+// scale.
 struct sight : desktop_test {
     static constexpr double scale = 1.3;
     screen_object& view = one.put(placed(object_kind::sight, {1500, 1500, 3000, 3000}));

@@ -81,7 +81,7 @@ struct wide_screens : trainer_test {
             EXPECT_EQ(by_distance.begin()->second, words);
         }
     }
-    // The sight has the aspect ratio of the model and at least this share of the window.
+    // The sight has the aspect ratio of the model and at least the share `least` of the window.
     void expect_large(const screen_object& sight)
     {
         const double least = shape() > 2 ? 0.45 : shape() > 1.7 ? 0.6 : shape() > 1 ? 0.5 : 0.3;
@@ -130,7 +130,7 @@ TEST_F(wide_screens, the_practice_gives_the_sight_all_that_the_panels_leave)
     }
 }
 
-// The sight also keeps its size when the note of the keys disappears.
+// The sight also keeps its size when the note of the keys becomes empty.
 TEST_F(wide_screens, a_plain_screen_gives_nearly_all_to_the_sight)
 {
     gunnery_screen& s = t.simulator;

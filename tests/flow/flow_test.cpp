@@ -73,7 +73,7 @@ TEST_F(program, without_its_directory_reports_the_folder_of_the_ranges)
     begin("/none");
     EXPECT_EQ(pc.dialogs.size(), 1U) << "the dialog was cancelled";
     EXPECT_EQ(t.shared.rootpath, "");
-    pc.click(t.intro.lblexit);   // without an answer the question is answered No
+    pc.click(t.intro.lblexit);   // the question is answered No, since the test gives no answer
     EXPECT_FALSE(pc.ended);
     const std::size_t boxes = pc.boxes.size();
     pc.answers = {{true}, {true}};

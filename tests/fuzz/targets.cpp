@@ -102,7 +102,7 @@ extern "C" int fuzz_practice(const std::uint8_t* data, std::size_t size)
     return 0;
 }
 
-// A file that is damaged in the middle leaves a partial record, which is shown and printed.
+// A file that is damaged in the middle leaves a partial record, which can be viewed and printed.
 extern "C" int fuzz_results(const std::uint8_t* data, std::size_t size)
 {
     const std::string bytes = text_of(data, size);

@@ -336,7 +336,8 @@ TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
         EXPECT_TRUE(s.Timcoax.Enabled);
         EXPECT_EQ(d.pc.playing.ends_with("coax.wav"), burst < needed) << "the kill has its own sounds";
         d.pc.wait(0.1);
-        // The tracer is off by the coax error (30 across, 20 down) and the largest scatter (99 each way).
+        // The tracer is off by the coax error (30 across, 20 down) and the largest scatter (99 across and
+        // down).
         EXPECT_NEAR(s.ammo.Top, (visual ? 1140 + 2200 : 2600 + 1100 / 7.0) + 20 + 99, 0.01);
         EXPECT_EQ(s.ammo.Left, s.mbs1.Left + 30 + 99);
         EXPECT_TRUE(s.ammo.Visible && s.ammo.Width == (visual ? 5 : 15));
@@ -425,7 +426,7 @@ TEST(hesh, a_round_fired_with_the_autolay_held_takes_the_lay_back)
 TEST_F(visual_input, keys_need_the_option_and_most_a_running_practice)
 {
     d.set_up();
-    s.gunloaded = s.heshcorrecting = true;   // as the last practice may have left them
+    s.gunloaded = s.heshcorrecting = true;   // both can be true outside a practice
     s.correctstep = 0;
     for (const char key : {'A', 'S', 'D', 'Q', 'E', 'R', 'W'}) d.tap(key);
     EXPECT_TRUE(s.gunloaded && s.heshcorrecting);

@@ -139,7 +139,7 @@ TEST(hesh_practice, a_corrected_round_kills_in_any_wind)
                 EXPECT_GE(n.aims.size(), 2U) << "no uncorrected round hits";
                 rounds += n.aims.size();
             }
-            EXPECT_LE(rounds, 18U) << "most second rounds kill";
+            EXPECT_LE(rounds, 18U) << "three rounds a target on average, at most";
         }
 }
 

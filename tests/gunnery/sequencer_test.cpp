@@ -144,7 +144,7 @@ TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again
         range.targetrange[15] = limit + 1;
         d.data.put_range("visualrange.arf", range);
         d.present(3);
-        EXPECT_EQ(p.recrange[1], limit);   // exactly at the limit, which is kept
+        EXPECT_EQ(p.recrange[1], limit);   // a candidate exactly at the limit is kept
         d.t.random.source = [turn = 2U]() mutable {
             return draw_of(std::array{15, 3, 18}[turn++ % 3]);
         };   // the candidate, 15, is too far; what replaces it must be nearer than the limit
@@ -454,7 +454,7 @@ struct during_the_lay : visual_practice {
 
 TEST_F(during_the_lay, a_stop_ends_the_practice)
 {
-    for (const double at : {8.02, 8.11}) {   // while the target moves across, and while it moves down
+    for (const double at : {8.02, 8.11}) {   // while the target moves across, and while it moves up
         act([&] { d.pc.click(s.Cmdstopsim); }, at);
         EXPECT_FALSE(s.Imgtargets.Visible || s.Timloading.Enabled);
         EXPECT_EQ(d.crew() + s.Label1.Caption, "0");

@@ -115,8 +115,9 @@ TEST_P(screen_on, start_has_the_focus_until_the_practice_starts)
     EXPECT_EQ(focus, visual ? &s.Picrange : &s.Cmdstartsim);
 }
 
-// A HESH engagement that changes all state of the fire control; returns readouts, positions and sounds. The
-// lase is followed by an early release, a whole lay, a round and the first press of its correction.
+// A HESH engagement that changes most variables of the fire control; returns readouts, positions and sounds.
+// Its steps: a lase and an early release, another lase and a whole lay, a round, and the first press of its
+// correction.
 texts hesh_shoot(drill& d)
 {
     gunnery_screen& s = d.screen();

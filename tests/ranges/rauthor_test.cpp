@@ -254,7 +254,7 @@ TEST_F(author, refuses_pictures_that_are_too_small)
     pc.answers = {{false}, {true}, {false}, {true}, {false}, {false}, {false}};
     pc.files = {path("tiny.vrp"), path("tiny.vrp"), path("tiny.vrp")};
     pc.boxes.clear();
-    pc.click(s.cmdnew);   // yes, yes, no, and no to the standby picture too
+    pc.click(s.cmdnew);   // yes, yes and no to another picture, then no after the standby picture too
     EXPECT_EQ(s.Textname.Text, "C");
     EXPECT_EQ(pc.boxes.size(), 7U);
     EXPECT_FALSE(s.Imagerange.Visible);
@@ -274,7 +274,7 @@ TEST_F(author, a_cancelled_dialog_or_a_wrong_picture_ends_a_new_range)
     enter_range("1000");
     pc.inputs = {"A NAME OF MORE THAN TWENTY LETTERS"};
     pc.answers = {{false}};
-    pc.click(s.cmdnew);   // cancelled at the picture: name and type stay
+    pc.click(s.cmdnew);   // cancelled at the picture: the new name and type stay
     EXPECT_EQ(p.rangename.text(), "A NAME OF MORE THAN ");
     EXPECT_EQ(s.Lblrangetype.Caption, "VISUAL");
     EXPECT_EQ(s.shown_target.Width, 660 - 1000 / 4.0) << "the size on the visual sight";

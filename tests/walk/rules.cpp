@@ -45,7 +45,7 @@ void check_bounds(rules& r, const practice_state& p, const gunnery_screen& s)
     r.require(within(s.correctstep, 0, 2), "the correction has two presses");
     r.require(within(s.autolaycount, 0, s.numbers.holdticks), "autolaycount ends at holdticks");
     r.require(within(s.voicecount, 0, s.numbers.voiceticks - 1), "voicecount ends before voiceticks");
-    r.require(within(s.coaxhits, 0, 5), "a target is killed by its sixth burst at the latest");
+    r.require(within(s.coaxhits, 0, 5), "the sixth burst that hits kills, if not an earlier one");
     r.require(finite({s.leadperstep, s.heshcorrection}), "numbers are finite");
     r.require(s.lblcrew.Caption.size() < 100, "the crew line doesn't grow");
     if (!s.Imgtargets.Visible) return;
@@ -56,8 +56,8 @@ void check_bounds(rules& r, const practice_state& p, const gunnery_screen& s)
               "a target has a round, a row of the record and a number");
 }
 
-// Outside a practice nothing runs, except where targets come on demand. A resume enables two of the weapon
-// buttons; the thermal screen can be resumed outside a practice too.
+// Outside a practice nothing runs on the visual screen, unless targets come on demand. The thermal screen can
+// be resumed outside a practice: a resume starts three timers and enables two of the weapon buttons.
 void check_when_over(rules& r, const gunnery_screen& s)
 {
     if (s.simrunning) return;
@@ -117,7 +117,7 @@ void check_gunnery(rules& r, const practice_state& p, const gunnery_screen& s, c
         r.require(!c->Enabled || s.window.state != form_state::not_loaded, "no timer runs after an unload");
     if (s.window.state == form_state::not_loaded || s.resets == 0) return;
     check_bounds(r, p, s);
-    // A screen hidden behind the debrief keeps the state of the last practice.
+    // While a screen is hidden, the shared state may be that of a practice on the other sight.
     if (s.window.state == form_state::hidden || !w.idle) return;
     check_when_idle(r, p, s);
     check_when_over(r, s);

@@ -236,7 +236,8 @@ void press_code(walker& w, bool stick)
     });
 }
 
-// Uses a random object in one of the possible ways. Nine times in ten it is an object that takes input.
+// Uses a random object in one of the possible ways. Nine times in ten it chooses only among the objects that
+// take input.
 void use_anything(walker& w)
 {
     static constexpr const char* texts[] = {"", "smith", "A name far too long for the thirty characters",
