@@ -1,4 +1,4 @@
-// Points, vectors and colours, and interpolation, for all tools.
+// Points, vectors and colours, and interpolation.
 #pragma once
 
 #include <algorithm>

@@ -8,7 +8,7 @@
 
 namespace tools {
 
-// `quality` of a "jpeg": 1 to 100. Of a "png": 0, as small as the library makes it.
+// `quality`: 1 to 100 for a "jpeg"; 0 for a "png", which is made as small as possible.
 QByteArray encoded(const QImage&, const char* format, int quality = 0);
 // An icon file (.ico) of square pictures with sides of at most 256 pixels.
 QByteArray icon(const std::vector<QImage>&);

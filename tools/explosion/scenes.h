@@ -48,7 +48,7 @@ struct scene {
     float thick = 70;        // extinction of the densest smoke, per length
     limits thins{.45f, 1};   // the time in which the smoke becomes thinner
     float left = .3f;        // the share of `thick` at the end of this time
-    float cooling = .5f;     // time after which the heat has fallen to about half
+    float cooling = .5f;     // time at which the heat is about half of `puff_group::heat`
     float flash = 0, halo = 0;   // size of the flash; strength of the halo
     int flash_from = 1;   // the step of the flash in frame 0; the steps are 0 to 3, step 1 is the largest
     bool loops = false, by_heat = false;

@@ -53,7 +53,7 @@ struct ground_paint {
     struct {
         rgb dry, middling, lush, dark, straw;
     } grass;
-    rgb bare, soil;   // of tracks and broken ground
+    rgb bare, soil;   // pale and dark ground without grass
     rgb crops[7];
     rgb woodfloor;
 };
@@ -74,7 +74,7 @@ struct country {
     int twin_quality = 74;             // of the JPEG of the twin, 1 to 100
     std::uint32_t seed;
 
-    vec3 towards_sun;   // always from the upper left, behind the gunner
+    vec3 towards_sun;   // always to the upper left, behind the gunner
     vec3 sunlight, skylight;
     ground_paint ground;
     sky_paint sky;
@@ -87,8 +87,8 @@ struct country {
     float scrub;               // density of bushes on the rough ground, 0 to 1
     float conifers;            // share of conifers in the woods
     vec3 needles;              // reflectance of conifers
-    std::vector<rgb> leaves;   // reflectances of foliage; each tree has one of them
-    float bare_trees = 0;      // share of trees that have lost their leaves
+    std::vector<rgb> leaves;   // reflectances of foliage; each broadleaf or bush has one of them
+    float bare_trees = 0;      // share of broadleaf trees that have lost their leaves
     vec3 tufts{1, 1, 1};       // colour of tufts of grass, relative to the ground
     float snow = 0;            // depth of the snow cover, 0 to 1; its colours are in `ground`
 

@@ -6,7 +6,8 @@
 namespace tools {
 namespace {
 
-// The components of the texture at one place, from coarse to fine. A component finer than the pixel is 0.
+// The components of the texture at one place, from coarse to fine. From the tufts on, a component finer
+// than the pixel is 0.
 struct texture {
     float wide, broad, clumps, tufts;   // wavelengths: 420 m; 90 m; 23 and 11 m; 4 m
     float stems, blades, specks;   // of upright plants: wavelengths of 10, 5 and 2 pixels of a visual twin
@@ -66,7 +67,7 @@ layered rough_grass(const country& land, const ground_spot& s, const texture& t)
     layered g{green < .5f ? mix(p.grass.dry, p.grass.middling, clamp01(green * 2))
                           : mix(p.grass.middling, p.grass.lush, clamp01(green * 2 - 1)),
               .42f + .10f * t.wide + .06f * t.broad + .05f * t.clumps - .05f * t.tufts};
-    // Only some slopes have tussocks.
+    // Tussocks are denser in some places than in others.
     const float coarse = clamp01(.75f + 1.1f * noise(s.at / 260, land.seed + 217));
     const float tussocks =
         fractal(s.at / 40 + point{9, 0}, 214, 2) + .5f * t.tufts + .6f * t.stems + .5f * t.blades;

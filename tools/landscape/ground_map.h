@@ -44,7 +44,7 @@ struct ground_map {
     map_layer river{.5f};                                // up to 127 m
     map_layer shade{1};                                  // 255 in full light
 
-    // The distance to the bank of a river, up to 113 m; below 0 in the water.
+    // The distance to the bank of a river, up to 114 m; below 0 in the water.
     float bank(point p) const { return river.at(p) - river_width / 2; }
 };
 

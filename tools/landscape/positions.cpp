@@ -14,7 +14,7 @@ namespace {
 
 constexpr int wanted = 20;
 constexpr float nearest = 600, farthest = 2500;   // metres
-// The preferred range of each position, from left to right. Near and far positions alternate. Of the first
+// The preferred range of each position, from left to right. Near and far positions are mixed. Of the first
 // nineteen, eleven are near enough for the coax (1300 m) and fourteen for FIN (1600 m).
 constexpr float preferred[wanted] = {900,  2300, 1250, 700,  1500, 1050, 2050, 820,  1400, 1150,
                                      1750, 650,  1200, 2400, 980,  1550, 750,  1900, 1100, 2200};

@@ -16,7 +16,7 @@ vec3 plain_sky(const country&, float elevation);
 
 // 1 in the sun, less in the shadow of a cloud.
 float cloud_shadow(const country&, point);
-// What this many metres of air do to a colour. `shown` in target_icons/render.cpp has the same extinction
+// What the air over a distance does to a colour. `shown` in target_icons/render.cpp has the same extinction
 // coefficients.
 struct haze {
     vec3 kept, added;

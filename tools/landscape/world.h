@@ -19,7 +19,7 @@ struct plant {
     float warmer = 0;   // of a tuft: the warmth of the ground
 };
 
-// A piece of a wall or a roof.
+// A flat piece of a house or a bridge.
 struct panel {
     vec3 corner[4];
     vec3 colour, normal;

@@ -114,7 +114,7 @@ public:
                 part.Height * growth};
     }
 
-    // A number on a panel's caption line, to the right of the caption.
+    // A number on a panel's caption line, at the share `across` of the panel's width.
     callout on_head(const screen_object& o, double across = 0.93) const
     {
         const place p = place_of(o);

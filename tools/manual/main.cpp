@@ -39,7 +39,7 @@ public:
         pc.run([this] { start_program(t); });
         take("title", t.intro.window);
         click(t.intro.lblstart);
-        t.shared.soundson = false;   // the load of the set-up has switched it on
+        t.shared.soundson = false;   // it is on by default
         set_up();
         calibration();
         visual();
@@ -112,7 +112,7 @@ private:
         tap(s, "D");
         key(s, 'S', false);
     }
-    // Fires a FIN round that falls at this offset from the target's centre.
+    // Fires a FIN round with the target's centre at this offset from where a round without scatter falls.
     void fire_fin(gunnery_screen& s, double across, double down = 0)
     {
         lay_on(s, across, s.currentrange / 2.0 + down);
@@ -341,8 +341,8 @@ private:
         take_sight("thermal_cross", s);
         tap(s, "A");
         take_sight("thermal_lased", s);
-        // The same with a degraded system: the picture has moved up, and the gunner lays the reversionary
-        // mark on the target.
+        // The same with a degraded system: the picture has moved up, so the reversionary mark is
+        // below the target.
         const int status = std::exchange(t.shared.systemstatus, 2);
         tap(s, "A");
         s.imgbam.Visible = false;

@@ -1,5 +1,5 @@
-// Synthesizes one gun sound from filtered noise, falling tones and resonators. Prints it in the text format
-// of sox: a time and a sample in each line, not normalized.
+// Synthesizes one sound effect from filtered noise, falling tones and resonators. Prints it in the text
+// format of sox: a time and a sample in each line, not normalized.
 //
 // Usage: effects fire|coax|explode1
 
@@ -111,7 +111,7 @@ sound fire()
     s.add(ring{.11, 412, 9, .5}, ring{.11, 1130, 11, .4}, ring{.11, 2270, 14, .25});   // recoil
     s.add(ring{.52, 536, 14, .35}, ring{.52, 1490, 16, .25});                          // run-out
     s.add(ring{.78, 874, 8, .2}, ring{.78, 2380, 10, .2});                             // the stub
-    s.add(ring{.93, 903, 8, .12}, ring{.93, 2430, 10, .12});   // second bounce of the stub
+    s.add(ring{.93, 903, 8, .12}, ring{.93, 2430, 10, .12});   // the stub again, after a bounce
     return s;
 }
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the wave files: the crew's speech, spoken by flite and made to sound like an intercom by sox, and the gun sounds
+# Makes the wave files: the crew's speech, spoken by flite and made to sound like an intercom by sox, and the effects
 # that the program `effects` computes. Makes the same bytes each time.
 #
 # Usage: make_sounds.sh EFFECTS FOLDER
@@ -40,7 +40,7 @@ declare -A voices=(
     [commander]="rms --setf duration_stretch=0.8 --setf int_f0_target_mean=105"
     [loader]="awb --setf duration_stretch=0.9"
 )
-# In dBFS: the RMS level of each spoken line, and the peak level of all sounds.
+# In dBFS: the RMS level of each spoken line, and the peak level that effects have and speech stays below.
 speech_level=-17
 top=-2
 
@@ -108,7 +108,7 @@ explode() {
 [ $# -eq 2 ] || die "usage: make_sounds.sh EFFECTS FOLDER"
 effects=$1
 folder=$2
-# flite silently uses another voice if this one is missing.
+# flite silently uses another voice if the given one is missing.
 for voice in "${voices[@]%% *}"; do
     flite -lv | grep -qw "$voice" || die "flite doesn't have the voice $voice"
 done

@@ -195,7 +195,7 @@ sample shaded_ground(const std::vector<lamp>& lamps, vec3 at)
 }
 
 // Brightness in a thermal picture: white is hot. Every part of a vehicle is brighter than the ground, which
-// is at most .6. Faces in the sun are a little warmer; the more sky a face sees, the colder it is.
+// is at most .6. The more sky a face sees, the colder it is. Sunshine makes hardly any difference.
 vec3 glowing(const std::vector<lamp>& lamps, const material& m, vec3 at, vec3 normal)
 {
     const float sun = reaches(lamps.front(), at + normal * .03f)
