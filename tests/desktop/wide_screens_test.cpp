@@ -1,4 +1,4 @@
-// The screens in windows of any shape.
+// The screens in windows of eight shapes.
 #include <map>
 
 #include "trainer_fixture.h"

@@ -372,7 +372,7 @@ TEST_F(author, shows_an_incomplete_range_as_far_as_it_can_be_read)
         open(iconless);
         EXPECT_TRUE(s.outcome.Caption.ends_with("One of its icons could not be loaded."));
     }
-    d.data.put("thin.vrp", picture_head(9, 2));   // the band is too low for 40 steps
+    d.data.put("thin.vrp", picture_head(9, 2));   // the band isn't high enough for 40 steps
     r.rangepicture = "thin.vrp";
     r.targetx[1] = 2147483647;
     open(r);

@@ -60,7 +60,7 @@ struct ground_paint {
 
 struct sky_paint {
     rgb zenith, horizon, haze_band;
-    float cover;   // by cumulus clouds: 0 clear, 1 nearly overcast
+    float cover;   // by cumulus clouds: 0 nearly clear, 1 nearly overcast
     float veil;    // density of high cloud, 0 to 1
 };
 
@@ -82,7 +82,7 @@ struct country {
     float folds;               // height of the hills and hollows, metres
     float farmed_from;         // distance at which the rough grass ends and fields begin, metres
     float rough_share = 0;     // of rough ground among the fields, 0 to 1
-    float wooded;              // share of the fields that are woods, 0 to 1
+    float wooded;              // woods among the fields: 0 few, 1 many
     float heath;               // density of bracken and heather on the rough ground, 0 to 1
     float scrub;               // density of bushes on the rough ground, 0 to 1
     float conifers;            // share of conifers in the woods

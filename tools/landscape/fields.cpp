@@ -6,7 +6,7 @@ namespace {
 
 constexpr float depth_of_row = 190, width_of_field = 240;   // metres
 constexpr float turn = .42f;                                // of the rows, relative to the view, radians
-constexpr float crooked = .30f;                             // deviation of boundaries, in rows
+constexpr float crooked = .30f;                             // deviation of boundaries, in rows or fields
 
 // The coordinate of the boundary before row `i`, or before field `i` of a row. The unit is the mean size of a
 // row or field. Boundaries are irregular but never cross.

@@ -1,4 +1,4 @@
-// Pictures of plants and stones, drawn once from many leaves and stored as mipmaps.
+// Pictures of plants and stones, drawn once from many leaves, boughs or blades and stored as mipmaps.
 #pragma once
 
 #include <vector>

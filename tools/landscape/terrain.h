@@ -1,6 +1,6 @@
 // The relief. The gunner is some 250 m above the floor of a wide bowl that rises to a rim at three
-// kilometres. This shape makes the range author propose the right range for each row of the picture. Hills
-// and hollows are added to the bowl. Beyond the rim is a plateau with distant hills.
+// kilometres. With this shape the ranges that the range author proposes are nearly right. Hills and hollows
+// are added to the bowl. Beyond the rim is a plateau with distant hills.
 #pragma once
 
 #include <vector>
