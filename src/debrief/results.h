@@ -39,7 +39,7 @@ struct results_screen {
 
     screen_object outcome;   // what was saved, printed or deleted last
     screen_object Lblinfo, lblhelp;
-    std::deque<screen_object> captions;   // the labels that never change
+    std::deque<screen_object> captions;   // labels and drawings that never change
 
     timer Timhelp;
     int hintticks = 0;

@@ -1,5 +1,5 @@
-// The hints of a screen: a bar at its lower edge with the purpose of the frame under the cursor, and a small
-// label beside a button on which the cursor rests.
+// The hints of a screen: a bar with the purpose of the frame under the cursor, and a small label beside a
+// button on which the cursor rests.
 #pragma once
 
 #include <initializer_list>

@@ -19,7 +19,7 @@ struct layout {
     double panel_width;
     double inner_width;    // of the panel's frames
     double button_width;   // of a button as wide as its frame
-    double half_width;     // of two buttons side by side
+    double half_width;     // of each of two buttons side by side
 };
 
 layout layout_of(const gunnery_screen& s)

@@ -40,7 +40,7 @@ struct key_row {
     int code;   // virtual key code: the letter
     operation down;
     operation up = nothing;
-    bool running = true;   // down works only while a practice runs; up always works
+    bool running = true;   // down needs a running practice; up doesn't
 };
 constexpr key_row keys[] = {
     {'U', press<direction::up>, release<direction::up>, false},

@@ -59,7 +59,7 @@ void visual_mark(trainer& t, gunnery_screen& s)
         place(s.laze, {s.mbs1.Left - (height - 30), s.mbs1.Top - (height / 2 - 30), 2 * height, height});
         if (t.shared.systemstatus < 2) s.laze.Visible = true;
     } else {
-        return;   // above or below the target: no mark, no lay
+        return;   // above or below the target: no new mark or lay
     }
     s.layready = true;
 }

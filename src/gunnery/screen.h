@@ -139,7 +139,7 @@ struct gunnery_screen : since_load {
         Lblavetime;   // target, hits, time left, system, average time
     screen_object Lblrange, Lblammotype, Lblcharge, Lblpred;
     screen_object Imgcoax, Imgcoaxon, Imghesh, Imgheshon, Imgloaded, Imgunloaded;   // lamps
-    std::deque<screen_object> captions;   // labels that never change
+    std::deque<screen_object> captions;   // labels and drawings that never change
 
     timer Timer1, Timpause, Timtarget, Timloading, Timvoice, Timchrg;
     timer Timleft, Timright, Timup, Timdown, timautolay, Timcoax, Timexplode;

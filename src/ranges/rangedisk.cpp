@@ -16,7 +16,7 @@ namespace {
 constexpr const char* picture_filter = "VRP/TRP thermal & visual picture files (*.vrp)|*.vrp|(*.trp)|*.trp|";
 constexpr const char* standby_picture = "range1.vrp";
 
-// Limits in twips. Smaller pictures leave the sights of a practice no room to move.
+// Limits in twips. Smaller pictures leave the sights of a practice too little room to move.
 constexpr double too_narrow = 20000;
 constexpr double high_enough = 6000;
 

@@ -45,7 +45,7 @@ struct rauthor_screen {
 
     screen_object outcome;   // the result or the failure of the last command, instead of a box
     screen_object Lblinfo, lblhelp;
-    std::deque<screen_object> captions;   // the labels that never change
+    std::deque<screen_object> captions;   // labels and drawings that never change
 
     timer Timex, Timex1, Timey, Timey1, Timhelp;
 

@@ -58,7 +58,7 @@ struct startsim_screen {
 
     screen_object outcome;   // shows the name of the practice file that was saved
     screen_object Lblinfo, Lblhelp;
-    std::deque<screen_object> captions;   // the labels that never change
+    std::deque<screen_object> captions;   // labels and drawings that never change
 
     timer Timhelp;
     int hintticks = 0;          // ticks of Timhelp since the cursor came to a button

@@ -25,7 +25,7 @@ struct practice_state {
     std::string rootpath;                                    // the data folder, without a trailing separator
     std::string rangefile = "Visualrange.arf";               // the range of the practice
     std::string resultsfile;                                 // the results file open in the debrief
-    std::string targeticon1 = "target icons\\target1.ico";   // picture of a FIN target, relative to rootpath
+    std::string targeticon1 = "target icons\\target1.ico";   // icon of a FIN target, as in a range file
     std::string targeticon2 = "target icons\\target2.ico";   // of a HESH target
     std::string targeticon3 = "target icons\\target3.ico";   // of a COAX target
 

@@ -59,7 +59,7 @@ public:
     std::vector<message> boxes;
     std::vector<file_dialog> dialogs;
     std::vector<strike> strikes;   // impact marks that are shown
-    std::string playing;           // the file being played; empty if none
+    std::string playing;           // the file started last; empty if the sound was closed
     bool ended = false;
     std::vector<std::string> of_kind(const std::string& kind) const;   // texts of its log entries, in order
 
@@ -94,7 +94,7 @@ public:
     void later(double seconds, std::function<void()> action);
     // Runs at each step of a counted move.
     std::function<void()> at_pace;
-    // Logs each change of the object's caption.
+    // Logs the object's caption if it has changed, after each event and before each box.
     void watch(const screen_object& o) { watched_.emplace_back(&o, o.Caption); }
 
 private:
