@@ -80,8 +80,9 @@ cross_cmake() {   # SOURCE BUILD OPTIONS...
         { tail -30 "$work/$build.configure.log"; return 1; }
 }
 
-# Libraries of Windows for printing, file dialogs, 3D graphics, networks and file permissions. To load them would take a
-# third of the start-up time under Wine. So Qt is linked with import libraries that load each of them at the first call.
+# Libraries of Windows for printing, file dialogs, 3D graphics, networks, file permissions and user profiles. To load
+# them would take a third of the start-up time under Wine. So Qt is linked with import libraries that load each of them
+# at the first call.
 late_libraries=(authz comdlg32 d3d11 d3d9 dxgi mpr netapi32 userenv winspool ws2_32)
 
 # Makes an import library that loads its DLL at the first call.

@@ -32,7 +32,8 @@ struct result {
     double score;
 };
 
-// The visual score counts the targets hit, the thermal score those shown. More time gives a larger score.
+// The visual score counts the targets hit, the thermal score those shown. The later the hits, the larger the
+// score.
 result workout(gunnery_screen& s)
 {
     s.hittime = std::max<int>(s.hittime, 1);

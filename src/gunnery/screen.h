@@ -59,10 +59,10 @@ struct since_load : since_reset {
 
     // The fire control.
     int layspeed = 3;           // twips per step of the autolay, from the slider; visual
-    bool lazed = false;         // the range has been lased for the next round
+    bool lazed = false;         // lased or laid: the next HESH round can be corrected
     int chargecount = 0;        // Timchrg ticks; visual
     int autolaycount = 0;       // timautolay ticks, kept from one press to the next
-    bool autolayheld = false;   // AUTO has been held for the full time
+    bool autolayheld = false;   // AUTO has been held for the full time; thermal: or released too early
     bool autolaydown = false;   // AUTO is held down; visual
     std::string rangesuffix;    // letter shown after the range; empty on the visual sight
 

@@ -59,7 +59,7 @@ enum class object_kind {
     checkbox,
     slider,
     textbox,
-    image,   // a picture stretched to the size of the object, with its transparency
+    image,   // a picture with transparency, stretched to the object's size; a drawing may keep its shape
     shape,
 };
 

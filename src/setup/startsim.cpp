@@ -14,8 +14,8 @@ namespace vorn {
 
 namespace {
 
-// Leaves the set-up for another screen. Closes the calibration screen and the range author. From the range
-// author the user could return to the set-up and start a second practice.
+// Leaves the set-up for another screen. Closes the calibration screen and the range author. From an open
+// range author the user could return to the set-up and start a second practice.
 void leavefor(trainer& t, form& next)
 {
     show(t.pc, next);

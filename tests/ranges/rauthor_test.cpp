@@ -125,7 +125,7 @@ TEST_F(author, a_click_on_the_overview_moves_the_point_as_far_as_the_arrows_can)
     pc.click_at(s.Image1, 30000 / across, 3000 / down);
     EXPECT_EQ(s.Lblx.Caption + ' ' + s.Lbly.Caption, "29960 3007.5") << "by steps of 100 from 23460, 5107.5";
     EXPECT_EQ(s.Imagerange.Left, left - 6500);
-    EXPECT_EQ(s.Lbltgtrange.Caption, "2349");   // in step 7, counted from 0
+    EXPECT_EQ(s.Lbltgtrange.Caption, "2349");   // in step 7 of the band; the first is 0
     for (const double corner : {0.0, 1.0}) {
         pc.click_at(s.Image1, corner * 14000, corner * 5000);
         const double x = s.pointx, y = s.pointy;

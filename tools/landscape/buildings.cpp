@@ -5,7 +5,7 @@
 namespace tools {
 namespace {
 
-enum class openings { none, windows, gate };   // a gate: of a barn
+enum class openings { none, windows, gate };   // gate: the wide door of a barn
 
 struct house {
     point middle;

@@ -10,8 +10,8 @@ std::uint8_t byte_of(float v)
     return static_cast<std::uint8_t>(std::lround(clamp01(v) * 255));
 }
 
-// The tone of a light. Highlights are compressed, the rest gets a little more contrast. Taken from a table
-// for lights from 0 to 4 in steps of 1/2048.
+// The tone of the picture, 0 to 1, for this amount of light. Highlights are compressed, the rest gets a
+// little more contrast. Taken from a table for amounts from 0 to 4 in steps of 1/2048.
 float toned(float light)
 {
     static const std::vector<float> table = [] {

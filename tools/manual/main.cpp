@@ -184,7 +184,7 @@ private:
              {on_head(s.Frame3), on_head(s.Frmsys), on_head(s.Frame5), on_head(s.Frmcon), right_of(s.lblcrew),
               on_head(s.Frame2, 0.05), on_head(s.Picrange, 0.97)});
         take_part("keys", s.window, place_of(s.Frmcon), 260);
-        // The panel of the mouse controls is at the place of the key card.
+        // The panel of the gunner's buttons and the card of the keys have the same place.
         std::swap(s.Frmcon.Visible, s.Frmmousecon.Visible);
         take_part("gunners_buttons", s.window, place_of(s.Frmmousecon), 260);
         std::swap(s.Frmcon.Visible, s.Frmmousecon.Visible);

@@ -115,7 +115,8 @@ QRectF centred(const QSizeF& size, const QRectF& in)
 
 using places = std::vector<std::pair<const screen_object*, QRectF>>;
 
-// The places of a block's objects, as designed or in its flat layout.
+// The places of a block's objects: those of its flat layout, or those of the design, moved up over hidden
+// rows.
 places places_in(const form& f, const block& b)
 {
     places found;
