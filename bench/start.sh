@@ -26,7 +26,7 @@ one_start() {
     "$@" 2>/dev/null &
     pid=$!
     until xdotool search --onlyvisible --pid "$pid" >/dev/null 2>&1; do
-        kill -0 "$pid" || { echo "$1 ended without a window" >&2; exit 1; }
+        kill -0 "$pid" || { echo "the trainer ended without a window: $*" >&2; exit 1; }
     done
     end=$EPOCHREALTIME
     kill "$pid"

@@ -48,7 +48,7 @@ run_core_tests() {
         /usr/x86_64-w64-mingw32/lib/libwinpthread-1.dll "$work/core"
     say "running the core's tests"
     timeout 1800 wine "$work/core/vorn_tests.exe" --gtest_brief=1
-    say "running the tests of files on a network path"
+    say "running the tests that open and save files again, with the files on a network path"
     mkdir -p "$WINEPREFIX/dosdevices/unc/server/share"   # Wine's folder for \\server\share
     (cd "$work/core" && timeout 600 wine cmd /c \
         'set TMP=\\server\share&& vorn_tests.exe --gtest_brief=1 --gtest_filter=program.*:debrief.*:author.*')

@@ -36,7 +36,7 @@ bool finite(std::initializer_list<double> numbers)
 
 // A gunnery screen that is loaded ------------------------------------------------------------------------
 
-// Array indexes are not checked here: the sanitizers do that.
+// Array indexes are not checked here: the checked containers of the debug build do that.
 void check_bounds(rules& r, const practice_state& p, const gunnery_screen& s)
 {
     r.require(within(s.targetnumber, 0, p.targetblocks * 3L), "no more targets than the practice has");
