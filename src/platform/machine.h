@@ -46,7 +46,7 @@ struct loaded_picture {
 
 struct print_outcome {
     std::string reason = {};   // why it could not be printed; empty if it was printed or cancelled
-    std::string file = {};     // the file that was written if there is no printer
+    std::string file = {};     // the file that the user chose if there is no printer
     bool cancelled = false;
 };
 
@@ -78,7 +78,7 @@ struct strike {
     bool hot = false;                        // seen by the thermal sight
     const screen_object* ground = nullptr;   // the picture with which the strike moves
     double Left = 0, Top = 0;                // relative to `ground`, twips
-    double size = 0;                         // width of a target at this range, twips
+    double size = 0;                         // width of the target, twips
     int wind = 0;   // drift of a HESH round, in half target widths; positive: to the right
 };
 
@@ -124,8 +124,8 @@ public:
     // Detects the format from the content, not from the name.
     virtual loaded_picture load_picture(const std::string& path) = 0;
 
-    // Prints on the default printer, or to a file if there is none. The proposed file name begins with
-    // `name`.
+    // Prints on the default printer. Without a printer the user may choose a file instead; its proposed name
+    // begins with `name`.
     virtual print_outcome print(const std::vector<printed_line>&, const std::string& name) = 0;
 
     std::filesystem::path working_directory;   // absolute
@@ -150,7 +150,7 @@ void joystick_changed(machine&);
 // Runs the handler of one event, then the arrival handlers that it has queued.
 void handle(machine&, const std::function<void()>& event);
 
-// Time of the next tick in seconds on the machine's clock; infinity if no timer runs.
+// Time of the next tick in seconds on the machine's clock; infinity if there is none.
 double next_tick(machine&);
 // The latest time at which the machine must deliver ticks again: each timer may be late by its slack.
 double next_wake(machine&);

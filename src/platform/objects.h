@@ -21,7 +21,7 @@ enum class colour {
     text,        // ordinary text and button text
     highlight,   // the word under the mouse cursor, the hint bar, a missing joystick
     dim,         // secondary text
-    live,        // current values: readouts, the crew line
+    live,        // what is current: readouts, the crew line, the round on view
     red,
     darkred,
     white,
@@ -38,14 +38,14 @@ enum class shape_kind { rectangle, dashed_rectangle, ellipse, filled_ellipse };
 // A target that was hit is drawn on fire: `flames` on the visual sight, `hot` on the thermal one.
 enum class fire { none, flames, hot };
 
-// Where an object is docked to the sight of its screen. The sight takes all the space that the docked objects
-// leave. `none`: shown at its own place.
+// Where an object is docked to the sight of its screen. The sight keeps its shape in the space that the
+// docked objects leave.
 enum class dock {
     none,
     sight,      // the sight itself
-    panel,      // a frame whose child frames may be placed below or beside each other
+    panel,      // a frame whose child frames are placed as with `beside`
     beside,     // left of the sight or below it
-    above,      // in a row above the sight
+    above,      // above the sight, in one row or two; if alone, as with `beside`
     below,      // in a row below the sight
     backdrop,   // a picture that covers the whole window of a screen without a sight
 };
@@ -53,7 +53,7 @@ enum class dock {
 enum class object_kind {
     frame,   // a panel: it contains other objects and may have a caption
     sight,   // a viewport that clips its child objects and draws them in their order
-    label,   // text; with a Click handler it is also a button without a border
+    label,   // text; a label with a Click handler is also a button
     button,
     option,   // a radio button; the options of one parent form a group
     checkbox,
@@ -95,7 +95,7 @@ struct object_fields : area {
     std::string Text;        // text box
     bool ReadOnly = false;   // text box: can't be edited
     std::string ToolTipText;
-    std::string AccessibleName;   // spoken by a screen reader before the caption, if there is one
+    std::string AccessibleName;   // spoken by a screen reader; if there is a caption, before it
     colour ForeColor = colour::text;
     colour BackColor = colour::ground;
     picture Picture;                         // image; on a button it replaces the caption
@@ -114,8 +114,8 @@ struct object_fields : area {
 struct form;
 struct screen_object;
 
-// How a docked object is shown in a strip that is only a line or two high. Its child objects that aren't in
-// `places` are not shown there. Height 0: the object has no flat layout.
+// A layout only a line or two high, for an object in a strip below the sight. Its child objects that aren't
+// in `places` are not shown. Height 0: the object has no flat layout.
 struct flat_layout {
     double Width = 0, Height = 0;
     std::unordered_map<const screen_object*, area> places = {};
@@ -126,7 +126,7 @@ struct screen_object : object_fields {
     screen_object* parent = nullptr;       // null: the form itself
     form* owner = nullptr;
     dock docked = dock::none;
-    int rank = 0;   // docked objects are arranged in the order of their ranks, then in drawing order
+    int rank = 0;   // the order of the objects in a strip; those of equal rank are in drawing order
     flat_layout flat;
 
     std::function<void()> Click;                   // button, label, image, option, check box
@@ -134,7 +134,7 @@ struct screen_object : object_fields {
     std::function<void()> Change;                  // slider, text box
     std::function<void()> MouseDown;
     std::function<void()> MouseUp;
-    std::function<void()> MouseMove;   // the mouse moves over the object
+    std::function<void()> MouseMove;   // over the object, or over a child object without such a handler
 };
 
 // A repeating timer. Only `start` and `stop` write Enabled. `start` begins a new interval unless the timer is
@@ -189,15 +189,15 @@ struct form {
     std::vector<panel_key> panel_keys;
     // The object that gets the keyboard focus after the current handler. The desktop clears this field.
     const screen_object* takes_focus = nullptr;
-    // Returns the layout for a window that is this many twips wide when scaled to the height of the form.
-    // Without this function the layout is as designed, unless `spreads` is set.
+    // For a screen without a docked sight: returns the layout for a window that is this many twips wide when
+    // scaled to the height of the form.
     std::function<wide_layout(double width)> wide;
     bool spreads = false;   // without `wide`: in a wide window the objects are spread over the width
 
     std::function<void()> load;      // runs at each load, after the design values are set
     std::function<void()> arrival;   // runs when the screen has been shown or has come to the front
     std::function<void()> unloaded;
-    std::function<void()> MouseMove;    // over the form outside its objects
+    std::function<void()> MouseMove;    // over the form, where no object takes mouse events
     std::function<void()> MouseLeave;   // the mouse has left the window
     std::function<void(int)> KeyDown;   // virtual key code; called before the focused object gets the key
     std::function<void(int)> KeyUp;

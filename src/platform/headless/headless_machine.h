@@ -1,6 +1,5 @@
 // A machine with a virtual clock, a scripted user and no screen. A practice that lasts minutes runs in
-// milliseconds, the same way every time. A test reads the fields that a user would see, and a log of sounds,
-// boxes and other events.
+// milliseconds, the same way every time. A test reads the fields that a user would see, and the log.
 #pragma once
 
 #include <deque>
@@ -58,10 +57,10 @@ public:
     std::vector<logged> log;
     std::vector<message> boxes;
     std::vector<file_dialog> dialogs;
-    std::vector<strike> strikes;   // impact marks that are shown
+    std::vector<strike> strikes;   // shown since the last clear_strikes
     std::string playing;           // the file started last; empty if the sound was closed
     bool ended = false;
-    std::vector<std::string> of_kind(const std::string& kind) const;   // texts of its log entries, in order
+    std::vector<std::string> of_kind(const std::string& kind) const;   // logged texts of this kind, in order
 
     // Runs a handler as one event.
     void event(const std::function<void()>&);
@@ -85,8 +84,8 @@ public:
     }
     void close_window(form& f) { act(close_by_frame, f); }
 
-    // Runs until this many seconds after the end of the last advance. The time that handlers have
-    // taken since then counts too.
+    // Runs until this many seconds after the planned end of the last advance. The time that handlers have
+    // taken beyond that end counts too.
     void advance(double seconds);
     // Runs for this many seconds from now.
     void wait(double seconds);
@@ -94,7 +93,7 @@ public:
     void later(double seconds, std::function<void()> action);
     // Runs at each step of a counted move.
     std::function<void()> at_pace;
-    // Logs the object's caption if it has changed, after each event and before each box.
+    // Logs the object's caption if it has changed, after each event and before each message box.
     void watch(const screen_object& o) { watched_.emplace_back(&o, o.Caption); }
 
 private:

@@ -1,4 +1,4 @@
-// Runs a practice on the headless machine, fires no round, and prints each event with its time.
+// Runs a practice on the headless machine, fires no round, and prints the log.
 //   vorn-headless PROGRAM-DIRECTORY [visual|thermal]
 #include <cstdio>
 #include <cstring>
