@@ -1,5 +1,4 @@
-// Selects the data that the trainer works on: the installed data if the user may write there, otherwise the
-// user's own copy.
+// Selects the data that the trainer works on: the installed data or the user's own copy of it.
 #pragma once
 
 #include <QString>
@@ -9,7 +8,7 @@
 namespace vorn {
 
 struct data_place {
-    std::filesystem::path installed;   // as shipped; empty in a build tree
+    std::filesystem::path installed;   // as shipped; empty if the data isn't installed
     std::filesystem::path used;        // contains the folder "ranges" that the trainer works on
 };
 

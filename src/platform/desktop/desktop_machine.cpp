@@ -193,8 +193,8 @@ void desktop_machine::do_events()
 
 // Files ---------------------------------------------------------------------------------------------------
 
-// A picture that is still in use is not decoded again. The twin of the user's copy of an installed picture is
-// in the installed folder.
+// A picture that is still in use is decoded again only if its file has changed. The twin of the user's copy
+// of an installed picture is in the installed folder.
 loaded_picture desktop_machine::load_picture(const std::string& path)
 {
     const std::string found = find_path(*this, path);

@@ -41,25 +41,26 @@ public:
     loaded_picture load_picture(const std::string& path) override;
     print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
 
-    // Makes now() and all timers this many times faster than real time.
+    // Makes now(), and with it the timers of the screens, run this many times as fast as real time.
     void set_speed(double factor);
 
     // Runs the handler of an event to its end and updates the windows.
     void run(const std::function<void()>& event);
-    // Updates all windows from the fields of their objects.
+    // Updates the windows of the shown screens from the fields of their objects.
     void sync();
 
     // To be called when the window system has activated the window of this screen.
     void activated(form&);
     // To be called when the user presses an object that has a MouseDown or MouseUp handler, by mouse or
-    // Space. False if the press has already ended because the handler opened a box.
+    // Space. False if the press has already ended, for example because the handler opened a box.
     bool press(screen_object&);
     void release_pressed();
     bool is_pressed(const screen_object& o) const { return pressed_ == &o; }
     // Releases whatever is held down: keys, joystick buttons, objects and sliders. Called when another window
     // gets the input and with it the release events.
     void release_input();
-    // Hides the windows of hidden screens. To be called when the next window has been painted.
+    // Hides the windows of screens that are no longer shown. To be called when the next window has been
+    // painted.
     void hide_leaving();
 
     // Seconds since the message box in front was opened.
@@ -69,13 +70,13 @@ public:
     form_window* window_of(const QObject* handle) const;   // of this QWindow
     const QIcon& icon() const { return icon_; }
 
-    // Where the data is installed; empty in a build tree.
+    // Where the data is installed; empty if it isn't.
     std::filesystem::path installed_data;
-    // Opens the manual when F1 is pressed; null if there is no manual.
+    // Opens the manual when F1 is pressed. If this is null, F1 is an ordinary key.
     std::function<void()> open_manual;
 
     // Tests replace these: the end of the process, real time in seconds, whether there is a printer, and
-    // whether the key of a scan code is down (null if the system can't tell).
+    // whether the key of a scan code is down (null without X11).
     std::function<void()> leave;
     std::function<double()> world_clock;
     std::function<bool()> printer_present;

@@ -17,7 +17,7 @@ namespace vorn {
 
 namespace {
 
-// For this many seconds after a box opens, a letter is ignored: it was probably meant for the gun.
+// For this many seconds after a message box opens, a letter is ignored: it was probably meant for the gun.
 constexpr double letter_delay = 1;
 
 // The longest interval of auto-repeat, in milliseconds. A press after a longer interval is a new press: the
@@ -83,7 +83,7 @@ bool marks_repeat()
     return QGuiApplication::platformName() == "windows" || QGuiApplication::platformName() == "wayland";
 }
 
-// A function of Xlib, without its first parameter, the display; null on other systems. Xlib isn't linked,
+// A function of Xlib, without its first parameter, the display; null without X11. Xlib isn't linked,
 // since Qt has loaded it if there is an X server.
 template <class... Parameters>
 std::function<void(Parameters...)> x11_function([[maybe_unused]] const char* name)
@@ -104,7 +104,7 @@ void enable_detectable_repeat()
     if (const auto set = x11_function<int, int*>("XkbSetDetectableAutoRepeat")) set(1, nullptr);
 }
 
-// A function that asks X11 whether the key of this scan code is down; null on other systems.
+// A function that asks X11 whether the key of this scan code is down; null without X11.
 std::function<bool(quint32)> x11_key_state()
 {
     const auto query = x11_function<char*>("XQueryKeymap");

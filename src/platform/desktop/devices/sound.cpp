@@ -43,7 +43,7 @@ void ignore_alsa_error(const char*, int, const char*, int, const char*, ...) {}
 // Without a sound card ALSA would print its errors to the terminal at each attempt.
 void silence_alsa()
 {
-    void* library = SDL_LoadObject("libasound.so.2");   // null on other systems
+    void* library = SDL_LoadObject("libasound.so.2");   // null without ALSA
     void* set = library == nullptr ? nullptr : SDL_LoadFunction(library, "snd_lib_error_set_handler");
     if (set != nullptr) reinterpret_cast<int (*)(decltype(&ignore_alsa_error))>(set)(ignore_alsa_error);
 }

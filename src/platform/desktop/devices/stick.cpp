@@ -29,7 +29,7 @@ bool accepts_input()
     return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() != nullptr;
 }
 
-// A throttle or a switch box has fewer than two axes.
+// A throttle or a switch box may have fewer than two axes.
 bool has_two_axes(const stick::open_device& d)
 {
     return SDL_JoystickNumAxes(d.handle) >= 2;

@@ -29,7 +29,7 @@ private:
     void add_zoom_keys();
     void use_fusion();
     void place_beside(const QWidget& opener);
-    // Selects the next match, wrapping around at the end of the page. Reports if there is no match.
+    // Selects the next or the previous match, wrapping around. Reports if there is no match.
     void search(QTextDocument::FindFlags);
 
     help_page* page_;

@@ -10,7 +10,7 @@ namespace vorn {
 class scrolled_picture {
 public:
     // Draws the part of the image, scaled to `at`, that is in the view; both are in device pixels. Scales
-    // only what has come into view since the last call.
+    // only what the last call didn't draw at this size.
     void draw(QPainter&, const QImage&, const QRect& at, const QRect& view);
 
 private:

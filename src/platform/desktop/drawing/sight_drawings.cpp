@@ -1,6 +1,6 @@
-// The marks of the sights, drawn from paths so that they are sharp at every scale: scales and graticule of
-// the visual sight, aiming marks of the thermal sight. Also the explosion and the default target, which are
-// pictures.
+// Marks of the sights, drawn from paths so that they are sharp at every scale: scales and graticule of the
+// visual sight, stadia and aiming marks of the thermal sight. Also the explosion and the default target,
+// which are pictures.
 #include <QPainterPath>
 #include <algorithm>
 #include <charconv>
@@ -177,7 +177,7 @@ void reversionary_hesh(const canvas& s, int)
 
 // Pictures --------------------------------------------------------------------------------------------------
 
-// The target of a range file without a target picture: the tank of the shipped ranges.
+// The target icon of a range file that names none: the tank of the shipped ranges.
 void plain_target(const canvas& s, int)
 {
     static const loaded_picture tank = read_picture("target", ":/pictures/target.ico");

@@ -1,4 +1,4 @@
-// Accessibility of the program's own widgets, for screen readers.
+// Describes pictures to screen readers.
 #include <QAccessibleWidget>
 #include <algorithm>
 

@@ -97,7 +97,8 @@ std::vector<strips> possible_strips(const form& f, const docked_objects& d)
     return found;
 }
 
-// How far the shapes of the blocks are from those designed. Pictures can't be stretched, so they count more.
+// How far the columns are from their designed shape, and how far they are enlarged beyond `good_growth`.
+// Pictures can't be stretched, so columns of them count more.
 double distortion(const strip& s, const QRectF& at)
 {
     constexpr double good_growth = 2, of_pictures = 3;

@@ -1,7 +1,6 @@
 // Arranges the objects of a form in a window of any shape. A form without a docked sight is scaled as a
-// whole; in a wide window its objects are spread over the width, or it has its own layout there. In a form
-// with a docked sight the other objects fill strips left of the sight and below it, and the sight gets the
-// rest.
+// whole; in a wide window its objects may be spread over the width, or it may have its own layout there. In a
+// form with a docked sight the panels fill strips left of the sight and below it.
 #pragma once
 
 #include <QPointF>
@@ -16,8 +15,8 @@ namespace vorn {
 struct arrangement {
     double scale = 1;   // pixels for each pixel of the form at 1024 x 768
     QPointF corner;     // upper left corner of the form in the window, pixels
-    // Objects with a new place (in the parent, twips) and objects that are enlarged. All others are shown at
-    // their own place.
+    // Objects with a new place (in the parent, twips) and objects that are enlarged. Of an object in both,
+    // only the text and the child objects are enlarged. All others are shown at their own place.
     std::unordered_map<const screen_object*, QRectF> places;
     std::unordered_map<const screen_object*, enlargement> enlarged;
     bool spread = false;   // the places must be computed again when an object moves

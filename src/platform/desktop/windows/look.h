@@ -17,7 +17,7 @@ namespace vorn {
 namespace control_colour {
 inline constexpr QRgb panel = 0xff33372b;    // a frame
 inline constexpr QRgb edge = 0xff4d5242;     // borders of frames and controls
-inline constexpr QRgb field = 0xff1b1d16;    // a text box, a check box, the groove of a slider
+inline constexpr QRgb field = 0xff1b1d16;    // a text box, an option, a check box, the groove of a slider
 inline constexpr QRgb face = 0xff484d3d;     // a button
 inline constexpr QRgb shadow = 0xff14150f;   // the border around a sight
 }   // namespace control_colour

@@ -13,7 +13,7 @@ namespace vorn {
 inline constexpr double gap = 90;            // between blocks
 inline constexpr double frame_title = 330;   // height of a frame's caption
 
-// A docked object. It is never smaller than `size`.
+// A docked object, or a frame in a docked panel. It is never smaller than `size`.
 struct block {
     const screen_object* object = nullptr;
     QSizeF size = {};
@@ -40,7 +40,7 @@ struct strip {
     bool empty() const { return columns.empty(); }
 };
 
-// Whether a column consists mostly of pictures, which can't fill more height.
+// Whether a column consists mostly of objects that can't fill more height, such as pictures.
 bool is_rigid(const column&);
 // The strip of least height with this many columns. A strip with a rigid column is returned only if all
 // strips without one are clearly higher. The blocks keep their order.
@@ -52,7 +52,7 @@ void fill(strip&, const QRectF&);
 // Shows a block at its place (`at`, in twips of the form), with its contents spread over that place.
 void place_block(arrangement&, const form&, const block&, const QPointF& parent_corner);
 
-// Spreads all objects of a form over `wider` times its width. Text and pictures keep their size.
+// Spreads the objects of a form over `wider` times its width. Text and pictures keep their size.
 void spread_across(arrangement&, const form&, double wider);
 
 }   // namespace vorn

@@ -1,5 +1,5 @@
-// Widgets that paint an object themselves. They paint its fields as of the last update, so that everything on
-// the screen belongs to the same state.
+// The program's own kinds of widgets. Most paint the fields of an object as of the last update, so that
+// everything on the screen belongs to the same state.
 #pragma once
 
 #include <QLineEdit>
@@ -24,7 +24,7 @@ private:
     const object_fields& fields_;
 };
 
-// A label that can be clicked: text without a border, with Tab focus like any button.
+// A label that can be clicked. It gets the focus by Tab like any button.
 class text_button final : public QPushButton {
 public:
     text_button(const object_fields& fields, QWidget* parent);
