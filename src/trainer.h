@@ -1,6 +1,6 @@
 // The program as a whole: the shared practice state, the screens, the random number generator and the machine
-// the program runs on. Everything belongs to one trainer, which is passed to each operation, so that a test
-// can create two.
+// the program runs on. Everything belongs to one trainer, which is passed to the operations, so that a test
+// can create two trainers.
 #pragma once
 
 #include <memory>

@@ -9,7 +9,7 @@ struct trainer;
 struct screen_object;
 struct results_screen;
 
-// Side of a mark's image, twips. The middle of the image is the point that it marks.
+// Side of the image of a mark on the target, twips. The middle of the image is the point that it marks.
 inline constexpr double mark = 480;
 
 // design.cpp: the layout.

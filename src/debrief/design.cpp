@@ -1,5 +1,6 @@
 // The layout of the debrief screen, in twips. The strip with the range is along the top. Below it are, from
-// left to right, the list of engagements, the data of the selected engagement, and the target with its marks.
+// left to right, the list of engagements, the data of student and selected engagement, the target with its
+// marks, and the text about the marks.
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -160,9 +161,9 @@ void thermal_marks(S& s)
     in.add(s.Imgrevhesh, hidden(image({1020, 1418, 1080, 375}, ":revhesh")));
 }
 
-// Places the frame in the given area with its contents enlarged. Objects that reach its right edge by design
-// are widened with it, and those that also reach its lower edge become higher with it. A mark that has moved
-// to an edge isn't changed, since only its place in the design counts.
+// Places the frame in the given area with its contents enlarged. Objects that reach the frame's right edge by
+// design are widened with the frame, and those that also reach its lower edge become higher. A mark that has
+// moved to an edge isn't changed, since only its place in the design counts.
 void put_frame(const S& s, wide_layout& w, const screen_object& frame, const area& at, double factor)
 {
     constexpr double right_margin = 200, lower_margin = 100;

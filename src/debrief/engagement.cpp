@@ -26,8 +26,8 @@ void show_in_list(const practice_state& p, results_screen& s, int e)
         if (p.recammo[e] == ammo) s.Imgtgtnumber[e].Picture = stock.Picture;
 }
 
-// Shows the mark that the thermal sight had: the ballistic aiming mark with the full system, otherwise a
-// reversionary mark.
+// Shows the mark that the thermal sight had: the ballistic aiming mark with the full system, otherwise the
+// reversionary mark for FIN, or for HESH and COAX. For DST there is none.
 void show_sight_marks(const practice_state& p, results_screen& s)
 {
     const bool full = p.recsystem[s.selectedengagement] == "FULL";
@@ -58,9 +58,9 @@ void place(screen_object& mark, double left, double top)
     mark.Top = top;
 }
 
-// Whether this round wasn't fired at this target. The record then contains a round of an earlier practice, or
-// one that was fired before the target came up. recrounds is at most 3, so after three rounds the fourth also
-// counts as fired.
+// Whether this round wasn't fired at this target, by the number of rounds in the record. The record can still
+// contain such a round: from an earlier practice, or fired before the target came up. recrounds is at most 3,
+// so after three rounds the fourth also counts as fired.
 bool never_fired(const practice_state& p, int e, int round)
 {
     return p.recrounds[e] < std::min(round, 3);
@@ -79,8 +79,8 @@ void show_round(const practice_state& p, results_screen& s, int round)
 }
 
 // The offsets in the record run from the aim, the lase and the round to the target. The mark of the aim is
-// pale if the round was never fired, that of the lase if the record has no offset for it, and that of the
-// fall of shot in both cases.
+// pale if the round was never fired, that of the lase if its offset is 0, and that of the fall of shot if the
+// round was never fired or the offset of its fall is 0.
 void place_markers(const practice_state& p, results_screen& s, int round)
 {
     const int e = s.selectedengagement;
@@ -90,7 +90,7 @@ void place_markers(const practice_state& p, results_screen& s, int round)
     place(s.Imglaze, left - p.reclazex[e] * scale, top + p.reclazey[e] * scale);
     place(s.Imgfos, left - p.recfallx[e][round] * scale, top - p.recfally[e][round] * scale);
     s.Imagepoa.Pale = never_fired(p, e, round);
-    // For auto-repeats of the trigger in a visual coax burst the record has an aim and no fall of shot.
+    // An auto-repeat of the trigger in a visual coax burst records an aim and no fall of shot.
     s.Imgfos.Pale = s.Imagepoa.Pale || (p.recfallx[e][round] == 0 && p.recfally[e][round] == 0);
     s.Imglaze.Pale = p.reclazex[e] == 0 && p.reclazey[e] == 0;
     show_round(p, s, round);
@@ -124,8 +124,8 @@ void show_markers(const practice_state& p, results_screen& s)
     if (measured) outline_killbox(p, s);
 }
 
-// An engagement with one round has no round buttons. Another round is recognised by its aim offset, so a
-// round aimed exactly at the centre line of the target gets no button.
+// A round after the first is recognised by its sideways aim offset, so one aimed exactly at the centre line
+// of the target gets no button. Button 1 is needed only if there is a button 2.
 void show_round_buttons(const practice_state& p, results_screen& s)
 {
     const auto& aim = p.recaimx[s.selectedengagement];

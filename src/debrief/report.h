@@ -1,5 +1,4 @@
-// The practice report: a printed record of a practice with a block for each engagement and a summary of hits,
-// average time and score.
+// The practice report: a block for each engagement, and a summary of hits, average time and score.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// The debrief screen. It shows a finished practice engagement by engagement, with the last lase, the point of
-// aim and the fall of shot of each round marked on the target. It saves, opens, deletes and prints records.
+// The debrief screen. It shows a practice engagement by engagement. The last lase, and the aim and the fall
+// of shot of one round at a time, are marked on the target. It saves, opens, deletes and prints records.
 #pragma once
 
 #include <cstdint>

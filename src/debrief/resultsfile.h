@@ -1,6 +1,6 @@
-// The results file (.vrn): one finished practice with its student and range. For each engagement it stores
-// the ammunition, the time, and the offsets of lase, aim and rounds. It always has 520 lines of item text
-// (state/item_text.h); rows 0 to 15 of the record are stored, row 16 is not.
+// The results file (.vrn): one practice with its student and range. What it stores for each engagement
+// includes the ammunition, the time, and the offsets of lase, aim and rounds. It always has 520 lines of item
+// text (state/item_text.h); rows 0 to 15 of the record are stored, row 16 is not.
 #pragma once
 
 #include <functional>

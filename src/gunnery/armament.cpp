@@ -55,7 +55,7 @@ void nextround(trainer& t, gunnery_screen& s)
     if (s.visual() && s.ammoselected != hesh_bmp) s.autolaycount = 2;
 }
 
-// Two presses of Cmdmaingun with a traverse in between correct the next rounds sideways. A third press
+// Two presses of Cmdmaingun with a traverse in between correct the next rounds sideways. Each further press
 // replaces the second.
 void heshcorrect(gunnery_screen& s)
 {
@@ -80,8 +80,9 @@ void cmdmaingun_click(trainer& t, gunnery_screen& s)
     heshcorrect(s);
 }
 
-// Selects FIN, or DST if a weapon was already selected. The thermal record contains FIN in both cases, the
-// visual record contains the round selected.
+// Selects FIN and then does what Cmdmaingun does: DST follows if a weapon was already selected, or an open
+// HESH correction takes the press. The thermal record contains FIN in each case, the visual record contains
+// the round selected.
 void cmdselectmain_click(trainer& t, gunnery_screen& s)
 {
     showaimingmark(s);
@@ -283,8 +284,8 @@ void firefin(trainer& t, gunnery_screen& s, int round)
     endflight(t, s, round, round_kind::fin);
 }
 
-// With the full system and a lased range, Cmdmaingun takes a HESH correction from now on. On the visual sight
-// with AUTO held, the lay is reversed. Returns the twips moved.
+// With the full system and a lased range, Cmdmaingun takes a HESH correction from now on, and on the visual
+// sight with AUTO held the lay is reversed. Returns the twips moved.
 double preparehesh(trainer& t, gunnery_screen& s)
 {
     if (t.shared.systemstatus >= 2 || !s.lazed) {

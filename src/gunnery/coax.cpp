@@ -3,7 +3,8 @@
 
 namespace vorn {
 
-// A burst is tested for a hit when it starts, with the last position of the previous burst's tracer.
+// A burst is tested for a hit when it starts, with the last position of `ammo`: that of the previous burst's
+// tracer, or of a main gun round fired since.
 void firecoax(trainer& t, gunnery_screen& s, int round)
 {
     s.hasfired = true;

@@ -9,7 +9,7 @@
 
 namespace vorn {
 
-// The number of counts from the first value to the end, both included; 0 if the first value is past the end.
+// The number of counts: one at `from`, and one for each whole step as far as `to`. 0 if `from` is past `to`.
 inline int counts(double from, double to, double step)
 {
     constexpr double rounding = 1e-9;   // so that a fractional step reaches the end

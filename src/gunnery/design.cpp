@@ -18,7 +18,7 @@ constexpr double flat_height = 660;   // of the panels in their flat layouts
 struct layout {
     double panel_width;
     double inner_width;    // of the panel's frames
-    double button_width;   // of a button as wide as its frame
+    double button_width;   // of a button that takes a whole row
     double half_width;     // of each of two buttons side by side
 };
 

@@ -16,7 +16,7 @@ using coordinate = double object_fields::*;
 void make_gunnery(trainer&, gunnery_screen&);
 void design_gunnery(gunnery_screen&);
 // Prepares the screen for the next practice. If the range or one of its pictures can't be read, shows a box,
-// returns to the set-up screen and returns false.
+// goes back to the set-up screen and returns false.
 bool screenreset(trainer&, gunnery_screen&);
 // Sets the caption of the pause button to what a click on it will do.
 void showpause(gunnery_screen&, bool paused);
@@ -35,7 +35,7 @@ void playsound(trainer&, gunnery_screen&, const std::string& file);   // if soun
 // Plays a sound. During a call of the crew, only stops the voice.
 void effect(trainer&, gunnery_screen&, const std::string& file);
 void say(trainer&, gunnery_screen&, const std::string& file);   // a voice, if voices are on
-// A call of the crew: a voice that suppresses effects for some seconds.
+// A call of the crew: a voice. For some seconds `effect` then plays nothing.
 void callcrew(trainer&, gunnery_screen&, const std::string& file);
 void callrange(trainer&, gunnery_screen&);   // the commander states the range
 void reporton(trainer&, gunnery_screen&);    // the commander's report after the lay
@@ -54,7 +54,8 @@ void keylaze(trainer&, gunnery_screen&);
 // The offset from the aim point to the target's centre, twips; positive: the target is to the right or below.
 double aimacross(const gunnery_screen&);
 double aimdown(const gunnery_screen&);
-// Switches the thermal sight to its reversionary mark and moves picture and target up, half a twip per metre.
+// Switches the thermal sight to its reversionary mark and moves picture and target up, about half a twip per
+// metre.
 void reversionarydrop(gunnery_screen&);
 
 // autolay.cpp
@@ -74,7 +75,7 @@ void assessround(trainer&, gunnery_screen&, int round);
 void showstrike(trainer&, const gunnery_screen&, round_kind);
 // Sets the caption of Lblammotype without moving the label.
 void showammo(gunnery_screen&, ammo_shown);
-// The nature that Lblammotype shows; no_nature when it is empty.
+// The nature of the round in `shown`: HESH also during a HESH correction; no_nature if there is none.
 nature_of_target natureshown(const gunnery_screen&);
 
 // coax.cpp

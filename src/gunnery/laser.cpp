@@ -93,7 +93,7 @@ void showrange(trainer& t, gunnery_screen& s)
     s.Lblrange.Caption = std::to_string(rangehere(t, s)) + s.rangesuffix;
 }
 
-// In a degraded system a lase switches the sight to its reversionary mark, wherever the gun points.
+// In a degraded state a lase switches the thermal sight to its reversionary mark, wherever the gun points.
 void degraded_laze(trainer& t, gunnery_screen& s)
 {
     showrange(t, s);
@@ -101,7 +101,7 @@ void degraded_laze(trainer& t, gunnery_screen& s)
     reversionarydrop(s);
 }
 
-// The readout CHRG returns on the second tick. It is for display only: the laser can be fired again at once.
+// Every second tick shows the readout CHRG. It is for display only: the laser can be fired again at once.
 void timchrg_tick(gunnery_screen& s)
 {
     s.chargecount += 1;

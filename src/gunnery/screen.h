@@ -55,15 +55,15 @@ struct since_load : since_reset {
 
     // The traverse.
     int16 traversestep, elevatestep;   // twips per tick; 0 while no direction is held
-    int16 traverseaccel;               // acceleration, shared by all four directions; visual
+    int16 traverseaccel;               // twips per tick gained by acceleration, in any direction; visual
 
     // The fire control.
-    int layspeed = 3;           // twips per step of the autolay, from the slider; visual
-    bool lazed = false;         // lased or laid: the next HESH round can be corrected
+    int layspeed = 3;           // twips per coarse step of the autolay, from the slider; visual
+    bool lazed = false;         // true after a lase or an autolay: the next HESH round can be corrected
     int chargecount = 0;        // Timchrg ticks; visual
     int autolaycount = 0;       // timautolay ticks, kept from one press to the next
-    bool autolayheld = false;   // AUTO has been held for the full time; thermal: or released too early
-    bool autolaydown = false;   // AUTO is held down; visual
+    bool autolayheld = false;   // AUTO was held for the full time; thermal: or released too early or clicked
+    bool autolaydown = false;   // AUTO is held down or was clicked; visual
     std::string rangesuffix;    // letter shown after the range; empty on the visual sight
 
     // The gun.
@@ -76,7 +76,7 @@ struct since_load : since_reset {
     float correctfrom = 0, correctto = 0;   // the picture's Left at the first and the second press
     float heshcorrection = 0;               // sideways correction set by the gunner, twips
     int explodeframe = 0;
-    int coaxhits = 0;         // bursts that have hit since the last kill
+    int coaxhits = 0;         // bursts that have hit and count towards the next kill
     bool coaxfired = false;   // the coax has fired since the last deselect; visual
 
     // Crew voice and sound. Each load resets these variables, since an unload stops Timvoice.
@@ -103,7 +103,7 @@ struct gunnery_screen : since_load {
     screen_object mbs1;                                         // the aim point
     screen_object laze;                                         // mark that a lase leaves; visual
     screen_object ammo;                                         // the round in flight
-    screen_object Imgstadia;               // stadia mark, shown when no weapon is selected; thermal
+    screen_object Imgstadia;               // stadia mark, hidden by the selection of a weapon; thermal
     screen_object Imglam;                  // laser aiming mark; thermal
     screen_object imgbam;                  // ballistic aiming mark; thermal
     screen_object Imgrevfin, Imgrevhesh;   // reversionary marks; thermal
@@ -119,7 +119,7 @@ struct gunnery_screen : since_load {
     screen_object Frame5;           // lights; visual
     screen_object Frame4;           // lights; thermal. An empty hidden frame on the visual screen
     screen_object Frame2;           // display of the visual sight
-    screen_object Frmcon, Image1;   // picture of the gunner's keys
+    screen_object Frmcon, Image1;   // the card of the keys: frame and picture
     screen_object keynote;          // lists the keys of Frame3's buttons while Frame3 is hidden; visual
 
     // Practice control.

@@ -10,17 +10,17 @@ namespace vorn {
 
 enum class sight_kind { visual, thermal };
 
-// One direction of the commander's lay. The target is moved to less than a step before a random place, which
-// is up to `spread` beyond `base` in the step's direction.
+// One direction of the commander's lay. The target is moved in steps until another step would take it past a
+// random place. This place is up to `spread` beyond `base` in the step's direction.
 struct slew_numbers {
     double base;
     double spread;
     double step;
 };
 
-// Limits of the range picture's movement in the sight window.
+// Limits of the traverse. They are tested before each move, so a move can go past them.
 struct limit_numbers {
-    double near;     // the picture moves right only while its Left is below this, down only while its Top is
+    double near;     // the picture moves right only if its Left, and down only if its Top, is below this
     double across;   // width that must remain right of the window's left edge
     double down;     // height that must remain below the window's top edge
 };
@@ -40,7 +40,7 @@ struct fin_numbers {
     double step;
     double size;       // at the start
     double shrink;     // per step
-    double smallest;   // size
+    double smallest;   // lower limit of the size
     double drift;      // per step, to the right
 };
 
@@ -75,12 +75,12 @@ struct sight_numbers {
     area aim;                   // the aim point in the window
     int timer1;                 // interval of Timer1, milliseconds
     int nearest;                // a nearer target counts as this far away
-    double widest;              // width of a target at range 0, before it is clamped
+    double widest;              // width of a target at range 0, before clamping
     int far;                    // from this range on a target has its smallest width
     slew_numbers right, left;   // the target moves right if it is left of the sight, otherwise left
     slew_numbers down, up;      // down if it is above the sight, otherwise up
     int pressstep;              // per tick while a direction is held
-    bool accelerates;           // each tick moves one twip more than the last
+    bool accelerates;           // with one direction held, each tick moves one twip more than the last
     limit_numbers keylimits;    // of keys and direction buttons
     limit_numbers sticklimits;
     bool eventsinlay;            // events are handled between the steps of the commander's lay

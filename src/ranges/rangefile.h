@@ -1,5 +1,5 @@
-// The range file (.arf): the paths of a picture of a landscape and of three target icons, twenty numbered
-// target positions on the picture, and the range in metres of each. It has 69 lines of item text
+// The range file (.arf): name and type of a range, the paths of its picture and of three target icons, twenty
+// numbered target positions on the picture, and the range in metres of each. It has 69 lines of item text
 // (state/item_text.h). Before position 1 it has an entry 0, where no target is placed.
 #pragma once
 
@@ -18,12 +18,11 @@ inline constexpr const char* range_filter = "Range Files (*.arf)|*.arf|";
 // A practice reads entries 0 to 19: position 20 never gets a target.
 inline constexpr int practice_entries = 20;
 
-// The parts of the file in their order. `entry` occurs once for each position.
+// The parts of the file in their order. `entry` occurs for entry 0 and for each position.
 enum class range_part { name, picture, type, icons, entry };
 
-// Reads all parts and calls `taken` after each; `position` is the number of the entry. Stops at the first
-// item that can't be read, or when `taken` returns false; keeps what was read before. Returns true if all
-// parts were read.
+// Reads all parts and calls `taken` after each; `position` is the number of the entry. At the first item that
+// can't be read, or when `taken` returns false, stops and returns false; keeps what was read before.
 bool take_range(item_reader&, practice_state&,
                 const std::function<bool(range_part, int position)>& taken = {});
 
@@ -40,7 +39,7 @@ std::string write_range(const machine&, const std::string& file, practice_state&
 std::string range_file_bytes(const practice_state&);
 
 // The path of the icon that a range file names. The stored path is relative to rootpath, with or without a
-// leading '/' or '\'. If there is no such file, the stored path is used as a full path.
+// leading '/' or '\'. If there is no such file, but the stored path itself names a file, that file is used.
 std::string icon_path(const machine&, const std::string& rootpath, const std::string& stored);
 // The path relative to a folder, without a leading separator; nothing if the file isn't in the folder.
 std::optional<std::string> below_folder(const machine&, const std::string& folder, const std::string& path);

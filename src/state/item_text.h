@@ -11,9 +11,9 @@
 
 namespace vorn {
 
-// Reads the items of a file one by one. `take` fails if no item is left, the item has another type or the
-// number doesn't fit the argument. It then returns false and leaves the argument unchanged. Outside quotes an
-// item ends at a comma or a line break (CR LF, CR or LF). Spaces and tabs around an item are dropped.
+// Reads the items of a file one by one. `take` fails if no item is left or the item isn't a valid value of
+// the argument's type. It then returns false and leaves the argument unchanged. Outside quotes an item ends
+// at a comma or a line break (CR LF, CR or LF). Spaces and tabs around an item are dropped.
 class item_reader {
 public:
     explicit item_reader(std::string text) : text_(std::move(text)) {}
@@ -52,8 +52,8 @@ public:
     void put(bool value) { put_line(value ? "#TRUE#" : "#FALSE#"); }
     void put(int number) { put_line(std::to_string(number)); }
 
-    // The file as bytes: in Latin-1 if it can encode all characters and the reader wouldn't take the result
-    // for UTF-8, otherwise in UTF-8.
+    // The file as bytes: in Latin-1 if it can encode all characters and the reader wouldn't misread any line
+    // as UTF-8, otherwise in UTF-8.
     std::string file_bytes() const;
 
 private:

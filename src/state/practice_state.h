@@ -24,8 +24,8 @@ struct practice_state {
     // Paths and file names.
     std::string rootpath;                                    // the data folder, without a trailing separator
     std::string rangefile = "Visualrange.arf";               // the range of the practice
-    std::string resultsfile;                                 // the results file open in the debrief
-    std::string targeticon1 = "target icons\\target1.ico";   // icon of a FIN target, as in a range file
+    std::string resultsfile;                                 // the current results file of the debrief
+    std::string targeticon1 = "target icons\\target1.ico";   // icon path of a FIN target, as in a range file
     std::string targeticon2 = "target icons\\target2.ico";   // of a HESH target
     std::string targeticon3 = "target icons\\target3.ico";   // of a COAX target
 
@@ -33,7 +33,7 @@ struct practice_state {
     int practicemode = 1;          // 1 visual, 2 thermal
     bool targetauto = true;        // targets come automatically; otherwise on demand
     int16 targetblocks = 2;        // number of targets divided by 3: 2 to 5
-    int16 targetcount;             // engagements of the record; set by START PRACTICE and by opening a record
+    int16 targetcount;             // number of engagements in the record; set by START PRACTICE and OPEN
     int16 targettime = 30;         // seconds from the order until a miss, plus 1; 500: until destroyed
     int16 engagementtype = 1;      // 1 mixed, 2 coax, 3 HESH, 4 FIN and DST
     int16 systemstatus = 1;        // 0 and 1 full system, 2 laze only, 3 TLS only (visual sight: no laser)
@@ -50,7 +50,7 @@ struct practice_state {
     bool infosystem = true;        // the information panel is shown
     bool infocontrol = true;       // the card of the keys is shown if only the keyboard is selected
     bool infocrew = true;          // the crew line is shown
-    bool plainscreen = false;      // visual sight: all panels but lights and display are hidden
+    bool plainscreen = false;      // visual sight: hides the crew line and all panels but lights and display
     bool fulldebrief = true;       // a practice ends with the offer of a debrief; otherwise with a score
     bool soundson = true;
     bool voiceson = true;
@@ -72,7 +72,7 @@ struct practice_state {
 
     // The running engagement.
     int engagement = 1;     // row of the record for the current target
-    int roundnumber = 0;    // index of the next round in its row, 1 to 4; 0 before the first target
+    int roundnumber = 0;    // index of the next round in this row, 1 to 4; 0 at the start of the program
     float killradius = 0;   // twips
 
     // The open range.
