@@ -1,5 +1,4 @@
-// The fixture of a drill: a folder of test data, a headless machine with the program running, and the steps
-// to a gunnery screen.
+// The fixture of a drill: test data, a headless machine with the program, and the steps to a gunnery screen.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -75,7 +74,7 @@ constexpr std::array<control_row, 11> controls{{{'U', &gunnery_screen::Cmdup, 0}
                                                 {'S', &gunnery_screen::Cmdautolay, 4},
                                                 {'D', &gunnery_screen::Cmdfire, 1}}};
 
-// A place in the sight window, twips.
+// A place in the sight window or an offset, twips.
 struct spot {
     double x = 0, y = 0;
 };
@@ -87,12 +86,12 @@ struct engagement_note {
     bool hit = false;
     bool corrected = false;    // the HESH correction was used
     std::vector<spot> aims;    // per round: the target's centre relative to the aim point
-    std::vector<spot> falls;   // per round: the target's corner relative to where the round was seen last
+    std::vector<spot> falls;   // per round: from its upper left corner, where seen last, to the target's
 };
 
 // A scripted gunner fires a practice, from START SIM until it has ended, and returns notes to compare with
-// the record. The gunner uses only what a gunner sees and hears: visible objects and crew lines. The machine
-// must watch `lblcrew`. Random events in between may cause misses, but don't stop the gunner.
+// the record. The gunner acts only on what a gunner sees and hears: visible objects and crew lines. The
+// machine must watch `lblcrew`. Random events in between may cause misses or end the practice.
 std::vector<engagement_note> fire_practice(headless_machine&, trainer&, gunnery_screen&, device);
 
 // The names of the screens that are shown, the front one last.
@@ -103,7 +102,7 @@ double draw_of(int position);
 struct drill {
     // Uses the test data, or the given program directory.
     explicit drill(sight_kind, const std::string& program = {});
-    ~drill();   // checks that every sound that was played is a shipped file
+    ~drill();   // checks that every sound in the log is a shipped file
     drill(const drill&) = delete;
     drill& operator=(const drill&) = delete;
 

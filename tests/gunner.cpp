@@ -14,7 +14,7 @@ namespace {
 constexpr long centre = 32768;    // of the stick
 constexpr double event = 0.016;   // seconds between two stick events
 
-constexpr spot beaten_zone{45, 30};   // about its centre, relative to the drop of the coax
+constexpr spot beaten_zone{45, 30};   // its approximate centre, relative to the mark plus the drop
 
 struct gunner {
     bool running() const { return !pc_.ended && front(pc_) == &s_.window && !s_.Cmdstartsim.Enabled; }
@@ -40,7 +40,7 @@ struct gunner {
             if (o->Visible) return mark_ = {o->Left + o->Width / 2, o->Top + o->Height / 2};
         return mark_;
     }
-    // The first crew line with these words, from the last order on; null if there is none.
+    // The first crew line with these words at heard_from_ or later; null if there is none.
     const logged* heard(const char* words) const
     {
         for (std::size_t i = heard_from_; i < pc_.log.size(); ++i)
@@ -55,7 +55,7 @@ struct gunner {
     }
 
     // The controls.
-    // Clicks on a button of the practice, or presses its key if its panel is hidden.
+    // Clicks on a button of the practice, or presses its key if it can't be clicked.
     void push_panel_button(screen_object& o, char key)
     {
         takes_input(o) ? pc_.click(o) : pc_.key_down(key, true);
@@ -148,8 +148,8 @@ struct gunner {
         tap(control::mainarm);
         for (int i = 0; i < 2 && order_is("HESH"); ++i) tap(control::ammo);
     }
-    // The laser's range; else the one called by the commander, which is usually rounded down to hundreds;
-    // else an estimate from the size of the target.
+    // The laser's range, on the thermal sight only if degraded; else the one called by the commander, which
+    // is usually rounded down to hundreds; else an estimate from the size of the target.
     double range() const
     {
         if (s_.visual() ? !s_.Lblrange.Caption.empty() : degraded())
@@ -233,8 +233,8 @@ struct gunner {
             work(control::fire, false);
         }
     }
-    // After a round: notes a kill, or corrects the next round. A HESH round that was fired after an
-    // autolay and falls beside the target shows the wind.
+    // After a round or a series of bursts: notes a kill, or corrects the next. A HESH round that was fired
+    // after an autolay and falls clearly left or right of the target's middle shows the wind.
     void judge()
     {
         engagement_note& n = notes.back();

@@ -76,7 +76,7 @@ done
 
 say "starting the trainer as an ordinary user, saving a practice, exiting"
 in_root useradd -m student
-# Starts the trainer, goes to the practice editor, saves a practice if one is named, and exits.
+# Starts the trainer, goes to the set-up screen, saves a practice if one is named, and exits.
 cat >"$root/tmp/visit" <<'VISIT'
 set -eu
 export XDG_RUNTIME_DIR=/tmp/run-student && mkdir -p -m 700 $XDG_RUNTIME_DIR

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the core with clang++ and runs its tests, except the random walks. Then builds the core for Windows with
-# mingw-w64, and everything with each source compiled on its own, which finds a missing #include. Installs what is
-# missing. Needs some minutes, so the tests don't call it.
+# mingw-w64, and the preset debug with each source compiled on its own, which finds a missing #include. Installs what
+# is missing. Needs some minutes, so the tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh

@@ -96,11 +96,11 @@ await_end() {
     wait "$program" || fail "the program ended with an error"
 }
 
-# Waits some seconds until a window fills the screen. Fails if it doesn't.
+# Waits some seconds until a window fills the display. Fails if it doesn't.
 fills_screen() { for _ in $(seq 100); do covers_screen "$1" && return; sleep 0.1; done; return 1; }
 covers_screen() { [ "$(xdotool getwindowgeometry "$(window "$1")" | tail -1 | tr -d ' ')" = Geometry:1280x1024 ]; }
 
-# Goes from the title screen to the editor in full screen, and checks that each fills the screen.
+# Goes from the title to the set-up screen in full screen, and checks that each fills the display.
 carry_full_screen() {
     local width
     for _ in $(seq 20); do   # Return closes the first box

@@ -126,8 +126,8 @@ destroy_a_target() {
 
 debrief="DEBRIEF SCREEN"
 
-# Goes from the practice back to the editor and saves the practice. In the debrief, saves the record and prints the
-# report to a PDF file. The system must have no printer: the program doesn't ask for a PDF file otherwise.
+# Goes from the practice back to the set-up screen and saves the practice. In the debrief, saves the record and prints
+# the report to a PDF file. The system must have no printer: the program doesn't ask for a PDF file otherwise.
 save_all() {   # PRACTICE RECORD PDF
     click "V.O.R.N. VISUAL" 87 152   # RETURNT TO SETUP
     await "$editor"

@@ -21,8 +21,7 @@ struct calibration : on_setup {
         pc.click(s.Cmdstart);
         for (int n = 1; n < step; ++n) press(1);
     }
-    // A character for each instruction: '.' hidden, '*' visible, '!' highlighted; then " finish" if FINISH is
-    // enabled.
+    // For each instruction '.' if hidden, '*' if visible, '!' if highlighted; " finish" if FINISH is enabled.
     std::string shown() const
     {
         std::string steps;

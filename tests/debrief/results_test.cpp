@@ -7,7 +7,7 @@ namespace vorn {
 namespace {
 
 // Two rounds at the first target, 385 twips wide at 1100 metres on the visual sight: one falls 300 twips
-// right of the target's corner and misses, the other hits. The second target is not fired at.
+// right of the target's left edge and misses, the other hits. The second target is not fired at.
 struct debrief : on_setup {
     gunnery_screen& sim = t.simulator;
     results_screen& s = t.results;
@@ -32,8 +32,8 @@ struct debrief : on_setup {
         EXPECT_EQ(p.rechit[2], "NO");
         pc.confirm(sim.Cmdstopsim);
     }
-    // Fires a round that falls here, relative to the target's corner. It falls at 4589, 1700: 64 twips right
-    // of the aim point and 560 below it, which is half the range rounded up to whole steps of the flight.
+    // Fires a round that falls at this offset from the target's upper left corner. The target is moved: the
+    // round falls 64 twips right of the aim point and 560 below it, half the range rounded up to whole steps.
     void shoot(double across, double down)
     {
         d.target_at(4589 - across, 1700 - down);
@@ -80,8 +80,7 @@ TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
 TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
 {
     expect_at(s.Imgreptarget, 2040, 1560, "centre");
-    // The scale is 1695 / 385, rounded: 4. The margin of the kill box is a quarter of the target's width.
-    // Marks are 480 wide.
+    // The scale is 1695 / 385, rounded: 4. The kill box's margin is a quarter of 385. Marks are 480 wide.
     expect_at(s.killbox, 2040 + 240 + 385, 1560 + 240 + 385, "kill box");
     EXPECT_TRUE(s.killbox.Width == 770 && s.killbox.Height == 770);
     EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";
@@ -128,7 +127,7 @@ TEST_F(debrief, a_saved_record_is_the_same_when_opened_after_another)
     EXPECT_EQ(s.Txtstudent.Text.substr(0, 9) + s.Lbltarget.Caption, "JONES_007");
     open("SMITH_.vrn");
     EXPECT_EQ(results_file_bytes(p), bytes);
-    expect_at(s.Imgfos, 2040 + 4 * 300, 1560 + 4 * 100, "fall 1");
+    expect_at(s.Imgfos, 2040 + 4 * 300, 1560 + 4 * 100, "fall of round 1");
     pc.log.clear();
     pc.confirm(s.Cmdprint);
     EXPECT_EQ(pc.of_kind("printed").size(), 15U + 6 * 6);
@@ -272,7 +271,7 @@ TEST_F(debrief, never_shows_a_record_with_the_pictures_of_another)
         open(r);
         EXPECT_TRUE(s.imgtargetpointer.Visible);
         pc.event(s.window.arrival);
-        EXPECT_EQ(s.imgtargetpointer.Visible, targets > 0) << "a record without targets is not filled in";
+        EXPECT_EQ(s.imgtargetpointer.Visible, targets > 0) << "there is no engagement to show";
     }
     r.targetcount = 6;
     for (const auto& [width, height, pointer] : {std::tuple{1003U, 200U, true}, {400U, 200U, false}}) {

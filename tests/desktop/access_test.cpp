@@ -101,7 +101,7 @@ TEST_F(accessibility, every_control_is_reached_by_tab_and_has_a_name)
         pc.run([&] { t.simulator.Imghesh.Visible = !on; });
         EXPECT_EQ(interface(t.simulator.Imghesh)->state().invisible, on);
         EXPECT_EQ(interface(t.simulator.Imgheshon)->state().invisible, !on)
-            << "the lit lamp is covered by the dark one while it is off";
+            << "the dark lamp covers the lit one";
     }
     pc.run([&] {
         t.results.lbltargetrange.Caption = "1200";

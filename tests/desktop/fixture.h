@@ -1,4 +1,4 @@
-// The fixture of the desktop tests: screens of a few objects on real widgets, and answers to message boxes.
+// The fixture of the desktop tests: screens of a few objects on real widgets, answers to boxes and dialogs.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -151,8 +151,7 @@ struct desktop_test : testing::Test {
         QCoreApplication::sendEvent(&w, &e);
     }
 
-    // Acts on the next modal box of this type once `ready` is true. The event loop of the box runs until
-    // then.
+    // Acts on the next modal box of this type once `ready` is true. Until then the box's event loop runs.
     template <class Box = QDialog>
     void when_box(
         std::function<void(std::type_identity_t<Box>&)> act,

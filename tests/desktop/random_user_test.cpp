@@ -165,7 +165,7 @@ struct random_user : trainer_test {
     long left_to_do = 20000;
     int boxes = 0, dialogs = 0;
     bool help_in_front = false;
-    std::optional<QWidget*> acting_in;   // the box in which an action runs; null outside boxes
+    std::optional<QWidget*> acting_in;   // the box in which an action runs; null: in none; empty: no action
     std::string broken;
     std::set<const form*> screens;   // those that have been in front
     QEventLoop loop;

@@ -5,8 +5,7 @@
 
 namespace vorn::desktop_tests {
 
-// A practice on a shipped range. Time runs fast during a flight, and nearly stands still while the test
-// examines the sight.
+// A practice on a shipped range. Time runs fast during a flight and nearly stands still when the test looks.
 struct strikes_in_practice : trainer_test, testing::WithParamInterface<bool> {
     strikes_in_practice() : s(GetParam() ? t.thermal : t.simulator)
     {
@@ -160,7 +159,7 @@ TEST_F(sight_effects, a_target_that_was_hit_is_a_wreck_in_flames_that_die_down_w
     };
     const QImage down = take_down();
     const QPointF corner(whole.left() + 1.0, whole.bottom() - 1.0);
-    EXPECT_NEAR(colour_at(down, corner).lightness(), colour_at(empty, corner).lightness(), 40) << "no target";
+    EXPECT_NEAR(colour_at(down, corner).lightness(), colour_at(empty, corner).lightness(), 40) << "not drawn";
     time += 0.6;
     EXPECT_LT(changed().height(), changed(down).height());
     time += 0.6;
@@ -261,8 +260,7 @@ TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
     EXPECT_TRUE(QTest::qWaitFor([&] { return colour_at(seen(), {200, 200}) == QColor(Qt::blue); }));
 }
 
-// A sight of 200 x 200 pixels, 100 pixels from the left and the upper edge of the form, in a window of this
-// scale.
+// A sight of 200 x 200 pixels, 100 from the left and upper edges of the form, in a window of this scale.
 struct sight : desktop_test {
     static constexpr double scale = 1.3;
     screen_object& view = one.put(placed(object_kind::sight, {1500, 1500, 3000, 3000}));
@@ -295,8 +293,8 @@ TEST_F(sight, clips_its_objects_and_draws_them_in_order)
     open_scaled();
     EXPECT_EQ(at(105, 105), QColor(Qt::white)) << "an object over the sight";
     EXPECT_EQ(at(112, 112), QColor(Qt::blue));
-    EXPECT_EQ(at(298, 298), QColor(Qt::blue)) << "a hidden picture";
-    EXPECT_EQ(at(125, 125), QColor(Qt::blue)) << "a transparent picture";
+    EXPECT_EQ(at(298, 298), QColor(Qt::blue)) << "a hidden picture covers nothing";
+    EXPECT_EQ(at(125, 125), QColor(Qt::blue)) << "a transparent picture covers nothing";
     EXPECT_EQ(at(160, 160), QColor(Qt::red));
     EXPECT_EQ(at(190, 190), QColor(0, 255, 0)) << "a later picture covers an earlier one";
     EXPECT_NE(at(90, 150), QColor(Qt::blue)) << "outside the sight";

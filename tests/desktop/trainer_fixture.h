@@ -40,8 +40,7 @@ struct trainer_test : desktop_test {
     {
         when_box<QMessageBox>([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); });
     }
-    // The visible objects of a screen that must not overlap: those on the form except `panel`, and
-    // those in `panel`.
+    // The visible objects that must not overlap: those on the form except `panel`, and those in `panel`.
     static std::vector<const screen_object*> parts(const form& f, const screen_object* panel = nullptr)
     {
         std::vector<const screen_object*> found;

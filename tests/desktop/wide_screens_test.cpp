@@ -118,7 +118,7 @@ TEST_F(wide_screens, the_practice_gives_the_sight_all_that_the_panels_leave)
         in_each_shape(p.screen.window, [&] {
             expect_orderly(parts(p.screen.window, &p.screen.Frame1));
             expect_large(p.screen.Picrange);
-            EXPECT_GE(used(parts(p.screen.window, &p.screen.Frame1)), 0.85) << "no strip is left empty";
+            EXPECT_GE(used(parts(p.screen.window, &p.screen.Frame1)), 0.85) << "little is left empty";
             expect_lamps_behind_their_words(p.screen);
             expect_nothing_cut(p.screen.window);
             p.screen.lblcrew.Caption = p.screen.visual() ? "TARGET STOP...STOP CLEAR GUNS !!"

@@ -31,7 +31,7 @@ static void require(bool rule, const char* words)
     std::abort();
 }
 
-// Reads items of all four types in turn until one fails.
+// Reads a text, a flag, a 16-bit and a 32-bit number in turn until one fails.
 extern "C" int fuzz_items(const std::uint8_t* data, std::size_t size)
 {
     const std::string bytes = text_of(data, size);

@@ -50,7 +50,7 @@ TEST_P(gun, fin_hits)
     EXPECT_EQ(s.Imgtargets.Fire, visual ? fire::flames : fire::hot);
     expect_at(s.Imgexplode, s.Imgtargets.Left, s.Imgtargets.Top - 100, "explosion");
     EXPECT_EQ(s.Imgexplode.Picture.source, visual ? ":explosion1" : ":hotexplosion1");
-    EXPECT_TRUE(s.ammo.Width == (visual ? 20 : 10) && s.ammo.Height == s.ammo.Width) << "far away";
+    EXPECT_TRUE(s.ammo.Width == (visual ? 20 : 10) && s.ammo.Height == s.ammo.Width) << "the smallest size";
     d.pc.wait(13.5 * timer_floor);
     EXPECT_TRUE(s.Imgexplode.Visible && s.Imgexplode.Picture.source.ends_with("14"));
     d.pc.wait(timer_floor);
@@ -105,7 +105,7 @@ TEST_P(gun, rounds_scatter)
         load(hesh_bmp);
         d.tap('D');
         EXPECT_NEAR(s.ammo.Top, visual ? 1140 + 2200 + spread : 2650, 0.31) << draw;
-        EXPECT_TRUE(s.ammo.Width == 20 && s.ammo.Height == 20) << "far away";
+        EXPECT_TRUE(s.ammo.Width == 20 && s.ammo.Height == 20) << "the smallest size";
     }
 }
 
@@ -119,7 +119,7 @@ TEST_P(gun, hesh_is_carried_by_wind_and_correction)
     d.target_at(0, 0);
     d.tap('D');
     EXPECT_DOUBLE_EQ(s.ammo.Left, s.mbs1.Left + 260);
-    EXPECT_EQ(s.ammo.Width, 20) << "far away";
+    EXPECT_EQ(s.ammo.Width, 20) << "the smallest size";
     EXPECT_TRUE(s.heshcorrecting);
     EXPECT_EQ(s.lazed, visual);
     d.tap('R');
@@ -131,7 +131,7 @@ TEST_P(gun, hesh_is_carried_by_wind_and_correction)
     s.lazed = false;
     s.gunloaded = true;
     d.tap('D');
-    EXPECT_FLOAT_EQ(s.heshcorrection, visual ? 0 : 300) << "a visual round without a lase clears it";
+    EXPECT_FLOAT_EQ(s.heshcorrection, visual ? 0 : 300) << "the visual sight clears it without a lase";
     d.tap('A');
     EXPECT_FALSE(s.heshcorrecting) << "a lase ends the correction";
     p.systemstatus = 2;
@@ -336,8 +336,7 @@ TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
         EXPECT_TRUE(s.Timcoax.Enabled);
         EXPECT_EQ(d.pc.playing.ends_with("coax.wav"), burst < needed) << "the kill has its own sounds";
         d.pc.wait(0.1);
-        // The tracer is off by the coax error (30 across, 20 down) and the largest scatter (99 across and
-        // down).
+        // The coax error is 30 across and 20 down, the largest scatter 99 across and down.
         EXPECT_NEAR(s.ammo.Top, (visual ? 1140 + 2200 : 2600 + 1100 / 7.0) + 20 + 99, 0.01);
         EXPECT_EQ(s.ammo.Left, s.mbs1.Left + 30 + 99);
         EXPECT_TRUE(s.ammo.Visible && s.ammo.Width == (visual ? 5 : 15));

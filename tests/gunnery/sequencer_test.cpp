@@ -37,7 +37,7 @@ TEST_F(visual_practice, six_missed_targets)
         EXPECT_EQ(p.recsystem[i], "FULL");
         EXPECT_TRUE(p.recx[i] == 51000 && p.recy[i] == 15500);
     }
-    EXPECT_EQ(p.recsystem[0] + p.recsystem[7], "FULL") << "set by the reset in the row after the last";
+    EXPECT_EQ(p.recsystem[0] + p.recsystem[7], "FULL") << "set by the reset in the row after the last target";
     EXPECT_EQ(d.crew(), "");
     const message& question = d.pc.boxes[d.pc.boxes.size() - 2];
     EXPECT_EQ(question.text + '|' + question.title, "DEBRIEF FIRER ?|DEBRIEF");
@@ -114,7 +114,7 @@ TEST_F(thermal_practice, one_engagement_second_by_second)
     expect_at(s.Imgtargets, 1800, 1750, "target");
     expect_at(s.Imgrange, -7080 - 13 * 50, -3720 - 4 * 50, "picture");
     EXPECT_EQ(d.crew(), "COMMANDER :- FIN TANK  !!ON !!");
-    EXPECT_EQ(s.Imgstadia.Picture.source, ":stadia1") << "for this size";
+    EXPECT_EQ(s.Imgstadia.Picture.source, ":stadia1") << "for a target of this size";
     EXPECT_EQ(d.sounds().back(), "on.wav");
     EXPECT_EQ(p.recwidth[1], 0);
     d.pc.advance(4);   // the fifth tick clears the line, then the loader reports
@@ -161,8 +161,7 @@ TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again
     }
 }
 
-// A target nearer than 2040 twips to the left edge of the sight, or 960 to the upper edge, is moved inwards;
-// one at that distance isn't moved.
+// A target with a Left below 2040 or a Top below 960 is moved inwards. One exactly there isn't moved.
 TEST(target, place_decides_the_direction_of_the_lay)
 {
     for (const auto& [left, top] : {std::pair{2039, 959}, {2040, 960}}) {

@@ -115,9 +115,8 @@ TEST_P(screen_on, start_has_the_focus_until_the_practice_starts)
     EXPECT_EQ(focus, visual ? &s.Picrange : &s.Cmdstartsim);
 }
 
-// A HESH engagement that changes most variables of the fire control; returns readouts, positions and sounds.
-// Its steps: a lase and an early release, another lase and a whole lay, a round, and the first press of its
-// correction.
+// A HESH engagement that changes most variables of the fire control; returns readouts, places and sounds. Its
+// steps: a lase and an early release, a lase and a whole lay, a round, the first press of the correction.
 texts hesh_shoot(drill& d)
 {
     gunnery_screen& s = d.screen();

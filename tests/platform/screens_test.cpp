@@ -96,7 +96,7 @@ TEST_F(two_screens, a_timer_with_slack_alone_wakes_the_machine_later)
     const double begin = pc.now();
     EXPECT_EQ(next_wake(pc), begin + 1.75);
     pc.event([&] { start(other); });
-    EXPECT_EQ(next_wake(pc), begin + 1.5) << "another timer doesn't wait";
+    EXPECT_EQ(next_wake(pc), begin + 1.5) << "a timer without slack wakes it in time";
     pc.advance(1.5);
     EXPECT_EQ(taken(), list{"tick"});
 }

@@ -346,7 +346,7 @@ TEST_F(author, opens_a_range_and_shows_every_position)
     EXPECT_EQ(d.data.get("copy.arf"), range_file_bytes(r));
 }
 
-// The screen shows what was read before the failure. The range of the practice stays.
+// The screen shows what was read before the failure. The range file of the practice stays the same.
 TEST_F(author, shows_an_incomplete_range_as_far_as_it_can_be_read)
 {
     practice_state r = plain_range(sight_kind::thermal);
@@ -406,7 +406,7 @@ TEST_F(author, changes_an_icon_only_if_it_can_be_loaded)
     EXPECT_EQ(s.Imgtarget[3].Picture.width, 240) << "the other icons are loaded";
 }
 
-// Between visits the set-up screen reads names and types of ranges. Only a practice replaces the open range.
+// Between visits the set-up reads names and types of ranges, but only a practice replaces the open range.
 TEST_F(author, keeps_its_range_until_a_practice_reads_another)
 {
     practice_state own = plain_range(sight_kind::visual), other = own;

@@ -46,7 +46,7 @@ void check_bounds(rules& r, const practice_state& p, const gunnery_screen& s)
     r.require(within(s.autolaycount, 0, s.numbers.holdticks), "autolaycount ends at holdticks");
     r.require(within(s.voicecount, 0, s.numbers.voiceticks - 1), "voicecount ends before voiceticks");
     r.require(within(s.coaxhits, 0, 5), "the sixth burst that hits kills, if not an earlier one");
-    r.require(finite({s.leadperstep, s.heshcorrection}), "numbers are finite");
+    r.require(finite({s.leadperstep, s.heshcorrection}), "lead and correction are finite");
     r.require(s.lblcrew.Caption.size() < 100, "the crew line doesn't grow");
     if (!s.Imgtargets.Visible) return;
     const double w = s.Imgtargets.Width;
@@ -63,7 +63,7 @@ void check_when_over(rules& r, const gunnery_screen& s)
     if (s.simrunning) return;
     const bool active =
         s.Timpause.Enabled || s.Timtarget.Enabled || s.Timloading.Enabled || s.Imgtargets.Visible;
-    r.require(!s.visual() || s.Cmdtarget.Visible || !active, "nothing runs after a practice");
+    r.require(!s.visual() || s.Cmdtarget.Visible || !active, "nothing runs outside a practice");
     const bool two = s.Cmdfire.Enabled || s.Cmdautolay.Enabled;
     const bool others = s.Cmdcoax.Enabled || s.Cmdoff.Enabled || s.Cmdselectmain.Enabled ||
                         s.Cmdmaingun.Enabled || s.Cmdlaze.Enabled;
@@ -75,16 +75,16 @@ void check_when_idle(rules& r, const practice_state& p, const gunnery_screen& s)
     const bool up = s.Imgtargets.Visible;
     r.require(s.Timer1.Enabled, "Timer1 runs while the screen is loaded");
     r.require(s.Imgexplode.Visible == s.Timexplode.Enabled,
-              "the explosion is visible only while Timexplode runs");
+              "the explosion is visible exactly while Timexplode runs");
     r.require(!s.ammo.Visible || s.Timcoax.Enabled, "only a burst leaves a round in flight");
     r.require(!s.visual() || s.coaxrunning == s.Timcoax.Enabled, "coaxrunning agrees with Timcoax");
     r.require(s.voicebusy == s.Timvoice.Enabled, "voicebusy agrees with Timvoice");
-    r.require(s.Cmdstartsim.Enabled != s.simrunning, "START SIM is enabled only outside a practice");
+    r.require(s.Cmdstartsim.Enabled != s.simrunning, "START SIM is enabled exactly when no practice runs");
     r.require(s.lblhits.Caption == std::to_string(s.hits), "the hits shown are the hits counted");
     r.require(!up || s.targetcalled, "a target that is up has been called");
     r.require(p.engagement == s.targetnumber + (up ? 0 : 1), "a target's row in the record is its number");
     r.require(!s.visual() || s.layspeed == s.HScspeed.Value, "the slider sets the lay speed");
-    r.require(!s.Frmcon.Visible || !s.Frmmousecon.Visible, "key card and mouse panel don't overlap");
+    r.require(!s.Frmcon.Visible || !s.Frmmousecon.Visible, "key card and gunner's buttons don't overlap");
     r.require((s.Cmdpausesim.Caption == "PAUSE OFF") == p.paused, "the pause button shows the pause");
 }
 
@@ -153,8 +153,8 @@ bool valid_row(const practice_state& p, int i)
 void check_shared(rules& r, const practice_state& p)
 {
     r.require(within(p.engagement, 1, 16), "engagement is a row of the record");
-    r.require(within(p.roundnumber, 0, 4), "roundnumber is a row of the record");
-    r.require(within(p.systemstatus, 0, 3), "the system has states 0 to 3");
+    r.require(within(p.roundnumber, 0, 4), "roundnumber is a round of the record");
+    r.require(within(p.systemstatus, 0, 3), "the system status is 0 to 3");
     for (int i = 0; i < engagement_rows; ++i) r.require(valid_row(p, i), "each row of the record is valid");
 }
 
@@ -191,7 +191,7 @@ void check_screens(rules& r, const trainer& t, bool idle)
     const auto is_shown = [](const form& f) { return f.state == form_state::shown; };
     const int practices = is_shown(t.simulator.window) + is_shown(t.thermal.window);
     const int others = is_shown(t.intro.window) + is_shown(t.startsim.window) + is_shown(t.results.window);
-    r.require(practices + others <= 1, "only the range author and the calibration share the display");
+    r.require(practices + others <= 1, "only range author and calibration are shown beside another screen");
 }
 
 }   // namespace

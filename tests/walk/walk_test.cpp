@@ -75,7 +75,7 @@ struct walker {
     // Does an action of the user, and checks that its handlers don't take too long.
     void act(const std::string& what, const std::function<void()>& action)
     {
-        constexpr double longest_move = 5;   // seconds; a counted move blocks all other events
+        constexpr double longest_move = 5;   // seconds; no event is handled during a flight or an autolay
         const double started = pc().now();
         const std::size_t boxes = pc().boxes.size();
         note(pc().screens.depth > 0 ? "  meanwhile " + what : what);
@@ -338,7 +338,7 @@ void put_ranges(walker& w)
     w.data.put("damaged.arf", "\"RANGE");
 }
 
-// The walk that is running: a crash, or Ctrl-C when it hangs, prints its last actions.
+// The walk that is running. Ctrl-C, or an error that AddressSanitizer reports, prints its last actions.
 const walker* current = nullptr;
 
 void print_current()
