@@ -1,6 +1,7 @@
-// Measures the visual sight: the latency from a key press to the changed frame, the time between frames while
-// the view slews and while a round flies, and the CPU time while nothing happens. QT_QPA_PLATFORM=offscreen
-// runs it without a display, QT_SCALE_FACTOR=2 at twice the size. The arguments are the size of the window:
+// Measures the visual sight: its opening and repaints, the latency from a key press to the changed frame, the
+// time between frames while the view slews and while a round flies, and CPU time and memory while nothing
+// happens. QT_QPA_PLATFORM=offscreen runs it without a display, QT_SCALE_FACTOR=2 at twice the size. The
+// arguments are the size of the window:
 //
 //     vorn_bench_slew [WIDTH HEIGHT]
 #include <sys/resource.h>
@@ -90,8 +91,8 @@ void open_sight(trainer& t, desktop_machine& pc, const QSize& size)
     run_for(500);
 }
 
-// Moves the picture by one step and paints it. On a virtual machine whose host is busy the CPU time is the
-// better measure.
+// Moves the picture step by step and paints each step. On a virtual machine whose host is busy the CPU time
+// is the better measure.
 void repaints(gunnery_screen& s, desktop_machine& pc)
 {
     QWidget& sight = *pc.window(s.window)->widget(s.Picrange);
@@ -139,7 +140,7 @@ void slew(gunnery_screen& s, desktop_machine& pc, frame_times& frames)
     print("between frames while slewing", intervals);
 }
 
-// FIN and HESH rounds at a target 1500 m away.
+// FIN and HESH rounds at a range of 1500 m.
 void flights(trainer& t, desktop_machine& pc, frame_times& frames)
 {
     gunnery_screen& s = t.simulator;
