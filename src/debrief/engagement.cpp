@@ -26,7 +26,7 @@ void show_in_list(const practice_state& p, results_screen& s, int e)
         if (p.recammo[e] == ammo) s.Imgtgtnumber[e].Picture = stock.Picture;
 }
 
-// Shows the mark that the thermal sight had: the ballistic aiming mark with the full system, otherwise the
+// Shows a mark of the thermal sight: the ballistic aiming mark with the full system, otherwise the
 // reversionary mark for FIN, or for HESH and COAX. For DST there is none.
 void show_sight_marks(const practice_state& p, results_screen& s)
 {

@@ -38,8 +38,8 @@ void layfin(trainer& t, gunnery_screen& s)
     s.ammoselected = fin_tank;
 }
 
-// Moves sideways by the lead for the wind during a lay. The sums are in single precision: the aim in the
-// record depends on how they are rounded.
+// Moves picture and target sideways by the lead for the wind during a lay. The sums are in single precision:
+// the aim in the record depends on how they are rounded.
 void movebylead(gunnery_screen& s, double step)
 {
     const float lead = static_cast<float>(s.leadperstep * step);

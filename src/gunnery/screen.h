@@ -70,7 +70,7 @@ struct since_load : since_reset {
     ammo_shown shown = ammo_shown::nothing;
     int ammoselected = 0;                   // nature of the selected round; must match the target's
     int16 ammoindex;                        // position in the cycle FIN, DST, HESH
-    int16 loadcount;                        // Timloading ticks
+    int16 loadcount;                        // Timloading ticks, counted from 0, 1 or 3
     bool heshcorrecting = false;            // a HESH round was fired: Cmdmaingun takes the correction
     int correctstep = 0;                    // presses of Cmdmaingun in the correction, 0 to 2
     float correctfrom = 0, correctto = 0;   // the picture's Left at the first and the second press

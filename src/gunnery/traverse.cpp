@@ -46,7 +46,7 @@ void tick(gunnery_screen& s, const direction_row& d)
     movepicture(s, d.along, s.*d.step + d.weight * s.traverseaccel);
 }
 
-// Moves one twip for each 100 units of the reading beyond the dead band. Rounding down makes this
+// Moves the picture one twip for each 100 units of the reading beyond the dead band. Rounding down makes this
 // asymmetric: movement starts just below the lower bound, but 100 units above the upper one.
 void stick_axis(gunnery_screen& s, direction below, direction above, double at, double centre, double factor)
 {
