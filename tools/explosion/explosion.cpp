@@ -9,8 +9,8 @@
 // from above. Flash, flying debris and the glow of the air are added to the picture.
 //
 // The sight shows a frame of the explosion for about 16 ms, one of the fire or a burst for about a tenth of a
-// second. A frame is from six to some 300 pixels wide. To be recognisable even then, a flash is broad, fire
-// is either bright or gone, and smoke is darker than the ground.
+// second. A frame is from six to some 300 pixels wide. To be recognisable even at six pixels, a flash is
+// broad, fire is either bright or gone, and smoke is darker than the ground.
 //
 // Usage: explosion FOLDER [NAME]
 

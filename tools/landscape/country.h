@@ -36,7 +36,7 @@ struct belt_plan {
 };
 struct copse_plan {
     point middle;
-    float radius, height, conifers;   // as in belt_plan
+    float radius, height, conifers;   // metres; the last two as in belt_plan
 };
 struct hedge_plan {
     path line;
@@ -85,7 +85,7 @@ struct country {
     float wooded;              // woods among the fields: 0 few, 1 many
     float heath;               // density of bracken and heather on the rough ground, 0 to 1
     float scrub;               // density of bushes on the rough ground, 0 to 1
-    float conifers;            // share of conifers in the woods
+    float conifers;            // share of the woods that are mostly of conifers
     vec3 needles;              // reflectance of conifers
     std::vector<rgb> leaves;   // reflectances of foliage; each broadleaf or bush has one of them
     float bare_trees = 0;      // share of broadleaf trees that have lost their leaves
@@ -119,7 +119,7 @@ struct view {
     float column(float bearing) const { return bearing / pixel + real(width) / 2 - real(left); }
 };
 
-// The view at full size, or `scale` times smaller.
+// The view of the picture itself if `scale` is 1, of its twin if it is .5.
 view view_of(const country&, float scale);
 
 // Where the lower edge of a target must be for the range author to propose this range (metres). In pixels

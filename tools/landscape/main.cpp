@@ -1,10 +1,10 @@
 // Makes the ranges that the trainer ships with: panoramic pictures of invented country for the visual and the
 // thermal sight, and the range files with twenty target positions on each.
 //
-// The ground is a height map, so the exact range of each pixel is known. Grass, crops, woods, tracks, water
-// and houses are drawn on it, with sunlight, cloud shadows and haze. The range author proposes a range for
-// each place on a picture. The relief is shaped so that the proposals are nearly right; the program prints
-// their errors.
+// The ground has a height at each place, so the exact range of each pixel is known. Grass, crops, woods,
+// tracks, water and houses are drawn on it, with sunlight, cloud shadows and haze. The range author proposes
+// a range for each row of the ground band. The relief is shaped so that the proposals are nearly right; the
+// program prints their errors.
 //
 // Each picture is drawn with twice the pixels each way. The result is saved as the twin, for a sight that is
 // drawn large. Reduced to half its size it is the picture itself.

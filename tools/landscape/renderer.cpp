@@ -173,7 +173,7 @@ void draw_plant(strip& s, const plant& p)
 vec3 reflected(const strip& s, int x, int y, int bank)
 {
     constexpr float kept = .80f, edge = 6 * fine;   // share of the light; rows
-    // Ripples shift the reflection by a row or two.
+    // Ripples shift the reflection by up to two rows.
     const int shift = static_cast<int>(2.5f * noise({real(s.v.left + x) / 9, real(y) / 1.7f}, 611));
     const pixel& other = s.samples.at(x, std::max(0, 2 * bank - y - 1 + shift));
     if (other.made_of == material::plant || other.made_of == material::building) return other.light * kept;

@@ -18,7 +18,7 @@ float density(const country& land, vec3 p)
     if (up < 0 || up > 1) return 0;
     const float profile = smoothstep(0, .08f, up) * (1 - std::pow(up, 1.5f) * 1.1f);
     const float needed = .62f - .75f * land.sky.cover + .55f * (1 - profile);
-    // Each country has other clouds.
+    // Each seed gives other clouds.
     const vec3 q = vec3{p.x + real(land.seed % 89) * 1000, p.y, p.z} * (1.f / 900);
     float d = .75f * noise3({q.x * .45f + 3.3f, q.y * .45f, 1.7f}) + .60f * noise3({q.x, q.y, q.z * .8f});
     if (d + .70f < needed) return 0;

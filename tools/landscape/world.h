@@ -13,7 +13,7 @@ namespace tools {
 
 struct plant {
     point at;
-    float foot, height, width;   // metres; foot: height of the ground there
+    float foot, height, width;   // metres; foot: a little below the ground there
     int sprite;
     vec3 colour;
     float warmer = 0;   // of a tuft: the warmth of the ground

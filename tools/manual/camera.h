@@ -175,7 +175,7 @@ public:
         tools::save(folder.filePath(name + ".jpg"), tools::encoded(picture, "jpeg", 88));
     }
 
-    // Seconds. The clock advances by one frame whenever a window is painted during a counted move, so that
+    // Seconds. The clock advances by one frame whenever a window is repainted, as in a counted move, so that
     // the pictures don't depend on the speed of the computer.
     double time = 0;
     const QObject* filmed = nullptr;   // the window whose frames are counted; null: all

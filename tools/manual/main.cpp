@@ -51,7 +51,7 @@ public:
     }
 
 private:
-    // The position nearest to this range that isn't near a side of the picture.
+    // Of the positions that aren't near a side of the picture, the one whose range is closest to this.
     int position_at(int metres)
     {
         const practice_state& p = t.shared;

@@ -22,7 +22,7 @@ constexpr material glass{{.03f, .04f, .045f}, .05f};
 constexpr material lamp{{.34f, .34f, .28f}, .1f};
 constexpr material bare_wood{{.16f, .13f, .075f}, .2f};
 
-// The whole outline of a body seen from above, made from its left half.
+// The whole of a symmetric outline, made from its left half.
 path mirrored(const path& left_side)
 {
     path whole = left_side;
