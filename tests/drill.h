@@ -128,7 +128,7 @@ struct drill {
     }
     // Waits until the practice has ended. Returns the seconds it took.
     double to_the_end();
-    // The times at which the crew line was set to this text.
+    // The times at which the crew line changed to this text.
     std::vector<double> times_of(const std::string& line);
     texts sounds() { return pc.of_kind("sound"); }
 

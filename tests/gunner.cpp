@@ -148,8 +148,8 @@ struct gunner {
         tap(control::mainarm);
         for (int i = 0; i < 2 && order_is("HESH"); ++i) tap(control::ammo);
     }
-    // The laser's range, on the thermal sight only if degraded; else the one called by the commander, which
-    // is usually rounded down to hundreds; else an estimate from the size of the target.
+    // The laser's range (on the thermal sight only in a degraded system); else the one called by the
+    // commander, which is usually rounded down to hundreds; else an estimate from the size of the target.
     double range() const
     {
         if (s_.visual() ? !s_.Lblrange.Caption.empty() : degraded())
@@ -233,7 +233,7 @@ struct gunner {
             work(control::fire, false);
         }
     }
-    // After a round or a series of bursts: notes a kill, or corrects the next. A HESH round that was fired
+    // After a round or a series of bursts: notes a kill, or makes a correction. A HESH round that was fired
     // after an autolay and falls clearly left or right of the target's middle shows the wind.
     void judge()
     {

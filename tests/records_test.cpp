@@ -15,7 +15,7 @@ std::string line(std::initializer_list<std::string> words)
     return text + '\n';
 }
 
-// The options that a practice file selects and what they set, the wind, and the summary.
+// The options that a practice file selects and what they set, the wind, the range, and the summary.
 std::string practice_of(drill& d, const std::string& file)
 {
     startsim_screen& s = d.t.startsim;

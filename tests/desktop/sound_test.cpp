@@ -73,7 +73,7 @@ TEST_F(sound, ignores_files_that_cannot_be_played)
 {
     sound_channel channel;
     write("broken.wav", "RIFF\xff\xff\xff\x7fWAVEfmt and no more");
-    const std::string days = wave("days.wav", ramp(0, 100000), 1);   // at 1 Hz it would play for a day
+    const std::string days = wave("days.wav", ramp(0, 100000), 1);   // at 1 Hz it would play for 28 hours
     const std::string large = wave("large.wav", ramp(0, 90000));
     ASSERT_TRUE(QFile::resize(folder.filePath("large.wav"), 32'000'001));
     ASSERT_EQ(mkfifo(path("pipe.wav").c_str(), 0600), 0);   // a pipe that nobody writes to

@@ -66,7 +66,7 @@ struct practice : testing::TestWithParam<shoot> {
 };
 INSTANTIATE_TEST_SUITE_P(all, practice, testing::ValuesIn(all_shoots()), name_of);
 
-// In the record each later round overwrites the fourth.
+// In the record each round after the fourth overwrites the fourth.
 void expect_rounds(const practice_state& p, bool visual, int e, const engagement_note& n)
 {
     ASSERT_EQ(n.falls.size(), n.aims.size()) << "a round was not seen";

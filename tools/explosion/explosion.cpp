@@ -1,12 +1,13 @@
-// Draws the explosion and the fire of a target and the bursts of rounds on the ground. Each is a sprite sheet
-// in a PNG file: sixteen frames with alpha, four in a row.
+// Draws the explosion and the fire of a target and the bursts of rounds on the ground. For each sight, each
+// of them is a sprite sheet in a PNG file: sixteen frames with alpha, four in a row.
 //
 // Puffs of smoke are thrown upwards from a spot on the ground. The air slows them and heat lifts them. A wind
 // from the left carries those of the explosion and the fire. Rings of dust spread along the ground. For each
 // frame the puffs fill cells of a block (voxels). Billow noise that grows and rises with the cloud makes
-// lumps and creases on its surface: creases show the hot inside, lumps have cooled to soot. The cells are lit
-// by the sun and the sky, and each shades the cells below it. The block is viewed from the front and a little
-// from above. Flash, flying debris and the glow of the air are added to the picture.
+// lumps and creases on its surface: creases show the hot inside, lumps have cooled to soot. For the visual
+// sight the cells are lit by the sun and the sky, and each shades the cells below it. The block is viewed
+// from the front and a little from above. Flash, flying debris and the glow of the air are added to the
+// picture.
 //
 // The sight shows a frame of the explosion for about 16 ms, one of the fire or a burst for about a tenth of a
 // second. A frame is from six to some 300 pixels wide. To be recognisable even at six pixels, a flash is

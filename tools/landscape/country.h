@@ -87,7 +87,7 @@ struct country {
     float scrub;               // density of bushes on the rough ground, 0 to 1
     float conifers;            // share of the woods that are mostly of conifers
     vec3 needles;              // reflectance of conifers
-    std::vector<rgb> leaves;   // reflectances of foliage; each broadleaf or bush has one of them
+    std::vector<rgb> leaves;   // reflectances of foliage; each broadleaf or bush has one of them, varied
     float bare_trees = 0;      // share of broadleaf trees that have lost their leaves
     vec3 tufts{1, 1, 1};       // colour of tufts of grass, relative to the ground
     float snow = 0;            // depth of the snow cover, 0 to 1; its colours are in `ground`

@@ -17,8 +17,8 @@ rendered render(const world&, const view&);
 
 // The picture of a camera.
 QImage photograph(const rendered&);
-// The picture of a scanning thermal sight: grey, blurred, with scan lines and noise. Apart from the
-// noise, the ground is between .20 and .60 of white, so that only hot targets are brighter.
+// The picture of a scanning thermal sight: grey, blurred, with scan lines and noise. Without these, all but
+// the sky is between .20 and .60 of white, so that only hot targets are brighter.
 QImage thermal_image(const rendered&);
 // The picture reduced to half its size: each pixel is the mean of four.
 QImage halved(const QImage&);
