@@ -23,7 +23,7 @@ namespace {
 
 struct walker;
 
-// One run of the program, from start to exit. Answers boxes at random after a random time.
+// One run of the program, from start to exit. Answers boxes at random, some only after some seconds.
 struct session : headless_machine {
     explicit session(walker& w) : user(w) {}
     bool message_box(const message&) override;
@@ -34,7 +34,7 @@ struct session : headless_machine {
     trainer t{*this};
     int open_boxes = 0;
     int held = 0;             // number of keys and buttons that are down; a gunner at work counts as one
-    double disturbance = 0;   // probability of a random event at each call of look_again
+    double disturbance = 0;   // probability of a random event at each check of look_again
     int last_resets = 0;
     bool was_paused = false;   // since the last reset
 };
@@ -236,8 +236,8 @@ void press_code(walker& w, bool stick)
     });
 }
 
-// Uses a random object in one of the possible ways. Nine times in ten it chooses only among the objects that
-// take input.
+// Uses a random object as its kind allows. Nine times in ten it chooses only among the objects that take
+// input.
 void use_anything(walker& w)
 {
     static constexpr const char* texts[] = {"", "smith", "A name far too long for the thirty characters",

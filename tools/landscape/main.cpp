@@ -1,5 +1,5 @@
-// Makes the ranges that the trainer ships with: panoramic pictures of invented country for the visual and the
-// thermal sight, and the range files with twenty target positions on each.
+// Makes the ranges that the trainer ships with: panoramic pictures of invented landscapes for the visual and
+// the thermal sight, and the range files with twenty target positions on each.
 //
 // The ground has a height at each place, so the exact range of each pixel is known. Grass, crops, woods,
 // tracks, water and houses are drawn on it, with sunlight, cloud shadows and haze. The range author proposes
