@@ -15,7 +15,8 @@ std::string line(std::initializer_list<std::string> words)
     return text + '\n';
 }
 
-// The options that a practice file selects and what they set, the wind, the range, and the summary.
+// What the set-up screen shows after a practice file has been opened: the options selected, the wind, the
+// range and the summary. After these, the variables that the file has set.
 std::string practice_of(drill& d, const std::string& file)
 {
     startsim_screen& s = d.t.startsim;

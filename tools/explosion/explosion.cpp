@@ -199,8 +199,8 @@ void add_puff(const scene& s, block& b, const placed_puff& p)
     }
 }
 
-// Applies the noise to a cell and computes its means. With age, edges become softer, the amplitude of the
-// noise grows, and puffs shrink.
+// Applies the noise to a cell and computes its means. With age, the amplitude of the noise grows, puffs
+// shrink and, for the visual sight, their edges become softer.
 void give_lumps(const scene& s, cell& c, vec3 at, float time)
 {
     if (c.weight <= 0) return;

@@ -71,7 +71,7 @@ public:
         wait(0.3);
     }
     bool destroyed() const { return s_.lblcrew.Caption.find("TARGET STOP") != std::string::npos; }
-    // Saves the first frame, with a play symbol, as a picture of its own.
+    // Ends the film with the deselect. Saves its first frame, with a play symbol, as a picture of its own.
     void finish()
     {
         if (!destroyed()) tools::fail(name_ + ": the target isn't destroyed");

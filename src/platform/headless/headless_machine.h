@@ -84,8 +84,8 @@ public:
     }
     void close_window(form& f) { act(close_by_frame, f); }
 
-    // Runs until this many seconds after the planned end of the last advance. The time that handlers have
-    // taken beyond that end counts too.
+    // Runs until this many seconds after the planned end of the last advance or wait. If a handler ran past
+    // that end, the time past it is part of these seconds.
     void advance(double seconds);
     // Runs for this many seconds from now.
     void wait(double seconds);

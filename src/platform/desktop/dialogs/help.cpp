@@ -29,7 +29,7 @@ help_window::help_window(const QIcon& icon)
     resize(usual_size.boundedTo(screen()->availableSize()));
     setMinimumSize(smallest_size);
     auto* column = new QVBoxLayout(this);
-    auto *search_row = new QHBoxLayout, *row = new QHBoxLayout;   // two rows for a narrow window
+    auto *search_row = new QHBoxLayout, *row = new QHBoxLayout;   // two rows need less width
     column->addWidget(page_);
     column->addLayout(search_row);
     column->addLayout(row);

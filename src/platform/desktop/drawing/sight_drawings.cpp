@@ -51,8 +51,8 @@ void line(QPainterPath& path, const QPointF& from, const QPointF& to)
     path.lineTo(to);
 }
 
-// The nearest y at which a horizontal line of this width covers whole pixels, so that all lines of a scale
-// are equally bright.
+// The nearest y at which the upper edge of a horizontal line of this width is between two rows of pixels, so
+// that all lines of a scale are equally bright.
 double level(double y, double width)
 {
     return std::round(y - width / 2) + width / 2;

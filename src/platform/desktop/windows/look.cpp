@@ -190,7 +190,7 @@ double line_height(text_size size)
 QFont text_font(text_size size, bool bold, double scale)
 {
     QFont font(type_face);
-    // Mostly rounded down, so that a text that fits at scale 1 fits at every scale.
+    // Mostly rounded down, so that a text that fits at scale 1 usually fits at other scales too.
     const double pixels = text_pixels[static_cast<int>(size)] * scale;
     font.setPixelSize(std::max(5, static_cast<int>(pixels + 0.25)));
     font.setBold(bold);
