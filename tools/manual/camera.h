@@ -58,6 +58,7 @@ inline callout on(QPointF point)
 {
     return {point, point};
 }
+
 class camera : public QObject {
 public:
     // `pictures` and `frames`: folders for the pictures and for the frames of the moving ones.
