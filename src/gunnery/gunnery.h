@@ -73,7 +73,7 @@ void keyfire(trainer&, gunnery_screen&);
 void assessround(trainer&, gunnery_screen&, int round);
 // Makes the machine show where the round has come down.
 void showstrike(trainer&, const gunnery_screen&, round_kind);
-// Sets the caption of Lblammotype without moving the label.
+// Sets `shown` and the caption of Lblammotype. Doesn't move the label.
 void showammo(gunnery_screen&, ammo_shown);
 // The nature of the round in `shown`: HESH also during a HESH correction; no_nature if there is none.
 nature_of_target natureshown(const gunnery_screen&);

@@ -20,9 +20,9 @@ struct slew_numbers {
 
 // Limits of the traverse. They are tested before each move, so a move can go past them.
 struct limit_numbers {
-    double near;     // the picture moves right only if its Left, and down only if its Top, is below this
-    double across;   // width that must remain right of the window's left edge
-    double down;     // height that must remain below the window's top edge
+    double near;     // the picture moves right only if its Left, and down only if its Top, is less than this
+    double across;   // width of the picture that must remain right of the window's left edge
+    double down;     // height of the picture that must remain below the window's top edge
 };
 
 // A drop proportional to the range: `twips` for each `metres`.
@@ -33,7 +33,8 @@ struct drop_numbers {
     constexpr double at(double range) const { return range * twips / metres; }
 };
 
-// The flight of a FIN or DST round: it starts below the aim point, rises to its drop and gets smaller.
+// The flight of a FIN or DST round: it starts below the aim point, gets smaller, and rises to the place that
+// is its drop below the aim point.
 struct fin_numbers {
     double from;       // below the aim point
     drop_numbers to;   // below the aim point
@@ -45,7 +46,7 @@ struct fin_numbers {
 };
 
 // The flight of a HESH round: it starts above the aim point, by `from` plus one twip per metre of range, and
-// falls to its drop.
+// falls to the place that is its drop below the aim point.
 struct hesh_numbers {
     double from;
     drop_numbers to;

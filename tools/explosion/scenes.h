@@ -44,8 +44,8 @@ struct scene {
     std::vector<piece_group> pieces{};
     float drag = 5;          // rate at which the air slows puffs and debris
     vec3 drift{};            // x: wind, y: rise, both times the square of the time; z: rise, times the time
-    float lumps = 7.5f;      // frequency of the noise: lumps per length
-    float thick = 70;        // extinction of the densest smoke, per length
+    float lumps = 7.5f;      // frequency of the noise: lumps per unit of length
+    float thick = 70;        // extinction of the densest smoke, per unit of length
     limits thins{.45f, 1};   // the time in which the smoke becomes thinner
     float left = .3f;        // the share of `thick` at the end of this time
     float cooling = .5f;     // time at which the heat is about half of `puff_group::heat`

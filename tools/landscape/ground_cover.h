@@ -20,7 +20,7 @@ struct field {
 field field_at(const country&, point);
 // Whether this field is a wood at this place.
 bool wooded(const country&, const field&, point);
-// 1 on rough grass, 0 among the fields.
+// The share of rough grass at a place, 0 to 1. Some of the fields are rough too.
 float roughness(const country&, point);
 
 enum class material : std::uint8_t { sky, ground, plant, building, water };

@@ -193,7 +193,7 @@ void mirror(strip& s, int x)
             continue;
         }
         const float range = sample.range, down = -s.v.elevation(real(y) + .5f);
-        // A flatter line of sight has more reflection.
+        // The flatter the line of sight, the more the water reflects.
         const float shine = .42f + .45f * std::pow(1 - std::min(1.f, down * 2), 3.f);
         const vec3 lit = sample.light * (.9f * cloud_shadow(land, polar(bearing, range)) + .1f);
         sample.light = haze_of(range)(mix(lit, reflected(s, x, y, bank), shine));

@@ -487,7 +487,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    // The program changes its working directory.
+    // machine::working_directory changes. A relative program directory would then no longer be found.
     const auto absolute = [&](int i) { return QDir(argv[i]).absolutePath(); };
     vorn::tour(absolute(1), absolute(2), absolute(3)).take_all();
 }

@@ -85,8 +85,8 @@ public:
 private:
     // The counted move that is running. Its times are on the clock of now().
     struct counted_move {
-        double clock;        // the time at which its latest count ends
-        double next_frame;   // the time of its next frame
+        double clock;   // the time at which its latest count ends
+        double next_frame;
     };
 
     // A picture that was read, and its pixels if an object still uses them.
