@@ -13,8 +13,8 @@ namespace vorn {
 inline constexpr char path_separator = static_cast<char>(std::filesystem::path::preferred_separator);
 
 std::filesystem::path from_utf8(const std::string& path);
-// Empty for a path with half a surrogate pair, which Windows allows in a name. The program doesn't find
-// a file with such a path.
+// Empty for a path with an unpaired surrogate, which Windows allows in a name. The program doesn't find a
+// file with such a path.
 std::string to_utf8(const std::filesystem::path&);
 
 // The absolute path of the file that a stored path names. The path is used as written if the file exists.
