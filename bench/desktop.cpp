@@ -15,7 +15,8 @@ namespace {
 
 using namespace vorn;
 
-// A screen about as complex as a gunnery screen: a sight with a picture and marks, and eighty other objects.
+// A screen about as complex as a gunnery screen: a sight with a picture and marks, and a frame with eighty
+// objects.
 struct busy_screen {
     form f;
     std::deque<screen_object> objects;

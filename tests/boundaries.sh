@@ -19,8 +19,8 @@ none "only the desktop has code for an operating system" \
     src --exclude-dir=desktop
 none "only the desktop includes Qt and SDL" "$include(Q[A-Z]|Qt|SDL)" src tests --exclude-dir=desktop
 none "the state includes nothing above it" "$include($above|platform)" src/state
-# Two exceptions: the desktop draws the scales of the sight from the numbers in gunnery/sight.h, and main.cpp starts
-# the trainer.
+# Two exceptions: the desktop draws the scales of the sight from the numbers in gunnery/sight.h, and each
+# main.cpp starts the trainer.
 none "the platform includes nothing above it" "$include(?!gunnery/sight.h)$above" src/platform --exclude=main.cpp
 none "only the platform knows the two machines" "${include}platform/(headless|desktop)" src --exclude-dir=platform
 exit $failed

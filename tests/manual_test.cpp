@@ -1,4 +1,4 @@
-// The shipped manual: its links and pictures exist, and it mentions every button and option of every screen.
+// The shipped manual: its links and pictures exist, and it mentions the buttons and options of all screens.
 #include <regex>
 #include <set>
 #include <sstream>
@@ -21,7 +21,7 @@ std::set<std::string> found(const char* pattern)
     return all;
 }
 
-// The text without tags, and with one space for any white space.
+// The text without tags, and with one space for each run of white space.
 std::string words(const std::string& text)
 {
     return std::regex_replace(std::regex_replace(text, std::regex("<[^>]*>"), ""), std::regex("\\s+"), " ");

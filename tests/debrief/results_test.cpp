@@ -91,10 +91,10 @@ TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
     EXPECT_TRUE(s.cmdround2.bold && !s.Cmdround1.bold);
     expect_at(s.Imgthermtarget, s.Imgbam.Left + 56, s.Imgbam.Top - 602, "thermal target");
     EXPECT_FALSE(s.Imgthermtarget.Pale);
-    p.recfallx[1][2] = p.recfally[1][2] = 0;   // left by an auto-repeat during a coax burst
+    p.recfallx[1][2] = p.recfally[1][2] = 0;   // as left by an auto-repeat during a coax burst
     pc.click(s.cmdround2);
     EXPECT_TRUE(s.Imgfos.Pale && !s.Imagepoa.Pale);
-    p.recaimx[1][4] = p.recfallx[1][4] = 44;   // left from an earlier practice
+    p.recaimx[1][4] = p.recfallx[1][4] = 44;   // as left from an earlier practice
     pc.click(s.Lbltgtnumber[1]);
     EXPECT_TRUE(s.cmdround4.ForeColor == colour::dim && s.cmdround2.ForeColor == colour::text);
     EXPECT_EQ(s.cmdround4.AccessibleName, "Not fired, round");

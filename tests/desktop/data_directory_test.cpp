@@ -48,7 +48,7 @@ TEST_F(data_places, the_data_is_found_beside_the_program_at_its_usual_place_or_i
     EXPECT_FALSE(fs::exists(own)) << "writable data is not copied";
     EXPECT_EQ(used(tree / "build/release", installed), installed);
     EXPECT_EQ(used(tree / "build/release", tree / "none"), tree / "data");
-    EXPECT_EQ(used(folder, tree / "none"), tree / "none") << "the user is asked";
+    EXPECT_EQ(used(folder, tree / "none"), tree / "none") << "no data: the user will be asked";
     EXPECT_EQ(find_data(installed, folder, own).installed, installed);
     put(installed / "uninstall.exe", "");
     EXPECT_EQ(used(installed, folder), own) << "the files belong to an installer";
@@ -108,7 +108,7 @@ TEST_F(data_places, an_update_replaces_unchanged_files_except_ranges)
     EXPECT_EQ(get(to / "wavs/fire.wav"), "the user's");
     EXPECT_EQ(get(to / "target icons/target1.ico"), "second");
     EXPECT_EQ(get(to / "visualrange.arf"), "first")
-        << "ranges stay, since the user may have made others on their pictures";
+        << "ranges and their pictures stay: the user may have made other ranges on the pictures";
     install("third", std::chrono::hours(70));   // a downgrade
     EXPECT_EQ(get(to / "vorn.HLP"), "third");
     EXPECT_EQ(get(to / "wavs/fire.wav"), "the user's");

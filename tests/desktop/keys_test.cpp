@@ -124,7 +124,7 @@ TEST_F(keys, a_held_return_answers_no_box_and_clicks_a_button_once)
     EXPECT_EQ(log, (strings{"click", "answered"}));
 }
 
-// The box closes before the key is released, so that no window gets the release event.
+// The box closes before the key is released, and no window gets the release event.
 TEST_F(keys, whose_release_was_missed_count_as_pressed_again)
 {
     const screen_object& ok = button("click");

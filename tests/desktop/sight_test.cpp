@@ -159,7 +159,8 @@ TEST_F(sight_effects, a_target_that_was_hit_is_a_wreck_in_flames_that_die_down_w
     };
     const QImage down = take_down();
     const QPointF corner(whole.left() + 1.0, whole.bottom() - 1.0);
-    EXPECT_NEAR(colour_at(down, corner).lightness(), colour_at(empty, corner).lightness(), 40) << "not drawn";
+    EXPECT_NEAR(colour_at(down, corner).lightness(), colour_at(empty, corner).lightness(), 40)
+        << "the target isn't drawn";
     time += 0.6;
     EXPECT_LT(changed().height(), changed(down).height());
     time += 0.6;
@@ -207,7 +208,7 @@ TEST_F(sight_effects, a_round_in_flight_moves_in_each_frame)
     round.Visible = true;
     pc.sync();
     const paint_count paints(widget(sight));
-    pc.set_speed(1000);   // shortens the waits, since the test doesn't advance the clock
+    pc.set_speed(1000);   // shortens the waits, which grow while the clock stands still
     for (int i = 0; i < 91; ++i) {
         round.Top -= 20;
         pc.pace(0.011);

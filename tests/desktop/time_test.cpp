@@ -31,7 +31,7 @@ TEST_F(timing, a_counted_move_is_shown_step_by_step_and_delays_events)
     paint_count painted(*window(one).widget(sight));
     pc.run([&] {
         start(t);
-        next_tick(pc);   // the first tick becomes due during the move
+        next_tick(pc);   // arms the timer: its first tick becomes due during the move
         queue_key(Qt::Key_D);
         for (int i = 0; i < 200; ++i) {
             shot.Top += 15;

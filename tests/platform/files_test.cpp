@@ -118,7 +118,7 @@ TEST_F(writing, files_without_permission_are_reported_and_kept)
         EXPECT_EQ(data.get("shut/open") + data.get("shut/empty") + data.get("shut/closed"), "oldold");
         EXPECT_EQ(write_file(pc, "shut/open", "new"), "");
     }
-    EXPECT_EQ(data.get("shut/unread") + data.get("shut/open"), "oldnew") << "overwritten in place";
+    EXPECT_EQ(data.get("shut/unread") + data.get("shut/open"), "oldnew") << "the unreadable file is kept";
     EXPECT_FALSE(fs::exists(data.ranges() + "/shut/new"));
     EXPECT_EQ(delete_file(pc, "shut"), "It is not a file.");
     put("shut", "", 0755);

@@ -56,8 +56,9 @@ void check_bounds(rules& r, const practice_state& p, const gunnery_screen& s)
               "a target has a round, a row of the record and a number");
 }
 
-// Outside a practice nothing runs on the visual screen, unless targets come on demand. The thermal screen can
-// be resumed outside a practice: a resume starts three timers and enables two of the weapon buttons.
+// Outside a practice the visual screen shows no target, and the timers of target, loader and wait don't run,
+// unless targets come on demand. The thermal screen can be resumed outside a practice: a resume starts these
+// three timers and enables two of the weapon buttons.
 void check_when_over(rules& r, const gunnery_screen& s)
 {
     if (s.simrunning) return;

@@ -278,7 +278,7 @@ void bring_to_front(walker& w)
     w.act("bring to the front " + f.name, [&] { w.pc().activate(f); });
 }
 
-// Clicks a button that leads on from the screen in front; random clicks seldom hit one.
+// Clicks an object that leads on from the screen in front; random clicks seldom hit one.
 void go_on(walker& w)
 {
     trainer& t = w.t();
@@ -314,8 +314,8 @@ void sudden_event(walker& w)
 // The walk -----------------------------------------------------------------------------------------------
 
 // Makes a damaged range file, and ranges with positions anywhere in the reach of the sight (`spread`), with
-// positions and distances that the range author can't set (`wild`), with targets too far for FIN and the coax
-// (`far`), and without a picture (`bare`).
+// any places and distances, also negative ones (`wild`), with targets too far for FIN and the coax (`far`),
+// and without a picture (`bare`).
 void put_ranges(walker& w)
 {
     const practice_state plain = plain_range(sight_kind::visual);
