@@ -199,7 +199,7 @@ void build_hamlet(world& w)
     const point p = *w.land.hamlet;
     build_church(w, p + point{62, 52}, .25f);
     add_trees(w, p + point{62, 62}, 9, 38);
-    constexpr int cottages = 150;   // attempts; most places are not free
+    constexpr int cottages = 150;   // attempts; most places are unsuitable
     std::vector<point> taken{p + point{62, 52}, p + point{74, 55}, p + point{48, 49}};
     for (int i = 0; i < cottages; ++i) {
         const point at = p + point{w.random.between(-150, 150), w.random.between(-80, 85)};

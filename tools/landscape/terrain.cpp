@@ -11,7 +11,7 @@ constexpr float bowl_end = 3400;
 constexpr float rim = 2650;                        // here the bowl begins to flatten out
 constexpr float earth_twice = 2 * 7.4e6f;          // the earth's diameter, allowing for refraction
 constexpr float river_bed = 3.5f;                  // below the floor of the valley
-constexpr float far_from = 3400, far_to = 12000;   // where far hills begin and are highest
+constexpr float far_from = 3400, far_to = 12000;   // where far hills begin, and where they have full height
 
 }   // namespace
 

@@ -1,6 +1,6 @@
 // Takes the pictures of the manual: goes through all screens and fires practices. It works with other ranges
-// and layouts too: it chooses targets by their range, and takes most places of the numbers from the objects
-// of the screens.
+// and layouts too: it chooses targets by their range, and derives the places of most numbers in the pictures
+// from the objects of the screens.
 //
 //     take_help_pictures PROGRAM-DIRECTORY FOLDER FRAMES
 //

@@ -115,7 +115,7 @@ sound fire()
     return s;
 }
 
-// One long burst. It is longer than anybody holds the trigger, since the sound isn't repeated.
+// One long burst, since the sound isn't looped while the trigger is held.
 sound coax()
 {
     constexpr double seconds = 12, ceasing = seconds - .7, between = 60.0 / 650;

@@ -1,5 +1,5 @@
 // Draws the target icons of the shipped ranges, and more icons for makers of ranges. The vehicles are
-// modelled to scale in vehicles.cpp and drawn by render.cpp. The three icons of the shipped ranges show a
+// modelled to scale in vehicles.cpp and drawn by render.cpp. The icons of the shipped ranges show a
 // vehicle from the front and a little above, so that it fills its square: the sights treat the middle of the
 // square as the middle of the vehicle.
 //
