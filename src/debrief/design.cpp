@@ -1,4 +1,4 @@
-// The layout of the debrief screen, in twips. The strip with the range is along the top. Below it are, from
+// The layout of the debrief screen, in twips. Below the buttons is the strip. Below the strip are, from
 // left to right, the list of engagements, the data of student and selected engagement, the target with its
 // marks, and the text about the marks.
 #include <algorithm>

@@ -27,7 +27,7 @@ void show_in_list(const practice_state& p, results_screen& s, int e)
 }
 
 // Shows a mark of the thermal sight: the ballistic aiming mark with the full system, otherwise the
-// reversionary mark for FIN, or for HESH and COAX. For DST there is none.
+// reversionary mark for FIN, or for HESH and COAX. There is no reversionary mark for DST.
 void show_sight_marks(const practice_state& p, results_screen& s)
 {
     const bool full = p.recsystem[s.selectedengagement] == "FULL";
@@ -125,7 +125,7 @@ void show_markers(const practice_state& p, results_screen& s)
 }
 
 // A round after the first is recognised by its sideways aim offset, so one aimed exactly at the centre line
-// of the target gets no button. Button 1 is needed only if there is a button 2.
+// of the target gets no button. A single round needs no button.
 void show_round_buttons(const practice_state& p, results_screen& s)
 {
     const auto& aim = p.recaimx[s.selectedengagement];

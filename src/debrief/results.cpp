@@ -65,7 +65,7 @@ bool read_record(trainer& t)
     if (!take_results(items, t.shared, [&] { s.Frmtherm.Visible = t.shared.resultmode == "THERMAL"; }))
         return false;
     showdetails(t);
-    // Icons are loaded even if the picture fails, so that nothing of the previous record stays on the screen.
+    // Icons are loaded even if the picture fails, since the record is shown all the same.
     const bool range = showrange(t), icons = loadstock(t);
     fillengagements(t);
     return range && icons;

@@ -48,7 +48,7 @@ void make_hints(const hint_panel& p, std::initializer_list<hint> frames, std::in
     for (const hint& h : frames) h.over->MouseMove = [p, text = h.text] { p.bar.Caption = text; };
     for (const hint& h : buttons) {
         h.over->MouseMove = [p, h] { begin_hint(p, h); };
-        // Ends the hint first: otherwise it would appear behind the box that the click opens.
+        // Ends the hint first: otherwise it would appear behind a box that the click opens.
         h.over->Click = [p, click = h.over->Click] {
             end_hint(p);
             if (click) click();

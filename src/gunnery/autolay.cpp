@@ -14,9 +14,9 @@ constexpr double fine_seconds = 0.25;
 constexpr double relay_seconds = 0.4;
 constexpr double creep_seconds = 1;
 
-constexpr double fine_part = 200;   // twips; the last part of a lay, in small steps
+constexpr double fine_part = 200;   // twips; the last part of a FIN or HESH lay, in steps of fixed size
 
-// Each count sets the picture's place and moves the target by a step, so the target moves one step more.
+// The first count moves the target but leaves the picture in place, so the target moves one step more.
 void lay(trainer& t, gunnery_screen& s, double twips, double step, double seconds,
          const std::function<void(double)>& each = {})
 {
@@ -54,7 +54,7 @@ void layhesh(trainer& t, gunnery_screen& s)
 {
     s.ammoselected = hesh_bmp;
     if (!s.autolayheld) {
-        s.lazed = false;   // released too early: needs a new lase
+        s.lazed = false;   // released too early
         return;
     }
     const int range = s.currentrange;

@@ -13,7 +13,7 @@ constexpr double panel_left = 60;
 constexpr double inner = 90;   // from the edge of a frame to its objects
 constexpr double row_height = 420;
 constexpr double row_step = 480;
-constexpr double flat_height = 660;   // of the panels in their flat layouts
+constexpr double flat_height = 660;   // of each flat layout
 
 struct layout {
     double panel_width;

@@ -28,7 +28,7 @@ void click(trainer&, gunnery_screen& s)
     (s.*button).Click();
 }
 
-// Auto-repeat doesn't start the visual lay again.
+// On the visual sight auto-repeat isn't a new press of AUTO.
 void pressautolaykey(trainer&, gunnery_screen& s)
 {
     if (!s.visual() || !s.autolaydown) pressautolay(s);

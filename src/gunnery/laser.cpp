@@ -39,7 +39,7 @@ void place(area& mark, const area& at)
     mark = at;
 }
 
-// Shows a mark of random height at the aim point, for a lase beside the target.
+// Shows a mark of random size near the aim point, for a lase beside the target.
 void straymark(trainer& t, screen_object& mark, double middle, double top)
 {
     const double height = Int(Rnd(t.random) * 600);

@@ -8,8 +8,8 @@ namespace vorn {
 
 namespace {
 
-// The next order comes after this many ticks of Timpause. With targets on demand a click on SHOW NEXT TARGET
-// starts Timpause.
+// The next order comes when Timpause has raised pausecount to `ticks` or more. With targets on demand a click
+// on SHOW NEXT TARGET starts Timpause.
 void waitfornext(trainer& t, gunnery_screen& s, int ticks)
 {
     s.targetwait = ticks;

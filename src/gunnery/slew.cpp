@@ -13,7 +13,7 @@ constexpr double frame_seconds = 1.0 / 60;
 constexpr double longest_slew = 0.45;   // seconds; the two slews of a lay take less than a second
 constexpr int most_pauses = 1000;   // per slew: a target millions of twips away must not delay the practice
 
-// Each count sets the target's place and moves the picture by a step, so the picture moves one step more.
+// The first count moves the picture but leaves the target in place, so the picture moves one step more.
 // Returns false if the practice has ended meanwhile.
 bool slew(trainer& t, gunnery_screen& s, coordinate along, const slew_numbers& n)
 {

@@ -1,5 +1,5 @@
-// The layout of the range author, in twips. At the top are the frames, from left to right in the order of
-// work; below them is the overview of the range.
+// The layout of the range author, in twips. From top to bottom: the buttons, the frames (from left to right
+// in the order of work), and the overview of the range.
 #include <algorithm>
 #include <string>
 #include <utility>
@@ -38,7 +38,7 @@ void buttons(S& s)
     s.window.exit_button = &s.Cmdstart;
 }
 
-// At the start the middle of the picture is at the upper left corner of the window.
+// At the start the middle of the picture is at the upper left corner of the sight window.
 void sight_window(S& s)
 {
     constexpr double width = 43560, height = 7335;   // of the placeholder: the size of a small range picture
@@ -182,8 +182,8 @@ void put_sight_left(const S& s, wide_layout& w, double width)
     w.places[&s.guide].Height += hint_height;
 }
 
-// In a wide window the texts are beside the four frames, and the overview is enlarged to the height that is
-// left below the frames. In a still wider one the view through the sight fills the left side.
+// In a wide window the texts are beside the four frames, and the overview below the frames is enlarged. In a
+// still wider one the view through the sight fills the left side.
 wide_layout wide(const S& s, double width)
 {
     constexpr double margin = wide_margin, texts_left = 15150, right = 90, least_texts = 2000,

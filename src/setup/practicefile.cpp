@@ -51,7 +51,7 @@ bool take_wind(item_reader& items, screen_object& slider)
     return true;
 }
 
-// Asks for a practice file. Nothing if the user cancels.
+// Asks for a practice file. Returns nothing if the user cancels.
 std::optional<std::string> choose_practice(trainer& t, bool save)
 {
     t.startsim.outcome.Caption.clear();

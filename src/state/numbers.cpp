@@ -32,7 +32,7 @@ std::string without_padding(std::string text)
 std::string number_text(double x)
 {
     std::array<char, 40> digits{};
-    // On the desktop snprintf would use the decimal separator of the user's locale.
+    // snprintf may use the decimal separator of the user's locale.
     const auto end =
         std::to_chars(digits.data(), digits.data() + digits.size(), x, std::chars_format::general, 15);
     return {digits.data(), end.ptr};

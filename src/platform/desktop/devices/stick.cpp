@@ -23,7 +23,7 @@ constexpr int search_interval = 500;   // while no stick is in use
 constexpr int start_delay = 400;       // the first window is shown before the first search, which is slow
 constexpr int move_interval = static_cast<int>(timer_floor * 1000);
 
-// Input is delivered only while no modal box is open and this program is active.
+// Presses and moves are delivered only while no modal box is open and this program is active.
 bool accepts_input()
 {
     return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() != nullptr;
@@ -107,7 +107,7 @@ void stick::close(int id)
     SDL_JoystickClose(device);
 }
 
-// Another stick that is moved takes over, unless a button of the current one is held.
+// Another stick takes over when it is moved far enough, unless a button of the current one is held.
 void stick::take_axis(int id, int number, int value)
 {
     const auto other = find_open(id);

@@ -107,7 +107,7 @@ struct files_without_twins final : QSortFilterProxyModel {
 static void prepare(QFileDialog& d, const file_dialog& asked)
 {
     d.setAcceptMode(asked.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    d.setFileMode(QFileDialog::AnyFile);   // the program itself reports missing files
+    d.setFileMode(QFileDialog::AnyFile);   // the program itself handles missing files
     d.setOption(QFileDialog::DontConfirmOverwrite, asked.suffix.empty());
     d.setDefaultSuffix(QString::fromStdString(asked.suffix));
     QStringList filters = name_filters(asked.filter);

@@ -188,7 +188,7 @@ void draw_picture(QPainter& p, const picture& pic, const QRect& at)
 {
     if (at.isEmpty()) return;
     if (is_drawing(pic)) {
-        // The drawing of a scale (a tall column of figures) extends below its rectangle.
+        // The drawing of a scale (a tall column of figures) can extend below its rectangle.
         const int below = at.height() > at.width() ? at.width() / 4 : 0;
         return draw_cached(p, QString::fromStdString(pic.source), at.adjusted(0, 0, 0, below),
                            [&](QPainter& q) { draw_named(q, pic.source, QRectF(at)); });

@@ -288,7 +288,7 @@ QRect form_style::subElementRect(SubElement element, const QStyleOption* option,
     return QProxyStyle::subElementRect(element, option, widget);
 }
 
-// Qt calls it for the captions of options and check boxes.
+// Qt calls it for labels and for the captions of options and check boxes.
 void form_style::drawItemText(QPainter* p, const QRect& at, int flags, const QPalette& palette, bool enabled,
                               const QString& text, QPalette::ColorRole role) const
 {

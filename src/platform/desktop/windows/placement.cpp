@@ -49,7 +49,7 @@ void desktop_machine::place_windows()
     placing_ = false;
 }
 
-// A window is hidden only after the next one has been painted, so that the desktop doesn't appear in between.
+// A window is hidden after the next one has been painted, so that the desktop doesn't appear in between.
 void desktop_machine::place_shown()
 {
     const std::vector<form*> shown = screens.shown;
