@@ -19,7 +19,7 @@ QByteArray encoded(const QImage& picture, const char* format, int quality)
     return bytes.data();
 }
 
-// An icon file is a directory, followed by a PNG file for each picture.
+// The icon file is a directory, followed by a PNG file for each picture.
 QByteArray icon(const std::vector<QImage>& pictures)
 {
     QByteArray directory, files;

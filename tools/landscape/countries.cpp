@@ -1,5 +1,5 @@
 // The countries of the shipped ranges. A place is given by its bearing from the middle of the picture, in
-// degrees, and its distance in metres. The picture covers 42 degrees to either side.
+// degrees, and its distance in metres. Each picture covers 42 degrees to either side.
 #include "country.h"
 
 namespace tools {

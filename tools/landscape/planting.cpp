@@ -101,7 +101,7 @@ void plant_hedge(world& w, const hedge_plan& h)
     }
 }
 
-// Plants a square of farmland with sides of `cell` metres. Woods cover whole fields; most boundaries are
+// Plants a square of farmland with sides of `cell` metres. Woods fill fields; most boundaries are
 // hedges with a few trees.
 void plant_farmed_spot(world& w, point p, float cell)
 {

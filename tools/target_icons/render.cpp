@@ -208,7 +208,8 @@ vec3 glowing(const std::vector<lamp>& lamps, const material& m, vec3 at, vec3 no
 
 // Pictures --------------------------------------------------------------------------------------------------
 
-// The picture in which the outline fills the square except for a margin, given as a share of the square.
+// The picture in which the vehicle without slender parts is as large as the square allows. `margin` is a share
+// of the square.
 camera fitted(const solid& vehicle, const view& from, float margin, int samples)
 {
     const camera c = looking(from.aside, from.above);
