@@ -208,7 +208,7 @@ vec3 glowing(const std::vector<lamp>& lamps, const material& m, vec3 at, vec3 no
 
 // Pictures --------------------------------------------------------------------------------------------------
 
-// The picture in which the vehicle without slender parts is as large as the square allows. `margin` is a share
+// The picture in which the vehicle without slender parts is as large as the square allows. `margin`: share
 // of the square.
 camera fitted(const solid& vehicle, const view& from, float margin, int samples)
 {
