@@ -285,7 +285,7 @@ void firefin(trainer& t, gunnery_screen& s, int round)
 }
 
 // With the full system and a lased range, Cmdmaingun takes a HESH correction from now on, and on the visual
-// sight with AUTO held the lay is reversed. Returns how many twips the target moved.
+// sight with AUTO held the lay is reversed. Returns by how many twips the target moved up.
 double preparehesh(trainer& t, gunnery_screen& s)
 {
     if (t.shared.systemstatus >= 2 || !s.lazed) {

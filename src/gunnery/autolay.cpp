@@ -16,7 +16,7 @@ constexpr double creep_seconds = 1;
 
 constexpr double fine_part = 200;   // twips; the last part of a FIN or HESH lay, in steps of fixed size
 
-// The first count moves the target but leaves the picture in place, so the target moves one step more.
+// The first count changes the target's Top but not the picture's, so the target moves one step more.
 void lay(trainer& t, gunnery_screen& s, double twips, double step, double seconds,
          const std::function<void(double)>& each = {})
 {

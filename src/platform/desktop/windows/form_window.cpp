@@ -275,8 +275,8 @@ void form_window::release_sliders()
 
 // Place ---------------------------------------------------------------------------------------------------
 
-// A window that is being maximised may get its new size before its new state. So only a geometry that the
-// window has kept for a while is taken as the normal one.
+// A window that is being maximised may get its new size before its new state. So the geometry
+// after a move or resize is taken as the normal one only when the window has kept it for a while.
 void form_window::moveEvent(QMoveEvent*)
 {
     settled_.start();
