@@ -177,7 +177,7 @@ void reversionary_hesh(const canvas& s, int)
 
 // Pictures --------------------------------------------------------------------------------------------------
 
-// The target icon of a range file that names none: the tank of the shipped ranges.
+// The target icon where no other is named or can be loaded: the tank of the shipped visual ranges.
 void plain_target(const canvas& s, int)
 {
     static const loaded_picture tank = read_picture("target", ":/pictures/target.ico");
