@@ -72,7 +72,7 @@ again:
 !macroend
 
 ; NAME is shown in the list of file types. A double click on such a file starts the trainer without loading the file. An
-; extension that is registered for another program is left unchanged.
+; extension that is registered for another program stays with that program.
 !macro add_type ENDING TYPE NAME
     WriteRegStr SHCTX "Software\Classes\vorn.${TYPE}" "" "${NAME}"
     WriteRegStr SHCTX "Software\Classes\vorn.${TYPE}\DefaultIcon" "" "$INSTDIR\icons\${TYPE}.ico"
@@ -101,7 +101,7 @@ Var given_folder
 
 Function .onInit
     !insertmacro needs_windows_10
-    StrCpy $given_folder $INSTDIR   ; of /D
+    StrCpy $given_folder $INSTDIR   ; the folder of /D
     !insertmacro MULTIUSER_INIT
     ${If} $given_folder != ""
         StrCpy $INSTDIR $given_folder
