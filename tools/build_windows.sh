@@ -24,7 +24,7 @@ export WINDOWS_PREFIX=$work/prefix
 jobs=${JOBS:-$(getconf _NPROCESSORS_ONLN)}
 version=$(sed -n 's/^project(vorn VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 
-# `once NAME KEY COMMAND...` runs the command unless it has succeeded with the same key before.
+# `once NAME KEY COMMAND...` runs the command unless it last succeeded with the same key.
 once() {
     local stamp=$work/stamps/$1 key=$2
     shift 2
@@ -137,9 +137,9 @@ build_sdl() {
     make_late_library "$work/sdl/libSDL2.dll.a" "$WINDOWS_PREFIX/lib/libSDL2.dll.a"
 }
 
-# Copies the libraries, Qt's plug-ins and gcc's runtime libraries beside the program, and strips them and the program.
-# Their sections are aligned to pages, so that Wine maps the files into memory instead of reading them. The build time
-# in their headers stays: the same libraries give the same files.
+# Copies the libraries, Qt's plug-ins and the compiler's runtime libraries beside the program, and strips them and the
+# program. Their sections are aligned to pages, so that Wine maps the files into memory instead of reading them. The
+# build time in their headers stays: the same libraries give the same files.
 add_libraries() {
     local out=$1 gcc file
     gcc=$(dirname "$(x86_64-w64-mingw32-gcc-posix -print-file-name=libstdc++-6.dll)")
@@ -155,8 +155,8 @@ add_libraries() {
 }
 
 # Checks the libraries that the files in the folder load at their start. Each must be in the folder or part of Windows,
-# and none may be one that is loaded at its first call. A library is taken as part of Windows if mingw-w64 has an import
-# library for it, or if it is an API set (api-ms-win-*).
+# and none may be one of those to be loaded at the first call. A library is taken as part of Windows if mingw-w64 has an
+# import library for it, or if it is an API set (api-ms-win-*).
 check_libraries() {
     local out=$1 name names absent=0
     names=$(x86_64-w64-mingw32-objdump -p "$out"/*.{exe,dll} "$out"/*/*.dll | sed -n 's/.*DLL Name: //p' | sort -u)

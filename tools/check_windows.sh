@@ -177,12 +177,12 @@ look_at_installation() {   # HKLM or HKCU, the folder that was installed, its ve
         [ -f "$(winepath -u "$icon" 2>/dev/null)" ] || fail "the icon of the type $type isn't there: $icon"
     done
     [ "$(for type in arf prf vrn; do value "$classes\\.$type" /ve; done | xargs)" = "vorn.range vorn.practice vorn.record" ] ||
-        fail "the file types are registered for another program"
+        fail "the file types aren't registered for the trainer"
     [ -n "$(find "$WINEPREFIX/drive_c" -name 'V.O.R.N..lnk')" ] || fail "there is no entry in the start menu"
 }
 
 look_at_saved() {   # FOLDER
-    grep -q YES "$1/record.vrn" || fail "no target is destroyed in the record"
+    grep -q YES "$1/record.vrn" || fail "the record has no destroyed target"
     [ -s "$1/own.prf" ] || fail "the practice wasn't saved"
 }
 

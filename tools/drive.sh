@@ -28,7 +28,7 @@ await() {   # TITLE [SECONDS]
 
 click() { xdotool mousemove --window "$(window "$1")" "$2" "$3" sleep 0.3 click 1 sleep 0.5; }   # TITLE X Y
 
-# Answers the question in the box over the window of this title.
+# Answers yes to the question in the box over the window of this title.
 answer_yes() {
     for _ in $(seq 100); do
         [ "$(xdotool getactivewindow 2>/dev/null)" = "$(window "$1")" ] || break
@@ -83,7 +83,7 @@ offset() {
             if (a[1] < $1 && a[1] > 2) printf "%d %d\n", a[3] + a[1] / 2 + s[2] - x, a[4] + a[2] / 2 + s[3] - y }'
 }
 
-# Holds a key long enough to move the sight by about this many pixels.
+# Holds a key, longer if the sight must move by more pixels.
 move() { xdotool keydown "$1" sleep "$(awk -v d="${2#-}" 'BEGIN { print (d > 60 ? 0.35 : d > 15 ? 0.12 : 0.03) }')" keyup "$1"; }
 
 lay_on() {

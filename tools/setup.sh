@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Functions that install what a build needs, and build. Other scripts source this file in the root of the tree.
+# Functions that install what a build needs, and build. Other scripts go to the root of the tree and source this file.
 
 say() { printf 'vorn: %s\n' "$*" >&2; }
 
