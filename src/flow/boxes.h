@@ -22,8 +22,8 @@ std::string headed(const std::string& heading, std::initializer_list<std::string
 
 // Shows a box with the sign for information.
 void inform(trainer&, const std::string& text, const std::string& title = "V. O. R. N.");
-// Asks a question with Yes and No. Returns true for Yes. Callers make No the default button if Yes can lose
-// data.
+// Asks a question with Yes and No. Returns true for Yes. Callers make No the default button if Yes ends the
+// program or deletes a file.
 bool asked(trainer&, const std::string& question, const std::string& title,
            default_button on_return = default_button::yes);
 // Calls `asked` with the short name of the program as heading and title.

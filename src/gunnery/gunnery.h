@@ -29,13 +29,13 @@ void cmdstopsim_click(trainer&, gunnery_screen&);
 // slew.cpp: the commander's lay. Returns false if a stop, reset or unload has ended the practice meanwhile.
 bool commanderslay(trainer&, gunnery_screen&);
 
-// crew.cpp: crew lines and the only sound channel. `file` is the name of a wave file.
+// crew.cpp: the crew line and the sounds. `file` is the name of a wave file.
 void make_crew(trainer&, gunnery_screen&);
 void playsound(trainer&, gunnery_screen&, const std::string& file);   // if sounds are on
-// Plays a sound. During a call of the crew, only stops the voice.
+// Plays a sound. During a call of the crew, only stops the current sound.
 void effect(trainer&, gunnery_screen&, const std::string& file);
 void say(trainer&, gunnery_screen&, const std::string& file);   // a voice, if voices are on
-// A call of the crew: a voice. For some seconds `effect` then plays nothing.
+// A call of the crew, if voices are on. For some seconds `effect` then plays nothing.
 void callcrew(trainer&, gunnery_screen&, const std::string& file);
 void callrange(trainer&, gunnery_screen&);   // the commander states the range
 void reporton(trainer&, gunnery_screen&);    // the commander's report after the lay
@@ -75,7 +75,7 @@ void assessround(trainer&, gunnery_screen&, int round);
 void showstrike(trainer&, const gunnery_screen&, round_kind);
 // Sets `shown` and the caption of Lblammotype. Doesn't move the label.
 void showammo(gunnery_screen&, ammo_shown);
-// The nature of the round in `shown`: HESH also during a HESH correction; no_nature if there is none.
+// The nature of the round in `shown`: HESH also for hesh_as_fin and hesh_as_dst; no_nature for `nothing`.
 nature_of_target natureshown(const gunnery_screen&);
 
 // coax.cpp

@@ -30,7 +30,7 @@ struct since_reset : since_target {
     // The sequencer and the score.
     bool simrunning = false;
     int16 targetnumber;   // targets presented so far
-    int16 pausecount;     // Timpause ticks in the current wait
+    int16 pausecount;     // Timpause ticks since the last order
     int16 hits;
     int16 hittime;   // sum of targetticks of all hits
 
@@ -47,7 +47,7 @@ struct since_load : since_reset {
     // first order.
     int currenttarget = 0;     // position of the current target
     int currentrange = 0;      // metres
-    int16 targetticks;         // seconds since the order, plus 1
+    int16 targetticks;         // 1 at the order, one more each second; targetlife after a hit
     int16 targetlife;          // targetticks at which the target goes down
     int16 targetwait;          // Timpause ticks before the next order
     int windoffset = 0;        // drift of a HESH round in the wind, twips; the visual reset clears it
@@ -55,11 +55,11 @@ struct since_load : since_reset {
 
     // The traverse.
     int16 traversestep, elevatestep;   // twips per tick; 0 while no direction is held
-    int16 traverseaccel;               // twips per tick gained by acceleration, in any direction; visual
+    int16 traverseaccel;               // twips per tick gained by acceleration, negative for up; visual
 
     // The fire control.
     int layspeed = 3;           // twips per coarse step of the autolay, from the slider; visual
-    bool lazed = false;         // true after a lase or an autolay: the next HESH round can be corrected
+    bool lazed = false;         // set by a lase or an autolay; needed to correct the next HESH round
     int chargecount = 0;        // Timchrg ticks; visual
     int autolaycount = 0;       // timautolay ticks, kept from one press to the next
     bool autolayheld = false;   // AUTO was held for the full time; thermal: or released too early or clicked
@@ -120,7 +120,7 @@ struct gunnery_screen : since_load {
     screen_object Frame4;           // lights; thermal. An empty hidden frame on the visual screen
     screen_object Frame2;           // display of the visual sight
     screen_object Frmcon, Image1;   // the card of the keys: frame and picture
-    screen_object keynote;          // lists the keys of Frame3's buttons while Frame3 is hidden; visual
+    screen_object keynote;          // if Frame3 is hidden: the keys of its buttons, until START SIM; visual
 
     // Practice control.
     screen_object HScspeed;

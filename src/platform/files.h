@@ -32,8 +32,8 @@ struct file_text {
 file_text read_file(const machine&, const std::string& path);
 // The extension of a file name in lower case, with its dot; empty if it has none.
 std::string extension(const std::string& path);
-// Creates or replaces a file. Returns the reason for a failure, empty on success. A failure leaves the old
-// file unchanged, if need be by writing the old text back.
+// Creates or replaces a file. Returns the reason for a failure, empty on success. After a failure the old
+// file is kept, or its text is written back.
 std::string write_file(const machine&, const std::string& path, const std::string& text);
 // Deletes a regular file; unlike find_path, uses the path exactly as written. Returns the reason for a
 // failure, empty on success.

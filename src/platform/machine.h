@@ -62,7 +62,7 @@ struct printed_line {
 struct screen_stack {
     struct arrival {
         form* screen;
-        int depth;   // nesting depth of the handler that showed the screen; the arrival runs after it
+        int depth;   // nesting depth of the handler that caused the arrival; the arrival runs after it
     };
     std::vector<form*> loaded;
     std::vector<form*> shown;   // the last one is in front
@@ -107,8 +107,8 @@ public:
     // Opens a help file at its table of contents in a separate window. Returns immediately.
     virtual void show_help(const std::string& path) = 0;
 
-    // The only sound channel. `play` stops the current sound and returns immediately. It plays nothing if the
-    // file is missing or damaged or if there is no sound device.
+    // The only sound channel. `play` stops the current sound and doesn't wait for the end of the new one. It
+    // plays nothing if the file is missing or damaged or if there is no sound device.
     virtual void play(const std::string& path) = 0;
     virtual void close_sound() = 0;
 
@@ -133,8 +133,8 @@ public:
     screen_stack screens;
 };
 
-// `show` loads a screen if necessary and brings it to the front. Its arrival handler runs after the handler
-// that showed it has returned. Hiding or unloading the front screen brings the next one to the front.
+// `show` loads a screen if necessary and brings it to the front. The screen's arrival handler runs after the
+// handler that showed it has returned. Hiding or unloading the front screen brings the next one to the front.
 void load(machine&, form&);
 void show(machine&, form&);
 void hide(machine&, form&);

@@ -35,7 +35,7 @@ enum class alignment { left, centre, right };
 enum class text_size { small, normal, large };
 enum class shape_kind { rectangle, dashed_rectangle, ellipse, filled_ellipse };
 
-// A target that was hit is drawn on fire: `flames` on the visual sight, `hot` on the thermal one.
+// A killed target is drawn on fire: `flames` on the visual sight, `hot` on the thermal one.
 enum class fire { none, flames, hot };
 
 // Where an object is docked to the sight of its screen. The sight keeps its shape in the space that the
@@ -114,8 +114,8 @@ struct object_fields : area {
 struct form;
 struct screen_object;
 
-// A layout only a line or two high, for an object in a strip below the sight. Its child objects that aren't
-// in `places` are not shown. Height 0: the object has no flat layout.
+// A layout only a line or two high, for an object in a strip below the sight. Of the child objects only those
+// in `places` are shown. Height 0: the object has no flat layout.
 struct flat_layout {
     double Width = 0, Height = 0;
     std::unordered_map<const screen_object*, area> places = {};
@@ -145,7 +145,7 @@ struct timer {
     double slack = 0;   // seconds that a tick may be late, so that the program wakes up less often
     std::function<void()> tick;
 
-    // Used only by machine.cpp and start.
+    // Used by machine.cpp and `start`.
     bool fresh = false;     // started; `due` is not yet set
     bool ticking = false;   // its handler is running
     double due = 0;         // seconds on the machine's clock

@@ -42,7 +42,7 @@ void showplaced(rauthor_screen&, int position);
 void settargetrange(rauthor_screen&, int metres);
 // Shows the target at the marked point in the size for its range; hides it if the point has no range.
 void showtarget(rauthor_screen&);
-// Shows icon 1, 2 or 3 of the open range. Returns false, and keeps the shown icon, if it can't be loaded.
+// Shows icon 1, 2 or 3 of the open range. If it can't be loaded, keeps the previous one and returns false.
 bool loadicon(trainer&, int icon);
 
 // rangedisk.cpp: the buttons for new, open and save.

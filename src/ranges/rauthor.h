@@ -43,7 +43,7 @@ struct rauthor_screen {
     screen_object Frame1, Image1, Imgpoint;
     screen_object Img[positions];   // indexed from 1
 
-    screen_object outcome;   // what was opened or saved last, or what has failed
+    screen_object outcome;   // what was opened or saved last, a failure, or a warning
     screen_object Lblinfo, lblhelp;
     std::deque<screen_object> captions;   // labels and drawings that never change
 

@@ -21,7 +21,7 @@ void make_practices(trainer&);
 void make_practicefile(trainer&);
 // The bytes of a practice file: the settings in the frame OPTIONS, and lines 1 to 7 of the summary.
 std::string practice_file_bytes(const startsim_screen&);
-// Applies the items of a practice file to the options one by one. Stops at the first item that can't be read;
+// Applies the items of a practice file to the screen one by one. Stops at the first missing or invalid item;
 // items applied before stay applied.
 void apply_practice(trainer&, const std::string& text);
 

@@ -56,7 +56,7 @@ struct startsim_screen {
     screen_object Frame7;   // advanced options
     screen_object Frmtgtsize, HSctgt, Frmkillarea, hsctarget, Frmcoaxerror, HSccoax;
 
-    screen_object outcome;   // shows the name of the practice file that was saved
+    screen_object outcome;   // says which practice file was saved
     screen_object Lblinfo, Lblhelp;
     std::deque<screen_object> captions;   // labels and drawings that never change
 

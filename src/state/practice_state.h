@@ -22,7 +22,7 @@ using per_round = table<table<T, round_rows>, engagement_rows>;
 // The initial values are those at the start of the program.
 struct practice_state {
     // Paths and file names.
-    std::string rootpath;                                    // the data folder, without a trailing separator
+    std::string rootpath;                                    // folder of the ranges, no trailing separator
     std::string rangefile = "Visualrange.arf";               // the range of the practice
     std::string resultsfile;                                 // the current results file of the debrief
     std::string targeticon1 = "target icons\\target1.ico";   // icon path of a FIN target, as in a range file
@@ -50,7 +50,7 @@ struct practice_state {
     bool infosystem = true;        // the information panel is shown
     bool infocontrol = true;       // the card of the keys is shown if only the keyboard is selected
     bool infocrew = true;          // the crew line is shown
-    bool plainscreen = false;      // visual sight: hides the crew line and all panels but lights and display
+    bool plainscreen = false;      // visual sight: hides crew line, buttons, information and card of the keys
     bool fulldebrief = true;       // a practice ends with the offer of a debrief; otherwise with a score
     bool soundson = true;
     bool voiceson = true;
@@ -66,7 +66,7 @@ struct practice_state {
     double joyxfactor = 0, joyyfactor = 0;   // the dead band is twice the factor on each side
 
     // Run flags.
-    bool quickstart = false;    // the practice was started by the quick start
+    bool quickstart = false;    // the practice is a quick start
     bool debriefonly = false;   // the debrief has been opened from the set-up; never cleared
     bool paused = false;
 

@@ -20,8 +20,8 @@ public:
     void stop();
     bool playing() const;
 
-    // The shortest time between two attempts to open a device: an attempt is slow, and some drivers print
-    // messages at each.
+    // The shortest time from a failed attempt to open a device to the next one: an attempt is slow, and some
+    // drivers print messages at each.
     double retry_seconds = 5;
 
 private:

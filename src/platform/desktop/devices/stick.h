@@ -31,7 +31,7 @@ public:
 
     struct open_device {
         _SDL_Joystick* handle;
-        table<int, 2> rest;   // its axes when it was opened, or later when the stick in use was chosen
+        table<int, 2> rest;   // its axes when it was opened, or when the stick in use last changed
     };
 
 private:

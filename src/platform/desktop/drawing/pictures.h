@@ -48,11 +48,11 @@ void forget_twin(const picture&);
 // Whether the twin is still being read; the picture should then be drawn again later.
 bool reads_twin(const picture&);
 
-// Calls a function that draws in the rectangle, and caches the result: outlines take most of the time of a
-// repaint. Different drawings of the same size need different keys.
+// Calls a function that draws in the rectangle, and caches the result if it isn't very large: drawn each
+// time, outlines would take most of a repaint. Different drawings of the same size need different keys.
 void draw_cached(QPainter&, const QString& key, const QRect&, const std::function<void(QPainter&)>&);
 
-// Scales the picture to a rectangle of device pixels.
+// Draws the picture in a rectangle of device pixels.
 void draw_picture(QPainter&, const picture&, const QRect& at);
 
 // Makes the painter of a widget use device pixels as coordinates. Returns the rectangle of the widget in

@@ -1,5 +1,5 @@
-// A picture much larger than its view. The visible part is scaled once, and only copied when the picture
-// scrolls: on a screen of 3840 x 2160, QPainter needs about 16 ms to scale it, much more than to copy it.
+// A picture much larger than its view. What stays visible while the picture scrolls is copied, not scaled
+// again: on a screen of 3840 x 2160, QPainter needs about 16 ms to scale it, much more than to copy it.
 #pragma once
 
 #include <QImage>
@@ -9,8 +9,8 @@ namespace vorn {
 
 class scrolled_picture {
 public:
-    // Draws the part of the image, scaled to `at`, that is in the view; both are in device pixels. Scales
-    // only what the last call didn't draw at this size.
+    // Draws the part of the image, scaled to `at`, that is in `view`. Both rectangles are in device pixels.
+    // Scales only what the last call didn't draw at this size.
     void draw(QPainter&, const QImage&, const QRect& at, const QRect& view);
 
 private:

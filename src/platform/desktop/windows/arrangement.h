@@ -25,7 +25,7 @@ struct arrangement {
 // The result depends on the window's size in pixels and on which objects are visible.
 arrangement arrange(const form&, const QSize& window);
 
-// Whether the arrangement changes with the visibility of the object.
+// Whether the arrangement can change with the visibility of the object.
 bool affects_arrangement(const screen_object&);
 
 }   // namespace vorn

@@ -67,8 +67,8 @@ private:
     picture cached_;
 };
 
-// Makes Qt tell screen readers that a picture that can't be clicked is a graphic, and that it is invisible if
-// another picture covers it.
+// Makes Qt tell screen readers that a picture without a Click handler is a graphic, and that it is invisible
+// if another picture covers it.
 void describe_pictures();
 
 // The dark border behind a sight, over the panel that may surround it.
