@@ -45,12 +45,12 @@ private:
 };
 
 // A range whose 20 positions are at one place, so that the lay is the same for all. Their ranges are 600 to
-// 2500 metres, in steps of 100. After a load of the screen the place is to the right of the end of a lay and
-// below it.
+// 2500 metres, in steps of 100. After a load of the screen this place is right of and below the one to which
+// the commander's lay brings a target.
 practice_state plain_range(sight_kind);
 // The first lines of the text of a file.
 std::string first_lines(const std::string& text, int n);
-// The header of a PNG file of this many pixels, which is all that the headless machine reads of a picture.
+// The header of a PNG file of this many pixels, which is all that the headless machine needs of a picture.
 std::string picture_head(unsigned width, unsigned height);
 
 // The gunner's controls: the key, the button on the screen and the stick button of each.

@@ -17,7 +17,7 @@ struct trainer_test : desktop_test {
         click(t.intro.lblstart);
         EXPECT_TRUE(QTest::qWaitForWindowActive(pc.window(t.startsim.window)));
     }
-    // Clicks on these options and on START SIMULATOR, and answers the question.
+    // Clicks on these options and on START PRACTICE, and answers the question with yes.
     void start_practice(std::initializer_list<const screen_object*> options)
     {
         for (const screen_object* o : options) click(*o);

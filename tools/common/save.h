@@ -13,7 +13,7 @@ QByteArray encoded(const QImage&, const char* format, int quality = 0);
 // An icon file (.ico) of square pictures with sides of at most 256 pixels.
 QByteArray icon(const std::vector<QImage>&);
 
-// Replaces the file.
+// Creates or replaces the file.
 void save(const QString& file, const QByteArray& bytes);
 
 // Prints a message on the standard error stream and ends the program, as the functions above do on an error.

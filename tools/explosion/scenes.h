@@ -20,7 +20,7 @@ struct puff_group {
     limits heat{};             // 100 is a fire of medium heat
     float weakened = 0;        // by how much force 100 reduces the heat
     float dust = 0;            // 0 soot, 100 earth
-    float lift = 100;          // share of the scene's drift that the puff follows
+    float lift = 100;          // factor of the scene's drift for these puffs
     float fall = 0;            // distance fallen at time 1
     float solid = 100;         // density of the smoke
     float from_side = 0;       // greatest distance of the start to either side of the foot

@@ -1,4 +1,4 @@
-// The description of a range picture and of the country that it shows. countries.cpp has one for each range.
+// The description of a range picture and its landscape. countries.cpp has one for each range.
 #pragma once
 
 #include <cstdint>

@@ -8,7 +8,7 @@
 
 namespace tools {
 
-// The farmed country: rows of fields with slightly crooked boundaries.
+// Fields are in rows and have slightly crooked boundaries.
 struct field {
     float edge;   // distance to the nearest boundary, metres
     std::uint32_t id;

@@ -1,5 +1,5 @@
-// Maps of the ground: the distances to tracks, roads and the river, and shadows. They are filled once. After
-// that any number of threads may read them.
+// Maps of the ground: the distances to tracks, trails, roads and the river, and shadows. They are filled
+// once. After that any number of threads may read them.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ struct piece {
     }
 };
 
-// A map with a byte for each cell of the country in front of the gunner, initially 255. The value at a place
+// A map with a byte for each cell of the ground in front of the gunner, initially 255. The value at a place
 // is the byte times `unit`. Beyond the map the byte counts as 255.
 class map_layer {
 public:

@@ -11,14 +11,15 @@ namespace tools {
 
 using rendered = grid<pixel>;
 
-// Draws a world as the gunner sees it, in vertical strips with four samples a pixel. First the ground, from
-// near to far in each column, then houses, then plants from far to near, then reflections in the water.
+// Draws a world as the gunner sees it, in vertical strips with four samples a pixel. First ground and sky,
+// the ground from near to far in each column, then houses and bridges, then plants from far to near, then
+// reflections in the water.
 rendered render(const world&, const view&);
 
 // The picture of a camera.
 QImage photograph(const rendered&);
-// The picture of a scanning thermal sight: grey, blurred, with scan lines and noise. Without these, all but
-// the sky is between .20 and .60 of white, so that only hot targets are brighter.
+// The picture of a scanning thermal sight: grey, blurred, with scan lines and noise. Before lines and noise
+// are added, all but the sky is between .20 and .60 of white, so that only hot targets are brighter.
 QImage thermal_image(const rendered&);
 // The picture reduced to half its size: each pixel is the mean of four.
 QImage halved(const QImage&);

@@ -1,5 +1,5 @@
-// The sky: a blue gradient, thin high clouds, and cumulus clouds that are ray-marched. Also cloud shadows and
-// the haze of the air.
+// The sky: a colour gradient, thin high clouds, and ray-marched cumulus clouds. Also cloud shadows and the
+// haze of the air.
 #pragma once
 
 #include "common/grid.h"
@@ -11,7 +11,7 @@ namespace tools {
 grid<vec3> sky_of(const country&, const view&);
 // The light at a place of the picture, in pixels.
 vec3 sky_at(const grid<vec3>& sky, point);
-// The light without clouds at an elevation in radians, for reflections in water.
+// The light of the sky without clouds at an elevation in radians.
 vec3 plain_sky(const country&, float elevation);
 
 // 1 in the sun, less in the shadow of a cloud.

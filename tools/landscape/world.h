@@ -1,4 +1,4 @@
-// What is built from the description of a country: its ground and everything on it.
+// What is built from a `country`: the ground and everything on it.
 #pragma once
 
 #include <vector>
@@ -13,7 +13,7 @@ namespace tools {
 
 struct plant {
     point at;
-    float foot, height, width;   // metres; foot: a little below the ground there
+    float foot, height, width;   // metres; foot: the height of its lower end, a little below the ground
     int sprite;
     vec3 colour;
     float warmer = 0;   // of a tuft: the warmth of the ground

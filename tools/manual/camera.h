@@ -136,8 +136,8 @@ public:
         return beside(place_of(o).center(), across, down);
     }
 
-    // Each saves a picture: of a whole screen, of a part of a screen scaled to a width, of the middle of the
-    // sight.
+    // The next three functions save a picture: of a whole screen, of a part of a screen scaled to a width, of
+    // the middle of the sight.
     void take(const QString& name, form& f, const std::vector<callout>& callouts = {}) const
     {
         save(name, look(f, callouts, 42).scaledToWidth(800, Qt::SmoothTransformation));
