@@ -63,7 +63,7 @@ void make_autolay(trainer&, gunnery_screen&);
 void pressautolay(gunnery_screen&);
 void releaseautolay(trainer&, gunnery_screen&);
 void keyautolay(trainer&, gunnery_screen&);
-// Reverses a HESH lay when the round is fired; returns the twips moved.
+// Reverses a HESH lay when the round is fired. Returns by how many twips the target moved up.
 double relay(trainer&, gunnery_screen&);
 
 // armament.cpp: weapons, the loader, the trigger, and the flight and hit of a round.
