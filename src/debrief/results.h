@@ -32,7 +32,7 @@ struct results_screen {
     // The target and its marks.
     screen_object Frame1, Lblrounds, Cmdround1, cmdround2, Cmdround3, cmdround4;
     screen_object Imgtargetdetails, Shape1, Imgreptarget, Imglaze, Imagepoa, Imgfos, Lbltargetvis, Frame7;
-    screen_object killbox;   // outline: a round is a hit if the middle of its mark is inside
+    screen_object killbox;   // outline of the kill box, to compare with the middle of a round's mark
 
     screen_object Frmreading;   // how to read the marks
     screen_object Frmtherm, Imgthermtarget, Imgbam, Imgrevfin, Imgrevhesh;

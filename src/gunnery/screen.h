@@ -1,5 +1,5 @@
 // A gunnery screen, visual or thermal: its variables, objects and timers. A name with the comment "visual" or
-// "thermal" is used by that sight only. The numbers of the two sights are in sight.h.
+// "thermal" matters on that sight only. The numbers of the two sights are in sight.h.
 #pragma once
 
 #include <deque>

@@ -1,5 +1,5 @@
-// Operates the trainer off screen, as a user would. Saves pictures of its screens, with numbers on the parts
-// that the manual describes.
+// Operates the trainer off screen, by clicks, keys and ticks. Saves pictures of its screens, with numbers on
+// the parts that the manual describes.
 #pragma once
 
 #include <QApplication>
@@ -84,7 +84,7 @@ public:
         for (; *keys != 0; ++keys)
             for (const bool down : {true, false}) key(s, *keys, down);
     }
-    // Delivers one tick without waiting for the interval.
+    // Makes the timer tick without waiting for its interval.
     void tick(timer& clock)
     {
         if (!clock.Enabled) return;

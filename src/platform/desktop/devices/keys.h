@@ -14,7 +14,7 @@ namespace vorn {
 class desktop_machine;
 class form_window;
 
-// The virtual key code: 65 to 90 for letters, 48 to 57 for digits, 13 for Return and so on; 0 for other keys.
+// The virtual key code: 65 to 90 for letters, 48 to 57 for digits, 13 for Return and so on; 0: none.
 // A key without a Latin letter has the code of the key at the same position on a US keyboard.
 int virtual_key(const QKeyEvent&);
 

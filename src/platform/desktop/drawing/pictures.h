@@ -14,7 +14,7 @@
 
 namespace vorn {
 
-// The images of a picture file, smallest first: several sizes for an icon, one for other formats.
+// The images of a picture, smallest first: several sizes for an icon or an effect, otherwise one.
 struct decoded_picture final : picture_pixels {
     std::vector<QImage> sizes;
     QString twin = {};   // path of the same picture with twice the pixels each way; empty if there is none
