@@ -23,7 +23,7 @@ std::string native(const std::string& path);
 // The bytes of a file; none if it can't be read.
 std::string bytes_of(const std::filesystem::path&);
 
-// A temporary program directory: ranges, and the headers of their pictures and icons. Its path has a blank
+// A temporary program directory: ranges, and the headers of their pictures and icons. Its path has a space
 // and letters of two alphabets, as a user's path may have.
 class data_folder {
 public:
