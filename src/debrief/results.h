@@ -1,5 +1,6 @@
-// The debrief screen. It shows a practice engagement by engagement. The last lase, and the aim and the fall
-// of shot of one round at a time, are marked on the target. It saves, opens, deletes and prints records.
+// The debrief screen. It shows the engagements of a practice one at a time. The last lase, and the aim and
+// the fall of shot of one round at a time, are marked on the target. The screen saves, opens, deletes and
+// prints records.
 #pragma once
 
 #include <cstdint>

@@ -42,13 +42,13 @@ struct scene {
     point foot;   // spot on the ground, from the lower left corner of the frame
     std::vector<puff_group> puffs;
     std::vector<piece_group> pieces{};
-    float drag = 5;          // rate at which the air slows puffs and debris
-    vec3 drift{};            // x: wind, y: rise, both times the square of the time; z: rise, times the time
-    float lumps = 7.5f;      // frequency of the noise: lumps per unit of length
-    float thick = 70;        // extinction of the densest smoke, per unit of length
-    limits thins{.45f, 1};   // the time in which the smoke becomes thinner
-    float left = .3f;        // the share of `thick` at the end of this time
-    float cooling = .5f;     // time at which the heat is about half of `puff_group::heat`
+    float drag = 5;              // rate at which the air slows puffs and debris
+    vec3 drift{};                // motion of the cloud by time t: x t^2 with the wind, z t + y t^2 upwards
+    float lumps = 7.5f;          // frequency of the noise: lumps per unit of length
+    float thick = 70;            // extinction of the densest smoke, per unit of length
+    limits thins{.45f, 1};       // the time in which the smoke becomes thinner
+    float left = .3f;            // the share of `thick` at the end of this time
+    float cooling = .5f;         // time at which the heat is about half of `puff_group::heat`
     float flash = 0, halo = 0;   // size of the flash; strength of the halo
     int flash_from = 1;   // the step of the flash in frame 0; the steps are 0 to 3, step 1 is the largest
     bool loops = false, by_heat = false;

@@ -148,7 +148,8 @@ plan make_plan(const docked_objects& d, const strips& s, const QSizeF& window, d
     if (free.isEmpty()) return p;
     const QSizeF model(d.sight->Width, d.sight->Height);
     const QSizeF size = model.scaled(free, Qt::KeepAspectRatio);
-    if (!d.below.empty() && size.width() < model.width()) return p;   // the line below would be too narrow
+    // The line of objects below the sight would be too narrow.
+    if (!d.below.empty() && size.width() < model.width()) return p;
     const QSizeF spare = free - size;
     const double left =
         s.left.empty() ? gap + border + spare.width() / 2 : room.width() - gap - border - size.width();
