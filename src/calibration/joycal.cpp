@@ -37,7 +37,7 @@ table<screen_object*, 4> instructions(S& s)
     return {{&s.Lblinfo1, &s.Lblinfo2, &s.Lblinfo3, &s.Lblinfo4}};
 }
 
-// Highlights the instruction of the current step.
+// Highlights the instruction of the current step, and shows the numbers of the visible instructions.
 void markinstruction(S& s)
 {
     const auto all = instructions(s);

@@ -18,10 +18,12 @@ void begin_hint(const hint_panel& p, const hint& h)
     start(p.clock);
 }
 
+// Once visible, the label stays until end_hint. When the cursor moves to another button, the label shows that
+// button's hint at once.
 void timhelp_tick(const hint_panel& p)
 {
     p.ticks += 1;
-    if (p.ticks > rest_ticks) p.label.Visible = true;   // stays until end_hint, also over other buttons
+    if (p.ticks > rest_ticks) p.label.Visible = true;
 }
 
 }   // namespace

@@ -75,7 +75,7 @@ struct paint_count : QObject {
     int count = 0;
 };
 
-// The widgets that Tab reaches, in the order of Tab, beginning with the widget that has the focus.
+// The widgets that Tab reaches, in Tab order, beginning with the widget that has the focus.
 inline std::vector<QWidget*> tab_order(QWidget& window)
 {
     std::vector<QWidget*> order;

@@ -1,4 +1,4 @@
-// The screens in windows of eight shapes.
+// The screens in windows of eight sizes, from upright to very wide.
 #include <map>
 
 #include "trainer_fixture.h"
@@ -10,7 +10,7 @@ constexpr QSize shapes[] = {{800, 600},   {1024, 768},  {1366, 768},  {1440, 900
 
 struct wide_screens : trainer_test {
     wide_screens() { open_setup(); }
-    // Shows a screen in windows of all shapes. In each shape nothing may be cut off after `look`.
+    // Shows a screen in windows of all these sizes. At each size nothing may be cut off after `look`.
     void in_each_shape(form& f, const std::function<void()>& look)
     {
         pc.run([&] { show(pc, f); });

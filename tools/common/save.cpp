@@ -19,7 +19,7 @@ QByteArray encoded(const QImage& picture, const char* format, int quality)
     return bytes.data();
 }
 
-// The icon file is a directory, followed by a PNG file for each picture.
+// An ICO file begins with a table of its pictures. Here each picture is stored as a PNG file.
 QByteArray icon(const std::vector<QImage>& pictures)
 {
     QByteArray directory, files;

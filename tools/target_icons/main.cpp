@@ -1,7 +1,7 @@
 // Draws the target icons of the shipped ranges, and more icons for makers of ranges. The vehicles are
 // modelled to scale in vehicles.cpp and drawn by render.cpp. The icons of the shipped ranges show a
-// vehicle from the front and a little above, so that it fills its square: the sights treat the middle of the
-// square as the middle of the vehicle.
+// vehicle from the front and above, so that it fills at least three quarters of its square: the sights treat
+// the middle of the square as the middle of the vehicle.
 //
 // Usage: target_icons FOLDER
 
@@ -35,7 +35,7 @@ static constexpr icon_plan icons[] = {
 
 static QByteArray drawn(const icon_plan& i, look l)
 {
-    // Usual width of a picture in metres; smallest radius of a gun barrel in pixels.
+    // Usual width of a picture in metres; lower limit of the radius of a gun barrel in pixels.
     constexpr float width = 6.5f, thinnest = .62f;
     std::vector<QImage> pictures;
     for (const int size :

@@ -6,8 +6,9 @@
 
 namespace tools {
 
-// `thinnest` is the smallest radius of the tank's barrel, in metres: in a small picture a barrel to scale
-// would be invisible. That of the carrier is 0.8 of this. `turret` is in degrees to the left.
+// `thinnest` is the lower limit of the radius of the tank's barrel, in metres; for the carrier's barrel the
+// limit is 0.8 times `thinnest`. In a small picture a barrel to scale would be invisible. `turret` is in
+// degrees to the left.
 solid tank(float thinnest, float turret);
 solid carrier(float thinnest, float turret);   // tracked, for infantry, with a small gun
 solid truck(float thinnest, float turret);     // six wheels, a bonnet, a covered load; ignores the parameters

@@ -95,7 +95,7 @@ void fill_column(column& c, const QRectF& at)
 }
 
 // The factors by which the cells inside a frame or a form are stretched to fill it. A picture keeps its
-// shape. All places are in twips before the frame is enlarged.
+// shape. Places are in the frame's own twips: the frame's enlargement is applied to them afterwards.
 struct spread {
     double across, down;
     double title;   // height of the caption, which is not spread
