@@ -116,7 +116,7 @@ void takefactor(trainer& t, S& s, const axis_row& a)
     t.shared.*a.factor = (static_cast<double>(end) - static_cast<double>(at)) / 12.0;
 }
 
-// The dot moves like the sight in a practice: one twip for each 100 units of the reading beyond the dead
+// The dot moves like the view in a practice: one twip for each 100 units of the reading beyond the dead
 // band. Since the number is rounded down, a step to the left or up is a twip larger than one to the right or
 // down, unless the part beyond the dead band is a whole multiple of 100.
 void movedot(S& s, const axis_row& a, double bound, double at)

@@ -80,9 +80,9 @@ void cmdmaingun_click(trainer& t, gunnery_screen& s)
     heshcorrect(s);
 }
 
-// Selects FIN and then does what Cmdmaingun does: DST follows if a weapon was already selected, or an open
-// HESH correction takes the press. The thermal record contains FIN in each case, the visual record contains
-// the round selected.
+// Selects FIN and then does what Cmdmaingun does. An open HESH correction takes this press. Without one, DST
+// is selected if a weapon was already selected. The thermal record contains FIN in each case, the visual
+// record contains the round selected.
 void cmdselectmain_click(trainer& t, gunnery_screen& s)
 {
     showaimingmark(s);

@@ -110,7 +110,7 @@ void timautolay_tick(trainer& t, gunnery_screen& s)
     keyautolay(t, s);
 }
 
-// Sets the lead for the next lay. Keeps the previous lead if the picture's Top, by which it divides, is 0.
+// Sets the lead for the next lay, or keeps the previous one if the divisor, the picture's Top, is 0.
 void takelead(gunnery_screen& s)
 {
     if (s.Imgrange.Top != 0) s.leadperstep = static_cast<float>(s.windoffset / (0 - s.Imgrange.Top));

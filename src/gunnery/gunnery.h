@@ -55,7 +55,7 @@ void keylaze(trainer&, gunnery_screen&);
 double aimacross(const gunnery_screen&);
 double aimdown(const gunnery_screen&);
 // Switches the thermal sight to its reversionary mark and moves picture and target up, about half a twip per
-// metre.
+// metre of range.
 void reversionarydrop(gunnery_screen&);
 
 // autolay.cpp

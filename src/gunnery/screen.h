@@ -61,7 +61,7 @@ struct since_load : since_reset {
     int layspeed = 3;           // twips per coarse step of the autolay, from the slider; visual
     bool lazed = false;         // set by a lase or an autolay; needed to correct the next HESH round
     int chargecount = 0;        // Timchrg ticks; visual
-    int autolaycount = 0;       // timautolay ticks, kept from one press to the next
+    int autolaycount = 0;       // timautolay ticks, kept between presses; visual: selecting FIN or DST sets 2
     bool autolayheld = false;   // AUTO was held for the full time; thermal: or released too early or clicked
     bool autolaydown = false;   // AUTO is held down or was clicked; visual
     std::string rangesuffix;    // letter shown after the range; empty on the visual sight
@@ -112,7 +112,7 @@ struct gunnery_screen : since_load {
     screen_object Imgexp[16];      // holders of its pictures
 
     // Panels.
-    screen_object Frame1;           // "CONTROL PANEL", the parent of all other panels except Frame2
+    screen_object Frame1;           // "CONTROL PANEL", the parent of the other frames except Frame2
     screen_object Frame3;           // the practice's buttons
     screen_object Frmsys;           // information
     screen_object Frmmousecon;      // the gunner's buttons
@@ -147,7 +147,7 @@ struct gunnery_screen : since_load {
     // Variables that nothing resets.
     int targetindex = 0;   // candidate position, 1 to 19, drawn again on each tick of Timer1
     int ordercount = 0;    // orders so far in practices of the type Mixed
-    int16 nature;          // nature_of_target of the target
+    int16 nature;          // a nature_of_target: that of the last order
     int resets = 0;        // number of resets, loads and unloads; tells a handler that its practice has ended
 };
 

@@ -45,7 +45,7 @@ struct loaded_picture {
 };
 
 struct print_outcome {
-    std::string reason = {};   // why it could not be printed; empty if it was printed or cancelled
+    std::string reason = {};   // why the printing failed; empty if it succeeded or was cancelled
     std::string file = {};     // the file that the user chose if there is no printer
     bool cancelled = false;
 };

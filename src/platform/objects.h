@@ -19,7 +19,7 @@ inline constexpr double form_height = 11520;
 enum class colour {
     ground,      // background of forms; as BackColor: no background of its own
     text,        // ordinary text and button text
-    highlight,   // the word under the mouse cursor, the hint bar, a missing joystick
+    highlight,   // the word of the title screen under the mouse cursor, the hint bar, a missing joystick
     dim,         // secondary text
     live,        // what is current: readouts, the crew line, the round on view
     red,
@@ -45,7 +45,7 @@ enum class dock {
     sight,      // the sight itself
     panel,      // a frame whose child frames are placed as with `beside`
     beside,     // left of the sight or below it
-    above,      // above the sight, in one row or two; if alone, as with `beside`
+    above,      // above the sight, in one row or two; if it is the only one there, as with `beside`
     below,      // in a row below the sight
     backdrop,   // a picture that covers the whole window of a screen without a sight
 };

@@ -146,7 +146,7 @@ void make_method(trainer& t)
     t.startsim.Optcon3.Click = [select] { select(false, true); };
 }
 
-// A click inverts the setting, even if the box shows another value.
+// A click inverts the setting, even if the check box shows another value.
 void make_checkboxes(trainer& t)
 {
     static constexpr struct {

@@ -27,8 +27,7 @@ constexpr const char* thirty2 = " UP FOR 30 SECS ";   // practices 1 and 2 have 
 constexpr const char* no_coax = "THERE WILL BE NO COAX TARGETS";
 constexpr const char* two_bursts = "2 KILL BURSTS FOR COAX TARGETS";
 
-// Shown for practices 1 to 11, although they have nine targets.
-constexpr const char* six = "SIX TARGETS";
+constexpr const char* six = "SIX TARGETS";   // shown for practices 1 to 11, although they have nine targets
 constexpr const char* automatic = "ALL TARGETS APPEAR AUTOMATICALLY";
 
 // The options that a practice selects, and its summary. All practices also select Automatic, two bursts and

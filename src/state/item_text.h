@@ -1,5 +1,5 @@
-// The text format of practice, range and results files: one item per line, each line ended by CR LF; booleans
-// #TRUE# and #FALSE#, decimal numbers, texts between double quotes without escapes.
+// The text format of practice, range and results files: one item per line, each line ended by CR LF; flags
+// #TRUE# and #FALSE#, whole numbers in decimal, texts between double quotes without escapes.
 #pragma once
 
 #include <cstdint>
@@ -43,7 +43,7 @@ private:
 class item_writer {
 public:
     void put(const std::string& text);
-    void put(const char* text) { put(std::string(text)); }   // a pointer would be taken for a bool
+    void put(const char* text) { put(std::string(text)); }   // otherwise a pointer would be taken for a bool
     template <std::size_t N>
     void put(const padded<N>& text)
     {

@@ -17,7 +17,7 @@ struct logged {
     std::string text;
 };
 
-// How the scripted user answers a box, and after how many seconds. The clock runs meanwhile.
+// How the scripted user answers a message box, and after how many seconds. The clock runs meanwhile.
 struct box_answer {
     bool yes = true;
     double after = 0;
@@ -85,11 +85,11 @@ public:
     void close_window(form& f) { act(close_by_frame, f); }
 
     // Runs until this many seconds after the planned end of the last advance or wait. If a handler ran past
-    // that end, the time past it is part of these seconds.
+    // that end, the excess is part of these seconds.
     void advance(double seconds);
     // Runs for this many seconds from now.
     void wait(double seconds);
-    // Schedules an action. It also runs while a box is open or a handler calls do_events.
+    // Schedules an action. It also runs while a message box is open or a handler calls do_events.
     void later(double seconds, std::function<void()> action);
     // Runs at each step of a counted move.
     std::function<void()> at_pace;
