@@ -50,7 +50,7 @@ void setuppanels(trainer& t, gunnery_screen& s)
     hidepanels(p, s);
 }
 
-// Lines are broken only between keys.
+// A line can be broken after this text, but not inside it.
 std::string key_line(const std::string& key, const std::string& button)
 {
     const std::string fixed = "\u00a0";

@@ -39,8 +39,8 @@ std::string write_range(const machine&, const std::string& file, practice_state&
 std::string range_file_bytes(const practice_state&);
 
 // The path of the icon that a range file names. The stored path is taken as relative to rootpath, with or
-// without a leading '/' or '\'. If there is no such file, but the stored path itself names a file, that file is
-// used.
+// without a leading '/' or '\'. If there is no such file, but the stored path itself names a file, that
+// file is used.
 std::string icon_path(const machine&, const std::string& rootpath, const std::string& stored);
 // The path relative to a folder, without a leading separator; nothing if the file isn't in the folder.
 std::optional<std::string> below_folder(const machine&, const std::string& folder, const std::string& path);

@@ -126,7 +126,7 @@ void putpicture(rauthor_screen& s, picture p)
 void proposerange(rauthor_screen& s)
 {
     constexpr int steps = 40;         // in the band
-    constexpr double beyond = 50;     // steps from the band's top to the row where the formula gives `nearest`
+    constexpr double beyond = 50;     // steps from the top of the band to the row that would give `nearest`
     constexpr double nearest = 500;   // metres
     if (s.pointy <= s.bandtop || s.pointy >= s.bandbottom) return;
     const double step = Int(s.bandheight / steps);
