@@ -86,8 +86,8 @@ void scaleoverview(rauthor_screen& s)
     s.Image1.Picture = s.Imagerange.Picture;
 }
 
-// The band is computed from the height of the overview, not of the picture. As long as the coordinates match
-// the picture, the marked point then can't reach the band on the placeholder, and no range is proposed.
+// The band is computed from the height of the overview, not of the picture. So the marked point can't reach
+// the band on the placeholder while the coordinates match the picture, and no range is proposed.
 void placeholderband(rauthor_screen& s)
 {
     const float height = static_cast<float>(s.Imagerange.Height);
