@@ -88,7 +88,7 @@ struct area {
 // The visible properties of an object. The machine compares these fields with those it last drew.
 struct object_fields : area {
     object_kind kind = object_kind::label;
-    area Within;   // an object outside this area is shown at its edge; size 0: no such area
+    area Within;   // an object outside this area is shown at the area's edge; size 0: no such area
     bool Visible = true;
     bool Enabled = true;
     std::string Caption;     // in a button '&' marks the access key
