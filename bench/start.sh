@@ -6,8 +6,8 @@
 # Needs xdotool and an X display, for example Xvfb. Starts PROGRAM (default build/release/vorn) TIMES times (default 9),
 # polls the X server until the window exists, and ends the program. If PROGRAM is in a build folder, also installs it
 # read-only and measures TIMES first starts of an ordinary user, which copy the data. If root runs this script, that
-# user is nobody. The figures include some milliseconds of polling, but no disk access: program and data are in the
-# disk cache.
+# user is the account `nobody`. The figures include some milliseconds of polling, but no disk access: program and data
+# are in the disk cache.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 

@@ -3,7 +3,7 @@
 #
 # Runs the core's tests. Installs the trainer silently into a fresh Wine prefix, and operates it by mouse and keys until
 # a target is destroyed and files are saved. Installs it again and over another version, uninstalls it, and checks what
-# is left. Installs and uninstalls it for one user too. Then operates the unpacked program, in a path with blanks,
+# is left. Installs and uninstalls it for one user too. Then operates the unpacked program, in a path with spaces,
 # umlauts and Cyrillic letters. Compares its start time with that of the trainer for this system. With `core` runs only
 # the core's tests, with `program` everything else.
 #
@@ -48,7 +48,7 @@ run_core_tests() {
         /usr/x86_64-w64-mingw32/lib/libwinpthread-1.dll "$work/core"
     say "running the core's tests"
     timeout 1800 wine "$work/core/vorn_tests.exe" --gtest_brief=1
-    say "running the tests that open and save files again, with the files on a network path"
+    say "repeating the tests that open and save files, with the files on a network path"
     mkdir -p "$WINEPREFIX/dosdevices/unc/server/share"   # Wine's folder for \\server\share
     (cd "$work/core" && timeout 600 wine cmd /c \
         'set TMP=\\server\share&& vorn_tests.exe --gtest_brief=1 --gtest_filter=program.*:debrief.*:author.*')
@@ -69,7 +69,7 @@ fresh_windows() {
 }
 
 # Installs a font named Arial, since Windows has Arial and no Liberation Sans. Its letters are those of Liberation Sans,
-# which have the same widths. The fonts of this system are hidden from Wine: it must not find Liberation Sans.
+# which are as wide as those of Arial. The fonts of this system are hidden from Wine: it must not find Liberation Sans.
 add_arial() {
     /usr/bin/python3 - "$WINEPREFIX/drive_c/windows/Fonts" /usr/share/fonts/truetype/liberation*/LiberationSans-*.ttf <<'PYTHON'
 import os, sys
@@ -211,7 +211,7 @@ fire_and_save() {   # FOLDER of the data, then the command
     await_end
 }
 
-# Another version: the program, the icons, one file that this version has too, and one that it doesn't have.
+# Another version: the program, the icons and the manual of this version, and a file that this version doesn't have.
 make_other_version() {
     mkdir -p "$other/V.O.R.N/ranges"
     cp -r "$stage"/{vorn.exe,icons} "$other/V.O.R.N"
@@ -288,7 +288,7 @@ check_for_one_user() {
 check_unpacked() {
     local folder="$WINEPREFIX/drive_c/Übung für Schützen/пушка"
     pictures=$work/pictures/unpacked
-    say "unpacking into a path with blanks, umlauts and Cyrillic letters"
+    say "unpacking into a path with spaces, umlauts and Cyrillic letters"
     mkdir -p "$folder"
     (cd "$folder" && cmake -E tar xf "$zip")
     magenta_icons "$folder/V.O.R.N/ranges"

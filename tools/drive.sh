@@ -3,7 +3,9 @@
 # openbox. `pictures` is the folder for screenshots. Windows are given by title, places in pixels of a form of
 # 1024 x 768.
 
-open_display() {   # the first free number from FIRST_DISPLAY; adds to `helpers` the processes to kill at the end
+# Starts an X server with the first free display number from FIRST_DISPLAY up. Adds the processes to kill at the end to
+# `helpers`.
+open_display() {
     local number=${FIRST_DISPLAY:-90}
     while [ -e "/tmp/.X11-unix/X$number" ]; do number=$((number + 1)); done
     export DISPLAY=:$number

@@ -3,7 +3,7 @@
 
 say() { printf 'vorn: %s\n' "$*" >&2; }
 
-# Debian's package names. Those of Qt and SDL depend on the libraries that the program needs at run time. The
+# Debian packages. Those of Qt and SDL depend on the libraries that the program needs at run time. The
 # screens are laid out for the fonts of fonts-liberation2.
 build_packages=(g++ cmake make qt6-base-dev qt6-svg-dev libsdl2-dev)
 run_packages=(fonts-liberation2)
