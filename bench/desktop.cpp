@@ -1,6 +1,6 @@
 // Measures the times of a repaint of the sight, of a comparison of all fields when none has changed (sync),
-// and of the creation of the first window. The argument is a range picture; the default is the shipped visual
-// range.
+// and from the creation of a machine to its first window. The argument is a range picture; the default is
+// that of the shipped visual range.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>

@@ -35,7 +35,7 @@ void each_cell(auto& cells, point low, point high, const auto& visit)
     for (int y = top; y <= bottom; ++y)
         for (int x = left; x <= right; ++x) visit(x, y, cells.at(x, y));
 }
-// For all cells.
+// Calls visit(x, y, cell) for all cells.
 void each_cell(auto& cells, const auto& visit)
 {
     each_cell(cells, {}, {real(cells.width), real(cells.height)}, visit);

@@ -3,11 +3,10 @@
 //
 // Puffs of smoke are thrown upwards from a spot on the ground. The air slows them and heat lifts them. A wind
 // from the left carries those of the explosion and the fire. Rings of dust spread along the ground. For each
-// frame the puffs fill cells of a block (voxels). Billow noise that grows and rises with the cloud makes
-// lumps and creases on its surface: creases show the hot inside, lumps have cooled to soot. For the visual
-// sight the cells are lit by the sun and the sky, and each shades the cells below it. The block is viewed
-// from the front and a little from above. Flash, flying debris and the glow of the air are added to the
-// picture.
+// frame the puffs fill cells of a block (voxels). Billow noise that moves with the cloud makes lumps and
+// creases on its surface: creases show the hot inside, lumps have cooled to soot. For the visual sight the
+// cells are lit by the sun and the sky, and each shades the cells below it. The block is viewed from the
+// front and a little from above. Flash, flying debris and the glow of the air are added to the picture.
 //
 // The sight shows a frame of the explosion for about 16 ms, one of the fire or a burst for about a tenth of a
 // second. A frame is from six to some 300 pixels wide. To be recognisable even at six pixels, a flash is
@@ -123,7 +122,7 @@ float billows(vec3 p)
 }
 
 // The noise at a place. It moves with the cloud, and unless the sheet loops it also grows with the cloud, so
-// that a lump keeps its shape from frame to frame.
+// that a lump changes little from frame to frame.
 float lumps(const scene& s, vec3 at, float time)
 {
     constexpr vec3 somewhere{41.7f, 12.2f, 8.6f};
@@ -143,8 +142,8 @@ struct cell {
     float density = 0;   // 0 to 1
     float heat = 0, dust = 0;
     float before_sun = 0, before_sky = 0;   // the density that sunlight and skylight have passed through
-    // While the cell is filled: the greatest closeness to a puff (1 in its middle, 0 at its rim), and sums
-    // over the puffs.
+    // While the cell is filled: the greatest closeness to a puff (1 in its middle, 0 at its rim, less for
+    // a thin puff), and sums over the puffs.
     float closest = -1, weight = 0, merged = 0, solid = 0, age = 0;
 };
 
@@ -199,8 +198,8 @@ void add_puff(const scene& s, block& b, const placed_puff& p)
     }
 }
 
-// Applies the noise to a cell and computes its means. With age, the amplitude of the noise grows, puffs
-// shrink and, for the visual sight, their edges become softer.
+// Applies the noise to a cell and computes its means. With age, the amplitude of the noise grows, the
+// rims of the puffs move inwards and, for the visual sight, become softer.
 void give_lumps(const scene& s, cell& c, vec3 at, float time)
 {
     if (c.weight <= 0) return;
@@ -285,7 +284,6 @@ constexpr sample covering(vec3 colour, float alpha)
 
 sample looked_through(const scene& s, block& b, int x, int y, float time)
 {
-    // The smoke thins out with time.
     const float thick = s.thick * (1 - (1 - s.left) * smoothstep(s.thins.low, s.thins.high, time));
     sample seen;
     for (int z = b.depth - 1; z >= 0 && seen.alpha < .995f; --z)
@@ -295,8 +293,7 @@ sample looked_through(const scene& s, block& b, int x, int y, float time)
     return seen;
 }
 
-// Distance from a light. Light reaches less far downwards in the picture, over the ground in front of the
-// burst.
+// Distance from a light. The light reaches less far downwards in the picture, over the ground in front of it.
 float light_distance(point at)
 {
     return std::hypot(at.x, at.y < 0 ? 3.5f * at.y : at.y);

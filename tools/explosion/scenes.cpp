@@ -4,7 +4,7 @@ namespace tools {
 
 static constexpr bool up = false, along = true;   // thrown up, or along the ground
 
-// The sight draws the frame a little larger than the target, with the lower left corners at the same place.
+// The sight draws the frame 100 twips larger than the target, with the lower left corners at the same place.
 // So the foot is left of the middle of the frame.
 static const scene explosion{
     .name = "explosion",
@@ -90,7 +90,8 @@ static const scene burst_coax{
     .left = .22f,
     .flash = .25f};
 
-// The scene as a thermal sight shows it: smoke that no longer glows is still warm, and dust hides less.
+// The scene as a thermal sight shows it: smoke that no longer glows is still warm, and smoke and dust
+// hide less.
 // `spot`: size of the ground that stays hot where a round struck, in hundredths; 0 if none does.
 static scene hot(const char* name, scene s, float cooling, float warmer, float spot = 0)
 {

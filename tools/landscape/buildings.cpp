@@ -16,12 +16,12 @@ struct house {
     openings has = openings::none;
 };
 
-constexpr float footing = .5f;     // the walls go this far into the ground
+constexpr float footing = .5f;     // the walls go at least this far into the ground
 constexpr float overhang = .45f;   // of the roof
 constexpr float wall_warmth = .43f, roof_warmth = .50f, glass_warmth = .36f;
 
-// From the coordinates of a house to those of the landscape: u along the house, v across it, both from its
-// middle; z upwards from the lower edge of its walls.
+// From the coordinates of a building (u along it, v across it, z upwards) to those of the landscape. The
+// origin of a house is its middle, at the lower edge of its walls.
 struct frame {
     vec3 origin;
     float angle;

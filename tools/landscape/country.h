@@ -88,9 +88,9 @@ struct country {
     float conifers;            // share of the woods that are mostly of conifers
     vec3 needles;              // reflectance of conifers
     std::vector<rgb> leaves;   // reflectances of foliage; each broadleaf or bush has one of them, varied
-    float bare_trees = 0;      // share of broadleaf trees that have lost their leaves
+    float bare_trees = 0;      // share of broadleaf trees, except near houses, that have lost their leaves
     vec3 tufts{1, 1, 1};       // colour of tufts of grass, relative to the ground
-    float snow = 0;            // depth of the snow cover, 0 to 1; its colours are in `ground`
+    float snow = 0;            // amount of snow, 0 to 1; the colours of snowy ground are in `ground`
 
     std::vector<path> tracks{}, roads{}, rivers{};
     std::vector<belt_plan> belts{};

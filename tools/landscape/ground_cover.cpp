@@ -25,8 +25,8 @@ texture texture_at(const country& land, const ground_spot& s)
 {
     texture t{};
     // The texture of upright plants isn't foreshortened, however flat the line of sight. `angle`: wavelength
-    // as the gunner sees it, radians; `weight`: share in the relief; `turn`: skew of the lattice of the
-    // noise, so that it doesn't follow the horizon.
+    // as the gunner sees it, radians; `weight`: share in the relief; `turn`: rotation of the lattice of
+    // the noise (tangent of the angle), so that the lattice doesn't follow the horizon.
     const auto upright = [&](float angle, float weight, float turn, std::uint32_t seed) {
         const float metres = angle * s.range;
         const float share = (1 - smoothstep(.3f, .9f, s.across / metres)) / (1 + metres * metres * .4f) *

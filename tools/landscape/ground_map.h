@@ -1,5 +1,5 @@
-// Maps of the ground: the distances to tracks, trails, roads and the river, and shadows. They are filled
-// once. After that any number of threads may read them.
+// Maps of the ground: the distances to tracks, trails (faint tracks at random places), roads and the river,
+// and shadows. They are filled once. After that any number of threads may read them.
 #pragma once
 
 #include <cstdint>

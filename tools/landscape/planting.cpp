@@ -44,7 +44,7 @@ growth tree_of(world& w, float conifers)
     return w.random.chance(conifers) ? growth::conifer : broadleaf_or_bare(w);
 }
 
-// A plant with a random height and width within limits.
+// Adds a plant with a random height and width within limits.
 void add_one(world& w, point p, growth kind, limits height, limits widen = {1, 1})
 {
     const float tall = w.random.between(height);
@@ -142,7 +142,7 @@ void plant_farmland(world& w, float from, float to, float cell)
         }
 }
 
-// A random place in the view, between two distances.
+// A random place in the planted sector, between two distances.
 point any_place(world& w, limits range)
 {
     const float bearing = w.random.between(-view_edge, view_edge);

@@ -38,16 +38,16 @@ box in_reach(const country& land)
     const float width = real(land.width) * twip, height = real(land.height) * twip;
     const float across = real(std::max(keys.across, sight.window.Width));
     const float down = real(std::max(keys.down, sight.window.Height));
-    // On the visual sight the autolay moves the picture down by the drop of HESH. On the thermal sight the
-    // switch to the reversionary mark moves it up. Each move is 0 on the other sight.
+    // On the visual sight the autolay moves the picture down, at most by the drop of HESH. On the thermal
+    // sight the switch to the reversionary mark moves it up. Each move is 0 on the other sight.
     const float above = real(sight.hesh.to.at(farthest)), below = real(sight.reversionary.at(farthest));
     const float x = real(aim.Left), y = real(aim.Top), near = real(keys.near);
     return {(x - near + spare) / twip, (x + width - across - spare) / twip, (y - near + above + spare) / twip,
             (y + height - down - below) / twip};
 }
 
-// Whether a target's lower edge can be here. The commander's lay shifts the target by a step on the picture,
-// in either direction of each axis, so the ground must be open that far around it as well.
+// Whether a target's lower edge can be here. The commander's lay shifts the target on the picture by one step
+// along each axis, in either direction, so the ground must be open that far around it as well.
 bool is_open(const country& land, const rendered& r, int x, int y, float range)
 {
     const vorn::sight_numbers& sight = vorn::numbers_of(land.sight);

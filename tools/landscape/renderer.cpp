@@ -31,7 +31,7 @@ void set_ground(strip& s, int x, int y, const step& a, const step& b, point way)
     const float range = mix(a.range, b.range, t);
     const float across = range * s.v.pixel;
     const vec3 normal = mix(a.normal, b.normal, t);
-    // The cosine between the line of sight and the normal.
+    // The cosine of the angle between the line of sight and the normal.
     const float meets = std::max(.02f, -normal.x * way.x - normal.y * way.y - normal.z * e);
     pixel seen = cover(s.w.land, s.w.map,
                        {way * range, range, s.v.bearing(real(x) + .5f), e, normal, across,

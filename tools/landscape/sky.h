@@ -9,7 +9,7 @@ namespace tools {
 
 // The sky of a picture, on a grid that is coarser than the picture.
 grid<vec3> sky_of(const country&, const view&);
-// The light at a place of the picture, in pixels.
+// The light of the sky at a place in the picture, given in pixels.
 vec3 sky_at(const grid<vec3>& sky, point);
 // The light of the sky without clouds at an elevation in radians.
 vec3 plain_sky(const country&, float elevation);

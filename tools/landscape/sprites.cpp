@@ -114,7 +114,7 @@ leaf leaf_on(const country& land, growth kind, const std::vector<ball>& balls, c
     const float bright = random.between(.55f, 1.45f);
     if (!random.chance(land.snow * .8f * smoothstep(0, .8f, d.z)))
         return {place, size, {light * bright, 1, warmth}};
-    // The light of snow is divided by a colour of leaves, since the renderer multiplies by one.
+    // The light of snow is divided by a colour of leaves, since the renderer multiplies it by such a colour.
     const vec3 leaf = kind == growth::conifer ? land.needles : land.leaves[0];
     const vec3 snow = light * (.8f + .15f * bright) * vec3{.6f / leaf.x, .6f / leaf.y, .6f / leaf.z};
     return {place, size, {snow, 1, warmth}};

@@ -6,8 +6,8 @@
 namespace tools {
 namespace {
 
-// Radians. Vehicles are to scale with the targets of the sights: a vehicle 9.6 m long, at 840 m, is about 31
-// pixels wide on a visual picture and 23 on a thermal one.
+// Radians. The landscape has the scale of the targets: at 840 m a target's square is 30 pixels wide on a
+// visual picture and 23 on a thermal one, some 9.5 m.
 constexpr float visual_pixel = .000366f, thermal_pixel = visual_pixel * 4 / 3;
 // Angle between the horizon and the upper edge of the range author's ground band, radians.
 constexpr float far_strip = .020f;

@@ -106,7 +106,7 @@ public:
         const QWidget& w = *window(*o.owner).widget(o);
         return {w.mapTo(w.window(), QPointF(0, 0)) / resolution, QSizeF(w.size()) / resolution};
     }
-    // Where a part of an object is shown, given in twips from the object's upper left corner.
+    // Where a part of an object is shown. `part`: in twips from the object's upper left corner.
     place place_in(const screen_object& o, const area& part) const
     {
         const place whole = place_of(o);
@@ -137,7 +137,7 @@ public:
     }
 
     // The next three functions save a picture: of a whole screen, of a part of a screen scaled to a width, of
-    // the middle of the sight.
+    // the surroundings of the aim point in the sight.
     void take(const QString& name, form& f, const std::vector<callout>& callouts = {}) const
     {
         save(name, look(f, callouts, 42).scaledToWidth(800, Qt::SmoothTransformation));
@@ -176,8 +176,8 @@ public:
         tools::save(folder.filePath(name + ".jpg"), tools::encoded(picture, "jpeg", 88));
     }
 
-    // Seconds. The clock advances by one frame whenever a window is repainted, as in a counted move, so that
-    // the pictures don't depend on the speed of the computer.
+    // Seconds. The clock advances by one frame whenever a window is repainted, also during a counted move, so
+    // that the pictures don't depend on the speed of the computer.
     double time = 0;
     const QObject* filmed = nullptr;   // the window whose frames are counted; null: all
     static constexpr double frame = 1.0 / 60;

@@ -96,7 +96,7 @@ struct sound {
     void add(const auto&... parts) { (add(parts), ...); }
 };
 
-// The main gun as the crew hears it: the shot through the armour, the ringing turret, recoil and run-out, and
+// The main gun as the crew hears it: the shot outside the armour, the ringing turret, recoil and run-out, and
 // the stub of the case falling into its bin.
 sound fire()
 {
@@ -159,7 +159,8 @@ int main(int count, char** arguments)
                                          : sound(0, 0);
     if (s.samples.empty()) fail("usage: effects fire|coax|explode1");
     std::printf("; Sample Rate %d\n; Channels 1\n", rate);
-    for (std::size_t i = 0; i < s.samples.size(); ++i)   // soft clipping
+    // The hyperbolic tangent clips softly.
+    for (std::size_t i = 0; i < s.samples.size(); ++i)
         std::printf("%.6f %.6f\n", static_cast<double>(i) / rate, std::tanh(s.samples[i]));
     return std::ferror(stdout) != 0;
 }

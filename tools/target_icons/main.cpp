@@ -1,7 +1,7 @@
 // Draws the target icons of the shipped ranges, and more icons for makers of ranges. The vehicles are
 // modelled to scale in vehicles.cpp and drawn by render.cpp. The icons of the shipped ranges show a
-// vehicle from the front and above, so that it fills at least three quarters of its square: the sights treat
-// the middle of the square as the middle of the vehicle.
+// vehicle from the front and above, so that its width and height are at least three quarters of those of its
+// square: the sights treat the middle of the square as the middle of the vehicle.
 //
 // Usage: target_icons FOLDER
 

@@ -1,4 +1,4 @@
-// Draws a vehicle as the sight sees it from far away, in parallel projection. It is lit by a sun to the upper
+// Draws a vehicle as it looks from far away, in parallel projection. It is lit by a sun to the upper
 // left of the viewer and by the whole sky, and casts a shadow on the ground; or it is shown by its heat.
 #pragma once
 

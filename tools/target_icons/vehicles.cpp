@@ -11,7 +11,7 @@ constexpr material deck{{.075f, .08f, .045f}, .8f};   // over an engine
 constexpr material louvre{{.03f, .032f, .022f}, 1};
 constexpr material exhaust{{.045f, .035f, .03f}, 1};
 constexpr material rubber{{.022f, .022f, .021f}, .76f};
-constexpr material steel{{.075f, .075f, .06f}, .9f};   // of road wheels and tracks: warm from friction
+constexpr material steel{{.075f, .075f, .06f}, .9f};   // road wheels and tracks are warm from friction
 constexpr material hub{{.10f, .105f, .055f}, .55f};
 constexpr material barrel{{.040f, .044f, .028f}, .2f};
 constexpr material skirt{{.105f, .11f, .055f}, .42f, true};
@@ -104,12 +104,13 @@ solid tank_hull()
     add(s, rod({-3.35f, -1, 1.5f}, {-3.35f, 1, 1.5f}, .16f, .16f, bare_wood));   // unditching beam
     add(s, across({{2.4f, 1.22f}, {2.4f, 1.42f}, {2.46f, 1.42f}, {2.5f, 1.2f}}, {-1.1f, 1.1f},
                   fitting));                      // splash board
-    for (float y = -1.65f; y < 1.5f; y += .42f)   // blocks of added armour; below them spare links
+    for (float y = -1.65f; y < 1.5f; y += .42f)   // blocks of added armour
         for (float x : {2.52f, 2.86f}) {
             const float to = x + .3f, down = (x - 2.5f) * .25f;
             add(s, across({{x, 1.17f - down}, {x, 1.27f - down}, {to, 1.19f - down}, {to, 1.09f - down}},
                           {y, y + .37f}, armour));
         }
+    // Spare links.
     for (float y = -1; y < 1; y += .25f) add(s, box({3.2f, 3.34f}, {y, y + .2f}, {.98f, 1.1f}, fitting));
     add_pair(s, box({3.3f, 3.62f}, {.5f, .62f}, {.6f, .78f}, fitting));                  // hooks
     add_pair(s, rod({-1.4f, 1.62f, 1.58f}, {.4f, 1.62f, 1.56f}, .035f, .035f, steel));   // tow cables
@@ -183,9 +184,9 @@ solid carrier_hull()
                   plain_armour));            // trim vane
     for (float y = -.9f; y < 1; y += .44f)   // ribs of the trim vane
         add(s, across({{2.08f, 1.74f}, {2.1f, 1.79f}, {3.2f, 1.30f}, {3.2f, 1.25f}}, {y, y + .05f}, fitting));
-    for (float x = -3; x < .6f; x += .58f)   // plates on the side; above them a rail
+    for (float x = -3; x < .6f; x += .58f)   // plates on the side
         add_pair(s, box({x, x + .52f}, {1.53f, 1.58f}, {1.0f, 1.34f}, dry_armour));
-    add_pair(s, rod({-3.1f, 1.5f, 1.82f}, {.6f, 1.5f, 1.82f}, .03f, .03f, fitting));
+    add_pair(s, rod({-3.1f, 1.5f, 1.82f}, {.6f, 1.5f, 1.82f}, .03f, .03f, fitting));   // rail
     add_pair(s, rod({2.95f, 1.25f, 1.3f}, {3.12f, 1.25f, 1.26f}, .13f, .13f, lamp));
     add(s, rod({.95f, .6f, 1.88f}, {.95f, .6f, 2.0f}, .3f, .28f, fitting));   // the driver's hatch
     for (float x : {-2.6f, -1.75f, -.9f}) {   // firing ports with their periscopes
