@@ -67,7 +67,7 @@ public:
     double box_age() const { return world_clock() - box_opened_; }
     stick& joystick() { return stick_; }
     form_window* window(const form&) const;
-    form_window* window_of(const QObject* handle) const;   // of this QWindow
+    form_window* window_of(const QObject* handle) const;   // the window with this QWindow, or null
     const QIcon& icon() const { return icon_; }
 
     // Where the data is installed; empty if it isn't.

@@ -1,5 +1,5 @@
-// The joystick in use: the first connected one with two axes, or another that was moved later. Its buttons
-// and first two axes go to the screen in front.
+// The joystick in use: the first connected one with at least two axes, or another that was moved later. Its
+// buttons and first two axes go to the screen in front.
 #pragma once
 
 #include <QTimer>

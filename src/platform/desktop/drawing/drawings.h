@@ -1,5 +1,5 @@
-// Pictures that are built into the program: the SVG files of data/pictures, the marks of the sights, the
-// explosion and the default target. Their names begin with a colon.
+// Built-in pictures whose names begin with a colon: the SVG files of data/pictures, the marks of the sights,
+// the explosion and the default target.
 #pragma once
 
 #include <QPainter>

@@ -14,8 +14,8 @@ enum class effect { explosion, fire, fin, hesh, coax };
 // animations for the other sight are dropped.
 void read_effects(bool hot);
 
-// Draws frame 0 to 15 in a rectangle of device pixels; any other number draws nothing. `hot`: as the thermal
-// sight shows it, where hotter things are whiter. Waits for the animations if they haven't been read.
+// Draws frame 0 to 15 in a rectangle of device pixels; any other number draws nothing. `hot`: as on the
+// thermal sight, where hotter things are whiter. Waits for the animations if they haven't been read.
 void draw_effect(QPainter&, effect, bool hot, const QRectF& at, int frame);
 
 }   // namespace vorn

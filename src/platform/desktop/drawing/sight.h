@@ -1,5 +1,4 @@
-// Draws single objects. The objects in a sight have no widgets; the widget of the sight paints all of them.
-// Shapes outside a sight are painted by the same functions.
+// Draws single objects: those in a sight, which have no widgets of their own, and shapes outside a sight.
 #pragma once
 
 #include <QPainter>

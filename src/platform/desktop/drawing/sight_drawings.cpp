@@ -1,4 +1,4 @@
-// Marks of the sights, drawn from paths so that they are sharp at every scale: scales and graticule of the
+// Marks of the sights, drawn from paths so that they are sharp at every size: scales and graticule of the
 // visual sight, stadia and aiming marks of the thermal sight. Also the explosion and the default target,
 // which are pictures.
 #include <QPainterPath>

@@ -16,13 +16,13 @@ struct arrangement {
     double scale = 1;   // pixels for each pixel of the form at 1024 x 768
     QPointF corner;     // upper left corner of the form in the window, pixels
     // Objects with a new place (in the parent, twips) and objects that are enlarged. Of an object in both,
-    // only the text and the child objects are enlarged. All others are shown at their own place.
+    // only the text and the child objects are enlarged. Objects in neither are shown at their own place.
     std::unordered_map<const screen_object*, QRectF> places;
     std::unordered_map<const screen_object*, enlargement> enlarged;
     bool spread = false;   // the places must be computed again when an object moves
 };
 
-// The result depends on the window's size in pixels and on which objects are visible.
+// The result depends on the window's size in pixels, on the objects' places and on which are visible.
 arrangement arrange(const form&, const QSize& window);
 
 // Whether the arrangement can change with the visibility of the object.

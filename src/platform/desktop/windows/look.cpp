@@ -281,14 +281,14 @@ int form_style::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
 }
 
-// The whole rectangle of an option or check box can be clicked, not only its text.
+// The whole rectangle of an option or check box can be clicked, not only its mark and text.
 QRect form_style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const
 {
     if (element == SE_RadioButtonClickRect || element == SE_CheckBoxClickRect) return option->rect;
     return QProxyStyle::subElementRect(element, option, widget);
 }
 
-// Qt calls it for labels and for the captions of options and check boxes.
+// Qt calls this function for labels and for the captions of options and check boxes.
 void form_style::drawItemText(QPainter* p, const QRect& at, int flags, const QPalette& palette, bool enabled,
                               const QString& text, QPalette::ColorRole role) const
 {

@@ -1,6 +1,5 @@
-// The look of the screens: the colours for each role, the text sizes, and the style that draws buttons,
-// options, sliders, text boxes and frames at the scale of their window. Message boxes and dialogs have the
-// look of the platform.
+// The look of the screens: the colours for each role, the text sizes, and the style that draws controls
+// and frames at any scale. Message boxes and dialogs have the look of the platform.
 #pragma once
 
 #include <QColor>
@@ -17,7 +16,7 @@ namespace vorn {
 namespace control_colour {
 inline constexpr QRgb panel = 0xff33372b;    // a frame
 inline constexpr QRgb edge = 0xff4d5242;     // borders of frames and controls
-inline constexpr QRgb field = 0xff1b1d16;    // a text box, an option, a check box, the groove of a slider
+inline constexpr QRgb field = 0xff1b1d16;    // text box, option, check box, slider groove, pressed button
 inline constexpr QRgb face = 0xff484d3d;     // a button
 inline constexpr QRgb shadow = 0xff14150f;   // the border around a sight
 }   // namespace control_colour

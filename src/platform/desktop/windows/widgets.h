@@ -19,7 +19,7 @@ struct shown_object {
     object_fields drawn;
     area before;                 // its place at the update before the last, if it was visible then
     QWidget* widget = nullptr;   // for an object in a sight: the widget of the sight
-    std::vector<const shown_object*> inside;   // the objects in a sight, in drawing order
+    std::vector<const shown_object*> inside;   // for a sight: its objects, in drawing order
 };
 
 bool in_sight(const screen_object&);
