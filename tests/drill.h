@@ -126,7 +126,7 @@ struct drill {
     {
         t.random.source = [number] { return number; };
     }
-    // Waits until the practice has ended. Returns the seconds it took.
+    // Waits until the practice has ended. Returns the seconds waited.
     double to_the_end();
     // The times at which the crew line changed to this text.
     std::vector<double> times_of(const std::string& line);

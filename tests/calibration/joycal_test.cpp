@@ -66,7 +66,7 @@ TEST_F(calibration, the_lamps_follow_the_first_four_buttons)
 
 TEST_F(calibration, the_dot_rests_in_the_dead_band_and_moves_a_twip_per_full_hundred_beyond)
 {
-    pc.joystick[7] = 60000;   // maximum of Y, unlike that of X: the axes are independent
+    pc.joystick[7] = 60000;   // the maximum of Y differs from that of X: the axes are independent
     pc.joystick[14] = 24000;
     to_step(2);
     EXPECT_EQ(s.Lblymin.Caption, "24000");

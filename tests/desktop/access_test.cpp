@@ -1,4 +1,4 @@
-// Accessibility of the screens: a contrast of 4.5 to 1 for texts, Tab order, and names for screen readers.
+// Accessibility of the screens: contrast of texts, Tab order, and names for screen readers.
 #include <algorithm>
 #include <cmath>
 

@@ -1,4 +1,4 @@
-// Message boxes, file dialogs, the manual and the printer.
+// Boxes, file dialogs, the manual and the printer.
 #include "fixture.h"
 #include "platform/desktop/devices/printing.h"
 

@@ -258,7 +258,7 @@ TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
         d.pc.advance(10);
         d.data.remove(fault.file);
         if (!fault.bytes.empty()) d.data.put(fault.file, fault.bytes);
-        // To "DEBRIEF FIRER ?": yes with the first fault, no with the others. Even after a yes the
+        // "DEBRIEF FIRER ?" is answered yes with the first fault, no with the others. Even after a yes the
         // set-up is shown, not the debrief.
         d.pc.answers = {{&fault == faults}};
         d.pc.click(d.screen().Cmdstopsim);

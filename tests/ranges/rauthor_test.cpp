@@ -254,7 +254,7 @@ TEST_F(author, refuses_pictures_that_are_too_small)
     pc.answers = {{false}, {true}, {false}, {true}, {false}, {false}, {false}};
     pc.files = {path("tiny.vrp"), path("tiny.vrp"), path("tiny.vrp")};
     pc.boxes.clear();
-    pc.click(s.cmdnew);   // yes, yes and no to another picture, then no after the standby picture too
+    pc.click(s.cmdnew);   // another picture? yes, yes, no, and no again after the standby picture
     EXPECT_EQ(s.Textname.Text, "C");
     EXPECT_EQ(pc.boxes.size(), 7U);
     EXPECT_FALSE(s.Imagerange.Visible);
