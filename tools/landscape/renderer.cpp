@@ -8,7 +8,7 @@ namespace {
 
 constexpr int fine = 2;                                // samples per pixel, in each direction
 constexpr int strip_width = 128;                       // pixels
-constexpr float first_step = 150, last_step = 26000;   // of the ray over the ground, metres
+constexpr float first_step = 150, last_step = 26000;   // distances along the ray over the ground, metres
 
 // One strip of the picture.
 struct strip {
