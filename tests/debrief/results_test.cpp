@@ -1,4 +1,4 @@
-// The debrief screen after a practice and with records from files.
+// The debrief screen after a practice and with records from files, and the practice report.
 #include "debrief/report.h"
 #include "debrief/resultsfile.h"
 #include "drill.h"

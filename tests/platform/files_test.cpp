@@ -1,4 +1,4 @@
-// Writing files, also on a full disk and without permission.
+// Writing, reading and deleting files, also on a full disk and without permission.
 #include "platform/files.h"
 
 #include <gtest/gtest.h>
