@@ -34,8 +34,8 @@ std::optional<int> range_of(const std::string& text)
     int metres = -1;
     const auto [end, failed] = std::from_chars(digits.data(), digits.data() + digits.size(), metres);
     const bool whole = failed == std::errc() && end == digits.data() + digits.size();
-    constexpr int furthest = std::numeric_limits<std::int16_t>::max();
-    if (!whole || metres < 0 || metres > furthest) return std::nullopt;
+    constexpr int farthest = std::numeric_limits<std::int16_t>::max();
+    if (!whole || metres < 0 || metres > farthest) return std::nullopt;
     return metres;
 }
 

@@ -48,7 +48,11 @@ int main(int argc, char** argv)
     options.process(program);
     const int scale = options.value("scale").toInt();
     if (options.positionalArguments().size() != 1 || scale < 1) options.showHelp(2);
+    bool made = false;
     for (const country& land : countries())
-        if (!options.isSet("only") || options.value("only") == land.picture)
+        if (!options.isSet("only") || options.value("only") == land.picture) {
             make(land, options.positionalArguments().first(), scale);
+            made = true;
+        }
+    if (!made) fail("there is no picture named " + options.value("only"));
 }
