@@ -149,7 +149,7 @@ TEST_F(wide_screens, a_plain_screen_gives_nearly_all_to_the_sight)
     EXPECT_EQ(after, before);
 }
 
-TEST_F(wide_screens, the_row_of_a_hidden_button_is_closed)
+TEST_F(wide_screens, a_hidden_button_closes_its_row_and_a_moved_label_is_shown_at_its_new_place)
 {
     gunnery_screen& s = t.simulator;
     start_practice({&t.startsim.Optcon2});
@@ -163,6 +163,11 @@ TEST_F(wide_screens, the_row_of_a_hidden_button_is_closed)
         const double hidden = rows_between();
         s.Cmdtarget.Visible = true;
         EXPECT_GT(rows_between(), hidden + 0.9);
+        const int before = in_window(s.Lblammotype).x();
+        s.Lblammotype.Left += 780;   // from FIN to COAX on the dial
+        pc.sync();
+        EXPECT_TRUE((shape() > 1 && shape() < 1.7) || in_window(s.Lblammotype).x() > before) << "not flat";
+        s.Lblammotype.Left -= 780;
     });
 }
 

@@ -243,7 +243,6 @@ void arrange_without_sight(arrangement& a, const form& f, const QSizeF& room)
     if (wide && f.spreads) {
         layout.width = std::min(room.width(), widest * form_width);
         spread_across(a, f, layout.width / form_width);
-        a.spread = true;
     }
     a.corner =
         QPointF(room.width() - layout.width, room.height() - form_height) / 2 / twips_per_pixel * a.scale;

@@ -19,7 +19,6 @@ struct arrangement {
     // only the text and the child objects are enlarged. Objects in neither are shown at their own place.
     std::unordered_map<const screen_object*, QRectF> places;
     std::unordered_map<const screen_object*, enlargement> enlarged;
-    bool spread = false;   // the places must be computed again when an object moves
 };
 
 // The result depends on the window's size in pixels, on the objects' places and on which are visible.

@@ -126,11 +126,13 @@ void form_window::sync()
             s->before = s->drawn;
             continue;
         }
-        widgets_moved |= !in_sight(*s->object) && static_cast<const area&>(now) != s->drawn;
+        const bool moved = !in_sight(*s->object) && static_cast<const area&>(now) != s->drawn;
+        widgets_moved |= moved;
+        rearranged |= moved && arrangement_.places.contains(s->object);
         rearranged |= s->object->Visible != s->drawn.Visible && affects_arrangement(*s->object);
         draw_fields(*s, false);
     }
-    if (rearranged || (widgets_moved && arrangement_.spread))
+    if (rearranged)
         arrange_objects();
     else if (widgets_moved)
         place_objects();
