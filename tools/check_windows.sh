@@ -141,7 +141,7 @@ compare_starts() {   # FOLDER with the program
     local took windows=999999 here=999999
     cmake --preset release >/dev/null
     cmake --build --preset release -j "$jobs" --target vorn >/dev/null
-    say "comparing the starts"
+    say "comparing the start times"
     wine notepad >/dev/null 2>&1 &
     await Notepad
     for _ in $(seq 12); do
@@ -166,7 +166,7 @@ keys=('Software\Microsoft\Windows\CurrentVersion\Uninstall\V.O.R.N' 'Software\Cl
 # Prints a value of the registry.
 value() { wine reg query "$@" 2>/dev/null | tr -d '\r' | sed -n 's/.*REG_SZ *//p'; }
 
-look_at_installation() {   # HKLM or HKCU, the folder that was installed, its version
+look_at_installation() {   # HKLM or HKCU, the folder that the installer contains, its version
     local key type icon classes="$1\\Software\\Classes"
     cmp "$2/vorn.exe" "$installed/vorn.exe" || fail "the program isn't installed"
     diff -rq -x uninstall.exe "$2" "$installed" || fail "the installed files differ"
@@ -221,7 +221,7 @@ make_other_version() {
 }
 
 # Installs over an installation. A file that the user has put into the folder stays.
-install_over() {   # INSTALLER, the folder that it installs, its version
+install_over() {   # INSTALLER, the folder that it contains, its version
     touch "$installed/ranges/of_the_user.arf"
     run_setup "$1"
     rm "$installed/ranges/of_the_user.arf" || fail "a file of the user was removed"

@@ -118,7 +118,7 @@ struct gunnery_screen : since_load {
     screen_object Frmmousecon;      // the gunner's buttons
     screen_object Frame5;           // lights; visual
     screen_object Frame4;           // lights; thermal. An empty hidden frame on the visual screen
-    screen_object Frame2;           // display of the visual sight
+    screen_object Frame2;           // readouts: range, ammunition; visual
     screen_object Frmcon, Image1;   // the card of the keys: frame and picture
     screen_object keynote;          // if Frame3 is hidden: the keys of its buttons, until START SIM; visual
 

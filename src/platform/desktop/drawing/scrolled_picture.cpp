@@ -7,7 +7,7 @@ namespace vorn {
 static constexpr int narrow = 200;   // device pixels
 
 // Splits a part of the scaled picture at multiples of the tile's size. Calls `each` with each piece and the
-// place of the tile's corner.
+// place of the tile's upper left corner.
 static void for_each_piece(const QRect& part, const QSize& tile,
                            const std::function<void(const QRect&, const QPoint&)>& each)
 {

@@ -366,9 +366,9 @@ void form_window::mouseMoveEvent(QMouseEvent*)
     if (model.MouseMove && model.state == form_state::shown) pc_.run(model.MouseMove);
 }
 
-// Returns true if the widget must not get the event: when the handler has opened a box, the box gets the
-// release event, and the button would stay down. A disabled object gets MouseMove too: its hint is also
-// shown.
+// Returns true if the widget must not get the event. This is so when MouseDown has opened a box: the box gets
+// the release event, so a button that had got the press would stay down. A disabled object gets MouseMove
+// too: its hint is also shown.
 bool form_window::mouse_event(screen_object& o, const QMouseEvent& e)
 {
     const bool left = e.button() == Qt::LeftButton, release = e.type() == QEvent::MouseButtonRelease;
