@@ -84,9 +84,10 @@ struct engagement_note {
     std::string system;   // the letter in Lblsystem at the last shot
     double ordered = 0, killed = 0;
     bool hit = false;
-    bool corrected = false;    // the HESH correction was used
-    std::vector<spot> aims;    // per round: the target's centre relative to the aim point
-    std::vector<spot> falls;   // per round: from its upper left corner, where seen last, to the target's
+    bool corrected = false;   // the HESH correction was used
+    std::vector<spot> aims;   // per round: the target's centre relative to the aim point
+    // Per round: the target's upper left corner relative to that of the round where it was last seen.
+    std::vector<spot> falls;
 };
 
 // A scripted gunner fires a practice, from START SIM until it has ended, and returns notes to compare with

@@ -53,8 +53,8 @@ constexpr int mark_follows = 2200;
 void layhesh(trainer& t, gunnery_screen& s)
 {
     s.ammoselected = hesh_bmp;
-    if (!s.autolayheld) {
-        s.lazed = false;   // released too early
+    if (!s.autolayheld) {   // released too early
+        s.lazed = false;
         return;
     }
     const int range = s.currentrange;
@@ -95,7 +95,8 @@ void playmark(trainer& t, gunnery_screen& s, nature_of_target nature)
 void thermal_lay(trainer& t, gunnery_screen& s, nature_of_target nature)
 {
     if (s.autolayheld) return playmark(t, s, nature);
-    s.autolayheld = true;   // released too early, or clicked with the mouse
+    // The key was released too early, or AUTO was clicked.
+    s.autolayheld = true;
     s.imgbam.Visible = false;
     reversionarydrop(s);
 }

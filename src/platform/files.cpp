@@ -182,7 +182,7 @@ std::string write_file(const machine& m, const std::string& path, const std::str
     }
     if (fs::is_fifo(file, failed)) return reason;   // opening it would block until there is a reader
     const std::optional<std::string> old = read_file(m, to_utf8(file)).text;
-    if (!old && fs::is_regular_file(file, failed)) return reason;   // an unread file could not be restored
+    if (!old && fs::is_regular_file(file, failed)) return reason;   // its old text could not be written back
     return write_over(file, old.value_or(""), text) ? "" : reason;
 }
 

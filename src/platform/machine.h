@@ -112,7 +112,7 @@ public:
     virtual void play(const std::string& path) = 0;
     virtual void close_sound() = 0;
 
-    // Marks the impact of a round for a second or two, for display only. clear_strikes removes all marks.
+    // Shows a strike for a second or two, for display only. clear_strikes removes all strikes.
     virtual void show_strike(const strike&) = 0;
     virtual void clear_strikes() = 0;
 
