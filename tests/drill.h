@@ -84,7 +84,7 @@ struct engagement_note {
     std::string system;   // the letter in Lblsystem at the last shot
     double ordered = 0, killed = 0;
     bool hit = false;
-    bool corrected = false;   // the HESH correction was used
+    bool corrected = false;    // the HESH correction was used
     std::vector<spot> aims;    // per round: the target's centre relative to the aim point
     std::vector<spot> falls;   // per round: the target's upper left corner relative to the round's, last seen
 };
