@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Checks what the compiler can't: includes point one way, and only the desktop has code for an operating system.
+# Checks what the compiler can't: includes point one way, and only the desktop uses Qt, SDL or code for an
+# operating system.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 failed=0

@@ -96,7 +96,7 @@ await_end() {
     wait "$program" || fail "the program ended with an error"
 }
 
-# Waits some seconds until a window fills the display. Fails if it doesn't.
+# Waits until a window fills the display. Fails if it doesn't within some seconds.
 fills_screen() { for _ in $(seq 100); do covers_screen "$1" && return; sleep 0.1; done; return 1; }
 covers_screen() { [ "$(xdotool getwindowgeometry "$(window "$1")" | tail -1 | tr -d ' ')" = Geometry:1280x1024 ]; }
 

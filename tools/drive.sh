@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by checks that operate the trainer by mouse and keys, as a user does. Needs xdotool, imagemagick, Xvfb and
+# Functions that operate the trainer by mouse and keys, as a user does. Needs xdotool, imagemagick, Xvfb and
 # openbox. `pictures` is the folder for screenshots. Windows are given by title, places in pixels of a form of
 # 1024 x 768.
 

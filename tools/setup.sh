@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# Functions that install what a build needs, and build. Other scripts go to the root of the tree and source this file.
+# Functions that install what a build needs, build, and run the fuzzers. Other scripts go to the root of the tree and
+# source this file.
 
 say() { printf 'vorn: %s\n' "$*" >&2; }
 

@@ -1,5 +1,6 @@
 # Installs the program for Windows, the icons of its file types and its licence; packaging/install.cmake puts the data
-# beside the program. tools/build_windows.sh adds the libraries with their licences, and makes the installer.
+# beside the program. tools/build_windows.sh adds the libraries with their licences, and makes the installer
+# and the ZIP file.
 enable_language(RC)
 configure_file(packaging/windows/vorn.rc.in vorn.rc @ONLY)
 set_source_files_properties(${CMAKE_BINARY_DIR}/vorn.rc PROPERTIES
