@@ -14,8 +14,8 @@ using S = joycal_screen;
 constexpr int escape_key = 27;                    // virtual key code
 constexpr double dot_from = 120, dot_to = 2880;   // bounds of Left and Top of the dot
 
-// One axis of the stick: the readings, the values computed from the readings, the labels for both, and the
-// coordinate of the dot that the axis moves.
+// One axis of the stick: its readings, the values computed from them, its labels, and the coordinate of the
+// dot that the axis moves.
 struct axis_row {
     int end;   // number of the reading of the maximum
     int at;    // number of the reading of the position

@@ -1,6 +1,7 @@
 // The layout of the debrief screen, in twips. Below the buttons is the strip. Below the strip are, from
 // left to right, the list of engagements, the data of student and selected engagement, the target with its
-// marks, and the text about the marks.
+// marks, and the text about the marks with the thermal marks below it. At the bottom are the hint bar and a
+// line that says what was saved, printed or deleted.
 #include <algorithm>
 #include <string>
 #include <utility>

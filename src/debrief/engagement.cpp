@@ -13,7 +13,7 @@ namespace vorn {
 namespace {
 
 constexpr int rows = 15;
-constexpr int farthest_seen = 2200;   // metres; at longer ranges the point of aim isn't shown
+constexpr int farthest_seen = 2200;   // metres; at longer ranges the aim isn't shown
 
 // There is no picture for "DST": the row of the list keeps its previous picture.
 void show_in_list(const practice_state& p, results_screen& s, int e)

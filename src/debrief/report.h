@@ -1,4 +1,4 @@
-// The practice report: a block for each engagement, and a summary of hits, average time and score.
+// The practice report: the student, the engagements, and a summary of hits, average time and score.
 #pragma once
 
 #include <string>

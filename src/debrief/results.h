@@ -25,7 +25,7 @@ struct results_screen {
     // The list of engagements, indexed from 1.
     screen_object Frame4;
     screen_object Lbltgtnumber[16], Imgtgtnumber[16];
-    screen_object Imgfin, Imghesh, Imgcoax, imgblank;   // holders of the pictures for list and target
+    screen_object Imgfin, Imghesh, Imgcoax, imgblank;   // holders for list and target; imgblank: list
 
     screen_object Frame3, Txtstudent, Txtpractype, Txtrngename;
     screen_object Frame2, Lbltargetnum, Lblsystem, Lblammo, lbltargetrange, Lbltarget, Lbltime;

@@ -1,4 +1,4 @@
-// Texts of message boxes and the questions that several screens ask.
+// What several screens share: message boxes, questions, and opening the help.
 #pragma once
 
 #include <initializer_list>

@@ -1,4 +1,5 @@
-// The layout of a gunnery screen, in twips: the control panel on the left, the sight on the right.
+// The layout of a gunnery screen, in twips. The control panel is on the left, the sight on the right with
+// title and crew line above it. The readouts are left of the visual sight and below the thermal sight.
 #include <string>
 #include <utility>
 

@@ -86,8 +86,8 @@ void showestimate(trainer& t, gunnery_screen& s)
 }
 
 // Raises the system status by one with each third of the targets. It is 0 at first; 0 and 1 are the full
-// system. Called every second of an engagement. In the first call the new target isn't counted yet, so the
-// commander's report follows the previous status.
+// system. Called every second of an engagement. In the first call the new target isn't counted yet, so on
+// the visual sight the commander's report follows the previous status.
 void degrade(trainer& t, const gunnery_screen& s)
 {
     const double thirds = static_cast<double>(s.targetnumber) / t.shared.targetblocks;

@@ -13,8 +13,8 @@ namespace vorn {
 
 namespace {
 
-// A quick start always has nine targets, the keyboard, voices, and a score with a rating. The other options
-// are those of the set-up.
+// A quick start always has the visual sight, nine targets, the keyboard, voices, and a score with a rating.
+// The other options are those of the set-up.
 void setupquickstart(trainer& t, gunnery_screen& s)
 {
     t.shared.voiceson = true;

@@ -1,4 +1,5 @@
-// The numbers in which the visual and the thermal sight differ. Distances in twips, ranges in metres.
+// The numbers in which the visual and the thermal sight differ, and the sizes of target and kill box.
+// Distances in twips, ranges in metres.
 #pragma once
 
 #include <algorithm>

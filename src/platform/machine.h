@@ -1,6 +1,6 @@
-// The interface of the machine that the program runs on: screens, time, boxes, dialogs, sound, joystick,
-// pictures and printer. The desktop machine has a window system, the headless machine a virtual clock and no
-// screen.
+// The interface of the machine that the program runs on: screens, time, boxes, dialogs, help, sound, strikes,
+// joystick, pictures and printer. The desktop machine has a window system, the headless machine a virtual
+// clock and no screen.
 #pragma once
 
 #include <filesystem>

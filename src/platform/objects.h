@@ -21,7 +21,7 @@ enum class colour {
     text,        // ordinary text and button text
     highlight,   // the word of the title screen under the mouse cursor, the hint bar, a missing joystick
     dim,         // secondary text
-    live,        // what is current: readouts, the crew line, the round on view
+    live,        // what is current, such as readouts and the round on view
     red,
     darkred,
     white,

@@ -1,5 +1,5 @@
 // The layout of the range author, in twips. From top to bottom: the buttons, the frames (from left to right
-// in the order of work), and the overview of the range.
+// in the order of work), the instructions, the overview of the range, and the hint bar.
 #include <algorithm>
 #include <string>
 #include <utility>

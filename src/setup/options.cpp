@@ -139,7 +139,8 @@ void make_method(trainer& t)
     const auto select = [&t](bool joystick, bool mouse) {
         t.shared.joyselected = joystick;
         t.shared.mouseselected = mouse;
-        if (!mouse) t.shared.keyboardselected = true;   // the choice of the mouse leaves it unchanged
+        // The choice of the mouse leaves keyboardselected unchanged.
+        if (!mouse) t.shared.keyboardselected = true;
     };
     t.startsim.Optcon1.Click = [select] { select(true, false); };
     t.startsim.Optcon2.Click = [select] { select(false, false); };

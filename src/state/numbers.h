@@ -1,4 +1,4 @@
-// Rounding, saturating integers, texts of fixed length, and random numbers.
+// Rounding, saturating integers, arrays indexed by int, texts, and random numbers.
 #pragma once
 
 #include <array>

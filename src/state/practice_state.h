@@ -1,6 +1,6 @@
-// The practice state that all screens share: the options of the practice, the calibration of the joystick,
-// the run flags, the open range and the record, which stores each engagement for the debrief. Screens read
-// and write the fields directly.
+// The practice state that all screens share: paths, the options of the practice, the calibration of the
+// joystick, the run flags, the running engagement, the open range and the record, which stores each
+// engagement for the debrief. Screens read and write the fields directly.
 #pragma once
 
 #include <cstdint>
@@ -44,7 +44,7 @@ struct practice_state {
     int coaxerror = 20;            // vertical error of a burst, twips
     double coaxerrorwide = 30;     // horizontal error of a burst, twips
     bool coaxlight = true;         // the lights panel is shown
-    bool heshcorrectall = false;   // each deselect clears the HESH correction
+    bool heshcorrectall = false;   // true: each deselect clears the HESH correction
     int windbias = 0;              // -3 to 3; negative: to the left; 1 mild, 2 fresh, 3 strong
     bool gunlight = true;          // thermal sight: the lights panel needs both coaxlight and gunlight
     bool infosystem = true;        // the information panel is shown
