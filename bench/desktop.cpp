@@ -1,6 +1,6 @@
-// Measures the times of a repaint of the sight, of a comparison of all fields when none has changed (sync),
-// and from the creation of a machine to its first window. The argument is a range picture; the default is
-// that of the shipped visual range.
+// Measures the duration of a repaint of the sight, of a comparison of all fields when none has changed
+// (sync), and of a start from the creation of a machine to its first window. The argument is a range
+// picture; the default is visualrange.vrp.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 // Measures the visual sight: its opening and repaints, the latency from a key press to the changed frame, the
-// time between frames while the view slews and while a round flies, and CPU time and memory while nothing
-// happens. QT_QPA_PLATFORM=offscreen runs it without a display, QT_SCALE_FACTOR=2 at twice the size. The
-// arguments are the size of the window:
+// time between frames while the gunner traverses and while a round flies, and CPU time and memory while
+// nothing happens. QT_QPA_PLATFORM=offscreen runs it without a display, QT_SCALE_FACTOR=2 at twice the size.
+// The arguments are the size of the window:
 //
 //     vorn_bench_slew [WIDTH HEIGHT]
 #include <sys/resource.h>
@@ -137,7 +137,7 @@ void slew(gunnery_screen& s, desktop_machine& pc, frame_times& frames)
         for (std::size_t i = 1; i < frames.seconds.size(); ++i)
             intervals.push_back((frames.seconds[i] - frames.seconds[i - 1]) * 1000);
     }
-    print("between frames while slewing", intervals);
+    print("between frames while traversing", intervals);
 }
 
 // FIN and HESH rounds at a range of 1500 m.

@@ -19,7 +19,7 @@ data_place find_data(const std::filesystem::path& program, const std::filesystem
                      const std::filesystem::path& own);
 
 // The directory that contains the folder "ranges". Returns `installed` if its ranges are writable and not
-// managed by an installer. Otherwise copies the files that are missing in `own`, and returns `own`. Files
+// managed by an installer. Otherwise brings `own` up to date by fill_directory, and returns `own`. Files
 // that the user has changed are kept. If copying fails (full disk, no home directory), returns `own` if it
 // was complete before: it then contains the user's files. Otherwise returns `installed`, which suffices for
 // a practice.

@@ -149,8 +149,8 @@ void desktop_machine::start_clock()
     clock_.start(static_cast<int>(std::ceil(std::max(0.0, next - now()) / speed_ * 1000)));
 }
 
-// Keys delayed by a counted move are handled before the ticks that became due during the move, as if they
-// had not been delayed.
+// User events delayed by a counted move are handled before the ticks that became due during the move, as if
+// the events had not been delayed.
 void desktop_machine::tick()
 {
     if (std::exchange(events_delayed_, false)) QCoreApplication::processEvents();

@@ -48,7 +48,8 @@ bool is_letter(int code)
     return code >= 'A' && code <= 'Z';
 }
 
-// Identifies the physical key: press and release give the same number even if Shift changes in between.
+// Identifies a key. Its scan code, if known, is the same at press and release even if Shift changes in
+// between.
 quint32 identity(const QKeyEvent& e)
 {
     return e.nativeScanCode() != 0 ? e.nativeScanCode() : static_cast<quint32>(e.key());

@@ -15,7 +15,7 @@ class desktop_machine;
 class form_window;
 
 // The virtual key code: 65 to 90 for letters, 48 to 57 for digits, 13 for Return and so on; 0: none.
-// A key without a Latin letter has the code of the key at the same position on a US keyboard.
+// A key with any other character has the code of the letter or digit at its position on a US keyboard.
 int virtual_key(const QKeyEvent&);
 
 class keyboard final : public QObject {

@@ -15,7 +15,7 @@ public:
     sound_channel(const sound_channel&) = delete;
     sound_channel& operator=(const sound_channel&) = delete;
 
-    // Stops the current sound and starts this file; a missing or broken file is ignored.
+    // Stops the current sound and plays this file if it can be read.
     void play(const std::string& file);
     void stop();
     bool playing() const;

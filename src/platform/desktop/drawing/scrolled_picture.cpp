@@ -23,7 +23,7 @@ void scrolled_picture::keep(const QImage& image, const QSize& scaled, const QRec
     p.setRenderHint(QPainter::SmoothPixmapTransform);
     p.setCompositionMode(QPainter::CompositionMode_Source);
     for_each_piece(part, tile_.size(), [&](const QRect& piece, const QPoint& corner) {
-        // QPainter divides more than 95 rows among threads. For a narrow strip, waiting for the threads takes
+        // QPainter divides more than 95 rows among threads. For a narrow piece, waiting for the threads takes
         // longer than drawing.
         const int rows = piece.width() < narrow ? 64 : piece.height();
         for (int y = piece.top(); y <= piece.bottom(); y += rows) {

@@ -1,6 +1,6 @@
 // Marks of the sights, drawn from paths so that they are sharp at every size: scales and graticule of the
-// visual sight, stadia and aiming marks of the thermal sight. Also the explosion and the default target,
-// which are pictures.
+// visual sight; stadia, aiming and reversionary marks of the thermal sight. Also the explosion and the
+// default target, which are pictures.
 #include <QPainterPath>
 #include <algorithm>
 #include <charconv>
@@ -98,8 +98,8 @@ void ticks(const canvas& s, int)
     stroke(s, path, 1);
 }
 
-// A chevron whose tip is laid on the target. The figure below it is the lead to either side in the first row
-// of the graticule, and the range in hundreds of metres in the others.
+// A chevron whose tip is laid on the target, with a figure below it. In the first row of the graticule the
+// figures count from 0 to either side; in the others they are ranges in hundreds of metres.
 void graticule(const canvas& s, int number)
 {
     static constexpr table<const char*, 15> figures{"8",  "4",  "0",  "4",  "8",  "9",  "9", "13",

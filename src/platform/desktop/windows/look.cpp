@@ -281,7 +281,7 @@ int form_style::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
 }
 
-// The whole rectangle of an option or check box can be clicked, not only its mark and text.
+// The whole rectangle of an option or check box can be clicked, not only its indicator and text.
 QRect form_style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const
 {
     if (element == SE_RadioButtonClickRect || element == SE_CheckBoxClickRect) return option->rect;

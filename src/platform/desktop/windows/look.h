@@ -1,5 +1,5 @@
 // The look of the screens: the colours for each role, the text sizes, and the style that draws controls
-// and frames at any scale. Message boxes and dialogs have the look of the platform.
+// and frames at any scale. Boxes and file dialogs have the look of the platform.
 #pragma once
 
 #include <QColor>

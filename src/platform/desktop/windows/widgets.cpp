@@ -219,7 +219,7 @@ void set_name(QWidget& w, const object_fields& o)
     if (!name.empty() && !o.Caption.empty()) name += ' ' + o.Caption;
     if (name.empty() && o.kind == object_kind::frame) name = o.Caption;
     if (name.empty() && o.Caption.empty() && o.kind != object_kind::label) name = o.ToolTipText;
-    w.setAccessibleName(QString::fromStdString(name).simplified());   // captions have extra blanks
+    w.setAccessibleName(QString::fromStdString(name).simplified());   // some captions have extra blanks
 }
 
 // Qt would pass the focus of a disabled widget to the next widget, which Space might then click. Here the
