@@ -85,8 +85,8 @@ struct engagement_note {
     double ordered = 0, killed = 0;
     bool hit = false;
     bool corrected = false;    // the HESH correction was used
-    std::vector<spot> aims;    // per round: the target's centre relative to the aim point
-    std::vector<spot> falls;   // per round: the target's upper left corner relative to the round's, last seen
+    std::vector<spot> aims;    // per round or burst: the target's centre relative to the aim point
+    std::vector<spot> falls;   // per round or burst: the target's upper left corner relative to the round's
 };
 
 // A scripted gunner fires a practice, from START SIM until it has ended, and returns notes to compare with

@@ -234,8 +234,8 @@ struct gunner {
             work(control::fire, false);
         }
     }
-    // After a round or a series of bursts: notes a kill, or makes a correction. A HESH round that was fired
-    // after an autolay and falls clearly left or right of the target's middle shows the wind.
+    // After a round or some bursts: notes a kill, corrects for wind, or adjusts the next lay. A HESH round
+    // that was fired after an autolay and falls clearly left or right of the target's middle shows the wind.
     void judge()
     {
         engagement_note& n = notes.back();
@@ -283,7 +283,7 @@ struct gunner {
     std::vector<engagement_note> notes = {};
     std::size_t heard_from_ = 0;   // index of the last order in the log, or where to search for the next one
     spot mark_ = {};               // where the mark was seen last
-    spot off_ = {};                // correction of the lay from the rounds observed
+    spot off_ = {};                // adjustment of the lay from the rounds observed
     std::optional<spot> seen_ = {};   // where the round was seen last
     bool correcting_ = false;         // the HESH correction has just been made: no new lase
 };

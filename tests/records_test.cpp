@@ -53,7 +53,7 @@ std::string place_of(const results_screen& s, const screen_object& mark)
     return number_text(mark.Left - s.Shape1.Left) + ' ' + number_text(mark.Top - s.Shape1.Top);
 }
 
-// The facts of each engagement, the places of its marks for each round, and the report.
+// Details of the practice and each engagement, the places of the marks for each round, and the report.
 std::string record_of(drill& d, const std::string& file)
 {
     results_screen& s = d.t.results;

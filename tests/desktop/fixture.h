@@ -170,7 +170,7 @@ struct desktop_test : testing::Test {
     {
         when_box([key](QDialog& box) { QTest::keyClick(box.windowHandle(), key); });
     }
-    // Selects a file in the next file dialog.
+    // Chooses a file in the next file dialog.
     void choose(const QString& file)
     {
         when_box<QFileDialog>([file](QFileDialog& d) {

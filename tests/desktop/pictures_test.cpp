@@ -129,7 +129,7 @@ TEST_F(pictures, icons_are_drawn_from_the_smallest_sufficient_image)
         EXPECT_EQ(size_drawn_at(*p.result, side), QSize(drawn, drawn)) << side;
     EXPECT_TRUE(image_for(*p.result, QSize(16, 16))->hasAlphaChannel());
 
-    write("huge.ico", icon_file({16, 3000}));   // larger than an icon's directory can record
+    write("huge.ico", icon_file({16, 3000}));   // 3000 is larger than an icon's directory can record
     const loaded_picture without = pc.load_picture("huge.ico");
     ASSERT_TRUE(without.result) << without.reason;
     EXPECT_EQ(size_drawn_at(*without.result, 48), QSize(16, 16)) << "the other image is used";

@@ -113,7 +113,7 @@ struct random_user : trainer_test {
             Qt::Key_F1,     Qt::Key_F11,   Qt::Key_Delete, Qt::Key_1,    Qt::Key_T,    Qt::Key_P,
             Qt::Key_G,      Qt::Key_Shift, Qt::Key_Control};
         const Qt::Key key = pick(keys);
-        // QTest presses Alt first, which closes a menu. It would then use the deleted window of the menu.
+        // QTest would press Alt first, which closes an open menu, and then use the menu's deleted window.
         const bool alt = chance(15) && QApplication::activePopupWidget() == nullptr;
         const Qt::KeyboardModifiers with = alt ? Qt::AltModifier : Qt::NoModifier;
         const QPointer<QWindow> window(&handle);

@@ -261,7 +261,7 @@ TEST_F(sight_effects, a_range_is_shown_before_its_twin_has_been_read)
     EXPECT_TRUE(QTest::qWaitFor([&] { return colour_at(seen(), {200, 200}) == QColor(Qt::blue); }));
 }
 
-// A sight of 200 x 200 pixels, 100 from the left and upper edges of the form, in a window of this scale.
+// A sight of 200 x 200 pixels at scale 1, 100 from the left and upper edges of the form, shown at `scale`.
 struct sight : desktop_test {
     static constexpr double scale = 1.3;
     screen_object& view = one.put(placed(object_kind::sight, {1500, 1500, 3000, 3000}));

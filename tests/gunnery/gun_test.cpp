@@ -453,7 +453,7 @@ TEST_F(visual_input, stick_buttons_1_to_4_work_in_a_practice_only)
     d.pc.stick_button(2, true);
     EXPECT_EQ(s.Lblammotype.Caption, "") << "the stick can't select a weapon";
     d.tap('E');
-    d.pc.wait(13);   // a FIN target is up and the gun is loaded
+    d.pc.wait(13);   // until a FIN target is up and the gun is loaded
     const std::string selected = s.Lblammotype.Caption;
     for (const int other : {0, 5, -1, 32767}) {
         d.pc.stick_button(other, true);

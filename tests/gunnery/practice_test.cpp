@@ -1,5 +1,5 @@
-// Whole practices fired by the scripted gunner: each nature of target in each state of the system, on both
-// sights. The record is compared with the gunner's notes.
+// Whole practices fired by the scripted gunner: each nature of target in each system status, on both sights.
+// The record is compared with the gunner's notes.
 #include <algorithm>
 
 #include "drill.h"
@@ -25,7 +25,7 @@ std::string name_of(const testing::TestParamInfo<shoot>& i)
            devices[static_cast<int>(i.param.by)] + "_on_" + i.param.range;
 }
 
-// Each combination of sight, nature and system once, with the devices and the shipped ranges in turn.
+// Each combination of `sight`, `engagements` and `system` once, with the devices and shipped ranges in turn.
 std::vector<shoot> all_shoots()
 {
     const std::vector<std::string> visual{"visualrange", "range1", "valley", "winter"};

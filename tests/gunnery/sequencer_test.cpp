@@ -1,4 +1,4 @@
-// The sequence of a practice in which no round is fired, and what interrupts it.
+// The sequence of a practice: orders, targets, waits, pauses and score. No round is fired.
 #include <algorithm>
 #include <cmath>
 #include <functional>

@@ -238,7 +238,7 @@ TEST(range_fault, shows_a_box_and_returns_to_the_set_up)
     const std::string range = whole.get("visualrange.arf");
     practice_state pictureless = plain_range(sight_kind::visual);
     pictureless.rangepicture = "";
-    std::string unnameable = range;   // no valid UTF-8, so not a name that Windows accepts
+    std::string unnameable = range;   // its picture gets a name in invalid UTF-8, which Windows refuses
     unnameable.replace(range.find("visualrange.vrp"), 1, "\xE0\x80\x80");
     const struct {
         const char* file;
