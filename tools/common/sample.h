@@ -1,4 +1,4 @@
-// Colours from 0 to 1 as a picture file stores them (not linear light), premultiplied by alpha.
+// Colours from 0 to 1 with the gamma of a picture file (not linear light), premultiplied by alpha.
 #pragma once
 
 #include <QImage>

@@ -2,11 +2,12 @@
 // of them is a sprite sheet in a PNG file: sixteen frames with alpha, four in a row.
 //
 // Puffs of smoke are thrown upwards from a spot on the ground. The air slows them and heat lifts them. A wind
-// from the left carries those of the explosion and the fire. Rings of dust spread along the ground. For each
-// frame the puffs fill cells of a block (voxels). Billow noise that moves with the cloud makes lumps and
-// creases on its surface: creases show the hot inside, lumps have cooled to soot. For the visual sight the
-// cells are lit by the sun and the sky, and each shades the cells below it. The block is viewed from the
-// front and a little from above. Flash, flying debris and the glow of the air are added to the picture.
+// from the left carries those of the explosion and the fire. Except in the fire, rings of dust spread along
+// the ground. For each frame the puffs fill cells of a block (voxels). Billow noise that moves with the cloud
+// makes lumps and creases on its surface: creases show the hot inside, lumps have cooled to soot. For the
+// visual sight the cells are lit by the sun and the sky, and each shades the cells below it. The block is
+// viewed from the front and a little from above. Flash, flying debris and the glow of the air are added to
+// the picture where the scene has them.
 //
 // The sight shows a frame of the explosion for about 16 ms, one of the fire or a burst for about a tenth of a
 // second. A frame is from six to some 300 pixels wide. To be recognisable even at six pixels, a flash is
@@ -160,7 +161,7 @@ struct block {
     float near(int z) const { return (real(z) + .5f - real(depth) / 2) * cell_size; }
 };
 
-// The position of a cell, from the foot. The block is sheared so that the lines of sight run along its z
+// The place of a cell, from the foot. The block is sheared so that the lines of sight run along its z
 // axis.
 vec3 place(const scene& s, const block& b, int x, int y, int z)
 {

@@ -56,7 +56,7 @@ void add_panel(world& w, vec3 inside, vec3 a, vec3 b, vec3 c, vec3 d, vec3 colou
     w.panels.push_back({{a, b, c, d}, colour, normal, warmth});
 }
 
-// Adds an upright rectangle along a frame, at `v`, that faces away from a point.
+// Adds an upright rectangle between these limits of u and z, at this `v`. It faces away from a point.
 void add_wall(world& w, vec3 inside, const frame& f, limits u, float v, limits z, vec3 colour,
               float warmth = wall_warmth)
 {

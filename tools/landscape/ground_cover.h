@@ -1,6 +1,6 @@
 // The colour and warmth of the ground: rough grass, fields, woodland floor, tracks and roads, broken ground,
-// water. The texture has wavelengths from hundreds of metres to some 15 centimetres; those below ten
-// metres are faded out where they are finer than a pixel.
+// river banks, water. The texture has wavelengths from hundreds of metres to some 15 centimetres; those below
+// ten metres are faded out where they are finer than a pixel.
 #pragma once
 
 #include "country.h"

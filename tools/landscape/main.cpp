@@ -1,10 +1,10 @@
 // Makes the ranges that the trainer ships with: panoramic pictures of invented landscapes for the visual and
-// the thermal sight, and the range files with twenty target positions on each.
+// the thermal sight, and for each picture a range file with twenty target positions.
 //
-// The ground has a height at each place, so the exact range of each pixel is known. Grass, crops, woods,
-// tracks, water and houses are drawn on it, with sunlight, cloud shadows and haze. The range author proposes
-// a range for each row of the ground band. The relief is shaped so that the proposals are nearly right; the
-// program prints their errors.
+// The ground has a height at each place, so the exact range of each of its pixels is known. Plants, tracks,
+// roads, water and buildings are drawn on it, with light and haze. The range author proposes a range for each
+// row of the ground band. The relief is shaped so that the proposals are nearly right; the program prints the
+// median and the largest of their errors at the target positions.
 //
 // Each picture is drawn with twice the pixels each way. The result is saved as the twin, for a sight that is
 // drawn large. Reduced to half its size it is the picture itself.
@@ -42,7 +42,7 @@ int main(int argc, char** argv)
     QCommandLineParser options;
     options.addHelpOption();
     options.addPositionalArgument("folder", "Where the pictures and range files go.");
-    options.addOption({"only", "Makes only this picture and its range file.", "picture"});
+    options.addOption({"only", "Makes only this picture, its twin and its range file.", "picture"});
     options.addOption(
         {"scale", "Divides the picture size by this number. Above 1, makes no range files.", "times", "1"});
     options.process(program);

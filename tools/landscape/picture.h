@@ -11,8 +11,8 @@ namespace tools {
 
 using rendered = grid<pixel>;
 
-// Draws a world as the gunner sees it, in vertical strips with four samples a pixel. First ground and sky,
-// the ground from near to far in each column, then houses and bridges, then plants from far to near, then
+// Draws a world as the gunner sees it, in vertical strips with four samples a pixel. First come the ground
+// (in each column from near to far) and the sky, then houses and bridges, then plants from far to near, then
 // reflections in the water.
 rendered render(const world&, const view&);
 

@@ -261,8 +261,8 @@ void mark_ways(world& w)
     }
 }
 
-// Plants woods, belts, copses, hedges, scrub and trees along the river, with their shadows on the map; then
-// adds tufts and stones.
+// Plants belts, copses, hedges, woods, scrub, and trees and bushes along the river, with their shadows on the
+// map. Then adds tufts and stones.
 void plant_trees(world& w)
 {
     for (const belt_plan& b : w.land.belts) plant_belt(w, b);

@@ -1,5 +1,5 @@
-// The sky: a colour gradient, thin high clouds, and ray-marched cumulus clouds. Also cloud shadows and the
-// haze of the air.
+// The sky: a colour gradient, thin high clouds, and ray-marched cumulus clouds. Also its warmth, cloud
+// shadows and the haze of the air.
 #pragma once
 
 #include "common/grid.h"

@@ -7,7 +7,8 @@
 namespace tools {
 namespace {
 
-// An ellipsoid of foliage, in a tree one unit high and wide: x to the right, y away from the viewer, z up.
+// An ellipsoid of foliage or stone, in a plant or stone one unit high and wide: x to the right, y away from
+// the viewer, z up.
 struct ball {
     vec3 middle, radius;
 };

@@ -7,12 +7,12 @@ namespace tools {
 namespace {
 
 // Radians. The landscape has the scale of the targets: at 840 m a target's square is 30 pixels wide on a
-// visual picture and 23 on a thermal one, some 9.5 m.
+// visual picture and 23 on a thermal one, some 9.4 m.
 constexpr float visual_pixel = .000366f, thermal_pixel = visual_pixel * 4 / 3;
 // Angle between the horizon and the upper edge of the range author's ground band, radians.
 constexpr float far_strip = .020f;
 
-// The range author divides a band of the picture into 40 steps and proposes (50 - step)^2 + 500 metres.
+// The range author divides the ground band into 40 steps and proposes (50 - step)^2 + 500 metres.
 constexpr float nearest_step = 50, square_base = 500;
 
 struct author_band {

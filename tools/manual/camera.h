@@ -185,7 +185,7 @@ public:
     desktop_machine pc;
     trainer t{pc};
     const QDir folder, frame_folder;
-    QString box_picture;   // the next box is saved under this name
+    QString box_picture;   // the next message box is saved under this name
 
 private:
     // The window of a screen, resized to twice its size.
@@ -201,7 +201,7 @@ private:
         if (e->type() == QEvent::UpdateRequest && (filmed == nullptr || o == filmed)) time += frame;
         return false;
     }
-    // Answers an open box with yes, a file dialog with a range.
+    // Answers an open message box with yes, a file dialog with a range.
     void timerEvent(QTimerEvent*) override
     {
         QWidget* box = QApplication::activeModalWidget();

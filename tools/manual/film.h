@@ -1,4 +1,5 @@
-// Takes a moving picture of a sight at ten frames a second. Below the sight it shows which keys are pressed.
+// Takes a moving picture of a sight at ten frames a second. Below the sight it shows the crew line, and
+// which keys are pressed.
 #pragma once
 
 #include <cmath>

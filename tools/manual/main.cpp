@@ -233,7 +233,7 @@ private:
         tap(s, "R");
         take_sight("hesh_second_press", s);
         hold_autolay_and_load(s);
-        lay_on(s, 12, 2.0 * s.currentrange);   // not 0: the debrief shows no button for a round at offset 0
+        lay_on(s, 12, 2.0 * s.currentrange);   // not 0 across: the debrief would show no button
         fire(s);
         end_engagement(s);
     }

@@ -1,5 +1,5 @@
 // Synthesizes one sound effect from filtered noise, falling tones and resonators. Prints it in the text
-// format of sox: a time and a sample in each line, not normalized.
+// format of sox: a header, then a time and a sample in each line. The samples aren't normalized.
 //
 // Usage: effects fire|coax|explode1
 

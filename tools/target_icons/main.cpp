@@ -35,7 +35,7 @@ static constexpr icon_plan icons[] = {
 
 static QByteArray drawn(const icon_plan& i, look l)
 {
-    // Usual width of a picture in metres; lower limit of the radius of a gun barrel in pixels.
+    // Usual width of a picture in metres; `thinnest` of the vehicles in pixels.
     constexpr float width = 6.5f, thinnest = .62f;
     std::vector<QImage> pictures;
     for (const int size :

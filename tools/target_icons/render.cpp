@@ -154,7 +154,7 @@ float grain(vec3 at, float fineness)
     return noise3({50 + fineness * at.x, 50 + fineness * at.y, 50 + .5f * fineness * at.z});
 }
 
-// Camouflage in three shades, with wear and stains, and mud on surfaces near the ground.
+// Camouflage in three shades where the material has it, wear and stains, and mud near the ground.
 vec3 paint_at(const material& m, vec3 at)
 {
     constexpr vec3 dust{.30f, .25f, .16f};

@@ -23,7 +23,7 @@ using solid = std::vector<face>;
 
 // A side view (x and z), extruded along y.
 solid across(const path& side_outline, limits y, const material&);
-// A body between two outlines (x and y) with the same number of corners, each at its height.
+// A body between two outlines (x and y) with the same number of corners, each outline at its height.
 solid between(const path& lower, float lower_z, const path& upper, float upper_z, const material&);
 solid box(limits x, limits y, limits z, const material&);
 // A truncated cone.

@@ -296,7 +296,7 @@ solid carrier(float thinnest, float turret)
 solid truck(float, float)
 {
     solid s;
-    add(s, box({-3.4f, 3.5f}, {-.45f, .45f}, {.62f, 1.12f}, fitting));   // frame
+    add(s, box({-3.4f, 3.5f}, {-.45f, .45f}, {.62f, 1.12f}, fitting));   // chassis
     for (float x : {2.6f, -1.35f, -2.7f}) {
         add_wheel(s, x);
         add(s, rod({x, -.9f, .58f}, {x, .9f, .58f}, .14f, .14f, steel));   // axle
