@@ -1,4 +1,4 @@
-// The calibration of the joystick: its steps and the dot of the stick tester.
+// The calibration of the joystick: its steps, the lamps and the dot of the stick tester.
 #include <limits>
 
 #include "drill.h"

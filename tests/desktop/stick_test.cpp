@@ -1,4 +1,4 @@
-// The joystick, tested with SDL's virtual joystick: plugging in and unplugging, buttons and axes.
+// The joystick, tested with SDL's virtual joystick: plugging, unplugging, buttons, axes, several sticks.
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
 

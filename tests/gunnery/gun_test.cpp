@@ -1,4 +1,4 @@
-// The guns: selection, loading, the trigger, the flights and their hits.
+// The guns: selection, loading, the trigger, the flights and their hits; when keys, stick and buttons work.
 #include "drill.h"
 #include "gunnery/gunnery.h"
 

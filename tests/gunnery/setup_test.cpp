@@ -1,4 +1,4 @@
-// The reset of a gunnery screen: panels, state, the range and its faults.
+// Load and reset of a gunnery screen: panels, focus, state, the range and its faults.
 #include "drill.h"
 #include "gunnery/gunnery.h"
 

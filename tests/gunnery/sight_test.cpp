@@ -1,4 +1,4 @@
-// Traverse, laser and autolay.
+// Traverse, laser, autolay and the marks of the thermal sight.
 #include <utility>
 
 #include "drill.h"

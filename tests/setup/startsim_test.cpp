@@ -1,4 +1,4 @@
-// The set-up screen: options and what they set, programmed practices, practice files, the choice of a range.
+// The set-up screen: options and what they set, hints, programmed practices, practice files, choice of range.
 #include "drill.h"
 #include "setup/setup.h"
 
