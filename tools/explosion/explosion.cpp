@@ -300,7 +300,7 @@ float light_distance(point at)
     return std::hypot(at.x, at.y < 0 ? 3.5f * at.y : at.y);
 }
 
-// The glow of the air and the ground around the fire.
+// The glow of the air and the ground around the flames.
 sample halo(const scene& s, point at, float time)
 {
     const float far = light_distance({at.x, at.y - .12f}) / .26f;

@@ -123,7 +123,7 @@ struct view {
 view view_of(const country&, float scale);
 
 // Where the lower edge of a target must be for the range author to propose this range (metres). In pixels
-// from the top of the picture at full size.
+// from the top of the picture, not of its twin.
 float agreeing_row(const country&, float range);
 
 // The range that the range author proposes for a target whose lower edge is on this row and whose true range
