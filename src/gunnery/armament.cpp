@@ -80,9 +80,9 @@ void cmdmaingun_click(trainer& t, gunnery_screen& s)
     heshcorrect(s);
 }
 
-// Selects FIN and then does what Cmdmaingun does. An open HESH correction takes this press. Without one, DST
-// is selected if a weapon was already selected. The thermal record contains FIN in each case, the visual
-// record contains the round selected.
+// Selects FIN and then does what Cmdmaingun does. While heshcorrecting is set, the press counts for the
+// correction. Otherwise DST is selected if a weapon was already selected. The thermal record contains FIN in
+// each case, the visual record contains the round selected.
 void cmdselectmain_click(trainer& t, gunnery_screen& s)
 {
     showaimingmark(s);
@@ -284,8 +284,8 @@ void firefin(trainer& t, gunnery_screen& s, int round)
     endflight(t, s, round, round_kind::fin);
 }
 
-// With the full system and a lased range, Cmdmaingun takes a HESH correction from now on, and on the visual
-// sight with AUTO held the lay is reversed. Returns by how many twips the target moved up.
+// With the full system and a lased range, presses of Cmdmaingun set the HESH correction from now on, and on
+// the visual sight with AUTO held the lay is reversed. Returns by how many twips the target moved up.
 double preparehesh(trainer& t, gunnery_screen& s)
 {
     if (t.shared.systemstatus >= 2 || !s.lazed) {

@@ -71,7 +71,7 @@ struct since_load : since_reset {
     int ammoselected = 0;                   // nature of the selected round; must match the target's
     int16 ammoindex;                        // position in the cycle FIN, DST, HESH
     int16 loadcount;                        // Timloading ticks, counted from 0, 1 or 3
-    bool heshcorrecting = false;            // a HESH round was fired: Cmdmaingun takes the correction
+    bool heshcorrecting = false;            // a HESH round was fired: Cmdmaingun sets heshcorrection
     int correctstep = 0;                    // presses of Cmdmaingun in the correction, 0 to 2
     float correctfrom = 0, correctto = 0;   // the picture's Left at the first and the second press
     float heshcorrection = 0;               // sideways correction set by the gunner, twips

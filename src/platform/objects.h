@@ -45,7 +45,7 @@ enum class dock {
     sight,      // the sight itself
     panel,      // a frame whose child frames are placed as with `beside`
     beside,     // left of the sight or below it
-    above,      // above the sight, in one row or two; if it is the only one there, as with `beside`
+    above,      // above the sight, in one row or two; if only one is visible, it is placed as with `beside`
     below,      // in a row below the sight
     backdrop,   // a picture that covers the whole window of a screen without a sight
 };

@@ -8,7 +8,7 @@
 
 namespace tools {
 
-// A straight piece of a line.
+// A segment of a polyline, such as a track or a river.
 struct piece {
     point from, way;
     // The point at a share of the way, moved `left` metres to the left.

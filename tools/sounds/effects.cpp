@@ -23,7 +23,7 @@ constexpr double turn = 2 * std::numbers::pi;
 // Times are in seconds, frequencies in Hz. Rise, decay and fall are rates per second: a higher one is
 // quicker.
 
-// Low-pass noise; a higher cut-off frequency sounds sharper.
+// Low-pass filtered noise; with a higher cut-off frequency it sounds sharper.
 struct rush {
     double start, cutoff, rise, decay, loudness;
 };

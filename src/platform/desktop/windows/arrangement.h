@@ -21,7 +21,8 @@ struct arrangement {
     std::unordered_map<const screen_object*, enlargement> enlarged;
 };
 
-// The result depends on the window's size in pixels, on the objects' places and on which are visible.
+// The result depends on the window's size in pixels, on the places and sizes of the objects, and on which
+// are visible.
 arrangement arrange(const form&, const QSize& window);
 
 // Whether the arrangement can change with the visibility of the object.
