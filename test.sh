@@ -6,8 +6,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 source tools/setup.sh
 
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}"
-# The fuzzers are built and run beside the build of the tests, since either build leaves a core idle while it configures
-# and links. They get a process group of their own, so that a failed build or Ctrl+C also ends all their processes.
+# The fuzzers are built and run during the build of the tests, since either build leaves a processor idle while it
+# configures and links. They have their own process group, so that a failed build or Ctrl+C also ends all of them.
 fuzzers=
 if [ $# -eq 0 ] && install_fuzzer_compiler; then
     mkdir -p build

@@ -1,4 +1,4 @@
-// Measures a whole practice of 15 targets on the headless machine, on the first range of each sight.
+// Measures a whole practice of 15 targets on the headless machine, on the default range of each sight.
 #include <benchmark/benchmark.h>
 
 #include "flow/intro.h"

@@ -139,7 +139,7 @@ build_sdl() {
 
 # Copies the libraries, Qt's plug-ins and the compiler's runtime libraries beside the program, and strips them and the
 # program. Their sections are aligned to pages, so that Wine maps the files into memory instead of reading them. The
-# build time in their headers stays: the same libraries give the same files.
+# time stamp in their headers is kept, so that the same libraries give the same files.
 add_libraries() {
     local out=$1 gcc file
     gcc=$(dirname "$(x86_64-w64-mingw32-gcc-posix -print-file-name=libstdc++-6.dll)")

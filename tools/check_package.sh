@@ -4,7 +4,7 @@
 #
 #   tools/check_package.sh [PACKAGE]
 #
-# Runs as root on Debian and uses debootstrap. Without an argument it builds the package twice and compares the two.
+# Must be run as root, on Debian. Uses debootstrap. Without an argument builds the package twice and compares the two.
 # Needs some minutes and a gigabyte, so the tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."

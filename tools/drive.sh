@@ -3,8 +3,8 @@
 # openbox. `pictures` is the folder for screenshots. Windows are given by title, places in pixels of a form of
 # 1024 x 768.
 
-# Starts an X server with the first free display number from FIRST_DISPLAY up. Adds the processes to kill at the end to
-# `helpers`.
+# Starts an X server, with the first free display number from FIRST_DISPLAY (default 90) up, and openbox. Adds their
+# process ids to the array `helpers`; the script that sources this file must end these processes at its own end.
 open_display() {
     local number=${FIRST_DISPLAY:-90}
     while [ -e "/tmp/.X11-unix/X$number" ]; do number=$((number + 1)); done

@@ -108,7 +108,7 @@ Function .onInit
     ${EndIf}
 FunctionEnd
 
-; The uninstaller removes the installation that it belongs to, which may not be the one registered for all users.
+; The uninstaller removes the installation that it belongs to, even if another one is registered for all users.
 Function un.onInit
     StrCpy $given_folder $INSTDIR
     !insertmacro MULTIUSER_UNINIT
@@ -121,7 +121,7 @@ FunctionEnd
 
 Section "install"
     !insertmacro not_running
-    ; The version installed before may have files that this version doesn't have, or be in another folder.
+    ; Uninstalls a registered installation first: it can have files that this version lacks, or be in another folder.
     ReadRegStr $R0 SHCTX "${UNINSTALL_KEY}" "InstallLocation"
     ${If} $R0 != ""
     ${AndIf} ${FileExists} "$R0\uninstall.exe"
