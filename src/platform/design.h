@@ -91,7 +91,7 @@ struct panel {
     {
         vorn::add(s.window, o, std::move(design), frame);
     }
-    // A label or drawing that never changes. The screen's list `captions` contains it.
+    // Adds a label or drawing that never changes. The screen's list `captions` contains it.
     screen_object& caption(object_fields design) const
     {
         screen_object& o = s.captions.emplace_back();

@@ -1,5 +1,5 @@
-// Text files and paths. A function that opens a file also closes it. Paths are in UTF-8; a relative path is
-// relative to machine::working_directory.
+// Finds, reads, writes and deletes files; changes the working directory. A function that opens a file also
+// closes it. Paths are in UTF-8; a relative path is relative to machine::working_directory.
 #pragma once
 
 #include <filesystem>
@@ -32,8 +32,8 @@ struct file_text {
 file_text read_file(const machine&, const std::string& path);
 // The extension of a file name in lower case, with its dot; empty if it has none.
 std::string extension(const std::string& path);
-// Creates or replaces a file. Returns the reason for a failure, empty on success. After a failure the old
-// file is kept, or its text is written back.
+// Creates or replaces a file; unlike find_path, uses the path exactly as written. Returns the reason for a
+// failure, empty on success. After a failure the old file is kept, or its text is written back.
 std::string write_file(const machine&, const std::string& path, const std::string& text);
 // Deletes a regular file; unlike find_path, uses the path exactly as written. Returns the reason for a
 // failure, empty on success.

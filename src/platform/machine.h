@@ -77,7 +77,7 @@ struct strike {
     round_kind round = round_kind::fin;
     bool hot = false;                        // seen by the thermal sight
     const screen_object* ground = nullptr;   // the picture with which the strike moves
-    double Left = 0, Top = 0;                // relative to `ground`, twips
+    double Left = 0, Top = 0;                // twips from the upper left corner of `ground`
     double size = 0;                         // width of the target, twips
     int wind = 0;   // drift of a HESH round, in half target widths; positive: to the right
 };
@@ -129,7 +129,7 @@ public:
     virtual print_outcome print(const std::vector<printed_line>&, const std::string& name) = 0;
 
     std::filesystem::path working_directory;   // absolute
-    std::string default_directory;             // tried first as the program directory
+    std::string default_directory;             // the program directory; if it has no data, the user is asked
     screen_stack screens;
 };
 

@@ -11,7 +11,7 @@
 
 namespace vorn {
 
-inline constexpr double twips_per_pixel = 15;   // at 96 dots per inch
+inline constexpr double twips_per_pixel = 15;   // of a form at 1024 x 768
 inline constexpr double form_width = 15360;     // every screen is designed for 1024 x 768 pixels
 inline constexpr double form_height = 11520;
 
@@ -19,7 +19,7 @@ inline constexpr double form_height = 11520;
 enum class colour {
     ground,      // background of forms; as BackColor: no background of its own
     text,        // ordinary text and button text
-    highlight,   // the word of the title screen under the mouse cursor, the hint bar, a missing joystick
+    highlight,   // for example the hint bar, headings of the manual, the message that there is no joystick
     dim,         // secondary text
     live,        // what is current, such as readouts and the round on view
     red,
@@ -27,7 +27,7 @@ enum class colour {
     white,
     black,
     sight,       // marks of the sights, readable over sky and ground
-    tracer,      // a round in flight
+    tracer,      // a round in flight in the visual sight
     hottracer,   // a round in flight in the thermal sight
 };
 
@@ -45,7 +45,7 @@ enum class dock {
     sight,      // the sight itself
     panel,      // a frame whose child frames are placed as with `beside`
     beside,     // left of the sight or below it
-    above,      // above the sight, in one row or two; if only one is visible, it is placed as with `beside`
+    above,      // above the sight, in one or two rows; a single visible object is placed as with `beside`
     below,      // in a row below the sight
     backdrop,   // a picture that covers the whole window of a screen without a sight
 };
@@ -210,7 +210,7 @@ struct form {
 // Adds an object to the form, on top of the others. Each load restores its design values, if given.
 void add(form&, screen_object&, screen_object* parent = nullptr);
 void add(form&, screen_object&, object_fields design, screen_object* parent = nullptr);
-void add(form&, timer&, int interval, std::function<void()> tick);
+void add(form&, timer&, int interval, std::function<void()> tick);   // interval in milliseconds
 
 // Selects an option, clears the others of its group and runs its Click handler. Does nothing if the option is
 // already selected.
@@ -227,7 +227,7 @@ bool takes_input(const screen_object&);
 // button itself is hidden or disabled.
 screen_object* button_of_key(const form&, int code, bool alt);
 
-// User input. Ignored if the object takes no input.
+// User input. Ignored if the object takes no input; user_types also if the text box is ReadOnly.
 void user_click(screen_object&);
 void user_click_at(screen_object&, double x, double y);
 void user_slide(screen_object& slider, int position);
