@@ -13,8 +13,8 @@ struct data_place {
 };
 
 // Finds the data of a program that is in the folder `program`. Looks in that folder (the data is there on
-// Windows and on a USB stick), then in `usual`, where an installation has it, then in the source tree above
-// the build folder. If there is no data, returns `usual`, where the program finds none and asks the user.
+// Windows and on a USB stick), then in `usual`, the usual folder of installed data, then in the source tree
+// above the build folder. If none has it, returns `usual`: the program finds no data there and asks the user.
 data_place find_data(const std::filesystem::path& program, const std::filesystem::path& usual,
                      const std::filesystem::path& own);
 

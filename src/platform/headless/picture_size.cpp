@@ -1,4 +1,4 @@
-// The natural size of a picture file, read from its header: a machine without a screen needs no pixels.
+// The natural size of a PNG, JPEG or ICO file, from its header: a machine without a screen needs no pixels.
 #include <algorithm>
 #include <cstdint>
 #include <fstream>

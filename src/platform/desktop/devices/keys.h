@@ -1,4 +1,5 @@
-// The keyboard. A form gets a key, and its auto-repeats, as a virtual key code before its widgets get it.
+// The keyboard. A form gets a key, and its auto-repeats, as a virtual key code before its widgets get it,
+// except F1, F11, Alt with a letter, and the keys that click buttons of hidden panels.
 #pragma once
 
 #include <QObject>

@@ -14,9 +14,8 @@ inline constexpr double pale_picture = 0.5, disabled_picture = 0.35;
 // between adjacent objects.
 QRect device_rect(const object_fields&, double scale);
 
-// Whether the object is a round in flight.
+// A tracer is a round in flight; its place needn't be whole pixels.
 bool is_tracer(const object_fields&);
-// Paints a round in flight; its place needn't be whole pixels.
 void draw_tracer(QPainter&, const object_fields&, const QRectF& at, double scale);
 
 // The alignment of a label's text: vertically centred if the label has room for one or two lines, else at the

@@ -35,7 +35,7 @@ public:
     void animate();
     // See sight_view::set_progress.
     void set_progress(double part);
-    // Gives a hidden window the geometry and state of another; `cascade` moves it a step down and right.
+    // Gives this hidden window the geometry and state of another; `cascade` moves it a step down and right.
     void place_like(const form_window& before, bool cascade);
     void release_sliders();
     QWidget* widget(const screen_object&) const;

@@ -94,8 +94,8 @@ void fill_column(column& c, const QRectF& at)
     }
 }
 
-// The factors by which the cells inside a frame or a form are stretched to fill it. A picture keeps its
-// shape. Places are in the frame's own twips: the frame's enlargement is applied to them afterwards.
+// The factors by which the cells (the places of the objects) in a frame or a form are stretched to fill it. A
+// picture keeps its shape. Places are in the frame's own twips: its enlargement is applied afterwards.
 struct spread {
     double across, down;
     double title;   // height of the caption, which is not spread
