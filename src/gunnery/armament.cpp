@@ -284,8 +284,8 @@ void firefin(trainer& t, gunnery_screen& s, int round)
     endflight(t, s, round, round_kind::fin);
 }
 
-// With the full system and a lased range, presses of Cmdmaingun set the HESH correction from now on, and on
-// the visual sight with AUTO held the lay is reversed. Returns by how many twips the target moved up.
+// With the full system and a lased range, starts a HESH correction and, on the visual sight with AUTO held,
+// reverses the lay. Otherwise clears the correction on the visual sight. Returns the target's upward move.
 double preparehesh(trainer& t, gunnery_screen& s)
 {
     if (t.shared.systemstatus >= 2 || !s.lazed) {

@@ -101,7 +101,7 @@ void degraded_laze(trainer& t, gunnery_screen& s)
     reversionarydrop(s);
 }
 
-// Every second tick shows the readout CHRG. It is for display only: the laser can be fired again at once.
+// Every other tick shows the readout CHRG. It is for display only: the laser can be fired again at once.
 void timchrg_tick(gunnery_screen& s)
 {
     s.chargecount += 1;

@@ -37,7 +37,7 @@ struct since_reset : since_target {
     // The gun and the fire control.
     bool gunloaded = false;
     bool ammoarmed = false;     // a weapon is selected
-    bool layready = false;      // one autolay may run
+    bool layready = false;      // the next autolay is allowed; it clears this
     bool coaxrunning = false;   // visual
     float leadperstep = 0;      // lead, twips sideways per twip of lay; visual
 };
@@ -50,7 +50,7 @@ struct since_load : since_reset {
     int16 targetticks;         // 1 at the order, one more each second; targetlife after a hit
     int16 targetlife;          // targetticks at which the target goes down
     int16 targetwait;          // Timpause ticks before the next order
-    int windoffset = 0;        // drift of a HESH round in the wind, twips; the visual reset clears it
+    int windoffset = 0;        // drift of a HESH round to the right, twips; the visual reset clears it
     bool pauseshown = false;   // Cmdpausesim shows "PAUSE OFF"
 
     // The traverse.
@@ -62,7 +62,7 @@ struct since_load : since_reset {
     bool lazed = false;         // set by a lase or an autolay; needed to correct the next HESH round
     int chargecount = 0;        // Timchrg ticks; visual
     int autolaycount = 0;       // timautolay ticks, kept between presses; visual: selecting FIN or DST sets 2
-    bool autolayheld = false;   // AUTO was held for the full time; thermal: or released too early or clicked
+    bool autolayheld = false;   // AUTO was held for the full time; thermal: also after a short press or click
     bool autolaydown = false;   // AUTO is held down or was clicked; visual
     std::string rangesuffix;    // letter shown after the range; empty on the visual sight
 
@@ -74,7 +74,7 @@ struct since_load : since_reset {
     bool heshcorrecting = false;            // a HESH round was fired: Cmdmaingun sets heshcorrection
     int correctstep = 0;                    // presses of Cmdmaingun in the correction, 0 to 2
     float correctfrom = 0, correctto = 0;   // the picture's Left at the first and the second press
-    float heshcorrection = 0;               // sideways correction set by the gunner, twips
+    float heshcorrection = 0;               // set by the gunner: sideways move of a round, twips to the left
     int explodeframe = 0;
     int coaxhits = 0;         // bursts that have hit and count towards the next kill
     bool coaxfired = false;   // the coax has fired since the last deselect; visual

@@ -13,8 +13,8 @@ namespace vorn {
 
 namespace {
 
-// A quick start always has the visual sight, nine targets, the keyboard, voices, and a score with a rating.
-// The other options are those of the set-up.
+// A quick start always has the visual sight, nine targets, working keys, voices, and a score with a rating.
+// Info, Screen and Mouse have no effect. The other options, such as Joystick, are those of the set-up.
 void setupquickstart(trainer& t, gunnery_screen& s)
 {
     t.shared.voiceson = true;
@@ -50,7 +50,7 @@ void setuppanels(trainer& t, gunnery_screen& s)
     hidepanels(p, s);
 }
 
-// A line can be broken after this text, but not inside it.
+// A key and its button, for keynote. A line can be broken after this text, but not inside it.
 std::string key_line(const std::string& key, const std::string& button)
 {
     const std::string fixed = "\u00a0";
@@ -106,8 +106,8 @@ void resetstate(gunnery_screen& s)
     s.windoffset = 0;
 }
 
-// The visual screen writes into the row of the current engagement. After a whole practice this is the row
-// after the last target. The thermal screen writes into row 1.
+// Writes FULL as the system: on the visual screen into the row that was current before the reset, which after
+// a whole practice is the row after the last target; on the thermal screen into row 1.
 void resetrecord(trainer& t, gunnery_screen& s)
 {
     t.shared.recsystem[s.visual() ? row(t) : 1] = "FULL";

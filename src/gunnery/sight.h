@@ -159,7 +159,7 @@ constexpr const sight_numbers& numbers_of(sight_kind kind)
     return kind == sight_kind::visual ? visualsight : thermalsight;
 }
 
-// The columns of figures and tick marks in the visual sight, which show the drop of HESH. For display only.
+// The visual sight's columns of figures and ticks, which show the drop of HESH and coax. For display only.
 inline constexpr area figures_left{2880, 2520, 375, 3255}, figures_right{6360, 2520, 255, 3495};
 inline constexpr area ticks_left{3480, 2430, 255, 2775}, ticks_right{5640, 2430, 255, 2775};
 

@@ -23,7 +23,7 @@ using per_round = table<table<T, round_rows>, engagement_rows>;
 struct practice_state {
     // Paths and file names.
     std::string rootpath;                                    // folder of the ranges, no trailing separator
-    std::string rangefile = "Visualrange.arf";               // the range of the practice
+    std::string rangefile = "Visualrange.arf";               // path of the practice's range file
     std::string resultsfile;                                 // the current results file of the debrief
     std::string targeticon1 = "target icons\\target1.ico";   // icon path of a FIN target, as in a range file
     std::string targeticon2 = "target icons\\target2.ico";   // of a HESH target
@@ -41,8 +41,8 @@ struct practice_state {
     int targetsize = 4;            // a target's width decreases by range / targetsize
     int killarea = 15;             // killradius is the target's width / killarea
     int coaxbursts = 2;            // 2 to 4; a coax target takes one burst more, on the thermal sight two
-    int coaxerror = 20;            // vertical error of a burst, twips
-    double coaxerrorwide = 30;     // horizontal error of a burst, twips
+    int coaxerror = 20;            // error of a burst, twips down
+    double coaxerrorwide = 30;     // error of a burst, twips to the right
     bool coaxlight = true;         // the lights panel is shown
     bool heshcorrectall = false;   // true: each deselect clears the HESH correction
     int windbias = 0;              // -3 to 3; negative: to the left; 1 mild, 2 fresh, 3 strong
@@ -83,7 +83,7 @@ struct practice_state {
     table<std::int32_t, positions> targety{};   // twips from the top edge
     table<int16, positions> targetrange{};      // metres
 
-    // Header of the record.
+    // The range and sight of the record.
     std::string resultpicture;
     std::string resultmode;   // "VISUAL" or "THERMAL"
     std::string resultrange;
