@@ -12,13 +12,13 @@ namespace {
 using S = joycal_screen;
 
 constexpr int escape_key = 27;                    // virtual key code
-constexpr double dot_from = 120, dot_to = 2880;   // bounds of Left and Top of the dot
+constexpr double dot_from = 120, dot_to = 2880;   // bounds of the dot's Left and Top, twips
 
 // One axis of the stick: its readings, the values computed from them, its labels, and the coordinate of the
 // dot that the axis moves.
 struct axis_row {
-    int end;   // number of the reading of the maximum
-    int at;    // number of the reading of the position
+    int end;   // number of the joystick reading with the maximum
+    int at;    // number of the one with the position
     double practice_state::*centre;
     double practice_state::*factor;
     screen_object S::*showsend;   // a label that is never shown
@@ -107,7 +107,7 @@ void joystk_buttondown(trainer& t, S& s, int button)
     lightbutton(s, button, colour::red);
 }
 
-// The factor is a twelfth of the distance from the stick's position to its maximum.
+// The factor is a twelfth of the distance from the stick's position to the maximum of the axis.
 void takefactor(trainer& t, S& s, const axis_row& a)
 {
     const long end = t.pc.joystick_reading(a.end), at = t.pc.joystick_reading(a.at);
@@ -117,8 +117,8 @@ void takefactor(trainer& t, S& s, const axis_row& a)
 }
 
 // The dot moves like the view in a practice: one twip for each 100 units of the reading beyond the dead
-// band. Since the number is rounded down, a step to the left or up is a twip larger than one to the right or
-// down, unless the part beyond the dead band is a whole multiple of 100.
+// band. The number of twips is rounded down, so a step to the left or up is a twip larger than one to the
+// right or down, unless the part beyond the dead band is a whole multiple of 100.
 void movedot(S& s, const axis_row& a, double bound, double at)
 {
     const double n = Int((at - bound) / 100);

@@ -20,7 +20,7 @@ struct joycal_screen {
     // The stick tester: Image1 is the background of the dot.
     screen_object Frmstick, Frmfield, Image1, dot;
 
-    // The readings, and the size of the dot's last step.
+    // Lblxmin, Lblymin: the stick's position. Lblx, Lbly: its centre. The others: the dot's last step, twips.
     screen_object Frmreadings;
     screen_object Lblxmin, Lblymin, Lblx, Lbly, Lblxfactor, Lblyfactor;
     screen_object Lblxmax, Lblymax;   // never shown
@@ -33,7 +33,7 @@ struct joycal_screen {
 
     std::deque<screen_object> captions;   // the labels that never change
 
-    int16 calstep = 0;         // the current step; 0 before START
+    int16 calstep = 0;         // the current step, 0 before START; buttons raise it even beyond step 4
     bool calstarted = false;   // START has been clicked
 };
 

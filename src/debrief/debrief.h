@@ -25,7 +25,7 @@ std::array<screen_object*, 4> roundbuttons(results_screen&);
 // Shows the pictures in the list of engagements and selects engagement 1.
 void fillengagements(trainer&);
 
-// results.cpp: shows student, practice type and range from the record.
+// results.cpp: shows student, practice type and range name from the record.
 void showdetails(trainer&);
 // Shows the range picture of the record, or the placeholder, in the strip. Returns false if the picture can't
 // be loaded.

@@ -201,7 +201,7 @@ wide_layout wide(const S& s, double width)
 {
     constexpr double margin = 60, gap = 105, top = 390, foot = 10500, least_gain = 1.1;
     constexpr double lowest = 5250;        // height of the target's frame with the legend in one row
-    constexpr double least_left = 11580;   // the enlarged frames then just fill the row below the strip
+    constexpr double least_left = 11580;   // width at which the frames just fill the row below the strip
     constexpr double largest_strip = 1.2;
     const double growth = std::min((foot - top) / lowest, (width - least_left - 3 * margin) / s.Frame1.Width);
     if (growth < least_gain) return {};
@@ -229,8 +229,8 @@ wide_layout wide(const S& s, double width)
     put(s.Frame3, second, wider, s.Frame3.Height);
     put(s.Frame2, second, wider, s.Frame2.Height);
     put(s.Frmtherm, third, 0, s.Frmtherm.Height);
-    // The text about the marks is larger in a wider frame. Its frame has the height of two frames if the
-    // lower one, Frmtherm, is hidden.
+    // The text about the marks is larger in a wider frame. If Frmtherm is hidden, this frame also fills the
+    // place of Frmtherm.
     const double widened = wider / (factor * s.Frmreading.Width), larger = 1 + widened / 6;
     if (s.Frmtherm.Visible)
         put(s.Frmreading, third, wider, s.Frmreading.Height, larger);

@@ -25,12 +25,12 @@ struct results_screen {
     // The list of engagements, indexed from 1.
     screen_object Frame4;
     screen_object Lbltgtnumber[16], Imgtgtnumber[16];
-    screen_object Imgfin, Imghesh, Imgcoax, imgblank;   // holders for list and target; imgblank: list
+    screen_object Imgfin, Imghesh, Imgcoax, imgblank;   // holders for list and target; imgblank: list only
 
     screen_object Frame3, Txtstudent, Txtpractype, Txtrngename;
     screen_object Frame2, Lbltargetnum, Lblsystem, Lblammo, lbltargetrange, Lbltarget, Lbltime;
 
-    // The target and its marks.
+    // The target and its marks. Shape1 is never shown: its place is that of a mark whose offset is 0.
     screen_object Frame1, Lblrounds, Cmdround1, cmdround2, Cmdround3, cmdround4;
     screen_object Imgtargetdetails, Shape1, Imgreptarget, Imglaze, Imagepoa, Imgfos, Lbltargetvis, Frame7;
     screen_object killbox;   // outline of the kill box, to compare with the middle of a round's mark

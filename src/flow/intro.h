@@ -24,7 +24,7 @@ void design_intro(intro_screen&);
 void start_program(trainer&);
 
 // Makes the program directory the working directory and sets rootpath. If the default directory can't be
-// entered, asks the user for the program directory.
+// entered, asks the user for the program directory; the answer No ends the program.
 void finddata(trainer&);
 
 }   // namespace vorn

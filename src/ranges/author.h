@@ -25,8 +25,8 @@ void scaleoverview(rauthor_screen&);
 void placeholderband(rauthor_screen&);
 // Replaces the picture behind the sight window. The new one has the same place.
 void hangpicture(rauthor_screen&, picture);
-// Replaces the picture behind the sight window. The middle of the new one is at the upper left corner of the
-// window.
+// Replaces the picture behind the sight window, with its middle at the window's upper left corner, and sets
+// the overview, the ground band and the marked point for it.
 void putpicture(rauthor_screen&, picture);
 // Shows the size of the picture, and sets the marked point as if the middle of the picture were at the sight
 // window's upper left corner.

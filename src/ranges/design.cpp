@@ -182,8 +182,8 @@ void put_sight_left(const S& s, wide_layout& w, double width)
     w.places[&s.guide].Height += hint_height;
 }
 
-// In a wide window the texts are beside the four frames, and the overview below the frames is enlarged. In a
-// still wider one the view through the sight fills the left side.
+// In a wide window the instructions and the hint bar are right of the four frames, and the overview below is
+// enlarged. In a still wider one the view through the sight, with the hint bar below it, fills the left side.
 wide_layout wide(const S& s, double width)
 {
     constexpr double margin = wide_margin, texts_left = 15150, right = 90, least_texts = 2000,

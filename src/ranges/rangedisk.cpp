@@ -21,7 +21,7 @@ constexpr double too_narrow = 20000;
 constexpr double high_enough = 6000;
 
 // Keeps the chosen path if it fits into a range file, otherwise the path relative to the folder of the
-// ranges, which a practice also finds. Returns false if neither fits.
+// ranges; a practice finds the picture by either. Returns false if neither fits.
 bool keeppicturepath(trainer& t, const std::string& path)
 {
     auto& kept = t.shared.rangepicture;
@@ -34,7 +34,7 @@ bool keeppicturepath(trainer& t, const std::string& path)
 
 enum class taken { yes, no, unsuitable };
 
-// The sight window is empty when the picture can't be loaded.
+// The sight window is empty when the picture can't be loaded or is unsuitable.
 taken loadpicture(trainer& t, const std::string& path)
 {
     rauthor_screen& s = t.rauthor;

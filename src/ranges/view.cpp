@@ -87,7 +87,7 @@ void scaleoverview(rauthor_screen& s)
 }
 
 // The band is computed from the height of the overview, not of the picture. So the marked point can't reach
-// the band on the placeholder while the coordinates match the picture, and no range is proposed.
+// the band on the placeholder while coordinates and picture match (see showmiddle), and no range is proposed.
 void placeholderband(rauthor_screen& s)
 {
     const float height = static_cast<float>(s.Imagerange.Height);

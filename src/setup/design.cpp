@@ -1,7 +1,7 @@
 // The layout of the set-up screen, in twips. It follows the order in which an instructor works: student on
-// the left, practice and options in the middle, range and controls on the right. The numbers in the corners
-// of the frames are the steps of the instructions. The Tab order follows these steps and ends at the buttons
-// along the top.
+// the left, practice and options in the middle, range and controls on the right. The numbers in the upper
+// right corners of the frames are the steps of the instructions. The Tab order follows these steps and ends
+// at the buttons along the top.
 #include "platform/design.h"
 #include "flow/hints.h"
 #include "setup/setup.h"
@@ -31,7 +31,7 @@ constexpr const char* choosing =
     "practice "
     "and choose from the list given. Details will be displayed in the details box.";
 
-// Shows the number of a step of the instructions in the corner of a frame.
+// Shows the number of a step of the instructions in the upper right corner of a frame.
 void step(const panel<S>& in, const char* number)
 {
     in.caption(readout({in.frame->Width - 420, 45, 300, 270}, number, text_size::normal, alignment::right));
