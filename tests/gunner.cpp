@@ -14,7 +14,7 @@ namespace {
 constexpr long centre = 32768;    // of the stick
 constexpr double event = 0.016;   // seconds between two stick events
 
-constexpr spot beaten_zone{45, 30};   // its approximate centre, relative to the mark plus the drop
+constexpr spot beaten_zone{45, 30};   // its approximate centre, relative to the mark plus the drop, twips
 
 struct gunner {
     bool running() const { return !pc_.ended && front(pc_) == &s_.window && !s_.Cmdstartsim.Enabled; }

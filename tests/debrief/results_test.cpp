@@ -33,14 +33,14 @@ struct debrief : on_setup {
         pc.confirm(sim.Cmdstopsim);
     }
     // Fires a round that falls at this offset from the target's upper left corner. The target is moved: the
-    // round falls 64 twips right of the aim point and 560 below it, half the range rounded up to whole steps.
+    // round falls 64 twips right of the aim point and 560 below it: 1100 / 2 rounded up to whole steps of 20.
     void shoot(double across, double down)
     {
         d.target_at(4589 - across, 1700 - down);
         d.tap('A');
         d.tap('D');
     }
-    // Returns true if no box reports a failure.
+    // Opens a record. Returns false if a box reports a failure.
     bool open(const char* name)
     {
         pc.boxes.clear();
@@ -80,7 +80,7 @@ TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
 TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
 {
     expect_at(s.Imgreptarget, 2040, 1560, "centre");
-    // The scale is 1695 / 385, rounded: 4. The kill box's margin is a quarter of 385. Marks are 480 wide.
+    // Twips. The target's picture is 1695 high: scale 1695 / 385, rounded 4. Kill box margin 385 / 4, marks 480.
     expect_at(s.killbox, 2040 + 240 + 385, 1560 + 240 + 385, "kill box");
     EXPECT_TRUE(s.killbox.Width == 770 && s.killbox.Height == 770);
     EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";

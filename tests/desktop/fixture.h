@@ -87,7 +87,7 @@ inline std::vector<QWidget*> tab_order(QWidget& window)
     return order;
 }
 
-// The colour at a point of the widget that the image shows.
+// The colour at the point `p` of a widget, in the image `seen` of the widget.
 inline QColor colour_at(const QImage& seen, const QPointF& p)
 {
     const QPointF pixel = p * seen.devicePixelRatio();
@@ -135,7 +135,7 @@ struct desktop_test : testing::Test {
     }
 
     void click(const screen_object& o) const { QTest::mouseClick(&widget(o), Qt::LeftButton); }
-    // Keys that go to the first screen.
+    // Keys that go to the screen `one`.
     void press(Qt::Key k, Qt::KeyboardModifiers m = {}) const { QTest::keyPress(handle(one), k, m); }
     void release(Qt::Key k) const { QTest::keyRelease(handle(one), k); }
     static void send(QObject& to, QEvent::Type type)

@@ -208,7 +208,7 @@ TEST_F(sight_effects, a_round_in_flight_moves_in_each_frame)
     round.Visible = true;
     pc.sync();
     const paint_count paints(widget(sight));
-    pc.set_speed(1000);   // shortens the waits, which grow while the clock stands still
+    pc.set_speed(1000);   // shortens the waits in `pace`: they grow, as the test's clock stands still
     for (int i = 0; i < 91; ++i) {
         round.Top -= 20;
         pc.pace(0.011);

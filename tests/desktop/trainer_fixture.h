@@ -24,7 +24,7 @@ struct trainer_test : desktop_test {
         answer_yes();
         click(t.startsim.Cmdstart);
     }
-    // Counted moves take no time. The test advances `time`.
+    // Counted moves take hardly any real time. The test advances the machine's clock: `time`, seconds.
     void use_own_time()
     {
         constexpr double hurry = 1e6;

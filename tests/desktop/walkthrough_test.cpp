@@ -24,7 +24,7 @@ struct walkthrough : trainer_test {
         open_setup();
         start_practice({&t.startsim.Optcon2, &t.startsim.Opteng4, &t.startsim.Opttime2});
         ASSERT_TRUE(QTest::qWaitForWindowActive(pc.window(s.window)));
-        pc.run([&] { set_slider(s.HScspeed, 20); });   // small steps, as each autolay stage goes one too far
+        pc.run([&] { set_slider(s.HScspeed, 20); });   // small: each autolay stage goes up to a step too far
         click(s.Cmdstartsim);
         ASSERT_TRUE(wait_for([&] { return s.targetcalled && s.Imgtargets.Visible; }));
         QTest::keyClick(handle(), Qt::Key_E);

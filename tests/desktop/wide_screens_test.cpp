@@ -236,7 +236,7 @@ TEST_F(wide_screens, the_debrief_shows_a_large_target_with_the_marks_on_their_pl
 TEST_F(wide_screens, the_author_shows_a_large_range_and_a_click_marks_the_same_point)
 {
     rauthor_screen& s = t.rauthor;
-    constexpr double step = 100, pixel = 50;   // twips on the picture
+    constexpr double step = 100, pixel = 50;   // how far off a click may be, twips on the picture
     const auto click_at = [&](double across, double down) {
         QWidget& w = widget(s.Image1);
         const QPoint at(qRound(w.width() * across), qRound(w.height() * down));

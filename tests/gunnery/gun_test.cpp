@@ -15,7 +15,7 @@ struct gun : each_sight {
         d.pc.wait(9);   // until the calls are over
         d.random(0.5);
     }
-    // Where a FIN round falls.
+    // Where a FIN round falls if the random numbers are 0.5, twips in the sight window.
     double fall_left() { return visual ? 4525 + 64 : 4700 + (95 - 47); }
     double fall_top() { return visual ? 1700 : 2600; }
     void load(int nature)
@@ -354,7 +354,7 @@ TEST_P(gun, a_coax_burst_is_assessed_where_the_last_one_ended)
     EXPECT_EQ(s.coaxhits, visual ? 1 : 2) << "an auto-repeat is a burst on the thermal sight only";
 }
 
-// The loader starts with the order on the thermal sight, after the lay on the visual one.
+// The loader starts with the order on the thermal sight, after the commander's lay on the visual one.
 TEST(loader, time_by_nature_and_sight)
 {
     for (const sight_kind sight : both_sights)
@@ -392,7 +392,7 @@ TEST(hesh, a_round_fired_with_the_autolay_held_takes_the_lay_back)
 {
     const struct {
         int position, range, steps;
-        double mark;   // how far the mark is from its place before the lay
+        double mark;   // how far below its place before the lay the lase mark ends
         const char* hit;
     } cases[] = {{6, 1100, 21, 0, "YES"}, {18, 2300, 42, 100, ""}};
     for (const auto& c : cases) {

@@ -161,7 +161,7 @@ TEST(target, nearer_than_600_metres_counts_as_600_and_one_too_far_is_drawn_again
     }
 }
 
-// A target with a Left below 2040 or a Top below 960 is moved inwards. One at exactly 2040 and 960 isn't.
+// A target with a Left below 2040 is moved right, one with a Top below 960 down. At 2040 and 960 it isn't.
 TEST(target, place_decides_the_direction_of_the_lay)
 {
     for (const auto& [left, top] : {std::pair{2039, 959}, {2040, 960}}) {

@@ -193,7 +193,7 @@ TEST_F(visual_laser, a_lase_raises_a_near_range_to_600_until_the_range_file_is_r
 
 TEST_F(visual_laser, lays)
 {
-    // Steps of 110, then 11 of 20 for FIN, 21 of 10 for HESH; the picture moves one step less in each stage.
+    // Target: steps of 110, then 11 of 20 for FIN or 21 of 10 for HESH. Picture: one step less in each stage.
     const struct {
         const char* keys;
         int range;

@@ -90,7 +90,7 @@ TEST_F(author, makes_a_new_range_saves_it_and_fires_on_it)
 TEST_F(author, moves_the_view_while_an_arrow_is_pressed)
 {
     new_range("MOOR", false, "moor.vrp");
-    // The middle, plus the mark's place in the window.
+    // The middle of the picture is at the upper left corner of the window, the mark 1680 right, 1440 down.
     EXPECT_EQ(s.Lblx.Caption + ' ' + s.Lbly.Caption, "23460 5107.5");
     move(s.cmdleft, 3);
     EXPECT_TRUE(s.Imagerange.Left == -43560 / 2.0 + 300 && s.Imagerange.Top == -7335 / 2.0);

@@ -96,7 +96,7 @@ TEST_F(setup, an_option_for_a_number_writes_it_into_its_own_line)
     const struct {
         std::size_t line;
         std::vector<screen_object*> options;
-        std::function<std::string()> words;   // of the number that is set
+        std::function<std::string()> words;   // in the summary, for the number that is set
     } groups[] = {{3,
                    {&s.Opttargets2, &s.Opttargets3, &s.Opttargets4, &s.Opttargets1},
                    [&] { return std::to_string(3 * p.targetblocks) + " TARGETS"; }},

@@ -11,7 +11,7 @@ namespace vorn {
 struct walk_state {
     bool idle = false;           // no handler runs
     bool nothing_held = false;   // no key, joystick button or mouse button is down
-    bool was_paused = false;     // since the last reset: a resume may have started timers that didn't run
+    bool was_paused = false;     // since the last reset: a resume may start timers that didn't run before
 };
 
 // The first rule that is broken, in words; empty if none is.

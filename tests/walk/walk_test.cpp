@@ -313,9 +313,9 @@ void sudden_event(walker& w)
 
 // The walk -----------------------------------------------------------------------------------------------
 
-// Makes a damaged range file, a plain range, and ranges with positions anywhere in the reach of the sight
-// (`spread`), with any places and distances, also negative ones (`wild`), with targets too far for FIN and
-// the coax (`far`), and without a picture (`bare`).
+// Makes a damaged range file, a plain range, and four others: one with positions anywhere in the reach of the
+// sight (`spread`), one with any places and distances, also negative ones (`wild`), one with targets too far
+// for FIN and the coax (`far`), and one without a picture (`bare`).
 void put_ranges(walker& w)
 {
     const practice_state plain = plain_range(sight_kind::visual);
