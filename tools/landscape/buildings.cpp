@@ -16,8 +16,8 @@ struct house {
     openings has = openings::none;
 };
 
-constexpr float footing = .5f;     // the walls go at least this far into the ground
-constexpr float overhang = .45f;   // of the roof
+constexpr float footing = .5f;     // metres that the walls go into the ground, at least
+constexpr float overhang = .45f;   // of the roof, metres
 constexpr float wall_warmth = .43f, roof_warmth = .50f, glass_warmth = .36f;
 
 // From the coordinates of a building (u along it, v across it, z upwards) to those of the landscape. The
@@ -48,7 +48,7 @@ frame frame_of(const world& w, const house& h)
     return f;
 }
 
-// Adds a panel that faces away from a point.
+// Adds a panel that faces away from the point `inside`.
 void add_panel(world& w, vec3 inside, vec3 a, vec3 b, vec3 c, vec3 d, vec3 colour, float warmth = wall_warmth)
 {
     vec3 normal = unit(cross(b - a, d - a));
@@ -56,7 +56,7 @@ void add_panel(world& w, vec3 inside, vec3 a, vec3 b, vec3 c, vec3 d, vec3 colou
     w.panels.push_back({{a, b, c, d}, colour, normal, warmth});
 }
 
-// Adds an upright rectangle between these limits of u and z, at this `v`. It faces away from a point.
+// Adds an upright rectangle between these limits of u and z, at this `v`. It faces away from `inside`.
 void add_wall(world& w, vec3 inside, const frame& f, limits u, float v, limits z, vec3 colour,
               float warmth = wall_warmth)
 {
@@ -64,7 +64,7 @@ void add_wall(world& w, vec3 inside, const frame& f, limits u, float v, limits z
               colour, warmth);
 }
 
-// The four sides of a box, whose top is `left_at_top` times as wide as its bottom: 0 makes a pyramid.
+// Adds the sides of a box. Its top is `left_at_top` times as long and wide as its bottom: 0 makes a pyramid.
 void add_sides(world& w, const frame& f, float half_length, float half_width, float low, float high,
                vec3 colour, float warmth = wall_warmth, float left_at_top = 1)
 {
@@ -76,7 +76,7 @@ void add_sides(world& w, const frame& f, float half_length, float half_width, fl
                   f(us[i] * left_at_top, vs[i] * left_at_top, high), colour, warmth);
 }
 
-// The openings of the long walls, a little in front of them.
+// Adds the windows or gates of the long walls, a little in front of the walls.
 void add_openings(world& w, const house& h, const frame& f)
 {
     const rgb glass{16, 18, 20}, timber{16, 14, 12};
@@ -154,7 +154,7 @@ void build_church(world& w, point p, float angle)
 // Where roads cross the river, from bank to bank.
 std::vector<piece> crossings(const world& w)
 {
-    constexpr float bank = 4;   // metres of each bank that a bridge covers
+    constexpr float bank = 4;   // distance from the water at which a crossing begins and ends, metres
     std::vector<piece> found;
     for (const path& road : w.land.roads) {
         bool over = false;
@@ -168,7 +168,7 @@ std::vector<piece> crossings(const world& w)
     return found;
 }
 
-// Deck, parapets and dark arches, from bank to bank.
+// Deck, parapets and dark arches. Deck and parapets begin 4 metres before the crossing and end 4 after it.
 void build_bridge(world& w, const piece& at)
 {
     constexpr float half = 3.6f, parapet = 1, arch_rise = 2.3f, arch = 6.5f;   // metres

@@ -88,7 +88,7 @@ struct country {
     float conifers;            // share of the woods that are mostly of conifers
     vec3 needles;              // reflectance of conifers
     std::vector<rgb> leaves;   // reflectances of foliage; each broadleaf or bush has one of them, varied
-    float bare_trees = 0;      // share of broadleaf trees, except near houses, that have lost their leaves
+    float bare_trees = 0;      // share of bare broadleaf trees: none near houses, no tall ones by rivers
     vec3 tufts{1, 1, 1};       // colour of tufts of grass, relative to the ground
     float snow = 0;            // amount of snow, 0 to 1; the colours of snowy ground are in `ground`
 
@@ -99,7 +99,7 @@ struct country {
     std::vector<farm_plan> farms{};
     std::optional<point> hamlet{};
 
-    // The shadow on level ground of something one metre high.
+    // From the foot of something one metre high to the end of its shadow on level ground, metres.
     point shadow() const { return point{towards_sun.x, towards_sun.y} / -towards_sun.z; }
 };
 

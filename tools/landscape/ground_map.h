@@ -11,7 +11,7 @@ namespace tools {
 // A segment of a polyline, such as a track or a river.
 struct piece {
     point from, way;
-    // The point at a share of the way, moved `left` metres to the left.
+    // The point at a share of the way, moved `left` metres to the left, seen along `way`.
     point at(float share, float left = 0) const
     {
         return from + way * share + point{-way.y, way.x} / length(way) * left;
@@ -30,7 +30,7 @@ public:
     void darken(point middle, float along, float across, float angle, float strength);
 
 private:
-    // Calls change(cell, place) for each cell within `reach` of the rectangle.
+    // Calls change(cell, place) for each cell of the rectangle and `reach` metres around it.
     void change_around(point low, point high, float reach, auto change);
 
     grid<std::uint8_t> bytes_;
@@ -48,7 +48,7 @@ struct ground_map {
     float bank(point p) const { return river.at(p) - river_width / 2; }
 };
 
-// A smooth line through the points, with small random bends. A piece is some metres long.
+// A smooth line through the points with random bends: `wander` scales them. A piece is some metres long.
 std::vector<piece> winding(const path& through, float wander = 1);
 
 }   // namespace tools

@@ -18,7 +18,7 @@ constexpr float nearest = 600, farthest = 2500;   // metres
 // nineteen, eleven are near enough for the coax (1300 m) and fourteen for FIN (1600 m).
 constexpr float preferred[wanted] = {900,  2300, 1250, 700,  1500, 1050, 2050, 820,  1400, 1150,
                                      1750, 650,  1200, 2400, 980,  1550, 750,  1900, 1100, 2200};
-// Accepted differences from the preferred range, in metres. A larger one is tried if no position is found.
+// Accepted differences from the preferred range, in metres. The next is tried if no position is found.
 constexpr float tolerances[] = {380, 800, 1900};
 
 constexpr auto twip = real(vorn::twips_per_pixel);

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int fine = 2;                                // samples per pixel, in each direction
 constexpr int strip_width = 128;                       // pixels
-constexpr float first_step = 150, last_step = 26000;   // distances along the ray over the ground, metres
+constexpr float first_step = 150, last_step = 26000;   // ranges of the ground that is drawn, metres
 
 // One strip of the picture.
 struct strip {
@@ -23,7 +23,7 @@ struct step {
     vec3 normal;
 };
 
-// `way`: the horizontal direction of this column.
+// Sets a sample to the ground between the steps `a` and `b`. `way`: the horizontal direction of its column.
 void set_ground(strip& s, int x, int y, const step& a, const step& b, point way)
 {
     const float e = s.v.elevation(real(y) + .5f);

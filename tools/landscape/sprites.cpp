@@ -76,7 +76,7 @@ vec3 direction(rng& random)
     }
 }
 
-// The share of the light from a direction that reaches a place through the balls.
+// How much of the light that comes from the direction `from` reaches `place` through the balls, 0 to 1.
 float open_towards(vec3 from, const std::vector<ball>& balls, vec3 place)
 {
     float open = 1;

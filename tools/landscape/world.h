@@ -13,10 +13,10 @@ namespace tools {
 
 struct plant {
     point at;
-    float foot, height, width;   // metres; foot: the height of its lower end, a little below the ground
+    float foot, height, width;   // metres; foot: its lower end, a little below the ground; 0: the gunner's eye
     int sprite;
     vec3 colour;
-    float warmer = 0;   // of a tuft: the warmth of the ground
+    float warmer = 0;   // added to the warmth of a low sprite: the ground's for a tuft, 0 for a stone
 };
 
 // A flat piece of a house or a bridge.
@@ -44,7 +44,7 @@ inline constexpr float road_wander = .5f;   // the bends of a road relative to t
 
 // Builds farms, the hamlet with its church, and bridges.
 void build_houses(world&);
-// Adds a tree or bush, with its shadow on the map.
+// Adds a tree or bush `widen` times as wide as it is high, with its shadow on the map.
 void add_tree(world&, point, growth, float height, float widen);
 
 }   // namespace tools

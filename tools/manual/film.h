@@ -12,8 +12,8 @@ namespace vorn {
 
 class film : public QObject {
 public:
-    // `part`: of the sight, twips; `keys`: those shown below it; `name`: of the files of the frames, without
-    // the numbers.
+    // `part`: of the sight, twips; `keys`: those shown below the sight; `name`: of the frames' files, without
+    // their numbers.
     film(camera& c, gunnery_screen& s, QRectF part, QString keys, QString name)
         : c_(c), s_(s), part_(part), keys_(std::move(keys)), name_(std::move(name)), next_(c.time)
     {
