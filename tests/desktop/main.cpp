@@ -10,6 +10,14 @@ extern "C" const char* __lsan_default_suppressions()
     return "leak:libfontconfig\nleak:libdbus\n";
 }
 
+// The sanitizer guesses where the thread-local variables of a loaded library are. A wrong guess makes it crash
+// when it looks for leaks at the end of the program.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+extern "C" const char* __asan_default_options()
+{
+    return "intercept_tls_get_addr=0";
+}
+
 int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
