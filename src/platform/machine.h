@@ -4,17 +4,15 @@
 #pragma once
 
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "platform/objects.h"
+#include "platform/screens.h"
 
 namespace vorn {
-
-// The shortest interval of a timer, in seconds: a timer with an Interval of 1 ms ticks every 16 ms.
-inline constexpr double timer_floor = 0.016;
 
 enum class box_buttons { ok, yes_no };
 enum class box_sign { none, information, question };
@@ -40,8 +38,8 @@ struct file_dialog {
 };
 
 struct loaded_picture {
-    std::optional<picture> result;
-    std::string reason;   // why it could not be loaded
+    std::optional<picture> result = {};
+    std::string reason = {};   // why it could not be loaded
 };
 
 struct print_outcome {
@@ -58,18 +56,6 @@ struct printed_line {
     bool underline = false;
 };
 
-// Which screens are loaded and shown. Only the functions at the end of this file change it.
-struct screen_stack {
-    struct arrival {
-        form* screen;
-        int depth;   // nesting depth of the handler that caused the arrival; the arrival runs after it
-    };
-    std::vector<form*> loaded;
-    std::vector<form*> shown;   // the last one is in front
-    std::vector<arrival> arrivals;
-    int depth = 0;   // nesting depth of the running handlers
-};
-
 enum class round_kind { fin, hesh, coax };
 
 // The impact of a main gun round that missed, or of a coax round.
@@ -84,7 +70,11 @@ struct strike {
 
 class machine {
 public:
-    machine();   // starts in the working directory of the process
+    machine()   // starts in the working directory of the process
+    {
+        std::error_code failed;
+        working_directory = std::filesystem::current_path(failed);
+    }
     machine(const machine&) = delete;
     machine& operator=(const machine&) = delete;
     virtual ~machine() = default;
@@ -132,30 +122,5 @@ public:
     std::string default_directory;             // the program directory; if it has no data, the user is asked
     screen_stack screens;
 };
-
-// `show` loads a screen if necessary and brings it to the front. The screen's arrival handler runs after the
-// handler that showed it has returned. Hiding or unloading the front screen brings the next one to the front.
-void load(machine&, form&);
-void show(machine&, form&);
-void hide(machine&, form&);
-void unload(machine&, form&);
-form* front(const machine&);
-// To be called when the user closes the window. Runs the Click handler of the exit button, which may be
-// hidden. On a screen without an exit button it runs `closed`.
-void close_by_frame(form&);
-// To be called when a joystick has been connected or disconnected. Runs the JoystickChanged handlers of all
-// loaded screens.
-void joystick_changed(machine&);
-
-// Runs the handler of one event, then the arrival handlers that it has queued.
-void handle(machine&, const std::function<void()>& event);
-
-// Time of the next tick in seconds on the machine's clock; infinity if there is none.
-double next_tick(machine&);
-// The latest time at which the machine must deliver ticks again: each timer may be late by its slack.
-double next_wake(machine&);
-// Runs the handlers of the due timers, each once, in the order of their due times, and `after_each` after
-// each of them. A timer never ticks inside its own handler.
-void deliver_ticks(machine&, const std::function<void()>& after_each = {});
 
 }   // namespace vorn
