@@ -24,4 +24,5 @@ none "the state includes nothing above it" "$include($above|platform)" src/state
 # main.cpp starts the trainer.
 none "the platform includes nothing above it" "$include(?!gunnery/sight.h)$above" src/platform --exclude=main.cpp
 none "only the platform knows the two machines" "${include}platform/(headless|desktop)" src --exclude-dir=platform
+none "drawing doesn't know the windows" "${include}platform/desktop/(windows|dialogs)" src/platform/desktop/drawing
 exit $failed

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/desktop/windows/look.h"
+#include "platform/desktop/drawing/look.h"
 #include "platform/desktop/windows/widgets.h"
 #include "ranges/author.h"
 #include "trainer_fixture.h"

@@ -2,7 +2,7 @@
 
 #include "gunnery/sight.h"
 #include "platform/desktop/drawing/drawings.h"
-#include "platform/desktop/windows/look.h"
+#include "platform/desktop/drawing/look.h"
 #include "trainer_fixture.h"
 
 namespace vorn::desktop_tests {

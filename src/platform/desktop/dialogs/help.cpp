@@ -12,7 +12,7 @@
 #include <algorithm>
 
 #include "platform/desktop/dialogs/help_page.h"
-#include "platform/desktop/windows/look.h"
+#include "platform/desktop/drawing/look.h"
 
 namespace vorn {
 

@@ -13,7 +13,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
-#include "platform/desktop/windows/look.h"
+#include "platform/desktop/drawing/look.h"
 
 namespace vorn {
 

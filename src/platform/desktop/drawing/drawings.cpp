@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "platform/desktop/windows/look.h"
+#include "platform/desktop/drawing/look.h"
 
 namespace vorn {
 

@@ -1,4 +1,4 @@
-#include "platform/desktop/windows/look.h"
+#include "platform/desktop/drawing/look.h"
 
 #include <QPainter>
 #include <QStyleOption>
@@ -49,7 +49,7 @@ QRectF inside(const QRect& r, double line)
     return QRectF(r).adjusted(line / 2, line / 2, -line / 2, -line / 2);
 }
 
-QColor outline(const QStyleOption& o)
+QColor edge_of(const QStyleOption& o)
 {
     const QColor edge(control_colour::edge);
     if (!has(o, QStyle::State_Enabled)) return edge;
@@ -74,7 +74,7 @@ void draw_button_face(QPainter& p, const QStyleOption& o, double scale)
     QLinearGradient fill(r.topLeft(), r.bottomLeft());
     fill.setColorAt(0, raised ? face.lighter(116) : face);
     fill.setColorAt(1, raised ? face.darker(112) : face);
-    draw_rounded(p, o.rect, fill, outline(o), 3 * scale, scale);
+    draw_rounded(p, o.rect, fill, edge_of(o), 3 * scale, scale);
     if (!has(o, QStyle::State_HasFocus) || !has(o, QStyle::State_Enabled)) return;
     p.setBrush(Qt::NoBrush);
     p.setPen(QPen(mixed(face, shade(colour::live), 0.4), line));
@@ -95,7 +95,7 @@ QColor mark_shade(const QStyleOption& o)
 
 void draw_option_mark(QPainter& p, const QStyleOption& o, double scale)
 {
-    draw_rounded(p, o.rect, QColor(control_colour::field), outline(o), o.rect.width() / 2.0, scale);
+    draw_rounded(p, o.rect, QColor(control_colour::field), edge_of(o), o.rect.width() / 2.0, scale);
     if (!has(o, QStyle::State_On)) return;
     const double inset = o.rect.width() * 0.27;
     p.setPen(Qt::NoPen);
@@ -105,7 +105,7 @@ void draw_option_mark(QPainter& p, const QStyleOption& o, double scale)
 
 void draw_check_mark(QPainter& p, const QStyleOption& o, double scale)
 {
-    draw_rounded(p, o.rect, QColor(control_colour::field), outline(o), 2.5 * scale, scale);
+    draw_rounded(p, o.rect, QColor(control_colour::field), edge_of(o), 2.5 * scale, scale);
     if (!has(o, QStyle::State_On)) return;
     const QRectF r(o.rect);
     const auto at = [&](double x, double y) {
@@ -125,7 +125,7 @@ void draw_focus(QPainter& p, const QStyleOption& o, double scale)
 void draw_field(QPainter& p, const QStyleOption& o, double scale)
 {
     const QColor field(control_colour::field), disabled = mixed(field, QColor(control_colour::panel), 0.6);
-    draw_rounded(p, o.rect, has(o, QStyle::State_Enabled) ? field : disabled, outline(o), 2 * scale, scale);
+    draw_rounded(p, o.rect, has(o, QStyle::State_Enabled) ? field : disabled, edge_of(o), 2 * scale, scale);
 }
 
 void draw_frame(QPainter& p, const QStyleOptionGroupBox& o, double scale)

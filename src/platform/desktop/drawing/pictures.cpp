@@ -95,19 +95,19 @@ static QString find_twin(const QFileInfo& file, const QSize& natural, const QStr
 loaded_picture read_picture(const std::string& source, const std::string& path, const QString& more_twins)
 {
     const QFileInfo file(QString::fromStdString(path));
-    if (!file.exists()) return {std::nullopt, "The file does not exist."};
-    if (!file.isFile()) return {std::nullopt, "It is not a file."};
+    if (!file.exists()) return {.reason = "The file does not exist."};
+    if (!file.isFile()) return {.reason = "It is not a file."};
     QFile bytes(file.filePath());
     const QByteArray format = bytes.open(QIODevice::ReadOnly) ? picture_format(bytes) : QByteArray();
-    if (format.isEmpty()) return {std::nullopt, "It is not a picture that can be read."};
+    if (format.isEmpty()) return {.reason = "It is not a picture that can be read."};
     QImageReader reader(&bytes, format);
     reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(false);
     if (qint64{4} * reader.size().width() * reader.size().height() > qint64{largest_picture_mb} * 1024 * 1024)
-        return {std::nullopt, "The picture is too large."};
+        return {.reason = "The picture is too large."};
     auto pixels = std::make_shared<decoded_picture>();
     pixels->sizes = read_sizes(reader);
-    if (pixels->sizes.empty()) return {std::nullopt, "It is not a picture that can be read."};
+    if (pixels->sizes.empty()) return {.reason = "It is not a picture that can be read."};
     const QSize natural = pixels->sizes.back().size();
     pixels->twin = find_twin(file, natural, more_twins);
     QImage& largest = pixels->sizes.back();

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/desktop/drawing/look.h"
 #include "platform/desktop/drawing/pictures.h"
-#include "platform/desktop/windows/look.h"
 
 namespace vorn {
 

@@ -10,8 +10,8 @@
 #include "gunnery/sight.h"
 #include "platform/desktop/drawing/drawings.h"
 #include "platform/desktop/drawing/effects.h"
+#include "platform/desktop/drawing/look.h"
 #include "platform/desktop/drawing/pictures.h"
-#include "platform/desktop/windows/look.h"
 #include "state/numbers.h"
 
 namespace vorn {

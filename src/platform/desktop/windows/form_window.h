@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
+#include "platform/desktop/drawing/look.h"
 #include "platform/desktop/windows/arrangement.h"
-#include "platform/desktop/windows/look.h"
 #include "platform/desktop/windows/widgets.h"
 
 class QAbstractButton;

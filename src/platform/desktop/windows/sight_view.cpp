@@ -8,9 +8,9 @@
 
 #include "platform/desktop/drawing/drawings.h"
 #include "platform/desktop/drawing/effects.h"
+#include "platform/desktop/drawing/look.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/drawing/sight.h"
-#include "platform/desktop/windows/look.h"
 
 namespace vorn {
 

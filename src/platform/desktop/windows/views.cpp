@@ -10,9 +10,9 @@
 #include <utility>
 
 #include "platform/desktop/drawing/drawings.h"
+#include "platform/desktop/drawing/look.h"
 #include "platform/desktop/drawing/pictures.h"
 #include "platform/desktop/drawing/sight.h"
-#include "platform/desktop/windows/look.h"
 
 namespace vorn {
 

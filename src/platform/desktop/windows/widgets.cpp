@@ -10,8 +10,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/desktop/drawing/look.h"
 #include "platform/desktop/drawing/sight.h"
-#include "platform/desktop/windows/look.h"
 #include "platform/desktop/windows/sight_view.h"
 #include "platform/desktop/windows/views.h"
 
