@@ -11,7 +11,6 @@ namespace {
 
 using S = joycal_screen;
 
-constexpr int escape_key = 27;                    // virtual key code
 constexpr double dot_from = 120, dot_to = 2880;   // bounds of the dot's Left and Top, twips
 
 // One axis of the stick: its readings, the values computed from them, its labels, and the coordinate of the

@@ -76,7 +76,7 @@ void details(S& s)
     double top = 375;
     for (const auto& r : rows) {
         in.caption(label({180, top + 60, 1560, 300}, r.words, colour::dim));
-        object_fields f = with_tip(textbox({1800, top, 3195, 420}, ""), r.tip);
+        object_fields f = with_tip(textbox({1800, top, 3195, 420}), r.tip);
         f.ReadOnly = true;
         in.add(r.box, std::move(f));
         top += 540;

@@ -52,12 +52,6 @@ void show_facts(const practice_state& p, results_screen& s)
     s.lbltargetrange.Caption = number(p.recrange[e]);
 }
 
-void place(screen_object& mark, double left, double top)
-{
-    mark.Left = left;
-    mark.Top = top;
-}
-
 // Whether this round wasn't fired at this target, by the number of rounds in the record. The record can still
 // contain such a round: from an earlier practice, or fired before the target came up. recrounds is at most 3,
 // so after three rounds the fourth also counts as fired.
@@ -86,9 +80,9 @@ void place_markers(const practice_state& p, results_screen& s, int round)
     const int e = s.selectedengagement;
     const double scale = s.markerscale;
     const double left = s.Shape1.Left, top = s.Shape1.Top;
-    place(s.Imagepoa, left - p.recaimx[e][round] * scale, top + p.recaimy[e][round] * scale);
-    place(s.Imglaze, left - p.reclazex[e] * scale, top + p.reclazey[e] * scale);
-    place(s.Imgfos, left - p.recfallx[e][round] * scale, top - p.recfally[e][round] * scale);
+    place_at(s.Imagepoa, left - p.recaimx[e][round] * scale, top + p.recaimy[e][round] * scale);
+    place_at(s.Imglaze, left - p.reclazex[e] * scale, top + p.reclazey[e] * scale);
+    place_at(s.Imgfos, left - p.recfallx[e][round] * scale, top - p.recfally[e][round] * scale);
     s.Imagepoa.Pale = never_fired(p, e, round);
     // An auto-repeat of the trigger in a visual coax burst records an aim and no fall of shot.
     s.Imgfos.Pale = s.Imagepoa.Pale || (p.recfallx[e][round] == 0 && p.recfally[e][round] == 0);
@@ -104,7 +98,8 @@ void outline_killbox(const practice_state& p, results_screen& s)
     const auto kind = p.resultmode == "THERMAL" ? sight_kind::thermal : sight_kind::visual;
     const kill_box box = kill_box_of(kind, width, width, width / p.killarea);
     const double scale = s.markerscale;
-    place(s.killbox, s.Shape1.Left + mark / 2 + box.left * scale, s.Shape1.Top + mark / 2 + box.top * scale);
+    place_at(s.killbox, s.Shape1.Left + mark / 2 + box.left * scale,
+             s.Shape1.Top + mark / 2 + box.top * scale);
     s.killbox.Width = (box.right - box.left) * scale;
     s.killbox.Height = (box.bottom - box.top) * scale;
 }
@@ -140,8 +135,8 @@ void point_at_target(const practice_state& p, results_screen& s)
     const bool ownpicture = s.originalrange.Picture != s.originalrange.design->Picture;
     s.imgtargetpointer.Visible = ownpicture && s.overviewscalex > 0 && s.overviewscaley > 0;
     if (!s.imgtargetpointer.Visible) return;
-    s.imgtargetpointer.Left = s.Imgrange.Left + static_cast<double>(p.recx[e]) / s.overviewscalex;
-    s.imgtargetpointer.Top = s.Imgrange.Top + static_cast<double>(p.recy[e]) / s.overviewscaley;
+    place_at(s.imgtargetpointer, s.Imgrange.Left + static_cast<double>(p.recx[e]) / s.overviewscalex,
+             s.Imgrange.Top + static_cast<double>(p.recy[e]) / s.overviewscaley);
 }
 
 void target(trainer& t)
@@ -178,8 +173,8 @@ void cmdround_click(trainer& t, int round)
     results_screen& s = t.results;
     const int e = s.selectedengagement;
     place_markers(t.shared, s, round);
-    place(s.Imgthermtarget, s.Imgbam.Left + t.shared.recaimx[e][round],
-          s.Imgbam.Top - t.shared.recaimy[e][round]);
+    place_at(s.Imgthermtarget, s.Imgbam.Left + t.shared.recaimx[e][round],
+             s.Imgbam.Top - t.shared.recaimy[e][round]);
     s.Imgthermtarget.Pale = s.Imagepoa.Pale;
 }
 

@@ -16,13 +16,7 @@ namespace vorn {
 
 namespace {
 
-constexpr const char* box_title = "V. O. R. N.";
 constexpr const char* filter = "VORN Files (*.vrn)|*.vrn|";
-
-void show_box(trainer& t, const std::string& text, const std::string& title = {})
-{
-    t.pc.message_box({text, title});
-}
 
 void results_arrival(trainer& t)
 {
@@ -37,7 +31,7 @@ void results_arrival(trainer& t)
     fillengagements(t);
 }
 
-void save_record(trainer& t)
+void cmdsave_click(trainer& t)
 {
     t.results.outcome.Caption.clear();
     t.shared.resultsfile = left(t.shared.studentdetails.text(), 6) + ".vrn";
@@ -47,10 +41,10 @@ void save_record(trainer& t)
                                           .proposed = t.shared.resultsfile,
                                           .save = true,
                                           .suffix = "vrn"});
-    if (!chosen) return show_box(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+    if (!chosen) return tell(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     t.shared.resultsfile = *chosen;
     if (!write_file(t.pc, t.shared.resultsfile, results_file_bytes(t.shared)).empty())
-        return show_box(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
+        return tell(t, "THERE WAS A SERIOUS ERROR SAVING THAT FILE");
     t.results.outcome.Caption = t.shared.resultsfile + " is saved";
 }
 
@@ -78,18 +72,18 @@ void cmdopen_click(trainer& t)
     s.Cmdopen.Enabled = false;
     const auto chosen = t.pc.choose_file({.title = "OPEN", .filter = filter, .folder = t.shared.rootpath});
     if (chosen) t.shared.resultsfile = *chosen;
-    if (!chosen || !read_record(t)) show_box(t, "THAT FILE COULD NOT BE OPENED");
+    if (!chosen || !read_record(t)) tell(t, "THAT FILE COULD NOT BE OPENED");
     s.Cmdopen.Enabled = true;
 }
 
 void cmdprint_click(trainer& t)
 {
     t.results.outcome.Caption.clear();
-    if (t.shared.resultsfile.empty()) return show_box(t, "NO FILE IS OPEN TO PRINT");
-    if (!asked(t, "DO YOU WISH TO PRINT A RECORD OF " + t.shared.resultsfile, box_title)) return;
+    if (t.shared.resultsfile.empty()) return tell(t, "NO FILE IS OPEN TO PRINT");
+    if (!asked(t, "DO YOU WISH TO PRINT A RECORD OF " + t.shared.resultsfile, program_title)) return;
     const print_outcome done = t.pc.print(report_lines(t.shared), t.shared.studentdetails.trimmed());
     if (!done.reason.empty())
-        return show_box(t, lines({"THE RECORD COULD NOT BE PRINTED", done.reason}), box_title);
+        return tell(t, lines({"THE RECORD COULD NOT BE PRINTED", done.reason}), program_title);
     if (done.cancelled) return;
     t.results.outcome.Caption = done.file.empty() ? "The report is printed" : done.file + " is saved";
 }
@@ -99,13 +93,14 @@ void cmdprint_click(trainer& t)
 void cmddelete_click(trainer& t)
 {
     t.results.outcome.Caption.clear();
-    if (t.shared.resultsfile.empty()) return show_box(t, "NO FILE IS OPEN TO DELETE");
-    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile, box_title, default_button::no))
+    if (t.shared.resultsfile.empty()) return tell(t, "NO FILE IS OPEN TO DELETE");
+    if (!asked(t, "ARE YOU SURE YOU WISH TO DELETE " + t.shared.resultsfile, program_title,
+               default_button::no))
         return;
     const std::string reason = delete_file(t.pc, t.shared.resultsfile);
     if (!reason.empty())
-        return show_box(t, lines({"THAT FILE COULD NOT BE DELETED", t.shared.resultsfile, reason}),
-                        box_title);
+        return tell(t, lines({"THAT FILE COULD NOT BE DELETED", t.shared.resultsfile, reason}),
+                    program_title);
     t.results.outcome.Caption = t.shared.resultsfile + " is deleted";
     t.shared.resultsfile.clear();
     t.results.Txtstudent.Text.clear();
@@ -168,8 +163,7 @@ bool showrange(trainer& t)
     s.imgtargetpointer.Visible = false;
     if (found.result) {
         s.originalrange.Picture = std::move(*found.result);
-        s.originalrange.Width = s.originalrange.Picture.width;
-        s.originalrange.Height = s.originalrange.Picture.height;
+        take_natural_size(s.originalrange);
     }
     s.Imgrange.Picture = s.originalrange.Picture;
     s.overviewscalex = static_cast<std::int32_t>(rounded(s.originalrange.Width / s.Imgrange.Width));
@@ -183,13 +177,13 @@ void make_results(trainer& t)
     design_results(s);
     make_engagements(t);
     s.window.arrival = [&t] { results_arrival(t); };
-    s.Cmdsave.Click = [&t] { save_record(t); };
+    s.Cmdsave.Click = [&t] { cmdsave_click(t); };
     s.Cmdopen.Click = [&t] { cmdopen_click(t); };
     s.Cmdprint.Click = [&t] { cmdprint_click(t); };
     s.Cmddelete.Click = [&t] { cmddelete_click(t); };
     s.cmdnew.Click = [&t] { cmdnew_click(t); };
     s.Cmdreplay.Click = [&t] { cmdreplay_click(t); };
-    s.Cmdexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", box_title); };
+    s.Cmdexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", program_title); };
     s.Cmdhelpon.Click = [&t] { openhelp(t); };
     make_results_hints(s);
 }

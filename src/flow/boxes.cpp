@@ -5,9 +5,14 @@
 
 namespace vorn {
 
+void tell(trainer& t, const std::string& text, const std::string& title)
+{
+    t.pc.message_box({.text = text, .title = title});
+}
+
 void inform(trainer& t, const std::string& text, const std::string& title)
 {
-    t.pc.message_box({text, title, box_buttons::ok, box_sign::information});
+    t.pc.message_box({.text = text, .title = title, .sign = box_sign::information});
 }
 
 bool asked(trainer& t, const std::string& question, const std::string& title, default_button on_return)
@@ -31,18 +36,11 @@ void openhelp(trainer& t)
     t.pc.show_help(t.shared.rootpath + path_separator + "vorn.HLP");
 }
 
-bool joystickrefused(trainer& t)
-{
-    if (!t.shared.joyselected || t.shared.joycalibrated) return false;
-    t.pc.message_box(
-        {"YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST", ""});
-    return true;
-}
-
 std::string lines(std::initializer_list<std::string> text)
 {
+    constexpr const char* line_break = "\n\r";
     std::string all;
-    for (const std::string& line : text) all += (&line == text.begin() ? "" : crlf) + line;
+    for (const std::string& line : text) all += (&line == text.begin() ? "" : line_break) + line;
     return all;
 }
 

@@ -10,8 +10,7 @@ namespace vorn {
 
 struct trainer;
 
-// The line break of message boxes: line feed, then carriage return.
-inline constexpr const char* crlf = "\n\r";
+inline constexpr const char* program_title = "V. O. R. N.";
 // The short name of the program, as the heading and as the title of a box.
 inline constexpr const char* name_heading = "V.O.R N.";
 inline constexpr const char* name_title = "V.O.R.N.";
@@ -20,8 +19,9 @@ std::string lines(std::initializer_list<std::string> text);
 // A heading, a blank line, and the lines of the text.
 std::string headed(const std::string& heading, std::initializer_list<std::string> text);
 
-// Shows a box with the sign for information.
-void inform(trainer&, const std::string& text, const std::string& title = "V. O. R. N.");
+// Shows a plain box, or one with the sign for information.
+void tell(trainer&, const std::string& text, const std::string& title = {});
+void inform(trainer&, const std::string& text, const std::string& title = program_title);
 // Asks a question with Yes and No. Returns true for Yes. Callers make No the default button if Yes ends the
 // program or deletes a file.
 bool asked(trainer&, const std::string& question, const std::string& title,
@@ -32,7 +32,5 @@ bool asked_with_name(trainer&, std::initializer_list<std::string> question);
 void confirmexit(trainer&, const std::string& heading, const std::string& title);
 // Opens the help file at its table of contents.
 void openhelp(trainer&);
-// Shows a box and returns true when the joystick is selected but not calibrated.
-bool joystickrefused(trainer&);
 
 }   // namespace vorn

@@ -31,7 +31,8 @@ void lay_out_hints(form&, screen_object& bar, const area& bar_at, screen_object&
                    const char* first_text = foot_text);
 // Hides the hint, and cancels a pending one.
 void end_hint(const hint_panel&);
-// Makes the hint end also when the cursor moves over these objects.
+// Makes the hint end also when the cursor moves over these objects. They are beside the buttons: a fast mouse
+// can skip the narrow strip of background between.
 void end_hint_over(const hint_panel&, std::initializer_list<screen_object*>);
 // Call it after the buttons' Click handlers are set: it extends them, so that a click also ends the hint.
 void make_hints(const hint_panel&, std::initializer_list<hint> frames, std::initializer_list<hint> buttons);

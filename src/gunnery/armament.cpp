@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "gunnery/count.h"
 #include "gunnery/gunnery.h"
 #include "trainer.h"
 
@@ -42,8 +41,7 @@ void selectround(trainer& t, gunnery_screen& s, ammo_shown a)
     s.ammoselected = r.nature;
     t.shared.recammo[row(t)] = r.caption;
     if (!s.visual()) return;
-    s.Lblammotype.Left = r.Left;
-    s.Lblammotype.Top = r.Top;
+    place_at(s.Lblammotype, r.Left, r.Top);
 }
 
 void nextround(trainer& t, gunnery_screen& s)
@@ -174,45 +172,6 @@ void timloading_tick(trainer& t, gunnery_screen& s)
     loaderreports(t, s);
 }
 
-void explode(trainer& t, gunnery_screen& s)
-{
-    const area& target = s.Imgtargets;
-    s.explodeframe = 1;
-    static_cast<area&>(s.Imgexplode) = {target.Left, target.Top - 100, target.Width + 100,
-                                        target.Height + 100};
-    s.Imgexplode.Picture = s.Imgexp[1].Picture;
-    s.Imgexplode.Visible = true;
-    s.Imgtargets.Fire = s.visual() ? fire::flames : fire::hot;
-    start(s.Timexplode);
-    playsound(t, s, t.shared.voiceson ? "explode.wav" : s.numbers.explosion.voiceless);
-}
-
-void timexplode_tick(gunnery_screen& s)
-{
-    s.explodeframe += 1;
-    s.Imgexplode.Picture = s.Imgexp[s.explodeframe].Picture;
-    if (s.explodeframe <= 14) return;
-    stop(s.Timexplode);
-    s.Imgexplode.Visible = false;
-}
-
-bool killed(const trainer& t, gunnery_screen& s)
-{
-    if (s.nature != coax_transport) return true;
-    s.coaxhits += 1;
-    if (s.coaxhits < t.shared.coaxbursts + s.numbers.coax.bursts) return false;
-    s.coaxhits = 0;
-    return true;
-}
-
-bool inkillbox(const trainer& t, const gunnery_screen& s)
-{
-    const screen_object& target = s.Imgtargets;
-    const kill_box box = kill_box_of(s.kind, target.Width, target.Height, t.shared.killradius);
-    const bool across = s.ammo.Left > target.Left + box.left && s.ammo.Left < target.Left + box.right;
-    return across && s.ammo.Top > target.Top + box.top && s.ammo.Top < target.Top + box.bottom;
-}
-
 void wronground(trainer& t, gunnery_screen& s)
 {
     static constexpr struct {
@@ -229,97 +188,6 @@ void wronground(trainer& t, gunnery_screen& s)
         playsound(t, s, c.voice);   // the thermal screen plays the voice even with voices off
 }
 
-constexpr double fin_speed = 1500, hesh_speed = 670;   // metres per second
-// Seconds. No event is handled during relay and flight. Together they take less than 4 seconds, since a
-// desktop reports after about 5 that a program doesn't respond.
-constexpr double longest_flight = 3.4;
-
-double flightseconds(const gunnery_screen& s, double speed)
-{
-    return std::clamp(s.currentrange / speed, 0.0, longest_flight);
-}
-
-void shotsound(trainer& t, gunnery_screen& s)
-{
-    s.visual() ? playsound(t, s, "fire.wav") : effect(t, s, "fire.wav");
-}
-
-void endflight(trainer& t, gunnery_screen& s, int round, round_kind kind)
-{
-    s.ammo.Visible = false;
-    assessround(t, s, round);
-    if (!s.Imgtargets.Visible || !inkillbox(t, s)) showstrike(t, s, kind);
-}
-
-// The sideways spread of FIN: up to a third of the target's width, always to the right.
-double drawspreadx(trainer& t, const gunnery_screen& s)
-{
-    const double third = s.Imgtargets.Width / 3;
-    return Int(third) - Int(third * Rnd(t.random));
-}
-
-double drawspready(trainer& t, const gunnery_screen& s)
-{
-    return s.visual() ? Int(Rnd(t.random) * 150 - 75) : 0;
-}
-
-void firefin(trainer& t, gunnery_screen& s, int round)
-{
-    const fin_numbers& n = s.numbers.fin;
-    s.hasfired = true;
-    if (!s.visual()) shotsound(t, s);
-    const double spready = drawspready(t, s);
-    const double spreadx = drawspreadx(t, s);
-    const double from = s.mbs1.Top + n.from, to = s.mbs1.Top + n.to.at(s.currentrange);
-    s.ammo.Width = s.ammo.Height = n.size;
-    s.ammo.Left = s.mbs1.Left;
-    s.ammo.Top = from;
-    count(t.pc, from, to, n.step, flightseconds(s, fin_speed), [&](double y) {
-        s.ammo.Top = y + spready;
-        s.ammo.Height = std::max(s.ammo.Height - n.shrink, n.smallest);
-        s.ammo.Width = std::max(s.ammo.Width - n.shrink, n.smallest);
-        s.ammo.Left = std::min(s.ammo.Left + n.drift, s.mbs1.Left + spreadx);
-        s.ammo.Visible = true;
-    });
-    endflight(t, s, round, round_kind::fin);
-}
-
-// With the full system and a lased range, starts a HESH correction and, on the visual sight with AUTO held,
-// reverses the lay. Otherwise clears the correction on the visual sight. Returns the target's upward move.
-double preparehesh(trainer& t, gunnery_screen& s)
-{
-    if (t.shared.systemstatus >= 2 || !s.lazed) {
-        if (s.visual()) s.heshcorrection = 0;
-        return 0;
-    }
-    if (!s.visual() || s.autolaydown) s.lazed = false;
-    const double relayed = s.visual() && s.autolaydown ? relay(t, s) : 0;
-    s.heshcorrecting = true;
-    s.correctstep = 0;
-    return relayed;
-}
-
-void firehesh(trainer& t, gunnery_screen& s, int round)
-{
-    const hesh_numbers& n = s.numbers.hesh;
-    const double spready = n.below + drawspready(t, s);
-    shotsound(t, s);
-    s.hasfired = true;
-    const double relayed = preparehesh(t, s);
-    const double from = s.mbs1.Top - (s.currentrange + n.from), to = s.mbs1.Top + n.to.at(s.currentrange);
-    s.ammo.Top = to;   // the fall of shot if the flight has no counts
-    s.ammo.Left = s.mbs1.Left + (s.windoffset - static_cast<double>(s.heshcorrection));
-    s.ammo.Visible = true;
-    int c = 1;
-    count(t.pc, from, to - relayed, n.step, flightseconds(s, hesh_speed), [&](double y) {
-        c = std::min(c + 1, 340);
-        s.ammo.Height = 360 - c;
-        s.ammo.Width = 360 - c;
-        s.ammo.Top = y + spready;
-    });
-    endflight(t, s, round, round_kind::hesh);
-}
-
 }   // namespace
 
 void showammo(gunnery_screen& s, ammo_shown a)
@@ -331,35 +199,6 @@ void showammo(gunnery_screen& s, ammo_shown a)
 nature_of_target natureshown(const gunnery_screen& s)
 {
     return row_of(s.shown).nature;
-}
-
-void showstrike(trainer& t, const gunnery_screen& s, round_kind kind)
-{
-    t.pc.show_strike({.round = kind,
-                      .hot = !s.visual(),
-                      .ground = &s.Imgrange,
-                      .Left = s.ammo.Left - s.Imgrange.Left,
-                      .Top = s.ammo.Top - s.Imgrange.Top,
-                      .size = target_width(s.numbers, s.currentrange, t.shared.targetsize),
-                      .wind = t.shared.windbias});
-}
-
-void assessround(trainer& t, gunnery_screen& s, int round)
-{
-    t.shared.killradius = static_cast<float>(s.Imgtargets.Width / t.shared.killarea);
-    t.shared.recfallx[row(t)][round] = s.Imgtargets.Left - s.ammo.Left;
-    t.shared.recfally[row(t)][round] = s.Imgtargets.Top - s.ammo.Top;
-    if (!s.Imgtargets.Visible) return;
-    if (!inkillbox(t, s)) {
-        s.loadcount = 1;
-        start(s.Timloading);
-        return;
-    }
-    if (!killed(t, s)) return;
-    s.lblcrew.Caption = "COMD: TARGET STOP !!";
-    callcrew(t, s, "targetstop.wav");
-    explode(t, s);
-    recordhit(t, s);
 }
 
 // The gun fires even without a target, a lay or a lase.
@@ -384,7 +223,6 @@ void keyfire(trainer& t, gunnery_screen& s)
 void make_armament(trainer& t, gunnery_screen& s)
 {
     add(s.window, s.Timloading, 1000, [&t, &s] { timloading_tick(t, s); });
-    add(s.window, s.Timexplode, s.numbers.explosion.interval, [&s] { timexplode_tick(s); });
     s.Cmdselectmain.Click = [&t, &s] { cmdselectmain_click(t, s); };
     s.Cmdmaingun.Click = [&t, &s] { cmdmaingun_click(t, s); };
     s.Cmdcoax.Click = [&t, &s] { cmdcoax_click(t, s); };

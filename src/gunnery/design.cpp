@@ -55,15 +55,15 @@ void practice_buttons(gunnery_screen& s, const layout& l)
 {
     const auto in =
         add_frame(s, s.Frame3, frame({inner, 330, l.inner_width, 3660}, "Simulator Controls"), &s.Frame1);
-    const auto put = [&](screen_object& o, int row, column c, const char* words, const char* hint) {
+    const auto put = [&](screen_object& o, int row, column c, const char* words, const char* hint = "") {
         in.add(o, button(cell(l, 330 + row * row_step, c), words, tip(s, hint)));
     };
-    put(s.Cmdstartsim, 0, column::left, "&START SIM", "");
-    put(s.Cmdstopsim, 0, column::right, "S&TOP SIM", "");
+    put(s.Cmdstartsim, 0, column::left, "&START SIM");
+    put(s.Cmdstopsim, 0, column::right, "S&TOP SIM");
     put(s.Cmdpausesim, 1, column::left, "&PAUSE SIM", "PAUSE");
-    put(s.Cmdhelpon, 1, column::right, pick(s, "HELP", "&HELP"), "");
+    put(s.Cmdhelpon, 1, column::right, pick(s, "HELP", "&HELP"));
     put(s.Cmdmain, 2, column::whole, pick(s, "RETURNT TO SETUP", "&RETURN TO SETUP"), "BACK");
-    put(s.CMDEXIT, 3, column::whole, pick(s, "EXIT VORN", "E&XIT"), "");
+    put(s.CMDEXIT, 3, column::whole, pick(s, "EXIT VORN", "E&XIT"));
     put(s.Cmdtarget, 4, column::whole, pick(s, "SHOW NEXTTAR&GET", "SHOW NEXT TAR&GET"), "SHOW TARGET");
     for (screen_object* o : {&s.Cmdstopsim, &s.Cmdpausesim, &s.Cmdtarget})
         o->Enabled = o->design->Enabled = false;
@@ -74,12 +74,11 @@ void practice_buttons(gunnery_screen& s, const layout& l)
     // The thermal sight doesn't use the slider.
     in.add(s.HScspeed, named(s.visual() ? speed : disabled(speed), "Lay speed"));
     s.window.exit_button = &s.CMDEXIT;
-    constexpr int escape = 27;
     s.window.panel_keys = {{'S', true, &s.Cmdstartsim},
                            {'T', true, &s.Cmdstopsim},
                            {'P', true, &s.Cmdpausesim},
                            {'G', true, &s.Cmdtarget},
-                           {escape, false, &s.Cmdmain}};
+                           {escape_key, false, &s.Cmdmain}};
 }
 
 void information(gunnery_screen& s, const layout& l)
@@ -106,7 +105,7 @@ void information(gunnery_screen& s, const layout& l)
 
 void lights(gunnery_screen& s, const layout& l)
 {
-    const object_fields empty = named(frame({inner, 6000, l.inner_width, 1350}, ""), "Lights");
+    const object_fields empty = named(frame({inner, 6000, l.inner_width, 1350}), "Lights");
     const auto in = add_frame(s, s.visual() ? s.Frame5 : s.Frame4, empty, &s.Frame1);
     if (s.visual()) add(s.window, s.Frame4, hidden(empty), &s.Frame1);
     struct lamp {
@@ -211,7 +210,7 @@ void title_and_crew(gunnery_screen& s)
 
 void visual_display(gunnery_screen& s)
 {
-    const auto in = add_frame(s, s.Frame2, frame({2970, 1310, 2655, 3000}, ""));
+    const auto in = add_frame(s, s.Frame2, frame({2970, 1310, 2655, 3000}));
     dock_beside(s.Frame2, 1);
     auto& flat = s.Frame2.flat = {.Width = 3660, .Height = flat_height};
     const auto heading = [&](double top, const char* words, area flat_place) {

@@ -12,19 +12,19 @@ struct trainer;
 
 using coordinate = double object_fields::*;
 
-// setup.cpp, design.cpp: the screen as a whole.
+// reset.cpp, design.cpp: the screen as a whole.
 void make_gunnery(trainer&, gunnery_screen&);
 void design_gunnery(gunnery_screen&);
 // Prepares the screen for the next practice. If the range or one of its pictures can't be read, shows a box,
 // goes back to the set-up screen and returns false.
 bool screenreset(trainer&, gunnery_screen&);
-// Sets the caption of the pause button to what a click on it will do.
-void showpause(gunnery_screen&, bool paused);
 
 // sequencer.cpp: orders and targets.
 void make_sequencer(trainer&, gunnery_screen&);
 void nexttarget(trainer&, gunnery_screen&);
 void cmdstopsim_click(trainer&, gunnery_screen&);
+// Sets the caption of the pause button to what a click on it will do.
+void showpause(gunnery_screen&, bool paused);
 
 // slew.cpp: the commander's lay. Returns false if a stop, reset or unload has ended the practice meanwhile.
 bool commanderslay(trainer&, gunnery_screen&);
@@ -66,17 +66,22 @@ void keyautolay(trainer&, gunnery_screen&);
 // Reverses a HESH lay when the round is fired. Returns by how many twips the target moved up.
 double relay(trainer&, gunnery_screen&);
 
-// armament.cpp: weapons, the loader, the trigger, and the flight and hit of a round.
+// armament.cpp: weapons, the loader and the trigger.
 void make_armament(trainer&, gunnery_screen&);
 void keyfire(trainer&, gunnery_screen&);
-// Records the fall of shot of this round and tests it against the kill box.
-void assessround(trainer&, gunnery_screen&, int round);
-// Makes the machine show where the round has come down.
-void showstrike(trainer&, const gunnery_screen&, round_kind);
 // Sets `shown` and the caption of Lblammotype. Doesn't move the label.
 void showammo(gunnery_screen&, ammo_shown);
 // The nature of the round in `shown`: HESH also for hesh_as_fin and hesh_as_dst; no_nature for `nothing`.
 nature_of_target natureshown(const gunnery_screen&);
+
+// flight.cpp: the flight and the hit of a round.
+void make_flight(gunnery_screen&);
+void firefin(trainer&, gunnery_screen&, int round);
+void firehesh(trainer&, gunnery_screen&, int round);
+// Records the fall of shot of this round and tests it against the kill box. Returns false if it has missed.
+bool assessround(trainer&, gunnery_screen&, int round);
+// Makes the machine show where the round has come down.
+void showstrike(trainer&, const gunnery_screen&, round_kind);
 
 // coax.cpp
 void make_coax(trainer&, gunnery_screen&);

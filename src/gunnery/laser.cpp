@@ -29,34 +29,25 @@ void recordlaze(trainer& t, const gunnery_screen& s)
     t.shared.reclazey[row(t)] = aimdown(s);
 }
 
-int16& rangehere(trainer& t, const gunnery_screen& s)
-{
-    return t.shared.targetrange[s.currenttarget];
-}
-
-void place(area& mark, const area& at)
-{
-    mark = at;
-}
-
 // Shows a mark of random size near the aim point, for a lase beside the target.
 void straymark(trainer& t, screen_object& mark, double middle, double top)
 {
     const double height = Int(Rnd(t.random) * 600);
-    place(mark, {middle - height, top, 2 * height, height});
+    static_cast<area&>(mark) = {middle - height, top, 2 * height, height};
     mark.Visible = true;
 }
 
 void visual_mark(trainer& t, gunnery_screen& s)
 {
     if (!s.Imgtargets.Visible) {
-        place(s.laze, {s.mbs1.Left, s.mbs1.Top, 200, 100});
+        static_cast<area&>(s.laze) = {s.mbs1.Left, s.mbs1.Top, 200, 100};
         s.laze.Visible = true;
     } else if (!betweensides(s)) {
         straymark(t, s.laze, s.mbs.Left, s.mbs1.Top);
     } else if (betweenedges(s)) {
         const double height = s.Imgtargets.Height;
-        place(s.laze, {s.mbs1.Left - (height - 30), s.mbs1.Top - (height / 2 - 30), 2 * height, height});
+        static_cast<area&>(s.laze) = {s.mbs1.Left - (height - 30), s.mbs1.Top - (height / 2 - 30), 2 * height,
+                                      height};
         if (t.shared.systemstatus < 2) s.laze.Visible = true;
     } else {
         return;   // above or below the target: no new mark or lay
@@ -68,7 +59,7 @@ void marktarget(trainer& t, gunnery_screen& s)
 {
     const double size = s.Imgtargets.Height;
     for (screen_object* mark : {&s.imgbam, &s.Imglam})
-        place(*mark, {s.mbs1.Left - (size / 2 - 30), s.mbs1.Top - (size / 2 - 30), size, size});
+        static_cast<area&>(*mark) = {s.mbs1.Left - (size / 2 - 30), s.mbs1.Top - (size / 2 - 30), size, size};
     s.imgbam.Visible = true;
     s.layready = true;
     t.shared.recwidth[row(t)] = s.Imgtargets.Width;
@@ -78,7 +69,7 @@ void thermal_mark(trainer& t, gunnery_screen& s)
 {
     if (!s.Imgtargets.Visible) {
         const double half = s.imgbam.Width / 2;
-        place(s.imgbam, {s.mbs1.Left - half, s.mbs1.Top - half, 200, 100});
+        static_cast<area&>(s.imgbam) = {s.mbs1.Left - half, s.mbs1.Top - half, 200, 100};
         s.imgbam.Visible = true;
     } else if (!betweensides(s)) {
         straymark(t, s.imgbam, s.mbs1.Left, s.mbs1.Top);
@@ -90,7 +81,7 @@ void thermal_mark(trainer& t, gunnery_screen& s)
 
 void showrange(trainer& t, gunnery_screen& s)
 {
-    s.Lblrange.Caption = std::to_string(rangehere(t, s)) + s.rangesuffix;
+    s.Lblrange.Caption = std::to_string(t.shared.targetrange[s.currenttarget]) + s.rangesuffix;
 }
 
 // In a degraded state a lase switches the thermal sight to its reversionary mark, wherever the gun points.
@@ -138,7 +129,8 @@ void keylaze(trainer& t, gunnery_screen& s)
     if (s.visual()) {
         s.Lblcharge.Visible = false;
         start(s.Timchrg);
-        rangehere(t, s) = std::max<int>(rangehere(t, s), s.numbers.nearest);
+        int16& range = t.shared.targetrange[s.currenttarget];
+        range = std::max<int>(range, s.numbers.nearest);
     }
     s.heshcorrecting = false;
     recordlaze(t, s);

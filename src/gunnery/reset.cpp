@@ -151,8 +151,7 @@ fault loadrange(trainer& t, gunnery_screen& s)
     if (picturefile.empty()) return {t.shared.rangefile, "It names no picture."};
     fault f = loadinto(t, s.Imgrange, picturefile);
     if (!f.reason.empty()) return f;
-    s.Imgrange.Width = s.Imgrange.Picture.width;
-    s.Imgrange.Height = s.Imgrange.Picture.height;
+    take_natural_size(s.Imgrange);
     return loadicons(t, s);
 }
 
@@ -221,14 +220,6 @@ bool screenreset(trainer& t, gunnery_screen& s)
     return true;
 }
 
-// "PAUSE SIM" has an access key until the first pause.
-void showpause(gunnery_screen& s, bool paused)
-{
-    if (s.pauseshown == paused) return;
-    s.pauseshown = paused;
-    s.Cmdpausesim.Caption = paused ? "PAUSE OFF" : "PAUSE SIM";
-}
-
 void make_gunnery(trainer& t, gunnery_screen& s)
 {
     design_gunnery(s);
@@ -238,6 +229,7 @@ void make_gunnery(trainer& t, gunnery_screen& s)
     make_laser(s);
     make_autolay(t, s);
     make_armament(t, s);
+    make_flight(s);
     make_coax(t, s);
     make_crew(t, s);
     make_input(t, s);

@@ -103,23 +103,24 @@ void recordsystem(trainer& t, gunnery_screen& s)
     if (!s.visual()) s.rangesuffix = n == 2 ? "L" : "S";
 }
 
-int rangeof(const trainer& t, int position)
+void drawposition(trainer& t, gunnery_screen& s)
 {
-    return t.shared.targetrange[position];
+    s.targetindex = static_cast<int>(Int(Rnd(t.random) * (practice_entries - 1))) + 1;
 }
 
 // The current candidate may be exactly at the limit; a position drawn to replace it must be nearer. If no
 // position is nearer than the limit, takes the nearest one, since a draw would never succeed.
 void drawnearer(trainer& t, gunnery_screen& s, int limit)
 {
-    if (rangeof(t, s.targetindex) <= limit) return;
-    const auto ranges = t.shared.targetrange.begin();
+    const auto& range = t.shared.targetrange;
+    if (range[s.targetindex] <= limit) return;
+    const auto ranges = range.begin();
     const auto nearest = std::min_element(ranges + 1, ranges + practice_entries);
     if (*nearest >= limit) {
         s.targetindex = static_cast<int>(nearest - ranges);
         return;
     }
-    while (rangeof(t, s.targetindex) >= limit) s.targetindex = static_cast<int>(Int(Rnd(t.random) * 19)) + 1;
+    while (range[s.targetindex] >= limit) drawposition(t, s);
 }
 
 void chooseposition(trainer& t, gunnery_screen& s)
@@ -133,7 +134,7 @@ void chooseposition(trainer& t, gunnery_screen& s)
                                                              : s.Imgtargethesh;
     s.Imgtargets.Picture = holder.Picture;
     s.currenttarget = s.targetindex;
-    s.currentrange = std::max(rangeof(t, s.currenttarget), s.numbers.nearest);
+    s.currentrange = std::max<int>(t.shared.targetrange[s.currenttarget], s.numbers.nearest);
 }
 
 void placetarget(trainer& t, gunnery_screen& s)
@@ -236,10 +237,17 @@ void cmdstopsim_click(trainer& t, gunnery_screen& s)
     practiceend(t, s);
 }
 
+// "PAUSE SIM" has an access key until the first pause.
+void showpause(gunnery_screen& s, bool paused)
+{
+    if (s.pauseshown == paused) return;
+    s.pauseshown = paused;
+    s.Cmdpausesim.Caption = paused ? "PAUSE OFF" : "PAUSE SIM";
+}
+
 void make_sequencer(trainer& t, gunnery_screen& s)
 {
-    add(s.window, s.Timer1, s.numbers.timer1,
-        [&t, &s] { s.targetindex = static_cast<int>(Int(Rnd(t.random) * 19)) + 1; });
+    add(s.window, s.Timer1, s.numbers.timer1, [&t, &s] { drawposition(t, s); });
     s.Timer1.slack = 0.1;   // it only draws a random number: nobody sees a late tick
     add(s.window, s.Timpause, 1000, [&t, &s] { timpause_tick(t, s); });
     add(s.window, s.Timtarget, 1000, [&t, &s] { timtarget_tick(t, s); });

@@ -20,7 +20,7 @@ inline object_fields placed(object_kind kind, area at, std::string caption = {},
     return f;
 }
 
-inline object_fields frame(area at, std::string caption, std::string tip = {})
+inline object_fields frame(area at, std::string caption = {}, std::string tip = {})
 {
     return placed(object_kind::frame, at, std::move(caption), std::move(tip));
 }
@@ -47,7 +47,7 @@ inline object_fields slider(area at, int min, int max, int position, int page = 
     return f;
 }
 
-inline object_fields textbox(area at, std::string text)
+inline object_fields textbox(area at, std::string text = {})
 {
     object_fields f = placed(object_kind::textbox, at);
     f.Text = std::move(text);

@@ -105,13 +105,13 @@ file_text read_file(const machine& m, const std::string& path)
 {
     const fs::path file = from_utf8(find_path(m, path));
     std::error_code failed;
-    if (!fs::exists(file, failed)) return {std::nullopt, "The file does not exist."};
-    if (!fs::is_regular_file(file, failed)) return {std::nullopt, "It is not a file."};
+    if (!fs::exists(file, failed)) return {.reason = "The file does not exist."};
+    if (!fs::is_regular_file(file, failed)) return {.reason = "It is not a file."};
     if (fs::file_size(file, failed) > largest_text_file || failed)
-        return {std::nullopt, "The file is too large."};
+        return {.reason = "The file is too large."};
     std::ifstream in(file, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    if (!in.is_open() || in.bad()) return {std::nullopt, "The file can't be read."};
+    if (!in.is_open() || in.bad()) return {.reason = "The file can't be read."};
     return {std::move(text), {}};
 }
 

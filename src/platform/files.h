@@ -24,8 +24,8 @@ std::string find_path(const machine&, const std::string& path);
 bool file_exists(const machine&, const std::string& path);
 
 struct file_text {
-    std::optional<std::string> text;
-    std::string reason;   // why it could not be read; empty on success
+    std::optional<std::string> text = {};
+    std::string reason = {};   // why it could not be read; empty on success
 };
 
 // Reads a text file of at most 4,000,000 bytes. Refuses anything but a regular file.

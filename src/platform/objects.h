@@ -84,6 +84,11 @@ struct area {
 
     bool operator==(const area&) const = default;
 };
+inline void place_at(area& at, double left, double top)
+{
+    at.Left = left;
+    at.Top = top;
+}
 
 // The visible properties of an object. The machine compares these fields with those it last drew.
 struct object_fields : area {
@@ -110,6 +115,12 @@ struct object_fields : area {
 
     bool operator==(const object_fields&) const = default;
 };
+// Gives an image the natural size of its picture.
+inline void take_natural_size(object_fields& image)
+{
+    image.Width = image.Picture.width;
+    image.Height = image.Picture.height;
+}
 
 struct form;
 struct screen_object;
@@ -145,7 +156,7 @@ struct timer {
     double slack = 0;   // seconds that a tick may be late, so that the program wakes up less often
     std::function<void()> tick;
 
-    // Used by machine.cpp and `start`.
+    // Used by screens.cpp and `start`.
     bool fresh = false;     // started; `due` is not yet set
     bool ticking = false;   // its handler is running
     double due = 0;         // seconds on the machine's clock
@@ -154,6 +165,7 @@ struct timer {
 void start(timer&);
 void stop(timer&);
 
+inline constexpr int escape_key = 27;   // virtual key code
 // A key that clicks a button while the panel of the button is hidden.
 struct panel_key {
     int code = 0;       // virtual key code

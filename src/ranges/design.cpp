@@ -117,7 +117,7 @@ void range_details(S& s)
     const auto in =
         add_frame(s, s.Frame4, frame({7405, frames_top, 3720, frames_height}, "Range Details"), &s.Frame2);
     in.caption(label({180, 420, 750, 300}, "NAME", colour::dim));
-    in.add(s.Textname, with_tip(textbox({960, 360, 2580, 420}, ""), "RANGE NAME"));
+    in.add(s.Textname, with_tip(textbox({960, 360, 2580, 420}), "RANGE NAME"));
     in.caption(label({180, 900, 750, 300}, "TYPE", colour::dim));
     in.add(s.Lblrangetype, with_tip(readout({960, 900, 2580, 300}, "Visual"), "RANGE TYPE"));
     number_buttons(in);
@@ -219,7 +219,7 @@ void design_rauthor(rauthor_screen& s)
 {
     s.window.name = "rauthor";
     s.window.Caption = "V.O.R.N. RANGE EDITOR   (CHALLENGER 1)";
-    add(s.window, s.Frame2, frame({120, 450, 15120, 4920}, ""));
+    add(s.window, s.Frame2, frame({120, 450, 15120, 4920}));
     sight_window(s);
     target_selector(s);
     range_details(s);

@@ -52,9 +52,10 @@ taken loadpicture(trainer& t, const std::string& path)
     putpicture(s, std::move(*loaded.result));
     s.outcome.Caption.clear();
     if (!kept)
-        t.pc.message_box({lines({"THE PATH OF THAT PICTURE IS TOO LONG FOR A RANGE FILE",
-                                 "COPY THE PICTURE INTO THE FOLDER OF THE RANGES FIRST"}),
-                          "PICTURE FAULT"});
+        tell(t,
+             lines({"THE PATH OF THAT PICTURE IS TOO LONG FOR A RANGE FILE",
+                    "COPY THE PICTURE INTO THE FOLDER OF THE RANGES FIRST"}),
+             "PICTURE FAULT");
     return taken::yes;
 }
 
@@ -107,8 +108,7 @@ void showposition(const practice_state& p, rauthor_screen& s, int position)
 {
     if (position == 0) return;   // it has no number and no marker
     const area at = overviewplace(s, p.targetx[position], p.targety[position]);
-    s.Img[position].Left = at.Left;
-    s.Img[position].Top = at.Top;
+    place_at(s.Img[position], at.Left, at.Top);
     showplaced(s, position);
 }
 
@@ -167,11 +167,10 @@ void saverange(trainer& t, const std::string& path)
 void cmdsave_click(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
-    const auto refuse = [&t](const char* reason) { t.pc.message_box({reason, ""}); };
-    if (s.Textname.Text.empty()) return refuse("YOU MUST GIVE THE FILE A VALID NAME");
+    if (s.Textname.Text.empty()) return tell(t, "YOU MUST GIVE THE FILE A VALID NAME");
     const auto unplaced = [](const screen_object& number) { return number.BackColor == colour::darkred; };
     if (std::any_of(std::begin(s.Lbltargetnum) + 1, std::end(s.Lbltargetnum), unplaced))
-        return refuse("NOT ALL TARGETS ARE ALLOCATED");
+        return tell(t, "NOT ALL TARGETS ARE ALLOCATED");
     const auto chosen = t.pc.choose_file({.title = "SAVE",
                                           .filter = range_filter,
                                           .folder = t.shared.rootpath,

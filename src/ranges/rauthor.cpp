@@ -59,8 +59,6 @@ void make_rauthor_hints(rauthor_screen& s)
                 {&s.Cmdstart, "return to practice editor"},
                 {&s.Cmdexit, "Exit from VORN"},
                 {&s.Command1, "Open help file"}});
-    // A fast mouse can skip the narrow strip of background between the buttons and these frames. So the
-    // frames end the hint too.
     end_hint_over(hints_of(s), {&s.Frame2, &s.Frame3, &s.Frame4, &s.Frame5});
 }
 

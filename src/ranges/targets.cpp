@@ -43,8 +43,7 @@ void lblsavetarget_click(trainer& t)
 {
     rauthor_screen& s = t.rauthor;
     const int n = s.target;
-    s.Img[n].Left = s.Imgpoint.Left + marker_aside;
-    s.Img[n].Top = s.Imgpoint.Top + marker_aside;
+    place_at(s.Img[n], s.Imgpoint.Left + marker_aside, s.Imgpoint.Top + marker_aside);
     showplaced(s, n);
     t.shared.targetx[n] = static_cast<std::int32_t>(rounded(s.pointx));
     t.shared.targety[n] = static_cast<std::int32_t>(rounded(s.pointy));
@@ -60,7 +59,7 @@ void lbltargetrange_click(trainer& t)
     const auto typed = t.pc.input_box("ALTER RANGE", "ENTER NEW RANGE", t.rauthor.Lbltgtrange.Caption);
     if (!typed) return;
     if (const auto metres = range_of(*typed)) return settargetrange(t.rauthor, *metres);
-    t.pc.message_box({"A RANGE IS A WHOLE NUMBER OF METRES BETWEEN 0 AND 32767", "ALTER RANGE"});
+    tell(t, "A RANGE IS A WHOLE NUMBER OF METRES BETWEEN 0 AND 32767", "ALTER RANGE");
 }
 
 std::string& icontext(practice_state& p, int icon)

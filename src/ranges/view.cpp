@@ -15,53 +15,49 @@ using S = rauthor_screen;
 constexpr double pointer = 240;
 constexpr int as_fast_as_possible = 1;   // milliseconds
 
-// Limits of the picture's movement, twips. The picture stops when its edge is near the sight window's edge.
-constexpr double near_edge = -120;
-constexpr double window_width = 3000, window_height = 2500;
-constexpr double spare_below = 100, spare_right = 1;
+// An axis along which the picture moves. At the limits, in twips, its edge is near that of the sight window.
+struct axis {
+    double area::*place;
+    double area::*extent;
+    double rauthor_screen::*point;
+    double window;   // width or height of the sight window
+    double spare;
+};
+constexpr axis across{&area::Left, &area::Width, &S::pointx, 3000, 1};
+constexpr axis down{&area::Top, &area::Height, &S::pointy, 2500, 100};
 
 void showpoint(S& s)
 {
     s.Lblx.Caption = number_text(s.pointx);
     s.Lbly.Caption = number_text(s.pointy);
     const area at = overviewplace(s, s.pointx, s.pointy);
-    s.Imgpoint.Left = at.Left;
-    s.Imgpoint.Top = at.Top;
+    place_at(s.Imgpoint, at.Left, at.Top);
 }
 
-// Moves the picture by `stepx` unless it has reached a limit. With `back` the limit of moves to the right is
-// tested, otherwise that of moves to the left.
-void movex(S& s, bool back)
+// Moves the picture by this many twips, to the right or down if positive, unless it has reached the limit of
+// moves to the right or down (`back`) or of the opposite ones.
+void move(S& s, const axis& a, int twips, bool back)
 {
-    const area& p = s.Imagerange;
-    if (back ? p.Left >= near_edge : p.Left <= spare_right - p.Width + window_width) return;
-    s.Imagerange.Left += s.stepx;
-    s.pointx -= s.stepx;
+    constexpr double near_edge = -120;
+    double& at = s.Imagerange.*a.place;
+    if (back ? at >= near_edge : at <= a.spare - s.Imagerange.*a.extent + a.window) return;
+    at += twips;
+    s.*a.point -= twips;
     showpoint(s);
-}
-
-void movey(S& s, bool back)
-{
-    const area& p = s.Imagerange;
-    if (back ? p.Top >= near_edge : p.Top <= spare_below - p.Height + window_height) return;
-    s.Imagerange.Top += s.stepy;
-    s.pointy -= s.stepy;
-    showpoint(s);
-    proposerange(s);
+    if (&a == &down) proposerange(s);
 }
 
 // Moves the marked point towards a place in the overview, in the steps of the small arrows.
 void moveto(S& s, double x, double y)
 {
     constexpr int small_step = 100;
-    const auto go = [&s](double off, int S::*step, void (*move)(S&, bool back)) {
-        // An arrow may be held down at the same time, so its step is restored below.
-        const int pressed = std::exchange(s.*step, off < 0 ? small_step : -small_step);
-        for (double n = rounded(std::abs(off) / small_step); n > 0; --n) move(s, off < 0);
-        s.*step = pressed;
+    const auto go = [&s](const axis& a, double to) {
+        const double off = to - s.*a.point;
+        for (double n = rounded(std::abs(off) / small_step); n > 0; --n)
+            move(s, a, off < 0 ? small_step : -small_step, off < 0);
     };
-    go(x * s.authorscalex - s.pointx, &S::stepx, movex);
-    go(y * s.authorscaley - s.pointy, &S::stepy, movey);
+    go(across, x * s.authorscalex);
+    go(down, y * s.authorscaley);
 }
 
 void findband(S& s)
@@ -108,15 +104,13 @@ void showmiddle(rauthor_screen& s)
 void hangpicture(rauthor_screen& s, picture p)
 {
     s.Imagerange.Picture = std::move(p);
-    s.Imagerange.Width = s.Imagerange.Picture.width;
-    s.Imagerange.Height = s.Imagerange.Picture.height;
+    take_natural_size(s.Imagerange);
 }
 
 void putpicture(rauthor_screen& s, picture p)
 {
     hangpicture(s, std::move(p));
-    s.Imagerange.Left = -s.Imagerange.Width / 2;
-    s.Imagerange.Top = -s.Imagerange.Height / 2;
+    place_at(s.Imagerange, -s.Imagerange.Width / 2, -s.Imagerange.Height / 2);
     s.Imagerange.Visible = true;
     scaleoverview(s);
     findband(s);
@@ -154,13 +148,13 @@ void make_view(rauthor_screen& s)
         };
         a.button.MouseUp = [&s, clock = a.clock] { stop(s.*clock); };
     }
-    const auto clock = [&s](timer& t, void (*move)(S&, bool back), bool back) {
-        add(s.window, t, as_fast_as_possible, [&s, move, back] { move(s, back); });
+    const auto clock = [&s](timer& t, const axis& a, int S::*step, bool back) {
+        add(s.window, t, as_fast_as_possible, [&s, &a, step, back] { move(s, a, s.*step, back); });
     };
-    clock(s.Timex, movex, true);
-    clock(s.Timex1, movex, false);
-    clock(s.Timey, movey, true);
-    clock(s.Timey1, movey, false);
+    clock(s.Timex, across, &S::stepx, true);
+    clock(s.Timex1, across, &S::stepx, false);
+    clock(s.Timey, down, &S::stepy, true);
+    clock(s.Timey1, down, &S::stepy, false);
 }
 
 }   // namespace vorn

@@ -28,8 +28,7 @@ constexpr const char* instructions =
     "6.For further information click on HELP";
 constexpr const char* choosing =
     "To select a different practice either click on the numbered targets in the next box or select open "
-    "practice "
-    "and choose from the list given. Details will be displayed in the details box.";
+    "practice and choose from the list given. Details will be displayed in the details box.";
 
 // Shows the number of a step of the instructions in the upper right corner of a frame.
 void step(const panel<S>& in, const char* number)
@@ -73,7 +72,7 @@ void student(S& s)
 
 void instructions_frame(S& s)
 {
-    const auto in = add_frame(s, s.Frame3, frame({120, 2550, 3480, 3300}, ""));
+    const auto in = add_frame(s, s.Frame3, frame({120, 2550, 3480, 3300}));
     in.add(s.Label3, label({180, 240, 3150, 2940}, instructions));
     in.add(s.Image1, hidden(image({edge, 150, 3300, 3060}, ":program")));
 }

@@ -24,6 +24,14 @@ void leavefor(trainer& t, form& next)
     hide(t.pc, t.startsim.window);
 }
 
+// Shows a box and returns true when the joystick is selected but not calibrated.
+bool joystickrefused(trainer& t)
+{
+    if (!t.shared.joyselected || t.shared.joycalibrated) return false;
+    tell(t, "YOU NEED TO EITHER SELECT A DIFFERENT CONTROL METHOD OR CALIBRATE YOUR CONTROLLER FIRST");
+    return true;
+}
+
 void cmdstart_click(trainer& t)
 {
     startsim_screen& s = t.startsim;
@@ -92,8 +100,6 @@ void make_startsim_hints(startsim_screen& s)
          {&s.Cmddebrief, "Debrief a practice"},
          {&s.Cmdabout, "Info on the program"},
          {&s.Cmdexit, "Exit from VORN"}});
-    // A fast mouse can skip the narrow strip of background between the buttons and these frames. So the
-    // frames end the hint too.
     end_hint_over(hints, {&s.Frame2, &s.Frame13, &s.Frame9});
 }
 

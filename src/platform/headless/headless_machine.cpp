@@ -92,7 +92,7 @@ void headless_machine::play(const std::string& path)
 
 print_outcome headless_machine::print(const std::vector<printed_line>& lines, const std::string&)
 {
-    if (!printer) return {"There is no printer.", {}};
+    if (!printer) return {.reason = "There is no printer."};
     for (const printed_line& line : lines) note("printed", line.text);
     return {};
 }

@@ -67,7 +67,7 @@ loaded_picture headless_machine::load_picture(const std::string& name)
     std::error_code failed;
     const std::string file = find_path(*this, name);
     const std::filesystem::path path = from_utf8(file);
-    if (!std::filesystem::exists(path, failed)) return {std::nullopt, "The file does not exist."};
+    if (!std::filesystem::exists(path, failed)) return {.reason = "The file does not exist."};
     constexpr std::uintmax_t head = 1 << 20;
     bytes b;
     if (std::filesystem::is_regular_file(path, failed)) {
@@ -78,7 +78,7 @@ loaded_picture headless_machine::load_picture(const std::string& name)
         b.text.resize(static_cast<std::size_t>(in.gcount()));
     }
     const pixels size = size_of(b);
-    if (size.width <= 0 || size.height <= 0) return {std::nullopt, "It is not a picture that can be read."};
+    if (size.width <= 0 || size.height <= 0) return {.reason = "It is not a picture that can be read."};
     const auto twips = [](long n) { return static_cast<double>(n) * twips_per_pixel; };
     return {picture{file, twips(size.width), twips(size.height), nullptr}, {}};
 }
