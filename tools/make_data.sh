@@ -5,7 +5,8 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 source tools/setup.sh
 
-install_missing "${build_packages[@]}" "${run_packages[@]}" flite sox librsvg2-bin imagemagick gifsicle
+install_missing "${build_packages[@]}" "${run_packages[@]}" povray povray-includes imagemagick flite sox \
+    librsvg2-bin gifsicle
 build release
 for target in data pictures sounds help_pictures; do cmake --build --preset release --target "$target"; done
 git status --short data
