@@ -53,8 +53,8 @@ bool take_results(item_reader& items, practice_state& p, const std::function<voi
 {
     int16 count;
     if (!items.take(p.studentdetails) || !items.take(count)) return false;
-    // The loops over the engagements end at targetcount. A count above 15 would include rows that the file
-    // doesn't contain, and one above 16 would index past the end of the tables.
+    // The report goes through the engagements 1 to targetcount. A count above 15 would include rows that the
+    // file doesn't contain, and one above 16 would index past the end of the tables.
     if (count < 0 || count >= stored_rows) return false;
     p.targetcount = count;
     if (!items.take(p.resultrange) || !items.take(p.resultpicture) || !items.take(p.resultmode)) return false;

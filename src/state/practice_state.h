@@ -33,7 +33,7 @@ struct practice_state {
     int practicemode = 1;          // 1 visual, 2 thermal
     bool targetauto = true;        // targets come automatically; otherwise on demand
     int16 targetblocks = 2;        // number of targets divided by 3: 2 to 5
-    int16 targetcount;             // number of engagements in the record; set by START PRACTICE and OPEN
+    int16 targetcount;             // engagements in the record; set only by START PRACTICE and OPEN
     int16 targettime = 30;         // seconds from the order until a miss, plus 1; 500 for Till destroyed
     int16 engagementtype = 1;      // 1 mixed, 2 coax, 3 HESH, 4 FIN and DST
     int16 systemstatus = 1;        // 0 and 1 full system, 2 laze only, 3 TLS only (visual sight: no laser)

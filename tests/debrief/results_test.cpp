@@ -80,7 +80,7 @@ TEST_F(debrief, yes_at_the_end_of_a_practice_shows_its_record)
 TEST_F(debrief, marks_the_aim_and_fall_of_each_round)
 {
     expect_at(s.Imgreptarget, 2040, 1560, "centre");
-    // Twips. The target is 1695 high: scale 1695 / 385, rounded 4. Kill box margin: 385 / 4. Marks: 480 wide.
+    // Twips. Scale: 1695 / 385, rounded 4. Kill box margin: 385 / 4, at this scale 385. Marks: 480 wide.
     expect_at(s.killbox, 2040 + 240 + 385, 1560 + 240 + 385, "kill box");
     EXPECT_TRUE(s.killbox.Width == 770 && s.killbox.Height == 770);
     EXPECT_GT(s.Imgfos.Left + 240, s.killbox.Left + s.killbox.Width) << "the miss lies outside";

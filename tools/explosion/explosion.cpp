@@ -80,7 +80,7 @@ struct placed_puff {
 placed_puff placed(const scene& s, const puff& p, float time)
 {
     const puff_group& g = *p.of;
-    // The wind is weaker near the ground.
+    // Wind and heat carry a puff farther that is thrown higher. Dust along the ground has its own lift.
     const float follows = s.loops ? .8f + 2.5f * p.thrown.y : .35f + 1.6f * p.thrown.y;
     const float carried = .01f * g.lift * (g.along_ground ? 1 : follows);
     const float cooled = 1.45f * std::exp(-std::pow(time / s.cooling, 1.5f));
@@ -269,7 +269,7 @@ vec3 cell_colour(const scene& s, const cell& c, float thick)
     };
     // Dust that has cooled is as warm as the ground; the smoke of a fire is warmer.
     if (s.by_heat) return shown(vec3{1, 1, 1} * ((s.loops ? .95f : .55f) + 1.9f * std::pow(c.heat, 1.4f)));
-    // The factors are below 1: light that is scattered on its way is not lost, it goes deeper into the cloud.
+    // Less than the whole density counts (.5, .3): scattered light isn't lost, it goes deeper into the cloud.
     const float sun = std::exp(-.5f * thick * c.before_sun), sky = std::exp(-.3f * thick * c.before_sky);
     const vec3 lit = mix(soot, earth, c.dust) * (sunlight * sun + skylight * mix(.3f, 1.f, sky));
     // With more heat the glow goes from dark red through orange and yellow to white.

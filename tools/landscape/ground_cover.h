@@ -18,7 +18,7 @@ struct field {
 };
 
 field field_at(const country&, point);
-// Whether this field is a wood at this place.
+// Whether there is wood at this place of the field. Near the hamlet there is none.
 bool wooded(const country&, const field&, point);
 // The share of rough grass at a place, 0 to 1. Some of the fields are rough too.
 float roughness(const country&, point);

@@ -71,7 +71,7 @@ private:
 // if another picture covers it.
 void describe_pictures();
 
-// The dark border behind a sight, over the panel that may surround it.
+// The dark border around a sight. It is stacked below the sight and above a panel that surrounds the sight.
 class sight_edge final : public QWidget {
 public:
     explicit sight_edge(QWidget* parent);
