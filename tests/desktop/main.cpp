@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <cstdio>
 
 // Not reported as leaks: memory that fontconfig and D-Bus keep until the process ends.
 // NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer calls it by this name
@@ -10,8 +9,7 @@ extern "C" const char* __lsan_default_suppressions()
     return "leak:libfontconfig\nleak:libdbus\n";
 }
 
-// The sanitizer guesses where the thread-local variables of a loaded library are. A wrong guess makes it crash
-// when it looks for leaks at the end of the program.
+// Otherwise the sanitizer crashes with some sets of libraries, when it looks for leaks at the end.
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" const char* __asan_default_options()
 {
@@ -25,9 +23,7 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR");
-    if (!scale.isEmpty() && app.devicePixelRatio() != scale.toDouble()) {
-        std::fprintf(stderr, "The device pixel ratio is %g.\n", app.devicePixelRatio());
-        return 1;
-    }
+    if (!scale.isEmpty() && app.devicePixelRatio() != scale.toDouble())
+        qFatal("The device pixel ratio is %g.", app.devicePixelRatio());
     return RUN_ALL_TESTS();
 }

@@ -52,9 +52,8 @@ struct random_user : trainer_test {
         return *pick(all);
     }
 
-    // An action runs from the main event loop, or from that of a box that an earlier action has opened. It
-    // doesn't run from the event loop that QTest runs after a key, since the action with the key hasn't ended
-    // then.
+    // An action runs from the main event loop or from that of a box that an earlier action has opened. QTest
+    // also runs an event loop after a key, while the action with the key hasn't ended: none runs from there.
     void go_on()
     {
         QTimer::singleShot(0, &timers, [this] {

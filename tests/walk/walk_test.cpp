@@ -236,8 +236,7 @@ void press_code(walker& w, bool stick)
     });
 }
 
-// Uses a random object as its kind allows. Nine times in ten it chooses only among the objects that take
-// input.
+// Uses a random object as its kind allows, nine times in ten one that takes input.
 void use_anything(walker& w)
 {
     static constexpr const char* texts[] = {"", "smith", "A name far too long for the thirty characters",
