@@ -86,7 +86,7 @@ cross_cmake() {   # SOURCE BUILD OPTIONS...
 late_libraries=(authz comdlg32 d3d11 d3d9 dxgi mpr netapi32 userenv winspool ws2_32)
 
 # Makes an import library that loads its DLL at the first call.
-make_late_library() {   # IMPORT LIBRARY, NEW IMPORT LIBRARY
+make_late_library() {   # IMPORT_LIBRARY NEW_IMPORT_LIBRARY
     local dll definition=$2.def
     dll=$(x86_64-w64-mingw32-dlltool --identify "$1")
     (echo "LIBRARY $dll" && echo "EXPORTS" && x86_64-w64-mingw32-nm "$1" | sed -n 's/.* T //p' | sort -u) >"$definition"

@@ -21,7 +21,7 @@ struct hint_panel {
     screen_object& bar;
     screen_object& label;
     timer& clock;
-    int& ticks;                          // ticks of `clock` since it was started at a button
+    int& ticks;                          // ticks of `clock` with the cursor on a button
     double below;                        // twips from the top of a button to the top of its hint
     const char* bare_text = foot_text;   // in the bar while the cursor is over the background
 };

@@ -92,7 +92,8 @@ void degraded_laze(trainer& t, gunnery_screen& s)
     reversionarydrop(s);
 }
 
-// Every other tick shows the readout CHRG. It is for display only: the laser can be fired again at once.
+// The second tick after a lase, or after the selection of the main gun, shows the readout CHRG. It is for
+// display only: the laser can be fired again at once.
 void timchrg_tick(gunnery_screen& s)
 {
     s.chargecount += 1;

@@ -57,7 +57,7 @@ struct rauthor_screen {
     float authorscalex = 1, authorscaley = 1;             // twips of the picture per twip of Image1
     double bandbottom = 0, bandtop = 0, bandheight = 0;   // the ground band, twips on the picture
     int stepx = 0, stepy = 0;                             // twips per tick of the arrow pressed last
-    int hintticks = 0;                                    // ticks of Timhelp since it was started at a button
+    int hintticks = 0;                                    // ticks of Timhelp with the cursor on a button
 };
 
 void make_rauthor(trainer&);

@@ -15,13 +15,13 @@ using S = rauthor_screen;
 constexpr double pointer = 240;
 constexpr int as_fast_as_possible = 1;   // milliseconds
 
-// An axis along which the picture moves. At the limits, in twips, its edge is near that of the sight window.
+// An axis along which the picture moves. `move` stops it when its edge is near that of the sight window.
 struct axis {
     double area::*place;
     double area::*extent;
     double rauthor_screen::*point;
     double window;   // width or height of the sight window
-    double spare;
+    double spare;    // twips between the right or lower edges of picture and sight window at which it stops
 };
 constexpr axis across{&area::Left, &area::Width, &S::pointx, 3000, 1};
 constexpr axis down{&area::Top, &area::Height, &S::pointy, 2500, 100};

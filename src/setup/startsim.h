@@ -61,7 +61,7 @@ struct startsim_screen {
     std::deque<screen_object> captions;   // labels and drawings that never change
 
     timer Timhelp;
-    int hintticks = 0;          // ticks of Timhelp since it was started at a button
+    int hintticks = 0;          // ticks of Timhelp with the cursor on a button
     std::string practicefile;   // path of the practice file chosen last
 };
 

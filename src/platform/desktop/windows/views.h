@@ -10,7 +10,7 @@
 
 namespace vorn {
 
-// A button with a picture, or with a caption that is wrapped.
+// The widget of a `button`: shows its picture, or else its caption, wrapped if that is too wide.
 class push_button final : public QPushButton {
 public:
     push_button(const object_fields& fields, QWidget* parent);
