@@ -12,8 +12,8 @@ struct data_place {
     std::filesystem::path used;        // contains the folder "ranges" that the trainer works on
 };
 
-// Finds the data of the program, whose executable is in the folder `program`. Looks in that folder (the data is there on
-// Windows and on a USB stick), then in `usual`, the usual folder of installed data, then in the source tree
+// Finds the data of the program, whose executable is in the folder `program`. Looks in that folder (so on
+// Windows and a USB stick), then in `usual`, the usual folder of installed data, then in the source tree
 // above the build folder. If none has it, returns `usual`: the program finds no data there and asks the user.
 data_place find_data(const std::filesystem::path& program, const std::filesystem::path& usual,
                      const std::filesystem::path& own);
