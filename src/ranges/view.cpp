@@ -34,8 +34,8 @@ void showpoint(S& s)
     place_at(s.Imgpoint, at.Left, at.Top);
 }
 
-// Moves the picture by this many twips, to the right or down if positive, unless it has reached the limit of
-// moves to the right or down (`back`) or of the opposite ones.
+// Moves the picture by this many twips, to the right or down if positive, unless it is at its limit. `back`:
+// tests the limit of moves to the right or down, otherwise that of moves to the left or up.
 void move(S& s, const axis& a, int twips, bool back)
 {
     constexpr double near_edge = -120;

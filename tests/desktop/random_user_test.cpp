@@ -52,8 +52,8 @@ struct random_user : trainer_test {
         return *pick(all);
     }
 
-    // An action runs from the main event loop or from that of a box that an earlier action has opened. QTest
-    // also runs an event loop after a key, while the action with the key hasn't ended: none runs from there.
+    // An action runs from the main event loop or from that of a box that an earlier action has opened, never
+    // from the one that QTest runs after a key: the action with the key hasn't ended then.
     void go_on()
     {
         QTimer::singleShot(0, &timers, [this] {

@@ -50,7 +50,8 @@ picture() {
     shift 3
     for pass in 0 1 2; do draw "$at.$pass.png" "$size" $pass "$@"; done
     # The shadow: its opacity rises with the share of the light that the vehicle keeps off the ground. A loss below a
-    # tenth isn't shown: even far from the vehicle a little of the low sky is hidden. It fades out towards the edges.
+    # tenth isn't shown: even far from the vehicle a little of the low sky is hidden. The shadow fades out
+    # towards the edges of the picture.
     local low high
     low=$(times "$size" 0.05) high=$(times "$size" 0.95-1)
     convert "$at.1.png" -alpha off -colorspace gray -negate -level 10%,100% -evaluate multiply 0.8 \
