@@ -81,7 +81,7 @@ struct since_load : since_reset {
 
     // Crew voice and sound. Each load resets these variables, since an unload stops Timvoice.
     std::string soundfile;
-    bool voicebusy = false;   // a call of the crew is in progress
+    bool voicebusy = false;   // a call by callcrew is in progress; say doesn't set it
     int voicecount = 0;       // Timvoice ticks
 };
 

@@ -46,8 +46,8 @@ struct fin_numbers {
     double drift;      // per step, to the right
 };
 
-// The flight of a HESH round. It starts above the aim point, by `from` plus one twip per metre of range, and
-// ends below the aim point, by its drop.
+// The flight of a HESH round. It starts above the aim point, by `from` plus one twip per metre of range. It
+// ends below the aim point, by its drop less the upward move of a relay.
 struct hesh_numbers {
     double from;
     drop_numbers to;
