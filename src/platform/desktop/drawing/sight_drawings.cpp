@@ -1,6 +1,5 @@
-// Marks of the sights, drawn from paths so that they are sharp at every size: scales and graticule of the
-// visual sight; stadia, aiming and reversionary marks of the thermal sight. Also the explosion and the
-// default target, which are pictures.
+// What a sight shows besides the files in data/pictures: marks drawn from paths, since their places or line
+// widths are computed; the explosion and the default target.
 #include <QPainterPath>
 #include <algorithm>
 #include <charconv>
@@ -113,21 +112,8 @@ void graticule(const canvas& s, int number)
     figure(s, s.point(397, 560), 9, figures[number]);
 }
 
-// The thermal sight -----------------------------------------------------------------------------------------
-
-// Three pairs of bars. The distance between the bars of a pair is the height of a target at one of four
-// ranges.
-void stadia(const canvas& s, int number)
-{
-    static constexpr table<double, 4> heights{430, 330, 230, 165};
-    if (number < 0 || number >= heights.size()) return;
-    const double half = heights[number] / 2;
-    QPainterPath path;
-    for (const double x : {0.0, 180.0, 360.0})
-        for (const double y : {240 - half, 240 + half}) line(path, s.point(x, y), s.point(x + 120, y));
-    stroke(s, path, 1.6);
-}
-
+// The thermal sight. Its other marks are files: these two become as small as a far target, and then their
+// lines are still a pixel wide.
 void laser_mark(const canvas& s, int)
 {
     QPainterPath path;
@@ -155,24 +141,6 @@ void ballistic_mark(const canvas& s, int)
     s.p.setBrush(shade(colour::sight));
     const double r = 2 * s.scale();
     s.p.drawEllipse(s.point(240, 240), r, r);
-}
-
-void reversionary_fin(const canvas& s, int)
-{
-    QPainterPath path;
-    for (const double x : {0.0, 300.0, 600.0, 900.0}) line(path, s.point(x, 120), s.point(x + 180, 120));
-    for (const double x : {10.0, 1070.0}) line(path, s.point(x, 40), s.point(x, 200));
-    stroke(s, path, 1.8);
-}
-
-void reversionary_hesh(const canvas& s, int)
-{
-    QPainterPath path;
-    for (const double y : {15.0, 360.0})
-        for (const double x : {0.0, 300.0, 600.0, 900.0}) line(path, s.point(x, y), s.point(x + 180, y));
-    for (const double x : {10.0, 1070.0})
-        for (const double y : {15.0, 255.0}) line(path, s.point(x, y), s.point(x, y + 105));
-    stroke(s, path, 1.8);
 }
 
 // Pictures --------------------------------------------------------------------------------------------------
@@ -206,9 +174,6 @@ constexpr mark marks[] = {{":scale_left", size_of(figures_left), scale<figures_l
                           {":graticule", {795, 795}, graticule},
                           {":lam", {480, 480}, laser_mark},
                           {":bam", {480, 480}, ballistic_mark},
-                          {":stadia", {480, 480}, stadia},
-                          {":revfin", {1080, 240}, reversionary_fin},
-                          {":revhesh", {1080, 375}, reversionary_hesh},
                           {":target", {}, plain_target},
                           {":explosion", {}, explosion_frame<false>},
                           {":hotexplosion", {}, explosion_frame<true>}};
