@@ -131,7 +131,7 @@ private:
         p.drawImage(0, 0, seen);
         draw_keys(p, QRectF(10, seen.height(), width - 20, bar_height));
         p.end();
-        frame.save(file(count_++), nullptr, hardly_compressed);
+        tools::save(file(count_++), tools::encoded(frame, "png", hardly_compressed));
     }
     QString file(int frame) const
     {

@@ -13,6 +13,7 @@
 
 #include "calibration/joycal.h"
 #include "camera.h"
+#include "common/noise.h"
 #include "debrief/results.h"
 #include "film.h"
 #include "flow/intro.h"
@@ -392,10 +393,7 @@ private:
     // Makes the scatter of the rounds the same each time.
     void scatter(unsigned seed)
     {
-        t.random.source = [seed]() mutable {
-            seed = seed * 1103515245 + 12345;
-            return (seed >> 16 & 0x7fff) / 32768.0;
-        };
+        t.random.source = [random = tools::rng(seed)]() mutable { return random.fine(); };
     }
     void film_fin(gunnery_screen& s)
     {
