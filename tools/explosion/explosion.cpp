@@ -143,9 +143,8 @@ struct cell {
     float density = 0;   // 0 to 1
     float heat = 0, dust = 0;
     float before_sun = 0, before_sky = 0;   // the density that sunlight and skylight have passed through
-    // Of the puffs added to the cell: the greatest closeness (1 in a puff's middle, 0 at its rim, less for a
-    // thin puff), and sums.
-    float closest = -1, weight = 0, merged = 0, solid = 0, age = 0;
+    float closest = -1;   // greatest closeness to a puff: 1 in its middle, 0 at its rim, less for a thin puff
+    float weight = 0, merged = 0, solid = 0, age = 0;   // sums over the puffs that reach the cell
 };
 
 struct block {

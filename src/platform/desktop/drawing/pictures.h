@@ -48,8 +48,8 @@ void forget_twin(const picture&);
 // Whether the twin is still being read; the picture should then be drawn again later.
 bool reads_twin(const picture&);
 
-// Paints what a function draws in the rectangle, from a cache unless it is very large: drawn each time,
-// outlines would take most of a repaint. Different drawings of the same size need different keys.
+// Paints what a function draws in the rectangle. Unless the rectangle is very large, the result is cached,
+// since outlines would take most of a repaint. Different drawings of the same size need different keys.
 void draw_cached(QPainter&, const QString& key, const QRect&, const std::function<void(QPainter&)>&);
 
 // Draws the picture in a rectangle of device pixels.
