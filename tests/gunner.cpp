@@ -11,7 +11,7 @@ namespace vorn {
 
 namespace {
 
-constexpr long centre = 32768;    // of the stick
+constexpr int centre = 32768;     // of the stick
 constexpr double event = 0.016;   // seconds between two stick events
 
 constexpr spot beaten_zone{45, 30};   // its approximate centre, relative to the mark plus the drop, twips
@@ -96,7 +96,7 @@ struct gunner {
         const double middle = across ? p_.joyxcentre : p_.joyycentre;
         const int twips = seconds < 0.05 ? 20 : 100;   // of the view, per event
         const double off = 2 * (across ? p_.joyxfactor : p_.joyyfactor) + 100 * twips;
-        const auto at = static_cast<long>(less ? middle - off + 50 : middle + off + 1);
+        const auto at = static_cast<int>(less ? middle - off + 50 : middle + off + 1);
         for (double t = 0; t < seconds; t += event) {
             pc_.stick(across ? at : centre, across ? centre : at);
             pc_.wait(event);
@@ -160,8 +160,8 @@ struct gunner {
         }
         return std::clamp(4 * (660 - s_.Imgtargets.Width), 600.0, 2250.0);
     }
-    // About where a round falls, relative to the mark, in twips. The small drop of HESH on the thermal sight is
-    // left out. On the visual sight the result holds only without the autolay.
+    // About where a round falls, relative to the mark, in twips. The small drop of HESH on the thermal sight
+    // is left out. On the visual sight the result holds only without the autolay.
     spot drop(double metres) const
     {
         if (order_is("COAX")) return {beaten_zone.x, beaten_zone.y + (s_.visual() ? 2 * metres : metres / 7)};

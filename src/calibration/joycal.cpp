@@ -109,10 +109,10 @@ void joystk_buttondown(trainer& t, S& s, int button)
 // The factor is a twelfth of the distance from the stick's position to the maximum of the axis.
 void takefactor(trainer& t, S& s, const axis_row& a)
 {
-    const long end = t.pc.joystick_reading(a.end), at = t.pc.joystick_reading(a.at);
+    const int end = t.pc.joystick_reading(a.end), at = t.pc.joystick_reading(a.at);
     (s.*a.showsend).Caption = std::to_string(end);
     (s.*a.showsat).Caption = std::to_string(at);
-    t.shared.*a.factor = (static_cast<double>(end) - static_cast<double>(at)) / 12.0;
+    t.shared.*a.factor = (end - at) / 12.0;
 }
 
 // The dot moves like the view in a practice: one twip for each 100 units of the reading beyond the dead
@@ -132,12 +132,12 @@ void trystick(const practice_state& p, S& s, const axis_row& a, double at)
     if (at > high) movedot(s, a, high, at);
 }
 
-void joystk_move(trainer& t, S& s, long x, long y)
+void joystk_move(trainer& t, S& s, int x, int y)
 {
     for (const axis_row& a : axes) takefactor(t, s, a);
     for (const axis_row& a : axes) {
         const bool across = a.along == &object_fields::Left;
-        if (s.calstep > 2) trystick(t.shared, s, a, static_cast<double>(across ? x : y));
+        if (s.calstep > 2) trystick(t.shared, s, a, across ? x : y);
         s.dot.*a.along = std::clamp(s.dot.*a.along, dot_from, dot_to);
     }
 }
@@ -156,7 +156,7 @@ void make_joycal(trainer& t)
     s.window.JoystickChanged = [&t, &s] { showjoystick(t, s); };
     s.window.ButtonDown = [&t, &s](int button) { joystk_buttondown(t, s, button); };
     s.window.ButtonUp = [&s](int button) { lightbutton(s, button, colour::darkred); };
-    s.window.Move = [&t, &s](long x, long y) { joystk_move(t, s, x, y); };
+    s.window.Move = [&t, &s](int x, int y) { joystk_move(t, s, x, y); };
     s.Cmdstart.Click = [&s] { cmdstart_click(s); };
     s.Cmdfinish.Click = [&t] { cmdfinish_click(t); };
 }

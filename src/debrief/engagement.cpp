@@ -95,8 +95,7 @@ void place_markers(const practice_state& p, results_screen& s, int round)
 void outline_killbox(const practice_state& p, results_screen& s)
 {
     const double width = p.recwidth[s.selectedengagement];
-    const auto kind = p.resultmode == "THERMAL" ? sight_kind::thermal : sight_kind::visual;
-    const kill_box box = kill_box_of(kind, width, width, width / p.killarea);
+    const kill_box box = kill_box_of(sight_of(p.resultmode), width, width, width / p.killarea);
     const double scale = s.markerscale;
     place_at(s.killbox, s.Shape1.Left + mark / 2 + box.left * scale,
              s.Shape1.Top + mark / 2 + box.top * scale);

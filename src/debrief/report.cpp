@@ -74,7 +74,11 @@ std::vector<printed_line> report_lines(const practice_state& p)
     std::vector<printed_line> printed;
     for (const std::string& text : report(p, on_paper)) {
         const bool heading = printed.size() < heading_lines;
-        printed.push_back({text, "MS Sans Serif", heading ? 16.0 : 10.0, heading, heading});
+        printed.push_back({.text = text,
+                           .face = "MS Sans Serif",
+                           .size = heading ? 16.0 : 10.0,
+                           .bold = heading,
+                           .underline = heading});
     }
     return printed;
 }

@@ -56,7 +56,8 @@ bool read_record(trainer& t)
     const file_text file = read_file(t.pc, t.shared.resultsfile);
     if (!file.text) return false;
     item_reader items(*file.text);
-    if (!take_results(items, t.shared, [&] { s.Frmtherm.Visible = t.shared.resultmode == "THERMAL"; }))
+    if (!take_results(items, t.shared,
+                      [&] { s.Frmtherm.Visible = sight_of(t.shared.resultmode) == sight_kind::thermal; }))
         return false;
     showdetails(t);
     // Icons are loaded even if the picture fails, since the record is shown all the same.
@@ -183,7 +184,7 @@ void make_results(trainer& t)
     s.Cmddelete.Click = [&t] { cmddelete_click(t); };
     s.cmdnew.Click = [&t] { cmdnew_click(t); };
     s.Cmdreplay.Click = [&t] { cmdreplay_click(t); };
-    s.Cmdexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", program_title); };
+    s.Cmdexit.Click = [&t] { confirmexit(t, program_heading, program_title); };
     s.Cmdhelpon.Click = [&t] { openhelp(t); };
     make_results_hints(s);
 }

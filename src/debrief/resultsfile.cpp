@@ -58,7 +58,7 @@ bool take_results(item_reader& items, practice_state& p, const std::function<voi
     if (count < 0 || count >= stored_rows) return false;
     p.targetcount = count;
     if (!items.take(p.resultrange) || !items.take(p.resultpicture) || !items.take(p.resultmode)) return false;
-    if (head_taken) head_taken();
+    head_taken();
     return each_of_rest(p, [&](auto& field) { return items.take(field); });
 }
 

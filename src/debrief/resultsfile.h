@@ -21,6 +21,6 @@ std::string results_file_bytes(const practice_state&);
 // Reads a record, and calls `head_taken` after its header: student, number of engagements, range, picture,
 // mode. Returns false at the first item that can't be read, or if the number of engagements is negative or
 // above 15; keeps what was read before. Ignores text after the last item.
-bool take_results(item_reader&, practice_state&, const std::function<void()>& head_taken = {});
+bool take_results(item_reader&, practice_state&, const std::function<void()>& head_taken);
 
 }   // namespace vorn

@@ -17,7 +17,11 @@ void inform(trainer& t, const std::string& text, const std::string& title)
 
 bool asked(trainer& t, const std::string& question, const std::string& title, default_button on_return)
 {
-    return t.pc.message_box({question, title, box_buttons::yes_no, box_sign::question, on_return});
+    return t.pc.message_box({.text = question,
+                             .title = title,
+                             .buttons = box_buttons::yes_no,
+                             .sign = box_sign::question,
+                             .on_return = on_return});
 }
 
 bool asked_with_name(trainer& t, std::initializer_list<std::string> question)

@@ -10,6 +10,7 @@ namespace vorn {
 
 struct trainer;
 
+inline constexpr const char* program_heading = "V. O. R. N. ";
 inline constexpr const char* program_title = "V. O. R. N.";
 // The short name of the program, as the heading and as the title of a box.
 inline constexpr const char* name_heading = "V.O.R N.";
@@ -26,7 +27,7 @@ void inform(trainer&, const std::string& text, const std::string& title = progra
 // program or deletes a file.
 bool asked(trainer&, const std::string& question, const std::string& title,
            default_button on_return = default_button::yes);
-// Calls `asked` with the short name of the program as heading and title.
+// Asks a question under the short name of the program.
 bool asked_with_name(trainer&, std::initializer_list<std::string> question);
 // Asks whether to end the program, and ends it on yes.
 void confirmexit(trainer&, const std::string& heading, const std::string& title);

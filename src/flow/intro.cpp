@@ -30,7 +30,7 @@ void make_intro(trainer& t)
     };
     s.lblabout.Click = [&s] { s.Lblabout1.Visible = !s.Lblabout1.Visible; };
     s.lblhelp.Click = [&t] { openhelp(t); };
-    s.lblexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", program_title); };
+    s.lblexit.Click = [&t] { confirmexit(t, program_heading, program_title); };
     for (screen_object* o : {&s.lblstart, &s.lblabout, &s.lblhelp, &s.lblexit})
         o->MouseMove = [&s, o] {
             unhighlight(s);

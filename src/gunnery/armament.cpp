@@ -49,7 +49,7 @@ void nextround(trainer& t, gunnery_screen& s)
     static constexpr ammo_shown cycle[] = {ammo_shown::fin, ammo_shown::dst, ammo_shown::hesh};
     s.ammoindex = s.ammoindex >= 2 ? 0 : s.ammoindex + 1;
     s.Cmdfire.Enabled = true;
-    selectround(t, s, cycle[static_cast<int>(s.ammoindex)]);
+    selectround(t, s, cycle[s.ammoindex]);
     if (s.visual() && s.ammoselected != hesh_bmp) s.autolaycount = 2;
 }
 
@@ -180,7 +180,7 @@ void wronground(trainer& t, gunnery_screen& s)
     } corrections[] = {{"COMMANDER : SELECT FIN", "selectfin.wav"},
                        {"COMMANDER : SELECT HESH", "selechesh.wav"},
                        {"COMMANDER : SELECT COAX", "selectcoax.wav"}};
-    const auto& c = corrections[static_cast<int>(s.nature)];
+    const auto& c = corrections[s.nature];
     s.lblcrew.Caption = c.line;
     if (t.shared.voiceson)
         callcrew(t, s, c.voice);
@@ -217,7 +217,7 @@ void keyfire(trainer& t, gunnery_screen& s)
     }
     t.shared.roundnumber = std::min(round + 1, 4);
     t.shared.recrounds[row(t)] = t.shared.roundnumber - 1;
-    fire[static_cast<int>(s.nature)](t, s, round);
+    fire[s.nature](t, s, round);
 }
 
 void make_armament(trainer& t, gunnery_screen& s)

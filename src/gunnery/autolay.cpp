@@ -84,7 +84,7 @@ void laycoax(trainer& t, gunnery_screen& s)
 // The ballistic aiming mark jumps down and moves slowly back. Picture and target don't move.
 void playmark(trainer& t, gunnery_screen& s, nature_of_target nature)
 {
-    const double d = nature == fin_tank ? s.currentrange / 3.0 : s.currentrange;
+    const double d = (nature == fin_tank ? s.numbers.finjump : s.numbers.otherjump).at(s.currentrange);
     s.imgbam.Top += d;
     const double low = s.imgbam.Top;
     count(t.pc, low, low - d, -0.1, creep_seconds, [&](double top) { s.imgbam.Top = top; });

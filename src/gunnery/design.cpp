@@ -250,11 +250,11 @@ void thermal_display(gunnery_screen& s)
 }
 
 // Adds range picture and target, and what is drawn over them on both sights. Returns the sight window.
-panel<gunnery_screen> range_and_target(gunnery_screen& s, area range)
+panel<gunnery_screen> range_and_target(gunnery_screen& s)
 {
     const auto in = add_frame(s, s.Picrange, placed(object_kind::sight, s.numbers.window));
     s.Picrange.docked = dock::sight;
-    in.add(s.Imgrange, image(range));
+    in.add(s.Imgrange, image(s.numbers.picture));
     const object_fields icon = hidden(image({0, 0, 480, 480}));
     for (screen_object* o : {&s.Imgtargetfin, &s.Imgtargethesh, &s.Imgtargetcoax})
         in.add(*o, hidden(image(icon, ":target")));
@@ -284,7 +284,7 @@ void visual_scales(const panel<gunnery_screen>& in)
 
 void visual_sight(gunnery_screen& s)
 {
-    const auto in = range_and_target(s, {-45600, -12000, 64425, 31815});
+    const auto in = range_and_target(s);
     visual_scales(in);
     in.add(s.laze, hidden(shape({4080, 960, 900, 390}, shape_kind::ellipse, colour::sight)));
     in.add(s.mbs, shape({4410, 1035, 250, 250}, shape_kind::ellipse, colour::sight));
@@ -293,7 +293,7 @@ void visual_sight(gunnery_screen& s)
 
 void thermal_sight(gunnery_screen& s)
 {
-    const auto in = range_and_target(s, {-7080, -3720, 21780, 11520});
+    const auto in = range_and_target(s);
     in.add(s.mbs1, hidden(shape(s.numbers.aim, shape_kind::filled_ellipse, colour::sight)));
     const area mark{4480, 2400, 480, 480};
     for (int n = 0; screen_object & holder : s.Imgstadia1)

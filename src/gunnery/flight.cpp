@@ -77,7 +77,8 @@ double drawspreadx(trainer& t, const gunnery_screen& s)
 
 double drawspready(trainer& t, const gunnery_screen& s)
 {
-    return s.visual() ? Int(Rnd(t.random) * 150 - 75) : 0;
+    const double band = s.numbers.scatter;
+    return band == 0 ? 0 : Int(Rnd(t.random) * band - band / 2);
 }
 
 // With the full system and a lased range, starts a HESH correction and, on the visual sight with AUTO held,

@@ -46,7 +46,7 @@ void make_traverse(gunnery_screen&);
 void movepicture(gunnery_screen&, coordinate along, double twips);
 void pressdirection(gunnery_screen&, direction);
 void releasedirection(gunnery_screen&, direction);
-void movestick(const trainer&, gunnery_screen&, long x, long y);
+void movestick(const trainer&, gunnery_screen&, int x, int y);
 
 // laser.cpp
 void make_laser(gunnery_screen&);

@@ -100,7 +100,7 @@ void make_input(trainer& t, gunnery_screen& s)
     s.window.KeyUp = [&t, &s](int code) { key(t, s, code, false); };
     s.window.ButtonDown = [&t, &s](int number) { stickbutton(t, s, number, true); };
     s.window.ButtonUp = [&t, &s](int number) { stickbutton(t, s, number, false); };
-    s.window.Move = [&t, &s](long x, long y) { movestick(t, s, x, y); };
+    s.window.Move = [&t, &s](int x, int y) { movestick(t, s, x, y); };
 }
 
 }   // namespace vorn

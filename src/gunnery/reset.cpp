@@ -174,7 +174,7 @@ void leavefor(trainer& t, gunnery_screen& s, form& next)
 
 void giveup(trainer& t, gunnery_screen& s, const fault& f)
 {
-    inform(t, headed("V. O. R. N. ", {"THE PRACTICE CAN'T BE SET UP ON THIS RANGE", f.file, f.reason}));
+    inform(t, headed(program_heading, {"THE PRACTICE CAN'T BE SET UP ON THIS RANGE", f.file, f.reason}));
     leavefor(t, s, t.startsim.window);
 }
 
@@ -194,7 +194,7 @@ void make_setup(trainer& t, gunnery_screen& s)
         leavefor(t, s, s.visual() && t.shared.quickstart ? t.intro.window : t.startsim.window);
     };
     s.CMDEXIT.Click = [&t, &s] {
-        confirmexit(t, s.visual() ? "V. O. R. N. " : "GUNNERY SIMULATOR", "SIMULATOR");
+        confirmexit(t, s.visual() ? program_heading : "GUNNERY SIMULATOR", "SIMULATOR");
     };
 }
 

@@ -96,11 +96,15 @@ void degrade(trainer& t, const gunnery_screen& s)
 
 void recordsystem(trainer& t, gunnery_screen& s)
 {
-    const int n = t.shared.systemstatus;
-    t.shared.recsystem[row(t)] = n == 2 ? "LAZE ONLY" : n == 3 ? "TLS ONLY" : "FULL";
-    if (n != 2 && n != 3) return;   // the letter shown before stays
-    s.Lblsystem.Caption = n == 2 ? "L" : "T";
-    if (!s.visual()) s.rangesuffix = n == 2 ? "L" : "S";
+    static constexpr struct {
+        const char *recorded, *letter, *suffix;
+    } degraded[] = {{"LAZE ONLY", "L", "L"}, {"TLS ONLY", "T", "S"}};   // status 2 and 3
+    const int n = t.shared.systemstatus - 2;
+    t.shared.recsystem[row(t)] = "FULL";
+    if (n != 0 && n != 1) return;   // the letter shown before stays
+    t.shared.recsystem[row(t)] = degraded[n].recorded;
+    s.Lblsystem.Caption = degraded[n].letter;
+    if (!s.visual()) s.rangesuffix = degraded[n].suffix;
 }
 
 void drawposition(trainer& t, gunnery_screen& s)
@@ -189,7 +193,8 @@ void taketargetdown(trainer& t, gunnery_screen& s)
     t.shared.engagement += 1;
     stop(s.Timtarget);
     if (s.targetnumber >= t.shared.targetblocks * 3) return cmdstopsim_click(t, s);
-    waitfornext(t, s, s.visual() ? 5 : static_cast<int>(Int(Rnd(t.random) * 5 + 3)));
+    const auto [least, random] = s.numbers.wait;
+    waitfornext(t, s, random == 0 ? least : static_cast<int>(Int(Rnd(t.random) * random + least)));
 }
 
 // One second of an engagement. Presents the target in the first second and takes it down in the last.
@@ -222,7 +227,7 @@ void nexttarget(trainer& t, gunnery_screen& s)
     s.targetticks = 1;
     choosenature(t, s);
     s.targetlife = t.shared.targettime;
-    const order& given = orders[static_cast<int>(s.nature)];
+    const order& given = orders[s.nature];
     s.lblcrew.Caption = s.visual() ? given.visual : given.thermal;
     if (!s.visual()) showestimate(t, s);
     callcrew(t, s, given.voice);

@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 
-#include "platform/design.h"
+#include "platform/objects.h"
 
 namespace vorn {
 
@@ -65,6 +66,12 @@ struct loader_numbers {
     int from, to;   // the gun is loaded when `loadcount` is from `from` to `to`
 };
 
+// The ticks of Timpause from one target to the next: `least`, and if `random` isn't 0 fewer than `random`
+// more.
+struct wait_numbers {
+    int least, random;
+};
+
 struct explosion_numbers {
     int interval;            // of Timexplode, milliseconds
     const char* drawing;     // first part of the pictures' names
@@ -75,6 +82,7 @@ struct sight_numbers {
     const char* resultmode;     // name of the sight in the record
     area window;                // the sight window on the screen
     area aim;                   // the aim point in the window
+    area picture;               // the range picture in the window, as designed
     int timer1;                 // interval of Timer1, milliseconds
     int nearest;                // a nearer target counts as this far away
     double widest;              // width of a target at range 0, before clamping
@@ -92,7 +100,10 @@ struct sight_numbers {
     fin_numbers fin;
     hesh_numbers hesh;
     coax_numbers coax;
+    double scatter;   // height of the band in which main gun rounds scatter; 0: none, and no draw
+    drop_numbers finjump, otherjump;   // downward jump of the thermal sight's ballistic mark: FIN, and others
     loader_numbers loaded;
+    wait_numbers wait;
     explosion_numbers explosion;
     int voiceticks;   // Timvoice ticks after which a call of the crew ends
 };
@@ -101,6 +112,7 @@ inline constexpr sight_numbers visualsight{
     .resultmode = "VISUAL",
     .window = {5760, 1400, 8850, 6615},
     .aim = {4525, 1140, 30, 30},
+    .picture = {-45600, -12000, 64425, 31815},
     .timer1 = 1,
     .nearest = 600,
     .widest = 660,
@@ -121,7 +133,11 @@ inline constexpr sight_numbers visualsight{
     .fin = {.from = 1420, .to = {1, 2}, .step = -20, .size = 600, .shrink = 20, .smallest = 20, .drift = 3},
     .hesh = {.from = 1105, .to = {2, 1}, .step = 0.3, .below = 0},
     .coax = {.size = 5, .drop = {2, 1}, .bursts = 1},
+    .scatter = 150,
+    .finjump = {0, 1},
+    .otherjump = {0, 1},
     .loaded = {4, std::numeric_limits<int>::max()},
+    .wait = {5, 0},
     .explosion = {.interval = 10, .drawing = ":explosion", .voiceless = "explode1.wav"},
     .voiceticks = 4,
 };
@@ -129,6 +145,7 @@ inline constexpr sight_numbers thermalsight{
     .resultmode = "THERMAL",
     .window = {3630, 1875, 9465, 5775},
     .aim = {4700, 2600, 55, 50},
+    .picture = {-7080, -3720, 21780, 11520},
     .timer1 = 10,
     .nearest = std::numeric_limits<int>::min(),
     .widest = 560,
@@ -149,7 +166,11 @@ inline constexpr sight_numbers thermalsight{
     .fin = {.from = 1000, .to = {0, 1}, .step = -1, .size = 500, .shrink = 2, .smallest = 10, .drift = 1},
     .hesh = {.from = 1000, .to = {0, 1}, .step = 0.2, .below = 50},
     .coax = {.size = 15, .drop = {1, 7}, .bursts = 2},
+    .scatter = 0,
+    .finjump = {1, 3},
+    .otherjump = {1, 1},
     .loaded = {5, 5},
+    .wait = {3, 5},
     .explosion = {.interval = 1, .drawing = ":hotexplosion", .voiceless = "explode.wav"},
     .voiceticks = 3,
 };
@@ -157,6 +178,11 @@ inline constexpr sight_numbers thermalsight{
 constexpr const sight_numbers& numbers_of(sight_kind kind)
 {
     return kind == sight_kind::visual ? visualsight : thermalsight;
+}
+// The sight of a range or record of this type.
+inline sight_kind sight_of(const std::string& type)
+{
+    return type == thermalsight.resultmode ? sight_kind::thermal : sight_kind::visual;
 }
 
 // The visual sight's columns of figures and ticks, which show the drop of HESH and coax. For display only.

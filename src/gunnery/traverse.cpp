@@ -78,13 +78,11 @@ void releasedirection(gunnery_screen& s, direction d)
     s.traverseaccel = 0;
 }
 
-void movestick(const trainer& t, gunnery_screen& s, long x, long y)
+void movestick(const trainer& t, gunnery_screen& s, int x, int y)
 {
     if (!t.shared.joyselected) return;
-    stick_axis(s, direction::up, direction::down, static_cast<double>(y), t.shared.joyycentre,
-               t.shared.joyyfactor);
-    stick_axis(s, direction::left, direction::right, static_cast<double>(x), t.shared.joyxcentre,
-               t.shared.joyxfactor);
+    stick_axis(s, direction::up, direction::down, y, t.shared.joyycentre, t.shared.joyyfactor);
+    stick_axis(s, direction::left, direction::right, x, t.shared.joyxcentre, t.shared.joyxfactor);
 }
 
 void make_traverse(gunnery_screen& s)

@@ -108,7 +108,7 @@ public:
 
     // A reading of the joystick by its number: 5 and 7 are the maxima of X and Y, 13 and 14 their current
     // values.
-    virtual long joystick_reading(int number) = 0;
+    virtual int joystick_reading(int number) = 0;
     virtual bool joystick_present() = 0;
 
     // Detects the format from the content, not from the name.

@@ -215,7 +215,7 @@ struct form {
     std::function<void(int)> KeyUp;
     std::function<void(int)> ButtonDown;   // joystick button, from 1
     std::function<void(int)> ButtonUp;
-    std::function<void(long, long)> Move;    // joystick; X to the right, Y towards the gunner, 0 to 65535
+    std::function<void(int, int)> Move;      // joystick; X to the right, Y towards the gunner, 0 to 65535
     std::function<void()> JoystickChanged;   // joystick connected or disconnected; also on a hidden screen
 };
 

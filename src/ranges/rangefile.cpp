@@ -31,7 +31,7 @@ bool take_range(item_reader& items, practice_state& p,
                 const std::function<bool(range_part, int position)>& taken)
 {
     return each_item(
-        p, positions, [&](auto& field) { return items.take(field); }, taken ? taken : go_on);
+        p, positions, [&](auto& field) { return items.take(field); }, taken);
 }
 
 std::string read_range_head(const machine& m, const std::string& file, practice_state& p)

@@ -23,8 +23,7 @@ enum class range_part { name, picture, type, icons, entry };
 
 // Reads all parts and calls `taken` after each; `position` is the number of the entry. At the first item that
 // can't be read, or when `taken` returns false, stops and returns false; keeps what was read before.
-bool take_range(item_reader&, practice_state&,
-                const std::function<bool(range_part, int position)>& taken = {});
+bool take_range(item_reader&, practice_state&, const std::function<bool(range_part, int position)>& taken);
 
 // The next three functions return the reason for a failure, empty on success.
 

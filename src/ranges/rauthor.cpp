@@ -74,7 +74,7 @@ void make_rauthor(trainer& t)
     s.window.load = [&s] { rauthor_load(s); };
     s.window.arrival = [&t] { rauthor_arrival(t); };
     s.Cmdstart.Click = [&t] { cmdstart_click(t); };
-    s.Cmdexit.Click = [&t] { confirmexit(t, "V. O. R. N. ", "SIMULATOR"); };
+    s.Cmdexit.Click = [&t] { confirmexit(t, program_heading, "SIMULATOR"); };
     s.Command1.Click = [&t] { openhelp(t); };
     make_rauthor_hints(s);
 }

@@ -111,7 +111,7 @@ void showtarget(rauthor_screen& s)
     screen_object& target = s.shown_target;
     target.Visible = s.metres > 0;
     if (!target.Visible) return;
-    const sight_numbers& sight = s.Lblrangetype.Caption == "THERMAL" ? thermalsight : visualsight;
+    const sight_numbers& sight = numbers_of(sight_of(s.Lblrangetype.Caption));
     target.Width = target.Height = target_width(sight, s.metres, s.targetsize);
     target.Picture = s.Imgtarget[s.iconnumber].Picture;
 }

@@ -21,7 +21,7 @@ struct axis {
     double area::*extent;
     double rauthor_screen::*point;
     double window;   // width or height of the sight window
-    double spare;    // twips between the right or lower edges of picture and sight window at which it stops
+    double spare;    // from the right or lower edge of the window to that of the picture, where it stops
 };
 constexpr axis across{&area::Left, &area::Width, &S::pointx, 3000, 1};
 constexpr axis down{&area::Top, &area::Height, &S::pointy, 2500, 100};

@@ -45,8 +45,8 @@ struct option_row {
     bool shown = true;
 };
 // Adds a frame with a column of options.
-void options(const panel<S>& parent, screen_object& group, area at, const char* title, const char* tip,
-             std::initializer_list<option_row> rows)
+void options(const panel<S>& parent, screen_object& group, area at, const char* title,
+             std::initializer_list<option_row> rows, const char* tip = "")
 {
     const auto in = add_frame(parent.s, group, frame(at, title, tip), parent.frame);
     double top = header;
@@ -142,34 +142,36 @@ void firing_options(S& s)
     constexpr double upper_top = 390, lower_top = upper_top + four + 120;
     const auto upper = [](int column) { return area{edge + column * 1920, upper_top, 1860, four}; };
     const auto lower = [](int column) { return area{edge + column * 2560, lower_top, 2500, three}; };
-    options(in, s.Frmsystem, upper(0), "System", "",
+    options(in, s.Frmsystem, upper(0), "System",
             {{&S::Optsys1, "Full System", true},
              {&S::Optsys2, "Lazer only"},
              {&S::Optsys3, "TLS only"},
              {&S::Optsys4, "Self degrading"}});
-    options(in, s.Frmengagements, upper(1), "Engagements", "",
+    options(in, s.Frmengagements, upper(1), "Engagements",
             {{&S::Opteng1, "Mixed", true, "ENGAGEMENTS"},
              {&S::Opteng2, "Coax"},
              {&S::Opteng3, "Hesh"},
              {&S::Opteng4, "DST / Fin"}});
-    options(in, s.Frame1, upper(2), "Targets", "",
+    options(in, s.Frame1, upper(2), "Targets",
             {{&S::Opttargets1, "6 Targets", true},
              {&S::Opttargets2, "9 Targets"},
              {&S::Opttargets3, "12 Targets"},
              {&S::Opttargets4, "15 Targets"}});
-    options(in, s.FrmTiming, upper(3), "Target timings", "TARGET TIMINGS",
+    options(in, s.FrmTiming, upper(3), "Target timings",
             {{&S::Opttime1, "Till destroyed"},
              {&S::Opttime2, "Up for 20 secs"},
              {&S::Opttime3, "Up for 30 secs", true},
-             {&S::Opttime4, "Up for 40 secs"}});
-    options(in, s.Frmmode, lower(0), "Mode", "", {{&S::Optmode1, "Visual", true}, {&S::Optmode2, "Thermal"}});
-    options(in, s.Frmtargetry, lower(1), "Targetry", "TARGETRY",
-            {{&S::Opttarg1, "Automatic", true}, {&S::Opttarg2, "Manual"}});
-    options(in, s.Frame10, lower(2), " Coax Bursts", "COAX KILLING BURSTS",
+             {&S::Opttime4, "Up for 40 secs"}},
+            "TARGET TIMINGS");
+    options(in, s.Frmmode, lower(0), "Mode", {{&S::Optmode1, "Visual", true}, {&S::Optmode2, "Thermal"}});
+    options(in, s.Frmtargetry, lower(1), "Targetry",
+            {{&S::Opttarg1, "Automatic", true}, {&S::Opttarg2, "Manual"}}, "TARGETRY");
+    options(in, s.Frame10, lower(2), " Coax Bursts",
             {{&S::Option2, "2", true},
              {&S::Option3, "3"},
              {&S::Option4, "4"},
-             {.option = &S::Option1, .caption = "5", .shown = false}});
+             {.option = &S::Option1, .caption = "5", .shown = false}},
+            "COAX KILLING BURSTS");
     wind(s);
 }
 
@@ -223,19 +225,19 @@ void controls(S& s)
     const auto at = [](int column, double top, double height) {
         return area{edge + column * 1740, top, 1680, height};
     };
-    options(in, s.Frmmethod, {edge, first, 3420, three}, "Method", "",
+    options(in, s.Frmmethod, {edge, first, 3420, three}, "Method",
             {{&S::Optcon1, "Joystick", true},
              {&S::Optcon2, "KBoard"},
              {&S::Optcon3, "Mouse"},
              {.option = &S::Optcon4, .caption = "Stand", .shown = false}});
     in.add(s.cmdstick, button({edge, first + three + 210, 3420, 540}, "calibrate joystick"));
-    options(in, s.Frmvoices, at(0, second, two), "Voices", "",
+    options(in, s.Frmvoices, at(0, second, two), "Voices",
             {{&S::Optvoice1, "On", true, "VOICES"}, {&S::Optvoice2, "Off"}});
-    options(in, s.Frmsounds, at(1, second, two), "Sounds", "",
+    options(in, s.Frmsounds, at(1, second, two), "Sounds",
             {{&S::Optsound1, "On", true}, {.option = &S::Opsound2, .caption = "Off", .tip = "SOUNDS"}});
-    options(in, s.Frmresults, at(0, third, two), "Results", "",
+    options(in, s.Frmresults, at(0, third, two), "Results",
             {{&S::optcontroller1, "Full debrief", true}, {&S::Optcontroller2, "Quick score"}});
-    options(in, s.Frmhesh, at(1, third, two), "Hesh Correct", "",
+    options(in, s.Frmhesh, at(1, third, two), "Hesh Correct",
             {{.option = &S::opthesh1, .caption = "All targets", .tip = "HESH CORRECTIONS"},
              {&S::Opthesh2, "Till correct", true}});
 }

@@ -54,7 +54,7 @@ struct joystick : desktop_test {
     {
         one.f.ButtonDown = [this](int n) { log.push_back("down " + std::to_string(n)); };
         one.f.ButtonUp = [this](int n) { log.push_back("up " + std::to_string(n)); };
-        one.f.Move = [this](long x, long y) { moves.emplace_back(x, y); };
+        one.f.Move = [this](int x, int y) { moves.emplace_back(x, y); };
         open(one);
     }
     void plug()
@@ -63,7 +63,7 @@ struct joystick : desktop_test {
         moves.clear();
     }
 
-    std::vector<std::pair<long, long>> moves;
+    std::vector<std::pair<int, int>> moves;
     virtual_stick stick{pc};
 };
 
@@ -77,11 +77,11 @@ TEST_F(joystick, reports_its_position_at_each_poll_while_deflected)
     pc.joystick().poll();
     ASSERT_GE(moves.size(), 3U);
     EXPECT_EQ(moves.front().first, 0);
-    EXPECT_EQ(moves.back(), (std::pair{0L, 65535L})) << "Y grows towards the gunner";
+    EXPECT_EQ(moves.back(), (std::pair{0, 65535})) << "Y grows towards the gunner";
     EXPECT_EQ(pc.joystick_reading(14), 65535);
     stick.axis(0, 0);
     stick.axis(1, 0);
-    EXPECT_EQ(moves.back(), (std::pair{32768L, 32768L})) << "the return to the centre is reported";
+    EXPECT_EQ(moves.back(), (std::pair{32768, 32768})) << "the return to the centre is reported";
     const std::size_t reported = moves.size();
     pc.joystick().poll();
     EXPECT_EQ(moves.size(), reported);

@@ -164,7 +164,7 @@ TEST_F(wide_screens, a_hidden_button_closes_its_row_and_a_moved_label_is_shown_a
         s.Cmdtarget.Visible = true;
         EXPECT_GT(rows_between(), hidden + 0.9);
         const int before = in_window(s.Lblammotype).x();
-        s.Lblammotype.Left += 780;   // from FIN to COAX on the dial
+        s.Lblammotype.Left += 780;   // from FIN to COAX on the ammunition dial
         pc.sync();
         EXPECT_TRUE((shape() > 1 && shape() < 1.7) || in_window(s.Lblammotype).x() > before) << "not flat";
         s.Lblammotype.Left -= 780;

@@ -61,7 +61,7 @@ TEST_P(traverse, the_stick_sets_the_rate)
     p.joyxfactor = p.joyyfactor = 1000;
     const double left = s.Imgrange.Left, top = s.Imgrange.Top;
     const struct {
-        long x, y;
+        int x, y;
         double across, down;
     } moves[] = {{30768, 34768, 0, 0}, {30767, 32768, 1, 0}, {34867, 32768, 0, 0},   {34868, 32768, -1, 0},
                  {0, 32768, 308, 0},   {32768, 30767, 0, 1}, {32768, 65535, 0, -307}};

@@ -254,7 +254,7 @@ TEST_F(author, refuses_pictures_that_are_too_small)
     pc.answers = {{false}, {true}, {false}, {true}, {false}, {false}, {false}};
     pc.files = {path("tiny.vrp"), path("tiny.vrp"), path("tiny.vrp")};
     pc.boxes.clear();
-    pc.click(s.cmdnew);   // another picture? yes, yes, no, and no again after the standby picture
+    pc.click(s.cmdnew);   // another picture? yes, yes, no; after the standby picture: no
     EXPECT_EQ(s.Textname.Text, "C");
     EXPECT_EQ(pc.boxes.size(), 7U);
     EXPECT_FALSE(s.Imagerange.Visible);
@@ -480,7 +480,7 @@ TEST_F(author, each_reader_of_a_range_file_takes_only_its_own_part)
     EXPECT_NE(read_range(pc, file("\"CUT\"\r\n" + first_lines(whole, 65)), read), "");
     EXPECT_EQ(read.rangename.trimmed(), "PLAIN THERMAL") << "an incomplete file changes nothing";
     item_reader incomplete(first_lines(whole, 68));
-    EXPECT_FALSE(take_range(incomplete, read));
+    EXPECT_FALSE(take_range(incomplete, read, [](auto...) { return true; }));
     EXPECT_EQ(read_range_head(pc, file("\"short\"\r\n\"p\"\r\n\"THERMAL\""), read), "");
     EXPECT_EQ(read.rangename.text(), "short               ");
     EXPECT_EQ(read.rangepicture.trimmed(), "thermalrange.trp") << "the picture of the open range stays";

@@ -266,8 +266,8 @@ void use_anything(walker& w)
 
 void move_stick(walker& w)
 {
-    const auto axis = [&w] { return w.chance(0.3) ? 32768L : static_cast<long>(w.below(65536)); };
-    const long x = axis(), y = axis();
+    const auto axis = [&w] { return w.chance(0.3) ? 32768 : w.below(65536); };
+    const int x = axis(), y = axis();
     w.act("stick " + std::to_string(x) + ' ' + std::to_string(y), [&] { w.pc().stick(x, y); });
 }
 

@@ -36,7 +36,7 @@ public:
     void close_sound() override { sound_.stop(); }
     void show_strike(const strike&) override;
     void clear_strikes() override;
-    long joystick_reading(int number) override { return stick_.reading(number); }
+    int joystick_reading(int number) override { return stick_.reading(number); }
     bool joystick_present() override { return stick_.present(); }
     loaded_picture load_picture(const std::string& path) override;
     print_outcome print(const std::vector<printed_line>&, const std::string& name) override;

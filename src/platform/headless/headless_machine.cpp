@@ -146,7 +146,7 @@ void headless_machine::plug_stick(bool in)
     event([this] { joystick_changed(*this); });
 }
 
-void headless_machine::stick(long x, long y)
+void headless_machine::stick(int x, int y)
 {
     if (!stick_present) return;
     joystick[13] = x;

@@ -39,7 +39,7 @@ public:
     void close_sound() override { playing.clear(); }
     void show_strike(const strike& s) override { strikes.push_back(s); }
     void clear_strikes() override { strikes.clear(); }
-    long joystick_reading(int number) override { return joystick[number]; }
+    int joystick_reading(int number) override { return joystick[number]; }
     bool joystick_present() override { return stick_present; }
     loaded_picture load_picture(const std::string& path) override;
     print_outcome print(const std::vector<printed_line>&, const std::string& name) override;
@@ -49,7 +49,7 @@ public:
     std::deque<box_answer> answers;
     std::deque<std::string> inputs;
     std::deque<std::string> files;
-    std::map<int, long> joystick{{5, 65535}, {7, 65535}, {13, 32768}, {14, 32768}};
+    std::map<int, int> joystick{{5, 65535}, {7, 65535}, {13, 32768}, {14, 32768}};
     bool stick_present = true;
     bool printer = true;
 
@@ -75,7 +75,7 @@ public:
     void key_down(int code, bool alt = false);   // on the front screen
     void key_up(int code) { send(&form::KeyUp, code); }
     void plug_stick(bool in);   // false: unplugs it; an unplugged stick sends no events
-    void stick(long x, long y);
+    void stick(int x, int y);
     void stick_button(int number, bool down);
     // The user brings a window to the front, or clicks its close button.
     void activate(form& f)

@@ -15,7 +15,7 @@ namespace vorn {
 namespace {
 
 // SDL's axes range from -32768 to 32767, those of the screens from 0 to 65535.
-constexpr long axis_max = 65535, centre = 32768;
+constexpr int axis_max = 65535, centre = 32768;
 // Half of the way from the centre to the end: more than drift or an accidental touch.
 constexpr int takeover_distance = 16384;
 // Milliseconds.
@@ -168,7 +168,7 @@ void stick::deliver_move()
 {
     const form* f = front(pc_);
     if (f == nullptr || !f->Move || !accepts_input()) return;
-    const long x = axis(0), y = axis(1);
+    const int x = axis(0), y = axis(1);
     const bool moved = x != reported_x_ || y != reported_y_;
     const bool deflected = x != centre || y != centre;
     const bool new_screen = device_ != nullptr && f != reported_to_;
@@ -179,12 +179,12 @@ void stick::deliver_move()
     pc_.run([&] { f->Move(x, y); });
 }
 
-long stick::axis(int number) const
+int stick::axis(int number) const
 {
     return device_ == nullptr ? centre : SDL_JoystickGetAxis(device_, number) + centre;
 }
 
-long stick::reading(int number) const
+int stick::reading(int number) const
 {
     if (number == 5 || number == 7) return axis_max;
     return number == 13 ? axis(0) : number == 14 ? axis(1) : 0;

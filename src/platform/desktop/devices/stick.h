@@ -23,7 +23,7 @@ public:
 
     // By number: 5 and 7 are the maxima of X and Y, 13 and 14 their positions. Without a stick both
     // positions are the centre.
-    long reading(int number) const;
+    int reading(int number) const;
     bool present() const { return device_ != nullptr; }
     // Delivers the events since the last call; called by the stick's own timer, and by tests.
     void poll();
@@ -44,7 +44,7 @@ private:
     std::vector<open_device>::iterator find_open(int id);
     void button(int number, bool down);
     void deliver_move();
-    long axis(int number) const;
+    int axis(int number) const;
 
     desktop_machine& pc_;
     std::vector<open_device> open_;
@@ -52,7 +52,7 @@ private:
     bool search_ = true;                // there may be a stick that isn't open yet
     QTimer timer_;
     table<form*, 32> held_;               // the screen to which each held button belongs
-    long reported_x_, reported_y_;        // the position last delivered
+    int reported_x_, reported_y_;         // the position last delivered
     const form* reported_to_ = nullptr;   // the screen that received this position
 };
 

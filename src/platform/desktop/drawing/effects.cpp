@@ -11,7 +11,7 @@ namespace vorn {
 
 namespace {
 
-constexpr int frames = 16, frames_in_row = 4;
+constexpr int frames_in_row = 4;
 constexpr int smallest = 16;   // width of the smallest copy; the farthest explosion is 17 wide at scale 1
 
 struct sheet {

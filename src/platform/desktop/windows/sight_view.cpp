@@ -16,7 +16,6 @@ namespace vorn {
 
 namespace {
 
-constexpr int frames = 16;                // of each effect
 constexpr double smallest_burst = 5;      // pixels at scale 1
 constexpr double lean = 0.22;             // final shear of HESH smoke, per unit of `wind`
 constexpr double drift = 0.1;             // final drift of HESH smoke, in burst widths per unit of `wind`
