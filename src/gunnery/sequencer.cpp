@@ -193,8 +193,9 @@ void taketargetdown(trainer& t, gunnery_screen& s)
     t.shared.engagement += 1;
     stop(s.Timtarget);
     if (s.targetnumber >= t.shared.targetblocks * 3) return cmdstopsim_click(t, s);
-    const auto [least, random] = s.numbers.wait;
-    waitfornext(t, s, random == 0 ? least : static_cast<int>(Int(Rnd(t.random) * random + least)));
+    const auto [least, most] = s.numbers.wait;
+    const int waits = most - least + 1;
+    waitfornext(t, s, waits == 1 ? least : static_cast<int>(Int(Rnd(t.random) * waits + least)));
 }
 
 // One second of an engagement. Presents the target in the first second and takes it down in the last.

@@ -66,10 +66,9 @@ struct loader_numbers {
     int from, to;   // the gun is loaded when `loadcount` is from `from` to `to`
 };
 
-// The ticks of Timpause from one target to the next: `least`, and if `random` isn't 0 fewer than `random`
-// more.
+// The ticks of Timpause from one target to the next, drawn at random from `least` to `most`.
 struct wait_numbers {
-    int least, random;
+    int least, most;
 };
 
 struct explosion_numbers {
@@ -137,7 +136,7 @@ inline constexpr sight_numbers visualsight{
     .finjump = {0, 1},
     .otherjump = {0, 1},
     .loaded = {4, std::numeric_limits<int>::max()},
-    .wait = {5, 0},
+    .wait = {5, 5},
     .explosion = {.interval = 10, .drawing = ":explosion", .voiceless = "explode1.wav"},
     .voiceticks = 4,
 };
@@ -170,7 +169,7 @@ inline constexpr sight_numbers thermalsight{
     .finjump = {1, 3},
     .otherjump = {1, 1},
     .loaded = {5, 5},
-    .wait = {3, 5},
+    .wait = {3, 7},
     .explosion = {.interval = 1, .drawing = ":hotexplosion", .voiceless = "explode.wav"},
     .voiceticks = 3,
 };

@@ -5,7 +5,7 @@ namespace tools {
 static constexpr bool up = false, along = true;   // thrown up, or along the ground
 
 // The sight draws the frame 100 twips larger than the target, with the lower left corners at the same place.
-// So the foot is left of the middle of the frame.
+// The foot of the scene is at the middle of the target, so it is left of the middle of the frame.
 static const scene explosion{
     .name = "explosion",
     .side = 176,

@@ -9,11 +9,11 @@
 namespace tools {
 
 // Puffs of smoke that start at the foot of the scene, each with random values within the limits. All numbers
-// but the count are in hundredths.
+// but the count are in hundredths: 100 is the unit.
 struct puff_group {
     int count = 0;
     bool along_ground = false;
-    limits angle{};   // of the throw, in half turns; 50 is up, or on the ground towards the eye
+    limits angle{};   // of the throw: 0 right, 50 up (along the ground: towards the eye), 100 left
     limits force{};
     vec3 reach{};   // how far a puff of force 100 flies before the air stops it: right, up, towards the eye
     limits young{}, grown{};   // the radius soon after the start, and its later increase
