@@ -161,7 +161,7 @@ struct gunner {
         return std::clamp(4 * (660 - s_.Imgtargets.Width), 600.0, 2250.0);
     }
     // About where a round falls, relative to the mark, in twips. The small drop of HESH on the thermal sight
-    // is left out. On the visual sight the result holds only without the autolay.
+    // is left out. On the visual sight HESH falls there only without the autolay.
     spot drop(double metres) const
     {
         if (order_is("COAX")) return {beaten_zone.x, beaten_zone.y + (s_.visual() ? 2 * metres : metres / 7)};

@@ -115,7 +115,7 @@ TEST_P(practice, is_recorded_as_fired)
         sum += p.rectime[e++];
     }
     const std::string all = std::to_string(targets), average = std::to_string(sum / targets);
-    const std::string score = std::to_string(sum / targets * targets * 2);   // 2: 1000 / targettime, which is 500
+    const std::string score = std::to_string(sum / targets * targets * 2);   // 2: 1000 / targettime (500)
     EXPECT_TRUE(d.last_box().ends_with("NUMBER OF TARGETS = " + all + "\n\rNUMBER OF HITS = " + all +
                                        "\n\rAVERAGE TIME = " + average + "\n\rSCORE = " + score))
         << d.last_box();

@@ -163,7 +163,7 @@ void desktop_machine::tick()
 }
 
 // Shows for this many seconds the step that a counted move has just made. Paints the frames due in this time,
-// with a round in flight between its old and its new place. Late frames are skipped.
+// with a round in flight between its old and its new place. Skips the frames that fall due while it is late.
 void desktop_machine::pace(double seconds)
 {
     if (QApplication::activeModalWidget() != nullptr) return;   // the box in front must respond
