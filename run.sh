@@ -2,7 +2,7 @@
 # Installs what the build needs, builds the trainer and starts it. Arguments are passed to the program.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
-source tools/setup.sh
+source tools/functions.sh
 
 install_missing "${build_packages[@]}" "${run_packages[@]}"
 build release

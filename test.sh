@@ -3,7 +3,7 @@
 # ctest, and the fuzzers are then skipped: ./test.sh -R desktop
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
-source tools/setup.sh
+source tools/functions.sh
 
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}"
 # The fuzzers are built and run during the build of the tests, since either build leaves a processor idle while it

@@ -8,7 +8,7 @@
 # has changed. The environment variable JOBS says how many compilers run at a time.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-source tools/setup.sh
+source tools/functions.sh
 
 windows_packages=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix qt6-base-dev qt6-base-dev-tools dpkg-dev patch xz-utils nsis)
 # Debian's source packages, and the checksums of the original sources in them.

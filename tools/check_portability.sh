@@ -4,7 +4,7 @@
 # is missing. Needs some minutes, so the tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-source tools/setup.sh
+source tools/functions.sh
 
 install_missing "${build_packages[@]}" "${test_packages[@]}" clang g++-mingw-w64-x86-64-posix
 build clang

@@ -12,7 +12,7 @@
 # Its screenshots are in build/windows/pictures. Needs some minutes, so the tests don't call it.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-source tools/setup.sh
+source tools/functions.sh
 source tools/drive.sh
 
 work=$(realpath build/windows)

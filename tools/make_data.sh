@@ -3,7 +3,7 @@
 # program and file types, and sounds. Then makes the pictures of the manual, which show that data. Takes some minutes.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-source tools/setup.sh
+source tools/functions.sh
 
 install_missing "${build_packages[@]}" "${run_packages[@]}" povray povray-includes imagemagick flite sox \
     librsvg2-bin gifsicle

@@ -6,7 +6,7 @@
 
 #include "flow/hints.h"
 #include "platform/design.h"
-#include "ranges/author.h"
+#include "ranges/ranges.h"
 #include "ranges/rauthor.h"
 
 namespace vorn {

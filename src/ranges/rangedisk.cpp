@@ -3,8 +3,8 @@
 
 #include "flow/boxes.h"
 #include "platform/files.h"
-#include "ranges/author.h"
 #include "ranges/rangefile.h"
+#include "ranges/ranges.h"
 #include "ranges/rauthor.h"
 #include "state/item_text.h"
 #include "trainer.h"

@@ -2,7 +2,7 @@
 
 #include "flow/boxes.h"
 #include "flow/hints.h"
-#include "ranges/author.h"
+#include "ranges/ranges.h"
 #include "setup/startsim.h"
 #include "trainer.h"
 

@@ -5,8 +5,8 @@
 
 #include "flow/boxes.h"
 #include "gunnery/sight.h"
-#include "ranges/author.h"
 #include "ranges/rangefile.h"
+#include "ranges/ranges.h"
 #include "ranges/rauthor.h"
 #include "trainer.h"
 

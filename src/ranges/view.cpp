@@ -1,7 +1,7 @@
 #include <cmath>
 #include <utility>
 
-#include "ranges/author.h"
+#include "ranges/ranges.h"
 #include "ranges/rauthor.h"
 #include "state/numbers.h"
 

@@ -4,7 +4,7 @@
 
 #include "platform/desktop/drawing/look.h"
 #include "platform/desktop/windows/widgets.h"
-#include "ranges/author.h"
+#include "ranges/ranges.h"
 #include "trainer_fixture.h"
 
 namespace vorn::desktop_tests {

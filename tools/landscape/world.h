@@ -13,7 +13,7 @@ namespace tools {
 
 struct plant {
     point at;
-    float foot, height, width;   // metres; foot: lower end, a little below the ground; 0: the gunner's eye
+    float foot, height, width;   // metres; foot: lower end, just below the ground, from the eye up
     int sprite;
     vec3 colour;
     float warmer = 0;   // added to the warmth of a low sprite: the ground's for a tuft, 0 for a stone

@@ -12,7 +12,8 @@ namespace vorn {
 namespace {
 
 constexpr int frames_in_row = 4;
-constexpr int smallest = 16;   // least width of a copy; the farthest explosion is 17 wide at scale 1
+// Least width of a copy of a frame, pixels. The farthest explosion is 17 wide at scale 1.
+constexpr int smallest = 16;
 
 struct sheet {
     const char *seen, *hot;   // names of the picture files for the visual and the thermal sight

@@ -237,7 +237,7 @@ enlargement cover(const screen_object& o, const QSizeF& room)
 void arrange_without_sight(arrangement& a, const form& f, const QSizeF& room)
 {
     constexpr double wider = 150;    // twips; a smaller difference doesn't change the layout
-    constexpr double widest = 1.5;   // of a form whose objects are spread, in form widths
+    constexpr double widest = 1.5;   // largest layout.width when the objects are spread, in form widths
     const bool wide = room.width() > form_width + wider;
     wide_layout layout = wide && f.wide ? f.wide(room.width()) : wide_layout{};
     if (wide && f.spreads) {
