@@ -82,8 +82,8 @@ void scaleoverview(rauthor_screen& s)
     s.Image1.Picture = s.Imagerange.Picture;
 }
 
-// The band is computed from the height of the overview, not of the picture. So the marked point can't reach
-// the band on the placeholder while coordinates and picture match (see showmiddle), and no range is proposed.
+// The band is computed from the height of the overview, not of the picture. So on the placeholder the marked
+// point can't reach it, and no range is proposed, while its coordinates fit the picture (see showmiddle).
 void placeholderband(rauthor_screen& s)
 {
     const float height = static_cast<float>(s.Imagerange.Height);
