@@ -78,20 +78,20 @@ struct explosion_numbers {
 };
 
 struct sight_numbers {
-    const char* resultmode;     // name of the sight in the record
-    area window;                // the sight window on the screen
-    area aim;                   // the aim point in the window
-    area picture;               // the range picture in the window, as designed
-    int timer1;                 // interval of Timer1, milliseconds
-    int nearest;                // a nearer target counts as this far away
-    double widest;              // width of a target at range 0, before clamping
-    int far;                    // from this range on a target has its smallest width
-    slew_numbers right, left;   // the target moves right if it is left of the sight, otherwise left
-    slew_numbers down, up;      // down if it is above the sight, otherwise up
-    int pressstep;              // per tick while a direction is held
-    bool accelerates;           // with one direction held, each tick moves one twip more than the last
-    limit_numbers keylimits;    // of keys and direction buttons
-    limit_numbers sticklimits;
+    const char* resultmode;      // name of the sight in the record
+    area window;                 // the sight window on the screen
+    area aim;                    // the aim point in the window
+    area picture;                // the range picture in the window, as designed
+    int timer1;                  // interval of Timer1, milliseconds
+    int nearest;                 // a nearer target counts as this far away
+    double widest;               // width of a target at range 0, before clamping
+    int far;                     // from this range on a target has its smallest width
+    slew_numbers right, left;    // the target moves right if it is left of the sight, otherwise left
+    slew_numbers down, up;       // down if it is above the sight, otherwise up
+    int pressstep;               // per tick while a direction is held
+    bool accelerates;            // with one direction held, each tick moves one twip more than the last
+    limit_numbers keylimits;     // of the traverse by keys and direction buttons
+    limit_numbers sticklimits;   // of the traverse by the joystick
     bool eventsinlay;            // events are handled between the steps of the commander's lay
     int fastest, usual;          // maximum and design value of the lay speed slider
     int holdticks;               // timautolay ticks before the one that starts the lay

@@ -6,8 +6,8 @@
 namespace tools {
 namespace {
 
-// The components of the texture at one place, from coarse to fine. Each from `tufts` to `specks` is 0 where it
-// is finer than the pixel. `tufts` also has upright plants: wavelength 26 pixels of a visual twin.
+// The components of the texture at one place, from coarse to fine. Each from `tufts` to `specks` is 0 where
+// it is finer than the pixel. `tufts` also has upright plants: wavelength 26 pixels of a visual twin.
 struct texture {
     float wide, broad, clumps, tufts;   // wavelengths: 420 to 105 m; 90 to 22 m; 23 and 11 m; 4 x 8 m
     float stems, blades, specks;   // of upright plants: wavelengths of 10, 5 and 2 pixels of a visual twin
