@@ -21,7 +21,7 @@ struct axis {
     double area::*extent;
     double rauthor_screen::*point;
     double window;   // width or height of the sight window
-    double spare;    // from the right or lower edge of the window to that of the picture, where it stops
+    double spare;    // the picture stops when its right or lower edge is this near to that of the window
 };
 constexpr axis across{&area::Left, &area::Width, &S::pointx, 3000, 1};
 constexpr axis down{&area::Top, &area::Height, &S::pointy, 2500, 100};
