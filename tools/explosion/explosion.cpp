@@ -263,7 +263,7 @@ vec3 cell_colour(const scene& s, const cell& c, float thick)
 {
     constexpr vec3 soot{.16f, .155f, .15f}, earth{.50f, .43f, .32f};
     constexpr vec3 sunlight{2.1f, 2, 1.8f}, skylight{.40f, .45f, .52f};
-    const auto shown = [](vec3 light) {   // strong light loses its colour before it saturates
+    const auto shown = [](vec3 light) {   // strong light turns white before it reaches full brightness
         return vec3{1 - std::exp(-light.x), 1 - std::exp(-light.y), 1 - std::exp(-light.z)};
     };
     // Dust that has cooled is as warm as the ground; the smoke of a fire is warmer.
