@@ -92,8 +92,8 @@ void degraded_laze(trainer& t, gunnery_screen& s)
     reversionarydrop(s);
 }
 
-// The second tick after a lase, or after the selection of the main gun, shows the readout CHRG. It is for
-// display only: the laser can be fired again at once.
+// Every other tick shows the readout CHRG: it is back one or two ticks after a lase, which doesn't restart
+// the count. It is for display only: the laser can be fired again at once.
 void timchrg_tick(gunnery_screen& s)
 {
     s.chargecount += 1;

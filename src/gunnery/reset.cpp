@@ -178,7 +178,7 @@ void giveup(trainer& t, gunnery_screen& s, const fault& f)
     leavefor(t, s, t.startsim.window);
 }
 
-void make_setup(trainer& t, gunnery_screen& s)
+void make_reset(trainer& t, gunnery_screen& s)
 {
     s.window.load = [&s] {
         ++s.resets;
@@ -223,7 +223,7 @@ bool screenreset(trainer& t, gunnery_screen& s)
 void make_gunnery(trainer& t, gunnery_screen& s)
 {
     design_gunnery(s);
-    make_setup(t, s);
+    make_reset(t, s);
     make_sequencer(t, s);
     make_traverse(s);
     make_laser(s);

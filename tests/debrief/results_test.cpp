@@ -32,8 +32,8 @@ struct debrief : on_setup {
         EXPECT_EQ(p.rechit[2], "NO");
         pc.confirm(sim.Cmdstopsim);
     }
-    // Fires a round that falls at this offset from the target's upper left corner. The target is moved, since
-    // the round falls 64 twips right of the aim point and 560 below (1100 / 2 in whole steps of 20).
+    // Fires a round that falls at this offset from the target's upper left corner. The target is moved: FIN
+    // falls 64 twips right of the aim point and 560 below (550 at 1100 metres, rounded up to steps of 20).
     void shoot(double across, double down)
     {
         d.target_at(4589 - across, 1700 - down);

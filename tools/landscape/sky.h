@@ -16,8 +16,8 @@ vec3 plain_sky(const country&, float elevation);
 
 // 1 in the sun, less in the shadow of a cloud.
 float cloud_shadow(const country&, point);
-// What the air over a distance does to a colour. `shown` in target_icons/render.cpp has the same extinction
-// coefficients.
+// What the air over a distance does to a colour. target_icons/make_icons.sh has levels computed with the same
+// extinction coefficients.
 struct haze {
     vec3 kept, added;
     vec3 operator()(vec3 colour) const { return colour * kept + added; }

@@ -2,7 +2,8 @@
 //   Vehicle         1 tank, 2 carrier, 3 truck
 //   Turret          degrees by which the turret is turned to the left
 //   Aside, Above    degrees from the vehicle's front to the viewer, to the left and up
-//   Middle, Bottom     metres from the vehicle's middle to the middle of the picture and to its lower edge
+//   Middle, Bottom  metres from the ground under the vehicle's middle to the picture's middle (to the right) and to
+//                   its lower edge (up)
 //   Side            metres across the picture
 //   Thinnest        see vehicles.inc
 //   Pass            0 the vehicle in daylight, 1 its shadow on white ground, 2 the vehicle by its heat
