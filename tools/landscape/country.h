@@ -126,8 +126,8 @@ view view_of(const country&, float scale);
 // from the top of the picture, not of its twin.
 float agreeing_row(const country&, float range);
 
-// The range that the range author proposes for a target whose lower edge is on this row and whose true range
-// is `range` (metres); 0 outside the ground band.
+// The range that the range author proposes for a target whose lower edge is on this row; 0 outside the ground
+// band. `range` is the target's true range in metres, from which its size follows.
 float proposed_range(const country&, int row, float range);
 
 // The side of a target's square at a range, twips, for the default target size.

@@ -58,8 +58,9 @@ picture() {
     convert "$at.1.png" -alpha off -colorspace gray -negate -level 10%,100% -evaluate multiply 0.8 \
         \( -size "${size}x$size" xc:black -fill white -draw "rectangle $low,$low $high,$high" \
            -blur "0x$(calc "$size * 0.04")" \) -compose Multiply -composite "$at.shadow.png"
-    # The air between the vehicle and the viewer makes it paler and bluer. A channel goes from a * (1 - e) to that
-    # plus e: a is the colour of the air, 80%, 85% and 90%; e = exp(-1.2 km * the extinction in landscape/sky.cpp).
+    # The air between the vehicle and the viewer makes it paler and bluer. Black becomes a * (1 - e), white
+    # a * (1 - e) + e: a is the colour of the air, 80%, 85%, 90%; e = exp(-1.2 km * the extinction in
+    # landscape/sky.cpp).
     convert \( -size "${size}x$size" xc:'rgb(7%,8%,6%)' "$at.shadow.png" -alpha off -compose CopyOpacity -composite \) \
         \( "$at.0.png" -channel RGB +level-colors 'rgb(5.7%,7.4%,10.4%),rgb(98.6%,98.7%,98.9%)' \
            -unsharp 0x0.6+0.5+0 +channel \) -compose Over -composite -strip -depth 8 "$work/$name-$size.png"
